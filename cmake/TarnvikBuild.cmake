@@ -1,0 +1,74 @@
+# SPDX-License-Identifier: MIT
+# Compiler settings and the one way in which libraries and programs of this project are declared.
+include(GenerateExportHeader)
+include(GNUInstallDirs)
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_CXX_VISIBILITY_PRESET hidden)
+set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+
+# The build tree is laid out like an installation, so that the program finds its data the same way in both.
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/bin")
+set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/lib")
+set(TARNVIK_DATA_DIR "${CMAKE_BINARY_DIR}/share/tarnvik")
+file(MAKE_DIRECTORY "${TARNVIK_DATA_DIR}")
+set(CMAKE_INSTALL_RPATH "$ORIGIN/../${CMAKE_INSTALL_LIBDIR};$ORIGIN")
+
+find_program(CCACHE_PROGRAM ccache)
+if(CCACHE_PROGRAM)
+  # Precompiled headers need the relaxed comparison of macros and time stamps.
+  set(CMAKE_CXX_COMPILER_LAUNCHER
+      "${CMAKE_COMMAND}" -E env CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime
+      "${CCACHE_PROGRAM}")
+endif()
+
+function(tarnvik_target_settings target)
+  target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wshadow -Wconversion)
+  if(CCACHE_PROGRAM)
+    target_compile_options(${target} PRIVATE -fpch-preprocess)
+  endif()
+  if(TARNVIK_WERROR)
+    target_compile_options(${target} PRIVATE -Werror)
+  endif()
+  if(TARNVIK_SANITIZE)
+    target_compile_options(${target} PRIVATE -fsanitize=address,undefined -fno-sanitize-recover=undefined
+                                             -fno-omit-frame-pointer -O1)
+    target_link_options(${target} PRIVATE -fsanitize=address,undefined)
+  endif()
+endfunction()
+
+# tarnvik_library(NAME [HEADER_ROOT dir] [LIBS ...] [PRIVATE_LIBS ...] [PCH header...])
+# A shared library of all sources below the current folder, exported under tarnvik::NAME. A super-project that
+# brings its own target of that name replaces it. Its export macro stands in <NAME>/<NAME>_export.h.
+function(tarnvik_library name)
+  cmake_parse_arguments(ARG "" "HEADER_ROOT" "LIBS;PRIVATE_LIBS;PCH;EXCLUDE" ${ARGN})
+  if(TARGET tarnvik::${name})
+    return()
+  endif()
+  file(GLOB_RECURSE sources CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/*.cpp" "${CMAKE_CURRENT_SOURCE_DIR}/*.h")
+  foreach(pattern IN LISTS ARG_EXCLUDE)
+    list(FILTER sources EXCLUDE REGEX "${pattern}")
+  endforeach()
+  add_library(${name} SHARED ${sources})
+  add_library(tarnvik::${name} ALIAS ${name})
+  tarnvik_target_settings(${name})
+  set(generated "${CMAKE_BINARY_DIR}/include")
+  generate_export_header(${name} EXPORT_FILE_NAME "${generated}/${name}/${name}_export.h")
+  target_include_directories(${name} PUBLIC "$<BUILD_INTERFACE:${ARG_HEADER_ROOT}>"
+                                            "$<BUILD_INTERFACE:${generated}>"
+                                            "$<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/tarnvik>")
+  target_link_libraries(${name} PUBLIC ${ARG_LIBS} PRIVATE ${ARG_PRIVATE_LIBS})
+  if(ARG_PCH)
+    target_precompile_headers(${name} PRIVATE ${ARG_PCH})
+  endif()
+  set_target_properties(${name} PROPERTIES VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR})
+  install(TARGETS ${name} EXPORT tarnvikTargets LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
+  cmake_path(RELATIVE_PATH CMAKE_CURRENT_SOURCE_DIR BASE_DIRECTORY "${ARG_HEADER_ROOT}" OUTPUT_VARIABLE inner)
+  install(DIRECTORY "${CMAKE_CURRENT_SOURCE_DIR}/" DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/tarnvik/${inner}"
+          FILES_MATCHING PATTERN "*.h")
+  install(FILES "${generated}/${name}/${name}_export.h" DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/tarnvik/${name}")
+endfunction()

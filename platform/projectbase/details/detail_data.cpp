@@ -1,0 +1,313 @@
+// SPDX-License-Identifier: MIT
+#include "projectbase/details/detail_data.h"
+
+#include <fmt/format.h>
+
+#include <array>
+#include <bit>
+#include <cmath>
+#include <cstdint>
+#include <cstdlib>
+#include <limits>
+
+namespace {
+
+const std::array<std::string, 5> kTypeNames{"double", "long", "bool", "date", "string"};
+
+constexpr double kUnknown = std::numeric_limits<double>::quiet_NaN();
+
+/// "0.00000000000000E+000": the exponent has three digits on every system.
+std::string FormatScientific(double value)
+{
+    std::string text = fmt::format("{:.14E}", value);
+    const auto exponent = text.find('E');
+    if (exponent == std::string::npos)
+        return text;
+    const auto digits = exponent + 2;
+    if (text.size() - digits < 3)
+        text.insert(digits, 3 - (text.size() - digits), '0');
+    return text;
+}
+
+bool ParseDouble(const wxString& text, double& value)
+{
+    wxString trimmed = text;
+    trimmed.Trim(true).Trim(false);
+    double parsed = 0.0;
+    if (!trimmed.ToCDouble(&parsed) || !std::isfinite(parsed))
+        return false;
+    value = parsed;
+    return true;
+}
+
+long TruncateToLong(double value)
+{
+    if (std::isnan(value))
+        return 0;
+    constexpr auto kMin = static_cast<double>(std::numeric_limits<long>::min());
+    constexpr auto kMax = static_cast<double>(std::numeric_limits<long>::max());
+    if (value <= kMin)
+        return std::numeric_limits<long>::min();
+    return value >= kMax ? std::numeric_limits<long>::max() : static_cast<long>(value);
+}
+
+}  // namespace
+
+std::optional<DetailType> DetailTypeFromName(const std::string& name)
+{
+    for (std::size_t i = 0; i < kTypeNames.size(); ++i)
+    {
+        if (kTypeNames[i] == name)
+            return static_cast<DetailType>(i);
+    }
+    return std::nullopt;
+}
+
+DetailData::Value DetailData::EmptyValue(DetailType type)
+{
+    switch (type)
+    {
+        case DetailType::Double:
+            return 0.0;
+        case DetailType::Long:
+            return 0L;
+        case DetailType::Bool:
+            return false;
+        case DetailType::Date:
+            return wxDateTime();
+        case DetailType::String:
+            break;
+    }
+    return wxString();
+}
+
+DetailData::DetailData(std::string name, DetailType type, std::string unit)
+    : m_name(std::move(name)), m_type(type), m_unit(std::move(unit)), m_value(EmptyValue(type))
+{
+}
+
+const std::string& DetailData::GetTypeName() const { return kTypeNames[static_cast<std::size_t>(m_type)]; }
+
+double DetailData::GetDoubleValue() const
+{
+    switch (m_type)
+    {
+        case DetailType::Double:
+            return std::get<double>(m_value);
+        case DetailType::Long:
+            return static_cast<double>(std::get<long>(m_value));
+        case DetailType::Bool:
+            return std::get<bool>(m_value) ? 1.0 : 0.0;
+        case DetailType::String:
+        {
+            double value = 0.0;
+            return ParseDouble(std::get<wxString>(m_value), value) ? value : 0.0;
+        }
+        case DetailType::Date:
+            break;
+    }
+    return 0.0;
+}
+
+long DetailData::GetLongValue() const
+{
+    return m_type == DetailType::Long ? std::get<long>(m_value) : TruncateToLong(GetDoubleValue());
+}
+
+bool DetailData::GetBoolValue() const
+{
+    if (m_type == DetailType::Bool)
+        return std::get<bool>(m_value);
+    if (m_type == DetailType::String && std::get<wxString>(m_value).IsSameAs("true", false))
+        return true;
+    const double value = GetDoubleValue();
+    return value != 0.0 && !std::isnan(value);
+}
+
+wxDateTime DetailData::GetDateValue() const
+{
+    if (m_type == DetailType::Date)
+        return std::get<wxDateTime>(m_value);
+    wxDateTime date;
+    if (m_type == DetailType::String)
+    {
+        const wxString& text = std::get<wxString>(m_value);
+        if (!date.ParseISOCombined(text) && !date.ParseISODate(text))
+            return {};
+    }
+    return date;
+}
+
+wxString DetailData::GetStringValue() const
+{
+    return m_type == DetailType::String ? std::get<wxString>(m_value) : GetValueAsString();
+}
+
+std::string DetailData::GetStdStringValue() const { return GetStringValue().utf8_string(); }
+
+wxString DetailData::GetValueAsString() const
+{
+    switch (m_type)
+    {
+        case DetailType::Double:
+        {
+            const double value = std::get<double>(m_value);
+            return std::isnan(value) ? wxString() : wxString::FromAscii(FormatScientific(value).c_str());
+        }
+        case DetailType::Long:
+            return wxString::FromAscii(std::to_string(std::get<long>(m_value)).c_str());
+        case DetailType::Bool:
+            return std::get<bool>(m_value) ? wxString("true") : wxString("false");
+        case DetailType::Date:
+        {
+            const wxDateTime& date = std::get<wxDateTime>(m_value);
+            return date.IsValid() ? date.FormatISOCombined() : wxString();
+        }
+        case DetailType::String:
+            break;
+    }
+    return std::get<wxString>(m_value);
+}
+
+void DetailData::SetValue(double value)
+{
+    switch (m_type)
+    {
+        case DetailType::Double:
+            m_value = value;
+            break;
+        case DetailType::Long:
+            m_value = TruncateToLong(value);
+            break;
+        case DetailType::Bool:
+            m_value = value != 0.0 && !std::isnan(value);
+            break;
+        case DetailType::String:
+            m_value = std::isnan(value) ? wxString() : wxString::FromAscii(FormatScientific(value).c_str());
+            break;
+        case DetailType::Date:
+            break;
+    }
+}
+
+void DetailData::SetValue(long value)
+{
+    if (m_type == DetailType::Long)
+        m_value = value;
+    else if (m_type == DetailType::String)
+        m_value = wxString::FromAscii(std::to_string(value).c_str());
+    else
+        SetValue(static_cast<double>(value));
+}
+
+void DetailData::SetValue(bool value)
+{
+    if (m_type == DetailType::String)
+        m_value = value ? wxString("true") : wxString("false");
+    else
+        SetValue(value ? 1.0 : 0.0);
+}
+
+void DetailData::SetValue(const wxDateTime& value)
+{
+    if (m_type == DetailType::Date)
+        m_value = value;
+    else if (m_type == DetailType::String)
+        m_value = value.IsValid() ? value.FormatISOCombined() : wxString();
+}
+
+void DetailData::SetValue(const wxString& value)
+{
+    if (m_type == DetailType::String)
+        m_value = value;
+    else
+        SetValueFromString(value);
+}
+
+bool DetailData::SetValueFromString(const wxString& text)
+{
+    switch (m_type)
+    {
+        case DetailType::Double:
+        {
+            double value = 0.0;
+            if (text.empty())
+                m_value = kUnknown;
+            else if (ParseDouble(text, value))
+                m_value = value;
+            else
+                return false;
+            return true;
+        }
+        case DetailType::Long:
+        {
+            wxLongLong_t value = 0;
+            double asDouble = 0.0;
+            if (text.ToLongLong(&value))
+                m_value = static_cast<long>(value);
+            else if (ParseDouble(text, asDouble))
+                m_value = TruncateToLong(asDouble);
+            else
+                return false;
+            return true;
+        }
+        case DetailType::Bool:
+        {
+            const wxString lower = text.Lower();
+            if (lower != "true" && lower != "false" && lower != "1" && lower != "0")
+                return false;
+            m_value = lower == "true" || lower == "1";
+            return true;
+        }
+        case DetailType::Date:
+        {
+            wxDateTime date;
+            if (!text.empty() && !date.ParseISOCombined(text) && !date.ParseISODate(text))
+                return false;
+            m_value = date;
+            return true;
+        }
+        case DetailType::String:
+            break;
+    }
+    m_value = text;
+    return true;
+}
+
+void DetailData::ClearValue() { m_value = EmptyValue(m_type); }
+
+void DetailData::CopyValue(const DetailData& other)
+{
+    if (m_type == other.m_type)
+        m_value = other.m_value;
+    else
+        SetValueFromString(other.GetValueAsString());
+    m_unit = other.m_unit;
+}
+
+bool DetailData::HasSameValue(const DetailData& other) const
+{
+    if (m_type != other.m_type)
+        return false;
+    if (m_type == DetailType::Double)
+    {
+        const double a = std::get<double>(m_value);
+        const double b = std::get<double>(other.m_value);
+        return std::bit_cast<std::uint64_t>(a) == std::bit_cast<std::uint64_t>(b) ||
+               (std::isnan(a) && std::isnan(b));
+    }
+    if (m_type == DetailType::Date)
+    {
+        const auto& a = std::get<wxDateTime>(m_value);
+        const auto& b = std::get<wxDateTime>(other.m_value);
+        return a.IsValid() == b.IsValid() && (!a.IsValid() || a == b);
+    }
+    return m_value == other.m_value;
+}
+
+void DetailData::SetLimits(std::optional<double> min, std::optional<double> max, std::string limitUnit)
+{
+    m_min = min;
+    m_max = max;
+    m_limitUnit = std::move(limitUnit);
+}

@@ -1,0 +1,105 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+/// One named value of a project.
+///
+/// A detail has a fixed type. Reading it as another type converts where that loses no meaning and otherwise
+/// gives the empty value of that type; writing converts in the same way, so that a detail never changes its type.
+/// Numbers are kept in the ISO unit of the detail. A double that is not a number means "not known" and prints as
+/// an empty text. Not thread-safe: details belong to the thread of their project.
+
+#include "projectbase/projectbase_export.h"
+
+#include <wx/datetime.h>
+#include <wx/string.h>
+
+#include <optional>
+#include <string>
+#include <variant>
+
+enum class DetailType
+{
+    Double,
+    Long,
+    Bool,
+    Date,
+    String
+};
+
+/// Type of the name ("double", "long", "bool", "date", "string"); empty for any other name.
+PROJECTBASE_EXPORT std::optional<DetailType> DetailTypeFromName(const std::string& name);
+
+class PROJECTBASE_EXPORT DetailData
+{
+public:
+    /// A detail holding the empty value of its type: 0, false, no date or an empty text.
+    explicit DetailData(std::string name, DetailType type = DetailType::Double, std::string unit = {});
+
+    const std::string& GetName() const { return m_name; }
+    DetailType GetType() const { return m_type; }
+    /// "double", "long", "bool", "date" or "string".
+    const std::string& GetTypeName() const;
+
+    /// ISO unit as UTF-8; a unit that begins with "EUR" is a currency.
+    const std::string& GetUnit() const { return m_unit; }
+    void SetUnit(const std::string& unit) { m_unit = unit; }
+
+    double GetDoubleValue() const;
+    long GetLongValue() const;
+    bool GetBoolValue() const;
+    wxDateTime GetDateValue() const;
+    wxString GetStringValue() const;
+    /// The text value as UTF-8.
+    std::string GetStdStringValue() const;
+
+    /// The value as text in a form that no locale changes: a double as "0.00000000000000E+000", a date as ISO 8601,
+    /// a bool as "true" or "false".
+    wxString GetValueAsString() const;
+
+    void SetValue(double value);
+    void SetValue(long value);
+    void SetValue(int value) { SetValue(static_cast<long>(value)); }
+    void SetValue(bool value);
+    void SetValue(const wxDateTime& value);
+    void SetValue(const wxString& value);
+    void SetValue(const std::string& utf8) { SetValue(wxString::FromUTF8(utf8)); }
+    void SetValue(const char* utf8) { SetValue(wxString::FromUTF8(utf8)); }
+    /// Reads `text` as GetValueAsString writes it; a text that the type cannot hold leaves the value as it is.
+    /// Returns whether the text was taken.
+    bool SetValueFromString(const wxString& text);
+    /// 0, false, no date or an empty text; unit and limits stay.
+    void ClearValue();
+    /// Takes the value of `other`, converted to this detail's type, and its unit; limits stay.
+    void CopyValue(const DetailData& other);
+    /// Whether both hold the same value, bit by bit for doubles (two unknown values are equal).
+    bool HasSameValue(const DetailData& other) const;
+
+    /// -1 below the minimum, 0 in range, +1 above the maximum, as found by the last check of an input.
+    int GetRangeFlag() const { return m_rangeFlag; }
+    void SetRangeFlag(int flag) { m_rangeFlag = flag; }
+
+    bool HasMinValue() const { return m_min.has_value(); }
+    bool HasMaxValue() const { return m_max.has_value(); }
+    /// Limits in the detail's ISO unit; 0 where there is none.
+    double GetMinValue() const { return m_min.value_or(0.0); }
+    double GetMaxValue() const { return m_max.value_or(0.0); }
+    const std::string& GetLimitUnit() const { return m_limitUnit; }
+    void SetLimits(std::optional<double> min, std::optional<double> max, std::string limitUnit);
+
+    /// Set by the bindings: whether the last transfer from a window changed the stored value.
+    bool changed = false;
+
+private:
+    using Value = std::variant<double, long, bool, wxDateTime, wxString>;
+
+    static Value EmptyValue(DetailType type);
+
+    std::string m_name;
+    DetailType m_type;
+    std::string m_unit;
+    Value m_value;
+    std::optional<double> m_min;
+    std::optional<double> m_max;
+    std::string m_limitUnit;
+    int m_rangeFlag = 0;
+};

@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+#include "projectbase/details/detail_list.h"
+
+#include <stdexcept>
+
+DetailData* DetailList::GetDetail(std::string_view name)
+{
+    const auto found = m_details.find(name);
+    return found == m_details.end() ? nullptr : &found->second;
+}
+
+const DetailData* DetailList::GetDetail(std::string_view name) const
+{
+    return const_cast<DetailList*>(this)->GetDetail(name);
+}
+
+DetailData& DetailList::At(std::string_view name)
+{
+    if (DetailData* detail = GetDetail(name))
+        return *detail;
+    throw std::runtime_error("DetailList::At: no detail '" + std::string(name) + "'");
+}
+
+const DetailData& DetailList::At(std::string_view name) const { return const_cast<DetailList*>(this)->At(name); }
+
+DetailData& DetailList::Add(DetailData detail)
+{
+    std::string name = detail.GetName();
+    return m_details.try_emplace(std::move(name), std::move(detail)).first->second;
+}
+
+void DetailList::CopyValues(const DetailList& other)
+{
+    for (auto& [name, detail] : m_details)
+    {
+        if (const DetailData* source = other.GetDetail(name))
+            detail.CopyValue(*source);
+    }
+}
+
+void DetailList::ClearValues()
+{
+    for (auto& [name, detail] : m_details)
+        detail.ClearValue();
+}

@@ -1,0 +1,2 @@
+// SPDX-License-Identifier: MIT
+#include "projectbase/units/unit_system_manager.h"
