@@ -172,21 +172,25 @@ void Validator::OnFocusGot(wxFocusEvent& event)
     event.Skip();
 }
 
+bool Validator::CommitIfModified()
+{
+    if (!IsControlModified())
+        return true;
+    // A handler of the commit may destroy the control and this validator with it.
+    const wxWeakRef<wxWindow> control(m_validatorWindow);
+    TransferFromWindow();
+    SendTextEventToControl();
+    if (!control)
+        return false;
+    if (auto* textCtrl = dynamic_cast<wxTextCtrl*>(m_validatorWindow))
+        textCtrl->DiscardEdits();
+    m_shownText = GetControlValue();
+    return true;
+}
+
 void Validator::OnFocusLost(wxFocusEvent& event)
 {
     event.Skip();
-    if (m_validatorWindow == nullptr || IsBeingTornDown(m_validatorWindow))
-        return;
-    if (IsControlModified()) {
-        // A handler of the commit may destroy the control and this validator with it.
-        const wxWeakRef<wxWindow> control(m_validatorWindow);
-        TransferFromWindow();
-        SendTextEventToControl();
-        if (!control)
-            return;
-        if (auto* textCtrl = dynamic_cast<wxTextCtrl*>(m_validatorWindow))
-            textCtrl->DiscardEdits();
-        m_shownText = GetControlValue();
-    }
-    ClearStatusbar();
+    if (m_validatorWindow != nullptr && !IsBeingTornDown(m_validatorWindow) && CommitIfModified())
+        ClearStatusbar();
 }

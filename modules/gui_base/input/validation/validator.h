@@ -49,6 +49,10 @@ public:
     /// Background of a field in range.
     void SetDefaultColor(const wxColour& colour) { m_defaultColour = colour; }
     const wxColour& GetDefaultColor() const { return m_defaultColour; }
+    /// Commits an edited text as the loss of focus does; nothing for a text that is not edited. Menu commands
+    /// call it, since accelerators do not move the focus. Returns false when the commit destroyed the
+    /// control.
+    bool CommitIfModified();
     /// Processes the wxEVT_TEXT_ENTER of a commit on the control.
     void SendTextEventToControl();
 
