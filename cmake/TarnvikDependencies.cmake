@@ -19,6 +19,7 @@ find_package(Boost REQUIRED)
 find_package(SQLite3 REQUIRED)
 find_package(PkgConfig REQUIRED)
 find_package(Gettext REQUIRED)
+pkg_check_modules(gtk3 REQUIRED IMPORTED_TARGET GLOBAL gtk+-3.0)
 
 # The database layer comes without package files of its own.
 foreach(part core sqlite3 postgresql)

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "projectbase/details/detail_list.h"
 
+#include "projectbase/details/detail_catalogue.h"
+
 #include <stdexcept>
 
 DetailData* DetailList::GetDetail(std::string_view name)
@@ -21,7 +23,10 @@ DetailData& DetailList::At(std::string_view name)
     throw std::runtime_error("DetailList::At: no detail '" + std::string(name) + "'");
 }
 
-const DetailData& DetailList::At(std::string_view name) const { return const_cast<DetailList*>(this)->At(name); }
+const DetailData& DetailList::At(std::string_view name) const
+{
+    return const_cast<DetailList*>(this)->At(name);
+}
 
 DetailData& DetailList::Add(DetailData detail)
 {
@@ -29,10 +34,17 @@ DetailData& DetailList::Add(DetailData detail)
     return m_details.try_emplace(std::move(name), std::move(detail)).first->second;
 }
 
+void DetailList::LoadGroup(const std::string& group, const std::string& variant)
+{
+    // Both sides are sorted by name, so the place of each detail is next to that of the one before.
+    auto hint = m_details.begin();
+    for (const DetailData& prototype : *CatalogueGroup(group, variant))
+        hint = std::next(m_details.try_emplace(hint, prototype.GetName(), prototype));
+}
+
 void DetailList::CopyValues(const DetailList& other)
 {
-    for (auto& [name, detail] : m_details)
-    {
+    for (auto& [name, detail] : m_details) {
         if (const DetailData* source = other.GetDetail(name))
             detail.CopyValue(*source);
     }

@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+/// What the database facades throw. The text is "Class::Method: cause" in English.
+
+#include "dbinterfaces/dbinterfaces_export.h"
+
+#include <stdexcept>
+#include <string>
+
+class DBINTERFACES_EXPORT DatabaseError : public std::runtime_error
+{
+public:
+    enum class Kind
+    {
+        Failed,         ///< the server or the file refused the call
+        Locked,         ///< somebody else kept the database locked for longer than the busy timeout
+        NewerSchema,    ///< written by a newer version of the program
+        NotOurs,        ///< a database, but none of this program
+        BadConnection,  ///< the connection text cannot be understood
+    };
+
+    DatabaseError(Kind kind, const std::string& text) : std::runtime_error(text), m_kind(kind) {}
+    ~DatabaseError() override;
+
+    Kind GetKind() const { return m_kind; }
+
+private:
+    Kind m_kind;
+};

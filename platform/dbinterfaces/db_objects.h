@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+/// Records that the database facades hand out by value. Texts are UTF-8; identifiers are -1 where nothing was
+/// found.
+
+#include <optional>
+#include <string>
+
+namespace DBObjects {
+
+/// One detail of a catalogue group.
+struct DetailDefinition
+{
+    std::string name;
+    std::string type;  ///< "double", "long", "bool", "date" or "string"
+    std::string unit;  ///< ISO unit
+    std::optional<double> min;
+    std::optional<double> max;
+    std::string limitUnit;
+    std::string defaultValue;  ///< empty: nothing is known yet
+};
+
+/// An ion of the water analysis.
+struct Ion
+{
+    int id = -1;
+    std::string key;     ///< for example "na"; the details of the ion are named "liquid/na.…"
+    std::string symbol;  ///< for example "Na"
+    std::string name;    ///< English display name; empty for an ion that the user names
+    int charge = 0;      ///< 0 for weakly dissociated species that are counted by mass only
+    std::string
+        kind;  ///< "cation" or "anion", after "named " or "equivalent " where only those rows are meant
+};
+
+/// An element of the periodic system. The identifier is its atomic number.
+struct Element
+{
+    int id = -1;
+    std::string symbol;
+    std::string name;           ///< English
+    double atomicWeight = 0.0;  ///< g/mol; without stable isotopes, the mass number of the longest-lived one
+    int group = -1;             ///< 1 to 18, -1 for lanthanides and actinides
+    std::string groupOld;       ///< "IA" to "VIIIA"
+    int period = 0;
+    std::string block;
+    std::string state;  ///< at 25 °C
+    std::string electronConfiguration;
+    std::string oxidationStates;  ///< separated by blanks
+    std::string elementClass;     ///< for example "alkali metal"
+};
+
+/// The identifier is the ISO 3166 number.
+struct Country
+{
+    int id = -1;
+    std::string code;  ///< two letters
+    std::string name;
+};
+
+/// The identifier is the ISO 4217 number.
+struct Currency
+{
+    int id = -1;
+    std::string code;  ///< three letters
+    std::string name;
+};
+
+}  // namespace DBObjects

@@ -1,0 +1,213 @@
+// SPDX-License-Identifier: MIT
+#include "dbinterfaces/master_database.h"
+
+#include "dbinterfaces/database_error.h"
+#include "dbinterfaces/sqlite_connection.h"
+#include "tncommon/data_dir.h"
+
+#include <fmt/format.h>
+#include <soci/soci.h>
+
+#include <memory>
+#include <mutex>
+
+namespace {
+
+constexpr int kApplicationId = 0x54564D44;  // "TVMD", as the build script writes it
+constexpr int kSchemaVersion = 1;
+
+struct State
+{
+    std::mutex mutex;
+    std::filesystem::path path;
+    std::unique_ptr<soci::session> session;
+};
+
+State& GetState()
+{
+    static State state;
+    return state;
+}
+
+std::filesystem::path PathIn(const State& state)
+{
+    return state.path.empty() ? tncommon::DataDir() / "master.db" : state.path;
+}
+
+std::unique_ptr<soci::session> OpenMaster(const std::filesystem::path& path)
+{
+    auto session = OpenSqlite(path, SqliteMode::ReadOnly);
+    int applicationId = 0;
+    int version = 0;
+    try {
+        applicationId = ReadPragma(*session, "application_id");
+        version = ReadPragma(*session, "user_version");
+    } catch (const std::exception& error) {
+        throw DatabaseError(DatabaseError::Kind::NotOurs,
+                            fmt::format("'{}': {}", path.string(), error.what()));
+    }
+    if (applicationId != kApplicationId || version != kSchemaVersion) {
+        throw DatabaseError(DatabaseError::Kind::NotOurs,
+                            fmt::format("'{}' is no master database of this version (found {:#x}, schema {})",
+                                        path.string(), applicationId, version));
+    }
+    return session;
+}
+
+/// Runs `query(session)` under the lock; whatever goes wrong is reported under the method's name.
+template <typename Query>
+auto Run(const char* method, Query query)
+{
+    State& state = GetState();
+    const std::lock_guard lock(state.mutex);
+    try {
+        if (!state.session)
+            state.session = OpenMaster(PathIn(state));
+        return query(*state.session);
+    } catch (const DatabaseError& error) {
+        throw DatabaseError(error.GetKind(), fmt::format("MasterDatabase::{}: {}", method, error.what()));
+    } catch (const std::exception& error) {
+        throw DatabaseError(DatabaseError::Kind::Failed,
+                            fmt::format("MasterDatabase::{}: {}", method, error.what()));
+    }
+}
+
+/// "de_DE@euro" -> "de", so that a regional variant falls back to its language.
+std::string PlainLanguage(const std::string& language)
+{
+    return language.substr(0, language.find_first_of("_@."));
+}
+
+/// Countries and currencies have the same shape: identifier, code, English name, and names by language.
+template <typename Record>
+std::vector<Record> ReadNamed(soci::session& session, const std::string& table, const std::string& language,
+                              const std::string& code)
+{
+    const std::string plain = PlainLanguage(language);
+    Record record;
+    std::vector<Record> records;
+    soci::statement statement =
+        (session.prepare << fmt::format("SELECT t.id, t.code, coalesce(a.name, b.name, t.name) FROM {0} t "
+                                        "LEFT JOIN {0}_name a ON a.code = t.code AND a.language = :exact "
+                                        "LEFT JOIN {0}_name b ON b.code = t.code AND b.language = :plain "
+                                        "WHERE :code = '%' OR t.code = :code ORDER BY t.code",
+                                        table),
+         soci::use(language, "exact"), soci::use(plain, "plain"), soci::use(code, "code"),
+         soci::into(record.id), soci::into(record.code), soci::into(record.name));
+    statement.execute();
+    while (statement.fetch())
+        records.push_back(record);
+    return records;
+}
+
+std::optional<double> Optional(double value, soci::indicator indicator)
+{
+    return indicator == soci::i_ok ? std::optional(value) : std::nullopt;
+}
+
+}  // namespace
+
+std::filesystem::path MasterDatabase::GetPath()
+{
+    State& state = GetState();
+    const std::lock_guard lock(state.mutex);
+    return PathIn(state);
+}
+
+void MasterDatabase::SetPath(const std::filesystem::path& path)
+{
+    State& state = GetState();
+    const std::lock_guard lock(state.mutex);
+    state.session.reset();
+    state.path = path;
+}
+
+std::vector<DBObjects::DetailDefinition> MasterDatabase::GetDetailDefinitions(const std::string& group,
+                                                                              const std::string& variant)
+{
+    return Run("GetDetailDefinitions", [&](soci::session& session) {
+        std::vector<DBObjects::DetailDefinition> definitions;
+        DBObjects::DetailDefinition row;
+        double min = 0.0;
+        double max = 0.0;
+        soci::indicator minKnown = soci::i_null;
+        soci::indicator maxKnown = soci::i_null;
+        soci::statement statement =
+            (session.prepare
+                 << "SELECT name, type, unit, min_value, max_value, limit_unit, default_value FROM detail "
+                    "WHERE grp = :grp AND variant = :variant ORDER BY name",
+             soci::use(group), soci::use(variant), soci::into(row.name), soci::into(row.type),
+             soci::into(row.unit), soci::into(min, minKnown), soci::into(max, maxKnown),
+             soci::into(row.limitUnit), soci::into(row.defaultValue));
+        statement.execute();
+        while (statement.fetch()) {
+            row.min = Optional(min, minKnown);
+            row.max = Optional(max, maxKnown);
+            definitions.push_back(row);
+        }
+        return definitions;
+    });
+}
+
+std::vector<DBObjects::Ion> MasterDatabase::GetIons(const std::string& key, const std::string& kind,
+                                                    const std::string& symbol)
+{
+    return Run("GetIons", [&](soci::session& session) {
+        std::vector<DBObjects::Ion> ions;
+        DBObjects::Ion row;
+        soci::statement statement =
+            (session.prepare
+                 << "SELECT id, name, symbol, label, charge, kind FROM ion WHERE (:key = '%' OR name = :key) "
+                    "AND kind LIKE :kind AND symbol LIKE :symbol ORDER BY id",
+             soci::use(key, "key"), soci::use(kind, "kind"), soci::use(symbol, "symbol"), soci::into(row.id),
+             soci::into(row.key), soci::into(row.symbol), soci::into(row.name), soci::into(row.charge),
+             soci::into(row.kind));
+        statement.execute();
+        while (statement.fetch())
+            ions.push_back(row);
+        return ions;
+    });
+}
+
+std::vector<DBObjects::Element> MasterDatabase::GetElementsFromPeriodicSystem()
+{
+    return Run("GetElementsFromPeriodicSystem", [&](soci::session& session) {
+        std::vector<DBObjects::Element> elements;
+        DBObjects::Element row;
+        soci::statement statement =
+            (session.prepare
+                 << "SELECT id, symbol, name, atomic_weight, coalesce(table_group, -1), table_group_old, "
+                    "period, block, state, electron_configuration, oxidation_states, class FROM element "
+                    "ORDER BY id",
+             soci::into(row.id), soci::into(row.symbol), soci::into(row.name), soci::into(row.atomicWeight),
+             soci::into(row.group), soci::into(row.groupOld), soci::into(row.period), soci::into(row.block),
+             soci::into(row.state), soci::into(row.electronConfiguration), soci::into(row.oxidationStates),
+             soci::into(row.elementClass));
+        statement.execute();
+        while (statement.fetch())
+            elements.push_back(row);
+        return elements;
+    });
+}
+
+std::vector<DBObjects::Country> MasterDatabase::GetCountries(const std::string& language)
+{
+    return Run("GetCountries", [&](soci::session& session) {
+        return ReadNamed<DBObjects::Country>(session, "country", language, "%");
+    });
+}
+
+std::string MasterDatabase::GetCountry(const std::string& code, const std::string& language)
+{
+    return Run("GetCountry", [&](soci::session& session) {
+        const auto found = ReadNamed<DBObjects::Country>(session, "country", language, code);
+        return found.size() == 1 ? found.front().name : std::string();
+    });
+}
+
+std::vector<DBObjects::Currency> MasterDatabase::GetCurrencies(const std::string& language)
+{
+    return Run("GetCurrencies", [&](soci::session& session) {
+        return ReadNamed<DBObjects::Currency>(session, "currency", language, "%");
+    });
+}

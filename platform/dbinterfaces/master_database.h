@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+/// The read-only master data that come with the program: the catalogue of details, ions, elements, countries
+/// and currencies. The file is opened on first use. All calls may come from any thread; they throw
+/// DatabaseError when the file is missing, damaged or of another schema.
+
+#include "dbinterfaces/db_objects.h"
+#include "dbinterfaces/dbinterfaces_export.h"
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+class DBINTERFACES_EXPORT MasterDatabase
+{
+public:
+    MasterDatabase() = delete;
+
+    /// The file in use: "master.db" in the data folder unless another one was set.
+    static std::filesystem::path GetPath();
+    /// Uses another file from the next call on; an empty path goes back to the installed one.
+    static void SetPath(const std::filesystem::path& path);
+
+    /// Details of a catalogue group in the order of their names; empty when there is no such group.
+    static std::vector<DBObjects::DetailDefinition> GetDetailDefinitions(const std::string& group,
+                                                                         const std::string& variant);
+
+    /// Ions in the order of the analysis. `key` is an ion key or "%" for all; `kind` and `symbol` are
+    /// patterns in which
+    /// "%" stands for any text.
+    static std::vector<DBObjects::Ion> GetIons(const std::string& key, const std::string& kind,
+                                               const std::string& symbol);
+
+    /// All elements by atomic number.
+    static std::vector<DBObjects::Element> GetElementsFromPeriodicSystem();
+
+    /// All countries with their names in `language` ("de", "pt_BR"), or in English where it has none.
+    /// The order is that of the codes: sorting by name needs the user's locale.
+    static std::vector<DBObjects::Country> GetCountries(const std::string& language = {});
+    /// Name of the country with that two-letter code; empty when there is none.
+    static std::string GetCountry(const std::string& code, const std::string& language = {});
+
+    /// All currencies with their names in `language`, or in English where it has none, in the order of their
+    /// codes.
+    static std::vector<DBObjects::Currency> GetCurrencies(const std::string& language = {});
+};

@@ -1,0 +1,181 @@
+#!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
+"""Builds the master database that the program reads at run time.
+
+build_master_db.py OUTPUT CSV_DIR [--iso-codes DIR] [--locales DIR]
+
+CSV_DIR holds details.csv, ions.csv and elements.csv. Countries and currencies come from the iso-codes package: their
+codes from its JSON files, their translated names from its message catalogues. The output is replaced as a whole or
+not at all, and equal inputs give equal bytes.
+"""
+import argparse
+import csv
+import gettext
+import json
+import math
+import os
+import sqlite3
+import sys
+import tempfile
+from pathlib import Path
+
+APPLICATION_ID = 0x54564D44  # "TVMD"
+SCHEMA_VERSION = 1
+TYPES = {"double", "long", "bool", "date", "string"}
+# Which rows of ions.csv a placeholder in a detail's key stands for.
+KEY_PLACEHOLDERS = {
+    "{ion}": {"cation", "anion"},
+    "{named}": {"named cation", "named anion"},
+    "{equivalent}": {"equivalent cation", "equivalent anion"},
+}
+
+SCHEMA = """
+CREATE TABLE detail (grp TEXT NOT NULL, variant TEXT NOT NULL, name TEXT NOT NULL, type TEXT NOT NULL,
+    unit TEXT NOT NULL, min_value REAL, max_value REAL, limit_unit TEXT NOT NULL, default_value TEXT NOT NULL,
+    PRIMARY KEY (grp, variant, name)) WITHOUT ROWID;
+CREATE TABLE ion (id INTEGER PRIMARY KEY, name TEXT NOT NULL UNIQUE, symbol TEXT NOT NULL, label TEXT NOT NULL,
+    charge INTEGER NOT NULL, kind TEXT NOT NULL);
+CREATE TABLE element (id INTEGER PRIMARY KEY, symbol TEXT NOT NULL UNIQUE, name TEXT NOT NULL,
+    atomic_weight REAL NOT NULL, table_group INTEGER, table_group_old TEXT NOT NULL, period INTEGER NOT NULL,
+    block TEXT NOT NULL, state TEXT NOT NULL, electron_configuration TEXT NOT NULL, oxidation_states TEXT NOT NULL,
+    class TEXT NOT NULL);
+CREATE TABLE country (id INTEGER PRIMARY KEY, code TEXT NOT NULL UNIQUE, name TEXT NOT NULL);
+CREATE TABLE country_name (code TEXT NOT NULL, language TEXT NOT NULL, name TEXT NOT NULL,
+    PRIMARY KEY (language, code)) WITHOUT ROWID;
+CREATE TABLE currency (id INTEGER PRIMARY KEY, code TEXT NOT NULL UNIQUE, name TEXT NOT NULL);
+CREATE TABLE currency_name (code TEXT NOT NULL, language TEXT NOT NULL, name TEXT NOT NULL,
+    PRIMARY KEY (language, code)) WITHOUT ROWID;
+"""
+
+
+def read_csv(path, columns):
+    with open(path, newline="", encoding="utf-8") as file:
+        reader = csv.DictReader(file, strict=True)
+        missing = set(columns) - set(reader.fieldnames or [])
+        if missing:
+            sys.exit(f"{path}: missing columns {sorted(missing)}")
+        for row in reader:
+            if None in row or None in row.values():
+                sys.exit(f"{path}:{reader.line_num}: wrong number of fields")
+            yield f"{path}:{reader.line_num}", row
+
+
+def number(text, where):
+    if text == "":
+        return None
+    value = float(text)
+    if not math.isfinite(value):
+        sys.exit(f"{where}: '{text}' is no finite number")
+    return value
+
+
+def check_default(kind, text, where):
+    if text == "":
+        return
+    try:
+        {"double": float, "long": int}.get(kind, str)(text)
+    except ValueError:
+        sys.exit(f"{where}: default '{text}' is no {kind}")
+    if kind == "bool" and text not in ("true", "false"):
+        sys.exit(f"{where}: default '{text}' is no bool")
+
+
+def expand_key(key, ions):
+    for placeholder, kinds in KEY_PLACEHOLDERS.items():
+        if placeholder in key:
+            return [key.replace(placeholder, ion["key"]) for ion in ions if ion["kind"] in kinds]
+    return [key]
+
+
+def fill_details(db, csv_dir, ions):
+    columns = ("group", "variant", "key", "type", "unit", "min", "max", "limit_unit", "default")
+    for where, row in read_csv(csv_dir / "details.csv", columns):
+        if row["type"] not in TYPES:
+            sys.exit(f"{where}: unknown type '{row['type']}'")
+        low, high = number(row["min"], where), number(row["max"], where)
+        if low is not None and high is not None and low > high:
+            sys.exit(f"{where}: the minimum lies above the maximum")
+        check_default(row["type"], row["default"], where)
+        for key in expand_key(row["key"], ions):
+            try:
+                db.execute("INSERT INTO detail VALUES (?,?,?,?,?,?,?,?,?)",
+                           (row["group"], row["variant"], key, row["type"], row["unit"], low, high,
+                            row["limit_unit"], row["default"]))
+            except sqlite3.IntegrityError:
+                sys.exit(f"{where}: '{key}' is there already")
+
+
+def fill_ions(db, ions):
+    for number_of_ion, ion in enumerate(ions, start=1):
+        db.execute("INSERT INTO ion VALUES (?,?,?,?,?,?)",
+                   (number_of_ion, ion["key"], ion["symbol"], ion["name"], int(ion["charge"]), ion["kind"]))
+
+
+def fill_elements(db, csv_dir):
+    columns = ("symbol", "name", "z", "atomic_weight", "group", "group_old", "period", "block", "state_25c",
+               "electron_configuration", "oxidation_states", "class")
+    for _, row in read_csv(csv_dir / "elements.csv", columns):
+        # Elements without stable isotopes carry the mass number of the longest-lived one, in brackets.
+        weight = float(row["atomic_weight"].strip("[]"))
+        db.execute("INSERT INTO element VALUES (?,?,?,?,?,?,?,?,?,?,?,?)",
+                   (int(row["z"]), row["symbol"], row["name"], weight,
+                    int(row["group"]) if row["group"].isdigit() else None, row["group_old"], int(row["period"]),
+                    row["block"], row["state_25c"], row["electron_configuration"], row["oxidation_states"],
+                    row["class"]))
+
+
+def catalogues(locales, domain):
+    for path in sorted(locales.glob(f"*/LC_MESSAGES/{domain}.mo")):
+        with open(path, "rb") as file:
+            yield path.parent.parent.name, gettext.GNUTranslations(file)
+
+
+def fill_iso_codes(db, table, entries, locales, domain):
+    for entry in entries:
+        # The common name ("Bolivia") reads better in a list than the filed one ("Bolivia, Plurinational State of").
+        entry["shown"] = entry.get("common_name", entry["name"])
+        db.execute(f"INSERT INTO {table} VALUES (?,?,?)", (int(entry["numeric"]), entry["code"], entry["shown"]))
+    for language, catalogue in catalogues(locales, domain):
+        for entry in entries:
+            name = catalogue.gettext(entry["shown"])
+            if name != entry["shown"]:
+                db.execute(f"INSERT INTO {table}_name VALUES (?,?,?)", (entry["code"], language, name))
+
+
+def build(path, arguments):
+    db = sqlite3.connect(path)
+    db.execute(f"PRAGMA application_id = {APPLICATION_ID}")
+    db.execute(f"PRAGMA user_version = {SCHEMA_VERSION}")
+    db.executescript(SCHEMA)
+    ions = [row for _, row in read_csv(arguments.csv_dir / "ions.csv", ("key", "symbol", "name", "charge", "kind"))]
+    fill_ions(db, ions)
+    fill_details(db, arguments.csv_dir, ions)
+    fill_elements(db, arguments.csv_dir)
+    for table, domain, code in (("country", "iso_3166-1", "alpha_2"), ("currency", "iso_4217", "alpha_3")):
+        with open(arguments.iso_codes / f"{domain}.json", encoding="utf-8") as file:
+            entries = json.load(file)[domain.removeprefix("iso_")]
+        for entry in entries:
+            entry["code"] = entry[code]
+        fill_iso_codes(db, table, entries, arguments.locales, domain)
+    db.commit()
+    db.execute("VACUUM")
+    db.close()
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
+    parser.add_argument("output", type=Path)
+    parser.add_argument("csv_dir", type=Path)
+    parser.add_argument("--iso-codes", type=Path, default=Path("/usr/share/iso-codes/json"))
+    parser.add_argument("--locales", type=Path, default=Path("/usr/share/locale"))
+    arguments = parser.parse_args()
+    arguments.output.parent.mkdir(parents=True, exist_ok=True)
+    with tempfile.TemporaryDirectory(dir=arguments.output.parent) as folder:
+        temporary = Path(folder) / "master.db"
+        build(temporary, arguments)
+        temporary.chmod(0o644)
+        os.replace(temporary, arguments.output)
+
+
+if __name__ == "__main__":
+    main()
