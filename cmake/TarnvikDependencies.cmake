@@ -20,6 +20,8 @@ find_package(SQLite3 REQUIRED)
 find_package(PkgConfig REQUIRED)
 find_package(Gettext REQUIRED)
 
+pkg_check_modules(libpq REQUIRED IMPORTED_TARGET GLOBAL libpq)
+
 # The database layer comes without package files of its own.
 foreach(part core sqlite3 postgresql)
   if(NOT TARGET soci::${part})
@@ -28,3 +30,4 @@ foreach(part core sqlite3 postgresql)
     target_link_libraries(soci::${part} INTERFACE "${SOCI_${part}_LIBRARY}")
   endif()
 endforeach()
+target_link_libraries(soci::postgresql INTERFACE PkgConfig::libpq)
