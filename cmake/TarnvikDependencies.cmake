@@ -19,6 +19,7 @@ find_package(Boost REQUIRED)
 find_package(SQLite3 REQUIRED)
 find_package(PkgConfig REQUIRED)
 find_package(Gettext REQUIRED)
+pkg_check_modules(gtk3 REQUIRED IMPORTED_TARGET GLOBAL gtk+-3.0)
 
 pkg_check_modules(libpq REQUIRED IMPORTED_TARGET GLOBAL libpq)
 

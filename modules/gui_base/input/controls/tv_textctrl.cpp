@@ -1,0 +1,79 @@
+// SPDX-License-Identifier: MIT
+#include "gui_base/input/controls/tv_textctrl.h"
+
+#include "gui_base/input/validation/validator.h"
+#include "gui_base/support/translation.h"
+
+#include <wx/settings.h>
+
+TvTextCtrl::TvTextCtrl(wxWindow* parent, int id, const wxString& value, const wxPoint& pos,
+                       const wxSize& size, long style, const wxValidator& validator, const wxString& name)
+    : wxTextCtrl(parent, id, value, pos, size, style | wxTE_PROCESS_ENTER, validator, name)
+{
+    ApplyEditableColour((style & wxTE_READONLY) == 0);
+}
+
+bool TvTextCtrl::SetHint(const wxString& text)
+{
+    m_hintText = text;
+    return wxTextCtrl::SetHint(i18n::Translated(text));
+}
+
+void TvTextCtrl::Localize(const std::string&)
+{
+    if (m_hintText.empty())
+        return;
+    // Where hints are emulated, the shown hint reads like a value and would survive the switch.
+    if (GetValue() == GetHint())
+        ChangeValue(wxString());
+    wxTextCtrl::SetHint(i18n::Translated(m_hintText));
+}
+
+void TvTextCtrl::SetEditable(bool editable)
+{
+    wxTextCtrl::SetEditable(editable);
+    ApplyEditableColour(editable);
+}
+
+void TvTextCtrl::ChangeValue(const wxString& value)
+{
+    wxTextCtrl::ChangeValue(value);
+}
+
+void TvTextCtrl::SetStatusBar(wxStatusBar* statusBar)
+{
+    if (auto* validator = dynamic_cast<Validator*>(GetValidator()))
+        validator->SetStatusBar(statusBar);
+}
+
+bool TvTextCtrl::TransferDataToWindow()
+{
+    UpdateValidatorDefaultColor(IsEditable());
+    return wxTextCtrl::TransferDataToWindow();
+}
+
+wxColour TvTextCtrl::EditableColour()
+{
+    return wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOW);
+}
+
+wxColour TvTextCtrl::ReadOnlyColour()
+{
+    return wxSystemSettings::GetColour(wxSYS_COLOUR_BTNFACE);
+}
+
+void TvTextCtrl::UpdateValidatorDefaultColor(bool editable)
+{
+    if (auto* validator = dynamic_cast<Validator*>(GetValidator()))
+        validator->SetDefaultColor(editable ? EditableColour() : ReadOnlyColour());
+}
+
+void TvTextCtrl::ApplyEditableColour(bool editable)
+{
+    UpdateValidatorDefaultColor(editable);
+    const wxColour colour = editable ? EditableColour() : ReadOnlyColour();
+    if (GetBackgroundColour() != colour) {
+        SetBackgroundColour(colour);
+        Refresh();
+    }
+}

@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "gui_base/gui_base_export.h"
+
+#include <wx/statusbr.h>
+#include <wx/textctrl.h>
+
+#include <string>
+
+/// A text field with a translatable hint and a background that shows whether it can be edited. It always
+/// processes the Enter key; it is editable unless its style has wxTE_READONLY.
+class GUI_BASE_EXPORT TvTextCtrl : public wxTextCtrl
+{
+public:
+    TvTextCtrl(wxWindow* parent, int id, const wxString& value = {}, const wxPoint& pos = wxDefaultPosition,
+               const wxSize& size = wxDefaultSize, long style = 0,
+               const wxValidator& validator = wxDefaultValidator,
+               const wxString& name = wxASCII_STR(wxTextCtrlNameStr));
+
+    /// Stores the source text and shows its translation.
+    bool SetHint(const wxString& text) override;
+    void Localize(const std::string& unitSystem);
+    void SetEditable(bool editable) override;
+    void ChangeValue(const wxString& value) override;
+    /// Hands the bar to the control's validator.
+    void SetStatusBar(wxStatusBar* statusBar);
+    bool TransferDataToWindow() override;
+
+    /// Background of a field that can be edited, or cannot, in the present theme.
+    static wxColour EditableColour();
+    static wxColour ReadOnlyColour();
+
+protected:
+    /// Makes the colour of the editable state the one that the validator gives a value in range.
+    void UpdateValidatorDefaultColor(bool editable);
+
+private:
+    void ApplyEditableColour(bool editable);
+
+    wxString m_hintText;
+};

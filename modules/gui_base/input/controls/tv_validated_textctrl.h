@@ -1,0 +1,99 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+/// Text fields that carry their own binding to one detail and their own validator, built from a plain record.
+/// They tell their parent of a changed detail by a queued tvCHANGE_EVENT; an unchanged commit sends nothing.
+
+#include "gui_base/core/number_text.h"
+#include "gui_base/input/binding/detail_container_window.h"
+#include "gui_base/input/binding/transfer_detail.h"
+#include "gui_base/input/controls/tv_textctrl.h"
+
+struct ValidatedDoubleTextCtrlConfig
+{
+    wxWindow* parent = nullptr;
+    int id = -1;
+    wxPoint pos = wxDefaultPosition;
+    wxSize size = wxDefaultSize;
+    long style = 0;
+    wxString name;
+    double minValue = 0.0;       ///< ISO units; used where the detail has no limit of its own
+    double maxValue = 999999.0;  ///< ISO units
+    TvTextCtrlFormat format = TvTextCtrlFormat::General;
+    double undefValue = 0.0;  ///< stored for an empty field
+    int precision = 6;
+    int validatorFlags = 53;       ///< CheckMin + CheckMax + ClampToLimits + TrimZeros
+    double defaultValue = 0.0;     ///< ISO units
+    DetailData* detail = nullptr;  ///< not owned
+    int transferFlags = 1;
+    wxStatusBar* statusBar = nullptr;
+    bool followUnitSystem = true;
+};
+
+struct ValidatedTextCtrlConfig
+{
+    wxWindow* parent = nullptr;
+    int id = -1;
+    wxPoint pos = wxDefaultPosition;
+    wxSize size = wxDefaultSize;
+    long style = 0;
+    wxString name;
+    wxString defaultText;
+    DetailData* detail = nullptr;  ///< not owned
+    int transferFlags = 1;
+    wxStatusBar* statusBar = nullptr;
+};
+
+class GUI_BASE_EXPORT TvValidatedDoubleTextCtrl : public TvTextCtrl, public DetailContainerWindow
+{
+public:
+    explicit TvValidatedDoubleTextCtrl(const ValidatedDoubleTextCtrlConfig& config);
+
+    using TvTextCtrl::Localize;
+    /// Takes the unit system for limits and value, or "iso" when the field does not follow it.
+    void Localize(const wxString& unitSystem);
+    /// Converts the limits of the detail, or else those of the configuration, into `unitSystem`.
+    void UpdateValidator(const wxString& unitSystem);
+    bool TransferDataToWindow() override;
+    bool TransferDataFromWindow() override;
+    void SetToDefault();
+
+    void TransferDetailToWindow() override { TransferDataToWindow(); }
+    void UpdateUnit(const std::string& unitSystem) override;
+
+    DetailData* GetDetail() const { return m_detail; }
+
+private:
+    DetailData* m_detail;
+    double m_value = 0.0;
+    double m_minValue;
+    double m_maxValue;
+    double m_defaultValue;
+    TransferDetailT<double> m_binding;
+    wxString m_unitSystem;
+    wxString m_isoUnitSystem;
+    bool m_followUnitSystem;
+};
+
+class GUI_BASE_EXPORT TvValidatedTextCtrl : public TvTextCtrl, public DetailContainerWindow
+{
+public:
+    explicit TvValidatedTextCtrl(const ValidatedTextCtrlConfig& config);
+
+    using TvTextCtrl::Localize;
+    void Localize(const wxString& unitSystem) { m_unitSystem = unitSystem; }
+    const wxString& GetUnit() const { return m_unitSystem; }
+    bool TransferDataToWindow() override;
+    bool TransferDataFromWindow() override;
+    void SetToDefault();
+
+    void TransferDetailToWindow() override { TransferDataToWindow(); }
+    void UpdateUnit(const std::string& unitSystem) override { Localize(wxString::FromUTF8(unitSystem)); }
+
+private:
+    DetailData* m_detail;
+    wxString m_text;
+    wxString m_defaultText;
+    TransferDetailT<wxString> m_binding;
+    wxString m_unitSystem;
+};

@@ -1,0 +1,374 @@
+// SPDX-License-Identifier: MIT
+#include "gui_base/input/panel/tv_modulepanelbase.h"
+
+#include "gui_base/input/validation/double_validator.h"
+#include "gui_base/support/events.h"
+#include "projectbase/units/unit_system_manager.h"
+
+#include <wx/bookctrl.h>
+#include <wx/frame.h>
+#include <wx/log.h>
+#include <wx/msgdlg.h>
+#include <wx/sizer.h>
+#include <wx/wupdlock.h>
+
+namespace {
+
+constexpr double kNoCurrency = 1.0;
+
+}  // namespace
+
+ModulePanelBase::ModulePanelBase(Project* project, wxWindow* parent, int id, const wxPoint& pos,
+                                 const wxSize& size, long style, const wxString& name)
+    : wxScrolled<wxPanel>(parent, id, pos, size, style, name), m_project(project)
+{}
+
+ModulePanelBase::~ModulePanelBase()
+{
+    // Fields tell of a lost focus while they go; the panel must still be whole then.
+    DestroyChildren();
+}
+
+void ModulePanelBase::SetStatusBar(wxStatusBar* statusBar)
+{
+    m_statusBar = statusBar;
+}
+
+void ModulePanelBase::Create()
+{
+    if (IsProjectStatusLowerThanPanelStatus()) {
+        ResetProjectStatus();
+        DoResetPanelStatus();
+    }
+    DoCreateControls();
+    if (GetSizer() != nullptr) {
+        GetSizer()->Fit(this);
+        GetSizer()->SetSizeHints(this);
+    }
+    SetDefaultScrollRate();
+    Centre(wxBOTH);
+    DoTransferDetailsToWindows();
+    DoSetTransferDetails();
+    DoSetValidators();
+    DoConnectTvTextCtrlsToStatusbar();
+    BindEvents();
+    Prepare();
+}
+
+void ModulePanelBase::Prepare()
+{
+    DoTransferDetailsToWindows();
+    DoPrepare();
+    ShowInUnitSystem(false);
+    DoTransferDetailsToWindows();
+}
+
+void ModulePanelBase::RecreatePanel()
+{
+    const wxWindowUpdateLocker frozen(this);
+    DestroyChildren();
+    ClearLocalizableControls();
+    ClearTransferDetails();
+    m_detailContainerWindows.clear();
+    Create();
+    Layout();
+    Refresh();
+}
+
+void ModulePanelBase::BindEvents()
+{
+    BindBaseEvents();
+    DoBindEvents();
+}
+
+void ModulePanelBase::BindBaseEvents()
+{
+    // The panel itself survives a recreation, and so do its bindings.
+    if (m_baseEventsBound)
+        return;
+    m_baseEventsBound = true;
+    Bind(tvCHANGEUNITSYSTEM_EVENT, &ModulePanelBase::OnChangeUnitSystem, this);
+    Bind(tvLOCALIZE_EVENT, &ModulePanelBase::OnLocalize, this);
+    Bind(tvCHANGE_EVENT, &ModulePanelBase::OnChildChanged, this);
+}
+
+void ModulePanelBase::DoTransferDetailsToWindows()
+{
+    m_transfers.TransferToWindow(GetUnitSystemDisplay(), kNoCurrency);
+    TransferDataToWindow();
+    m_transfers.TransferRangeFlags();
+    for (DetailContainerWindow* window : m_detailContainerWindows)
+        window->TransferDetailToWindow();
+    DoSendVisualizeMessageEvent();
+}
+
+bool ModulePanelBase::TransferDetailsFromWindow()
+{
+    bool changed = false;
+    return m_transfers.TransferFromWindow(GetUnitSystemDisplay(), changed, kNoCurrency);
+}
+
+void ModulePanelBase::DoUpdateValues()
+{
+    CalculateDesign();
+}
+
+void ModulePanelBase::CalculateDesign()
+{
+    if (m_project != nullptr)
+        m_project->CalculateDesign();
+}
+
+void ModulePanelBase::SynchronizeProject()
+{
+    const wxWindowUpdateLocker frozen(this);
+    try {
+        TransferDataFromWindow();
+        TransferDetailsFromWindow();
+        DoResetMessages();
+        DoUpdateValidators();
+        DoUpdateValues();
+        DoUpdateValidators();
+        ResetProjectStatus();
+        DoResetPanelStatus();
+        DoSendVisualizeMessageEvent();
+        DoTransferDetailsToWindows();
+    } catch (const std::exception& error) {
+        const std::string message = std::string("ModulePanelBase::SynchronizeProject: ") + error.what();
+        if (m_project != nullptr)
+            m_project->GetLogger().Error(message);
+        else
+            wxLogError("%s", wxString::FromUTF8(message));
+    }
+}
+
+void ModulePanelBase::OnFieldUpdate(wxCommandEvent& event)
+{
+    SynchronizeProject();
+    SendChangeEvent();
+    event.Skip();
+}
+
+void ModulePanelBase::SendChangeEvent()
+{
+    if (m_project != nullptr)
+        m_project->SetChanged(true);
+    events::SendEvent(GetParent(), tvCHANGE_EVENT, wxID_ANY, 0, wxString());
+}
+
+void ModulePanelBase::OnChildChanged(wxCommandEvent& event)
+{
+    // A field that is set up as input has told of its commit already: its own event ends here, so that the
+    // host hears of one edit once. A panel inside this one speaks for itself.
+    const wxWindow* child = event.GetId() == wxID_ANY ? nullptr : FindWindow(event.GetId());
+    if (dynamic_cast<const wxTextCtrl*>(child) == nullptr)
+        event.Skip();
+}
+
+bool ModulePanelBase::Validate()
+{
+    TransferDataFromWindow();
+    return DoValidate() && wxScrolled<wxPanel>::Validate();
+}
+
+void ModulePanelBase::AddTransfer(const TransferDetail& transfer)
+{
+    m_transfers.AddTransfer(std::make_unique<TransferDetail>(transfer));
+}
+
+void ModulePanelBase::AddToDetailContainerWindows(DetailContainerWindow* window)
+{
+    if (window != nullptr)
+        m_detailContainerWindows.push_back(window);
+}
+
+void ModulePanelBase::BindControlToOnFieldUpdate(DataBaseCombination* combination,
+                                                 wxEventTypeTag<wxCommandEvent> tag)
+{
+    if (combination != nullptr)
+        Bind(tag, &ModulePanelBase::OnFieldUpdate, this, combination->GetControlId());
+}
+
+void ModulePanelBase::BindControlToOnFieldUpdate(wxPanel* subPanel, wxEventTypeTag<wxCommandEvent> tag)
+{
+    if (subPanel != nullptr)
+        Bind(tag, &ModulePanelBase::OnFieldUpdate, this, subPanel->GetId());
+}
+
+void ModulePanelBase::BindControlToOnFieldUpdate(wxEventTypeTag<wxCommandEvent> tag, int id, int lastId)
+{
+    Bind(tag, &ModulePanelBase::OnFieldUpdate, this, id, lastId);
+}
+
+void ModulePanelBase::SetupInputControl(wxTextCtrl* control)
+{
+    if (control == nullptr)
+        return;
+    ConnectControlToStatusBar(control);
+    control->Bind(wxEVT_TEXT_ENTER, &ModulePanelBase::OnFieldUpdate, this);
+}
+
+void ModulePanelBase::ConnectControlToStatusBar(wxTextCtrl* control)
+{
+    if (control == nullptr)
+        return;
+    if (auto* validator = dynamic_cast<Validator*>(control->GetValidator()))
+        validator->SetStatusBar(GetStatusBar());
+}
+
+void ModulePanelBase::ConnectControlToStatusBar(DataBaseCombination* combination)
+{
+    if (combination != nullptr)
+        ConnectControlToStatusBar(dynamic_cast<wxTextCtrl*>(combination->GetInputWindow()));
+}
+
+void ModulePanelBase::UpdateLimitsFromDetail(TvTextCtrl* control, const DetailData* detail)
+{
+    if (control == nullptr || detail == nullptr || detail->GetUnit().empty())
+        return;
+    auto* validator = dynamic_cast<DoubleValidator*>(control->GetValidator());
+    if (validator == nullptr)
+        return;
+    const std::string unitSystem = GetCurrentDisplayUnitSystem();
+    validator->SetMinValue(UnitSystemManager::FromISO(detail->GetUnit(), unitSystem, detail->GetMinValue()));
+    validator->SetMaxValue(UnitSystemManager::FromISO(detail->GetUnit(), unitSystem, detail->GetMaxValue()));
+    control->TransferDataToWindow();
+}
+
+std::string ModulePanelBase::GetCurrentDisplayUnitSystem() const
+{
+    return m_project != nullptr ? m_project->GetUnitSystemDisplay() : "iso";
+}
+
+wxString ModulePanelBase::GetUnitSystemDisplay() const
+{
+    return wxString::FromUTF8(GetCurrentDisplayUnitSystem());
+}
+
+long ModulePanelBase::GetProjectStatus() const
+{
+    return m_project != nullptr ? m_project->GetStatus() : 0;
+}
+
+bool ModulePanelBase::IsProjectStatusLowerThanPanelStatus()
+{
+    return m_project != nullptr && m_project->GetStatus() < GetPanelProjectStatus();
+}
+
+void ModulePanelBase::ResetProjectStatus()
+{
+    if (m_project != nullptr)
+        m_project->ResetStatus(GetPanelProjectStatus());
+}
+
+bool ModulePanelBase::ShowYesNoDialog(const wxString& message, const wxString& caption)
+{
+    wxMessageDialog dialog(this, message, caption, wxYES_NO | wxCENTRE);
+    return dialog.ShowModal() == wxID_YES;
+}
+
+void ModulePanelBase::GetTextFieldSize(const wxString& text, int& width, int& height)
+{
+    GetTextExtent(text, &width, &height);
+}
+
+void ModulePanelBase::OnChangeUnitSystem(wxCommandEvent& event)
+{
+    ShowInUnitSystem(true);
+    event.Skip();
+}
+
+void ModulePanelBase::UpdateUnits(bool transferValues)
+{
+    ShowInUnitSystem(transferValues);
+}
+
+void ModulePanelBase::ShowInUnitSystem(bool transferValues)
+{
+    const wxWindowUpdateLocker frozen(this);
+    LocalizeControls();
+    DoUpdateValidators();
+    DoUpdateUnits();
+    if (transferValues)
+        DoTransferDetailsToWindows();
+    FitAndLayout();
+}
+
+void ModulePanelBase::OnLocalize(wxCommandEvent& event)
+{
+    Localize(GetCurrentDisplayUnitSystem());
+    event.Skip();
+}
+
+void ModulePanelBase::Localize(const std::string&)
+{
+    const wxWindowUpdateLocker frozen(this);
+    LocalizeControls();
+    DoLocalize();
+    FitAndLayout();
+}
+
+void ModulePanelBase::LocalizeControls()
+{
+    const std::string unitSystem = GetCurrentDisplayUnitSystem();
+    for (const auto& control : m_localizableControls)
+        control->Localize(unitSystem);
+}
+
+void ModulePanelBase::FitAndLayout()
+{
+    const wxSize given = GetSize();
+    if (GetSizer() != nullptr) {
+        GetSizer()->Fit(this);
+        FitInside();
+    }
+    if (GetParent() == nullptr)
+        return;
+    GetParent()->Layout();
+    // A notebook does not lay its pages out anew: a page larger than its place would be cut instead of
+    // scrolling.
+    if (dynamic_cast<wxBookCtrlBase*>(GetParent()) != nullptr)
+        SetSize(given);
+}
+
+void ModulePanelBase::FindStatusBar()
+{
+    for (wxWindow* window = this; window != nullptr; window = window->GetParent()) {
+        auto* frame = dynamic_cast<wxFrame*>(window);
+        if (frame != nullptr && frame->GetStatusBar() != nullptr) {
+            m_statusBar = frame->GetStatusBar();
+            return;
+        }
+    }
+}
+
+wxStatusBar* ModulePanelBase::GetStatusBar()
+{
+    if (!m_statusBar)
+        FindStatusBar();
+    return m_statusBar.get();
+}
+
+std::vector<ModulePanelBase::RangeViolation> ModulePanelBase::GetRangeViolations() const
+{
+    std::vector<RangeViolation> violations;
+    for (const auto& binding : m_transfers.GetBindings()) {
+        const auto* transfer = dynamic_cast<const TransferDetail*>(binding.get());
+        if (transfer != nullptr && transfer->GetDetail()->GetRangeFlag() != 0)
+            violations.push_back({transfer->GetWindow(), transfer->GetDetail()});
+    }
+    return violations;
+}
+
+bool ModulePanelBase::FocusDetail(const std::string& key)
+{
+    for (const auto& binding : m_transfers.GetBindings()) {
+        const auto* transfer = dynamic_cast<const TransferDetail*>(binding.get());
+        if (transfer == nullptr || transfer->GetDetail()->GetName() != key ||
+            transfer->GetWindow() == nullptr || !transfer->GetWindow()->CanAcceptFocus())
+            continue;
+        transfer->GetWindow()->SetFocus();
+        return true;
+    }
+    return false;
+}

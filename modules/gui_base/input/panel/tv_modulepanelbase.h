@@ -1,0 +1,162 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+/// The scrolled panel from which every module's input panel derives. It fixes the life of a panel: controls,
+/// bindings, validators, events, first display; the synchronisation after each committed edit; unit system
+/// and language. A derived panel supplies its parts through the Do... hooks and calls `Create` at the end of
+/// its constructor.
+///
+/// The project is not owned and outlives the panel; the panel owns its bindings. GUI thread only. An
+/// exception of a synchronisation is logged and swallowed, so that the panel stays usable.
+
+#include "gui_base/gui_base_export.h"
+#include "gui_base/input/binding/database_combination.h"
+#include "gui_base/input/binding/transfer_container.h"
+#include "gui_base/input/controls/localizable.h"
+#include "gui_base/input/controls/tv_textctrl.h"
+#include "gui_base/input/events.h"
+#include "projectbase/project/project.h"
+
+#include <wx/panel.h>
+#include <wx/scrolwin.h>
+#include <wx/statusbr.h>
+#include <wx/weakref.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+class GUI_BASE_EXPORT ModulePanelBase : public wxScrolled<wxPanel>
+{
+public:
+    /// `project` may be null; the panel then shows ISO units and recalculates nothing.
+    ModulePanelBase(Project* project, wxWindow* parent, int id = wxID_ANY,
+                    const wxPoint& pos = wxDefaultPosition, const wxSize& size = wxDefaultSize,
+                    long style = wxTAB_TRAVERSAL | wxHSCROLL | wxVSCROLL,
+                    const wxString& name = wxASCII_STR(wxPanelNameStr));
+    ~ModulePanelBase() override;
+
+    virtual void SetStatusBar(wxStatusBar* statusBar);
+    virtual void ShowWhatIf() {}
+
+    void TransferDetailsToWindow() { DoTransferDetailsToWindows(); }
+    void SetTransferDetails() { DoSetTransferDetails(); }
+    void SetValidators() { DoSetValidators(); }
+    void BindEvents();
+    void UpdateValues() { DoUpdateValues(); }
+    void ConnectTvTextCtrlsToStatusbar() { DoConnectTvTextCtrlsToStatusbar(); }
+    void SendVisualizeMessageEvent() { DoSendVisualizeMessageEvent(); }
+    void ResetMessages() { DoResetMessages(); }
+    bool HasWhatIf() { return DoHasWhatIf(); }
+    bool Validate() override;
+
+    /// Finds the status bar, gives it to the control's validator, and synchronises the project when it
+    /// commits.
+    void SetupInputControl(wxTextCtrl* control);
+    /// Stores every input, recalculates and shows everything again, as after a commit; notifies nobody.
+    void SynchronizeProject();
+    void Localize(const std::string& unitSystem);
+    /// Shows everything in the project's unit system; the values too with `transferValues`.
+    void UpdateUnits(bool transferValues);
+    void UpdateProjectStatus() { DoUpdateProjectStatus(); }
+    /// The status bar of the frame around the panel, or null.
+    wxStatusBar* GetStatusBar();
+
+    /// A numeric input outside its limits.
+    struct RangeViolation
+    {
+        wxWindow* window;
+        const DetailData* detail;
+    };
+    /// The violations of the bindings, in the order of the bindings.
+    std::vector<RangeViolation> GetRangeViolations() const;
+    /// Puts the focus into the field bound to that detail; false when there is none that can take it.
+    bool FocusDetail(const std::string& key);
+
+protected:
+    virtual void DoTransferDetailsToWindows();
+    /// The project calculation status that this panel's input belongs to.
+    virtual long GetPanelProjectStatus() = 0;
+    virtual void DoUpdateProjectStatus() {}
+    /// Runs after the project's status was lowered to the panel's.
+    virtual void DoResetPanelStatus() = 0;
+    virtual void DoResetMessages() = 0;
+    virtual void DoCreateControls() = 0;
+    /// Adds the bindings with AddTransfer.
+    virtual void DoSetTransferDetails() = 0;
+    virtual void DoSetValidators() = 0;
+    virtual void DoBindEvents() = 0;
+    virtual void DoPrepare() = 0;
+    virtual void DoUpdateUnits() = 0;
+    virtual void DoLocalize() = 0;
+    /// Recalculates the design through the project.
+    virtual void DoUpdateValues();
+    virtual void DoConnectTvTextCtrlsToStatusbar() = 0;
+    virtual void DoSendVisualizeMessageEvent() = 0;
+    virtual bool DoValidate() { return true; }
+    /// Refreshes the limits of validators, for example with UpdateLimitsFromDetail.
+    virtual void DoUpdateValidators() {}
+    virtual bool DoHasWhatIf() { return false; }
+
+    /// Runs the creation sequence; called once, by the most derived constructor.
+    void Create();
+    /// Destroys all controls and runs the creation sequence again. Never inside a handler of a child: use
+    /// CallAfter.
+    void RecreatePanel();
+
+    void AddTransfer(const TransferDetail& transfer);
+    void AddToDetailContainerWindows(DetailContainerWindow* window);
+    void ClearTransferDetails() { m_transfers.Clear(); }
+    void ClearLocalizableControls() { m_localizableControls.clear(); }
+    template <typename Control>
+    Control* AddLocalizable(Control* control)
+    {
+        m_localizableControls.push_back(MakeLocalizable(control));
+        return control;
+    }
+
+    void BindControlToOnFieldUpdate(DataBaseCombination* combination, wxEventTypeTag<wxCommandEvent> tag);
+    void BindControlToOnFieldUpdate(wxPanel* subPanel, wxEventTypeTag<wxCommandEvent> tag);
+    void BindControlToOnFieldUpdate(wxEventTypeTag<wxCommandEvent> tag, int id, int lastId);
+    void ConnectControlToStatusBar(wxTextCtrl* control);
+    void ConnectControlToStatusBar(DataBaseCombination* combination);
+    /// Takes the detail's limits, in the displayed unit system, into the control's validator and shows the
+    /// field again.
+    void UpdateLimitsFromDetail(TvTextCtrl* control, const DetailData* detail);
+
+    Project* GetProject() const { return m_project; }
+    std::string GetCurrentDisplayUnitSystem() const;
+    wxString GetUnitSystemDisplay() const;
+    long GetProjectStatus() const;
+    bool IsProjectStatusLowerThanPanelStatus();
+    void ResetProjectStatus();
+    wxStatusBar* GetStatusBarUnchecked() const { return m_statusBar.get(); }
+    bool ShowYesNoDialog(const wxString& message, const wxString& caption);
+    void GetTextFieldSize(const wxString& text, int& width, int& height);
+    /// Marks the project as changed and tells the parent.
+    void SendChangeEvent();
+    bool TransferDetailsFromWindow();
+    void SetDefaultScrollRate() { SetScrollRate(1, 1); }
+    void CalculateDesign();
+
+    /// Handler of every committed edit.
+    void OnFieldUpdate(wxCommandEvent& event);
+
+private:
+    void BindBaseEvents();
+    void Prepare();
+    void LocalizeControls();
+    void ShowInUnitSystem(bool transferValues);
+    void FitAndLayout();
+    void FindStatusBar();
+    void OnChangeUnitSystem(wxCommandEvent& event);
+    void OnLocalize(wxCommandEvent& event);
+    void OnChildChanged(wxCommandEvent& event);
+
+    Project* m_project;
+    wxWeakRef<wxStatusBar> m_statusBar;
+    TransferContainer m_transfers;
+    std::vector<std::shared_ptr<LocalizableControl>> m_localizableControls;
+    std::vector<DetailContainerWindow*> m_detailContainerWindows;
+    bool m_baseEventsBound = false;
+};

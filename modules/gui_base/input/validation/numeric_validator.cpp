@@ -1,0 +1,149 @@
+// SPDX-License-Identifier: MIT
+#include "gui_base/input/validation/numeric_validator.h"
+
+#include "gui_base/support/translation.h"
+
+#include <wx/intl.h>
+#include <wx/utils.h>
+
+namespace {
+
+/// Codes of control characters end here; those of navigation and numeric-pad keys begin there.
+constexpr int kFirstPrintable = 32;
+constexpr int kDelete = 127;
+constexpr int kLastCharacter = 300;
+
+enum StatusField
+{
+    kMinField = 0,
+    kMaxField = 1,
+    kValueField = 2
+};
+
+constexpr int kPreciseDigits = 2;
+
+}  // namespace
+
+NumericValidator::NumericValidator(TvTextCtrlFormat format, int flags) : Validator(flags), m_format(format) {}
+
+NumericValidator::NumericValidator(const NumericValidator& other) = default;
+
+NumericValidator& NumericValidator::operator=(const NumericValidator& other)
+{
+    Validator::operator=(other);
+    m_format = other.m_format;
+    m_rangeFlag = other.m_rangeFlag;
+    m_belowMinColour = other.m_belowMinColour;
+    m_aboveMaxColour = other.m_aboveMaxColour;
+    return *this;
+}
+
+numbertext::Separators NumericValidator::LocaleSeparators()
+{
+    numbertext::Separators separators;
+    separators.decimal = wxLocale::GetInfo(wxLOCALE_DECIMAL_POINT, wxLOCALE_CAT_NUMBER).utf8_string();
+    separators.thousands = wxLocale::GetInfo(wxLOCALE_THOUSANDS_SEP, wxLOCALE_CAT_NUMBER).utf8_string();
+    if (separators.decimal.empty())
+        separators.decimal = ".";
+    return separators;
+}
+
+wxString NumericValidator::FormatValueAsString(int extraDigits)
+{
+    if (HasFlag(ZeroAsEmpty) && IsValueZero())
+        return {};
+    return DoFormatValueAsString(extraDigits);
+}
+
+void NumericValidator::DoTransferFromWindow()
+{
+    if (IsControlEmpty())
+        SetValueToUndef();
+    else
+        ConvertStringToValue();
+    CheckLimits();
+    ColourByRange();
+}
+
+void NumericValidator::DoTransferToWindow()
+{
+    if (!IsValueNumeric()) {
+        // An unknown value violates nothing.
+        m_rangeFlag = 0;
+        ColourByRange();
+        SetControlValue(wxString());
+        return;
+    }
+    CheckLimits();
+    ColourByRange();
+    SetControlValue(FormatValueAsString(0));
+}
+
+void NumericValidator::CheckLimits()
+{
+    m_rangeFlag = 0;
+    const bool clamp = HasFlag(ClampToLimits);
+    if ((HasFlag(CheckMin) && IsValueLesserMininum()) ||
+        (HasFlag(CheckMinExclusive) && IsValueLesserOrEqualMininum())) {
+        if (clamp)
+            SetValueToMinimum();
+        else
+            m_rangeFlag = -1;
+    }
+    if ((HasFlag(CheckMax) && IsValueGreaterMaximum()) ||
+        (HasFlag(CheckMaxExclusive) && IsValueGreaterOrEqualMaximum())) {
+        if (clamp)
+            SetValueToMaximum();
+        else
+            m_rangeFlag = 1;
+    }
+}
+
+void NumericValidator::ColourByRange()
+{
+    if (m_rangeFlag < 0)
+        SetControlBackgroundColor(m_belowMinColour);
+    else if (m_rangeFlag > 0)
+        SetControlBackgroundColor(m_aboveMaxColour);
+    else
+        SetControlBackgroundColor(GetDefaultColor());
+}
+
+void NumericValidator::UpdateStatusbar()
+{
+    if (HasFlag(CheckMin) || HasFlag(CheckMinExclusive))
+        SetStatusbarText(i18n::Translated("Min: ") + FormatMinValueAsString(), kMinField);
+    if (HasFlag(CheckMax) || HasFlag(CheckMaxExclusive))
+        SetStatusbarText(i18n::Translated("Max: ") + FormatMaxValueAsString(), kMaxField);
+    if (HasFlag(ShowPreciseValue))
+        SetStatusbarText(i18n::Translated("Value") + ": " + FormatValueAsString(kPreciseDigits), kValueField);
+}
+
+bool NumericValidator::IsAllowedKey(int key) const
+{
+    if (key < kFirstPrintable || key == kDelete || key > kLastCharacter)
+        return true;
+    return (key >= '0' && key <= '9') || key == '.' || key == ',' || key == '+' || key == '-' || key == 'e' ||
+           key == 'E';
+}
+
+wxString NumericValidator::FormatNumber(double value, const numbertext::Style& style)
+{
+    return wxString::FromUTF8(numbertext::Format(value, style, LocaleSeparators()));
+}
+
+wxString NumericValidator::FormatNumber(double value, int precision) const
+{
+    return FormatNumber(value, {.format = m_format,
+                                .precision = precision,
+                                .trimZeros = HasFlag(TrimZeros),
+                                .groupThousands = HasFlag(GroupThousands)});
+}
+
+std::optional<double> NumericValidator::ParseControlValue() const
+{
+    const auto value = numbertext::Parse(GetControlValue().utf8_string(), LocaleSeparators());
+    if (!value && !wxValidator::IsSilent())
+        wxBell();
+    return value;
+}

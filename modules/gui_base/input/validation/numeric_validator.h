@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+/// Validator of a field that shows a number: parses and formats by the user's locale, checks limits, and
+/// either colours the field or puts the value at the limit. The range flag lasts until the next check;
+/// bindings hand it on to the project.
+
+#include "gui_base/core/number_text.h"
+#include "gui_base/input/validation/validator.h"
+
+class GUI_BASE_EXPORT NumericValidator : public Validator
+{
+public:
+    NumericValidator(TvTextCtrlFormat format, int flags);
+    NumericValidator(const NumericValidator& other);
+    NumericValidator& operator=(const NumericValidator& other);
+
+    /// -1 below minimum, 0 in range, +1 above maximum.
+    int GetRangeFlag() const { return m_rangeFlag; }
+    TvTextCtrlFormat GetFormat() const { return m_format; }
+    /// The value as text with `extraDigits` more digits; empty for a zero that is shown as an empty field.
+    wxString FormatValueAsString(int extraDigits);
+    const wxColour& GetBelowMinColour() const { return m_belowMinColour; }
+    const wxColour& GetAboveMaxColour() const { return m_aboveMaxColour; }
+
+    /// Separators of the current locale.
+    static numbertext::Separators LocaleSeparators();
+
+protected:
+    void DoTransferFromWindow() override;
+    void DoTransferToWindow() override;
+    void UpdateStatusbar() override;
+    bool IsAllowedKey(int key) const override;
+
+    virtual void ConvertStringToValue() = 0;
+    virtual wxString DoFormatValueAsString(int extraDigits) = 0;
+    virtual void SetValueToUndef() = 0;
+    virtual bool IsValueNumeric() const = 0;
+    virtual bool IsValueLesserMininum() const = 0;
+    virtual bool IsValueLesserOrEqualMininum() const = 0;
+    virtual void SetValueToMinimum() = 0;
+    virtual bool IsValueGreaterMaximum() const = 0;
+    virtual bool IsValueGreaterOrEqualMaximum() const = 0;
+    virtual void SetValueToMaximum() = 0;
+    virtual bool IsValueZero() const = 0;
+    virtual wxString FormatMinValueAsString() = 0;
+    virtual wxString FormatMaxValueAsString() = 0;
+
+    /// Sets the range flag or the value by the limits; the maximum is checked last and wins.
+    void CheckLimits();
+    /// Formats a number in this validator's notation.
+    wxString FormatNumber(double value, int precision) const;
+    static wxString FormatNumber(double value, const numbertext::Style& style);
+    /// The number that the control's text states in the current locale; rings the bell when it states none.
+    std::optional<double> ParseControlValue() const;
+
+private:
+    void ColourByRange();
+
+    TvTextCtrlFormat m_format;
+    int m_rangeFlag = 0;
+    wxColour m_belowMinColour{128, 192, 255};
+    wxColour m_aboveMaxColour{255, 160, 144};
+};

@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: MIT
+#include "gui_base/support/translation.h"
+
+#include <wx/translation.h>
+
+namespace i18n {
+
+wxString Translated(const wxString& source)
+{
+    // The entry of the empty text is the catalogue's header.
+    if (source.empty())
+        return source;
+    const wxTranslations* catalogue = wxTranslations::Get();
+    const wxString* translation = catalogue != nullptr ? catalogue->GetTranslatedString(source) : nullptr;
+    return translation != nullptr && !translation->empty() ? *translation : source;
+}
+
+wxString Translated(const char* utf8Source)
+{
+    return Translated(wxString::FromUTF8(utf8Source));
+}
+
+}  // namespace i18n

@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+/// Controls keep their texts in the source language and look the translation up whenever they show one, so
+/// that switching the language back and forth never translates a translated text.
+
+#include "gui_base/gui_base_export.h"
+
+#include <wx/string.h>
+
+namespace i18n {
+
+/// Translation of `source` in the default domain, or `source` itself without a catalogue or an entry.
+GUI_BASE_EXPORT wxString Translated(const wxString& source);
+/// The same for a source text that is a UTF-8 literal.
+GUI_BASE_EXPORT wxString Translated(const char* utf8Source);
+
+}  // namespace i18n
