@@ -49,6 +49,40 @@ void OpenLocked(State& state, const std::string& connectionText)
     state.target = std::move(target);
 }
 
+std::optional<std::string> SelectParameter(soci::session& session, const std::string& owner,
+                                           const std::string& key)
+{
+    std::string value;
+    session << "SELECT value FROM tarnvik_user_parameter WHERE name = :name AND owner IN (:owner, '') "
+               "ORDER BY owner DESC LIMIT 1",
+        soci::use(key), soci::use(owner), soci::into(value);
+    return session.got_data() ? std::optional(value) : std::nullopt;
+}
+
+void UpsertParameter(soci::session& session, const std::string& owner, const std::string& key,
+                     const std::string& value)
+{
+    session << "INSERT INTO tarnvik_user_parameter (owner, name, value) VALUES (:owner, :name, :value) "
+               "ON CONFLICT (owner, name) DO UPDATE SET value = excluded.value",
+        soci::use(owner), soci::use(key), soci::use(value);
+}
+
+/// Runs `query(session)` on the default file, which is open only meanwhile.
+template <typename Query>
+auto RunLocally(const char* method, Query query)
+{
+    State& state = GetState();
+    const std::lock_guard lock(state.mutex);
+    try {
+        const ConnectionTarget target = ParseConnectionText({});
+        const auto session = Connect(target, state.busyTimeout);
+        EnsureUserSchema(*session, target.backend);
+        return query(*session);
+    } catch (const std::exception& error) {
+        throw Classify(error, fmt::format("ProjectDatabase::{}", method));
+    }
+}
+
 /// Runs `query(session, owner)` under the lock, opening the default database if none is open. A server that
 /// dropped the connection is asked once more: every query here gives the same result when it runs twice.
 template <typename Query>
@@ -98,6 +132,11 @@ void ProjectDatabase::Open(const std::string& connectionText)
     }
 }
 
+void ProjectDatabase::OpenConfigured()
+{
+    Open(GetLocalParameter("/Settings/database.connection"));
+}
+
 void ProjectDatabase::Close()
 {
     State& state = GetState();
@@ -140,9 +179,7 @@ bool ProjectDatabase::GetUserParameter(const std::string& key, bool defaultValue
 void ProjectDatabase::SetUserParameter(const std::string& key, const std::string& value)
 {
     Run("SetUserParameter", [&](soci::session& session, const std::string& owner) {
-        session << "INSERT INTO tarnvik_user_parameter (owner, name, value) VALUES (:owner, :name, :value) "
-                   "ON CONFLICT (owner, name) DO UPDATE SET value = excluded.value",
-            soci::use(owner), soci::use(key), soci::use(value);
+        UpsertParameter(session, owner, key, value);
     });
 }
 
@@ -154,6 +191,19 @@ void ProjectDatabase::SetUserParameter(const std::string& key, const char* value
 void ProjectDatabase::SetUserParameter(const std::string& key, bool value)
 {
     SetUserParameter(key, std::string(value ? "true" : "false"));
+}
+
+std::string ProjectDatabase::GetLocalParameter(const std::string& key, const std::string& defaultValue)
+{
+    return RunLocally("GetLocalParameter", [&](soci::session& session) {
+        return SelectParameter(session, {}, key).value_or(defaultValue);
+    });
+}
+
+void ProjectDatabase::SetLocalParameter(const std::string& key, const std::string& value)
+{
+    RunLocally("SetLocalParameter",
+               [&](soci::session& session) { UpsertParameter(session, {}, key, value); });
 }
 
 void ProjectDatabase::RemoveUserParameter(const std::string& key)

@@ -22,6 +22,8 @@ public:
     /// empty text means the default file. Missing tables are created, older ones migrated. When this fails,
     /// the database that was open stays open.
     static void Open(const std::string& connectionText);
+    /// Opens the database that the local parameter "/Settings/database.connection" names.
+    static void OpenConfigured();
     static void Close();
     static bool IsOpen();
 
@@ -40,6 +42,10 @@ public:
     static void SetUserParameter(const std::string& key, const std::string& value);
     static void SetUserParameter(const std::string& key, const char* value);
     static void SetUserParameter(const std::string& key, bool value);
+    /// Parameters that stay on this machine, whichever database is open: they are kept in the default file.
+    static std::string GetLocalParameter(const std::string& key, const std::string& defaultValue = {});
+    static void SetLocalParameter(const std::string& key, const std::string& value);
+
     /// Removes a parameter of this user; nothing happens when there is none.
     static void RemoveUserParameter(const std::string& key);
 };
