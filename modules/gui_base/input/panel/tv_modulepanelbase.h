@@ -159,4 +159,6 @@ private:
     std::vector<std::shared_ptr<LocalizableControl>> m_localizableControls;
     std::vector<DetailContainerWindow*> m_detailContainerWindows;
     bool m_baseEventsBound = false;
+    /// The event that OnFieldUpdate answered last, while it still travels; only compared, never read.
+    const wxEvent* m_answeredEvent = nullptr;
 };

@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: MIT
+#include "projectbase/water/carbonic_acid.h"
+
+#include "projectbase/water/water_properties.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+namespace water {
+
+namespace {
+
+constexpr double kUnknown = std::numeric_limits<double>::quiet_NaN();
+
+double LogActivity(double celsius, double ionicStrength)
+{
+    return LogActivityOfUnitCharge(ionicStrength, DebyeHueckelA(celsius));
+}
+
+}  // namespace
+
+CarbonicConstants CarbonicConstantsAt(double celsius)
+{
+    if (!IsLiquid(celsius))
+        return {kUnknown, kUnknown, kUnknown};
+    const double kelvin = celsius + kZeroCelsius;
+    const double inverse = 1.0 / kelvin;
+    const double logT = std::log10(kelvin);
+    return {
+        .pK1 = 356.3094 + 0.06091964 * kelvin - 21834.37 * inverse - 126.8339 * logT +
+               1684915.0 * inverse * inverse,
+        .pK2 = 107.8871 + 0.03252849 * kelvin - 5151.79 * inverse - 38.92561 * logT +
+               563713.9 * inverse * inverse,
+        .pKH = -108.3865 - 0.01985076 * kelvin + 6919.53 * inverse + 40.45154 * logT -
+               669365.0 * inverse * inverse,
+    };
+}
+
+Dissociation DissociationFromPh(double pH, double celsius, double ionicStrength)
+{
+    const double logGamma = LogActivity(celsius, ionicStrength);
+    return {.hydrogen = 1e3 * std::pow(10.0, -pH - logGamma),
+            .hydroxide = 1e3 * std::pow(10.0, pH - IonicProductExponent(celsius) - logGamma)};
+}
+
+CarbonicEquilibrium::CarbonicEquilibrium(double pH, double celsius, double ionicStrength)
+    : m_water(DissociationFromPh(pH, celsius, ionicStrength))
+{
+    const auto constants = CarbonicConstantsAt(celsius);
+    const double logGamma = LogActivity(celsius, ionicStrength);
+    m_co2 = std::pow(10.0, constants.pK1 - pH + logGamma);
+    m_carbonate = std::pow(10.0, pH - constants.pK2 - 3.0 * logGamma);
+}
+
+double CarbonicEquilibrium::BicarbonateFromAlkalinity(double alkalinity) const
+{
+    const double carbonic = alkalinity - m_water.hydroxide + m_water.hydrogen;
+    if (std::isnan(carbonic))
+        return kUnknown;
+    return std::max(0.0, carbonic) / (1.0 + 2.0 * m_carbonate);
+}
+
+double CarbonicEquilibrium::BicarbonateFromTotal(double totalInorganicCarbon) const
+{
+    return totalInorganicCarbon / (1.0 + m_co2 + m_carbonate);
+}
+
+double PhFromCo2(double co2, double bicarbonate, double celsius, double ionicStrength)
+{
+    if (!(co2 > 0.0) || !(bicarbonate > 0.0))
+        return kUnknown;
+    return CarbonicConstantsAt(celsius).pK1 + LogActivity(celsius, ionicStrength) +
+           std::log10(bicarbonate / co2);
+}
+
+}  // namespace water

@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+/// Carbonic acid, bicarbonate and carbonate in water, and H+ and OH- from the pH. Concentrations in mmol/l,
+/// ionic strength in mol/l, temperature in °C. The pH is the negative logarithm of the activity of H+. A
+/// result that does not follow from its arguments (no pH, a temperature outside 0-100 °C) is not a number.
+
+#include "projectbase/projectbase_export.h"
+
+namespace water {
+
+/// Negative decadic logarithms of the constants. Plummer & Busenberg 1982, Geochim. Cosmochim. Acta 46:1011;
+/// 0-90 °C (extrapolated to 100 °C).
+struct CarbonicConstants
+{
+    double pK1 = 0.0;  ///< CO2 + H2O = H+ + HCO3-
+    double pK2 = 0.0;  ///< HCO3- = H+ + CO3 2-
+    double pKH = 0.0;  ///< solubility of CO2, mol/(kg atm)
+};
+PROJECTBASE_EXPORT CarbonicConstants CarbonicConstantsAt(double celsius);
+
+struct Dissociation
+{
+    double hydrogen = 0.0;   ///< H+, mmol/l
+    double hydroxide = 0.0;  ///< OH-, mmol/l
+};
+/// [H+] = 10^-pH/γ and [OH-] = Kw/(10^-pH γ).
+PROJECTBASE_EXPORT Dissociation DissociationFromPh(double pH, double celsius, double ionicStrength);
+
+/// The acid's forms at one pH, temperature and ionic strength, relative to bicarbonate.
+class PROJECTBASE_EXPORT CarbonicEquilibrium
+{
+public:
+    CarbonicEquilibrium(double pH, double celsius, double ionicStrength);
+
+    double Co2FromBicarbonate(double bicarbonate) const { return bicarbonate * m_co2; }
+    double CarbonateFromBicarbonate(double bicarbonate) const { return bicarbonate * m_carbonate; }
+    double BicarbonateFromCo2(double co2) const { return co2 / m_co2; }
+    /// From the m-value in meq/l; what H+ and OH- contribute to it is taken off. 0 in a water that is too
+    /// acid for bicarbonate.
+    double BicarbonateFromAlkalinity(double alkalinity) const;
+    /// From the sum of CO2, HCO3 and CO3.
+    double BicarbonateFromTotal(double totalInorganicCarbon) const;
+
+private:
+    double m_co2;        // [CO2]/[HCO3]
+    double m_carbonate;  // [CO3]/[HCO3]
+    Dissociation m_water;
+};
+
+/// The pH at which `co2` and `bicarbonate` are in equilibrium; not a number where one of them is not
+/// positive.
+PROJECTBASE_EXPORT double PhFromCo2(double co2, double bicarbonate, double celsius, double ionicStrength);
+
+}  // namespace water

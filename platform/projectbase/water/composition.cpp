@@ -1,0 +1,79 @@
+// SPDX-License-Identifier: MIT
+#include "projectbase/water/composition.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace water {
+
+std::optional<Species> SpeciesOfKey(std::string_view key)
+{
+    const auto found = std::ranges::find(kSpeciesKeys, key);
+    if (found == kSpeciesKeys.end())
+        return std::nullopt;
+    return static_cast<Species>(found - kSpeciesKeys.begin());
+}
+
+double IonicStrength(const Composition& composition)
+{
+    double sum = 0.0;
+    for (std::size_t i = 0; i < kSpeciesCount; ++i)
+        sum += composition.amounts[i] * kCharges[i] * kCharges[i];
+    return 0.5e-3 * sum;
+}
+
+ChargeSums SumCharges(const Composition& composition)
+{
+    ChargeSums sums;
+    for (std::size_t i = 0; i < kSpeciesCount; ++i)
+        (kCharges[i] > 0 ? sums.cations : sums.anions) += composition.amounts[i] * std::abs(kCharges[i]);
+    return sums;
+}
+
+double ElectroneutralityError(const ChargeSums& sums)
+{
+    const double total = sums.cations + sums.anions;
+    return total == 0.0 ? 0.0 : 100.0 * (sums.cations - sums.anions) / total;
+}
+
+bool IsBalanceAcceptable(const ChargeSums& sums)
+{
+    if (sums.anions <= 3.0)
+        return std::abs(sums.cations - sums.anions) <= 0.2;
+    return std::abs(ElectroneutralityError(sums)) <= (sums.anions <= 10.0 ? 2.0 : 5.0);
+}
+
+double TotalHardness(const Composition& composition)
+{
+    return composition[Species::Ca] + composition[Species::Mg];
+}
+
+double CarbonateHardness(const Composition& composition)
+{
+    return std::min(TotalHardness(composition), 0.5 * std::max(0.0, AlkalinityM(composition)));
+}
+
+double AlkalinityM(const Composition& composition)
+{
+    return composition[Species::Hco3] + 2.0 * composition[Species::Co3] + composition[Species::Oh] -
+           composition[Species::H];
+}
+
+double AlkalinityP(const Composition& composition)
+{
+    return composition[Species::Co3] + composition[Species::Oh] - composition[Species::Co2] -
+           composition[Species::H];
+}
+
+double EquivalentMineralAcidity(const Composition& composition)
+{
+    return composition[Species::Cl] + 2.0 * composition[Species::So4] + composition[Species::No3] +
+           composition[Species::F] + composition[Species::Br];
+}
+
+double DryResidue(double sumOfConstituents, double bicarbonate)
+{
+    return sumOfConstituents - (1.0 - 0.4917) * bicarbonate;
+}
+
+}  // namespace water

@@ -1,0 +1,153 @@
+// SPDX-License-Identifier: MIT
+#include "projectbase/water/conductivity.h"
+
+#include "projectbase/water/water_properties.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <numbers>
+#include <numeric>
+
+namespace water {
+
+namespace {
+
+constexpr double kUnknown = std::numeric_limits<double>::quiet_NaN();
+
+/// Limiting conductance of a species: the equivalent one at 25 °C (S cm²/eq), and the shape a t² + b t + c of
+/// its change with temperature, all zero where only that of the viscosity is known.
+struct Conductance
+{
+    double at25;
+    double a, b, c;
+
+    double At(double celsius, double fluidity) const
+    {
+        if (c == 0.0)
+            return at25 * fluidity;
+        const auto shape = [this](double t) { return (a * t + b) * t + c; };
+        return at25 * shape(celsius) / shape(25.0);
+    }
+};
+
+// In the order of Species. Phosphate and arsenic: the figures of the ion table.
+constexpr std::array<Conductance, kSpeciesCount> kIons{{
+    {50.10, 0.003763, 0.8770, 26.23},
+    {59.50, 0.009645, 1.984, 62.28},
+    {53.05, 0.01068, 1.695, 57.16},
+    {73.50, 0.003046, 1.261, 40.70},
+    {59.45, 0.006649, 2.069, 61.63},
+    {63.9, 0.01059, 2.090, 68.10},
+    {73.5, 0.003341, 1.285, 39.04},
+    {54.0, 0.009939, 1.878, 54.80},
+    {53.5, 0.01275, 2.109, 46.19},
+    {63.0, 0.02376, 3.227, 90.24},
+    {349.8, -0.01414, 5.355, 224.2},
+    {76.35, 0.003817, 1.337, 40.99},
+    {80.0, 0.01037, 2.838, 82.37},
+    {69.3, -0.000326, 2.998, 64.03},
+    {44.5, 0.000614, 0.9048, 21.14},
+    {71.46, 0.001925, 1.214, 39.90},
+    {55.4, 0.002764, 1.087, 26.66},
+    {69.0, 0.0, 0.0, 0.0},
+    {78.1, 0.000709, 1.477, 40.91},
+    {34.0, 0.0, 0.0, 0.0},
+    {34.0, 0.0, 0.0, 0.0},
+    {198.3, 0.003396, 2.925, 121.3},
+    {0.0, 0.0, 0.0, 0.0},
+    {0.0, 0.0, 0.0, 0.0},
+    {0.0, 0.0, 0.0, 0.0},
+}};
+
+// In the order of IonPair; those of the carbonate pairs are estimates.
+constexpr std::array<Conductance, kIonPairCount> kPairs{{
+    {0.0, 0.0, 0.0, 0.0},
+    {0.0, 0.0, 0.0, 0.0},
+    {30.0, 0.002309, 5.459, 219.2},
+    {36.0, -0.002439, 4.253, 129.7},
+    {52.0, 0.000927, 0.8337, 29.56},
+    {20.0, 0.0, 0.0, 0.0},
+    {0.0, 0.0, 0.0, 0.0},
+    {20.0, 0.0, 0.0, 0.0},
+    {0.0, 0.0, 0.0, 0.0},
+    {20.0, 0.00336, 3.845, 89.51},
+}};
+
+/// By how much the other ions slow one of charge |z| down: γ to the power of Appelo's rule, γ by Davies with
+/// his first constant, 0.2.
+class Attenuation
+{
+public:
+    Attenuation(double ionicStrength, double debyeHueckelA)
+    {
+        const double root = std::sqrt(ionicStrength);
+        const double log = -debyeHueckelA * (root / (1.0 + root) - 0.2 * ionicStrength);
+        for (std::size_t z = 1; z < m_factors.size(); ++z) {
+            const auto charge = static_cast<double>(z);
+            const double power = ionicStrength < 0.36 * charge ? 0.6 / std::sqrt(charge) : root / charge;
+            m_factors[z] = std::pow(10.0, std::min(log, 0.0) * charge * charge * power);
+        }
+    }
+    double For(int charge) const { return m_factors[static_cast<std::size_t>(std::abs(charge))]; }
+
+private:
+    std::array<double, 4> m_factors{};
+};
+
+bool IsWithin(const Speciation& speciation, double maxStrength)
+{
+    return speciation.converged && speciation.ionicStrength <= maxStrength;
+}
+
+}  // namespace
+
+double Conductivity(const Speciation& speciation, double celsius)
+{
+    if (!IsWithin(speciation, kMaxConductivityStrength) || !IsLiquid(celsius))
+        return kUnknown;
+    const Attenuation attenuation(speciation.ionicStrength, DebyeHueckelA(celsius));
+    const double fluidity = Viscosity(25.0) / Viscosity(celsius);
+
+    double sum = 0.0;  // mol/l × S cm²/mol
+    const auto add = [&](double amount, int charge, const Conductance& conductance) {
+        if (amount > 0.0 && charge != 0)
+            sum += amount * std::abs(charge) * conductance.At(celsius, fluidity) * attenuation.For(charge);
+    };
+    for (std::size_t i = 0; i < kSpeciesCount; ++i)
+        add(speciation.free[i], kCharges[i], kIons[i]);
+    for (std::size_t p = 0; p < kIonPairCount; ++p)
+        add(speciation.pairs[p], kPairCharges[p], kPairs[p]);
+    return 1e3 * sum;
+}
+
+double Conductivity(const Composition& composition, double celsius)
+{
+    return Conductivity(Speciate(composition, celsius), celsius);
+}
+
+double OsmoticPressure(const Speciation& speciation, double celsius)
+{
+    if (!IsWithin(speciation, kMaxOsmoticStrength) || !IsLiquid(celsius))
+        return kUnknown;
+    const double density = Density(celsius);
+    const double perKilogram = 1000.0 / density;  // litres of water
+    const double dissolved =
+        std::accumulate(speciation.pairs.begin(), speciation.pairs.end(),
+                        std::accumulate(speciation.free.begin(), speciation.free.end(), 0.0)) *
+        perKilogram;
+
+    constexpr double kFitted = 0.13;
+    const double strength = speciation.ionicStrength * perKilogram;
+    const double x = 1.0 + std::sqrt(strength);
+    const double attraction = DebyeHueckelA(celsius) * std::numbers::ln10 *
+                              (2.0 * (x - 2.0 * std::log(x) - 1.0 / x) - kFitted * strength * strength);
+    return 1e-5 * kGasConstant * (celsius + kZeroCelsius) * density * (dissolved - attraction);
+}
+
+double OsmoticPressure(const Composition& composition, double celsius)
+{
+    return OsmoticPressure(Speciate(composition, celsius), celsius);
+}
+
+}  // namespace water

@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: MIT
+#include "projectbase/water/normalization.h"
+
+#include "gui_base/core/ion_normalization.h"
+#include "gui_base/core/ion_table.h"
+#include "gui_base/core/ion_units.h"
+#include "projectbase/units/temperature.h"
+#include "projectbase/water/ion_rows.h"
+
+#include <limits>
+
+namespace water {
+
+namespace {
+
+constexpr double kUnknown = std::numeric_limits<double>::quiet_NaN();
+
+void NormalizeRow(DetailList& liquid, const IonRow& row, bool checkName)
+{
+    DetailData& orig = liquid.At(row.orig);
+    const std::string unit = liquid.At(row.unit).GetStdStringValue();
+    const std::string name =
+        checkName || row.isNamed ? liquid.At(row.name).GetStdStringValue() : std::string();
+    DetailData& meql = liquid.At(row.meql);
+    DetailData& mgl = liquid.At(row.mgl);
+
+    const auto result = ions::Normalize({row.ion, orig.GetDoubleValue(), unit, name, checkName});
+    orig.SetValue(result.typed);
+    meql.SetValue(result.meqPerLitre);
+    mgl.SetValue(result.mgPerLitre);
+}
+
+void NormalizeTemperature(DetailList& liquid)
+{
+    const double typed = liquid.At("liquid/temp.orig").GetDoubleValue();
+    const std::string text = liquid.At("liquid/temp.unit").GetStdStringValue();
+    const auto unit = text.empty() ? TemperatureUnit::Celsius : Temperature::UnitFromText(text);
+    liquid.At("liquid/temp")
+        .SetValue(unit ? Temperature(typed, *unit).In(TemperatureUnit::Celsius) : kUnknown);
+}
+
+void NormalizeTypedCo2(DetailList& liquid)
+{
+    const double typed = liquid.At("liquid/co2.orig").GetDoubleValue();
+    const std::string unit = liquid.At("liquid/co2.unit").GetStdStringValue();
+    const double weight = ions::FindIon("co2")->equivalentWeight;
+    liquid.At("liquid/co2.mgl").SetValue(ions::ToMgPerLitre(typed, unit, weight));
+}
+
+}  // namespace
+
+void NormalizeIon(DetailList& liquid, std::string_view ion, bool checkName)
+{
+    if (const IonRow* row = FindIonRow(ion))
+        NormalizeRow(liquid, *row, checkName);
+    else
+        NormalizeRow(liquid, MakeIonRow(ion), checkName);
+}
+
+void NormalizeEveryIon(DetailList& liquid)
+{
+    if (!liquid.At("liquid/balance.ph").GetBoolValue())
+        ResetHydrogenAndHydroxide(liquid);
+    for (const IonRow& row : IonRows())
+        NormalizeRow(liquid, row, row.isNamed);
+    NormalizeTemperature(liquid);
+    if (!liquid.At("liquid/calculate.co2").GetBoolValue())
+        NormalizeTypedCo2(liquid);
+}
+
+}  // namespace water

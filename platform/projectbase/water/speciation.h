@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+/// How the ions of a water share themselves between free ions and ion pairs.
+///
+/// Pairs: CaSO4, MgSO4, NaSO4-, KSO4-, HSO4- (Nordstrom et al. 1990, ACS Symp. Ser. 416:398), CaHCO3+, CaCO3
+/// (Plummer & Busenberg 1982), MgHCO3+, MgCO3, NaCO3- (WATEQ4F, Ball & Nordstrom 1991); association constants
+/// at other temperatures by van 't Hoff. Activity coefficients by Davies; 0-100 °C, ionic strength up to
+/// about 1 mol/l.
+
+#include "projectbase/projectbase_export.h"
+#include "projectbase/water/composition.h"
+
+#include <array>
+#include <cstdint>
+
+namespace water {
+
+enum class IonPair : std::uint8_t
+{
+    CaSo4,
+    MgSo4,
+    NaSo4,
+    KSo4,
+    HSo4,
+    CaHco3,
+    CaCo3,
+    MgHco3,
+    MgCo3,
+    NaCo3
+};
+
+inline constexpr std::size_t kIonPairCount = 10;
+inline constexpr std::array<int, kIonPairCount> kPairCharges{0, 0, -1, -1, -1, 1, 0, 1, 0, -1};
+
+struct Speciation
+{
+    std::array<double, kSpeciesCount> free{};   ///< mol/l
+    std::array<double, kIonPairCount> pairs{};  ///< mol/l
+    double ionicStrength = 0.0;                 ///< effective, mol/l: of the free ions and the charged pairs
+    bool converged = false;  ///< false also for a temperature at which there is no liquid water
+
+    double FreeIon(Species species) const { return free[static_cast<std::size_t>(species)]; }
+    double Pair(IonPair pair) const { return pairs[static_cast<std::size_t>(pair)]; }
+};
+
+/// Solves mass balances and mass-action laws by a fixed point of at most 200 passes.
+PROJECTBASE_EXPORT Speciation Speciate(const Composition& composition, double celsius);
+
+}  // namespace water
