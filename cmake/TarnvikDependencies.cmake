@@ -21,6 +21,8 @@ find_package(PkgConfig REQUIRED)
 find_package(Gettext REQUIRED)
 pkg_check_modules(gtk3 REQUIRED IMPORTED_TARGET GLOBAL gtk+-3.0)
 
+pkg_check_modules(libpq REQUIRED IMPORTED_TARGET GLOBAL libpq)
+
 # The database layer comes without package files of its own.
 foreach(part core sqlite3 postgresql)
   if(NOT TARGET soci::${part})
@@ -29,3 +31,4 @@ foreach(part core sqlite3 postgresql)
     target_link_libraries(soci::${part} INTERFACE "${SOCI_${part}_LIBRARY}")
   endif()
 endforeach()
+target_link_libraries(soci::postgresql INTERFACE PkgConfig::libpq)

@@ -20,7 +20,8 @@ import tempfile
 from pathlib import Path
 
 APPLICATION_ID = 0x54564D44  # "TVMD"
-SCHEMA_VERSION = 1
+SCHEMA_VERSION = 2
+ROLES = {"input", "derived"}
 TYPES = {"double", "long", "bool", "date", "string"}
 # Which rows of ions.csv a placeholder in a detail's key stands for.
 KEY_PLACEHOLDERS = {
@@ -30,8 +31,9 @@ KEY_PLACEHOLDERS = {
 }
 
 SCHEMA = """
-CREATE TABLE detail (grp TEXT NOT NULL, variant TEXT NOT NULL, name TEXT NOT NULL, type TEXT NOT NULL,
-    unit TEXT NOT NULL, min_value REAL, max_value REAL, limit_unit TEXT NOT NULL, default_value TEXT NOT NULL,
+CREATE TABLE detail (grp TEXT NOT NULL, variant TEXT NOT NULL, name TEXT NOT NULL, derived INTEGER NOT NULL,
+    type TEXT NOT NULL, unit TEXT NOT NULL, min_value REAL, max_value REAL, limit_unit TEXT NOT NULL,
+    default_value TEXT NOT NULL,
     PRIMARY KEY (grp, variant, name)) WITHOUT ROWID;
 CREATE TABLE ion (id INTEGER PRIMARY KEY, name TEXT NOT NULL UNIQUE, symbol TEXT NOT NULL, label TEXT NOT NULL,
     charge INTEGER NOT NULL, kind TEXT NOT NULL);
@@ -88,19 +90,21 @@ def expand_key(key, ions):
 
 
 def fill_details(db, csv_dir, ions):
-    columns = ("group", "variant", "key", "type", "unit", "min", "max", "limit_unit", "default")
+    columns = ("group", "variant", "key", "role", "type", "unit", "min", "max", "limit_unit", "default")
     for where, row in read_csv(csv_dir / "details.csv", columns):
         if row["type"] not in TYPES:
             sys.exit(f"{where}: unknown type '{row['type']}'")
+        if row["role"] not in ROLES:
+            sys.exit(f"{where}: unknown role '{row['role']}'")
         low, high = number(row["min"], where), number(row["max"], where)
         if low is not None and high is not None and low > high:
             sys.exit(f"{where}: the minimum lies above the maximum")
         check_default(row["type"], row["default"], where)
         for key in expand_key(row["key"], ions):
             try:
-                db.execute("INSERT INTO detail VALUES (?,?,?,?,?,?,?,?,?)",
-                           (row["group"], row["variant"], key, row["type"], row["unit"], low, high,
-                            row["limit_unit"], row["default"]))
+                db.execute("INSERT INTO detail VALUES (?,?,?,?,?,?,?,?,?,?)",
+                           (row["group"], row["variant"], key, row["role"] == "derived", row["type"], row["unit"],
+                            low, high, row["limit_unit"], row["default"]))
             except sqlite3.IntegrityError:
                 sys.exit(f"{where}: '{key}' is there already")
 

@@ -13,8 +13,9 @@ namespace DBObjects {
 struct DetailDefinition
 {
     std::string name;
-    std::string type;  ///< "double", "long", "bool", "date" or "string"
-    std::string unit;  ///< ISO unit
+    bool derived = false;  ///< computed by the project from other details
+    std::string type;      ///< "double", "long", "bool", "date" or "string"
+    std::string unit;      ///< ISO unit
     std::optional<double> min;
     std::optional<double> max;
     std::string limitUnit;

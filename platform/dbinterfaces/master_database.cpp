@@ -14,7 +14,7 @@
 namespace {
 
 constexpr int kApplicationId = 0x54564D44;  // "TVMD", as the build script writes it
-constexpr int kSchemaVersion = 1;
+constexpr int kSchemaVersion = 2;
 
 struct State
 {
@@ -128,19 +128,21 @@ std::vector<DBObjects::DetailDefinition> MasterDatabase::GetDetailDefinitions(co
     return Run("GetDetailDefinitions", [&](soci::session& session) {
         std::vector<DBObjects::DetailDefinition> definitions;
         DBObjects::DetailDefinition row;
+        int derived = 0;
         double min = 0.0;
         double max = 0.0;
         soci::indicator minKnown = soci::i_null;
         soci::indicator maxKnown = soci::i_null;
         soci::statement statement =
-            (session.prepare
-                 << "SELECT name, type, unit, min_value, max_value, limit_unit, default_value FROM detail "
-                    "WHERE grp = :grp AND variant = :variant ORDER BY name",
-             soci::use(group), soci::use(variant), soci::into(row.name), soci::into(row.type),
-             soci::into(row.unit), soci::into(min, minKnown), soci::into(max, maxKnown),
+            (session.prepare << "SELECT name, derived, type, unit, min_value, max_value, limit_unit, "
+                                "default_value FROM detail "
+                                "WHERE grp = :grp AND variant = :variant ORDER BY name",
+             soci::use(group), soci::use(variant), soci::into(row.name), soci::into(derived),
+             soci::into(row.type), soci::into(row.unit), soci::into(min, minKnown), soci::into(max, maxKnown),
              soci::into(row.limitUnit), soci::into(row.defaultValue));
         statement.execute();
         while (statement.fetch()) {
+            row.derived = derived != 0;
             row.min = Optional(min, minKnown);
             row.max = Optional(max, maxKnown);
             definitions.push_back(row);

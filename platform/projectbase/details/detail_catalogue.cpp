@@ -19,6 +19,7 @@ DetailData FromDefinition(const DBObjects::DetailDefinition& definition)
         throw std::runtime_error("CatalogueGroup: '" + definition.name + "' has the unknown type '" +
                                  definition.type + "'");
     DetailData detail(definition.name, *type, definition.unit);
+    detail.SetDerived(definition.derived);
     detail.SetLimits(definition.min, definition.max, definition.limitUnit);
     const bool keepEmpty = definition.defaultValue.empty() && *type != DetailType::Double;
     if (!keepEmpty && !detail.SetValueFromString(wxString::FromUTF8(definition.defaultValue))) {

@@ -9,6 +9,7 @@
 #include <cstdint>
 #include <cstdlib>
 #include <limits>
+#include <stdexcept>
 
 namespace {
 
@@ -55,18 +56,32 @@ long TruncateToLong(double value)
 
 std::optional<DetailType> DetailTypeFromName(const std::string& name)
 {
-    for (std::size_t i = 0; i < kTypeNames.size(); ++i)
-    {
+    for (std::size_t i = 0; i < kTypeNames.size(); ++i) {
         if (kTypeNames[i] == name)
             return static_cast<DetailType>(i);
     }
     return std::nullopt;
 }
 
+bool SameDetailValue(const DetailData::Value& a, const DetailData::Value& b)
+{
+    if (a.index() != b.index())
+        return false;
+    if (const double* number = std::get_if<double>(&a)) {
+        const double other = std::get<double>(b);
+        return std::bit_cast<std::uint64_t>(*number) == std::bit_cast<std::uint64_t>(other) ||
+               (std::isnan(*number) && std::isnan(other));
+    }
+    if (const auto* date = std::get_if<wxDateTime>(&a)) {
+        const auto& other = std::get<wxDateTime>(b);
+        return date->IsValid() == other.IsValid() && (!date->IsValid() || *date == other);
+    }
+    return a == b;
+}
+
 DetailData::Value DetailData::EmptyValue(DetailType type)
 {
-    switch (type)
-    {
+    switch (type) {
         case DetailType::Double:
             return 0.0;
         case DetailType::Long:
@@ -83,23 +98,23 @@ DetailData::Value DetailData::EmptyValue(DetailType type)
 
 DetailData::DetailData(std::string name, DetailType type, std::string unit)
     : m_name(std::move(name)), m_type(type), m_unit(std::move(unit)), m_value(EmptyValue(type))
-{
-}
+{}
 
-const std::string& DetailData::GetTypeName() const { return kTypeNames[static_cast<std::size_t>(m_type)]; }
+const std::string& DetailData::GetTypeName() const
+{
+    return kTypeNames[static_cast<std::size_t>(m_type)];
+}
 
 double DetailData::GetDoubleValue() const
 {
-    switch (m_type)
-    {
+    switch (m_type) {
         case DetailType::Double:
             return std::get<double>(m_value);
         case DetailType::Long:
             return static_cast<double>(std::get<long>(m_value));
         case DetailType::Bool:
             return std::get<bool>(m_value) ? 1.0 : 0.0;
-        case DetailType::String:
-        {
+        case DetailType::String: {
             double value = 0.0;
             return ParseDouble(std::get<wxString>(m_value), value) ? value : 0.0;
         }
@@ -129,8 +144,7 @@ wxDateTime DetailData::GetDateValue() const
     if (m_type == DetailType::Date)
         return std::get<wxDateTime>(m_value);
     wxDateTime date;
-    if (m_type == DetailType::String)
-    {
+    if (m_type == DetailType::String) {
         const wxString& text = std::get<wxString>(m_value);
         if (!date.ParseISOCombined(text) && !date.ParseISODate(text))
             return {};
@@ -143,14 +157,15 @@ wxString DetailData::GetStringValue() const
     return m_type == DetailType::String ? std::get<wxString>(m_value) : GetValueAsString();
 }
 
-std::string DetailData::GetStdStringValue() const { return GetStringValue().utf8_string(); }
+std::string DetailData::GetStdStringValue() const
+{
+    return GetStringValue().utf8_string();
+}
 
 wxString DetailData::GetValueAsString() const
 {
-    switch (m_type)
-    {
-        case DetailType::Double:
-        {
+    switch (m_type) {
+        case DetailType::Double: {
             const double value = std::get<double>(m_value);
             return std::isnan(value) ? wxString() : wxString::FromAscii(FormatScientific(value).c_str());
         }
@@ -158,8 +173,7 @@ wxString DetailData::GetValueAsString() const
             return wxString::FromAscii(std::to_string(std::get<long>(m_value)).c_str());
         case DetailType::Bool:
             return std::get<bool>(m_value) ? wxString("true") : wxString("false");
-        case DetailType::Date:
-        {
+        case DetailType::Date: {
             const wxDateTime& date = std::get<wxDateTime>(m_value);
             return date.IsValid() ? date.FormatISOCombined() : wxString();
         }
@@ -171,8 +185,7 @@ wxString DetailData::GetValueAsString() const
 
 void DetailData::SetValue(double value)
 {
-    switch (m_type)
-    {
+    switch (m_type) {
         case DetailType::Double:
             m_value = value;
             break;
@@ -226,10 +239,8 @@ void DetailData::SetValue(const wxString& value)
 
 bool DetailData::SetValueFromString(const wxString& text)
 {
-    switch (m_type)
-    {
-        case DetailType::Double:
-        {
+    switch (m_type) {
+        case DetailType::Double: {
             double value = 0.0;
             if (text.empty())
                 m_value = kUnknown;
@@ -239,8 +250,7 @@ bool DetailData::SetValueFromString(const wxString& text)
                 return false;
             return true;
         }
-        case DetailType::Long:
-        {
+        case DetailType::Long: {
             wxLongLong_t value = 0;
             double asDouble = 0.0;
             if (text.ToLongLong(&value))
@@ -251,16 +261,14 @@ bool DetailData::SetValueFromString(const wxString& text)
                 return false;
             return true;
         }
-        case DetailType::Bool:
-        {
+        case DetailType::Bool: {
             const wxString lower = text.Lower();
             if (lower != "true" && lower != "false" && lower != "1" && lower != "0")
                 return false;
             m_value = lower == "true" || lower == "1";
             return true;
         }
-        case DetailType::Date:
-        {
+        case DetailType::Date: {
             wxDateTime date;
             if (!text.empty() && !date.ParseISOCombined(text) && !date.ParseISODate(text))
                 return false;
@@ -274,7 +282,10 @@ bool DetailData::SetValueFromString(const wxString& text)
     return true;
 }
 
-void DetailData::ClearValue() { m_value = EmptyValue(m_type); }
+void DetailData::ClearValue()
+{
+    m_value = EmptyValue(m_type);
+}
 
 void DetailData::CopyValue(const DetailData& other)
 {
@@ -285,24 +296,16 @@ void DetailData::CopyValue(const DetailData& other)
     m_unit = other.m_unit;
 }
 
+void DetailData::RestoreValue(const Value& value)
+{
+    if (value.index() != m_value.index())
+        throw std::runtime_error("DetailData::RestoreValue: '" + m_name + "' holds another type");
+    m_value = value;
+}
+
 bool DetailData::HasSameValue(const DetailData& other) const
 {
-    if (m_type != other.m_type)
-        return false;
-    if (m_type == DetailType::Double)
-    {
-        const double a = std::get<double>(m_value);
-        const double b = std::get<double>(other.m_value);
-        return std::bit_cast<std::uint64_t>(a) == std::bit_cast<std::uint64_t>(b) ||
-               (std::isnan(a) && std::isnan(b));
-    }
-    if (m_type == DetailType::Date)
-    {
-        const auto& a = std::get<wxDateTime>(m_value);
-        const auto& b = std::get<wxDateTime>(other.m_value);
-        return a.IsValid() == b.IsValid() && (!a.IsValid() || a == b);
-    }
-    return m_value == other.m_value;
+    return SameDetailValue(m_value, other.m_value);
 }
 
 void DetailData::SetLimits(std::optional<double> min, std::optional<double> max, std::string limitUnit)

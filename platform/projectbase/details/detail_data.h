@@ -4,9 +4,9 @@
 /// One named value of a project.
 ///
 /// A detail has a fixed type. Reading it as another type converts where that loses no meaning and otherwise
-/// gives the empty value of that type; writing converts in the same way, so that a detail never changes its type.
-/// Numbers are kept in the ISO unit of the detail. A double that is not a number means "not known" and prints as
-/// an empty text. Not thread-safe: details belong to the thread of their project.
+/// gives the empty value of that type; writing converts in the same way, so that a detail never changes its
+/// type. Numbers are kept in the ISO unit of the detail. A double that is not a number means "not known" and
+/// prints as an empty text. Not thread-safe: details belong to the thread of their project.
 
 #include "projectbase/projectbase_export.h"
 
@@ -32,6 +32,9 @@ PROJECTBASE_EXPORT std::optional<DetailType> DetailTypeFromName(const std::strin
 class PROJECTBASE_EXPORT DetailData
 {
 public:
+    /// What a detail of each type holds, in the order of DetailType.
+    using Value = std::variant<double, long, bool, wxDateTime, wxString>;
+
     /// A detail holding the empty value of its type: 0, false, no date or an empty text.
     explicit DetailData(std::string name, DetailType type = DetailType::Double, std::string unit = {});
 
@@ -52,8 +55,8 @@ public:
     /// The text value as UTF-8.
     std::string GetStdStringValue() const;
 
-    /// The value as text in a form that no locale changes: a double as "0.00000000000000E+000", a date as ISO 8601,
-    /// a bool as "true" or "false".
+    /// The value as text in a form that no locale changes: a double as "0.00000000000000E+000", a date as ISO
+    /// 8601, a bool as "true" or "false".
     wxString GetValueAsString() const;
 
     void SetValue(double value);
@@ -64,13 +67,17 @@ public:
     void SetValue(const wxString& value);
     void SetValue(const std::string& utf8) { SetValue(wxString::FromUTF8(utf8)); }
     void SetValue(const char* utf8) { SetValue(wxString::FromUTF8(utf8)); }
-    /// Reads `text` as GetValueAsString writes it; a text that the type cannot hold leaves the value as it is.
-    /// Returns whether the text was taken.
+    /// Reads `text` as GetValueAsString writes it; a text that the type cannot hold leaves the value as it
+    /// is. Returns whether the text was taken.
     bool SetValueFromString(const wxString& text);
     /// 0, false, no date or an empty text; unit and limits stay.
     void ClearValue();
     /// Takes the value of `other`, converted to this detail's type, and its unit; limits stay.
     void CopyValue(const DetailData& other);
+    /// The value as it is kept, for what must bring it back bit by bit.
+    const Value& GetStoredValue() const { return m_value; }
+    /// Brings back a value that GetStoredValue gave; throws std::runtime_error when it is of another type.
+    void RestoreValue(const Value& value);
     /// Whether both hold the same value, bit by bit for doubles (two unknown values are equal).
     bool HasSameValue(const DetailData& other) const;
 
@@ -86,12 +93,14 @@ public:
     const std::string& GetLimitUnit() const { return m_limitUnit; }
     void SetLimits(std::optional<double> min, std::optional<double> max, std::string limitUnit);
 
+    /// Computed by the project from other details, hence no input.
+    bool IsDerived() const { return m_derived; }
+    void SetDerived(bool derived) { m_derived = derived; }
+
     /// Set by the bindings: whether the last transfer from a window changed the stored value.
     bool changed = false;
 
 private:
-    using Value = std::variant<double, long, bool, wxDateTime, wxString>;
-
     static Value EmptyValue(DetailType type);
 
     std::string m_name;
@@ -102,4 +111,8 @@ private:
     std::optional<double> m_max;
     std::string m_limitUnit;
     int m_rangeFlag = 0;
+    bool m_derived = false;
 };
+
+/// Whether two values are of the same type and equal, bit by bit for doubles (two unknown ones are equal).
+PROJECTBASE_EXPORT bool SameDetailValue(const DetailData::Value& a, const DetailData::Value& b);

@@ -25,6 +25,8 @@ public:
     double GetValue() const { return m_value; }
     TemperatureUnit GetUnit() const { return m_unit; }
     void SetValue(double value) { m_value = value; }
+    /// Address of the number, through which it is bound to a detail that holds it in the same unit.
+    double* GetValueAddress() { return &m_value; }
     void SetUnit(TemperatureUnit unit) { m_unit = unit; }
 
     /// The same temperature expressed in `unit`.

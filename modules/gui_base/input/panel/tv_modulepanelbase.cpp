@@ -12,6 +12,8 @@
 #include <wx/sizer.h>
 #include <wx/wupdlock.h>
 
+#include <utility>
+
 namespace {
 
 constexpr double kNoCurrency = 1.0;
@@ -146,6 +148,7 @@ void ModulePanelBase::OnFieldUpdate(wxCommandEvent& event)
 {
     SynchronizeProject();
     SendChangeEvent();
+    m_answeredEvent = &event;
     event.Skip();
 }
 
@@ -158,10 +161,11 @@ void ModulePanelBase::SendChangeEvent()
 
 void ModulePanelBase::OnChildChanged(wxCommandEvent& event)
 {
-    // A field that is set up as input has told of its commit already: its own event ends here, so that the
-    // host hears of one edit once. A panel inside this one speaks for itself.
+    // The host hears of one edit once: an event that OnFieldUpdate answered ends here, and so does that of a text
+    // field, whose commit was answered already. Panels inside this one and other controls speak for themselves.
+    const bool answered = std::exchange(m_answeredEvent, nullptr) == &event;
     const wxWindow* child = event.GetId() == wxID_ANY ? nullptr : FindWindow(event.GetId());
-    if (dynamic_cast<const wxTextCtrl*>(child) == nullptr)
+    if (!answered && dynamic_cast<const wxTextCtrl*>(child) == nullptr)
         event.Skip();
 }
 

@@ -115,6 +115,11 @@ protected:
         return control;
     }
 
+    void AddLocalizable(std::shared_ptr<LocalizableControl> holder)
+    {
+        m_localizableControls.push_back(std::move(holder));
+    }
+
     void BindControlToOnFieldUpdate(DataBaseCombination* combination, wxEventTypeTag<wxCommandEvent> tag);
     void BindControlToOnFieldUpdate(wxPanel* subPanel, wxEventTypeTag<wxCommandEvent> tag);
     void BindControlToOnFieldUpdate(wxEventTypeTag<wxCommandEvent> tag, int id, int lastId);
@@ -159,4 +164,6 @@ private:
     std::vector<std::shared_ptr<LocalizableControl>> m_localizableControls;
     std::vector<DetailContainerWindow*> m_detailContainerWindows;
     bool m_baseEventsBound = false;
+    /// The event that OnFieldUpdate answered last, while it still travels; only compared, never read.
+    const wxEvent* m_answeredEvent = nullptr;
 };

@@ -42,8 +42,7 @@ TEST(DetailCatalogue, EveryGroupIsConsistent)
     for (const char* group : {"liquid", "arrangement", "project", "settings"}) {
         for (const DetailData& detail : *CatalogueGroup(group, "BASE")) {
             SCOPED_TRACE(detail.GetName());
-            if (detail.HasMinValue() || detail.HasMaxValue())
-            {
+            if (detail.HasMinValue() || detail.HasMaxValue()) {
                 EXPECT_EQ(detail.GetLimitUnit(), detail.GetUnit());
             }
             if (!detail.HasMinValue() || !detail.HasMaxValue() || std::isnan(detail.GetDoubleValue()))

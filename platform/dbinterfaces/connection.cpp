@@ -1,0 +1,126 @@
+// SPDX-License-Identifier: MIT
+#include "dbinterfaces/connection.h"
+
+#include "dbinterfaces/sqlite_connection.h"
+#include "tncommon/user_dirs.h"
+
+#include <fmt/format.h>
+#include <soci/postgresql/soci-postgresql.h>
+#include <soci/sqlite3/soci-sqlite3.h>
+#include <sqlite3.h>
+
+#include <cctype>
+#include <filesystem>
+#include <thread>
+
+namespace {
+
+constexpr std::string_view kSqlite = "sqlite3://";
+constexpr std::string_view kPostgreSql = "postgresql://";
+
+/// "dbname=plant host=..." as opposed to "user@host/plant?sslmode=require".
+bool IsKeywordForm(std::string_view text)
+{
+    std::size_t i = text.find_first_not_of(' ');
+    const std::size_t start = i;
+    while (i < text.size() && (std::isalpha(static_cast<unsigned char>(text[i])) != 0 || text[i] == '_'))
+        ++i;
+    return i != std::string_view::npos && i > start && i < text.size() && text[i] == '=';
+}
+
+/// A server that does not answer must not hold up the program for minutes.
+std::string WithTimeout(const std::string& text, std::string_view rest)
+{
+    const bool keywords = IsKeywordForm(rest);
+    std::string parameters = keywords ? std::string(rest) : text;
+    if (text.find("connect_timeout") != std::string::npos)
+        return parameters;
+    if (keywords)
+        return parameters + " connect_timeout=5";
+    return parameters + (rest.find('?') == std::string_view::npos ? "?" : "&") + "connect_timeout=5";
+}
+
+ConnectionTarget SqliteTarget(const std::string& path)
+{
+    return {.backend = Backend::Sqlite, .path = path, .parameters = {}, .shown = fmt::format("'{}'", path)};
+}
+
+/// Changing to write-ahead logging needs the file alone for a moment and does not wait by itself.
+void UseWriteAheadLog(soci::session& session, std::chrono::milliseconds wait)
+{
+    const auto deadline = std::chrono::steady_clock::now() + wait;
+    for (;;) {
+        try {
+            std::string mode;
+            session << "PRAGMA journal_mode = WAL", soci::into(mode);
+            return;
+        } catch (const soci::sqlite3_soci_error& error) {
+            if (error.result() != SQLITE_BUSY || std::chrono::steady_clock::now() >= deadline)
+                throw;
+        }
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    }
+}
+
+std::unique_ptr<soci::session> ConnectSqlite(const ConnectionTarget& target, std::chrono::milliseconds wait)
+{
+    tncommon::CreatePrivateFolder(std::filesystem::path(target.path).parent_path());
+    auto session = OpenSqlite(target.path, SqliteMode::ReadWriteCreate);
+    *session << fmt::format("PRAGMA busy_timeout = {}", wait.count());
+    UseWriteAheadLog(*session, wait);
+    *session << "PRAGMA synchronous = NORMAL";
+    return session;
+}
+
+std::unique_ptr<soci::session> ConnectPostgreSql(const ConnectionTarget& target,
+                                                 std::chrono::milliseconds wait)
+{
+    auto session = std::make_unique<soci::session>(*soci::factory_postgresql(), target.parameters);
+    *session << "SET client_encoding = 'UTF8'";
+    *session << "SET client_min_messages = warning";
+    *session << fmt::format("SET lock_timeout = {}", wait.count());
+    return session;
+}
+
+}  // namespace
+
+ConnectionTarget ParseConnectionText(const std::string& text)
+{
+    if (text.empty())
+        return SqliteTarget((tncommon::UserDataDir() / "user.db").string());
+    if (text.starts_with(kSqlite) && text.size() > kSqlite.size())
+        return SqliteTarget(text.substr(kSqlite.size()));
+    if (text.starts_with('/'))
+        return SqliteTarget(text);
+    if (text.starts_with(kPostgreSql) && text.size() > kPostgreSql.size()) {
+        return {.backend = Backend::PostgreSql,
+                .path = {},
+                .parameters = WithTimeout(text, std::string_view(text).substr(kPostgreSql.size())),
+                .shown = "the PostgreSQL database"};
+    }
+    // The text may hold a password, so it is not repeated.
+    throw DatabaseError(DatabaseError::Kind::BadConnection,
+                        "the connection text begins neither with 'sqlite3://' nor with 'postgresql://'");
+}
+
+std::unique_ptr<soci::session> Connect(const ConnectionTarget& target, std::chrono::milliseconds wait)
+{
+    return target.backend == Backend::Sqlite ? ConnectSqlite(target, wait) : ConnectPostgreSql(target, wait);
+}
+
+DatabaseError Classify(const std::exception& error, const std::string& where)
+{
+    using Kind = DatabaseError::Kind;
+    const std::string text = where + ": " + error.what();
+    if (const auto* ours = dynamic_cast<const DatabaseError*>(&error))
+        return {ours->GetKind(), text};
+    if (const auto* sqlite = dynamic_cast<const soci::sqlite3_soci_error*>(&error)) {
+        const int code = sqlite->result() & 0xff;
+        if (code == SQLITE_BUSY || code == SQLITE_LOCKED)
+            return {Kind::Locked, text};
+        return {code == SQLITE_NOTADB || code == SQLITE_CORRUPT ? Kind::NotOurs : Kind::Failed, text};
+    }
+    if (const auto* server = dynamic_cast<const soci::postgresql_soci_error*>(&error))
+        return {server->sqlstate() == "55P03" ? Kind::Locked : Kind::Failed, text};  // lock_not_available
+    return {Kind::Failed, text};
+}

@@ -1,0 +1,215 @@
+// SPDX-License-Identifier: MIT
+#include "dbinterfaces/project_database.h"
+
+#include "dbinterfaces/connection.h"
+#include "dbinterfaces/user_schema.h"
+
+#include <fmt/format.h>
+
+#include <mutex>
+#include <optional>
+#include <pwd.h>
+#include <unistd.h>
+
+namespace {
+
+struct State
+{
+    std::mutex mutex;
+    std::chrono::milliseconds busyTimeout{5000};
+    ConnectionTarget target;
+    std::string owner;
+    std::unique_ptr<soci::session> session;
+};
+
+State& GetState()
+{
+    static State state;
+    return state;
+}
+
+std::string LoginName()
+{
+    const passwd* entry = getpwuid(getuid());
+    return entry != nullptr ? entry->pw_name : std::to_string(getuid());
+}
+
+void OpenLocked(State& state, const std::string& connectionText)
+{
+    ConnectionTarget target = ParseConnectionText(connectionText);
+    try {
+        auto session = Connect(target, state.busyTimeout);
+        EnsureUserSchema(*session, target.backend);
+        state.session = std::move(session);
+    } catch (const std::exception& error) {
+        throw Classify(error, target.shown);
+    }
+    // A file belongs to one user, who may be renamed; only a server's database is shared by several.
+    state.owner = target.backend == Backend::PostgreSql ? LoginName() : std::string();
+    state.target = std::move(target);
+}
+
+std::optional<std::string> SelectParameter(soci::session& session, const std::string& owner,
+                                           const std::string& key)
+{
+    std::string value;
+    session << "SELECT value FROM tarnvik_user_parameter WHERE name = :name AND owner IN (:owner, '') "
+               "ORDER BY owner DESC LIMIT 1",
+        soci::use(key), soci::use(owner), soci::into(value);
+    return session.got_data() ? std::optional(value) : std::nullopt;
+}
+
+void UpsertParameter(soci::session& session, const std::string& owner, const std::string& key,
+                     const std::string& value)
+{
+    session << "INSERT INTO tarnvik_user_parameter (owner, name, value) VALUES (:owner, :name, :value) "
+               "ON CONFLICT (owner, name) DO UPDATE SET value = excluded.value",
+        soci::use(owner), soci::use(key), soci::use(value);
+}
+
+/// Runs `query(session)` on the default file, which is open only meanwhile.
+template <typename Query>
+auto RunLocally(const char* method, Query query)
+{
+    State& state = GetState();
+    const std::lock_guard lock(state.mutex);
+    try {
+        const ConnectionTarget target = ParseConnectionText({});
+        const auto session = Connect(target, state.busyTimeout);
+        EnsureUserSchema(*session, target.backend);
+        return query(*session);
+    } catch (const std::exception& error) {
+        throw Classify(error, fmt::format("ProjectDatabase::{}", method));
+    }
+}
+
+/// Runs `query(session, owner)` under the lock, opening the default database if none is open. A server that
+/// dropped the connection is asked once more: every query here gives the same result when it runs twice.
+template <typename Query>
+auto Run(const char* method, Query query)
+{
+    State& state = GetState();
+    const std::lock_guard lock(state.mutex);
+    try {
+        if (!state.session)
+            OpenLocked(state, {});
+        try {
+            return query(*state.session, state.owner);
+        } catch (const std::exception& error) {
+            if (state.target.backend != Backend::PostgreSql || state.session->is_connected())
+                throw Classify(error, state.target.shown);
+        }
+        state.session = Connect(state.target, state.busyTimeout);
+        return query(*state.session, state.owner);
+    } catch (const std::exception& error) {
+        throw Classify(error, fmt::format("ProjectDatabase::{}", method));
+    }
+}
+
+std::optional<std::string> Find(const char* method, const std::string& key)
+{
+    return Run(
+        method, [&key](soci::session& session, const std::string& owner) -> std::optional<std::string> {
+            std::string value;
+            session
+                << "SELECT value FROM tarnvik_user_parameter WHERE name = :name AND owner IN (:owner, '') "
+                   "ORDER BY owner DESC LIMIT 1",
+                soci::use(key), soci::use(owner), soci::into(value);
+            return session.got_data() ? std::optional(value) : std::nullopt;
+        });
+}
+
+}  // namespace
+
+void ProjectDatabase::Open(const std::string& connectionText)
+{
+    State& state = GetState();
+    const std::lock_guard lock(state.mutex);
+    try {
+        OpenLocked(state, connectionText);
+    } catch (const std::exception& error) {
+        throw Classify(error, "ProjectDatabase::Open");
+    }
+}
+
+void ProjectDatabase::OpenConfigured()
+{
+    Open(GetLocalParameter("/Settings/database.connection"));
+}
+
+void ProjectDatabase::Close()
+{
+    State& state = GetState();
+    const std::lock_guard lock(state.mutex);
+    state.session.reset();
+}
+
+bool ProjectDatabase::IsOpen()
+{
+    State& state = GetState();
+    const std::lock_guard lock(state.mutex);
+    return state.session != nullptr;
+}
+
+void ProjectDatabase::SetBusyTimeout(std::chrono::milliseconds timeout)
+{
+    State& state = GetState();
+    const std::lock_guard lock(state.mutex);
+    state.busyTimeout = timeout;
+}
+
+std::string ProjectDatabase::GetUserParameter(const std::string& key, const std::string& defaultValue)
+{
+    return Find("GetUserParameter", key).value_or(defaultValue);
+}
+
+std::string ProjectDatabase::GetUserParameter(const std::string& key, const char* defaultValue)
+{
+    return GetUserParameter(key, std::string(defaultValue));
+}
+
+bool ProjectDatabase::GetUserParameter(const std::string& key, bool defaultValue)
+{
+    const auto text = Find("GetUserParameter", key);
+    if (text == "true")
+        return true;
+    return text == "false" ? false : defaultValue;
+}
+
+void ProjectDatabase::SetUserParameter(const std::string& key, const std::string& value)
+{
+    Run("SetUserParameter", [&](soci::session& session, const std::string& owner) {
+        UpsertParameter(session, owner, key, value);
+    });
+}
+
+void ProjectDatabase::SetUserParameter(const std::string& key, const char* value)
+{
+    SetUserParameter(key, std::string(value));
+}
+
+void ProjectDatabase::SetUserParameter(const std::string& key, bool value)
+{
+    SetUserParameter(key, std::string(value ? "true" : "false"));
+}
+
+std::string ProjectDatabase::GetLocalParameter(const std::string& key, const std::string& defaultValue)
+{
+    return RunLocally("GetLocalParameter", [&](soci::session& session) {
+        return SelectParameter(session, {}, key).value_or(defaultValue);
+    });
+}
+
+void ProjectDatabase::SetLocalParameter(const std::string& key, const std::string& value)
+{
+    RunLocally("SetLocalParameter",
+               [&](soci::session& session) { UpsertParameter(session, {}, key, value); });
+}
+
+void ProjectDatabase::RemoveUserParameter(const std::string& key)
+{
+    Run("RemoveUserParameter", [&](soci::session& session, const std::string& owner) {
+        session << "DELETE FROM tarnvik_user_parameter WHERE owner = :owner AND name = :name",
+            soci::use(owner), soci::use(key);
+    });
+}

@@ -1,0 +1,122 @@
+// SPDX-License-Identifier: MIT
+#include "dbinterfaces/user_schema.h"
+
+#include <fmt/format.h>
+
+#include <array>
+
+namespace {
+
+/// Held while the schema is looked at and changed; any number does that all versions of the program share.
+constexpr long kMigrationLock = 0x54565544;
+
+using Statements = std::initializer_list<const char*>;
+
+// One entry for each version: what leads to it from the one before.
+const std::array<Statements, kUserSchemaVersion> kMigrations{
+    Statements{
+        "CREATE TABLE tarnvik_schema (version INTEGER NOT NULL)",
+        "INSERT INTO tarnvik_schema (version) VALUES (1)",
+        "CREATE TABLE tarnvik_user_parameter (name TEXT PRIMARY KEY, value TEXT NOT NULL)",
+    },
+    // SQLite cannot change a primary key, hence the new table.
+    Statements{
+        "CREATE TABLE tarnvik_user_parameter_2 (owner TEXT NOT NULL, name TEXT NOT NULL, value TEXT NOT "
+        "NULL, "
+        "PRIMARY KEY (owner, name))",
+        "INSERT INTO tarnvik_user_parameter_2 (owner, name, value) "
+        "SELECT '', name, value FROM tarnvik_user_parameter",
+        "DROP TABLE tarnvik_user_parameter",
+        "ALTER TABLE tarnvik_user_parameter_2 RENAME TO tarnvik_user_parameter",
+    },
+};
+
+int Count(soci::session& session, const std::string& query)
+{
+    int count = 0;
+    session << query, soci::into(count);
+    return count;
+}
+
+bool HasSchemaTable(soci::session& session, Backend backend)
+{
+    if (backend == Backend::Sqlite)
+        return Count(session, "SELECT count(*) FROM sqlite_master WHERE name = 'tarnvik_schema'") > 0;
+    return Count(session,
+                 "SELECT count(*) FROM pg_tables WHERE tablename = 'tarnvik_schema' "
+                 "AND schemaname = ANY (current_schemas(false))") > 0;
+}
+
+/// 0 for a database that has no tables of ours yet.
+int ReadVersion(soci::session& session, Backend backend)
+{
+    if (HasSchemaTable(session, backend))
+        return Count(session, "SELECT version FROM tarnvik_schema");
+    // A server's database is shared with others, a file is not.
+    if (backend == Backend::Sqlite && Count(session, "SELECT count(*) FROM sqlite_master") > 0)
+        throw DatabaseError(DatabaseError::Kind::NotOurs, "the file is a database of another program");
+    return 0;
+}
+
+void RefuseUnknownVersion(int version)
+{
+    if (version > kUserSchemaVersion) {
+        throw DatabaseError(
+            DatabaseError::Kind::NewerSchema,
+            fmt::format("the database has schema version {}, this program knows versions up to {}; "
+                        "it was written by a newer version of the program",
+                        version, kUserSchemaVersion));
+    }
+    if (version < 0)
+        throw DatabaseError(DatabaseError::Kind::NotOurs,
+                            fmt::format("schema version {} does not exist", version));
+}
+
+void Begin(soci::session& session, Backend backend)
+{
+    if (backend == Backend::Sqlite) {
+        session << "BEGIN IMMEDIATE";
+        return;
+    }
+    session << "BEGIN";
+    session << fmt::format("SELECT pg_advisory_xact_lock({})", kMigrationLock);
+}
+
+void RollBack(soci::session& session)
+{
+    try {
+        session << "ROLLBACK";
+    } catch (const std::exception&) {
+        // A lost connection has rolled back already; the first error is the one to report.
+    }
+}
+
+void Migrate(soci::session& session, int from)
+{
+    for (int version = from; version < kUserSchemaVersion; ++version) {
+        for (const char* statement : kMigrations.at(static_cast<std::size_t>(version)))
+            session << statement;
+    }
+    session << fmt::format("UPDATE tarnvik_schema SET version = {}", kUserSchemaVersion);
+}
+
+}  // namespace
+
+void EnsureUserSchema(soci::session& session, Backend backend)
+{
+    const int seen = ReadVersion(session, backend);
+    RefuseUnknownVersion(seen);
+    if (seen == kUserSchemaVersion)
+        return;
+    Begin(session, backend);
+    try {
+        // Somebody else may have been faster.
+        const int version = ReadVersion(session, backend);
+        RefuseUnknownVersion(version);
+        Migrate(session, version);
+        session << "COMMIT";
+    } catch (...) {
+        RollBack(session);
+        throw;
+    }
+}

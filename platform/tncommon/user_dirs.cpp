@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: MIT
+#include "tncommon/user_dirs.h"
+
+#include <cstdlib>
+#include <pwd.h>
+#include <unistd.h>
+
+namespace tncommon {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+fs::path FromEnvironment(const char* name)
+{
+    const char* value = std::getenv(name);
+    return value == nullptr ? fs::path() : fs::path(value);
+}
+
+fs::path Home()
+{
+    if (fs::path home = FromEnvironment("HOME"); !home.empty())
+        return home;
+    const passwd* entry = getpwuid(getuid());
+    return entry != nullptr && entry->pw_dir != nullptr ? fs::path(entry->pw_dir) : fs::path("/");
+}
+
+fs::path UserDir(const char* variable, const char* fallback)
+{
+    fs::path base = FromEnvironment(variable);
+    if (!base.is_absolute())  // the rules say to ignore a relative one
+        base = Home() / fallback;
+    return base / "tarnvik";
+}
+
+}  // namespace
+
+fs::path UserDataDir()
+{
+    const fs::path own = FromEnvironment("TARNVIK_USER_DATA");
+    return own.empty() ? UserDir("XDG_DATA_HOME", ".local/share") : own;
+}
+
+fs::path UserStateDir()
+{
+    const fs::path own = FromEnvironment("TARNVIK_USER_DATA");
+    return own.empty() ? UserDir("XDG_STATE_HOME", ".local/state") : own / "state";
+}
+
+void CreatePrivateFolder(const fs::path& folder)
+{
+    if (folder.empty() || fs::is_directory(folder))
+        return;
+    CreatePrivateFolder(folder.parent_path());
+    if (fs::create_directory(folder))
+        fs::permissions(folder, fs::perms::owner_all);
+}
+
+}  // namespace tncommon

@@ -1,0 +1,13 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+/// A real PostgreSQL server for one test program, started on first use and stopped when the program ends.
+
+#include <string>
+
+namespace support {
+
+/// Connection text of its database "tarnvik"; throws std::runtime_error when no server can be started.
+const std::string& PostgresConnectionText();
+
+}  // namespace support
