@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "app/document.h"
 
+#include "projectbase/project/project_file.h"
+
 namespace app {
 
 Document::Document(std::unique_ptr<Project> project) : Document(std::move(project), {}) {}
@@ -13,6 +15,18 @@ Document::Document(std::unique_ptr<Project> project, std::filesystem::path path)
 Document::~Document() = default;
 
 std::string Document::GetName() const { return m_path.stem().string(); }
+
+void Document::Save(const std::filesystem::path& path)
+{
+    ProjectFile::Save(*m_project, path);
+    m_path = path;
+    m_project->SetChanged(false);
+    DiscardRecovery();
+}
+
+void Document::Autosave() {}
+
+void Document::DiscardRecovery() {}
 
 void Document::RecordEdit()
 {

@@ -28,6 +28,12 @@ public:
     /// File name without its ending, or an empty text.
     std::string GetName() const;
 
+    /// Saves to `path`, which becomes the document's file, and drops the recovery copy. Throws ProjectFileError.
+    void Save(const std::filesystem::path& path);
+    /// Writes the recovery copy of a project with unsaved changes; never touches its file. Throws ProjectFileError.
+    void Autosave();
+    void DiscardRecovery();
+
     /// Makes one undo step of every input that changed since the last one.
     void RecordEdit();
     bool CanUndo() const { return m_undo.CanUndo(); }
