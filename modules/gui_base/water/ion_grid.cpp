@@ -6,7 +6,7 @@
 #include "gui_base/input/controls/tv_statictext.h"
 #include "gui_base/input/validation/validator.h"
 
-namespace water {
+namespace wateranalysis {
 namespace {
 
 constexpr int kColumns = 5;
@@ -152,4 +152,4 @@ void IonGrid::OnKeyDown(wxKeyEvent& event)
     }
 }
 
-}  // namespace water
+}  // namespace wateranalysis

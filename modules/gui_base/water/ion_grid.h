@@ -15,7 +15,7 @@
 #include <string>
 #include <vector>
 
-namespace water {
+namespace wateranalysis {
 
 class GUI_BASE_EXPORT IonGrid
 {
@@ -61,4 +61,4 @@ private:
     std::vector<Row> m_rows;
 };
 
-}  // namespace water
+}  // namespace wateranalysis

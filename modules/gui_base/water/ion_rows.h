@@ -7,7 +7,7 @@
 
 #include <array>
 
-namespace water {
+namespace wateranalysis {
 
 enum class IonRowKind
 {
@@ -74,4 +74,4 @@ inline constexpr std::array kAnionTotals{
     TotalRow{"liquid/cl.plus.meql", wxTRANSLATE("+ Cl:")},
 };
 
-}  // namespace water
+}  // namespace wateranalysis

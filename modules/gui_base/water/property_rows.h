@@ -9,7 +9,7 @@
 
 #include <array>
 
-namespace water {
+namespace wateranalysis {
 
 struct Limits
 {
@@ -60,4 +60,4 @@ inline constexpr std::array kSummaryRows{
     SummaryRow{"liquid/ionic.strength", wxTRANSLATE("Ionic strength"), ":", "mol/l", false},
 };
 
-}  // namespace water
+}  // namespace wateranalysis

@@ -115,6 +115,11 @@ protected:
         return control;
     }
 
+    void AddLocalizable(std::shared_ptr<LocalizableControl> holder)
+    {
+        m_localizableControls.push_back(std::move(holder));
+    }
+
     void BindControlToOnFieldUpdate(DataBaseCombination* combination, wxEventTypeTag<wxCommandEvent> tag);
     void BindControlToOnFieldUpdate(wxPanel* subPanel, wxEventTypeTag<wxCommandEvent> tag);
     void BindControlToOnFieldUpdate(wxEventTypeTag<wxCommandEvent> tag, int id, int lastId);

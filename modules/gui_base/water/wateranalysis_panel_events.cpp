@@ -1,0 +1,174 @@
+// SPDX-License-Identifier: MIT
+// What the water analysis panel does when its controls are used.
+#include "gui_base/input/controls/tv_button.h"
+#include "gui_base/input/controls/tv_checkbox.h"
+#include "gui_base/input/controls/tv_radiobutton.h"
+#include "gui_base/water/balance_panel.h"
+#include "gui_base/water/wateranalysis_panel.h"
+#include "projectbase/water/normalization.h"
+
+#include <wx/bmpbuttn.h>
+#include <wx/collpane.h>
+
+namespace {
+
+/// Below this width (in DIP) the columns of the panel stand one below the other.
+constexpr int kWideEnough = 1180;
+
+}  // namespace
+
+void WaterAnalysisPanel::DoBindEvents()
+{
+    m_full->Bind(wxEVT_RADIOBUTTON, &WaterAnalysisPanel::OnAnalysisFullSelected, this);
+    m_shortTds->Bind(wxEVT_RADIOBUTTON, &WaterAnalysisPanel::OnAnalysisShortTdsSelected, this);
+    m_shortCond->Bind(wxEVT_RADIOBUTTON, &WaterAnalysisPanel::OnAnalysisShortCondSelected, this);
+    FindField("liquid/tds.short")->Bind(wxEVT_TEXT_ENTER, &WaterAnalysisPanel::OnShortTDSChanged, this);
+    FindField("liquid/cond.short")->Bind(wxEVT_TEXT_ENTER, &WaterAnalysisPanel::OnShortCondChanged, this);
+    m_balance->GetAutoCheckBox()->Bind(wxEVT_CHECKBOX, &WaterAnalysisPanel::OnBalanceAutoClick, this);
+    m_balance->GetPhCheckBox()->Bind(wxEVT_CHECKBOX, &WaterAnalysisPanel::OnBalancePHClick, this);
+    m_alkalize->Bind(wxEVT_BUTTON, &WaterAnalysisPanel::OnAlkalizationClick, this);
+    m_co2Calculator->Bind(wxEVT_BUTTON, &WaterAnalysisPanel::OnCO2CalculatorClick, this);
+    m_calculateCo2->Bind(wxEVT_CHECKBOX, &WaterAnalysisPanel::OnCalculateCO2Click, this);
+    m_defaultUnit->Bind(wxEVT_BUTTON, &WaterAnalysisPanel::OnDefaultUnitClicked, this);
+    m_furtherPane->Bind(wxEVT_COLLAPSIBLEPANE_CHANGED, &WaterAnalysisPanel::OnCollPaneChanged, this);
+    for (const auto& grid : m_grids)
+    {
+        for (const wateranalysis::IonGrid::Row& row : grid->Rows())
+        {
+            row.unit->Bind(tvCHANGE_EVENT, &WaterAnalysisPanel::OnUnitChanged, this);
+            if (row.name == nullptr)
+                continue;
+            row.name->Bind(wxEVT_TEXT, &WaterAnalysisPanel::OnNameChange, this);
+            row.name->Bind(wxEVT_TEXT_ENTER, &WaterAnalysisPanel::OnNameUpdate, this);
+        }
+    }
+    m_co2Unit->Bind(tvCHANGE_EVENT, &WaterAnalysisPanel::OnUnitChanged, this);
+    m_temperatureUnit->Bind(tvCHANGE_EVENT, &WaterAnalysisPanel::OnTemparatureUnitChanged, this);
+    FindField("liquid/h.plus.orig")->Bind(wxEVT_UPDATE_UI, &WaterAnalysisPanel::OnHPlusUpdate, this);
+    FindField("liquid/oh.minus.orig")->Bind(wxEVT_UPDATE_UI, &WaterAnalysisPanel::OnOhMinusUpdate, this);
+    FindField("liquid/ph")->Bind(wxEVT_UPDATE_UI, &WaterAnalysisPanel::OnPhUpdate, this);
+    Bind(wxEVT_SIZE, &WaterAnalysisPanel::OnSize, this);
+}
+
+void WaterAnalysisPanel::OnAnalysisFullSelected(wxCommandEvent&) { SetAnalysisType("FULL", nullptr, nullptr); }
+
+void WaterAnalysisPanel::OnAnalysisShortTdsSelected(wxCommandEvent&) { ShortAnalysisTDS(); }
+
+void WaterAnalysisPanel::OnAnalysisShortCondSelected(wxCommandEvent&) { ShortAnalysisCond(); }
+
+void WaterAnalysisPanel::OnShortTDSChanged(wxCommandEvent&) { UpdateAndSignal(); }
+
+void WaterAnalysisPanel::OnShortCondChanged(wxCommandEvent&) { UpdateAndSignal(); }
+
+void WaterAnalysisPanel::OnBalanceAutoClick(wxCommandEvent&) { UpdateAndSignal(); }
+
+void WaterAnalysisPanel::OnBalancePHClick(wxCommandEvent& event)
+{
+    if (event.IsChecked())
+        water::FillHydrogenAndHydroxide(*m_liquid.GetDetails());
+    else
+        InitializeExtended();
+    // The fields follow before they are read again.
+    TransferDetailsToWindow();
+    UpdateAndSignal();
+}
+
+void WaterAnalysisPanel::OnAlkalizationClick(wxCommandEvent&) {}
+
+void WaterAnalysisPanel::OnCO2CalculatorClick(wxCommandEvent&) {}
+
+void WaterAnalysisPanel::OnCalculateCO2Click(wxCommandEvent&) { UpdateAndSignal(); }
+
+void WaterAnalysisPanel::OnDefaultUnitClicked(wxCommandEvent&)
+{
+    const wxString unit = m_liquid.GetDetails()->At("liquid/na.unit").GetStringValue();
+    for (const auto& grid : m_grids)
+    {
+        for (wateranalysis::IonGrid::Row& row : grid->Rows())
+        {
+            // A row that does not offer the unit keeps its own.
+            if (!row.unit->Offers(unit))
+                continue;
+            row.unit->GetDetail()->SetValue(unit);
+            NormalizeIon(row.ion->key, row.name != nullptr);
+        }
+    }
+    m_fields->UpdateNames(GetCurrentDisplayUnitSystem());
+    UpdateAndSignal();
+}
+
+void WaterAnalysisPanel::OnNameChange(wxCommandEvent& event)
+{
+    // While the name is typed, so that Tab finds the value's field enabled.
+    for (const auto& grid : m_grids)
+    {
+        for (wateranalysis::IonGrid::Row& row : grid->Rows())
+        {
+            if (row.name != nullptr && row.name == event.GetEventObject())
+                EnableRow(row, GetAnalysisType() == AnalysisType::Full);
+        }
+    }
+    event.Skip();
+}
+
+void WaterAnalysisPanel::OnNameUpdate(wxCommandEvent& event)
+{
+    try
+    {
+        UpdateAndSignal();
+    }
+    catch (const std::exception& error)
+    {
+        GetProject()->GetLogger().Error(std::string("Exception in  WaterAnalysisPanel::OnNameUpdate: ") +
+                                        error.what());
+    }
+    event.Skip();
+}
+
+void WaterAnalysisPanel::OnCollPaneChanged(wxCollapsiblePaneEvent& event)
+{
+    Layout();
+    FitInside();
+    event.Skip();
+}
+
+void WaterAnalysisPanel::OnTemparatureUnitChanged(wxCommandEvent& event) { OnUnitChanged(event); }
+
+void WaterAnalysisPanel::OnUnitChanged(wxCommandEvent&)
+{
+    DoUpdateValidators();
+    m_fields->UpdateNames(GetCurrentDisplayUnitSystem());
+    UpdateAndSignal();
+}
+
+void WaterAnalysisPanel::OnHPlusUpdate(wxUpdateUIEvent& event)
+{
+    event.Enable(GetAnalysisType() == AnalysisType::Full &&
+                 m_liquid.GetDetails()->At("liquid/balance.ph").GetBoolValue());
+}
+
+void WaterAnalysisPanel::OnOhMinusUpdate(wxUpdateUIEvent& event) { OnHPlusUpdate(event); }
+
+void WaterAnalysisPanel::OnPhUpdate(wxUpdateUIEvent& event)
+{
+    // A short analysis is a neutral salt solution: it has no use for a pH.
+    event.Enable(GetAnalysisType() == AnalysisType::Full);
+}
+
+void WaterAnalysisPanel::OnSize(wxSizeEvent& event)
+{
+    ArrangeColumns();
+    event.Skip();
+}
+
+void WaterAnalysisPanel::ArrangeColumns()
+{
+    if (m_columns == nullptr)
+        return;
+    const int orientation = GetClientSize().x >= FromDIP(kWideEnough) ? wxHORIZONTAL : wxVERTICAL;
+    if (m_columns->GetOrientation() == orientation)
+        return;
+    m_columns->SetOrientation(orientation);
+    Layout();
+    FitInside();
+}

@@ -1,0 +1,277 @@
+// SPDX-License-Identifier: MIT
+// The controls of the water analysis panel.
+#include "gui_base/core/ion_units.h"
+#include "gui_base/input/controls/tv_button.h"
+#include "gui_base/input/controls/tv_checkbox.h"
+#include "gui_base/input/controls/tv_radiobutton.h"
+#include "gui_base/input/controls/tv_statictext.h"
+#include "gui_base/input/controls/tv_staticboxsizer.h"
+#include "gui_base/input/controls/tv_unitlabel.h"
+#include "gui_base/input/validation/validator.h"
+#include "gui_base/support/image_loader.h"
+#include "gui_base/water/balance_panel.h"
+#include "gui_base/water/property_rows.h"
+#include "gui_base/water/wateranalysis_panel.h"
+
+#include <wx/bmpbuttn.h>
+#include <wx/collpane.h>
+#include <wx/statbox.h>
+
+#include <limits>
+
+namespace {
+
+constexpr int kGap = 4;
+constexpr int kPropertyColumns = 3;
+constexpr double kUnknown = std::numeric_limits<double>::quiet_NaN();
+
+const char* const kLaterTooltip = wxTRANSLATE("Not available yet in this version");
+
+wxSizerFlags Cell() { return wxSizerFlags().CentreVertical(); }
+
+template <typename Rows>
+std::vector<wxString> Labels(const Rows& rows)
+{
+    std::vector<wxString> labels;
+    for (const auto& row : rows)
+        labels.push_back(wxString::FromUTF8(row.label));
+    return labels;
+}
+
+template <typename Texts>
+std::vector<wxString> ToStrings(const Texts& texts)
+{
+    std::vector<wxString> strings;
+    for (std::string_view text : texts)
+        strings.push_back(wxString::FromUTF8(text.data(), text.size()));
+    return strings;
+}
+
+NumberSpec PropertySpec(const wateranalysis::PropertyRow& row)
+{
+    const bool limited = row.limits.min < row.limits.max;
+    return {.key = row.key,
+            .label = wxString::FromUTF8(row.label),
+            .unit = wxString::FromUTF8(row.unit),
+            .validatorFlags = limited ? CheckMin | CheckMax | ShowPreciseValue : ShowPreciseValue,
+            .min = row.limits.min,
+            .max = row.limits.max,
+            .undef = kUnknown,
+            .precision = row.precision};
+}
+
+void AddPropertyRow(FieldSet& fields, wxWindow* parent, wxSizer& grid, const wateranalysis::PropertyRow& row)
+{
+    grid.Add(fields.AddLabel(parent, wxString::FromUTF8(row.label), ":"), Cell());
+    grid.Add(fields.AddInput(parent, PropertySpec(row)), Cell());
+    grid.Add(fields.AddUnitLabel(parent, wxString::FromUTF8(row.unit), true), Cell());
+}
+
+wxFlexGridSizer* PropertyGrid(const wxWindow* parent)
+{
+    return new wxFlexGridSizer(kPropertyColumns, parent->FromDIP(wxSize(2 * kGap, kGap)));
+}
+
+}  // namespace
+
+void WaterAnalysisPanel::CreateControls()
+{
+    FillLists();
+    auto* outer = new wxBoxSizer(wxVERTICAL);
+    auto* top = new wxBoxSizer(wxHORIZONTAL);
+    const wxSizerFlags spaced = wxSizerFlags().Border(wxALL, FromDIP(kGap));
+    top->Add(CreateAnalysisTypeBox(), spaced);
+    m_balance = new BalancePanel(this, *m_fields);
+    top->Add(m_balance, wxSizerFlags(spaced).Expand());
+    outer->Add(top);
+
+    m_columns = new wxBoxSizer(wxHORIZONTAL);
+    m_columns->Add(CreateIonsBox(), wxSizerFlags(spaced).Top());
+    auto* right = new wxBoxSizer(wxVERTICAL);
+    right->Add(CreateOthersPanel(), wxSizerFlags(spaced).Expand());
+    right->Add(CreateSummaryPanel(), wxSizerFlags(spaced).Expand());
+    m_columns->Add(right);
+    outer->Add(m_columns);
+    SetSizer(outer);
+}
+
+void WaterAnalysisPanel::FillLists()
+{
+    m_units.ordinary = ToStrings(ions::kIonUnits);
+    m_units.equivalent = ToStrings(ions::kEquivalentUnits);
+}
+
+wxSizer* WaterAnalysisPanel::CreateAnalysisTypeBox()
+{
+    auto* box = m_fields->AddLocalizable(new TvStaticBoxSizer(wxVERTICAL, this, wxTRANSLATE("Analysis")));
+    wxWindow* parent = box->GetStaticBox();
+    auto* grid = PropertyGrid(parent);
+    const auto radio = [&](const char* label, long style) {
+        auto* button = m_fields->AddLocalizable(
+            new TvRadioButton(parent, wxID_ANY, label, wxDefaultPosition, wxDefaultSize, style));
+        grid->Add(button, Cell());
+        return button;
+    };
+    const auto typed = [&](const char* key, const wxString& label, const wxString& unit, double max) {
+        grid->Add(m_fields->AddInput(parent, {.key = key,
+                                              .label = label,
+                                              .unit = unit,
+                                              .validatorFlags = CheckMin | CheckMax | ZeroAsEmpty | ShowPreciseValue,
+                                              .max = max,
+                                              .precision = 6}),
+                  Cell());
+        grid->Add(m_fields->AddUnitLabel(parent, unit, false), Cell());
+    };
+    m_full = radio(wxTRANSLATE("Full analysis"), wxRB_GROUP);
+    grid->AddSpacer(0);
+    grid->AddSpacer(0);
+    // A solution of sodium chloride is saturated at about 360 g/l and 250 mS/cm.
+    m_shortTds = radio(wxTRANSLATE("Short analysis based on TDS"), 0);
+    typed("liquid/tds.short", "TDS", "mg/l", 350000.0);
+    m_shortCond = radio(wxTRANSLATE("Short analysis based on conductivity"), 0);
+    typed("liquid/cond.short", "Conductivity", "uS/cm", 250000.0);
+    for (TvRadioButton* button : {m_shortTds, m_shortCond})
+        button->SetTranslatableToolTip(
+            wxTRANSLATE("The water is taken as a solution of sodium chloride; the typed ions are kept"));
+    box->Add(grid, wxSizerFlags().Border(wxALL, FromDIP(kGap)));
+    return box;
+}
+
+wxSizer* WaterAnalysisPanel::CreateIonsBox()
+{
+    auto* box = m_fields->AddLocalizable(new TvStaticBoxSizer(wxHORIZONTAL, this, "Ions"));
+    wxWindow* parent = box->GetStaticBox();
+    const wxSizerFlags spaced = wxSizerFlags().Border(wxALL, FromDIP(kGap));
+    box->Add(CreateCationGrid(parent, "Cations", Labels(wateranalysis::kCationRows)), spaced);
+    box->AddSpacer(FromDIP(4 * kGap));
+    box->Add(CreateAnionGrid(parent, "Anions", Labels(wateranalysis::kAnionRows)), spaced);
+    return box;
+}
+
+wxSizer* WaterAnalysisPanel::CreateCationGrid(wxWindow* parent, const wxString& title,
+                                              const std::vector<wxString>& labels)
+{
+    m_defaultUnit = new wxBitmapButton(parent, wxID_ANY, ImageLoader::LoadBundle("/icons/arrowdown.xpm", wxSize(12, 12)),
+                                       wxDefaultPosition, wxDefaultSize, wxBU_EXACTFIT);
+    m_grids.push_back(std::make_unique<wateranalysis::IonGrid>(*m_fields, m_units));
+    return m_grids.back()->Create(parent, title, wateranalysis::kCationRows, labels, wateranalysis::kCationTotals,
+                                  m_defaultUnit);
+}
+
+wxSizer* WaterAnalysisPanel::CreateAnionGrid(wxWindow* parent, const wxString& title,
+                                             const std::vector<wxString>& labels)
+{
+    m_grids.push_back(std::make_unique<wateranalysis::IonGrid>(*m_fields, m_units));
+    return m_grids.back()->Create(parent, title, wateranalysis::kAnionRows, labels, wateranalysis::kAnionTotals,
+                                  nullptr);
+}
+
+wxSizer* WaterAnalysisPanel::CreateOthersPanel()
+{
+    auto* box = m_fields->AddLocalizable(new TvStaticBoxSizer(wxVERTICAL, this, "Others"));
+    wxWindow* parent = box->GetStaticBox();
+    auto* grid = PropertyGrid(parent);
+    CreateTemperatureRow(parent, *grid);
+    for (const auto& row : wateranalysis::kMainProperties)
+        AddPropertyRow(*m_fields, parent, *grid, row);
+    CreateCo2Rows(parent, *grid);
+    const wxSizerFlags spaced = wxSizerFlags().Border(wxALL, FromDIP(kGap));
+    box->Add(grid, spaced);
+
+    auto* buttons = new wxBoxSizer(wxHORIZONTAL);
+    const auto later = [&](const char* label, const char* tooltip) {
+        auto* button = m_fields->AddLocalizable(new TvButton(parent, wxID_ANY, label));
+        button->SetTranslatableToolTip(tooltip);
+        button->Disable();
+        buttons->Add(button, wxSizerFlags().Border(wxRIGHT, FromDIP(2 * kGap)));
+        return button;
+    };
+    m_alkalize = later(wxTRANSLATE("Alkalize"), kLaterTooltip);
+    m_co2Calculator = later(wxTRANSLATE("CO2 Calculator"), kLaterTooltip);
+    box->Add(buttons, spaced);
+    CreateFurtherPropertiesPane(parent, *box);
+    return box;
+}
+
+void WaterAnalysisPanel::CreateTemperatureRow(wxWindow* parent, wxSizer& grid)
+{
+    std::vector<wxString> units;
+    for (TemperatureUnit unit : {TemperatureUnit::Celsius, TemperatureUnit::Fahrenheit, TemperatureUnit::Kelvin})
+        units.push_back(wxString::FromUTF8(Temperature::UnitText(unit)));
+    grid.Add(m_fields->AddLabel(parent, "Temperature", ":"), Cell());
+    m_temperatureField =
+        m_fields->AddInput(parent, {.key = "liquid/temp.orig",
+                                    .label = "Temperature",
+                                    .unitKey = "liquid/temp.unit",
+                                    .validatorFlags = CheckMin | CheckMax | ShowPreciseValue,
+                                    .precision = 4,
+                                    .inIsoUnits = true});
+    grid.Add(m_temperatureField, Cell());
+    m_temperatureUnit = m_fields->AddUnitChoice(parent, "liquid/temp.unit", units, "Temperature");
+    grid.Add(m_temperatureUnit, Cell().Expand());
+
+    // The same temperature in the unit of the displayed system, which is what everything else calculates with.
+    grid.AddSpacer(0);
+    grid.Add(m_fields->AddResult(parent, {.key = "liquid/temp",
+                                          .label = "Temperature",
+                                          .unit = wxString::FromUTF8("\u00b0C"),
+                                          .precision = 4}),
+             Cell());
+    grid.Add(m_fields->AddUnitLabel(parent, wxString::FromUTF8("\u00b0C"), true), Cell());
+}
+
+void WaterAnalysisPanel::CreateCo2Rows(wxWindow* parent, wxSizer& grid)
+{
+    grid.Add(m_fields->AddLabel(parent, "CO2:"), Cell());
+    grid.Add(m_fields->AddInput(parent, {.key = "liquid/co2.orig",
+                                         .label = "CO2:",
+                                         .unitKey = "liquid/co2.unit",
+                                         .validatorFlags = CheckMin | CheckMax | ZeroAsEmpty | ShowPreciseValue,
+                                         .max = 100000.0,
+                                         .precision = 6,
+                                         .inIsoUnits = true}),
+             Cell());
+    m_co2Unit = m_fields->AddUnitChoice(parent, "liquid/co2.unit", m_units.ordinary, "CO2:");
+    grid.Add(m_co2Unit, Cell().Expand());
+
+    m_calculateCo2 = m_fields->AddLocalizable(
+        new TvCheckBox(parent, wxID_ANY, "Calculate CO2", wxDefaultPosition, wxDefaultSize, 0, wxDefaultValidator,
+                       wxASCII_STR(wxCheckBoxNameStr), &m_fields->Details().At("liquid/calculate.co2")));
+    m_fields->AddSelfRefreshing(m_calculateCo2);
+    grid.Add(m_calculateCo2, Cell());
+    grid.Add(m_fields->AddResult(parent, {.key = "liquid/co2.mgl", .label = "CO2:", .unit = "mg/l"}), Cell());
+    grid.Add(m_fields->AddUnitLabel(parent, "mg/l", false), Cell());
+}
+
+void WaterAnalysisPanel::CreateFurtherPropertiesPane(wxWindow* parent, wxSizer& box)
+{
+    m_furtherPane = new wxCollapsiblePane(parent, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
+                                          wxCP_DEFAULT_STYLE | wxCP_NO_TLW_RESIZE);
+    wxWindow* pane = m_furtherPane->GetPane();
+    auto* grid = PropertyGrid(pane);
+    for (const auto& row : wateranalysis::kFurtherProperties)
+        AddPropertyRow(*m_fields, pane, *grid, row);
+    pane->SetSizer(grid);
+    box.Add(m_furtherPane, wxSizerFlags().Expand().Border(wxALL, FromDIP(kGap)));
+}
+
+wxSizer* WaterAnalysisPanel::CreateSummaryPanel()
+{
+    auto* box = m_fields->AddLocalizable(new TvStaticBoxSizer(wxVERTICAL, this, "Summary"));
+    wxWindow* parent = box->GetStaticBox();
+    auto* grid = PropertyGrid(parent);
+    for (const auto& row : wateranalysis::kSummaryRows)
+    {
+        const wxString unit = wxString::FromUTF8(row.unit);
+        grid->Add(m_fields->AddLabel(parent, wxString::FromUTF8(row.label), wxString::FromUTF8(row.labelSuffix)),
+                  Cell());
+        grid->Add(m_fields->AddResult(parent, {.key = row.key,
+                                               .label = wxString::FromUTF8(row.label),
+                                               .unit = unit,
+                                               .inIsoUnits = !row.convertUnit}),
+                  Cell());
+        grid->Add(m_fields->AddUnitLabel(parent, unit, row.convertUnit), Cell());
+    }
+    box->Add(grid, wxSizerFlags().Border(wxALL, FromDIP(kGap)));
+    return box;
+}
