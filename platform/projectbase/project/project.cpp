@@ -3,7 +3,11 @@
 
 #include "projectbase/water/normalization.h"
 
-Project::Project(std::string moduleType) : m_moduleType(std::move(moduleType)) {}
+Project::Project(std::string moduleType) : m_moduleType(std::move(moduleType))
+{
+    m_details.LoadGroup("project", "BASE");
+    m_details.LoadGroup("arrangement", "BASE");
+}
 
 Project::~Project() = default;
 

@@ -1,0 +1,92 @@
+// SPDX-License-Identifier: MIT
+#include "projectbase/project/project_file.h"
+
+#include "projectbase/project/project.h"
+#include "projectbase/project/project_file_io.h"
+#include "tncommon/atomic_file.h"
+
+#include <cerrno>
+#include <system_error>
+
+namespace {
+
+ProjectFileProblem SavingProblem(int error)
+{
+    switch (error) {
+        case ENOSPC:
+        case EDQUOT:
+            return ProjectFileProblem::DiskFull;
+        case ENOENT:
+        case ENOTDIR:
+            return ProjectFileProblem::FolderMissing;
+        case EISDIR:
+            return ProjectFileProblem::Folder;
+        case EINVAL:
+            return ProjectFileProblem::NoRegularFile;
+        case EACCES:
+        case EPERM:
+        case EROFS:
+            return ProjectFileProblem::NotWritable;
+        default:
+            return ProjectFileProblem::WriteFailed;
+    }
+}
+
+ProjectFileProblem LoadingProblem(int error)
+{
+    switch (error) {
+        case ENOENT:
+        case ENOTDIR:
+            return ProjectFileProblem::Missing;
+        case EISDIR:
+            return ProjectFileProblem::Folder;
+        case EINVAL:
+            return ProjectFileProblem::NoRegularFile;
+        case EFBIG:
+            return ProjectFileProblem::TooLarge;
+        default:
+            return ProjectFileProblem::NotReadable;
+    }
+}
+
+}  // namespace
+
+void WriteProject(const char* method, const Project& project, const ImageNotes& notes,
+                  const std::filesystem::path& path, tncommon::FileSystem& fileSystem)
+{
+    try {
+        tncommon::ReplaceFile(path, ToImage(project, notes), fileSystem);
+    } catch (const std::system_error& error) {
+        throw ProjectFileError(method, SavingProblem(error.code().value()), path, error.code().message());
+    } catch (const ProjectFileError&) {
+        throw;
+    } catch (const std::exception& error) {
+        throw ProjectFileError(method, ProjectFileProblem::WriteFailed, path, error.what());
+    }
+}
+
+LoadedImage ReadProject(const char* method, const std::filesystem::path& path,
+                        tncommon::FileSystem& fileSystem)
+{
+    try {
+        LoadedImage loaded = FromImage(tncommon::ReadWholeFile(path, ProjectFile::kMaxSize, fileSystem));
+        loaded.project->SetChanged(false);
+        return loaded;
+    } catch (const ImageError& error) {
+        throw ProjectFileError(method, error.problem, path, error.what());
+    } catch (const std::system_error& error) {
+        throw ProjectFileError(method, LoadingProblem(error.code().value()), path, error.code().message());
+    }
+}
+
+void ProjectFile::Save(const Project& project, const std::filesystem::path& path,
+                       tncommon::FileSystem& fileSystem)
+{
+    WriteProject("Save", project, {}, path, fileSystem);
+}
+
+std::unique_ptr<Project> ProjectFile::Load(const std::filesystem::path& path,
+                                           tncommon::FileSystem& fileSystem)
+{
+    return ReadProject("Load", path, fileSystem).project;
+}

@@ -1,0 +1,240 @@
+// SPDX-License-Identifier: MIT
+#include "projectbase/project/project_image.h"
+
+#include "projectbase/project/iex_project.h"
+#include "projectbase/project/project_image_values.h"
+#include "projectbase/project/sqlite_image.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+
+namespace {
+
+constexpr std::int64_t kApplicationId = 0x54565052;  // "TVPR"
+constexpr std::int64_t kMajor = 1;
+constexpr std::int64_t kSchemaVersion = kMajor * 100;
+constexpr std::string_view kHeader{"SQLite format 3\0", 16};
+
+// Bounds of what a file may hold, far above any real project.
+constexpr std::int64_t kMaxLiquids = 1'000;
+constexpr std::int64_t kMaxDetails = 500'000;
+
+constexpr const char* kSchema =
+    "CREATE TABLE note (name TEXT PRIMARY KEY, text TEXT NOT NULL) WITHOUT ROWID;"
+    "CREATE TABLE liquid (id INTEGER PRIMARY KEY, name TEXT NOT NULL);"
+    // The value has no declared type: what is stored is what is read, to the last bit.
+    "CREATE TABLE detail (liquid INTEGER NOT NULL, name TEXT NOT NULL, type TEXT NOT NULL, unit TEXT NOT "
+    "NULL, value, "
+    "PRIMARY KEY (liquid, name)) WITHOUT ROWID;";
+
+constexpr const char* kModule = "module";
+constexpr const char* kUnitSystem = "unit.system";
+constexpr const char* kStatus = "status";
+constexpr const char* kChecksum = "checksum";
+constexpr int kProjectDetails = -1;
+
+/// FNV-1a over all that a reader looks at. A change of any one byte changes it for certain, any other damage
+/// with a probability that leaves nothing to be desired.
+class Checksum
+{
+public:
+    void Add(std::string_view bytes)
+    {
+        for (const char byte : bytes)
+            AddByte(static_cast<unsigned char>(byte));
+        AddByte(0xff);  // occurs in no UTF-8 text, so it ends one
+    }
+    std::string Text() const { return fmt::format("{:016x}", m_hash); }
+
+private:
+    void AddByte(unsigned char byte) { m_hash = (m_hash ^ byte) * 0x100000001b3ULL; }
+
+    std::uint64_t m_hash = 0xcbf29ce484222325ULL;
+};
+
+std::string ComputeChecksum(SqliteImage& image)
+{
+    Checksum checksum;
+    const auto addRows = [&](const std::string& query, int columns) {
+        SqliteStatement rows = image.Prepare(query);
+        while (rows.Step()) {
+            for (int column = 0; column < columns; ++column)
+                checksum.Add(ColumnBytes(rows, column));
+        }
+        checksum.Add("end");
+    };
+    addRows(fmt::format("SELECT name, text FROM note WHERE name <> '{}' ORDER BY name", kChecksum), 2);
+    addRows("SELECT id, name FROM liquid ORDER BY id", 2);
+    addRows("SELECT liquid, name, type, unit, value FROM detail ORDER BY liquid, name", 5);
+    return checksum.Text();
+}
+
+void WriteNotes(SqliteImage& image, const ImageNotes& notes)
+{
+    SqliteStatement insert = image.Prepare("INSERT INTO note (name, text) VALUES (?, ?)");
+    for (const auto& [name, text] : notes) {
+        insert.Bind(1, name);
+        insert.Bind(2, text);
+        insert.Step();
+        insert.Reset();
+    }
+}
+
+void WriteDetails(SqliteStatement& insert, std::int64_t liquid, const DetailList& details)
+{
+    for (const auto& [name, detail] : details) {
+        insert.Bind(1, liquid);
+        insert.Bind(2, name);
+        insert.Bind(3, detail.GetTypeName());
+        insert.Bind(4, detail.GetUnit());
+        BindValue(insert, 5, detail);
+        insert.Step();
+        insert.Reset();
+    }
+}
+
+void WriteLiquids(SqliteImage& image, const Project& project)
+{
+    SqliteStatement liquid = image.Prepare("INSERT INTO liquid (id, name) VALUES (?, ?)");
+    SqliteStatement detail =
+        image.Prepare("INSERT INTO detail (liquid, name, type, unit, value) VALUES (?, ?, ?, ?, ?)");
+    WriteDetails(detail, kProjectDetails, project.GetDetails());
+    for (std::size_t i = 0; i < project.GetLiquidCount(); ++i) {
+        const auto id = static_cast<std::int64_t>(i);
+        liquid.Bind(1, id);
+        liquid.Bind(2, project.GetLiquid(i).GetName());
+        liquid.Step();
+        liquid.Reset();
+        WriteDetails(detail, id, *project.GetLiquid(i).GetDetails());
+    }
+}
+
+[[noreturn]] void Damaged(const std::string& detail)
+{
+    throw ImageError(ProjectFileProblem::Damaged, detail);
+}
+
+void CheckVersion(SqliteImage& image)
+{
+    if (image.Pragma("application_id") != kApplicationId)
+        throw ImageError(ProjectFileProblem::NoProject, {});
+    const std::int64_t version = image.Pragma("user_version");
+    if (version / 100 > kMajor)
+        throw ImageError(ProjectFileProblem::NewerVersion,
+                         fmt::format("schema {}.{}", version / 100, version % 100));
+    if (version < kSchemaVersion)
+        Damaged(fmt::format("schema version {} does not exist", version));
+}
+
+void CheckBounds(SqliteImage& image)
+{
+    const auto count = [&image](const char* table) {
+        SqliteStatement rows = image.Prepare(fmt::format("SELECT count(*) FROM {}", table));
+        return rows.Step() ? rows.Integer(0) : 0;
+    };
+    if (count("liquid") > kMaxLiquids || count("detail") > kMaxDetails || count("note") > kMaxDetails)
+        throw ImageError(ProjectFileProblem::TooLarge, {});
+}
+
+ImageNotes ReadNotes(SqliteImage& image)
+{
+    ImageNotes notes;
+    SqliteStatement rows = image.Prepare("SELECT name, text FROM note");
+    while (rows.Step())
+        notes.emplace(rows.Text(0), rows.Text(1));
+    return notes;
+}
+
+/// Takes a note that this program writes out of the others.
+std::string Extract(ImageNotes& notes, const char* name)
+{
+    const auto node = notes.extract(name);
+    if (node.empty())
+        Damaged(fmt::format("the entry '{}' is missing", name));
+    return node.mapped();
+}
+
+std::unique_ptr<Project> MakeProject(const std::string& module)
+{
+    if (module != "iex")
+        throw ImageError(ProjectFileProblem::UnknownModule, module);
+    auto project = std::make_unique<iex::IEXProject>();
+    while (project->GetLiquidCount() > 0)
+        project->RemoveLiquid(0);
+    return project;
+}
+
+void ReadLiquids(SqliteImage& image, Project& project)
+{
+    SqliteStatement rows = image.Prepare("SELECT id, name FROM liquid ORDER BY id");
+    while (rows.Step()) {
+        if (rows.Integer(0) != static_cast<std::int64_t>(project.GetLiquidCount()))
+            Damaged("a water is missing");
+        project.AddLiquid(std::string(rows.Text(1)));
+    }
+}
+
+void ReadDetails(SqliteImage& image, Project& project)
+{
+    SqliteStatement rows = image.Prepare("SELECT liquid, name, type, unit, value FROM detail");
+    while (rows.Step()) {
+        const std::int64_t liquid = rows.Integer(0);
+        if (liquid < kProjectDetails || liquid >= static_cast<std::int64_t>(project.GetLiquidCount()))
+            Damaged("a value belongs to no water");
+        const auto detail = ReadDetail(rows, 1);
+        if (!detail)
+            Damaged(fmt::format("the value of '{}' cannot be read", rows.Text(1)));
+        DetailList& list = liquid == kProjectDetails
+                               ? project.GetDetails()
+                               : *project.GetLiquid(static_cast<std::size_t>(liquid)).GetDetails();
+        list.Add(DetailData(*detail)).CopyValue(*detail);
+    }
+}
+
+LoadedImage Read(SqliteImage& image)
+{
+    CheckVersion(image);
+    CheckBounds(image);
+    LoadedImage loaded;
+    loaded.notes = ReadNotes(image);
+    if (Extract(loaded.notes, kChecksum) != ComputeChecksum(image))
+        Damaged("its checksum does not match its contents");
+    loaded.project = MakeProject(Extract(loaded.notes, kModule));
+    loaded.project->SetUnitSystemDisplay(Extract(loaded.notes, kUnitSystem));
+    loaded.project->ResetStatus(std::strtol(Extract(loaded.notes, kStatus).c_str(), nullptr, 10));
+    ReadLiquids(image, *loaded.project);
+    ReadDetails(image, *loaded.project);
+    return loaded;
+}
+
+}  // namespace
+
+std::string ToImage(const Project& project, const ImageNotes& notes)
+{
+    SqliteImage image;
+    image.Execute(fmt::format("PRAGMA application_id = {}; PRAGMA user_version = {}; BEGIN;", kApplicationId,
+                              kSchemaVersion) +
+                  kSchema);
+    ImageNotes all = notes;
+    all[kModule] = project.GetModuleType();
+    all[kUnitSystem] = project.GetUnitSystemDisplay();
+    all[kStatus] = std::to_string(project.GetStatus());
+    WriteNotes(image, all);
+    WriteLiquids(image, project);
+    WriteNotes(image, {{kChecksum, ComputeChecksum(image)}});
+    image.Execute("COMMIT");
+    return image.Bytes();
+}
+
+LoadedImage FromImage(const std::string& bytes)
+{
+    if (!std::string_view(bytes).starts_with(kHeader))
+        throw ImageError(ProjectFileProblem::NoProject, {});
+    try {
+        SqliteImage image(bytes);
+        return Read(image);
+    } catch (const SqliteFailure& error) {
+        throw ImageError(ProjectFileProblem::Damaged, error.what());
+    }
+}

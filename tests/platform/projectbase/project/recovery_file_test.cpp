@@ -1,0 +1,123 @@
+// SPDX-License-Identifier: MIT
+#include "projectbase/project/recovery_file.h"
+
+#include "projectbase/project/project_file.h"
+#include "tests/support/failing_file_system.h"
+#include "tests/support/project_fixture.h"
+#include "tests/support/temp_folder.h"
+
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+class Recovery : public testing::Test
+{
+protected:
+    std::vector<RecoverableFile> List() const { return RecoveryFile::List(m_folder / "state"); }
+
+    support::TempFolder m_folder;
+    fs::path m_state = m_folder / "state";
+    fs::path m_path = m_folder / "plant.tarnvik";
+    std::unique_ptr<Project> m_project = support::MakeSampleProject();
+};
+
+TEST_F(Recovery, OffersUnsavedWorkOnceItsOwnerIsGone)
+{
+    ProjectFile::Save(*m_project, m_path);
+    const std::string original = support::ReadBytes(m_path);
+    m_project->SetUnitSystemDisplay("imperial");
+    {
+        RecoveryFile recovery(m_path, m_state);
+        EXPECT_TRUE(List().empty());
+        recovery.Save(*m_project);
+        recovery.Save(*m_project);
+        EXPECT_TRUE(List().empty());  // its owner is running
+    }
+    EXPECT_EQ(support::ReadBytes(m_path), original);
+
+    const auto offered = List();
+    ASSERT_EQ(offered.size(), 1U);
+    EXPECT_EQ(offered[0].project, m_path);
+    EXPECT_EQ(offered[0].title, m_project->GetDetails().At("project/title").GetStdStringValue());
+    EXPECT_LT(std::chrono::system_clock::now() - offered[0].savedAt, std::chrono::minutes(1));
+    const auto recovered = RecoveryFile::Load(offered[0]);
+    support::ExpectSameProject(*m_project, *recovered);
+    EXPECT_TRUE(recovered->IsChanged());
+
+    RecoveryFile::Discard(offered[0]);
+    EXPECT_TRUE(fs::is_empty(m_state));
+}
+
+TEST_F(Recovery, SurvivesAKilledProgram)
+{
+    const pid_t child = fork();
+    if (child == 0) {
+        RecoveryFile recovery({}, m_state);
+        recovery.Save(*m_project);
+        raise(SIGKILL);
+    }
+    waitpid(child, nullptr, 0);
+    const auto offered = List();
+    ASSERT_EQ(offered.size(), 1U);
+    EXPECT_TRUE(offered[0].project.empty());
+    support::ExpectSameProject(*m_project, *RecoveryFile::Load(offered[0]));
+}
+
+TEST_F(Recovery, IsGoneAfterASaveOrAClose)
+{
+    {
+        RecoveryFile recovery(m_path, m_state);
+        recovery.Save(*m_project);
+        recovery.Discard();
+    }
+    EXPECT_TRUE(List().empty());
+    EXPECT_TRUE(fs::is_empty(m_state));
+    EXPECT_EQ(fs::status(m_state).permissions(), fs::perms::owner_all);
+}
+
+TEST_F(Recovery, KeepsTheLastGoodStateWhenSavingFails)
+{
+    {
+        RecoveryFile recovery(m_path, m_state);
+        recovery.Save(*m_project);
+        m_project->SetUnitSystemDisplay("imperial");
+        support::FailingFileSystem failing(4, ENOSPC);
+        EXPECT_THROW(recovery.Save(*m_project, failing), ProjectFileError);
+        recovery.SetProjectPath(m_folder / "other.tarnvik");
+    }
+    const auto offered = List();
+    ASSERT_EQ(offered.size(), 1U);
+    EXPECT_EQ(RecoveryFile::Load(offered[0])->GetUnitSystemDisplay(), "us");
+}
+
+TEST_F(Recovery, ListsTheReadableOnesNewestFirst)
+{
+    for (const char* title : {"first", "second"}) {
+        m_project->GetDetails().At("project/title").SetValue(title);
+        RecoveryFile recovery({}, m_state);
+        recovery.Save(*m_project);
+        if (std::string(title) == "first")
+            std::this_thread::sleep_for(std::chrono::milliseconds(1100));
+    }
+    support::WriteBytes(m_state / "broken.tarnvik", "nothing of value");
+    const auto offered = List();
+    ASSERT_EQ(offered.size(), 2U);
+    EXPECT_EQ(offered[0].title, "second");
+    EXPECT_TRUE(fs::exists(m_state / "broken.tarnvik"));
+    EXPECT_TRUE(RecoveryFile::List(m_folder / "no such folder").empty());
+}
+
+TEST_F(Recovery, SaysWhenThereIsNoPlaceForIt)
+{
+    support::WriteBytes(m_folder / "file", "");
+    EXPECT_THROW(RecoveryFile({}, m_folder / "file"), ProjectFileError);
+    EXPECT_THROW(RecoveryFile({}, m_folder / "file/state"), ProjectFileError);
+}
+
+}  // namespace
