@@ -1,0 +1,165 @@
+#!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
+"""Checks that includes follow the layers of the project.
+
+check_layers.py [ROOT]      lists every include that points up or sideways; exit code 1 when there is one
+check_layers.py --self-test checks the checker
+"""
+import re
+import sys
+import tempfile
+from pathlib import Path
+
+# Where includes are written from, in the order in which they are looked for.
+ROOTS = ("modules", "components", "platform", "app")
+
+# What each layer may use beside itself. A layer is the longest of these folders that a file lies below.
+CORE = "modules/gui_base/core"
+TNCOMMON = "platform/tncommon"
+DBINTERFACES = "platform/dbinterfaces"
+PROJECTBASE = "platform/projectbase"
+WXCURL = "platform/wxcurl"
+CHARTDIR = "platform/chartdir"
+REPORT = "components/report"
+WXCHARTDIR = "components/wxchartdir"
+GUI = "modules/gui_base/"
+
+MODEL = {CORE, TNCOMMON, DBINTERFACES, PROJECTBASE}
+LAYERS = {
+    CORE: set(),
+    TNCOMMON: {CORE},
+    DBINTERFACES: {CORE, TNCOMMON},
+    PROJECTBASE: {CORE, TNCOMMON, DBINTERFACES},
+    WXCURL: {CORE},
+    CHARTDIR: {CORE},
+    REPORT: {CORE, CHARTDIR},
+    WXCHARTDIR: {CORE, CHARTDIR},
+}
+
+
+def stack(*names, below, also=()):
+    """Layers of which each may use those before it, and all of them `below` and `also`."""
+    used = set(below) | set(also)
+    for name in names:
+        LAYERS[GUI + name] = set(used)
+        used.add(GUI + name)
+    return used
+
+
+INPUT = stack("support", "input", "input/validation", "input/binding", "input/controls", "input/combinations",
+              "input/panel", "dialogs", below=MODEL, also={REPORT})
+BESIDE = {GUI + "whatif", GUI + "graphics", GUI + "network"}
+stack("whatif", below=INPUT)
+stack("graphics", below=INPUT, also={WXCHARTDIR, CHARTDIR})
+stack("network", below=INPUT, also={WXCURL})
+EVERYTHING = stack("water", "ionexchange", below=INPUT | BESIDE, also={WXCHARTDIR})
+LAYERS["app"] = EVERYTHING | {CHARTDIR, WXCURL, "app/command_line"}
+# What runs without a display.
+LAYERS["app/command_line"] = MODEL | {REPORT, CHARTDIR}
+
+# System headers that a layer must not use.
+FORBIDDEN_SYSTEM = {CORE: r"wx/", DBINTERFACES: r"wx/", CHARTDIR: r"wx/", REPORT: r"wx/"}
+
+INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^">]+)[">]')
+GENERATED = re.compile(r"^\w+/\w+_export\.h$")
+
+
+def layer_of(path):
+    found = [layer for layer in LAYERS if path.startswith(layer + "/")]
+    return max(found, key=len, default=None)
+
+
+def target_of(root, include):
+    for folder in ROOTS:
+        if (root / folder / include).is_file():
+            return f"{folder}/{include}"
+    return None
+
+
+def check_include(root, layer, kind, include):
+    """What is wrong with the include, or None."""
+    if kind == "<":
+        pattern = FORBIDDEN_SYSTEM.get(layer)
+        return f"{layer} must not use <{include}>" if pattern and re.match(pattern, include) else None
+    if GENERATED.match(include):
+        return None
+    target = target_of(root, include)
+    if target is None:
+        return f'"{include}" is not written from one of {", ".join(ROOTS)}'
+    used = layer_of(target)
+    if used == layer or used in LAYERS[layer]:
+        return None
+    return f'{layer} must not use {used or "a file without a layer"} ("{include}")'
+
+
+def check_file(root, path):
+    name = path.relative_to(root).as_posix()
+    layer = layer_of(name)
+    if layer is None:
+        return [f"{name}: belongs to no layer"]
+    problems = []
+    for number, line in enumerate(path.read_text(encoding="utf-8").splitlines(), start=1):
+        match = INCLUDE.match(line)
+        problem = match and check_include(root, layer, *match.groups())
+        if problem:
+            problems.append(f"{name}:{number}: {problem}")
+    return problems
+
+
+def check_tree(root):
+    problems = []
+    for folder in ROOTS:
+        for path in sorted((root / folder).rglob("*")):
+            if path.suffix in (".h", ".cpp"):
+                problems += check_file(root, path)
+    return problems
+
+
+def self_test():
+    sources = {
+        "modules/gui_base/core/ions.h": "",
+        "modules/gui_base/input/events.h": "",
+        "modules/gui_base/input/validation/v.h": '#include "gui_base/input/events.h"\n#include <wx/validate.h>',
+        "modules/gui_base/input/binding/b.h": '#include "gui_base/input/validation/v.h"',
+        "modules/gui_base/network/n.h": '#include "wxcurl/http.h"\n#include "gui_base/gui_base_export.h"',
+        "modules/gui_base/water/w.cpp": '#include "gui_base/network/n.h"\n#include "projectbase/p.h"',
+        "platform/projectbase/p.h": '#include "gui_base/core/ions.h"\n#include <wx/string.h>',
+        "platform/wxcurl/http.h": "",
+        "app/command_line/calc.cpp": '#include "projectbase/p.h"',
+        "app/frame.cpp": '#include "gui_base/input/binding/b.h"\n#include "command_line/calc.h"',
+        "app/command_line/calc.h": "",
+    }
+    bad = {
+        "modules/gui_base/core/up.h": '#include "projectbase/p.h"',
+        "modules/gui_base/core/window.h": "#include <wx/window.h>",
+        "modules/gui_base/input/validation/up.h": '  #  include "gui_base/input/binding/b.h"',
+        "modules/gui_base/graphics/side.h": '#include "gui_base/network/n.h"',
+        "modules/gui_base/water/curl.h": '#include "wxcurl/http.h"',
+        "modules/gui_base/elsewhere.h": "",
+        "platform/projectbase/window.h": '#include "gui_base/water/w.cpp"',
+        "platform/projectbase/relative.h": '#include "p.h"',
+        "app/command_line/window.cpp": '#include "gui_base/input/events.h"',
+    }
+    with tempfile.TemporaryDirectory() as folder:
+        root = Path(folder)
+        for name, text in {**sources, **bad}.items():
+            (root / name).parent.mkdir(parents=True, exist_ok=True)
+            (root / name).write_text(text, encoding="utf-8")
+        reported = {problem.split(":")[0] for problem in check_tree(root)}
+    if reported != set(bad):
+        print("not reported:", sorted(set(bad) - reported), "reported in error:", sorted(reported - set(bad)))
+        return 1
+    return 0
+
+
+def main():
+    if sys.argv[1:] == ["--self-test"]:
+        return self_test()
+    root = Path(sys.argv[1] if len(sys.argv) > 1 else Path(__file__).parent.parent).resolve()
+    problems = check_tree(root)
+    print("\n".join(problems) or "all includes follow the layers")
+    return 1 if problems else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
