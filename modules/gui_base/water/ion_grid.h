@@ -45,6 +45,7 @@ public:
                     const std::vector<wxString>& labels, std::span<const TotalRow> totals, wxWindow* headTool);
 
     std::vector<Row>& Rows() { return m_rows; }
+    const std::vector<Row>& Rows() const { return m_rows; }
     /// The row of an ion, or null.
     Row* Find(const std::string& ion);
     /// Index of the row that holds the focus, or -1.

@@ -364,6 +364,14 @@ tvUnitChoice* WaterAnalysisPanel::FindUnitChoice(const std::string& key) const
     return nullptr;
 }
 
+void WaterAnalysisPanel::StoreTypedValues(const std::vector<std::pair<std::string, double>>& values)
+{
+    for (const auto& [key, value] : values)
+        m_liquid.GetDetails()->At(key).SetValue(value);
+    TransferDetailsToWindow();
+    UpdateAndSignal();
+}
+
 void WaterAnalysisPanel::ShowHelp() const
 {
     if (m_help != nullptr)

@@ -17,6 +17,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 class BalancePanel;
@@ -55,6 +56,8 @@ public:
     /// See ions::ReversePolarizationEffect.
     static double ReversePolarizationEffect(double conductivity);
 
+    /// Stores several typed values, by detail key, as one change.
+    void StoreTypedValues(const std::vector<std::pair<std::string, double>>& values);
     /// Opens the page of this module in the user guide.
     void ShowHelp() const;
     LiquidData& GetLiquid() const { return m_liquid; }

@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "projectbase/water/composition.h"
 
+#include "gui_base/core/ion_table.h"
+
 #include <algorithm>
 #include <cmath>
+#include <numeric>
 
 namespace water {
 
@@ -20,6 +23,17 @@ double IonicStrength(const Composition& composition)
     for (std::size_t i = 0; i < kSpeciesCount; ++i)
         sum += composition.amounts[i] * kCharges[i] * kCharges[i];
     return 0.5e-3 * sum;
+}
+
+double DissolvedMass(const Composition& composition)
+{
+    static const auto molarMasses = [] {
+        std::array<double, kSpeciesCount> masses{};
+        std::ranges::transform(kSpeciesKeys, masses.begin(),
+                               [](std::string_view key) { return ions::FindIon(key)->molarMass; });
+        return masses;
+    }();
+    return std::inner_product(molarMasses.begin(), molarMasses.end(), composition.amounts.begin(), 0.0);
 }
 
 ChargeSums SumCharges(const Composition& composition)

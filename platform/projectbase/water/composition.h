@@ -75,6 +75,9 @@ struct Composition
 /// mol/l, ½ Σ c z² over all ions as if none of them were paired (stoichiometric ionic strength).
 PROJECTBASE_EXPORT double IonicStrength(const Composition& composition);
 
+/// mg/l of all that is dissolved.
+PROJECTBASE_EXPORT double DissolvedMass(const Composition& composition);
+
 /// meq/l of the positive and of the negative charges.
 struct ChargeSums
 {

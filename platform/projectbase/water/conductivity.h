@@ -25,7 +25,8 @@ PROJECTBASE_EXPORT double Conductivity(const Composition& composition, double ce
 
 /// bar. van 't Hoff's law over all dissolved species, with an osmotic coefficient that follows by the
 /// Gibbs-Duhem relation from activity coefficients of the Davies form (constant 0.13, fitted to NaCl, KCl and
-/// sea water up to 0.75 mol/kg). Fresh water ±1 %; sea water +0.5 %; 1 mol/kg of NaCl ±1 %. Not a number
+/// sea water up to 0.75 mol/kg). Fresh and sea water ±1 %; solutions of salts of divalent ions
+/// ±5 % at 0.1 mol/kg. Not a number
 /// where the speciation failed, or above kMaxOsmoticStrength.
 PROJECTBASE_EXPORT double OsmoticPressure(const Speciation& speciation, double celsius);
 PROJECTBASE_EXPORT double OsmoticPressure(const Composition& composition, double celsius);

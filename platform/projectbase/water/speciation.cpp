@@ -130,6 +130,7 @@ Speciation Speciate(const Composition& composition, double celsius)
     for (double& amount : totals)
         amount *= 1e-3;
     state.free = totals;
+    state.dissolvedMass = 1e-3 * DissolvedMass(composition);
     state.ionicStrength = EffectiveIonicStrength(state);
     if (!HasPairs(totals)) {
         state.converged = std::isfinite(state.ionicStrength);

@@ -38,6 +38,7 @@ struct Speciation
     std::array<double, kSpeciesCount> free{};   ///< mol/l
     std::array<double, kIonPairCount> pairs{};  ///< mol/l
     double ionicStrength = 0.0;                 ///< effective, mol/l: of the free ions and the charged pairs
+    double dissolvedMass = 0.0;                 ///< g/l
     bool converged = false;  ///< false also for a temperature at which there is no liquid water
 
     double FreeIon(Species species) const { return free[static_cast<std::size_t>(species)]; }

@@ -24,10 +24,10 @@ class TvUnitLabel;
 /// How the number of a detail is shown and checked.
 struct NumberSpec
 {
-    std::string key;
-    wxString label;           ///< source text; names the field for messages and screen readers
-    wxString unit;            ///< shown with the label in the field's name
-    std::string unitKey;      ///< detail that holds the unit instead, if not empty
+    std::string key = {};
+    wxString label = {};      ///< source text; names the field for messages and screen readers
+    wxString unit = {};       ///< shown with the label in the field's name
+    std::string unitKey = {};  ///< detail that holds the unit instead, if not empty
     int validatorFlags = 0;
     double min = 0.0;
     double max = 0.0;

@@ -1,0 +1,104 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+/// The main window: the tree of modules, their panels in a notebook, the message area and the status bar.
+///
+/// It owns the document; panels hold on to the document's project and are closed before it goes. Everything that
+/// saves, undoes or switches first commits the field that is being edited.
+
+#include "app/document.h"
+#include "app/message_area.h"
+#include "gui_base/support/events.h"
+#include "gui_base/support/help_file_provider.h"
+
+#include <wx/aui/auibook.h>
+#include <wx/frame.h>
+#include <wx/timer.h>
+#include <wx/treectrl.h>
+
+#include <filesystem>
+#include <memory>
+#include <vector>
+
+class ModulePanelBase;
+class TvStatusBar;
+class WaterAnalysisPanel;
+class wxSplitterWindow;
+
+namespace app {
+
+class MainFrame : public wxFrame
+{
+public:
+    explicit MainFrame(std::unique_ptr<Document> document);
+    ~MainFrame() override;
+
+    /// Replaces the open project, without asking.
+    void SetDocument(std::unique_ptr<Document> document);
+    Document& GetDocument() { return *m_document; }
+    /// Opens a file; a file that cannot be opened is answered in the message area and changes nothing.
+    bool OpenFile(const std::filesystem::path& path);
+    /// Saves to the document's file, or to `path`; false, with a message, when that fails.
+    bool SaveFile(const std::filesystem::path& path);
+    void SetUnitSystem(const std::string& unitSystem);
+    void SetLanguage(const wxString& code);
+    void Undo();
+    void Redo();
+
+    /// The panel of the first water.
+    WaterAnalysisPanel* GetWaterPanel() const;
+    MessageArea& GetMessageArea() { return *m_messages; }
+    wxAuiNotebook& GetNotebook() { return *m_notebook; }
+
+private:
+    void BuildWindows();
+    void BuildMenus();
+    wxMenu* BuildFileMenu();
+    wxMenu* BuildEditMenu();
+    wxMenu* BuildViewMenu();
+    wxMenu* BuildHelpMenu();
+    void FillRecentMenu();
+    void BuildModules();
+    void UpdateTitle();
+    void UpdateRangeMessages();
+    void ShowModule(std::size_t page);
+    void FocusDetail(const std::string& key);
+    void SendToPanels(wxEventType type);
+    ModulePanelBase* CurrentPanel() const;
+    void AfterUndo(const std::vector<DetailAddress>& changed);
+    void NameModules();
+    void RestartAutosave();
+    void NewProject();
+    void ShowNew(std::unique_ptr<Project> project);
+    void ShowTemplateDialog();
+    void AskAndOpen();
+    bool SaveCurrent();
+    bool AskAndSaveAs();
+    /// Whether the open project may go: it has no changes, they were saved, or the user gives them up.
+    bool ConfirmDiscard();
+    void PasteColumn();
+    void ShowHelp();
+    void ShowAbout();
+    void RememberFile(const std::filesystem::path& path);
+    void ReportError(const wxString& text);
+
+    void OnCloseProject(wxCommandEvent& event);
+    void OnProjectChanged(wxCommandEvent& event);
+    void OnVisualize(VisualizeMessageEvent& event);
+    void OnMessage(MessageEvent& event);
+    void OnTreeSelection(wxTreeEvent& event);
+    void OnAutosave(wxTimerEvent& event);
+    void OnClose(wxCloseEvent& event);
+
+    std::unique_ptr<Document> m_document;
+    std::unique_ptr<TVHelpFileProvider> m_help;
+    wxTreeCtrl* m_tree = nullptr;
+    wxAuiNotebook* m_notebook = nullptr;
+    MessageArea* m_messages = nullptr;
+    TvStatusBar* m_statusBar = nullptr;
+    wxMenu* m_recentMenu = nullptr;
+    wxTimer m_autosave;
+    std::vector<ModulePanelBase*> m_panels;
+};
+
+}  // namespace app

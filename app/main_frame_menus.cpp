@@ -1,0 +1,261 @@
+// SPDX-License-Identifier: MIT
+// The menus of the main window and what they do.
+#include "app/language.h"
+#include "app/main_frame.h"
+#include "app/message_log.h"
+#include "app/recent_files.h"
+#include "app/template_dialog.h"
+#include "app/templates.h"
+#include "gui_base/input/events.h"
+#include "gui_base/input/validation/commit.h"
+#include "gui_base/support/translation.h"
+#include "gui_base/water/paste_column.h"
+#include "gui_base/water/wateranalysis_panel.h"
+#include "projectbase/units/unit_system_manager.h"
+
+#include <wx/aboutdlg.h>
+#include <wx/filedlg.h>
+#include <wx/menu.h>
+#include <wx/msgdlg.h>
+
+namespace app {
+namespace {
+
+wxString Tr(const char* source) { return i18n::Translated(source); }
+
+wxString UnitSystemName(const std::string& unitSystem)
+{
+    if (unitSystem == "us")
+        return Tr("US customary units");
+    return unitSystem == "imperial" ? Tr("Imperial units") : Tr("ISO units");
+}
+
+wxString Wildcard() { return Tr("Tarnvik projects") + " (*.tarnvik)|*.tarnvik|" + Tr("All files") + "|*"; }
+
+template <typename Handler>
+void Append(wxMenu& menu, const wxString& text, Handler handler, int id = wxID_ANY)
+{
+    wxMenuItem* item = menu.Append(id, text);
+    menu.Bind(wxEVT_MENU, [handler](wxCommandEvent&) { handler(); }, item->GetId());
+}
+
+/// A radio item of a choice, checked when it is the one in effect.
+template <typename Handler>
+void AppendRadio(wxMenu& menu, const wxString& text, bool checked, Handler handler)
+{
+    wxMenuItem* item = menu.AppendRadioItem(wxID_ANY, text);
+    item->Check(checked);
+    menu.Bind(wxEVT_MENU, [handler](wxCommandEvent&) { handler(); }, item->GetId());
+}
+
+}  // namespace
+
+void MainFrame::BuildMenus()
+{
+    auto* bar = new wxMenuBar;
+    bar->Append(BuildFileMenu(), Tr("&File"));
+    bar->Append(BuildEditMenu(), Tr("&Edit"));
+    bar->Append(BuildViewMenu(), Tr("&View"));
+    bar->Append(BuildHelpMenu(), Tr("&Help"));
+    wxMenuBar* old = GetMenuBar();
+    SetMenuBar(bar);
+    delete old;
+}
+
+wxMenu* MainFrame::BuildFileMenu()
+{
+    auto* menu = new wxMenu;
+    Append(*menu, Tr("&New project") + "\tCtrl+N", [this] { NewProject(); }, wxID_NEW);
+    Append(*menu, Tr("New from &example...") + "\tCtrl+Shift+N", [this] { ShowTemplateDialog(); });
+    Append(*menu, Tr("&Open...") + "\tCtrl+O", [this] { AskAndOpen(); }, wxID_OPEN);
+    m_recentMenu = new wxMenu;
+    menu->AppendSubMenu(m_recentMenu, Tr("Open &recent"));
+    FillRecentMenu();
+    menu->AppendSeparator();
+    Append(*menu, Tr("&Save") + "\tCtrl+S", [this] { SaveCurrent(); }, wxID_SAVE);
+    Append(*menu, Tr("Save &as...") + "\tCtrl+Shift+S", [this] { AskAndSaveAs(); }, wxID_SAVEAS);
+    menu->AppendSeparator();
+    Append(*menu, Tr("&Close project") + "\tCtrl+W",
+           [this] { events::SendEvent(this, tvCLOSEPROJECT_EVENT, GetId(), 0, wxString()); }, wxID_CLOSE);
+    Append(*menu, Tr("E&xit") + "\tCtrl+Q", [this] { Close(); }, wxID_EXIT);
+    return menu;
+}
+
+wxMenu* MainFrame::BuildEditMenu()
+{
+    auto* menu = new wxMenu;
+    Append(*menu, Tr("&Undo") + "\tCtrl+Z", [this] { Undo(); }, wxID_UNDO);
+    Append(*menu, Tr("&Redo") + "\tCtrl+Shift+Z", [this] { Redo(); }, wxID_REDO);
+    menu->AppendSeparator();
+    Append(*menu, Tr("&Paste column...") + "\tCtrl+Shift+V", [this] { PasteColumn(); });
+    return menu;
+}
+
+wxMenu* MainFrame::BuildViewMenu()
+{
+    auto* menu = new wxMenu;
+    auto* units = new wxMenu;
+    for (const std::string& unitSystem : UnitSystemManager::GetUnitSystems())
+        AppendRadio(*units, UnitSystemName(unitSystem),
+                    unitSystem == m_document->GetProject().GetUnitSystemDisplay(),
+                    [this, unitSystem] { SetUnitSystem(unitSystem); });
+    menu->AppendSubMenu(units, Tr("&Unit system"));
+    auto* languages = new wxMenu;
+    for (const Language& language : AvailableLanguages())
+        AppendRadio(*languages, language.name, language.code == CurrentLanguage(), [this, code = language.code] {
+            // The menu that is being used is replaced by the switch.
+            CallAfter([this, code] { SetLanguage(code); });
+        });
+    menu->AppendSubMenu(languages, Tr("&Language"));
+    menu->AppendSeparator();
+    Append(*menu, Tr("Clear &messages"), [this] {
+        m_messages->ClearMessages();
+        UpdateRangeMessages();
+    });
+    return menu;
+}
+
+wxMenu* MainFrame::BuildHelpMenu()
+{
+    auto* menu = new wxMenu;
+    Append(*menu, Tr("Help on this &page") + "\tF1", [this] { ShowHelp(); }, wxID_HELP);
+    Append(*menu, Tr("&Contents"), [this] {
+        if (m_help)
+            m_help->DisplayHelpContent();
+    });
+    menu->AppendSeparator();
+    Append(*menu, Tr("&About Tarnvik"), [this] { ShowAbout(); }, wxID_ABOUT);
+    return menu;
+}
+
+void MainFrame::FillRecentMenu()
+{
+    while (m_recentMenu->GetMenuItemCount() > 0)
+        m_recentMenu->Destroy(m_recentMenu->FindItemByPosition(0));
+    std::vector<std::filesystem::path> files;
+    try
+    {
+        files = RecentFiles();
+    }
+    catch (const std::exception& error)
+    {
+        ReportError(wxString::FromUTF8(error.what()));
+    }
+    int number = 0;
+    for (const auto& file : files)
+    {
+        wxString name = wxString::FromUTF8(file.string());
+        name.Replace("&", "&&");
+        Append(*m_recentMenu, wxString::Format("&%d  %s", ++number, name), [this, file] {
+            CommitFocusedField();
+            if (ConfirmDiscard())
+                OpenFile(file);
+        });
+    }
+    if (files.empty())
+        m_recentMenu->Append(wxID_ANY, Tr("No files yet"))->Enable(false);
+}
+
+void MainFrame::NewProject()
+{
+    CommitFocusedField();
+    if (!ConfirmDiscard())
+        return;
+    ShowNew(NewEmptyProject());
+}
+
+void MainFrame::ShowNew(std::unique_ptr<Project> project)
+{
+    project->SetUnitSystemDisplay(m_document->GetProject().GetUnitSystemDisplay());
+    SetDocument(std::make_unique<Document>(std::move(project)));
+}
+
+void MainFrame::ShowTemplateDialog()
+{
+    CommitFocusedField();
+    if (!ConfirmDiscard())
+        return;
+    TemplateDialog dialog(this, WaterTemplates());
+    if (dialog.ShowModal() != wxID_OK)
+        return;
+    if (const WaterTemplate* chosen = dialog.GetChosen())
+        ShowNew(NewProjectFrom(*chosen));
+}
+
+void MainFrame::AskAndOpen()
+{
+    CommitFocusedField();
+    if (!ConfirmDiscard())
+        return;
+    wxFileDialog dialog(this, Tr("Open project"), wxString(), wxString(), Wildcard(),
+                        wxFD_OPEN | wxFD_FILE_MUST_EXIST);
+    if (dialog.ShowModal() == wxID_OK)
+        OpenFile(dialog.GetPath().utf8_string());
+}
+
+bool MainFrame::SaveCurrent()
+{
+    CommitFocusedField();
+    return m_document->GetPath().empty() ? AskAndSaveAs() : SaveFile(m_document->GetPath());
+}
+
+bool MainFrame::AskAndSaveAs()
+{
+    CommitFocusedField();
+    wxFileDialog dialog(this, Tr("Save project"), wxString(), Tr("Water") + ".tarnvik", Wildcard(),
+                        wxFD_SAVE | wxFD_OVERWRITE_PROMPT);
+    if (dialog.ShowModal() != wxID_OK)
+        return false;
+    std::filesystem::path path = dialog.GetPath().utf8_string();
+    if (path.extension().empty())
+        path += ".tarnvik";
+    return SaveFile(path);
+}
+
+bool MainFrame::ConfirmDiscard()
+{
+    if (!m_document->GetProject().IsChanged())
+        return true;
+    wxMessageDialog dialog(this, Tr("The project has unsaved changes. Save them?"), Tr("Confirm"),
+                           wxYES_NO | wxCANCEL | wxCENTRE | wxICON_QUESTION);
+    dialog.SetYesNoCancelLabels(Tr("&Save"), Tr("&Discard"), Tr("&Cancel"));
+    switch (dialog.ShowModal())
+    {
+        case wxID_YES:
+            return SaveCurrent();
+        case wxID_NO:
+            return true;
+        default:
+            return false;
+    }
+}
+
+void MainFrame::OnCloseProject(wxCommandEvent&) { NewProject(); }
+
+void MainFrame::PasteColumn()
+{
+    CommitFocusedField();
+    auto* panel = dynamic_cast<WaterAnalysisPanel*>(CurrentPanel());
+    if (panel != nullptr)
+        wateranalysis::PasteColumn(*panel);
+}
+
+void MainFrame::ShowHelp()
+{
+    if (const auto* panel = dynamic_cast<WaterAnalysisPanel*>(CurrentPanel()))
+        panel->ShowHelp();
+    else if (m_help)
+        m_help->DisplayHelpContent();
+}
+
+void MainFrame::ShowAbout()
+{
+    wxAboutDialogInfo info;
+    info.SetName("Tarnvik");
+    info.SetVersion(TARNVIK_VERSION);
+    info.SetDescription(Tr("Design of ion-exchange water-treatment plants"));
+    info.SetLicence("MIT");
+    wxAboutBox(info, this);
+}
+
+}  // namespace app

@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+/// The list at the foot of the window: which inputs are out of range, and what the program has to tell. Activating a
+/// line (double click, Enter) takes the user to the field that it speaks of.
+
+#include <wx/listctrl.h>
+#include <wx/panel.h>
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace app {
+
+class MessageArea : public wxListView
+{
+public:
+    enum class Severity
+    {
+        Info,
+        Warning,
+        Error
+    };
+
+    /// A field out of range.
+    struct RangeMessage
+    {
+        wxString text;
+        std::string key;  ///< of the detail
+    };
+
+    explicit MessageArea(wxWindow* parent);
+
+    /// Called with the key of the detail whose line was activated.
+    void SetOnActivate(std::function<void(const std::string&)> onActivate) { m_onActivate = std::move(onActivate); }
+    /// Replaces the range messages, which stand first.
+    void SetRangeMessages(const std::vector<RangeMessage>& messages);
+    /// Adds a message at the end; a text that is shown already is not added twice.
+    void AddMessage(Severity severity, const wxString& text);
+    void ClearMessages();
+    void Localize();
+
+private:
+    struct Line
+    {
+        Severity severity;
+        wxString text;
+        std::string key;
+    };
+
+    void ShowLines();
+    void OnActivated(wxListEvent& event);
+    void OnResized(wxSizeEvent& event);
+
+    std::vector<RangeMessage> m_ranges;
+    std::vector<Line> m_messages;
+    std::function<void(const std::string&)> m_onActivate;
+};
+
+}  // namespace app

@@ -1,0 +1,102 @@
+// SPDX-License-Identifier: MIT
+#include "app/tarnvik_app.h"
+
+#include "app/language.h"
+#include "app/main_frame.h"
+#include "app/templates.h"
+#include "dbinterfaces/project_database.h"
+#include "gui_base/support/image_loader.h"
+#include "projectbase/settings/settings.h"
+#include "tncommon/data_dir.h"
+
+#include <wx/cmdline.h>
+#include <wx/log.h>
+#include <wx/uilocale.h>
+
+namespace app {
+namespace {
+
+/// The water that a newcomer sees first: the mean of the rivers of the world.
+constexpr const char* kFirstExample = "world_river_livingstone";
+
+std::unique_ptr<Project> FirstProject()
+{
+    const WaterTemplate* example = FindWaterTemplate(kFirstExample);
+    auto project = example != nullptr ? NewProjectFrom(*example) : NewEmptyProject();
+    project->SetUnitSystemDisplay(Settings::GetSetting("unit.system").GetStdStringValue());
+    return project;
+}
+
+}  // namespace
+
+void InitProgram(std::string& error)
+{
+    // Numbers follow the user's system; only the language of texts can be switched later.
+    wxUILocale::UseDefault();
+    ImageLoader::Init(wxString::FromUTF8(tncommon::DataDir().string()));
+    try
+    {
+        ProjectDatabase::OpenConfigured();
+        Settings::Load();
+    }
+    catch (const std::exception& failure)
+    {
+        error = failure.what();
+    }
+    const wxString language = Settings::GetSetting("language").GetStringValue();
+    SwitchLanguage(language.empty() ? SystemLanguage() : language);
+}
+
+bool TarnvikApp::OnInit()
+{
+    SetAppName("tarnvik");
+    SetAppDisplayName("Tarnvik");
+    if (!wxApp::OnInit())
+        return false;
+    InitProgram(m_databaseError);
+    m_frame = new MainFrame(std::make_unique<Document>(FirstProject()));
+    if (!m_databaseError.empty())
+        m_frame->GetMessageArea().AddMessage(MessageArea::Severity::Error, wxString::FromUTF8(m_databaseError));
+    if (!m_file.empty())
+        m_frame->OpenFile(m_file);
+    m_frame->Show();
+    return true;
+}
+
+int TarnvikApp::OnExit()
+{
+    ProjectDatabase::Close();
+    return wxApp::OnExit();
+}
+
+bool TarnvikApp::OnExceptionInMainLoop()
+{
+    try
+    {
+        throw;
+    }
+    catch (const std::exception& error)
+    {
+        wxLogError("%s", wxString::FromUTF8(error.what()));
+    }
+    catch (...)
+    {
+        wxLogError("Unknown exception");
+    }
+    return true;
+}
+
+void TarnvikApp::OnInitCmdLine(wxCmdLineParser& parser)
+{
+    wxApp::OnInitCmdLine(parser);
+    parser.AddParam("FILE", wxCMD_LINE_VAL_STRING, wxCMD_LINE_PARAM_OPTIONAL);
+}
+
+bool TarnvikApp::OnCmdLineParsed(wxCmdLineParser& parser)
+{
+    if (parser.GetParamCount() > 0)
+        m_file = parser.GetParam(0).utf8_string();
+    return wxApp::OnCmdLineParsed(parser);
+}
+
+}  // namespace app

@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <wx/app.h>
+
+#include <filesystem>
+#include <string>
+
+namespace app {
+
+class MainFrame;
+
+/// The program with its window.
+class TarnvikApp : public wxApp
+{
+public:
+    bool OnInit() override;
+    int OnExit() override;
+    /// An exception that nobody caught is reported; the program goes on.
+    bool OnExceptionInMainLoop() override;
+    void OnInitCmdLine(wxCmdLineParser& parser) override;
+    bool OnCmdLineParsed(wxCmdLineParser& parser) override;
+
+    MainFrame* GetFrame() const { return m_frame; }
+
+private:
+
+    std::string m_file;
+    std::string m_databaseError;
+    MainFrame* m_frame = nullptr;
+};
+
+/// What every start needs before windows are made: the locale of the system for numbers, images, settings.
+/// `error` receives a text when the user database cannot be used; the program then runs without it.
+void InitProgram(std::string& error);
+
+}  // namespace app
