@@ -9,12 +9,14 @@ Document::Document(std::unique_ptr<Project> project) : Document(std::move(projec
 
 Document::Document(std::unique_ptr<Project> project, std::filesystem::path path)
     : m_project(std::move(project)), m_path(std::move(path)), m_snapshot(*m_project), m_undo(*m_project)
-{
-}
+{}
 
 Document::~Document() = default;
 
-std::string Document::GetName() const { return m_path.stem().string(); }
+std::string Document::GetName() const
+{
+    return m_path.stem().string();
+}
 
 void Document::Save(const std::filesystem::path& path)
 {
@@ -24,9 +26,21 @@ void Document::Save(const std::filesystem::path& path)
     DiscardRecovery();
 }
 
-void Document::Autosave() {}
+void Document::Autosave()
+{
+    if (!m_project->IsChanged())
+        return;
+    if (!m_recovery)
+        m_recovery = std::make_unique<RecoveryFile>(m_path);
+    m_recovery->Save(*m_project);
+}
 
-void Document::DiscardRecovery() {}
+void Document::DiscardRecovery()
+{
+    if (m_recovery)
+        m_recovery->Discard();
+    m_recovery.reset();
+}
 
 void Document::RecordEdit()
 {
@@ -34,9 +48,15 @@ void Document::RecordEdit()
     m_snapshot = DetailSnapshot(*m_project);
 }
 
-std::vector<DetailAddress> Document::Undo() { return Applied(m_undo.Undo()); }
+std::vector<DetailAddress> Document::Undo()
+{
+    return Applied(m_undo.Undo());
+}
 
-std::vector<DetailAddress> Document::Redo() { return Applied(m_undo.Redo()); }
+std::vector<DetailAddress> Document::Redo()
+{
+    return Applied(m_undo.Redo());
+}
 
 std::vector<DetailAddress> Document::Applied(const UndoStep* step)
 {

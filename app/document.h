@@ -3,7 +3,8 @@
 
 /// The open project with its file, its undo history and its recovery copy. No windows.
 
-#include "projectbase/project/iex_project.h"
+#include "projectbase/project/project.h"
+#include "projectbase/project/recovery_file.h"
 #include "projectbase/project/undo_redo_detail_stack.h"
 
 #include <filesystem>
@@ -28,9 +29,11 @@ public:
     /// File name without its ending, or an empty text.
     std::string GetName() const;
 
-    /// Saves to `path`, which becomes the document's file, and drops the recovery copy. Throws ProjectFileError.
+    /// Saves to `path`, which becomes the document's file, and drops the recovery copy. Throws
+    /// ProjectFileError.
     void Save(const std::filesystem::path& path);
-    /// Writes the recovery copy of a project with unsaved changes; never touches its file. Throws ProjectFileError.
+    /// Writes the recovery copy of a project with unsaved changes; never touches its file. Throws
+    /// ProjectFileError.
     void Autosave();
     void DiscardRecovery();
 
@@ -49,6 +52,8 @@ private:
     std::filesystem::path m_path;
     DetailSnapshot m_snapshot;
     UndoRedoDetailStack m_undo;
+    /// Made by the first autosave.
+    std::unique_ptr<RecoveryFile> m_recovery;
 };
 
 }  // namespace app

@@ -30,7 +30,7 @@ constexpr int kMessageHeight = 110;
 wxString RangeText(const ModulePanelBase::RangeViolation& violation)
 {
     const bool below = violation.detail->GetRangeFlag() < 0;
-    const auto* validator = dynamic_cast<NumericValidator*>(violation.window->GetValidator());
+    auto* validator = dynamic_cast<NumericValidator*>(violation.window->GetValidator());
     const wxString limit = validator != nullptr ? validator->GetLimitText(below) : wxString();
     const wxString text = i18n::Translated(below ? wxTRANSLATE("%s is below the minimum of %s")
                                                  : wxTRANSLATE("%s is above the maximum of %s"));
@@ -55,12 +55,9 @@ MainFrame::MainFrame(std::unique_ptr<Document> document)
 {
     BuildWindows();
     BuildMenus();
-    try
-    {
+    try {
         m_help = std::make_unique<TVHelpFileProvider>((tncommon::DataDir() / "help").string());
-    }
-    catch (const std::exception& error)
-    {
+    } catch (const std::exception& error) {
         ReportError(wxString::FromUTF8(error.what()));
     }
     BuildModules();
@@ -70,9 +67,8 @@ MainFrame::MainFrame(std::unique_ptr<Document> document)
     Bind(tvCHANGEWINDOWNAME_EVENT, [this](wxCommandEvent&) { UpdateTitle(); });
     Bind(tvUPDATEPROJECTLIST_EVENT, [this](wxCommandEvent&) { FillRecentMenu(); });
     Bind(tvCLOSEPROJECT_EVENT, &MainFrame::OnCloseProject, this);
-    Bind(tvACTIVATECURRENTTREEITEM_EVENT, [this](wxCommandEvent& event) {
-        ShowModule(static_cast<std::size_t>(event.GetInt()));
-    });
+    Bind(tvACTIVATECURRENTTREEITEM_EVENT,
+         [this](wxCommandEvent& event) { ShowModule(static_cast<std::size_t>(event.GetInt())); });
     Bind(wxEVT_CLOSE_WINDOW, &MainFrame::OnClose, this);
     Bind(wxEVT_TIMER, &MainFrame::OnAutosave, this);
     RestartAutosave();
@@ -94,11 +90,13 @@ void MainFrame::BuildWindows()
     SetStatusBar(m_statusBar);
 
     auto* vertical = new wxSplitterWindow(this, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxSP_LIVE_UPDATE);
-    auto* horizontal = new wxSplitterWindow(vertical, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxSP_LIVE_UPDATE);
+    auto* horizontal =
+        new wxSplitterWindow(vertical, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxSP_LIVE_UPDATE);
     m_tree = new wxTreeCtrl(horizontal, wxID_ANY, wxDefaultPosition, wxDefaultSize,
                             wxTR_DEFAULT_STYLE | wxTR_HIDE_ROOT | wxTR_NO_LINES | wxTR_FULL_ROW_HIGHLIGHT);
-    m_notebook = new wxAuiNotebook(horizontal, wxID_ANY, wxDefaultPosition, wxDefaultSize,
-                                   wxAUI_NB_TOP | wxAUI_NB_TAB_SPLIT | wxAUI_NB_TAB_MOVE | wxAUI_NB_SCROLL_BUTTONS);
+    m_notebook =
+        new wxAuiNotebook(horizontal, wxID_ANY, wxDefaultPosition, wxDefaultSize,
+                          wxAUI_NB_TOP | wxAUI_NB_TAB_SPLIT | wxAUI_NB_TAB_MOVE | wxAUI_NB_SCROLL_BUTTONS);
     horizontal->SetMinimumPaneSize(FromDIP(80));
     horizontal->SplitVertically(m_tree, m_notebook, FromDIP(kTreeWidth));
     m_messages = new MessageArea(vertical);
@@ -117,10 +115,10 @@ void MainFrame::BuildModules()
     m_panels.clear();
     Project& project = m_document->GetProject();
     project.GetLogger().SetSink([this](const Logger::Entry& entry) {
-        m_messages->AddMessage(static_cast<MessageArea::Severity>(entry.level), wxString::FromUTF8(entry.text));
+        m_messages->AddMessage(static_cast<MessageArea::Severity>(entry.level),
+                               wxString::FromUTF8(entry.text));
     });
-    for (std::size_t i = 0; i < project.GetLiquidCount(); ++i)
-    {
+    for (std::size_t i = 0; i < project.GetLiquidCount(); ++i) {
         auto* panel = new WaterAnalysisPanel(&project, i, m_notebook, wxID_ANY, m_help.get());
         m_panels.push_back(panel);
         m_notebook->AddPage(panel, wxString());
@@ -135,8 +133,7 @@ void MainFrame::NameModules()
     const wxTreeItemId root = m_tree->AddRoot(wxString());
     const wxTreeItemId waters = m_tree->AppendItem(root, i18n::Translated("Water analysis"));
     const Project& project = m_document->GetProject();
-    for (std::size_t i = 0; i < project.GetLiquidCount(); ++i)
-    {
+    for (std::size_t i = 0; i < project.GetLiquidCount(); ++i) {
         const wxString name = i18n::Translated(wxString::FromUTF8(project.GetLiquid(i).GetName()));
         m_tree->AppendItem(waters, name, -1, -1, new PageItem(i));
         m_notebook->SetPageText(i, name);
@@ -179,8 +176,7 @@ void MainFrame::UpdateTitle()
 void MainFrame::UpdateRangeMessages()
 {
     std::vector<MessageArea::RangeMessage> messages;
-    for (const ModulePanelBase* panel : m_panels)
-    {
+    for (const ModulePanelBase* panel : m_panels) {
         for (const auto& violation : panel->GetRangeViolations())
             messages.push_back({RangeText(violation), violation.detail->GetName()});
     }
@@ -197,10 +193,8 @@ void MainFrame::ShowModule(std::size_t page)
 
 void MainFrame::FocusDetail(const std::string& key)
 {
-    for (std::size_t i = 0; i < m_panels.size(); ++i)
-    {
-        for (const auto& violation : m_panels[i]->GetRangeViolations())
-        {
+    for (std::size_t i = 0; i < m_panels.size(); ++i) {
+        for (const auto& violation : m_panels[i]->GetRangeViolations()) {
             if (violation.detail->GetName() != key)
                 continue;
             m_notebook->SetSelection(i);
@@ -212,8 +206,7 @@ void MainFrame::FocusDetail(const std::string& key)
 
 void MainFrame::SendToPanels(wxEventType type)
 {
-    for (ModulePanelBase* panel : m_panels)
-    {
+    for (ModulePanelBase* panel : m_panels) {
         wxCommandEvent event(type, panel->GetId());
         // To the panel alone: it would climb back to this frame.
         event.StopPropagation();
@@ -267,8 +260,7 @@ void MainFrame::AfterUndo(const std::vector<DetailAddress>& changed)
     for (ModulePanelBase* panel : m_panels)
         panel->UpdateUnits(true);
     const DetailAddress& first = changed.front();
-    if (first.liquid >= 0 && static_cast<std::size_t>(first.liquid) < m_panels.size())
-    {
+    if (first.liquid >= 0 && static_cast<std::size_t>(first.liquid) < m_panels.size()) {
         m_notebook->SetSelection(static_cast<std::size_t>(first.liquid));
         m_panels[static_cast<std::size_t>(first.liquid)]->FocusDetail(first.name);
     }
@@ -278,30 +270,61 @@ void MainFrame::AfterUndo(const std::vector<DetailAddress>& changed)
 
 bool MainFrame::OpenFile(const std::filesystem::path& path)
 {
-    try
-    {
+    try {
         auto project = ProjectFile::Load(path);
         project->SetUnitSystemDisplay(m_document->GetProject().GetUnitSystemDisplay());
         project->CalculateDesign();
         SetDocument(std::make_unique<Document>(std::move(project), path));
         RememberFile(path);
         return true;
-    }
-    catch (const std::exception& error)
-    {
+    } catch (const std::exception& error) {
         ReportError(UserText(error));
         return false;
     }
 }
 
+void MainFrame::OfferRecovery()
+{
+    for (const RecoverableFile& file : RecoveryFile::List()) {
+        const wxString name =
+            file.project.empty() ? i18n::Translated("Untitled") : wxString::FromUTF8(file.project.string());
+        wxMessageDialog dialog(
+            this,
+            wxString::Format(
+                i18n::Translated("The program ended before this project was saved:\n%s\n\nRestore it?"),
+                name),
+            i18n::Translated("Confirm"), wxYES_NO | wxCENTRE | wxICON_QUESTION);
+        dialog.SetYesNoLabels(i18n::Translated("&Restore"), i18n::Translated("&Discard"));
+        try {
+            const bool restore = dialog.ShowModal() == wxID_YES;
+            if (restore)
+                Restore(file);
+            RecoveryFile::Discard(file);
+            if (restore)
+                return;
+        } catch (const std::exception& error) {
+            ReportError(UserText(error));
+        }
+    }
+}
+
+void MainFrame::Restore(const RecoverableFile& file)
+{
+    auto project = RecoveryFile::Load(file);
+    project->SetUnitSystemDisplay(m_document->GetProject().GetUnitSystemDisplay());
+    project->CalculateDesign();
+    project->SetChanged(true);
+    auto document = std::make_unique<Document>(std::move(project), file.project);
+    // The unsaved work stays recoverable until it is saved or given up.
+    document->Autosave();
+    SetDocument(std::move(document));
+}
+
 bool MainFrame::SaveFile(const std::filesystem::path& path)
 {
-    try
-    {
+    try {
         m_document->Save(path);
-    }
-    catch (const std::exception& error)
-    {
+    } catch (const std::exception& error) {
         ReportError(UserText(error));
         return false;
     }
@@ -312,18 +335,18 @@ bool MainFrame::SaveFile(const std::filesystem::path& path)
 
 void MainFrame::RememberFile(const std::filesystem::path& path)
 {
-    try
-    {
+    try {
         AddRecentFile(path);
-    }
-    catch (const std::exception& error)
-    {
+    } catch (const std::exception& error) {
         ReportError(wxString::FromUTF8(error.what()));
     }
     events::SendEvent(this, tvUPDATEPROJECTLIST_EVENT, GetId(), 0, wxString());
 }
 
-void MainFrame::ReportError(const wxString& text) { m_messages->AddMessage(MessageArea::Severity::Error, text); }
+void MainFrame::ReportError(const wxString& text)
+{
+    m_messages->AddMessage(MessageArea::Severity::Error, text);
+}
 
 void MainFrame::OnProjectChanged(wxCommandEvent&)
 {
@@ -332,7 +355,10 @@ void MainFrame::OnProjectChanged(wxCommandEvent&)
     events::SendEvent(this, tvCHANGEWINDOWNAME_EVENT, GetId(), 0, wxString());
 }
 
-void MainFrame::OnVisualize(VisualizeMessageEvent&) { UpdateRangeMessages(); }
+void MainFrame::OnVisualize(VisualizeMessageEvent&)
+{
+    UpdateRangeMessages();
+}
 
 void MainFrame::OnMessage(MessageEvent& event)
 {
@@ -344,7 +370,8 @@ void MainFrame::OnTreeSelection(wxTreeEvent& event)
 {
     const auto* item = dynamic_cast<PageItem*>(m_tree->GetItemData(event.GetItem()));
     if (item != nullptr)
-        events::SendEvent(this, tvACTIVATECURRENTTREEITEM_EVENT, GetId(), static_cast<int>(item->GetPage()), {});
+        events::SendEvent(this, tvACTIVATECURRENTTREEITEM_EVENT, GetId(), static_cast<int>(item->GetPage()),
+                          {});
 }
 
 void MainFrame::RestartAutosave()
@@ -359,12 +386,9 @@ void MainFrame::RestartAutosave()
 
 void MainFrame::OnAutosave(wxTimerEvent&)
 {
-    try
-    {
+    try {
         m_document->Autosave();
-    }
-    catch (const std::exception& error)
-    {
+    } catch (const std::exception& error) {
         ReportError(UserText(error));
     }
 }
@@ -372,18 +396,14 @@ void MainFrame::OnAutosave(wxTimerEvent&)
 void MainFrame::OnClose(wxCloseEvent& event)
 {
     CommitFocusedField();
-    if (event.CanVeto() && !ConfirmDiscard())
-    {
+    if (event.CanVeto() && !ConfirmDiscard()) {
         event.Veto();
         return;
     }
-    try
-    {
+    try {
         m_document->DiscardRecovery();
         Settings::Save();
-    }
-    catch (const std::exception& error)
-    {
+    } catch (const std::exception& error) {
         wxLogDebug("%s", wxString::FromUTF8(error.what()));
     }
     RedirectLog();

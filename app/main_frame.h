@@ -3,8 +3,8 @@
 
 /// The main window: the tree of modules, their panels in a notebook, the message area and the status bar.
 ///
-/// It owns the document; panels hold on to the document's project and are closed before it goes. Everything that
-/// saves, undoes or switches first commits the field that is being edited.
+/// It owns the document; panels hold on to the document's project and are closed before it goes. Everything
+/// that saves, undoes or switches first commits the field that is being edited.
 
 #include "app/document.h"
 #include "app/message_area.h"
@@ -40,6 +40,8 @@ public:
     bool OpenFile(const std::filesystem::path& path);
     /// Saves to the document's file, or to `path`; false, with a message, when that fails.
     bool SaveFile(const std::filesystem::path& path);
+    /// Offers what a program that ended unexpectedly left behind.
+    void OfferRecovery();
     void SetUnitSystem(const std::string& unitSystem);
     void SetLanguage(const wxString& code);
     void Undo();
@@ -79,6 +81,7 @@ private:
     void PasteColumn();
     void ShowHelp();
     void ShowAbout();
+    void Restore(const RecoverableFile& file);
     void RememberFile(const std::filesystem::path& path);
     void ReportError(const wxString& text);
 

@@ -34,13 +34,10 @@ void InitProgram(std::string& error)
     // Numbers follow the user's system; only the language of texts can be switched later.
     wxUILocale::UseDefault();
     ImageLoader::Init(wxString::FromUTF8(tncommon::DataDir().string()));
-    try
-    {
+    try {
         ProjectDatabase::OpenConfigured();
         Settings::Load();
-    }
-    catch (const std::exception& failure)
-    {
+    } catch (const std::exception& failure) {
         error = failure.what();
     }
     const wxString language = Settings::GetSetting("language").GetStringValue();
@@ -56,10 +53,12 @@ bool TarnvikApp::OnInit()
     InitProgram(m_databaseError);
     m_frame = new MainFrame(std::make_unique<Document>(FirstProject()));
     if (!m_databaseError.empty())
-        m_frame->GetMessageArea().AddMessage(MessageArea::Severity::Error, wxString::FromUTF8(m_databaseError));
+        m_frame->GetMessageArea().AddMessage(MessageArea::Severity::Error,
+                                             wxString::FromUTF8(m_databaseError));
     if (!m_file.empty())
         m_frame->OpenFile(m_file);
     m_frame->Show();
+    m_frame->CallAfter([frame = m_frame] { frame->OfferRecovery(); });
     return true;
 }
 
@@ -71,16 +70,11 @@ int TarnvikApp::OnExit()
 
 bool TarnvikApp::OnExceptionInMainLoop()
 {
-    try
-    {
+    try {
         throw;
-    }
-    catch (const std::exception& error)
-    {
+    } catch (const std::exception& error) {
         wxLogError("%s", wxString::FromUTF8(error.what()));
-    }
-    catch (...)
-    {
+    } catch (...) {
         wxLogError("Unknown exception");
     }
     return true;

@@ -4,6 +4,7 @@
 #include "gui_base/core/delimited_text.h"
 #include "gui_base/core/ion_table.h"
 #include "gui_base/core/number_text.h"
+#include "projectbase/project/iex_project.h"
 #include "tncommon/data_dir.h"
 
 #include <algorithm>
@@ -35,10 +36,8 @@ WaterTemplate MakeTemplate(const delimited::Row& heads, const delimited::Row& ce
     WaterTemplate water;
     const std::map<std::string, std::string*> texts{
         {"id", &water.id}, {"name", &water.name}, {"kind", &water.kind}, {"source", &water.source}};
-    for (std::size_t i = 0; i < heads.size() && i < cells.size(); ++i)
-    {
-        if (const auto text = texts.find(heads[i]); text != texts.end())
-        {
+    for (std::size_t i = 0; i < heads.size() && i < cells.size(); ++i) {
+        if (const auto text = texts.find(heads[i]); text != texts.end()) {
             *text->second = cells[i];
             continue;
         }
@@ -71,8 +70,7 @@ const std::vector<WaterTemplate>& WaterTemplates()
 
 const WaterTemplate* FindWaterTemplate(const std::string& id)
 {
-    for (const WaterTemplate& water : WaterTemplates())
-    {
+    for (const WaterTemplate& water : WaterTemplates()) {
         if (water.id == id)
             return &water;
     }

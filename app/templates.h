@@ -3,7 +3,7 @@
 
 /// The published water analyses that new projects can start from.
 
-#include "projectbase/project/iex_project.h"
+#include "projectbase/project/project.h"
 
 #include <memory>
 #include <string>
@@ -28,7 +28,8 @@ const std::vector<WaterTemplate>& WaterTemplates();
 /// The template with that identifier, or null.
 const WaterTemplate* FindWaterTemplate(const std::string& id);
 
-/// A calculated project whose water has the template's analysis; what the template does not state is unknown or 0.
+/// A calculated project whose water has the template's analysis; what the template does not state is unknown
+/// or 0.
 std::unique_ptr<Project> NewProjectFrom(const WaterTemplate& water);
 /// A calculated project with an empty water.
 std::unique_ptr<Project> NewEmptyProject();

@@ -29,8 +29,13 @@ std::unique_ptr<wxFSFile> OpenEntry(const wxString& dataPath, const wxString& na
     // A missing picture is answered by an empty image; nobody needs a message box about it.
     const wxLogNull quiet;
     wxFileSystem fileSystem;
-    const wxString location = wxFileSystem::FileNameToURL(wxFileName(dataPath, ArchiveName()));
-    return std::unique_ptr<wxFSFile>(fileSystem.OpenFile(location + "#zip:" + EntryName(name)));
+    const wxString location = wxFileSystem::FileNameToURL(wxFileName(dataPath, ArchiveName())) + "#zip:";
+    const wxString entry = EntryName(name);
+    std::unique_ptr<wxFSFile> file(fileSystem.OpenFile(location + entry));
+    // Pictures are kept as PNG, whatever format the name asks for.
+    if (!file && !entry.EndsWith(".png") && !entry.EndsWith(".svg"))
+        file.reset(fileSystem.OpenFile(location + entry.BeforeLast('.') + ".png"));
+    return file;
 }
 
 }  // namespace
