@@ -3,6 +3,9 @@
 
 namespace iex {
 
-IEXProject::IEXProject() : Project("iex") { AddLiquid("Feed water"); }
+IEXProject::IEXProject() : Project("iex")
+{
+    AddLiquid("Feed water");
+}
 
 }  // namespace iex
