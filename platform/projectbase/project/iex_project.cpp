@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "projectbase/project/iex_project.h"
 
+#include <wx/translation.h>
+
 namespace iex {
 
-IEXProject::IEXProject() : Project("iex") { AddLiquid("Feed water"); }
+IEXProject::IEXProject() : Project("iex") { AddLiquid(wxTRANSLATE("Feed water")); }
 
 }  // namespace iex
