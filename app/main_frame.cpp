@@ -23,7 +23,7 @@ namespace app {
 namespace {
 
 constexpr int kStatusFields = 3;
-constexpr int kTreeWidth = 190;
+constexpr int kTreeWidth = 220;
 constexpr int kMessageHeight = 110;
 
 /// What the user reads about a field out of range.

@@ -10,8 +10,9 @@ import sys
 import tempfile
 from pathlib import Path
 
-# Where includes are written from, in the order in which they are looked for.
-ROOTS = ("modules", "components", "platform", "app")
+# Folders of sources, and where includes are written from: those of the program name its folder ("app/…").
+SOURCES = ("modules", "components", "platform", "app")
+ROOTS = ("modules", "components", "platform")
 
 # What each layer may use beside itself. A layer is the longest of these folders that a file lies below.
 CORE = "modules/gui_base/core"
@@ -53,7 +54,7 @@ stack("whatif", below=INPUT)
 stack("graphics", below=INPUT, also={WXCHARTDIR, CHARTDIR})
 stack("network", below=INPUT, also={WXCURL})
 EVERYTHING = stack("water", "ionexchange", below=INPUT | BESIDE, also={WXCHARTDIR})
-LAYERS["app"] = EVERYTHING | {CHARTDIR, WXCURL}
+LAYERS["app"] = EVERYTHING | {CHARTDIR, WXCURL, "app/command_line"}
 # What runs without a display.
 LAYERS["app/command_line"] = MODEL | {REPORT, CHARTDIR}
 
@@ -70,9 +71,9 @@ def layer_of(path):
 
 
 def target_of(root, include):
-    for folder in ROOTS:
+    for folder in (".",) if include.startswith("app/") else ROOTS:
         if (root / folder / include).is_file():
-            return f"{folder}/{include}"
+            return (Path(folder) / include).as_posix()
     return None
 
 
@@ -108,7 +109,7 @@ def check_file(root, path):
 
 def check_tree(root):
     problems = []
-    for folder in ROOTS:
+    for folder in SOURCES:
         for path in sorted((root / folder).rglob("*")):
             if path.suffix in (".h", ".cpp"):
                 problems += check_file(root, path)
@@ -126,7 +127,7 @@ def self_test():
         "platform/projectbase/p.h": '#include "gui_base/core/ions.h"\n#include <wx/string.h>',
         "platform/wxcurl/http.h": "",
         "app/command_line/calc.cpp": '#include "projectbase/p.h"',
-        "app/frame.cpp": '#include "gui_base/input/binding/b.h"\n#include "command_line/calc.h"',
+        "app/frame.cpp": '#include "gui_base/input/binding/b.h"\n#include "app/command_line/calc.h"',
         "app/command_line/calc.h": "",
     }
     bad = {

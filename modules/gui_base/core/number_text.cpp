@@ -137,7 +137,7 @@ std::optional<double> Parse(std::string_view text, const Separators& separators)
         ReplaceAll(plain, separators.decimal, ".");
     }
     std::string_view number = plain;
-    if (number.starts_with('+'))
+    if (number.starts_with('+') && !number.starts_with("+-"))
         number.remove_prefix(1);
     const std::string_view unsignedPart = number.starts_with('-') ? number.substr(1) : number;
     if (unsignedPart.empty() ||

@@ -11,6 +11,7 @@ namespace {
 
 constexpr int kColumns = 5;
 constexpr int kGap = 4;
+constexpr int kHeadHeight = 28;
 
 /// No salt dissolves to more than this; a larger number is a slip of the keyboard.
 constexpr double kMaxMeqPerLitre = 10000.0;
@@ -18,12 +19,16 @@ constexpr double kMaxMeqPerLitre = 10000.0;
 const wxString kMeql("meq/l");
 const wxString kMgl("mg/l");
 
-wxSizerFlags Cell() { return wxSizerFlags().CentreVertical(); }
+wxSizerFlags Cell()
+{
+    return wxSizerFlags().CentreVertical();
+}
 
 }  // namespace
 
 wxSizer* IonGrid::Create(wxWindow* parent, const wxString& title, std::span<const IonRow> rows,
-                         const std::vector<wxString>& labels, std::span<const TotalRow> totals, wxWindow* headTool)
+                         const std::vector<wxString>& labels, std::span<const TotalRow> totals,
+                         wxWindow* headTool)
 {
     auto* grid = new wxFlexGridSizer(kColumns, parent->FromDIP(wxSize(2 * kGap, kGap)));
     AddHeads(parent, *grid, title, headTool);
@@ -43,9 +48,10 @@ void IonGrid::AddHeads(wxWindow* parent, wxFlexGridSizer& grid, const wxString& 
     grid.Add(bold(m_fields.AddLabel(parent, title)), Cell());
     grid.Add(m_fields.AddLabel(parent, "Original"), Cell().Right());
     auto* unitHead = new wxBoxSizer(wxHORIZONTAL);
+    // The same height with and without a tool, so that the rows of both grids stand in line.
+    unitHead->SetMinSize(parent->FromDIP(wxSize(-1, kHeadHeight)));
     unitHead->Add(m_fields.AddLabel(parent, "Unit"), Cell());
-    if (headTool != nullptr)
-    {
+    if (headTool != nullptr) {
         unitHead->AddStretchSpacer();
         unitHead->Add(headTool, Cell());
     }
@@ -58,34 +64,32 @@ void IonGrid::AddRow(wxWindow* parent, wxFlexGridSizer& grid, const IonRow& ion,
 {
     const std::string prefix = std::string("liquid/") + ion.key;
     Row row{.ion = &ion};
-    if (ion.kind == IonRowKind::Named)
-    {
+    if (ion.kind == IonRowKind::Named) {
         row.name = m_fields.AddText(parent, prefix + ".name", label);
         grid.Add(row.name, Cell());
-    }
-    else
-    {
+    } else {
         grid.Add(m_fields.AddLabel(parent, label), Cell());
     }
 
     const ions::Ion* properties = ions::FindIon(ion.key);
     const double weight = properties != nullptr ? properties->equivalentWeight : 1.0;
     const std::string unit = m_fields.Details().At(prefix + ".unit").GetStdStringValue();
-    row.typed = m_fields.AddInput(parent, {.key = prefix + ".orig",
-                                           .label = label,
-                                           .unitKey = prefix + ".unit",
-                                           .validatorFlags = CheckMin | CheckMax | ZeroAsEmpty | ShowPreciseValue,
-                                           .max = ions::FromMeqPerLitre(kMaxMeqPerLitre, unit, weight),
-                                           .precision = 6,
-                                           .inIsoUnits = true});
+    row.typed =
+        m_fields.AddInput(parent, {.key = prefix + ".orig",
+                                   .label = label,
+                                   .unitKey = prefix + ".unit",
+                                   .validatorFlags = CheckMin | CheckMax | ZeroAsEmpty | ShowPreciseValue,
+                                   .max = ions::FromMeqPerLitre(kMaxMeqPerLitre, unit, weight),
+                                   .precision = 6,
+                                   .inIsoUnits = true});
     row.typed->Bind(wxEVT_KEY_DOWN, &IonGrid::OnKeyDown, this);
     grid.Add(row.typed, Cell());
 
     row.unit = m_fields.AddUnitChoice(
-        parent, prefix + ".unit", ion.kind == IonRowKind::Equivalent ? m_units.equivalent : m_units.ordinary, label);
+        parent, prefix + ".unit", ion.kind == IonRowKind::Equivalent ? m_units.equivalent : m_units.ordinary,
+        label);
     grid.Add(row.unit, Cell().Expand());
-    for (const wxString& result : {kMeql, kMgl})
-    {
+    for (const wxString& result : {kMeql, kMgl}) {
         const std::string key = prefix + (result == kMeql ? ".meql" : ".mgl");
         grid.Add(m_fields.AddResult(parent, {.key = key,
                                              .label = label,
@@ -105,14 +109,15 @@ void IonGrid::AddTotal(wxWindow* parent, wxFlexGridSizer& grid, const TotalRow& 
     grid.Add(text, Cell());
     grid.AddSpacer(0);
     grid.AddSpacer(0);
-    grid.Add(m_fields.AddResult(parent, {.key = total.key, .label = label, .unit = kMeql, .inIsoUnits = true}), Cell());
+    grid.Add(
+        m_fields.AddResult(parent, {.key = total.key, .label = label, .unit = kMeql, .inIsoUnits = true}),
+        Cell());
     grid.AddSpacer(0);
 }
 
 IonGrid::Row* IonGrid::Find(const std::string& ion)
 {
-    for (Row& row : m_rows)
-    {
+    for (Row& row : m_rows) {
         if (row.ion->key == ion)
             return &row;
     }
@@ -122,8 +127,7 @@ IonGrid::Row* IonGrid::Find(const std::string& ion)
 int IonGrid::FocusedRow() const
 {
     const wxWindow* focused = wxWindow::FindFocus();
-    for (std::size_t i = 0; focused != nullptr && i < m_rows.size(); ++i)
-    {
+    for (std::size_t i = 0; focused != nullptr && i < m_rows.size(); ++i) {
         const Row& row = m_rows[i];
         if (focused == row.typed || focused == row.unit || focused == row.name)
             return static_cast<int>(i);
@@ -134,17 +138,16 @@ int IonGrid::FocusedRow() const
 void IonGrid::OnKeyDown(wxKeyEvent& event)
 {
     const int key = event.GetKeyCode();
-    const int step = key == WXK_DOWN || key == WXK_NUMPAD_DOWN ? 1 : key == WXK_UP || key == WXK_NUMPAD_UP ? -1 : 0;
-    if (step == 0 || event.HasAnyModifiers())
-    {
+    const int step = key == WXK_DOWN || key == WXK_NUMPAD_DOWN ? 1
+                     : key == WXK_UP || key == WXK_NUMPAD_UP   ? -1
+                                                               : 0;
+    if (step == 0 || event.HasAnyModifiers()) {
         event.Skip();
         return;
     }
-    for (int i = FocusedRow() + step; i >= 0 && i < static_cast<int>(m_rows.size()); i += step)
-    {
+    for (int i = FocusedRow() + step; i >= 0 && i < static_cast<int>(m_rows.size()); i += step) {
         TvTextCtrl* field = m_rows[static_cast<std::size_t>(i)].typed;
-        if (field->IsEnabled() && field->IsEditable())
-        {
+        if (field->IsEnabled() && field->IsEditable()) {
             field->SetFocus();
             field->SelectAll();
             return;

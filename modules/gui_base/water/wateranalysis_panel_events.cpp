@@ -9,13 +9,7 @@
 
 #include <wx/bmpbuttn.h>
 #include <wx/collpane.h>
-
-namespace {
-
-/// Below this width (in DIP) the columns of the panel stand one below the other.
-constexpr int kWideEnough = 1180;
-
-}  // namespace
+#include <wx/sizer.h>
 
 void WaterAnalysisPanel::DoBindEvents()
 {
@@ -31,10 +25,8 @@ void WaterAnalysisPanel::DoBindEvents()
     m_calculateCo2->Bind(wxEVT_CHECKBOX, &WaterAnalysisPanel::OnCalculateCO2Click, this);
     m_defaultUnit->Bind(wxEVT_BUTTON, &WaterAnalysisPanel::OnDefaultUnitClicked, this);
     m_furtherPane->Bind(wxEVT_COLLAPSIBLEPANE_CHANGED, &WaterAnalysisPanel::OnCollPaneChanged, this);
-    for (const auto& grid : m_grids)
-    {
-        for (const wateranalysis::IonGrid::Row& row : grid->Rows())
-        {
+    for (const auto& grid : m_grids) {
+        for (const wateranalysis::IonGrid::Row& row : grid->Rows()) {
             row.unit->Bind(tvCHANGE_EVENT, &WaterAnalysisPanel::OnUnitChanged, this);
             if (row.name == nullptr)
                 continue;
@@ -50,17 +42,35 @@ void WaterAnalysisPanel::DoBindEvents()
     Bind(wxEVT_SIZE, &WaterAnalysisPanel::OnSize, this);
 }
 
-void WaterAnalysisPanel::OnAnalysisFullSelected(wxCommandEvent&) { SetAnalysisType("FULL", nullptr, nullptr); }
+void WaterAnalysisPanel::OnAnalysisFullSelected(wxCommandEvent&)
+{
+    SetAnalysisType("FULL", nullptr, nullptr);
+}
 
-void WaterAnalysisPanel::OnAnalysisShortTdsSelected(wxCommandEvent&) { ShortAnalysisTDS(); }
+void WaterAnalysisPanel::OnAnalysisShortTdsSelected(wxCommandEvent&)
+{
+    ShortAnalysisTDS();
+}
 
-void WaterAnalysisPanel::OnAnalysisShortCondSelected(wxCommandEvent&) { ShortAnalysisCond(); }
+void WaterAnalysisPanel::OnAnalysisShortCondSelected(wxCommandEvent&)
+{
+    ShortAnalysisCond();
+}
 
-void WaterAnalysisPanel::OnShortTDSChanged(wxCommandEvent&) { UpdateAndSignal(); }
+void WaterAnalysisPanel::OnShortTDSChanged(wxCommandEvent&)
+{
+    UpdateAndSignal();
+}
 
-void WaterAnalysisPanel::OnShortCondChanged(wxCommandEvent&) { UpdateAndSignal(); }
+void WaterAnalysisPanel::OnShortCondChanged(wxCommandEvent&)
+{
+    UpdateAndSignal();
+}
 
-void WaterAnalysisPanel::OnBalanceAutoClick(wxCommandEvent&) { UpdateAndSignal(); }
+void WaterAnalysisPanel::OnBalanceAutoClick(wxCommandEvent&)
+{
+    UpdateAndSignal();
+}
 
 void WaterAnalysisPanel::OnBalancePHClick(wxCommandEvent& event)
 {
@@ -77,15 +87,16 @@ void WaterAnalysisPanel::OnAlkalizationClick(wxCommandEvent&) {}
 
 void WaterAnalysisPanel::OnCO2CalculatorClick(wxCommandEvent&) {}
 
-void WaterAnalysisPanel::OnCalculateCO2Click(wxCommandEvent&) { UpdateAndSignal(); }
+void WaterAnalysisPanel::OnCalculateCO2Click(wxCommandEvent&)
+{
+    UpdateAndSignal();
+}
 
 void WaterAnalysisPanel::OnDefaultUnitClicked(wxCommandEvent&)
 {
     const wxString unit = m_liquid.GetDetails()->At("liquid/na.unit").GetStringValue();
-    for (const auto& grid : m_grids)
-    {
-        for (wateranalysis::IonGrid::Row& row : grid->Rows())
-        {
+    for (const auto& grid : m_grids) {
+        for (wateranalysis::IonGrid::Row& row : grid->Rows()) {
             // A row that does not offer the unit keeps its own.
             if (!row.unit->Offers(unit))
                 continue;
@@ -100,10 +111,8 @@ void WaterAnalysisPanel::OnDefaultUnitClicked(wxCommandEvent&)
 void WaterAnalysisPanel::OnNameChange(wxCommandEvent& event)
 {
     // While the name is typed, so that Tab finds the value's field enabled.
-    for (const auto& grid : m_grids)
-    {
-        for (wateranalysis::IonGrid::Row& row : grid->Rows())
-        {
+    for (const auto& grid : m_grids) {
+        for (wateranalysis::IonGrid::Row& row : grid->Rows()) {
             if (row.name != nullptr && row.name == event.GetEventObject())
                 EnableRow(row, GetAnalysisType() == AnalysisType::Full);
         }
@@ -113,12 +122,9 @@ void WaterAnalysisPanel::OnNameChange(wxCommandEvent& event)
 
 void WaterAnalysisPanel::OnNameUpdate(wxCommandEvent& event)
 {
-    try
-    {
+    try {
         UpdateAndSignal();
-    }
-    catch (const std::exception& error)
-    {
+    } catch (const std::exception& error) {
         GetProject()->GetLogger().Error(std::string("Exception in  WaterAnalysisPanel::OnNameUpdate: ") +
                                         error.what());
     }
@@ -132,7 +138,10 @@ void WaterAnalysisPanel::OnCollPaneChanged(wxCollapsiblePaneEvent& event)
     event.Skip();
 }
 
-void WaterAnalysisPanel::OnTemparatureUnitChanged(wxCommandEvent& event) { OnUnitChanged(event); }
+void WaterAnalysisPanel::OnTemparatureUnitChanged(wxCommandEvent& event)
+{
+    OnUnitChanged(event);
+}
 
 void WaterAnalysisPanel::OnUnitChanged(wxCommandEvent&)
 {
@@ -147,7 +156,10 @@ void WaterAnalysisPanel::OnHPlusUpdate(wxUpdateUIEvent& event)
                  m_liquid.GetDetails()->At("liquid/balance.ph").GetBoolValue());
 }
 
-void WaterAnalysisPanel::OnOhMinusUpdate(wxUpdateUIEvent& event) { OnHPlusUpdate(event); }
+void WaterAnalysisPanel::OnOhMinusUpdate(wxUpdateUIEvent& event)
+{
+    OnHPlusUpdate(event);
+}
 
 void WaterAnalysisPanel::OnPhUpdate(wxUpdateUIEvent& event)
 {
@@ -165,7 +177,11 @@ void WaterAnalysisPanel::ArrangeColumns()
 {
     if (m_columns == nullptr)
         return;
-    const int orientation = GetClientSize().x >= FromDIP(kWideEnough) ? wxHORIZONTAL : wxVERTICAL;
+    // Columns that do not fit beside each other stand one below the other.
+    int width = 0;
+    for (wxSizerItem* item : m_columns->GetChildren())
+        width += item->CalcMin().x;
+    const int orientation = GetClientSize().x >= width ? wxHORIZONTAL : wxVERTICAL;
     if (m_columns->GetOrientation() == orientation)
         return;
     m_columns->SetOrientation(orientation);

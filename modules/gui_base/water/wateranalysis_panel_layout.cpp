@@ -4,8 +4,8 @@
 #include "gui_base/input/controls/tv_button.h"
 #include "gui_base/input/controls/tv_checkbox.h"
 #include "gui_base/input/controls/tv_radiobutton.h"
-#include "gui_base/input/controls/tv_statictext.h"
 #include "gui_base/input/controls/tv_staticboxsizer.h"
+#include "gui_base/input/controls/tv_statictext.h"
 #include "gui_base/input/controls/tv_unitlabel.h"
 #include "gui_base/input/validation/validator.h"
 #include "gui_base/support/image_loader.h"
@@ -27,7 +27,10 @@ constexpr double kUnknown = std::numeric_limits<double>::quiet_NaN();
 
 const char* const kLaterTooltip = wxTRANSLATE("Not available yet in this version");
 
-wxSizerFlags Cell() { return wxSizerFlags().CentreVertical(); }
+wxSizerFlags Cell()
+{
+    return wxSizerFlags().CentreVertical();
+}
 
 template <typename Rows>
 std::vector<wxString> Labels(const Rows& rows)
@@ -113,12 +116,13 @@ wxSizer* WaterAnalysisPanel::CreateAnalysisTypeBox()
         return button;
     };
     const auto typed = [&](const char* key, const wxString& label, const wxString& unit, double max) {
-        grid->Add(m_fields->AddInput(parent, {.key = key,
-                                              .label = label,
-                                              .unit = unit,
-                                              .validatorFlags = CheckMin | CheckMax | ZeroAsEmpty | ShowPreciseValue,
-                                              .max = max,
-                                              .precision = 6}),
+        grid->Add(m_fields->AddInput(parent,
+                                     {.key = key,
+                                      .label = label,
+                                      .unit = unit,
+                                      .validatorFlags = CheckMin | CheckMax | ZeroAsEmpty | ShowPreciseValue,
+                                      .max = max,
+                                      .precision = 6}),
                   Cell());
         grid->Add(m_fields->AddUnitLabel(parent, unit, false), Cell());
     };
@@ -151,19 +155,20 @@ wxSizer* WaterAnalysisPanel::CreateIonsBox()
 wxSizer* WaterAnalysisPanel::CreateCationGrid(wxWindow* parent, const wxString& title,
                                               const std::vector<wxString>& labels)
 {
-    m_defaultUnit = new wxBitmapButton(parent, wxID_ANY, ImageLoader::LoadBundle("/icons/arrowdown.xpm", wxSize(12, 12)),
-                                       wxDefaultPosition, wxDefaultSize, wxBU_EXACTFIT);
+    m_defaultUnit =
+        new wxBitmapButton(parent, wxID_ANY, ImageLoader::LoadBundle("/icons/arrowdown.xpm", wxSize(12, 12)),
+                           wxDefaultPosition, FromDIP(wxSize(28, 28)), wxBU_EXACTFIT | wxBORDER_NONE);
     m_grids.push_back(std::make_unique<wateranalysis::IonGrid>(*m_fields, m_units));
-    return m_grids.back()->Create(parent, title, wateranalysis::kCationRows, labels, wateranalysis::kCationTotals,
-                                  m_defaultUnit);
+    return m_grids.back()->Create(parent, title, wateranalysis::kCationRows, labels,
+                                  wateranalysis::kCationTotals, m_defaultUnit);
 }
 
 wxSizer* WaterAnalysisPanel::CreateAnionGrid(wxWindow* parent, const wxString& title,
                                              const std::vector<wxString>& labels)
 {
     m_grids.push_back(std::make_unique<wateranalysis::IonGrid>(*m_fields, m_units));
-    return m_grids.back()->Create(parent, title, wateranalysis::kAnionRows, labels, wateranalysis::kAnionTotals,
-                                  nullptr);
+    return m_grids.back()->Create(parent, title, wateranalysis::kAnionRows, labels,
+                                  wateranalysis::kAnionTotals, nullptr);
 }
 
 wxSizer* WaterAnalysisPanel::CreateOthersPanel()
@@ -196,21 +201,22 @@ wxSizer* WaterAnalysisPanel::CreateOthersPanel()
 void WaterAnalysisPanel::CreateTemperatureRow(wxWindow* parent, wxSizer& grid)
 {
     std::vector<wxString> units;
-    for (TemperatureUnit unit : {TemperatureUnit::Celsius, TemperatureUnit::Fahrenheit, TemperatureUnit::Kelvin})
+    for (TemperatureUnit unit :
+         {TemperatureUnit::Celsius, TemperatureUnit::Fahrenheit, TemperatureUnit::Kelvin})
         units.push_back(wxString::FromUTF8(Temperature::UnitText(unit)));
     grid.Add(m_fields->AddLabel(parent, "Temperature", ":"), Cell());
-    m_temperatureField =
-        m_fields->AddInput(parent, {.key = "liquid/temp.orig",
-                                    .label = "Temperature",
-                                    .unitKey = "liquid/temp.unit",
-                                    .validatorFlags = CheckMin | CheckMax | ShowPreciseValue,
-                                    .precision = 4,
-                                    .inIsoUnits = true});
+    m_temperatureField = m_fields->AddInput(parent, {.key = "liquid/temp.orig",
+                                                     .label = "Temperature",
+                                                     .unitKey = "liquid/temp.unit",
+                                                     .validatorFlags = CheckMin | CheckMax | ShowPreciseValue,
+                                                     .precision = 4,
+                                                     .inIsoUnits = true});
     grid.Add(m_temperatureField, Cell());
     m_temperatureUnit = m_fields->AddUnitChoice(parent, "liquid/temp.unit", units, "Temperature");
     grid.Add(m_temperatureUnit, Cell().Expand());
 
-    // The same temperature in the unit of the displayed system, which is what everything else calculates with.
+    // The same temperature in the unit of the displayed system, which is what everything else calculates
+    // with.
     grid.AddSpacer(0);
     grid.Add(m_fields->AddResult(parent, {.key = "liquid/temp",
                                           .label = "Temperature",
@@ -223,20 +229,21 @@ void WaterAnalysisPanel::CreateTemperatureRow(wxWindow* parent, wxSizer& grid)
 void WaterAnalysisPanel::CreateCo2Rows(wxWindow* parent, wxSizer& grid)
 {
     grid.Add(m_fields->AddLabel(parent, "CO2:"), Cell());
-    grid.Add(m_fields->AddInput(parent, {.key = "liquid/co2.orig",
-                                         .label = "CO2:",
-                                         .unitKey = "liquid/co2.unit",
-                                         .validatorFlags = CheckMin | CheckMax | ZeroAsEmpty | ShowPreciseValue,
-                                         .max = 100000.0,
-                                         .precision = 6,
-                                         .inIsoUnits = true}),
-             Cell());
+    grid.Add(
+        m_fields->AddInput(parent, {.key = "liquid/co2.orig",
+                                    .label = "CO2:",
+                                    .unitKey = "liquid/co2.unit",
+                                    .validatorFlags = CheckMin | CheckMax | ZeroAsEmpty | ShowPreciseValue,
+                                    .max = 100000.0,
+                                    .precision = 6,
+                                    .inIsoUnits = true}),
+        Cell());
     m_co2Unit = m_fields->AddUnitChoice(parent, "liquid/co2.unit", m_units.ordinary, "CO2:");
     grid.Add(m_co2Unit, Cell().Expand());
 
-    m_calculateCo2 = m_fields->AddLocalizable(
-        new TvCheckBox(parent, wxID_ANY, "Calculate CO2", wxDefaultPosition, wxDefaultSize, 0, wxDefaultValidator,
-                       wxASCII_STR(wxCheckBoxNameStr), &m_fields->Details().At("liquid/calculate.co2")));
+    m_calculateCo2 = m_fields->AddLocalizable(new TvCheckBox(
+        parent, wxID_ANY, "Calculate CO2", wxDefaultPosition, wxDefaultSize, 0, wxDefaultValidator,
+        wxASCII_STR(wxCheckBoxNameStr), &m_fields->Details().At("liquid/calculate.co2")));
     m_fields->AddSelfRefreshing(m_calculateCo2);
     grid.Add(m_calculateCo2, Cell());
     grid.Add(m_fields->AddResult(parent, {.key = "liquid/co2.mgl", .label = "CO2:", .unit = "mg/l"}), Cell());
@@ -260,11 +267,11 @@ wxSizer* WaterAnalysisPanel::CreateSummaryPanel()
     auto* box = m_fields->AddLocalizable(new TvStaticBoxSizer(wxVERTICAL, this, "Summary"));
     wxWindow* parent = box->GetStaticBox();
     auto* grid = PropertyGrid(parent);
-    for (const auto& row : wateranalysis::kSummaryRows)
-    {
+    for (const auto& row : wateranalysis::kSummaryRows) {
         const wxString unit = wxString::FromUTF8(row.unit);
-        grid->Add(m_fields->AddLabel(parent, wxString::FromUTF8(row.label), wxString::FromUTF8(row.labelSuffix)),
-                  Cell());
+        grid->Add(
+            m_fields->AddLabel(parent, wxString::FromUTF8(row.label), wxString::FromUTF8(row.labelSuffix)),
+            Cell());
         grid->Add(m_fields->AddResult(parent, {.key = row.key,
                                                .label = wxString::FromUTF8(row.label),
                                                .unit = unit,

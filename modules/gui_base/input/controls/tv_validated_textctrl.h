@@ -16,7 +16,7 @@ struct ValidatedDoubleTextCtrlConfig
     wxPoint pos = wxDefaultPosition;
     wxSize size = wxDefaultSize;
     long style = 0;
-    wxString name;
+    wxString name = {};
     double minValue = 0.0;       ///< ISO units; used where the detail has no limit of its own
     double maxValue = 999999.0;  ///< ISO units
     TvTextCtrlFormat format = TvTextCtrlFormat::General;
@@ -37,8 +37,8 @@ struct ValidatedTextCtrlConfig
     wxPoint pos = wxDefaultPosition;
     wxSize size = wxDefaultSize;
     long style = 0;
-    wxString name;
-    wxString defaultText;
+    wxString name = {};
+    wxString defaultText = {};
     DetailData* detail = nullptr;  ///< not owned
     int transferFlags = 1;
     wxStatusBar* statusBar = nullptr;

@@ -10,7 +10,8 @@
 
 namespace {
 
-constexpr int kFieldWidth = 92;
+constexpr int kInputWidth = 80;
+constexpr int kResultWidth = 72;
 
 /// "Sodium" for the row label "Sodium:".
 wxString PlainLabel(const wxString& label)
@@ -27,8 +28,9 @@ wxString PlainLabel(const wxString& label)
 TvTextCtrl* FieldSet::AddNumber(wxWindow* parent, const NumberSpec& spec, long style, int transferFlags)
 {
     DetailData& detail = m_details.At(spec.key);
+    const int width = (style & wxTE_READONLY) != 0 ? kResultWidth : kInputWidth;
     auto* control = new TvTextCtrl(parent, wxID_ANY, wxString(), wxDefaultPosition,
-                                   parent->FromDIP(wxSize(kFieldWidth, -1)), style | wxTE_RIGHT);
+                                   parent->FromDIP(wxSize(width, -1)), style | wxTE_RIGHT);
     if (spec.inIsoUnits)
         transferFlags |= TransferInIsoUnits;
     m_numbers.push_back({spec, &detail, control, transferFlags});
@@ -51,14 +53,14 @@ TvTextCtrl* FieldSet::AddText(wxWindow* parent, const std::string& key, const wx
 {
     DetailData& detail = m_details.At(key);
     auto* control = AddLocalizable(new TvTextCtrl(parent, wxID_ANY, wxString(), wxDefaultPosition,
-                                                  parent->FromDIP(wxSize(kFieldWidth, -1))));
+                                                  parent->FromDIP(wxSize(kInputWidth, -1))));
     control->SetHint(label);
     m_texts.push_back({&detail, control, label, wxString()});
     return control;
 }
 
-tvUnitChoice* FieldSet::AddUnitChoice(wxWindow* parent, const std::string& key, const std::vector<wxString>& units,
-                                      const wxString& label)
+tvUnitChoice* FieldSet::AddUnitChoice(wxWindow* parent, const std::string& key,
+                                      const std::vector<wxString>& units, const wxString& label)
 {
     auto* choice = new tvUnitChoice(units, &m_details.At(key), parent, wxID_ANY);
     m_unitChoices.push_back(choice);
@@ -79,8 +81,7 @@ TvUnitLabel* FieldSet::AddUnitLabel(wxWindow* parent, const wxString& isoUnit, b
 
 void FieldSet::UpdateNames(const std::string& unitSystem)
 {
-    for (const Number& number : m_numbers)
-    {
+    for (const Number& number : m_numbers) {
         wxString unit = number.spec.unit;
         if (!number.spec.unitKey.empty())
             unit = m_details.At(number.spec.unitKey).GetStringValue();

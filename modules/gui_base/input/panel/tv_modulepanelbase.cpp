@@ -46,6 +46,9 @@ void ModulePanelBase::Create()
     if (GetSizer() != nullptr) {
         GetSizer()->Fit(this);
         GetSizer()->SetSizeHints(this);
+        // A page of a notebook scrolls when it is given less room than its controls want.
+        if (IsBookPage())
+            SetMinSize(wxDefaultSize);
     }
     SetDefaultScrollRate();
     Centre(wxBOTH);
@@ -161,8 +164,9 @@ void ModulePanelBase::SendChangeEvent()
 
 void ModulePanelBase::OnChildChanged(wxCommandEvent& event)
 {
-    // The host hears of one edit once: an event that OnFieldUpdate answered ends here, and so does that of a text
-    // field, whose commit was answered already. Panels inside this one and other controls speak for themselves.
+    // The host hears of one edit once: an event that OnFieldUpdate answered ends here, and so does that of a
+    // text field, whose commit was answered already. Panels inside this one and other controls speak for
+    // themselves.
     const bool answered = std::exchange(m_answeredEvent, nullptr) == &event;
     const wxWindow* child = event.GetId() == wxID_ANY ? nullptr : FindWindow(event.GetId());
     if (!answered && dynamic_cast<const wxTextCtrl*>(child) == nullptr)
@@ -331,8 +335,13 @@ void ModulePanelBase::FitAndLayout()
     GetParent()->Layout();
     // A notebook does not lay its pages out anew: a page larger than its place would be cut instead of
     // scrolling.
-    if (dynamic_cast<wxBookCtrlBase*>(GetParent()) != nullptr)
+    if (IsBookPage())
         SetSize(given);
+}
+
+bool ModulePanelBase::IsBookPage() const
+{
+    return dynamic_cast<wxBookCtrlBase*>(GetParent()) != nullptr;
 }
 
 void ModulePanelBase::FindStatusBar()

@@ -154,6 +154,7 @@ private:
     void ShowInUnitSystem(bool transferValues);
     void FitAndLayout();
     void FindStatusBar();
+    bool IsBookPage() const;
     void OnChangeUnitSystem(wxCommandEvent& event);
     void OnLocalize(wxCommandEvent& event);
     void OnChildChanged(wxCommandEvent& event);

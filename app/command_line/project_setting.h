@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+/// A value given on the command line: "[WATER:]KEY=VALUE[UNIT]".
+///
+/// KEY is the name of a detail ("liquid/na.orig", "project/title"); "liquid/" may be left out, and so may
+/// ".orig" of what is entered in a unit of choice: "na=12mg/l" sets the number and the unit, "na=12" the
+/// number alone.
+
+#include <cstddef>
+#include <stdexcept>
+#include <string>
+
+class Project;
+
+namespace app {
+
+struct SettingError : std::runtime_error
+{
+    explicit SettingError(const std::string& text, bool syntax = false)
+        : std::runtime_error(text), isSyntax(syntax)
+    {}
+    bool isSyntax;  ///< the text has not the form of a setting
+};
+
+struct ProjectSetting
+{
+    std::size_t liquid = 0;
+    std::string key;
+    std::string value;
+};
+
+/// Throws SettingError for a text of another form.
+ProjectSetting ParseSetting(const std::string& text);
+
+/// Throws SettingError when there is no such input, or it cannot hold the value; the project is then
+/// unchanged.
+void ApplySetting(Project& project, const ProjectSetting& setting);
+
+}  // namespace app

@@ -1,0 +1,2 @@
+// SPDX-License-Identifier: MIT
+#include "tests/support/gui_test.h"

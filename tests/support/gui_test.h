@@ -1,0 +1,87 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+/// What tests of windows share: a frame with a status bar under a running toolkit, real keys and clicks, and
+/// dialogs that must be expected. A display is needed; without one the test program fails at its start.
+
+#include <gtest/gtest.h>
+#include <wx/dialog.h>
+#include <wx/frame.h>
+#include <wx/modalhook.h>
+#include <wx/string.h>
+
+#include <deque>
+#include <functional>
+#include <string>
+#include <utility>
+#include <vector>
+
+class wxPanel;
+class wxTextCtrl;
+
+namespace gui_test {
+
+/// Lets the toolkit work off what is pending.
+void Pump();
+/// Pumps until `done`, for at most two seconds; returns whether it came true.
+bool PumpUntil(const std::function<bool()>& done);
+
+void Type(const wxString& asciiText);
+void Press(int key, int modifiers = 0);
+void Focus(wxWindow& window);
+void Click(wxWindow& window);
+/// Focuses the field, replaces its text by typing and leaves it with Tab.
+void Enter(wxTextCtrl& field, const wxString& asciiText);
+
+/// A number locale of the C library ("de_DE.UTF-8") for the life of the object. Fails the test when there is
+/// none.
+class LocaleGuard
+{
+public:
+    explicit LocaleGuard(const std::string& name);
+    ~LocaleGuard();
+
+private:
+    std::string m_previous;
+};
+
+/// Answers the modal dialogs that a test expects, in order; any other dialog fails the test and is closed.
+class DialogAnswers : public wxModalDialogHook
+{
+public:
+    using Answer = std::function<int(wxDialog&)>;
+
+    DialogAnswers() { Register(); }
+    ~DialogAnswers() override;
+    void Expect(Answer answer) { m_answers.push_back(std::move(answer)); }
+
+protected:
+    int Enter(wxDialog* dialog) override;
+
+private:
+    std::deque<Answer> m_answers;
+};
+
+/// A frame with a status bar of three fields, shown.
+class GuiTest : public testing::Test
+{
+protected:
+    void SetUp() override;
+    void TearDown() override;
+    /// A panel that fills the frame.
+    wxPanel* MakePanel();
+
+    wxFrame* m_frame = nullptr;
+    DialogAnswers m_dialogs;
+};
+
+/// A catalogue in memory for the language "xx", in effect until the object goes.
+class TestCatalogue
+{
+public:
+    explicit TestCatalogue(std::vector<std::pair<std::string, std::string>> entries);
+    TestCatalogue(const TestCatalogue&) = delete;
+    ~TestCatalogue();
+};
+
+}  // namespace gui_test
