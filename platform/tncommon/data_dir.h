@@ -9,8 +9,8 @@
 
 namespace tncommon {
 
-/// The folder "share/tarnvik" beside the folder of the running executable; the environment variable TARNVIK_DATA
-/// overrides it. The same layout holds in the build tree and in an installation.
+/// The folder "share/tarnvik" beside the folder of the running executable; the environment variable
+/// TARNVIK_DATA overrides it. The same layout holds in the build tree and in an installation.
 TNCOMMON_EXPORT std::filesystem::path DataDir();
 
 }  // namespace tncommon

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-/// The process speaks one of the locales that the build compiles for the tests ("de_DE.UTF-8", "en_US.UTF-8",
-/// "fr_FR.UTF-8") for as long as this lives.
+/// The process speaks one of the locales that the build compiles for the tests ("de_DE.UTF-8", "fr_FR.UTF-8",
+/// ...) for as long as this lives.
 
 #include <clocale>
 #include <cstdlib>
@@ -22,7 +22,6 @@ public:
     }
     ~LocaleScope()
     {
-        unsetenv("LOCPATH");
         std::setlocale(LC_ALL, m_before.c_str());
     }
     LocaleScope(const LocaleScope&) = delete;

@@ -21,7 +21,7 @@ as_server() {
 
 case "${1:-}" in
 start)
-    folder=$(mktemp -d /tmp/tarnvik-pg-XXXXXX)
+    folder=$(mktemp -d -t tarnvik-pg-XXXXXX)
     if [ "$(id -u)" -eq 0 ]; then
         chown "$(id -un postgres 2>/dev/null || echo nobody)" "$folder"
     fi
@@ -32,12 +32,11 @@ start)
         as_server "$bin/pg_ctl" -D "$folder/data" -l "$folder/server.log" -w -t 60 \
             -o "-k $folder -c listen_addresses='' -c fsync=off -c shared_buffers=4MB -c max_connections=40" start
         "$bin/createdb" -h "$folder" -U tarnvik tarnvik
-    } >"/tmp/$(basename "$folder").out" 2>&1 || {
-        cat "/tmp/$(basename "$folder").out" >&2
-        rm -rf "$folder" "/tmp/$(basename "$folder").out"
+    } >"$folder/start.log" 2>&1 || {
+        cat "$folder/start.log" >&2
+        rm -rf "$folder"
         exit 1
     }
-    rm -f "/tmp/$(basename "$folder").out"
     if [ -n "${2:-}" ]; then
         (
             while kill -0 "$2" 2>/dev/null && [ -d "$folder" ]; do sleep 1; done
@@ -47,7 +46,7 @@ start)
     echo "$folder"
     ;;
 stop)
-    case "${2:-}" in /tmp/tarnvik-pg-*) ;; *) echo "postgres_server.sh: not a folder of ours: '${2:-}'" >&2; exit 2 ;; esac
+    case "${2:-}" in */tarnvik-pg-*) ;; *) echo "postgres_server.sh: not a folder of ours: '${2:-}'" >&2; exit 2 ;; esac
     [ -d "$2" ] || exit 0
     as_server "$bin/pg_ctl" -D "$2/data" -m immediate -w stop >/dev/null 2>&1 || true
     rm -rf "$2"

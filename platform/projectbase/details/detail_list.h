@@ -3,8 +3,8 @@
 
 /// The details of one object, keyed by name and iterated in key order.
 ///
-/// The addresses of the details stay valid for the life of the list: bindings hold on to them. Copying a list's
-/// values into another one therefore never replaces details.
+/// The addresses of the details stay valid for the life of the list: bindings hold on to them. Copying a
+/// list's values into another one therefore never replaces details.
 
 #include "projectbase/details/detail_data.h"
 #include "projectbase/projectbase_export.h"
@@ -40,8 +40,8 @@ public:
 
     /// Adds a detail, or returns the one that already has its name.
     DetailData& Add(DetailData detail);
-    /// Adds every detail of a catalogue group with its limits and default value; details that exist keep their
-    /// values. Throws std::runtime_error for a group that the catalogue does not hold.
+    /// Adds every detail of a catalogue group with its limits and default value; details that exist keep
+    /// their values. Throws std::runtime_error for a group that the catalogue does not hold.
     void LoadGroup(const std::string& group, const std::string& variant);
     /// Copies the values (and units) of all details that both lists hold.
     void CopyValues(const DetailList& other);

@@ -5,6 +5,9 @@
 
 namespace iex {
 
-IEXProject::IEXProject() : Project("iex") { AddLiquid(wxTRANSLATE("Feed water")); }
+IEXProject::IEXProject() : Project("iex")
+{
+    AddLiquid(wxTRANSLATE("Feed water"));
+}
 
 }  // namespace iex

@@ -11,9 +11,15 @@ Project::Project(std::string moduleType) : m_moduleType(std::move(moduleType))
 
 Project::~Project() = default;
 
-LiquidData& Project::GetLiquid(std::size_t index) { return *m_liquids.at(index); }
+LiquidData& Project::GetLiquid(std::size_t index)
+{
+    return *m_liquids.at(index);
+}
 
-const LiquidData& Project::GetLiquid(std::size_t index) const { return *m_liquids.at(index); }
+const LiquidData& Project::GetLiquid(std::size_t index) const
+{
+    return *m_liquids.at(index);
+}
 
 LiquidData& Project::AddLiquid(const std::string& name)
 {

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-/// A project: its waters, the unit system on display, how far it is calculated and whether it has unsaved changes.
-/// It knows no file; project_file.h loads and saves it. One thread at a time.
+/// A project: its waters, the unit system on display, how far it is calculated and whether it has unsaved
+/// changes. It knows no file; project_file.h loads and saves it. One thread at a time.
 
 #include "projectbase/details/detail_list.h"
 #include "projectbase/project/logger.h"

@@ -9,8 +9,7 @@ constexpr double kZeroCelsius = 273.15;
 
 double ToCelsius(double value, TemperatureUnit unit)
 {
-    switch (unit)
-    {
+    switch (unit) {
         case TemperatureUnit::Kelvin:
             return value - kZeroCelsius;
         case TemperatureUnit::Fahrenheit:
@@ -30,8 +29,7 @@ double Temperature::In(TemperatureUnit unit) const
     if (unit == m_unit)
         return m_value;
     const double celsius = ToCelsius(m_value, m_unit);
-    switch (unit)
-    {
+    switch (unit) {
         case TemperatureUnit::Kelvin:
             return celsius + kZeroCelsius;
         case TemperatureUnit::Fahrenheit:
@@ -42,12 +40,14 @@ double Temperature::In(TemperatureUnit unit) const
     return celsius;
 }
 
-const std::string& Temperature::UnitText(TemperatureUnit unit) { return kUnitTexts[static_cast<std::size_t>(unit)]; }
+const std::string& Temperature::UnitText(TemperatureUnit unit)
+{
+    return kUnitTexts[static_cast<std::size_t>(unit)];
+}
 
 std::optional<TemperatureUnit> Temperature::UnitFromText(const std::string& utf8)
 {
-    for (std::size_t i = 0; i < kUnitTexts.size(); ++i)
-    {
+    for (std::size_t i = 0; i < kUnitTexts.size(); ++i) {
         const std::string& text = kUnitTexts[i];
         if (utf8 == text || (i > 0 && utf8 == text.substr(text.size() - 1)))
             return static_cast<TemperatureUnit>(i);

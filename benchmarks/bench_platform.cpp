@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: MIT
+// What the platform adds to start, edit and save.
+#include "projectbase/project/iex_project.h"
+#include "projectbase/project/project_file.h"
+#include "projectbase/project/undo_redo_detail_stack.h"
+#include "projectbase/units/unit_system_manager.h"
+
+#include <benchmark/benchmark.h>
+
+#include <filesystem>
+
+namespace {
+
+void BM_NewProject(benchmark::State& state)
+{
+    for (auto _ : state) {
+        const iex::IEXProject project;
+        benchmark::DoNotOptimize(project.GetLiquidCount());
+    }
+}
+BENCHMARK(BM_NewProject);
+
+void BM_ConvertUnit(benchmark::State& state)
+{
+    const std::string unit = "m3/h";
+    const std::string system = "us";
+    double value = 1.0;
+    for (auto _ : state)
+        benchmark::DoNotOptimize(value = UnitSystemManager::ToISO(unit, system, value));
+}
+BENCHMARK(BM_ConvertUnit);
+
+void BM_UndoStepOfOneEdit(benchmark::State& state)
+{
+    iex::IEXProject project;
+    DetailData& sodium = project.GetLiquid(0).GetDetails()->At("liquid/na.orig");
+    UndoRedoDetailStack stack(project);
+    double value = 0.0;
+    for (auto _ : state) {
+        const DetailSnapshot before(project);
+        sodium.SetValue(value += 1.0);
+        stack.Push(before.ChangesSince(project));
+    }
+}
+BENCHMARK(BM_UndoStepOfOneEdit);
+
+void BM_SaveProject(benchmark::State& state)
+{
+    const iex::IEXProject project;
+    const auto path = std::filesystem::temp_directory_path() / "bench_platform.tarnvik";
+    for (auto _ : state)
+        ProjectFile::Save(project, path);
+    std::filesystem::remove(path);
+}
+BENCHMARK(BM_SaveProject);
+
+void BM_LoadProject(benchmark::State& state)
+{
+    const iex::IEXProject project;
+    const auto path = std::filesystem::temp_directory_path() / "bench_platform.tarnvik";
+    ProjectFile::Save(project, path);
+    for (auto _ : state)
+        benchmark::DoNotOptimize(ProjectFile::Load(path));
+    std::filesystem::remove(path);
+}
+BENCHMARK(BM_LoadProject);
+
+}  // namespace
