@@ -116,7 +116,7 @@ void MainFrame::BuildModules()
     Project& project = m_document->GetProject();
     project.GetLogger().SetSink([this](const Logger::Entry& entry) {
         m_messages->AddMessage(static_cast<MessageArea::Severity>(entry.level),
-                               wxString::FromUTF8(entry.text));
+                               i18n::Translated(wxString::FromUTF8(entry.text)));
     });
     for (std::size_t i = 0; i < project.GetLiquidCount(); ++i) {
         auto* panel = new WaterAnalysisPanel(&project, i, m_notebook, wxID_ANY, m_help.get());

@@ -77,8 +77,8 @@ void MessageArea::Localize()
         head.SetText(i18n::Translated(source));
         SetColumn(column, head);
     };
-    setHead(0, "Kind");
-    setHead(1, "Message");
+    setHead(0, wxTRANSLATE("Kind"));
+    setHead(1, wxTRANSLATE("Message"));
     accessibility::SetName(*this, i18n::Translated("Messages"));
     ShowLines();
 }

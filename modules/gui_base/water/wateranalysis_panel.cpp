@@ -233,7 +233,8 @@ void WaterAnalysisPanel::NormalizeLiquid()
 void WaterAnalysisPanel::CalculateAlkalization()
 {
     if (!m_liquid.GetDetails()->At("liquid/alk.type").GetStringValue().empty())
-        GetProject()->GetLogger().Warning("This version cannot calculate the alkalization of the water.");
+        GetProject()->GetLogger().Warning(
+            wxTRANSLATE("This version cannot calculate the alkalization of the water."));
 }
 
 double WaterAnalysisPanel::ReversePolarizationEffect(double conductivity)

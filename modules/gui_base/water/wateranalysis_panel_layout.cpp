@@ -146,9 +146,9 @@ wxSizer* WaterAnalysisPanel::CreateIonsBox()
     auto* box = m_fields->AddLocalizable(new TvStaticBoxSizer(wxHORIZONTAL, this, "Ions"));
     wxWindow* parent = box->GetStaticBox();
     const wxSizerFlags spaced = wxSizerFlags().Border(wxALL, FromDIP(kGap));
-    box->Add(CreateCationGrid(parent, "Cations", Labels(wateranalysis::kCationRows)), spaced);
+    box->Add(CreateCationGrid(parent, wxTRANSLATE("Cations"), Labels(wateranalysis::kCationRows)), spaced);
     box->AddSpacer(FromDIP(4 * kGap));
-    box->Add(CreateAnionGrid(parent, "Anions", Labels(wateranalysis::kAnionRows)), spaced);
+    box->Add(CreateAnionGrid(parent, wxTRANSLATE("Anions"), Labels(wateranalysis::kAnionRows)), spaced);
     return box;
 }
 

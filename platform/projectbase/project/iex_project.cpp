@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "projectbase/project/iex_project.h"
 
+#include <wx/translation.h>
+
 namespace iex {
 
 IEXProject::IEXProject() : Project("iex")
 {
-    AddLiquid("Feed water");
+    AddLiquid(wxTRANSLATE("Feed water"));
 }
 
 }  // namespace iex

@@ -1,0 +1,45 @@
+#!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
+# Brings the message catalogues up to date with the sources:  update_catalogues.sh [FOLDER]
+# Writes FOLDER/tarnvik.pot and merges it into every FOLDER/*.po; FOLDER is resources/i18n. A translation that no
+# longer fits its source text becomes fuzzy and has to be looked at.
+set -euo pipefail
+
+root="$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)"
+folder="$(realpath "${1:-$root/resources/i18n}")"
+temporary="$(mktemp -d)"
+trap 'rm -rf "$temporary"' EXIT
+cd "$root"
+
+# The header of the template, and texts that stand in data: the kinds of the example waters.
+python3 - resources/examples/waters.csv >"$temporary/header.pot" <<'PYTHON'
+import csv
+import sys
+
+print("""# Texts of Tarnvik.
+# SPDX-License-Identifier: MIT
+msgid ""
+msgstr ""
+"Project-Id-Version: tarnvik\\n"
+"MIME-Version: 1.0\\n"
+"Content-Type: text/plain; charset=UTF-8\\n"
+"Content-Transfer-Encoding: 8bit\\n"
+""")
+with open(sys.argv[1], encoding="utf-8", newline="") as file:
+    for kind in sorted({row["kind"] for row in csv.DictReader(file)}):
+        print(f'#: {sys.argv[1]}\nmsgid "{kind}"\nmsgstr ""\n')
+PYTHON
+
+# The texts of controls are arguments of their constructors, at the place that is given here.
+find app modules platform -name '*.cpp' -o -name '*.h' | LC_ALL=C sort |
+    xgettext --files-from=- --output="$temporary/sources.pot" --language=C++ --from-code=UTF-8 \
+        --package-name=tarnvik --add-location=file --add-comments=TRANSLATORS \
+        --keyword --keyword=wxTRANSLATE --keyword=Translated --keyword=Tr --keyword=AddLabel:2 \
+        --keyword=TvStaticBoxSizer:3 --keyword=TvCheckBox:3 --keyword=TvRadioButton:3 --keyword=TvButton:3 \
+        --keyword=TvStaticText:3 --keyword=SetTranslatableToolTip --keyword=SetTranslatableHint
+msgcat --use-first --sort-output "$temporary/header.pot" "$temporary/sources.pot" >"$folder/tarnvik.pot"
+
+for catalogue in "$folder"/*.po; do
+    [ -e "$catalogue" ] || continue
+    msgmerge --quiet --update --backup=none --sort-output --add-location=file "$catalogue" "$folder/tarnvik.pot"
+done
