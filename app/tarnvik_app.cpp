@@ -13,6 +13,9 @@
 #include <wx/log.h>
 #include <wx/uilocale.h>
 
+#include <fstream>
+#include <iostream>
+
 namespace app {
 namespace {
 
@@ -58,8 +61,23 @@ bool TarnvikApp::OnInit()
     if (!m_file.empty())
         m_frame->OpenFile(m_file);
     m_frame->Show();
-    m_frame->CallAfter([frame = m_frame] { frame->OfferRecovery(); });
+    if (m_measureStart)
+        m_frame->CallAfter([this] { ReportStart(); });
+    else
+        m_frame->CallAfter([frame = m_frame] { frame->OfferRecovery(); });
     return true;
+}
+
+void TarnvikApp::ReportStart()
+{
+    m_frame->Update();
+    std::ifstream status("/proc/self/status");
+    for (std::string line; std::getline(status, line);)
+    {
+        if (line.starts_with("VmRSS:"))
+            std::cout << std::stol(line.substr(6)) << std::endl;
+    }
+    m_frame->Close(true);
 }
 
 int TarnvikApp::OnExit()
@@ -83,11 +101,14 @@ bool TarnvikApp::OnExceptionInMainLoop()
 void TarnvikApp::OnInitCmdLine(wxCmdLineParser& parser)
 {
     wxApp::OnInitCmdLine(parser);
+    // For the benchmark of the start: ends the program as soon as its window can be used.
+    parser.AddSwitch(wxString(), "measure-start", wxString(), wxCMD_LINE_HIDDEN);
     parser.AddParam("FILE", wxCMD_LINE_VAL_STRING, wxCMD_LINE_PARAM_OPTIONAL);
 }
 
 bool TarnvikApp::OnCmdLineParsed(wxCmdLineParser& parser)
 {
+    m_measureStart = parser.Found("measure-start");
     if (parser.GetParamCount() > 0)
         m_file = parser.GetParam(0).utf8_string();
     return wxApp::OnCmdLineParsed(parser);

@@ -25,7 +25,11 @@ public:
 
 private:
 
+    /// Prints the memory that the program holds, in KiB, and ends it.
+    void ReportStart();
+
     std::string m_file;
+    bool m_measureStart = false;
     std::string m_databaseError;
     MainFrame* m_frame = nullptr;
 };

@@ -44,7 +44,7 @@ numbertext::Separators NumericValidator::LocaleSeparators()
     separators.decimal = wxLocale::GetInfo(wxLOCALE_DECIMAL_POINT, wxLOCALE_CAT_NUMBER).utf8_string();
     separators.thousands = wxLocale::GetInfo(wxLOCALE_THOUSANDS_SEP, wxLOCALE_CAT_NUMBER).utf8_string();
     if (separators.decimal.empty())
-        separators.decimal = ".";
+        separators.decimal.assign(1, '.');
     return separators;
 }
 

@@ -1,0 +1,268 @@
+// SPDX-License-Identifier: MIT
+// The water analysis panel beside the same work on the bare toolkit, and the start of the program.
+#include "app/language.h"
+#include "gui_base/core/ion_units.h"
+#include "gui_base/input/controls/tv_textctrl.h"
+#include "gui_base/input/events.h"
+#include "gui_base/input/validation/validator.h"
+#include "gui_base/water/wateranalysis_panel.h"
+#include "projectbase/project/iex_project.h"
+
+#include <benchmark/benchmark.h>
+#include <fmt/format.h>
+#include <wx/checkbox.h>
+#include <wx/choice.h>
+#include <wx/filename.h>
+#include <wx/frame.h>
+#include <wx/radiobut.h>
+#include <wx/scrolwin.h>
+#include <wx/sizer.h>
+#include <wx/statbox.h>
+#include <wx/stattext.h>
+#include <wx/stdpaths.h>
+#include <wx/textctrl.h>
+#include <wx/utils.h>
+
+#include <chrono>
+#include <memory>
+#include <vector>
+
+namespace {
+
+struct Window
+{
+    Window()
+    {
+        frame = new wxFrame(nullptr, wxID_ANY, "bench", wxPoint(0, 0), wxSize(1500, 1100));
+        frame->Show();
+        wxYield();
+    }
+    ~Window()
+    {
+        frame->Destroy();
+        wxYield();
+    }
+    wxFrame* frame;
+};
+
+iex::IEXProject& Project()
+{
+    static iex::IEXProject project;
+    DetailList& details = *project.GetLiquid(0).GetDetails();
+    int value = 1;
+    for (const char* ion : {"na", "ca", "mg", "k", "cl", "so4", "hco3", "no3", "sio2"})
+        details.At(std::string("liquid/") + ion + ".orig").SetValue(1.5 * ++value);
+    details.At("liquid/ph").SetValue(7.5);
+    return project;
+}
+
+WaterAnalysisPanel* NewPanel(wxWindow* parent)
+{
+    auto* panel = new WaterAnalysisPanel(&Project(), 0, parent, wxID_ANY, nullptr);
+    parent->SendSizeEvent();
+    return panel;
+}
+
+/// As many controls of every kind as the analysis panel has, without translation, binding and validation.
+struct BarePanel
+{
+    explicit BarePanel(const WaterAnalysisPanel& model, wxWindow* parent) : BarePanel(Count(model), parent) {}
+
+    struct Counts
+    {
+        int texts = 0, choices = 0, labels = 0, checks = 0, radios = 0, boxes = 0;
+    };
+
+    static void CountChildren(const wxWindow& window, Counts& counts)
+    {
+        for (const wxWindow* child : window.GetChildren())
+        {
+            counts.texts += dynamic_cast<const wxTextCtrl*>(child) != nullptr;
+            counts.choices += dynamic_cast<const wxChoice*>(child) != nullptr;
+            counts.labels += dynamic_cast<const wxStaticText*>(child) != nullptr;
+            counts.checks += dynamic_cast<const wxCheckBox*>(child) != nullptr;
+            counts.radios += dynamic_cast<const wxRadioButton*>(child) != nullptr;
+            counts.boxes += dynamic_cast<const wxStaticBox*>(child) != nullptr;
+            CountChildren(*child, counts);
+        }
+    }
+
+    static Counts Count(const WaterAnalysisPanel& model)
+    {
+        Counts counts;
+        CountChildren(model, counts);
+        return counts;
+    }
+
+    BarePanel(const Counts& counts, wxWindow* parent)
+        : panel(new wxScrolled<wxPanel>(parent, wxID_ANY, wxPoint(0, 0), wxSize(1500, 1100)))
+    {
+        auto* sizer = new wxFlexGridSizer(10, wxSize(4, 4));
+        for (int i = 0; i < counts.boxes; ++i)
+            new wxStaticBox(panel, wxID_ANY, "box");
+        for (int i = 0; i < counts.labels; ++i)
+            sizer->Add(new wxStaticText(panel, wxID_ANY, "Label:"));
+        for (int i = 0; i < counts.texts; ++i)
+        {
+            auto* text = new wxTextCtrl(panel, wxID_ANY, "1.2345", wxDefaultPosition, wxSize(80, -1),
+                                        wxTE_RIGHT | wxTE_PROCESS_ENTER);
+            texts.push_back(text);
+            sizer->Add(text);
+        }
+        wxArrayString units;
+        for (std::string_view unit : ions::kIonUnits)
+            units.push_back(wxString::FromUTF8(unit.data(), unit.size()));
+        for (int i = 0; i < counts.choices; ++i)
+        {
+            auto* choice = new wxChoice(panel, wxID_ANY, wxDefaultPosition, wxDefaultSize, units);
+            choice->SetSelection(1);
+            sizer->Add(choice);
+        }
+        for (int i = 0; i < counts.checks; ++i)
+            sizer->Add(new wxCheckBox(panel, wxID_ANY, "check"));
+        for (int i = 0; i < counts.radios; ++i)
+            sizer->Add(new wxRadioButton(panel, wxID_ANY, "radio"));
+        panel->SetSizer(sizer);
+        panel->SetScrollRate(1, 1);
+        panel->FitInside();
+        panel->Layout();
+    }
+
+    wxScrolled<wxPanel>* panel;
+    std::vector<wxTextCtrl*> texts;
+};
+
+using Clock = std::chrono::steady_clock;
+
+double Seconds(Clock::time_point start) { return std::chrono::duration<double>(Clock::now() - start).count(); }
+
+/// The ratio is taken pair by pair, so that it holds when the machine's speed drifts.
+void PanelCreation(benchmark::State& state)
+{
+    Window window;
+    WaterAnalysisPanel* model = NewPanel(window.frame);
+    const BarePanel::Counts counts = BarePanel::Count(*model);
+    model->Destroy();
+    double ours = 0.0;
+    double bare = 0.0;
+    for (auto _ : state)
+    {
+        auto start = Clock::now();
+        WaterAnalysisPanel* panel = NewPanel(window.frame);
+        const double panelSeconds = Seconds(start);
+        panel->Destroy();
+        wxYield();
+        start = Clock::now();
+        BarePanel plain(counts, window.frame);
+        window.frame->SendSizeEvent();
+        bare += Seconds(start);
+        plain.panel->Destroy();
+        wxYield();
+        ours += panelSeconds;
+        state.SetIterationTime(panelSeconds);
+    }
+    state.counters["bare_ms"] = 1e3 * bare / static_cast<double>(state.iterations());
+    state.counters["ratio"] = ours / bare;
+    state.counters["controls"] = counts.texts + counts.choices + counts.labels + counts.checks + counts.radios;
+}
+BENCHMARK(PanelCreation)->UseManualTime()->Iterations(25)->Unit(benchmark::kMillisecond);
+
+/// A committed edit: parse, store, normalise, refresh, tell the host.
+void CommittedEdit(benchmark::State& state)
+{
+    Window window;
+    WaterAnalysisPanel* panel = NewPanel(window.frame);
+    wxYield();
+    TvTextCtrl* field = panel->FindField("liquid/ca.orig");
+    int value = 0;
+    for (auto _ : state)
+    {
+        state.PauseTiming();
+        wxYield();
+        field->ChangeValue(wxString::Format("%d", 20 + value++ % 50));
+        field->MarkDirty();
+        state.ResumeTiming();
+        dynamic_cast<Validator&>(*field->GetValidator()).CommitIfModified();
+    }
+}
+BENCHMARK(CommittedEdit)->Unit(benchmark::kMillisecond);
+
+void SwitchUnitSystem(benchmark::State& state)
+{
+    Window window;
+    WaterAnalysisPanel* panel = NewPanel(window.frame);
+    wxYield();
+    int turn = 0;
+    for (auto _ : state)
+    {
+        Project().SetUnitSystemDisplay(turn++ % 2 == 0 ? "us" : "iso");
+        wxCommandEvent event(tvCHANGEUNITSYSTEM_EVENT);
+        event.StopPropagation();
+        panel->GetEventHandler()->ProcessEvent(event);
+    }
+    Project().SetUnitSystemDisplay("iso");
+}
+BENCHMARK(SwitchUnitSystem)->Unit(benchmark::kMillisecond);
+
+void SwitchLanguage(benchmark::State& state)
+{
+    Window window;
+    WaterAnalysisPanel* panel = NewPanel(window.frame);
+    wxYield();
+    int turn = 0;
+    for (auto _ : state)
+    {
+        state.PauseTiming();
+        app::SwitchLanguage(turn++ % 2 == 0 ? "de" : "en");
+        state.ResumeTiming();
+        wxCommandEvent event(tvLOCALIZE_EVENT);
+        event.StopPropagation();
+        panel->GetEventHandler()->ProcessEvent(event);
+    }
+    app::SwitchLanguage("en");
+}
+BENCHMARK(SwitchLanguage)->Unit(benchmark::kMillisecond);
+
+/// Setting every text of the bare panel to something else: the measure for an edit and for the switches.
+void BareRefresh(benchmark::State& state)
+{
+    Window window;
+    WaterAnalysisPanel* model = NewPanel(window.frame);
+    const BarePanel::Counts counts = BarePanel::Count(*model);
+    model->Destroy();
+    BarePanel plain(counts, window.frame);
+    wxYield();
+    int turn = 0;
+    for (auto _ : state)
+    {
+        const wxString text = wxString::Format("%d", turn++);
+        for (wxTextCtrl* field : plain.texts)
+            field->ChangeValue(text);
+    }
+    state.counters["fields"] = static_cast<double>(plain.texts.size());
+}
+BENCHMARK(BareRefresh)->Unit(benchmark::kMillisecond);
+
+/// From the start of the process to the first window that can be used; the program ends itself then and says how
+/// much memory it holds.
+void StartToFirstWindow(benchmark::State& state)
+{
+    const wxString program = wxFileName(wxStandardPaths::Get().GetExecutablePath()).GetPath() + "/tarnvik";
+    double kilobytes = 0.0;
+    for (auto _ : state)
+    {
+        wxArrayString output;
+        const auto start = Clock::now();
+        const long status = wxExecute(program + " --measure-start", output, wxEXEC_SYNC | wxEXEC_NOEVENTS);
+        state.SetIterationTime(Seconds(start));
+        if (status != 0 || output.empty() || !output[0].ToCDouble(&kilobytes))
+        {
+            state.SkipWithError("the program did not start");
+            break;
+        }
+    }
+    state.counters["memory_MiB"] = kilobytes / 1024;
+}
+BENCHMARK(StartToFirstWindow)->UseManualTime()->Iterations(8)->Unit(benchmark::kMillisecond);
+
+}  // namespace
