@@ -14,6 +14,7 @@
 #include "projectbase/settings/settings.h"
 #include "tncommon/data_dir.h"
 
+#include <wx/display.h>
 #include <wx/msgdlg.h>
 #include <wx/sizer.h>
 #include <wx/splitter.h>
@@ -23,7 +24,7 @@ namespace app {
 namespace {
 
 constexpr int kStatusFields = 3;
-constexpr int kTreeWidth = 220;
+constexpr int kTreeWidth = 210;
 constexpr int kMessageHeight = 110;
 
 /// What the user reads about a field out of range.
@@ -35,6 +36,14 @@ wxString RangeText(const ModulePanelBase::RangeViolation& violation)
     const wxString text = i18n::Translated(below ? wxTRANSLATE("%s is below the minimum of %s")
                                                  : wxTRANSLATE("%s is above the maximum of %s"));
     return wxString::Format(text, violation.window->GetName(), limit);
+}
+
+/// Wide enough for all columns of a water analysis, where the screen is.
+wxSize InitialSize(const wxWindow& window)
+{
+    wxSize size = window.FromDIP(wxSize(1600, 1000));
+    size.DecTo(wxDisplay(&window).GetClientArea().GetSize());
+    return size;
 }
 
 /// Extra data of a tree item: the page that it stands for.
@@ -73,7 +82,7 @@ MainFrame::MainFrame(std::unique_ptr<Document> document)
     Bind(wxEVT_TIMER, &MainFrame::OnAutosave, this);
     RestartAutosave();
     UpdateTitle();
-    SetSize(FromDIP(wxSize(1480, 960)));
+    SetSize(InitialSize(*this));
 }
 
 MainFrame::~MainFrame()

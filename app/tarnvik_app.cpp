@@ -72,8 +72,7 @@ void TarnvikApp::ReportStart()
 {
     m_frame->Update();
     std::ifstream status("/proc/self/status");
-    for (std::string line; std::getline(status, line);)
-    {
+    for (std::string line; std::getline(status, line);) {
         if (line.starts_with("VmRSS:"))
             std::cout << std::stol(line.substr(6)) << std::endl;
     }

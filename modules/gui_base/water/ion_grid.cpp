@@ -11,6 +11,9 @@ namespace {
 
 constexpr int kColumns = 5;
 constexpr int kGap = 4;
+/// Digits with which sea water and brines still stand in plain notation.
+constexpr int kMeqlDigits = 5;
+constexpr int kMglDigits = 6;
 constexpr int kHeadHeight = 28;
 
 /// No salt dissolves to more than this; a larger number is a slip of the keyboard.
@@ -95,6 +98,7 @@ void IonGrid::AddRow(wxWindow* parent, wxFlexGridSizer& grid, const IonRow& ion,
                                              .label = label,
                                              .unit = result,
                                              .validatorFlags = ZeroAsEmpty,
+                                             .precision = result == kMeql ? kMeqlDigits : kMglDigits,
                                              .inIsoUnits = true}),
                  Cell());
     }
@@ -110,7 +114,9 @@ void IonGrid::AddTotal(wxWindow* parent, wxFlexGridSizer& grid, const TotalRow& 
     grid.AddSpacer(0);
     grid.AddSpacer(0);
     grid.Add(
-        m_fields.AddResult(parent, {.key = total.key, .label = label, .unit = kMeql, .inIsoUnits = true}),
+        m_fields.AddResult(
+            parent,
+            {.key = total.key, .label = label, .unit = kMeql, .precision = kMeqlDigits, .inIsoUnits = true}),
         Cell());
     grid.AddSpacer(0);
 }

@@ -20,10 +20,10 @@ struct Limits
 struct PropertyRow
 {
     const char* key;
-    const char* label;   ///< source text
-    const char* unit;    ///< ISO unit text, empty for a plain number
-    Limits limits;       ///< in the ISO unit; equal limits mean that none is checked
-    int precision = 4;   ///< significant digits
+    const char* label;  ///< source text
+    const char* unit;   ///< ISO unit text, empty for a plain number
+    Limits limits;      ///< in the ISO unit; equal limits mean that none is checked
+    int precision = 4;  ///< significant digits
 };
 
 /// Inputs that most analyses state.
@@ -50,14 +50,15 @@ struct SummaryRow
     const char* labelSuffix;  ///< not translated
     const char* unit;
     bool convertUnit;  ///< whether the unit follows the unit system
+    int precision = 5;
 };
 
 inline constexpr std::array kSummaryRows{
-    SummaryRow{"liquid/tds", wxTRANSLATE("TDS"), ":", "mg/l", false},
+    SummaryRow{"liquid/tds", wxTRANSLATE("TDS"), ":", "mg/l", false, 6},
     SummaryRow{"liquid/cond", wxTRANSLATE("Conductivity"), ":", "uS/cm", false},
     SummaryRow{"liquid/cond25", wxTRANSLATE("Conductivity"), " @ 25 \u00b0C:", "uS/cm", false},
     SummaryRow{"liquid/p.osmotic", wxTRANSLATE("Osmotic pressure"), ":", "bar", true},
-    SummaryRow{"liquid/ionic.strength", wxTRANSLATE("Ionic strength"), ":", "mol/l", false},
+    SummaryRow{"liquid/ionic.strength", wxTRANSLATE("Ionic strength"), ":", "mol/l", false, 6},
 };
 
 }  // namespace wateranalysis

@@ -22,6 +22,7 @@
 namespace {
 
 constexpr int kGap = 4;
+constexpr int kSummaryWidth = 104;
 constexpr int kPropertyColumns = 3;
 constexpr double kUnknown = std::numeric_limits<double>::quiet_NaN();
 
@@ -275,6 +276,8 @@ wxSizer* WaterAnalysisPanel::CreateSummaryPanel()
         grid->Add(m_fields->AddResult(parent, {.key = row.key,
                                                .label = wxString::FromUTF8(row.label),
                                                .unit = unit,
+                                               .precision = row.precision,
+                                               .width = kSummaryWidth,
                                                .inIsoUnits = !row.convertUnit}),
                   Cell());
         grid->Add(m_fields->AddUnitLabel(parent, unit, row.convertUnit), Cell());

@@ -11,7 +11,7 @@
 namespace {
 
 constexpr int kInputWidth = 80;
-constexpr int kResultWidth = 72;
+constexpr int kResultWidth = 78;
 
 /// "Sodium" for the row label "Sodium:".
 wxString PlainLabel(const wxString& label)
@@ -28,7 +28,8 @@ wxString PlainLabel(const wxString& label)
 TvTextCtrl* FieldSet::AddNumber(wxWindow* parent, const NumberSpec& spec, long style, int transferFlags)
 {
     DetailData& detail = m_details.At(spec.key);
-    const int width = (style & wxTE_READONLY) != 0 ? kResultWidth : kInputWidth;
+    const int usual = (style & wxTE_READONLY) != 0 ? kResultWidth : kInputWidth;
+    const int width = spec.width > 0 ? spec.width : usual;
     auto* control = new TvTextCtrl(parent, wxID_ANY, wxString(), wxDefaultPosition,
                                    parent->FromDIP(wxSize(width, -1)), style | wxTE_RIGHT);
     if (spec.inIsoUnits)

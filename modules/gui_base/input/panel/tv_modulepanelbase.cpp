@@ -12,11 +12,13 @@
 #include <wx/sizer.h>
 #include <wx/wupdlock.h>
 
+#include <algorithm>
 #include <utility>
 
 namespace {
 
 constexpr double kNoCurrency = 1.0;
+constexpr int kWheelStep = 60;
 
 }  // namespace
 
@@ -95,6 +97,7 @@ void ModulePanelBase::BindBaseEvents()
     Bind(tvCHANGEUNITSYSTEM_EVENT, &ModulePanelBase::OnChangeUnitSystem, this);
     Bind(tvLOCALIZE_EVENT, &ModulePanelBase::OnLocalize, this);
     Bind(tvCHANGE_EVENT, &ModulePanelBase::OnChildChanged, this);
+    Bind(wxEVT_MOUSEWHEEL, &ModulePanelBase::OnWheel, this);
 }
 
 void ModulePanelBase::DoTransferDetailsToWindows()
@@ -342,6 +345,31 @@ void ModulePanelBase::FitAndLayout()
 bool ModulePanelBase::IsBookPage() const
 {
     return dynamic_cast<wxBookCtrlBase*>(GetParent()) != nullptr;
+}
+
+void ModulePanelBase::ForwardWheelOf(wxWindow& parent)
+{
+    for (wxWindow* child : parent.GetChildren())
+    {
+        child->Bind(wxEVT_MOUSEWHEEL, &ModulePanelBase::OnWheel, this);
+        ForwardWheelOf(*child);
+    }
+}
+
+void ModulePanelBase::OnWheel(wxMouseEvent& event)
+{
+    auto* window = dynamic_cast<wxWindow*>(event.GetEventObject());
+    const bool scrollsItself = window != nullptr && window != this && window->HasScrollbar(wxVERTICAL);
+    if (scrollsItself || event.GetWheelAxis() != wxMOUSE_WHEEL_VERTICAL || event.GetWheelDelta() == 0)
+    {
+        event.Skip();
+        return;
+    }
+    // The scroll unit is one pixel, which is no step for a wheel. Fine wheels turn by parts of a step.
+    m_wheelTurn += event.GetWheelRotation();
+    const int steps = m_wheelTurn / event.GetWheelDelta();
+    m_wheelTurn -= steps * event.GetWheelDelta();
+    Scroll(wxDefaultCoord, std::max(0, GetViewStart().y - steps * FromDIP(kWheelStep)));
 }
 
 void ModulePanelBase::FindStatusBar()

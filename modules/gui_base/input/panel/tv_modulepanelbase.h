@@ -153,6 +153,9 @@ private:
     void LocalizeControls();
     void ShowInUnitSystem(bool transferValues);
     void FitAndLayout();
+    /// The wheel scrolls the panel wherever the pointer stands on it.
+    void ForwardWheelOf(wxWindow& parent);
+    void OnWheel(wxMouseEvent& event);
     void FindStatusBar();
     bool IsBookPage() const;
     void OnChangeUnitSystem(wxCommandEvent& event);
@@ -165,6 +168,7 @@ private:
     std::vector<std::shared_ptr<LocalizableControl>> m_localizableControls;
     std::vector<DetailContainerWindow*> m_detailContainerWindows;
     bool m_baseEventsBound = false;
+    int m_wheelTurn = 0;
     /// The event that OnFieldUpdate answered last, while it still travels; only compared, never read.
     const wxEvent* m_answeredEvent = nullptr;
 };
