@@ -24,7 +24,9 @@ wxString EntryName(const wxString& name)
     return name.StartsWith("/") ? name.Mid(1) : name;
 }
 
-std::unique_ptr<wxFSFile> OpenEntry(const wxString& dataPath, const wxString& name)
+/// The bytes of an archive entry, empty when there is none. Image handlers look at a stream more than once, which a
+/// compressed entry does not allow.
+std::string ReadEntry(const wxString& dataPath, const wxString& name)
 {
     // A missing picture is answered by an empty image; nobody needs a message box about it.
     const wxLogNull quiet;
@@ -35,7 +37,22 @@ std::unique_ptr<wxFSFile> OpenEntry(const wxString& dataPath, const wxString& na
     // Pictures are kept as PNG, whatever format the name asks for.
     if (!file && !entry.EndsWith(".png") && !entry.EndsWith(".svg"))
         file.reset(fileSystem.OpenFile(location + entry.BeforeLast('.') + ".png"));
-    return file;
+    if (!file || file->GetStream() == nullptr)
+        return {};
+    wxMemoryOutputStream memory;
+    memory.Write(*file->GetStream());
+    std::string bytes(memory.GetSize(), '\0');
+    memory.CopyTo(bytes.data(), bytes.size());
+    return bytes;
+}
+
+bool LoadImage(wxImage& image, const void* data, std::size_t size, wxBitmapType type)
+{
+    if (size == 0)
+        return false;
+    wxMemoryInputStream stream(data, size);
+    const wxLogNull quiet;
+    return image.LoadFile(stream, type, -1);
 }
 
 }  // namespace
@@ -55,11 +72,8 @@ void ImageLoader::Init(const wxString& dataPath)
 bool ImageLoader::LoadImageResource(wxImage& image, const wxString& name, wxBitmapType type)
 {
     image = wxImage();
-    const std::unique_ptr<wxFSFile> file = OpenEntry(m_dataPath, name);
-    if (!file || file->GetStream() == nullptr)
-        return false;
-    const wxLogNull quiet;
-    return image.LoadFile(*file->GetStream(), type, -1);
+    const std::string bytes = ReadEntry(m_dataPath, name);
+    return LoadImage(image, bytes.data(), bytes.size(), type);
 }
 
 wxImage ImageLoader::LoadImageResource(const wxString& name)
@@ -77,13 +91,10 @@ wxBitmap ImageLoader::LoadBitmapResource(const wxString& name)
 
 wxBitmapBundle ImageLoader::LoadBundle(const wxString& name, const wxSize& size)
 {
-    const std::unique_ptr<wxFSFile> file = OpenEntry(m_dataPath, name.BeforeLast('.') + ".svg");
-    if (file && file->GetStream() != nullptr) {
-        wxMemoryOutputStream memory;
-        memory.Write(*file->GetStream());
-        std::string text(memory.GetSize(), '\0');
-        memory.CopyTo(text.data(), text.size());
-        const wxBitmapBundle bundle = wxBitmapBundle::FromSVG(text.data(), size);
+    std::string svg = ReadEntry(m_dataPath, name.BeforeLast('.') + ".svg");
+    if (!svg.empty())
+    {
+        const wxBitmapBundle bundle = wxBitmapBundle::FromSVG(svg.data(), size);
         if (bundle.IsOk())
             return bundle;
     }
@@ -94,10 +105,6 @@ wxBitmapBundle ImageLoader::LoadBundle(const wxString& name, const wxSize& size)
 wxBitmap ImageLoader::FromBase64(const wxString& base64)
 {
     const wxMemoryBuffer data = wxBase64Decode(base64, wxBase64DecodeMode_SkipWS);
-    if (data.IsEmpty())
-        return {};
-    wxMemoryInputStream stream(data.GetData(), data.GetDataLen());
-    const wxLogNull quiet;
     wxImage image;
-    return image.LoadFile(stream, wxBITMAP_TYPE_ANY) ? wxBitmap(image) : wxBitmap();
+    return LoadImage(image, data.GetData(), data.GetDataLen(), wxBITMAP_TYPE_ANY) ? wxBitmap(image) : wxBitmap();
 }

@@ -45,12 +45,14 @@ LiquidData& RequireLiquid(Project* project, std::size_t index)
 }  // namespace
 
 WaterAnalysisPanel::WaterAnalysisPanel(Project* project, std::size_t detailIndex, wxWindow* parent, int id,
-                                       TVHelpFileProvider* help, const wxPoint& pos, const wxSize& size, long style)
+                                       TVHelpFileProvider* help, const wxPoint& pos, const wxSize& size,
+                                       long style)
     : ModulePanelBase(project, parent, id, pos, size, style, "water analysis"),
       m_index(detailIndex),
       m_liquid(RequireLiquid(project, detailIndex)),
       m_help(help)
 {
+    BindPanelEvents();
     Create();
 }
 
@@ -75,27 +77,27 @@ void WaterAnalysisPanel::DoCreateControls()
 
 void WaterAnalysisPanel::SetTransferInfo()
 {
-    for (FieldSet::Number& number : m_fields->Numbers())
-    {
-        double* value = number.control == m_temperatureField ? m_temperature.GetValueAddress() : &number.value;
+    for (FieldSet::Number& number : m_fields->Numbers()) {
+        double* value =
+            number.control == m_temperatureField ? m_temperature.GetValueAddress() : &number.value;
         AddTransfer(TransferDetail(number.transferFlags, value, number.control, number.detail));
     }
     for (FieldSet::Text& text : m_fields->Texts())
-        AddTransfer(
-            TransferDetail(TransferToDetail | TransferCountsAsChange, &text.value, text.control, text.detail));
+        AddTransfer(TransferDetail(TransferToDetail | TransferCountsAsChange, &text.value, text.control,
+                                   text.detail));
 }
 
 void WaterAnalysisPanel::SetValidators(const std::string&)
 {
-    for (FieldSet::Number& number : m_fields->Numbers())
-    {
+    for (FieldSet::Number& number : m_fields->Numbers()) {
         const NumberSpec& spec = number.spec;
         if (number.control == m_temperatureField)
             number.control->SetValidator(TemperatureValidator(&m_temperature, spec.format, spec.precision,
                                                               spec.validatorFlags, {}, {}, {}));
         else
             number.control->SetValidator(DoubleValidator(&number.value, spec.format, spec.precision,
-                                                         spec.validatorFlags, spec.min, spec.max, spec.undef));
+                                                         spec.validatorFlags, spec.min, spec.max,
+                                                         spec.undef));
     }
     for (FieldSet::Text& text : m_fields->Texts())
         text.control->SetValidator(TextEnterValidator(&text.value));
@@ -105,8 +107,7 @@ void WaterAnalysisPanel::DoConnectTvTextCtrlsToStatusbar()
 {
     const TvTextCtrl* const tds = FindField("liquid/tds.short");
     const TvTextCtrl* const conductivity = FindField("liquid/cond.short");
-    for (const FieldSet::Number& number : m_fields->Numbers())
-    {
+    for (const FieldSet::Number& number : m_fields->Numbers()) {
         if (number.control->IsEditable() && number.control != tds && number.control != conductivity)
             SetupInputControl(number.control);
         else
@@ -120,11 +121,17 @@ void WaterAnalysisPanel::DoPrepare()
     DoLocalize();
 }
 
-long WaterAnalysisPanel::GetPanelProjectStatus() { return kWaterStatus; }
+long WaterAnalysisPanel::GetPanelProjectStatus()
+{
+    return kWaterStatus;
+}
 
 void WaterAnalysisPanel::DoResetPanelStatus() {}
 
-void WaterAnalysisPanel::DoUpdateUnits() { m_fields->UpdateNames(GetCurrentDisplayUnitSystem()); }
+void WaterAnalysisPanel::DoUpdateUnits()
+{
+    m_fields->UpdateNames(GetCurrentDisplayUnitSystem());
+}
 
 void WaterAnalysisPanel::DoLocalize()
 {
@@ -142,10 +149,8 @@ void WaterAnalysisPanel::DoUpdateValidators()
 void WaterAnalysisPanel::UpdateIonLimits()
 {
     constexpr double kMaxMeqPerLitre = 10000.0;
-    for (const auto& grid : m_grids)
-    {
-        for (const wateranalysis::IonGrid::Row& row : grid->Rows())
-        {
+    for (const auto& grid : m_grids) {
+        for (const wateranalysis::IonGrid::Row& row : grid->Rows()) {
             auto* validator = dynamic_cast<DoubleValidator*>(row.typed->GetValidator());
             if (validator == nullptr)
                 continue;
@@ -167,8 +172,7 @@ void WaterAnalysisPanel::UpdateTempOrigCtrlValidatorLimits()
     Temperature min(kMinCelsius, TemperatureUnit::Celsius);
     Temperature max(kMaxCelsius, TemperatureUnit::Celsius);
     m_temperature.SetUnit(TemperatureUnit::Celsius);
-    try
-    {
+    try {
         const auto unit = Temperature::UnitFromText(text);
         if (!unit)
             throw std::runtime_error("unknown temperature unit");
@@ -178,11 +182,10 @@ void WaterAnalysisPanel::UpdateTempOrigCtrlValidatorLimits()
         if (initial.HasMaxValue())
             max.SetValue(initial.GetMaxValue());
         m_temperature.SetUnit(*unit);
-    }
-    catch (const std::exception&)
-    {
+    } catch (const std::exception&) {
         GetProject()->GetLogger().Error(
-            "Silent exception in  WaterAnalysisPanel::UpdateTempOrigCtrlValidatorLimits, set limits from Celsius as "
+            "Silent exception in  WaterAnalysisPanel::UpdateTempOrigCtrlValidatorLimits, set limits from "
+            "Celsius as "
             "default.");
     }
     validator->SetLimits(min.ConvertedTo(m_temperature.GetUnit()), max.ConvertedTo(m_temperature.GetUnit()));
@@ -205,18 +208,15 @@ void WaterAnalysisPanel::DoSendVisualizeMessageEvent()
     m_sentViolations = keys;
     wxQueueEvent(wxGetTopLevelParent(this),
                  new VisualizeMessageEvent(tvVISUALIZE_MESSAGE, GetId(),
-                                           wxString::FromUTF8(GetProject()->GetModuleType()), GetUnitSystemDisplay(),
-                                           std::move(keys)));
+                                           wxString::FromUTF8(GetProject()->GetModuleType()),
+                                           GetUnitSystemDisplay(), std::move(keys)));
 }
 
 void WaterAnalysisPanel::NormalizeIon(const wxString& ion, bool checkName)
 {
-    try
-    {
+    try {
         GetProject()->NormalizeIon(m_index, ion.utf8_string(), checkName);
-    }
-    catch (const std::exception& error)
-    {
+    } catch (const std::exception& error) {
         GetProject()->GetLogger().Error(std::string("Exception in  WaterAnalysisPanel::NormalizeIon: ") +
                                         error.what());
         throw;
@@ -256,9 +256,15 @@ void WaterAnalysisPanel::SynchronizeProject()
     DisableShortAnalysis(blended);
 }
 
-void WaterAnalysisPanel::SignalChanges() { SendChangeEvent(); }
+void WaterAnalysisPanel::SignalChanges()
+{
+    SendChangeEvent();
+}
 
-void WaterAnalysisPanel::InitializeExtended() { water::ResetHydrogenAndHydroxide(*m_liquid.GetDetails()); }
+void WaterAnalysisPanel::InitializeExtended()
+{
+    water::ResetHydrogenAndHydroxide(*m_liquid.GetDetails());
+}
 
 WaterAnalysisPanel::AnalysisType WaterAnalysisPanel::GetAnalysisType() const
 {
@@ -272,7 +278,8 @@ void WaterAnalysisPanel::SetAnalysisType(const char* type, const char* source, c
 {
     DetailList& details = *m_liquid.GetDetails();
     details.At(kTypeKey).SetValue(type);
-    // A short analysis starts from what the ions gave, so that switching to it does not change the water at once.
+    // A short analysis starts from what the ions gave, so that switching to it does not change the water at
+    // once.
     if (source != nullptr && details.At(typed).GetDoubleValue() == 0.0)
         details.At(typed).SetValue(details.At(source).GetDoubleValue());
     TransferDetailsToWindow();
@@ -285,9 +292,15 @@ void WaterAnalysisPanel::UpdateAndSignal()
     SignalChanges();
 }
 
-void WaterAnalysisPanel::ShortAnalysisTDS() { SetAnalysisType(kShortTds, "liquid/tds", "liquid/tds.short"); }
+void WaterAnalysisPanel::ShortAnalysisTDS()
+{
+    SetAnalysisType(kShortTds, "liquid/tds", "liquid/tds.short");
+}
 
-void WaterAnalysisPanel::ShortAnalysisCond() { SetAnalysisType(kShortCond, "liquid/cond", "liquid/cond.short"); }
+void WaterAnalysisPanel::ShortAnalysisCond()
+{
+    SetAnalysisType(kShortCond, "liquid/cond", "liquid/cond.short");
+}
 
 void WaterAnalysisPanel::CheckAnalysisType()
 {
@@ -307,8 +320,7 @@ void WaterAnalysisPanel::EnableInputFields()
     const bool full = type == AnalysisType::Full;
     FindField("liquid/tds.short")->Enable(type == AnalysisType::ShortTds);
     FindField("liquid/cond.short")->Enable(type == AnalysisType::ShortConductivity);
-    for (const auto& grid : m_grids)
-    {
+    for (const auto& grid : m_grids) {
         for (wateranalysis::IonGrid::Row& row : grid->Rows())
             EnableRow(row, full);
     }
@@ -320,8 +332,7 @@ void WaterAnalysisPanel::EnableInputFields()
 
 void WaterAnalysisPanel::EnableRow(wateranalysis::IonGrid::Row& row, bool enable)
 {
-    if (row.name != nullptr)
-    {
+    if (row.name != nullptr) {
         row.name->Enable(enable);
         wxString name = row.name->GetValue();
         enable = enable && !name.Trim().empty();
@@ -338,17 +349,18 @@ void WaterAnalysisPanel::DisableShortAnalysis(bool disable)
     m_shortCond->Enable(!disable);
 }
 
-void WaterAnalysisPanel::EnableDefaultUnitButton(bool enable) { m_defaultUnit->Enable(enable); }
+void WaterAnalysisPanel::EnableDefaultUnitButton(bool enable)
+{
+    m_defaultUnit->Enable(enable);
+}
 
 TvTextCtrl* WaterAnalysisPanel::FindField(const std::string& key) const
 {
-    for (const FieldSet::Number& number : m_fields->Numbers())
-    {
+    for (const FieldSet::Number& number : m_fields->Numbers()) {
         if (number.spec.key == key)
             return number.control;
     }
-    for (const FieldSet::Text& text : m_fields->Texts())
-    {
+    for (const FieldSet::Text& text : m_fields->Texts()) {
         if (text.detail->GetName() == key)
             return text.control;
     }
@@ -357,8 +369,7 @@ TvTextCtrl* WaterAnalysisPanel::FindField(const std::string& key) const
 
 tvUnitChoice* WaterAnalysisPanel::FindUnitChoice(const std::string& key) const
 {
-    for (tvUnitChoice* choice : m_fields->UnitChoices())
-    {
+    for (tvUnitChoice* choice : m_fields->UnitChoices()) {
         if (choice->GetDetail()->GetName() == key)
             return choice;
     }

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-/// The input panel of one water analysis: cations and anions typed in the laboratory's units with their values in
-/// meq/l and mg/l, the other properties of the water, and a summary of what follows from them.
+/// The input panel of one water analysis: cations and anions typed in the laboratory's units with their
+/// values in meq/l and mg/l, the other properties of the water, and a summary of what follows from them.
 ///
-/// The panel only shows and stores: the chemistry is the project's normalisation. Typed values stay in the unit that
-/// was chosen for them; whatever is not known is shown empty. Built once per water; the project and the help
-/// provider are not owned and outlive the panel.
+/// The panel only shows and stores: the chemistry is the project's normalisation. Typed values stay in the
+/// unit that was chosen for them; whatever is not known is shown empty. Built once per water; the project and
+/// the help provider are not owned and outlive the panel.
 
 #include "gui_base/gui_base_export.h"
 #include "gui_base/input/panel/field_set.h"
@@ -33,16 +33,19 @@ class GUI_BASE_EXPORT WaterAnalysisPanel : public ModulePanelBase
 {
 public:
     /// `detailIndex` is the index of the water in the project. `help` may be null.
-    WaterAnalysisPanel(Project* project, std::size_t detailIndex, wxWindow* parent, int id, TVHelpFileProvider* help,
-                       const wxPoint& pos = wxDefaultPosition, const wxSize& size = wxDefaultSize,
+    WaterAnalysisPanel(Project* project, std::size_t detailIndex, wxWindow* parent, int id,
+                       TVHelpFileProvider* help, const wxPoint& pos = wxDefaultPosition,
+                       const wxSize& size = wxDefaultSize,
                        long style = wxTAB_TRAVERSAL | wxHSCROLL | wxVSCROLL);
     ~WaterAnalysisPanel() override;
 
-    /// Normalises one ion; with `checkName` an unnamed row counts as unused. An exception is logged and passes on.
+    /// Normalises one ion; with `checkName` an unnamed row counts as unused. An exception is logged and
+    /// passes on.
     void NormalizeIon(const wxString& ion, bool checkName);
     /// Normalises all ions of the water and refreshes what follows from them.
     void NormalizeLiquid();
-    /// Settles which fields can be edited, by the type of the analysis, the names given and what is calculated.
+    /// Settles which fields can be edited, by the type of the analysis, the names given and what is
+    /// calculated.
     void CheckAnalysisType();
     /// Stores every input, recalculates, shows the results and settles which fields can be edited.
     void UpdateAnalysis();
@@ -62,6 +65,7 @@ public:
     void ShowHelp() const;
     LiquidData& GetLiquid() const { return m_liquid; }
     const std::vector<std::unique_ptr<wateranalysis::IonGrid>>& GetIonGrids() const { return m_grids; }
+    BalancePanel* GetBalancePanel() const { return m_balance; }
     /// The typed value of an ion's row, or of a property, by its detail key; null when the panel has none.
     TvTextCtrl* FindField(const std::string& key) const;
     tvUnitChoice* FindUnitChoice(const std::string& key) const;
@@ -119,6 +123,10 @@ private:
     void ArrangeColumns();
     void UpdateAndSignal();
 
+    /// Bindings on the panel itself, which outlive a recreation of its controls.
+    void BindPanelEvents();
+
+    void OnCheckBoxClicked(wxCommandEvent& event);
     void OnAnalysisFullSelected(wxCommandEvent& event);
     void OnAnalysisShortTdsSelected(wxCommandEvent& event);
     void OnAnalysisShortCondSelected(wxCommandEvent& event);

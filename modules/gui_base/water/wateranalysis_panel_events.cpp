@@ -18,11 +18,8 @@ void WaterAnalysisPanel::DoBindEvents()
     m_shortCond->Bind(wxEVT_RADIOBUTTON, &WaterAnalysisPanel::OnAnalysisShortCondSelected, this);
     FindField("liquid/tds.short")->Bind(wxEVT_TEXT_ENTER, &WaterAnalysisPanel::OnShortTDSChanged, this);
     FindField("liquid/cond.short")->Bind(wxEVT_TEXT_ENTER, &WaterAnalysisPanel::OnShortCondChanged, this);
-    m_balance->GetAutoCheckBox()->Bind(wxEVT_CHECKBOX, &WaterAnalysisPanel::OnBalanceAutoClick, this);
-    m_balance->GetPhCheckBox()->Bind(wxEVT_CHECKBOX, &WaterAnalysisPanel::OnBalancePHClick, this);
     m_alkalize->Bind(wxEVT_BUTTON, &WaterAnalysisPanel::OnAlkalizationClick, this);
     m_co2Calculator->Bind(wxEVT_BUTTON, &WaterAnalysisPanel::OnCO2CalculatorClick, this);
-    m_calculateCo2->Bind(wxEVT_CHECKBOX, &WaterAnalysisPanel::OnCalculateCO2Click, this);
     m_defaultUnit->Bind(wxEVT_BUTTON, &WaterAnalysisPanel::OnDefaultUnitClicked, this);
     m_furtherPane->Bind(wxEVT_COLLAPSIBLEPANE_CHANGED, &WaterAnalysisPanel::OnCollPaneChanged, this);
     for (const auto& grid : m_grids) {
@@ -39,7 +36,26 @@ void WaterAnalysisPanel::DoBindEvents()
     FindField("liquid/h.plus.orig")->Bind(wxEVT_UPDATE_UI, &WaterAnalysisPanel::OnHPlusUpdate, this);
     FindField("liquid/oh.minus.orig")->Bind(wxEVT_UPDATE_UI, &WaterAnalysisPanel::OnOhMinusUpdate, this);
     FindField("liquid/ph")->Bind(wxEVT_UPDATE_UI, &WaterAnalysisPanel::OnPhUpdate, this);
+}
+
+void WaterAnalysisPanel::BindPanelEvents()
+{
+    // The boxes store their state first and let the click climb.
+    Bind(wxEVT_CHECKBOX, &WaterAnalysisPanel::OnCheckBoxClicked, this);
     Bind(wxEVT_SIZE, &WaterAnalysisPanel::OnSize, this);
+}
+
+void WaterAnalysisPanel::OnCheckBoxClicked(wxCommandEvent& event)
+{
+    const wxObject* box = event.GetEventObject();
+    if (box == m_balance->GetAutoCheckBox())
+        OnBalanceAutoClick(event);
+    else if (box == m_balance->GetPhCheckBox())
+        OnBalancePHClick(event);
+    else if (box == m_calculateCo2)
+        OnCalculateCO2Click(event);
+    else
+        event.Skip();
 }
 
 void WaterAnalysisPanel::OnAnalysisFullSelected(wxCommandEvent&)

@@ -1,0 +1,286 @@
+// SPDX-License-Identifier: MIT
+// The program's window with real files, menus and keys.
+#include "app/language.h"
+#include "app/main_frame.h"
+#include "app/tarnvik_app.h"
+#include "app/template_dialog.h"
+#include "app/templates.h"
+#include "dbinterfaces/project_database.h"
+#include "gui_base/input/controls/tv_textctrl.h"
+#include "gui_base/water/wateranalysis_panel.h"
+#include "projectbase/project/project_file.h"
+#include "projectbase/project/recovery_file.h"
+#include "projectbase/settings/settings.h"
+#include "tests/support/gui_test.h"
+#include "tests/support/temp_folder.h"
+
+#include <wx/menu.h>
+#include <wx/msgdlg.h>
+
+#include <cmath>
+#include <fstream>
+
+namespace {
+
+using namespace gui_test;
+
+std::string Bytes(const std::filesystem::path& path)
+{
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+class MainFrameTest : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        std::string error;
+        app::InitProgram(error);
+        EXPECT_EQ(error, "");
+        Settings::Reset();
+        app::SwitchLanguage("en");
+        const app::WaterTemplate* river = app::FindWaterTemplate("world_river_livingstone");
+        ASSERT_NE(river, nullptr);
+        m_frame = new app::MainFrame(std::make_unique<app::Document>(app::NewProjectFrom(*river)));
+        m_frame->SetPosition(wxPoint(0, 0));
+        m_frame->Show();
+        Pump();
+    }
+    void TearDown() override
+    {
+        // As if the user discarded the changes.
+        m_frame->GetDocument().GetProject().SetChanged(false);
+        m_frame->Close();
+        Pump();
+        app::SwitchLanguage("en");
+        ProjectDatabase::Close();
+    }
+
+    WaterAnalysisPanel& Panel() { return *m_frame->GetWaterPanel(); }
+    TvTextCtrl& Field(const std::string& key) { return *Panel().FindField("liquid/" + key); }
+    double Value(const std::string& key)
+    {
+        return m_frame->GetDocument().GetProject().GetLiquid(0).GetDetails()->At("liquid/" + key).GetDoubleValue();
+    }
+    std::vector<std::string> Messages()
+    {
+        std::vector<std::string> texts;
+        const app::MessageArea& area = m_frame->GetMessageArea();
+        for (int i = 0; i < area.GetItemCount(); ++i)
+            texts.push_back(area.GetItemText(i, 1).utf8_string());
+        return texts;
+    }
+    void Menu(int id)
+    {
+        EXPECT_TRUE(m_frame->ProcessCommand(id));
+        Pump();
+    }
+
+    app::MainFrame* m_frame = nullptr;
+    support::TempFolder m_folder;
+    DialogAnswers m_dialogs;
+};
+
+TEST_F(MainFrameTest, ShowsARealWaterAtOnce)
+{
+    EXPECT_EQ(Field("na.orig").GetValue(), "6.3");
+    EXPECT_NEAR(Value("tds"), 120.0, 0.5);
+    EXPECT_EQ(Field("ph").GetValue(), "") << "the source states no pH";
+    EXPECT_EQ(m_frame->GetTitle(), "Untitled - Tarnvik");
+    EXPECT_TRUE(Messages().empty());
+}
+
+TEST_F(MainFrameTest, SavesAndReopensEveryDigit)
+{
+    const auto path = m_folder / "water.tarnvik";
+    gui_test::Enter(Field("na.orig"), "6.123456789012345");
+    EXPECT_EQ(m_frame->GetTitle(), "*Untitled - Tarnvik");
+    ASSERT_TRUE(m_frame->SaveFile(path));
+    EXPECT_EQ(m_frame->GetTitle(), "water - Tarnvik");
+    gui_test::Enter(Field("na.orig"), "1");
+    ASSERT_TRUE(m_frame->OpenFile(path));
+    Pump();
+    EXPECT_EQ(Value("na.orig"), 6.123456789012345);
+    EXPECT_TRUE(std::isnan(Value("ph"))) << "what was not known still is not";
+    EXPECT_EQ(m_frame->GetTitle(), "water - Tarnvik");
+    EXPECT_EQ(m_frame->GetMenuBar()->GetMenu(0)->FindItemByPosition(3)->GetSubMenu()->GetMenuItemCount(), 1u);
+}
+
+TEST_F(MainFrameTest, SavingCommitsTheFieldThatIsBeingEdited)
+{
+    const auto path = m_folder / "water.tarnvik";
+    ASSERT_TRUE(m_frame->SaveFile(path));
+    Focus(Field("mg.orig"));
+    Field("mg.orig").SelectAll();
+    Type("9.75");
+    Menu(wxID_SAVE);
+    const auto loaded = ProjectFile::Load(path);
+    EXPECT_EQ(loaded->GetLiquid(0).GetDetails()->At("liquid/mg.orig").GetDoubleValue(), 9.75);
+}
+
+TEST_F(MainFrameTest, BadFilesAreAnsweredInTheMessageArea)
+{
+    const auto good = m_folder / "good.tarnvik";
+    ASSERT_TRUE(m_frame->SaveFile(good));
+    const std::string bytes = Bytes(good);
+    const auto write = [&](const char* name, const std::string& content) {
+        std::ofstream(m_folder / name, std::ios::binary) << content;
+        return m_folder / name;
+    };
+    std::string flipped = bytes;
+    flipped[flipped.size() / 2] = static_cast<char>(flipped[flipped.size() / 2] ^ 0x55);
+    const double sodium = Value("na.orig");
+    for (const auto& path : {write("empty.tarnvik", ""), write("foreign.tarnvik", "hello"),
+                             write("cut.tarnvik", bytes.substr(0, bytes.size() / 2)), write("flipped.tarnvik", flipped),
+                             m_folder / "missing.tarnvik", m_folder / "."})
+    {
+        const auto before = Messages().size();
+        EXPECT_FALSE(m_frame->OpenFile(path)) << path;
+        ASSERT_EQ(Messages().size(), before + 1) << path;
+        EXPECT_NE(Messages().back().find(path.string()), std::string::npos) << Messages().back();
+        EXPECT_EQ(Value("na.orig"), sodium) << "the open project stays";
+    }
+}
+
+TEST_F(MainFrameTest, AFailedSaveLeavesTheOldFileAndSaysSo)
+{
+    const auto path = m_folder / "water.tarnvik";
+    ASSERT_TRUE(m_frame->SaveFile(path));
+    const std::string before = Bytes(path);
+    gui_test::Enter(Field("na.orig"), "77");
+    const auto nowhere = m_folder / "no" / "such" / "folder.tarnvik";
+    EXPECT_FALSE(m_frame->SaveFile(nowhere));
+    EXPECT_NE(Messages().back().find(nowhere.string()), std::string::npos);
+    EXPECT_EQ(Bytes(path), before);
+    EXPECT_TRUE(m_frame->GetDocument().GetProject().IsChanged());
+    EXPECT_EQ(m_frame->GetDocument().GetPath(), path);
+}
+
+TEST_F(MainFrameTest, UndoAndRedoGoStepByStep)
+{
+    gui_test::Enter(Field("na.orig"), "10");
+    gui_test::Enter(Field("ca.orig"), "20");
+    Focus(Field("mg.orig"));
+    Field("mg.orig").SelectAll();
+    Type("30");
+    m_frame->Undo();
+    EXPECT_NEAR(Value("mg.orig"), 4.1, 1e-12) << "the edit that was going on is the last step";
+    EXPECT_EQ(Field("mg.orig").GetValue(), "4.1");
+    m_frame->Undo();
+    m_frame->Undo();
+    EXPECT_EQ(Value("ca.orig"), 15.0);
+    EXPECT_EQ(Value("na.orig"), 6.3);
+    EXPECT_NEAR(Value("na.meql"), 6.3 / 22.99, 1e-12) << "recalculated";
+    m_frame->Undo();
+    EXPECT_EQ(Value("na.orig"), 6.3);
+    m_frame->Redo();
+    m_frame->Redo();
+    EXPECT_EQ(Value("na.orig"), 10.0);
+    EXPECT_EQ(Field("ca.orig").GetValue(), "20");
+    EXPECT_TRUE(PumpUntil([this] { return Field("ca.orig").HasFocus(); }));
+}
+
+TEST_F(MainFrameTest, UnitSystemAndLanguageSwitchWithoutLosingADigit)
+{
+    gui_test::Enter(Field("temp.orig"), "12.3456789");
+    const double temperature = Value("temp.orig");
+    for (const char* system : {"us", "imperial", "iso", "us"})
+    {
+        m_frame->SetUnitSystem(system);
+        Pump();
+    }
+    EXPECT_EQ(Value("temp.orig"), temperature);
+    EXPECT_NEAR(wxAtof(Field("temp").GetValue()), 54.22, 0.01);
+    const bool german = std::any_of(app::AvailableLanguages().begin(), app::AvailableLanguages().end(),
+                                    [](const app::Language& language) { return language.code == "de"; });
+    ASSERT_TRUE(german);
+    m_frame->SetLanguage("de");
+    Pump();
+    EXPECT_EQ(m_frame->GetMenuBar()->GetMenuLabelText(0), "Datei");
+    EXPECT_EQ(Field("na.orig").GetName(), "Natrium [mg/l]");
+    EXPECT_EQ(m_frame->GetTitle(), "*Ohne Titel - Tarnvik");
+    m_frame->SetLanguage("en");
+    Pump();
+    EXPECT_EQ(m_frame->GetMenuBar()->GetMenuLabelText(0), "File");
+    EXPECT_EQ(Field("na.orig").GetName(), "Sodium [mg/l]");
+    EXPECT_EQ(Value("temp.orig"), temperature);
+}
+
+TEST_F(MainFrameTest, ALineOfTheMessageAreaLeadsToItsField)
+{
+    gui_test::Enter(Field("ph"), "15");
+    Pump();
+    EXPECT_EQ(Messages(), std::vector<std::string>{"pH is above the maximum of 14"});
+    Focus(Field("na.orig"));
+    app::MessageArea& area = m_frame->GetMessageArea();
+    wxRect line;
+    area.GetItemRect(0, line);
+    area.Select(0);
+    EXPECT_TRUE(PumpUntil([this] { return Field("ph").HasFocus(); }));
+    gui_test::Enter(Field("ph"), "7");
+    EXPECT_TRUE(Messages().empty());
+}
+
+TEST_F(MainFrameTest, ProgrammingErrorsAppearInTheMessageArea)
+{
+    EXPECT_THROW(Panel().NormalizeIon("nosuch", false), std::exception);
+    ASSERT_EQ(Messages().size(), 1u);
+    EXPECT_EQ(Messages().front().find("Exception in  WaterAnalysisPanel::NormalizeIon: "), 0u);
+    wxLogError("from the toolkit");
+    wxLog::FlushActive();
+    EXPECT_EQ(Messages().back(), "from the toolkit");
+}
+
+TEST_F(MainFrameTest, ClosingAsksAboutChanges)
+{
+    gui_test::Enter(Field("na.orig"), "10");
+    m_dialogs.Expect([](wxDialog& dialog) {
+        EXPECT_EQ(dialog.GetTitle(), "Confirm");
+        return wxID_CANCEL;
+    });
+    EXPECT_FALSE(m_frame->Close());
+    EXPECT_EQ(Value("na.orig"), 10.0);
+    m_dialogs.Expect([](wxDialog&) { return wxID_CANCEL; });
+    Menu(wxID_NEW);
+    EXPECT_EQ(Value("na.orig"), 10.0);
+    m_dialogs.Expect([](wxDialog&) { return wxID_NO; });
+    Menu(wxID_NEW);
+    EXPECT_EQ(Value("na.orig"), 0.0);
+    EXPECT_EQ(m_frame->GetTitle(), "Untitled - Tarnvik");
+}
+
+TEST_F(MainFrameTest, UnsavedWorkIsRecovered)
+{
+    gui_test::Enter(Field("na.orig"), "12.5");
+    m_frame->GetDocument().Autosave();
+    EXPECT_TRUE(RecoveryFile::List().empty()) << "this program is still running";
+    {
+        // Another program that ended without saving.
+        RecoveryFile crashed;
+        crashed.Save(m_frame->GetDocument().GetProject());
+    }
+    ASSERT_EQ(RecoveryFile::List().size(), 1u);
+    m_frame->GetDocument().GetProject().SetChanged(false);
+    m_frame->SetDocument(std::make_unique<app::Document>(app::NewEmptyProject()));
+    m_dialogs.Expect([](wxDialog&) { return wxID_YES; });
+    m_frame->OfferRecovery();
+    Pump();
+    EXPECT_EQ(Value("na.orig"), 12.5);
+    EXPECT_TRUE(m_frame->GetDocument().GetProject().IsChanged());
+    EXPECT_TRUE(RecoveryFile::List().empty());
+}
+
+TEST_F(MainFrameTest, EveryExampleOpens)
+{
+    EXPECT_GE(app::WaterTemplates().size(), 19u);
+    for (const app::WaterTemplate& water : app::WaterTemplates())
+    {
+        EXPECT_FALSE(water.source.empty()) << water.name;
+        m_frame->SetDocument(std::make_unique<app::Document>(app::NewProjectFrom(water)));
+        EXPECT_GT(Value("tds"), 0.0) << water.name;
+        EXPECT_TRUE(Messages().empty()) << water.name << ": " << Messages().front();
+    }
+}
+
+}  // namespace
