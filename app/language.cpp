@@ -14,7 +14,10 @@ namespace {
 
 const char* const kDomain = "tarnvik";
 
-wxString LocaleDir() { return wxString::FromUTF8((tncommon::DataDir() / "locale").string()); }
+wxString LocaleDir()
+{
+    return wxString::FromUTF8((tncommon::DataDir() / "locale").string());
+}
 
 wxString g_current = "en";
 
@@ -28,8 +31,7 @@ std::vector<Language> AvailableLanguages()
         return languages;
     wxDir folder(root);
     wxString code;
-    for (bool more = folder.GetFirst(&code, wxString(), wxDIR_DIRS); more; more = folder.GetNext(&code))
-    {
+    for (bool more = folder.GetFirst(&code, wxString(), wxDIR_DIRS); more; more = folder.GetNext(&code)) {
         if (code == "en" || !wxFileExists(root + "/" + code + "/LC_MESSAGES/" + kDomain + ".mo"))
             continue;
         const wxLanguageInfo* info = wxLocale::FindLanguageInfo(code);
@@ -50,13 +52,16 @@ void SwitchLanguage(const wxString& code)
     g_current = code;
 }
 
-wxString CurrentLanguage() { return g_current; }
+wxString CurrentLanguage()
+{
+    return g_current;
+}
 
 wxString SystemLanguage()
 {
-    const wxString system = wxUILocale::GetLanguageCanonicalName(wxUILocale::GetSystemLanguage()).BeforeFirst('_');
-    for (const Language& language : AvailableLanguages())
-    {
+    const wxString system =
+        wxUILocale::GetLanguageCanonicalName(wxUILocale::GetSystemLanguage()).BeforeFirst('_');
+    for (const Language& language : AvailableLanguages()) {
         if (language.code == system)
             return system;
     }

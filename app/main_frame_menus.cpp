@@ -21,7 +21,10 @@
 namespace app {
 namespace {
 
-wxString Tr(const char* source) { return i18n::Translated(source); }
+wxString Tr(const char* source)
+{
+    return i18n::Translated(source);
+}
 
 wxString UnitSystemName(const std::string& unitSystem)
 {
@@ -30,13 +33,17 @@ wxString UnitSystemName(const std::string& unitSystem)
     return unitSystem == "imperial" ? Tr("Imperial units") : Tr("ISO units");
 }
 
-wxString Wildcard() { return Tr("Tarnvik projects") + " (*.tarnvik)|*.tarnvik|" + Tr("All files") + "|*"; }
+wxString Wildcard()
+{
+    return Tr("Tarnvik projects") + " (*.tarnvik)|*.tarnvik|" + Tr("All files") + "|*";
+}
 
 template <typename Handler>
 void Append(wxMenu& menu, const wxString& text, Handler handler, int id = wxID_ANY)
 {
     wxMenuItem* item = menu.Append(id, text);
-    menu.Bind(wxEVT_MENU, [handler](wxCommandEvent&) { handler(); }, item->GetId());
+    menu.Bind(
+        wxEVT_MENU, [handler](wxCommandEvent&) { handler(); }, item->GetId());
 }
 
 /// A radio item of a choice, checked when it is the one in effect.
@@ -45,7 +52,8 @@ void AppendRadio(wxMenu& menu, const wxString& text, bool checked, Handler handl
 {
     wxMenuItem* item = menu.AppendRadioItem(wxID_ANY, text);
     item->Check(checked);
-    menu.Bind(wxEVT_MENU, [handler](wxCommandEvent&) { handler(); }, item->GetId());
+    menu.Bind(
+        wxEVT_MENU, [handler](wxCommandEvent&) { handler(); }, item->GetId());
 }
 
 }  // namespace
@@ -65,27 +73,35 @@ void MainFrame::BuildMenus()
 wxMenu* MainFrame::BuildFileMenu()
 {
     auto* menu = new wxMenu;
-    Append(*menu, Tr("&New project") + "\tCtrl+N", [this] { NewProject(); }, wxID_NEW);
+    Append(
+        *menu, Tr("&New project") + "\tCtrl+N", [this] { NewProject(); }, wxID_NEW);
     Append(*menu, Tr("New from &example...") + "\tCtrl+Shift+N", [this] { ShowTemplateDialog(); });
-    Append(*menu, Tr("&Open...") + "\tCtrl+O", [this] { AskAndOpen(); }, wxID_OPEN);
+    Append(
+        *menu, Tr("&Open...") + "\tCtrl+O", [this] { AskAndOpen(); }, wxID_OPEN);
     m_recentMenu = new wxMenu;
     menu->AppendSubMenu(m_recentMenu, Tr("Open &recent"));
     FillRecentMenu();
     menu->AppendSeparator();
-    Append(*menu, Tr("&Save") + "\tCtrl+S", [this] { SaveCurrent(); }, wxID_SAVE);
-    Append(*menu, Tr("Save &as...") + "\tCtrl+Shift+S", [this] { AskAndSaveAs(); }, wxID_SAVEAS);
+    Append(
+        *menu, Tr("&Save") + "\tCtrl+S", [this] { SaveCurrent(); }, wxID_SAVE);
+    Append(
+        *menu, Tr("Save &as...") + "\tCtrl+Shift+S", [this] { AskAndSaveAs(); }, wxID_SAVEAS);
     menu->AppendSeparator();
-    Append(*menu, Tr("&Close project") + "\tCtrl+W",
-           [this] { events::SendEvent(this, tvCLOSEPROJECT_EVENT, GetId(), 0, wxString()); }, wxID_CLOSE);
-    Append(*menu, Tr("E&xit") + "\tCtrl+Q", [this] { Close(); }, wxID_EXIT);
+    Append(
+        *menu, Tr("&Close project") + "\tCtrl+W",
+        [this] { events::SendEvent(this, tvCLOSEPROJECT_EVENT, GetId(), 0, wxString()); }, wxID_CLOSE);
+    Append(
+        *menu, Tr("E&xit") + "\tCtrl+Q", [this] { Close(); }, wxID_EXIT);
     return menu;
 }
 
 wxMenu* MainFrame::BuildEditMenu()
 {
     auto* menu = new wxMenu;
-    Append(*menu, Tr("&Undo") + "\tCtrl+Z", [this] { Undo(); }, wxID_UNDO);
-    Append(*menu, Tr("&Redo") + "\tCtrl+Shift+Z", [this] { Redo(); }, wxID_REDO);
+    Append(
+        *menu, Tr("&Undo") + "\tCtrl+Z", [this] { Undo(); }, wxID_UNDO);
+    Append(
+        *menu, Tr("&Redo") + "\tCtrl+Shift+Z", [this] { Redo(); }, wxID_REDO);
     menu->AppendSeparator();
     Append(*menu, Tr("&Paste column...") + "\tCtrl+Shift+V", [this] { PasteColumn(); });
     return menu;
@@ -102,10 +118,11 @@ wxMenu* MainFrame::BuildViewMenu()
     menu->AppendSubMenu(units, Tr("&Unit system"));
     auto* languages = new wxMenu;
     for (const Language& language : AvailableLanguages())
-        AppendRadio(*languages, language.name, language.code == CurrentLanguage(), [this, code = language.code] {
-            // The menu that is being used is replaced by the switch.
-            CallAfter([this, code] { SetLanguage(code); });
-        });
+        AppendRadio(*languages, language.name, language.code == CurrentLanguage(),
+                    [this, code = language.code] {
+                        // The menu that is being used is replaced by the switch.
+                        CallAfter([this, code] { SetLanguage(code); });
+                    });
     menu->AppendSubMenu(languages, Tr("&Language"));
     menu->AppendSeparator();
     Append(*menu, Tr("Clear &messages"), [this] {
@@ -118,13 +135,15 @@ wxMenu* MainFrame::BuildViewMenu()
 wxMenu* MainFrame::BuildHelpMenu()
 {
     auto* menu = new wxMenu;
-    Append(*menu, Tr("Help on this &page") + "\tF1", [this] { ShowHelp(); }, wxID_HELP);
+    Append(
+        *menu, Tr("Help on this &page") + "\tF1", [this] { ShowHelp(); }, wxID_HELP);
     Append(*menu, Tr("&Contents"), [this] {
         if (m_help)
             m_help->DisplayHelpContent();
     });
     menu->AppendSeparator();
-    Append(*menu, Tr("&About Tarnvik"), [this] { ShowAbout(); }, wxID_ABOUT);
+    Append(
+        *menu, Tr("&About Tarnvik"), [this] { ShowAbout(); }, wxID_ABOUT);
     return menu;
 }
 
@@ -133,17 +152,13 @@ void MainFrame::FillRecentMenu()
     while (m_recentMenu->GetMenuItemCount() > 0)
         m_recentMenu->Destroy(m_recentMenu->FindItemByPosition(0));
     std::vector<std::filesystem::path> files;
-    try
-    {
+    try {
         files = RecentFiles();
-    }
-    catch (const std::exception& error)
-    {
+    } catch (const std::exception& error) {
         ReportError(wxString::FromUTF8(error.what()));
     }
     int number = 0;
-    for (const auto& file : files)
-    {
+    for (const auto& file : files) {
         wxString name = wxString::FromUTF8(file.string());
         name.Replace("&", "&&");
         Append(*m_recentMenu, wxString::Format("&%d  %s", ++number, name), [this, file] {
@@ -219,8 +234,7 @@ bool MainFrame::ConfirmDiscard()
     wxMessageDialog dialog(this, Tr("The project has unsaved changes. Save them?"), Tr("Confirm"),
                            wxYES_NO | wxCANCEL | wxCENTRE | wxICON_QUESTION);
     dialog.SetYesNoCancelLabels(Tr("&Save"), Tr("&Discard"), Tr("&Cancel"));
-    switch (dialog.ShowModal())
-    {
+    switch (dialog.ShowModal()) {
         case wxID_YES:
             return SaveCurrent();
         case wxID_NO:
@@ -230,7 +244,10 @@ bool MainFrame::ConfirmDiscard()
     }
 }
 
-void MainFrame::OnCloseProject(wxCommandEvent&) { NewProject(); }
+void MainFrame::OnCloseProject(wxCommandEvent&)
+{
+    NewProject();
+}
 
 void MainFrame::PasteColumn()
 {

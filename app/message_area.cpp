@@ -14,8 +14,7 @@ constexpr std::size_t kMostMessages = 500;
 
 wxString SeverityText(MessageArea::Severity severity)
 {
-    switch (severity)
-    {
+    switch (severity) {
         case MessageArea::Severity::Info:
             return i18n::Translated("Note");
         case MessageArea::Severity::Warning:
@@ -41,7 +40,9 @@ MessageArea::MessageArea(wxWindow* parent)
 
 void MessageArea::SetRangeMessages(const std::vector<RangeMessage>& messages)
 {
-    const auto same = [](const RangeMessage& a, const RangeMessage& b) { return a.key == b.key && a.text == b.text; };
+    const auto same = [](const RangeMessage& a, const RangeMessage& b) {
+        return a.key == b.key && a.text == b.text;
+    };
     if (std::equal(messages.begin(), messages.end(), m_ranges.begin(), m_ranges.end(), same))
         return;
     m_ranges = messages;
@@ -50,8 +51,7 @@ void MessageArea::SetRangeMessages(const std::vector<RangeMessage>& messages)
 
 void MessageArea::AddMessage(Severity severity, const wxString& text)
 {
-    for (const Line& line : m_messages)
-    {
+    for (const Line& line : m_messages) {
         if (line.text == text)
             return;
     }
@@ -101,8 +101,7 @@ void MessageArea::ShowLines()
 void MessageArea::OnActivated(wxListEvent& event)
 {
     const auto index = static_cast<std::size_t>(event.GetIndex());
-    if (m_onActivate && index < m_ranges.size())
-    {
+    if (m_onActivate && index < m_ranges.size()) {
         const std::string key = m_ranges[index].key;
         // The list still has the focus while it reports the click.
         CallAfter([this, key] { m_onActivate(key); });

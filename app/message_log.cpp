@@ -39,12 +39,14 @@ void RedirectLog(MessageArea& area)
     wxLog::SetVerbose(true);
 }
 
-void RedirectLog() { delete wxLog::SetActiveTarget(new wxLogStderr); }
+void RedirectLog()
+{
+    delete wxLog::SetActiveTarget(new wxLogStderr);
+}
 
 wxString UserText(const std::exception& error)
 {
-    if (const auto* fileError = dynamic_cast<const ProjectFileError*>(&error))
-    {
+    if (const auto* fileError = dynamic_cast<const ProjectFileError*>(&error)) {
         const wxString source = wxString::FromUTF8(ProjectFileError::GetTemplate(fileError->GetProblem()));
         return wxString::FromUTF8(fileError->Format(i18n::Translated(source).utf8_string()));
     }

@@ -19,8 +19,7 @@ TemplateDialog::TemplateDialog(wxWindow* parent, const std::vector<WaterTemplate
 {
     m_list->AppendColumn(i18n::Translated("Water"), wxLIST_FORMAT_LEFT, FromDIP(440));
     m_list->AppendColumn(i18n::Translated("Kind"), wxLIST_FORMAT_LEFT, FromDIP(200));
-    for (const WaterTemplate& water : m_waters)
-    {
+    for (const WaterTemplate& water : m_waters) {
         const long item = m_list->InsertItem(m_list->GetItemCount(), wxString::FromUTF8(water.name));
         m_list->SetItem(item, 1, i18n::Translated(wxString::FromUTF8(water.kind)));
     }
@@ -41,8 +40,7 @@ TemplateDialog::TemplateDialog(wxWindow* parent, const std::vector<WaterTemplate
         ok->SetLabel(i18n::Translated("Create"));
     if (wxWindow* cancel = FindWindow(wxID_CANCEL))
         cancel->SetLabel(i18n::Translated("Cancel"));
-    if (!m_waters.empty())
-    {
+    if (!m_waters.empty()) {
         m_list->Select(0);
         m_list->Focus(0);
     }

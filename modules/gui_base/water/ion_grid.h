@@ -2,8 +2,8 @@
 #pragma once
 
 /// The cations or the anions of a water analysis: a title, column heads, one row an ion and the totals below.
-/// Builds its controls into a parent window; the fields belong to the panel's field set. Up and Down walk the typed
-/// values.
+/// Builds its controls into a parent window; the fields belong to the panel's field set. Up and Down walk the
+/// typed values.
 
 #include "gui_base/gui_base_export.h"
 #include "gui_base/input/panel/field_set.h"
@@ -40,9 +40,11 @@ public:
     IonGrid(const IonGrid&) = delete;
     IonGrid& operator=(const IonGrid&) = delete;
 
-    /// Builds the grid with one label text for each of `rows`; `headTool` stands beside the head "Unit" if not null.
+    /// Builds the grid with one label text for each of `rows`; `headTool` stands beside the head "Unit" if
+    /// not null.
     wxSizer* Create(wxWindow* parent, const wxString& title, std::span<const IonRow> rows,
-                    const std::vector<wxString>& labels, std::span<const TotalRow> totals, wxWindow* headTool);
+                    const std::vector<wxString>& labels, std::span<const TotalRow> totals,
+                    wxWindow* headTool);
 
     std::vector<Row>& Rows() { return m_rows; }
     const std::vector<Row>& Rows() const { return m_rows; }

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-/// The rows of a water analysis, one line each: the key says where the values live, the rest how they are shown.
+/// The rows of a water analysis, one line each: the key says where the values live, the rest how they are
+/// shown.
 
 #include <wx/translation.h>
 

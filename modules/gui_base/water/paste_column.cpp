@@ -26,12 +26,14 @@ wxString ClipboardText()
     return got ? text.GetText() : wxString();
 }
 
-char LocaleDecimalSign() { return NumericValidator::LocaleSeparators().decimal == "," ? ',' : '.'; }
+char LocaleDecimalSign()
+{
+    return NumericValidator::LocaleSeparators().decimal == "," ? ',' : '.';
+}
 
 const IonGrid& FocusedGrid(const WaterAnalysisPanel& panel)
 {
-    for (const auto& grid : panel.GetIonGrids())
-    {
+    for (const auto& grid : panel.GetIonGrids()) {
         if (grid->FocusedRow() >= 0)
             return *grid;
     }
@@ -51,13 +53,11 @@ std::vector<PasteLine> PairCells(const WaterAnalysisPanel& panel, const columnte
     const IonGrid& grid = FocusedGrid(panel);
     std::vector<PasteLine> lines;
     auto row = static_cast<std::size_t>(std::max(grid.FocusedRow(), 0));
-    for (const columntext::Cell& cell : column.cells)
-    {
+    for (const columntext::Cell& cell : column.cells) {
         while (row < grid.Rows().size() && !grid.Rows()[row].typed->IsEnabled())
             ++row;
         PasteLine line{.key = {}, .row = {}, .cell = cell};
-        if (row < grid.Rows().size())
-        {
+        if (row < grid.Rows().size()) {
             line.key = std::string("liquid/") + grid.Rows()[row].ion->key + ".orig";
             line.row = grid.Rows()[row].typed->GetName();
             ++row;
@@ -73,17 +73,17 @@ PasteColumnDialog::PasteColumnDialog(wxWindow* parent, const std::vector<PasteLi
 {
     auto* outer = new wxBoxSizer(wxVERTICAL);
     const wxSizerFlags spaced = wxSizerFlags().Border(wxALL, FromDIP(8));
-    outer->Add(new wxStaticText(this, wxID_ANY,
-                                decimalSign == ',' ? i18n::Translated("The decimal sign of the column is a comma.")
-                                                   : i18n::Translated("The decimal sign of the column is a point.")),
-               spaced);
+    outer->Add(
+        new wxStaticText(this, wxID_ANY,
+                         decimalSign == ',' ? i18n::Translated("The decimal sign of the column is a comma.")
+                                            : i18n::Translated("The decimal sign of the column is a point.")),
+        spaced);
     auto* list = new wxListView(this, wxID_ANY, wxDefaultPosition, FromDIP(wxSize(620, 400)));
     FillList(*list, lines);
     outer->Add(list, wxSizerFlags(spaced).Expand().Proportion(1));
     outer->Add(CreateStdDialogButtonSizer(wxOK | wxCANCEL), wxSizerFlags(spaced).Expand());
     SetSizerAndFit(outer);
-    if (wxWindow* ok = FindWindow(wxID_OK))
-    {
+    if (wxWindow* ok = FindWindow(wxID_OK)) {
         ok->SetLabel(i18n::Translated("Paste"));
         ok->Enable(HasNumbers(lines));
     }
@@ -99,8 +99,7 @@ void PasteColumnDialog::FillList(wxListView& list, const std::vector<PasteLine>&
     list.AppendColumn(i18n::Translated("Value"), wxLIST_FORMAT_RIGHT, FromDIP(110));
     list.AppendColumn(i18n::Translated("Remark"), wxLIST_FORMAT_LEFT, FromDIP(200));
     const auto separators = NumericValidator::LocaleSeparators();
-    for (const PasteLine& line : lines)
-    {
+    for (const PasteLine& line : lines) {
         const long item = list.InsertItem(list.GetItemCount(), line.row);
         list.SetItem(item, 1, wxString::FromUTF8(line.cell.text));
         wxString remark;
@@ -111,10 +110,11 @@ void PasteColumnDialog::FillList(wxListView& list, const std::vector<PasteLine>&
         else if (!line.cell.value)
             remark = i18n::Translated("No number: the row stays");
         else
-            list.SetItem(item, 2, wxString::FromUTF8(numbertext::Format(*line.cell.value, {.precision = 10}, separators)));
+            list.SetItem(
+                item, 2,
+                wxString::FromUTF8(numbertext::Format(*line.cell.value, {.precision = 10}, separators)));
         list.SetItem(item, 3, remark);
-        if (!line.cell.text.empty() && (!line.cell.value || line.key.empty()))
-        {
+        if (!line.cell.text.empty() && (!line.cell.value || line.key.empty())) {
             list.SetItemBackgroundColour(item, wxColour(255, 160, 144));
             list.SetItemTextColour(item, *wxBLACK);
         }
@@ -129,8 +129,7 @@ void PasteColumn(WaterAnalysisPanel& panel)
     if (dialog.ShowModal() != wxID_OK)
         return;
     std::vector<std::pair<std::string, double>> values;
-    for (const PasteLine& line : lines)
-    {
+    for (const PasteLine& line : lines) {
         if (line.cell.value && !line.key.empty())
             values.emplace_back(line.key, *line.cell.value);
     }

@@ -24,8 +24,10 @@ struct PasteLine
     columntext::Cell cell;
 };
 
-/// Pairs the cells with the rows that can be edited, from the focused row of a grid (or the first cation) downward.
-GUI_BASE_EXPORT std::vector<PasteLine> PairCells(const WaterAnalysisPanel& panel, const columntext::Column& column);
+/// Pairs the cells with the rows that can be edited, from the focused row of a grid (or the first cation)
+/// downward.
+GUI_BASE_EXPORT std::vector<PasteLine> PairCells(const WaterAnalysisPanel& panel,
+                                                 const columntext::Column& column);
 
 /// Shows what would be pasted where, and which cells cannot be read. Nothing changes before OK.
 class GUI_BASE_EXPORT PasteColumnDialog : public wxDialog
@@ -37,8 +39,8 @@ private:
     void FillList(wxListView& list, const std::vector<PasteLine>& lines);
 };
 
-/// Reads the clipboard, shows the dialog and stores the numbers as one change. Blank cells and texts that are no
-/// number leave their rows as they are.
+/// Reads the clipboard, shows the dialog and stores the numbers as one change. Blank cells and texts that are
+/// no number leave their rows as they are.
 GUI_BASE_EXPORT void PasteColumn(WaterAnalysisPanel& panel);
 
 }  // namespace wateranalysis

@@ -20,10 +20,10 @@ struct Limits
 struct PropertyRow
 {
     const char* key;
-    const char* label;   ///< source text
-    const char* unit;    ///< ISO unit text, empty for a plain number
-    Limits limits;       ///< in the ISO unit; equal limits mean that none is checked
-    int precision = 4;   ///< significant digits
+    const char* label;  ///< source text
+    const char* unit;   ///< ISO unit text, empty for a plain number
+    Limits limits;      ///< in the ISO unit; equal limits mean that none is checked
+    int precision = 4;  ///< significant digits
 };
 
 /// Inputs that most analyses state.

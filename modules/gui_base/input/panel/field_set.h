@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-/// The fields of a panel: creates controls for details and keeps the variables, limits and texts that belong to them,
-/// so that a panel is a table of rows. The controls belong to their parent window, the variables to the set, which
-/// therefore lives as long as the controls. Nothing is bound here: the panel takes the lists over into its own
-/// bindings, validators and localisation.
+/// The fields of a panel: creates controls for details and keeps the variables, limits and texts that belong
+/// to them, so that a panel is a table of rows. The controls belong to their parent window, the variables to
+/// the set, which therefore lives as long as the controls. Nothing is bound here: the panel takes the lists
+/// over into its own bindings, validators and localisation.
 
 #include "gui_base/core/number_text.h"
 #include "gui_base/gui_base_export.h"
@@ -25,16 +25,17 @@ class TvUnitLabel;
 struct NumberSpec
 {
     std::string key = {};
-    wxString label = {};      ///< source text; names the field for messages and screen readers
-    wxString unit = {};       ///< shown with the label in the field's name
+    wxString label = {};       ///< source text; names the field for messages and screen readers
+    wxString unit = {};        ///< shown with the label in the field's name
     std::string unitKey = {};  ///< detail that holds the unit instead, if not empty
     int validatorFlags = 0;
     double min = 0.0;
     double max = 0.0;
-    double undef = 0.0;       ///< stored for an empty field
+    double undef = 0.0;  ///< stored for an empty field
     int precision = 4;
     TvTextCtrlFormat format = TvTextCtrlFormat::General;
-    bool inIsoUnits = false;  ///< the number is in the ISO unit, or a unit of its own, whatever system is shown
+    bool inIsoUnits =
+        false;  ///< the number is in the ISO unit, or a unit of its own, whatever system is shown
 };
 
 class GUI_BASE_EXPORT FieldSet
@@ -61,7 +62,8 @@ public:
     FieldSet(const FieldSet&) = delete;
     FieldSet& operator=(const FieldSet&) = delete;
 
-    /// A number that the user edits. Throws std::runtime_error for a key that the details lack, as do the others.
+    /// A number that the user edits. Throws std::runtime_error for a key that the details lack, as do the
+    /// others.
     TvTextCtrl* AddInput(wxWindow* parent, const NumberSpec& spec);
     /// A number that is only shown; the keyboard passes it by.
     TvTextCtrl* AddResult(wxWindow* parent, const NumberSpec& spec);
@@ -85,7 +87,8 @@ public:
     const std::vector<DetailContainerWindow*>& SelfRefreshing() const { return m_selfRefreshing; }
     DetailList& Details() { return m_details; }
 
-    /// Gives every field the accessible name that its label and unit make in the present language and unit system.
+    /// Gives every field the accessible name that its label and unit make in the present language and unit
+    /// system.
     void UpdateNames(const std::string& unitSystem);
 
 private:
