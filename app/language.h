@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-/// The languages of the program. Numbers follow the locale of the system, which is set once; the language of the texts
-/// is switched by the catalogue alone.
+/// The languages of the program. Numbers follow the locale of the system, which is set once; the language of
+/// the texts is switched by the catalogue alone.
 
 #include <wx/string.h>
 
@@ -19,7 +19,8 @@ struct Language
 /// English, which needs no catalogue, and every language that has one in the data folder.
 std::vector<Language> AvailableLanguages();
 
-/// Loads the catalogue of `code`; without one the texts stay in English. Whoever shows texts localises afterwards.
+/// Loads the catalogue of `code`; without one the texts stay in English. Whoever shows texts localises
+/// afterwards.
 void SwitchLanguage(const wxString& code);
 
 /// Code of the language in effect.

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-/// The list at the foot of the window: which inputs are out of range, and what the program has to tell. Activating a
-/// line (double click, Enter) takes the user to the field that it speaks of.
+/// The list at the foot of the window: which inputs are out of range, and what the program has to tell.
+/// Activating a line (double click, Enter) takes the user to the field that it speaks of.
 
 #include <wx/listctrl.h>
 #include <wx/panel.h>
@@ -33,7 +33,10 @@ public:
     explicit MessageArea(wxWindow* parent);
 
     /// Called with the key of the detail whose line was activated.
-    void SetOnActivate(std::function<void(const std::string&)> onActivate) { m_onActivate = std::move(onActivate); }
+    void SetOnActivate(std::function<void(const std::string&)> onActivate)
+    {
+        m_onActivate = std::move(onActivate);
+    }
     /// Replaces the range messages, which stand first.
     void SetRangeMessages(const std::vector<RangeMessage>& messages);
     /// Adds a message at the end; a text that is shown already is not added twice.

@@ -62,6 +62,7 @@ function(tarnvik_library name)
   target_include_directories(${name} PUBLIC "$<BUILD_INTERFACE:${ARG_HEADER_ROOT}>"
                                             "$<BUILD_INTERFACE:${generated}>"
                                             "$<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/tarnvik>")
+  target_compile_features(${name} PUBLIC cxx_std_20)
   target_link_libraries(${name} PUBLIC ${ARG_LIBS} PRIVATE ${ARG_PRIVATE_LIBS})
   if(ARG_PCH)
     target_precompile_headers(${name} PRIVATE ${ARG_PCH})

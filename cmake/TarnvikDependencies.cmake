@@ -1,18 +1,6 @@
 # SPDX-License-Identifier: MIT
 # Outside libraries, each wrapped as a target whose headers count as system headers.
-function(tarnvik_wx target)
-  find_package(wxWidgets 3.2 REQUIRED COMPONENTS ${ARGN})
-  if(NOT TARGET ${target})
-    add_library(${target} INTERFACE IMPORTED GLOBAL)
-    target_include_directories(${target} SYSTEM INTERFACE ${wxWidgets_INCLUDE_DIRS})
-    target_compile_definitions(${target} INTERFACE ${wxWidgets_DEFINITIONS})
-    target_compile_options(${target} INTERFACE ${wxWidgets_CXX_FLAGS})
-    target_link_libraries(${target} INTERFACE ${wxWidgets_LIBRARIES})
-  endif()
-endfunction()
-
-tarnvik_wx(wx::base base)
-tarnvik_wx(wx::gui aui html xml core base)
+include(TarnvikWx)
 
 find_package(fmt REQUIRED)
 find_package(Boost REQUIRED)

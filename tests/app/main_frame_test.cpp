@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 // The program's window with real files, menus and keys.
-#include "app/language.h"
 #include "app/main_frame.h"
+
+#include "app/language.h"
 #include "app/tarnvik_app.h"
 #include "app/template_dialog.h"
 #include "app/templates.h"
@@ -61,7 +62,12 @@ protected:
     TvTextCtrl& Field(const std::string& key) { return *Panel().FindField("liquid/" + key); }
     double Value(const std::string& key)
     {
-        return m_frame->GetDocument().GetProject().GetLiquid(0).GetDetails()->At("liquid/" + key).GetDoubleValue();
+        return m_frame->GetDocument()
+            .GetProject()
+            .GetLiquid(0)
+            .GetDetails()
+            ->At("liquid/" + key)
+            .GetDoubleValue();
     }
     std::vector<std::string> Messages()
     {
@@ -131,10 +137,10 @@ TEST_F(MainFrameTest, BadFilesAreAnsweredInTheMessageArea)
     std::string flipped = bytes;
     flipped[flipped.size() / 2] = static_cast<char>(flipped[flipped.size() / 2] ^ 0x55);
     const double sodium = Value("na.orig");
-    for (const auto& path : {write("empty.tarnvik", ""), write("foreign.tarnvik", "hello"),
-                             write("cut.tarnvik", bytes.substr(0, bytes.size() / 2)), write("flipped.tarnvik", flipped),
-                             m_folder / "missing.tarnvik", m_folder / "."})
-    {
+    for (const auto& path :
+         {write("empty.tarnvik", ""), write("foreign.tarnvik", "hello"),
+          write("cut.tarnvik", bytes.substr(0, bytes.size() / 2)), write("flipped.tarnvik", flipped),
+          m_folder / "missing.tarnvik", m_folder / "."}) {
         const auto before = Messages().size();
         EXPECT_FALSE(m_frame->OpenFile(path)) << path;
         ASSERT_EQ(Messages().size(), before + 1) << path;
@@ -185,8 +191,7 @@ TEST_F(MainFrameTest, UnitSystemAndLanguageSwitchWithoutLosingADigit)
 {
     gui_test::Enter(Field("temp.orig"), "12.3456789");
     const double temperature = Value("temp.orig");
-    for (const char* system : {"us", "imperial", "iso", "us"})
-    {
+    for (const char* system : {"us", "imperial", "iso", "us"}) {
         m_frame->SetUnitSystem(system);
         Pump();
     }
@@ -274,8 +279,7 @@ TEST_F(MainFrameTest, UnsavedWorkIsRecovered)
 TEST_F(MainFrameTest, EveryExampleOpens)
 {
     EXPECT_GE(app::WaterTemplates().size(), 19u);
-    for (const app::WaterTemplate& water : app::WaterTemplates())
-    {
+    for (const app::WaterTemplate& water : app::WaterTemplates()) {
         EXPECT_FALSE(water.source.empty()) << water.name;
         m_frame->SetDocument(std::make_unique<app::Document>(app::NewProjectFrom(water)));
         EXPECT_GT(Value("tds"), 0.0) << water.name;

@@ -20,10 +20,7 @@ public:
         if (std::setlocale(LC_ALL, name) == nullptr)
             throw std::runtime_error(std::string("LocaleScope: there is no locale ") + name);
     }
-    ~LocaleScope()
-    {
-        std::setlocale(LC_ALL, m_before.c_str());
-    }
+    ~LocaleScope() { std::setlocale(LC_ALL, m_before.c_str()); }
     LocaleScope(const LocaleScope&) = delete;
     LocaleScope& operator=(const LocaleScope&) = delete;
 

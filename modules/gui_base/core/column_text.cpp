@@ -22,8 +22,7 @@ void Weigh(const std::string& cell, Evidence& evidence)
     const auto lastComma = cell.rfind(',');
     const bool hasPoint = lastPoint != std::string::npos;
     const bool hasComma = lastComma != std::string::npos;
-    if (hasPoint && hasComma)
-    {
+    if (hasPoint && hasComma) {
         ++(lastPoint > lastComma ? evidence.point : evidence.comma);
         return;
     }
@@ -31,8 +30,7 @@ void Weigh(const std::string& cell, Evidence& evidence)
         return;
     const auto last = hasPoint ? lastPoint : lastComma;
     const char sign = cell[last];
-    if (std::count(cell.begin(), cell.end(), sign) > 1)
-    {
+    if (std::count(cell.begin(), cell.end(), sign) > 1) {
         // Groups: the other sign is the decimal one.
         ++(hasPoint ? evidence.comma : evidence.point);
         return;
@@ -63,7 +61,9 @@ Column ReadColumn(const std::vector<std::string>& cells, char preferred)
     for (const std::string& cell : cells)
         Weigh(cell, evidence);
     Column column;
-    column.decimalSign = evidence.point == evidence.comma ? preferred : evidence.point > evidence.comma ? '.' : ',';
+    column.decimalSign = evidence.point == evidence.comma  ? preferred
+                         : evidence.point > evidence.comma ? '.'
+                                                           : ',';
     for (const std::string& cell : cells)
         column.cells.push_back({cell, numbertext::Parse(cell, SeparatorsFor(column.decimalSign))});
     return column;
@@ -71,7 +71,8 @@ Column ReadColumn(const std::vector<std::string>& cells, char preferred)
 
 std::ptrdiff_t CountNumbers(const Column& column)
 {
-    return std::count_if(column.cells.begin(), column.cells.end(), [](const Cell& c) { return c.value.has_value(); });
+    return std::count_if(column.cells.begin(), column.cells.end(),
+                         [](const Cell& c) { return c.value.has_value(); });
 }
 
 }  // namespace
@@ -84,12 +85,10 @@ Column Parse(std::string_view text, char preferred)
         columns = std::max(columns, row.size());
     Column best;
     std::ptrdiff_t most = -1;
-    for (std::size_t i = 0; i < columns; ++i)
-    {
+    for (std::size_t i = 0; i < columns; ++i) {
         Column column = ReadColumn(CellsOf(rows, i), preferred);
         const auto numbers = CountNumbers(column);
-        if (numbers > most)
-        {
+        if (numbers > most) {
             most = numbers;
             best = std::move(column);
         }

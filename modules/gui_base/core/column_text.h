@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-/// A column of numbers as a spreadsheet puts it on the clipboard, written with whatever decimal sign its program uses.
+/// A column of numbers as a spreadsheet puts it on the clipboard, written with whatever decimal sign its
+/// program uses.
 
 #include "gui_base_core/gui_base_core_export.h"
 
@@ -24,9 +25,9 @@ struct Column
     char decimalSign = '.';
 };
 
-/// The column of `text` (rows in lines, cells parted by tabs) that holds the most numbers. The decimal sign is found
-/// from all cells together: a sign that stands after the other one, that stands twice nowhere, or that is not followed
-/// by exactly three digits. Where the cells do not tell ("1,234"), it is `preferred`.
+/// The column of `text` (rows in lines, cells parted by tabs) that holds the most numbers. The decimal sign
+/// is found from all cells together: a sign that stands after the other one, that stands twice nowhere, or
+/// that is not followed by exactly three digits. Where the cells do not tell ("1,234"), it is `preferred`.
 GUI_BASE_CORE_EXPORT Column Parse(std::string_view text, char preferred);
 
 }  // namespace columntext

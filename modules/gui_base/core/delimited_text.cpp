@@ -10,15 +10,12 @@ namespace {
 std::string QuotedCell(std::string_view text, std::size_t& at)
 {
     std::string cell;
-    for (++at; at < text.size(); ++at)
-    {
-        if (text[at] != '"')
-        {
+    for (++at; at < text.size(); ++at) {
+        if (text[at] != '"') {
             cell += text[at];
             continue;
         }
-        if (at + 1 >= text.size() || text[at + 1] != '"')
-        {
+        if (at + 1 >= text.size() || text[at + 1] != '"') {
             ++at;
             break;
         }
@@ -43,11 +40,9 @@ std::vector<Row> Parse(std::string_view text, char separator)
         row.push_back(std::exchange(cell, {}));
         rows.push_back(std::exchange(row, {}));
     };
-    while (at < text.size())
-    {
+    while (at < text.size()) {
         const char c = text[at];
-        if (c == '"' && cell.empty())
-        {
+        if (c == '"' && cell.empty()) {
             cell = QuotedCell(text, at);
             continue;
         }
@@ -56,13 +51,11 @@ std::vector<Row> Parse(std::string_view text, char separator)
             row.push_back(std::exchange(cell, {}));
         else if (c == '\n')
             endRow();
-        else if (c == '\r')
-        {
+        else if (c == '\r') {
             if (at < text.size() && text[at] == '\n')
                 ++at;
             endRow();
-        }
-        else
+        } else
             cell += c;
     }
     if (!cell.empty() || !row.empty())

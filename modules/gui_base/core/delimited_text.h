@@ -13,9 +13,9 @@ namespace delimited {
 
 using Row = std::vector<std::string>;
 
-/// Rows and cells of `text` (RFC 4180): a cell in double quotes may hold the separator, line breaks and doubled
-/// quotes; CR, LF and CR LF end a row. A quote that is never closed takes the rest of the text. Blank rows between
-/// others are kept as rows of one empty cell, one line break at the end makes no row.
+/// Rows and cells of `text` (RFC 4180): a cell in double quotes may hold the separator, line breaks and
+/// doubled quotes; CR, LF and CR LF end a row. A quote that is never closed takes the rest of the text. Blank
+/// rows between others are kept as rows of one empty cell, one line break at the end makes no row.
 GUI_BASE_CORE_EXPORT std::vector<Row> Parse(std::string_view text, char separator);
 
 }  // namespace delimited

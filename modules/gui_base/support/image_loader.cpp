@@ -24,8 +24,8 @@ wxString EntryName(const wxString& name)
     return name.StartsWith("/") ? name.Mid(1) : name;
 }
 
-/// The bytes of an archive entry, empty when there is none. Image handlers look at a stream more than once, which a
-/// compressed entry does not allow.
+/// The bytes of an archive entry, empty when there is none. Image handlers look at a stream more than once,
+/// which a compressed entry does not allow.
 std::string ReadEntry(const wxString& dataPath, const wxString& name)
 {
     // A missing picture is answered by an empty image; nobody needs a message box about it.
@@ -92,8 +92,7 @@ wxBitmap ImageLoader::LoadBitmapResource(const wxString& name)
 wxBitmapBundle ImageLoader::LoadBundle(const wxString& name, const wxSize& size)
 {
     std::string svg = ReadEntry(m_dataPath, name.BeforeLast('.') + ".svg");
-    if (!svg.empty())
-    {
+    if (!svg.empty()) {
         const wxBitmapBundle bundle = wxBitmapBundle::FromSVG(svg.data(), size);
         if (bundle.IsOk())
             return bundle;
@@ -106,5 +105,6 @@ wxBitmap ImageLoader::FromBase64(const wxString& base64)
 {
     const wxMemoryBuffer data = wxBase64Decode(base64, wxBase64DecodeMode_SkipWS);
     wxImage image;
-    return LoadImage(image, data.GetData(), data.GetDataLen(), wxBITMAP_TYPE_ANY) ? wxBitmap(image) : wxBitmap();
+    return LoadImage(image, data.GetData(), data.GetDataLen(), wxBITMAP_TYPE_ANY) ? wxBitmap(image)
+                                                                                  : wxBitmap();
 }

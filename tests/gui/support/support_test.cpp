@@ -19,8 +19,7 @@ namespace {
 using namespace gui_test;
 
 class SupportTest : public GuiTest
-{
-};
+{};
 
 TEST_F(SupportTest, EventsAreQueued)
 {
@@ -59,7 +58,8 @@ TEST_F(SupportTest, MessageEventsKeepTheirContentWhenCloned)
     EXPECT_EQ(copy.GetMessages(), (std::vector<std::string>{"one", "two"}));
 
     std::vector<std::string> heard;
-    m_frame->Bind(tvVISUALIZE_MESSAGE, [&heard](VisualizeMessageEvent& event) { heard = event.GetMessages(); });
+    m_frame->Bind(tvVISUALIZE_MESSAGE,
+                  [&heard](VisualizeMessageEvent& event) { heard = event.GetMessages(); });
     wxQueueEvent(m_frame, new VisualizeMessageEvent(tvVISUALIZE_MESSAGE, 5, "iex", "iso", {"liquid/ph"}));
     Pump();
     EXPECT_EQ(heard, std::vector<std::string>{"liquid/ph"});
@@ -67,8 +67,7 @@ TEST_F(SupportTest, MessageEventsKeepTheirContentWhenCloned)
 
 TEST_F(SupportTest, ImagesComeFromTheArchive)
 {
-    for (const char* name : {"/icons/arrowdown.xpm", "icons/arrowdown.xpm", "icons/arrowdown.png"})
-    {
+    for (const char* name : {"/icons/arrowdown.xpm", "icons/arrowdown.xpm", "icons/arrowdown.png"}) {
         EXPECT_TRUE(ImageLoader::LoadImageResource(name).IsOk()) << name;
         EXPECT_TRUE(ImageLoader::LoadBitmapResource(name).IsOk()) << name;
         EXPECT_TRUE(ImageLoader::LoadBundle(name, wxSize(16, 16)).IsOk()) << name;
@@ -117,12 +116,9 @@ TEST_F(SupportTest, TheHelpBookIsFound)
     const std::string folder = (tncommon::DataDir() / "help").string();
     EXPECT_NO_THROW(TVHelpFileProvider{folder});
     const auto failure = [](const std::string& path, const std::string& file) -> std::string {
-        try
-        {
+        try {
             const TVHelpFileProvider provider(path, file);
-        }
-        catch (const std::exception& error)
-        {
+        } catch (const std::exception& error) {
             return error.what();
         }
         return {};
@@ -131,7 +127,8 @@ TEST_F(SupportTest, TheHelpBookIsFound)
     EXPECT_EQ(failure(folder, "nosuch.htb"), "TVHelpFileProvider: Failed to load default help file");
     const support::TempFolder empty;
     std::ofstream(empty / "tarnvik6.htb", std::ios::binary) << "no book";
-    EXPECT_EQ(failure((empty / "").string(), "tarnvik6.htb"), "TVHelpFileProvider: Failed to load default help file");
+    EXPECT_EQ(failure((empty / "").string(), "tarnvik6.htb"),
+              "TVHelpFileProvider: Failed to load default help file");
     const TVHelpFileProvider provider(folder);
     EXPECT_FALSE(provider.ChangeHelpFile("nosuch.htb"));
 }
@@ -140,7 +137,8 @@ TEST_F(SupportTest, TranslationFallsBackToTheSource)
 {
     EXPECT_EQ(i18n::Translated(wxString()), "");
     EXPECT_EQ(i18n::Translated("No entry"), "No entry");
-    const TestCatalogue catalogue(std::vector<std::pair<std::string, std::string>>{{"\u00b0d", "\u00b0dH"}, {"Empty", ""}});
+    const TestCatalogue catalogue(
+        std::vector<std::pair<std::string, std::string>>{{"\u00b0d", "\u00b0dH"}, {"Empty", ""}});
     EXPECT_EQ(i18n::Translated("\u00b0d").utf8_string(), "\u00b0dH");
     EXPECT_EQ(i18n::Translated(""), "") << "the header of the catalogue is no translation";
     EXPECT_EQ(i18n::Translated("Empty"), "Empty");

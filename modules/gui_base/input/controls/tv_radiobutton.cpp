@@ -3,11 +3,11 @@
 
 #include "gui_base/support/translation.h"
 
-TvRadioButton::TvRadioButton(wxWindow* parent, int id, const wxString& label, const wxPoint& pos, const wxSize& size,
-                             long style, const wxValidator& validator, const wxString& name)
+TvRadioButton::TvRadioButton(wxWindow* parent, int id, const wxString& label, const wxPoint& pos,
+                             const wxSize& size, long style, const wxValidator& validator,
+                             const wxString& name)
     : wxRadioButton(parent, id, i18n::Translated(label), pos, size, style, validator, name), m_label(label)
-{
-}
+{}
 
 void TvRadioButton::SetTranslatableToolTip(const wxString& tooltip)
 {

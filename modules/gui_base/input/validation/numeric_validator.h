@@ -21,7 +21,10 @@ public:
     /// The value as text with `extraDigits` more digits; empty for a zero that is shown as an empty field.
     wxString FormatValueAsString(int extraDigits);
     /// The minimum or the maximum as the status bar shows it.
-    wxString GetLimitText(bool minimum) { return minimum ? FormatMinValueAsString() : FormatMaxValueAsString(); }
+    wxString GetLimitText(bool minimum)
+    {
+        return minimum ? FormatMinValueAsString() : FormatMaxValueAsString();
+    }
     const wxColour& GetBelowMinColour() const { return m_belowMinColour; }
     const wxColour& GetAboveMaxColour() const { return m_aboveMaxColour; }
 
