@@ -75,6 +75,9 @@ MainFrame::MainFrame(std::unique_ptr<Document> document)
     Bind(tv_MESSAGE, &MainFrame::OnMessage, this);
     Bind(tvCHANGEWINDOWNAME_EVENT, [this](wxCommandEvent&) { UpdateTitle(); });
     Bind(tvUPDATEPROJECTLIST_EVENT, [this](wxCommandEvent&) { FillRecentMenu(); });
+    Bind(tvCHANGEUNITSYSTEMPRINTOUT_EVENT, [](wxCommandEvent& event) {
+        Settings::GetSetting("unit.system.printout").SetValue(event.GetString());
+    });
     Bind(tvCLOSEPROJECT_EVENT, &MainFrame::OnCloseProject, this);
     Bind(tvACTIVATECURRENTTREEITEM_EVENT,
          [this](wxCommandEvent& event) { ShowModule(static_cast<std::size_t>(event.GetInt())); });

@@ -79,6 +79,7 @@ private:
     /// Whether the open project may go: it has no changes, they were saved, or the user gives them up.
     bool ConfirmDiscard();
     void PasteColumn();
+    void CopyResults();
     void ShowHelp();
     void ShowAbout();
     void Restore(const RecoverableFile& file);

@@ -4,6 +4,7 @@
 #include "app/main_frame.h"
 #include "app/message_log.h"
 #include "app/recent_files.h"
+#include "app/results_text.h"
 #include "app/template_dialog.h"
 #include "app/templates.h"
 #include "gui_base/input/events.h"
@@ -11,9 +12,12 @@
 #include "gui_base/support/translation.h"
 #include "gui_base/water/paste_column.h"
 #include "gui_base/water/wateranalysis_panel.h"
+#include "projectbase/settings/settings.h"
 #include "projectbase/units/unit_system_manager.h"
 
 #include <wx/aboutdlg.h>
+#include <wx/clipbrd.h>
+#include <wx/dataobj.h>
 #include <wx/filedlg.h>
 #include <wx/menu.h>
 #include <wx/msgdlg.h>
@@ -104,6 +108,7 @@ wxMenu* MainFrame::BuildEditMenu()
         *menu, Tr("&Redo") + "\tCtrl+Shift+Z", [this] { Redo(); }, wxID_REDO);
     menu->AppendSeparator();
     Append(*menu, Tr("&Paste column...") + "\tCtrl+Shift+V", [this] { PasteColumn(); });
+    Append(*menu, Tr("&Copy results") + "\tCtrl+Shift+C", [this] { CopyResults(); });
     return menu;
 }
 
@@ -116,6 +121,15 @@ wxMenu* MainFrame::BuildViewMenu()
                     unitSystem == m_document->GetProject().GetUnitSystemDisplay(),
                     [this, unitSystem] { SetUnitSystem(unitSystem); });
     menu->AppendSubMenu(units, Tr("&Unit system"));
+    auto* printoutUnits = new wxMenu;
+    for (const std::string& unitSystem : UnitSystemManager::GetUnitSystems())
+        AppendRadio(*printoutUnits, UnitSystemName(unitSystem),
+                    unitSystem == Settings::GetSetting("unit.system.printout").GetStdStringValue(),
+                    [this, unitSystem] {
+                        events::SendEvent(this, tvCHANGEUNITSYSTEMPRINTOUT_EVENT, GetId(), 0,
+                                          wxString::FromUTF8(unitSystem));
+                    });
+    menu->AppendSubMenu(printoutUnits, Tr("Units of copied &results"));
     auto* languages = new wxMenu;
     for (const Language& language : AvailableLanguages())
         AppendRadio(*languages, language.name, language.code == CurrentLanguage(),
@@ -255,6 +269,17 @@ void MainFrame::PasteColumn()
     auto* panel = dynamic_cast<WaterAnalysisPanel*>(CurrentPanel());
     if (panel != nullptr)
         wateranalysis::PasteColumn(*panel);
+}
+
+void MainFrame::CopyResults()
+{
+    CommitFocusedField();
+    const auto* panel = dynamic_cast<WaterAnalysisPanel*>(CurrentPanel());
+    if (panel == nullptr || !wxTheClipboard->Open())
+        return;
+    wxTheClipboard->SetData(new wxTextDataObject(
+        ResultsText(panel->GetLiquid(), Settings::GetSetting("unit.system.printout").GetStdStringValue())));
+    wxTheClipboard->Close();
 }
 
 void MainFrame::ShowHelp()

@@ -3,11 +3,13 @@
 #include "app/main_frame.h"
 
 #include "app/language.h"
+#include "app/results_text.h"
 #include "app/tarnvik_app.h"
 #include "app/template_dialog.h"
 #include "app/templates.h"
 #include "dbinterfaces/project_database.h"
 #include "gui_base/input/controls/tv_textctrl.h"
+#include "gui_base/input/events.h"
 #include "gui_base/water/wateranalysis_panel.h"
 #include "projectbase/project/project_file.h"
 #include "projectbase/project/recovery_file.h"
@@ -19,6 +21,7 @@
 #include <wx/msgdlg.h>
 
 #include <cmath>
+#include <cstdlib>
 #include <fstream>
 
 namespace {
@@ -274,6 +277,42 @@ TEST_F(MainFrameTest, UnsavedWorkIsRecovered)
     EXPECT_EQ(Value("na.orig"), 12.5);
     EXPECT_TRUE(m_frame->GetDocument().GetProject().IsChanged());
     EXPECT_TRUE(RecoveryFile::List().empty());
+}
+
+TEST_F(MainFrameTest, ResultsAreCopiedInTheirOwnUnits)
+{
+    const auto line = [](const wxString& text, const wxString& label) -> std::string {
+        for (const wxString& candidate : wxSplit(text, '\n', '\0')) {
+            if (candidate.StartsWith(label + "\t"))
+                return candidate.utf8_string();
+        }
+        return {};
+    };
+    const LiquidData& water = Panel().GetLiquid();
+    const wxString iso = app::ResultsText(water, "iso");
+    EXPECT_EQ(line(iso, "Sodium"), "Sodium\t6.3\tmg/l\t0.274032\t6.3");
+    EXPECT_EQ(line(iso, "Temperature"), "Temperature\t15\t\u00b0C");
+    EXPECT_EQ(line(iso, "pH"), "pH\t\t") << "not known";
+    EXPECT_EQ(line(iso, "Barium"), "") << "not analysed";
+    EXPECT_EQ(line(app::ResultsText(water, "us"), "Temperature"), "Temperature\t59\t\u00b0F");
+
+    events::SendEvent(m_frame, tvCHANGEUNITSYSTEMPRINTOUT_EVENT, m_frame->GetId(), 0, "us");
+    Pump();
+    EXPECT_EQ(Settings::GetSetting("unit.system.printout").GetStringValue(), "us");
+}
+
+TEST_F(MainFrameTest, AUserDatabaseThatCannotBeUsedIsSaidAndDoesNotStopTheProgram)
+{
+    ProjectDatabase::Close();
+    const char* old = std::getenv("TARNVIK_USER_DATA");
+    const std::string previous = old != nullptr ? old : "";
+    std::ofstream(m_folder / "file") << "no folder";
+    setenv("TARNVIK_USER_DATA", (m_folder / "file").c_str(), 1);
+    std::string error;
+    app::InitProgram(error);
+    EXPECT_NE(error, "");
+    setenv("TARNVIK_USER_DATA", previous.c_str(), 1);
+    EXPECT_EQ(Value("na.orig"), 6.3);
 }
 
 TEST_F(MainFrameTest, EveryExampleOpens)

@@ -117,6 +117,7 @@ private:
     void EnableInputFields();
     void DisableShortAnalysis(bool disable);
     void EnableDefaultUnitButton(bool enable);
+    wateranalysis::IonGrid::Row* FindNamedRow(const wxObject* nameField);
     void EnableRow(wateranalysis::IonGrid::Row& row, bool enable);
     void UpdateTempOrigCtrlValidatorLimits();
     void UpdateIonLimits();

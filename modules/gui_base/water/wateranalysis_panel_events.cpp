@@ -129,24 +129,37 @@ void WaterAnalysisPanel::OnDefaultUnitClicked(wxCommandEvent&)
 void WaterAnalysisPanel::OnNameChange(wxCommandEvent& event)
 {
     // While the name is typed, so that Tab finds the value's field enabled.
-    for (const auto& grid : m_grids) {
-        for (wateranalysis::IonGrid::Row& row : grid->Rows()) {
-            if (row.name != nullptr && row.name == event.GetEventObject())
-                EnableRow(row, GetAnalysisType() == AnalysisType::Full);
-        }
-    }
+    if (wateranalysis::IonGrid::Row* row = FindNamedRow(event.GetEventObject()))
+        EnableRow(*row, GetAnalysisType() == AnalysisType::Full);
     event.Skip();
 }
 
 void WaterAnalysisPanel::OnNameUpdate(wxCommandEvent& event)
 {
     try {
+        TransferDataFromWindow();
+        TransferDetailsFromWindow();
+        if (const wateranalysis::IonGrid::Row* row = FindNamedRow(event.GetEventObject()))
+            NormalizeIon(row->ion->key, true);
+        // A row that is no longer used shows so before the fields are read again.
+        TransferDetailsToWindow();
         UpdateAndSignal();
     } catch (const std::exception& error) {
         GetProject()->GetLogger().Error(std::string("Exception in  WaterAnalysisPanel::OnNameUpdate: ") +
                                         error.what());
     }
     event.Skip();
+}
+
+wateranalysis::IonGrid::Row* WaterAnalysisPanel::FindNamedRow(const wxObject* nameField)
+{
+    for (const auto& grid : m_grids) {
+        for (wateranalysis::IonGrid::Row& row : grid->Rows()) {
+            if (row.name != nullptr && row.name == nameField)
+                return &row;
+        }
+    }
+    return nullptr;
 }
 
 void WaterAnalysisPanel::OnCollPaneChanged(wxCollapsiblePaneEvent& event)

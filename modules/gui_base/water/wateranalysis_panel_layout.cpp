@@ -26,7 +26,7 @@ constexpr int kSummaryWidth = 104;
 constexpr int kPropertyColumns = 3;
 constexpr double kUnknown = std::numeric_limits<double>::quiet_NaN();
 
-const char* const kLaterTooltip = wxTRANSLATE("Not available yet in this version");
+const char* const kLaterRemark = wxTRANSLATE("Not available yet in this version");
 
 wxSizerFlags Cell()
 {
@@ -187,13 +187,13 @@ wxSizer* WaterAnalysisPanel::CreateOthersPanel()
     auto* buttons = new wxBoxSizer(wxHORIZONTAL);
     const auto later = [&](const char* label, const char* tooltip) {
         auto* button = m_fields->AddLocalizable(new TvButton(parent, wxID_ANY, label));
-        button->SetTranslatableToolTip(tooltip);
+        button->SetTranslatableToolTip(tooltip, kLaterRemark);
         button->Disable();
         buttons->Add(button, wxSizerFlags().Border(wxRIGHT, FromDIP(2 * kGap)));
         return button;
     };
-    m_alkalize = later(wxTRANSLATE("Alkalize"), kLaterTooltip);
-    m_co2Calculator = later(wxTRANSLATE("CO2 Calculator"), kLaterTooltip);
+    m_alkalize = later(wxTRANSLATE("Alkalize"), wxTRANSLATE("Specify alkalizing agent"));
+    m_co2Calculator = later(wxTRANSLATE("CO2 Calculator"), wxTRANSLATE("Open CO2 Calculator"));
     box->Add(buttons, spaced);
     CreateFurtherPropertiesPane(parent, *box);
     return box;

@@ -5,6 +5,7 @@
 #include "gui_base/input/validation/integer_validator.h"
 #include "gui_base/input/validation/temperature_validator.h"
 #include "gui_base/input/validation/text_enter_validator.h"
+#include "gui_base/support/events.h"
 #include "tests/support/gui_test.h"
 
 #include <wx/panel.h>
@@ -103,6 +104,22 @@ TEST_F(ValidatorTest, DoubleLimitsColourOrClamp)
         EXPECT_EQ(field->GetBackgroundColour(), expected) << c.text;
         field->Destroy();
     }
+}
+
+TEST_F(ValidatorTest, ATextThatIsNoNumberIsReported)
+{
+    wxValidator::SuppressBellOnError();
+    double value = 42.0;
+    std::vector<std::string> messages;
+    m_frame->Bind(tv_MESSAGE, [&](MessageEvent& event) { messages = event.GetMessages(); });
+    TvTextCtrl* field = Field(DoubleValidator(&value, General, 2, 0, 0, 0, 0));
+    field->SetName("Sodium");
+    Commit(*field, "12 apples");
+    Pump();
+    EXPECT_EQ(messages,
+              std::vector<std::string>{"Sodium: \"12 apples\" is no number; the value stays as it was"});
+    EXPECT_EQ(value, 42.0);
+    wxValidator::SuppressBellOnError(false);
 }
 
 TEST_F(ValidatorTest, IntegerCutsOffAndSaturates)

@@ -14,9 +14,10 @@ void TvButton::SetTranslatableLabel(const wxString& label)
     ShowTexts();
 }
 
-void TvButton::SetTranslatableToolTip(const wxString& tooltip)
+void TvButton::SetTranslatableToolTip(const wxString& tooltip, const wxString& remark)
 {
     m_tooltip = tooltip;
+    m_remark = remark;
     ShowTexts();
 }
 
@@ -30,6 +31,10 @@ void TvButton::ShowTexts()
     const wxString label = i18n::Translated(m_label);
     if (GetLabel() != label)
         SetLabel(label);
-    if (!m_tooltip.empty())
-        SetToolTip(i18n::Translated(m_tooltip));
+    if (m_tooltip.empty())
+        return;
+    wxString tooltip = i18n::Translated(m_tooltip);
+    if (!m_remark.empty())
+        tooltip += "\n" + i18n::Translated(m_remark);
+    SetToolTip(tooltip);
 }

@@ -18,7 +18,8 @@ public:
 
     /// Stores the source text and shows its translation.
     void SetTranslatableLabel(const wxString& label);
-    void SetTranslatableToolTip(const wxString& tooltip);
+    /// A `remark`, translated apart, stands on a line of its own below the tooltip.
+    void SetTranslatableToolTip(const wxString& tooltip, const wxString& remark = {});
     void Localize(const std::string& unitSystem);
 
 private:
@@ -26,4 +27,5 @@ private:
 
     wxString m_label;
     wxString m_tooltip;
+    wxString m_remark;
 };

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "gui_base/input/validation/numeric_validator.h"
 
+#include "gui_base/support/events.h"
 #include "gui_base/support/translation.h"
 
 #include <wx/intl.h>
+#include <wx/toplevel.h>
 #include <wx/utils.h>
 
 namespace {
@@ -142,8 +144,21 @@ wxString NumericValidator::FormatNumber(double value, int precision) const
 
 std::optional<double> NumericValidator::ParseControlValue() const
 {
-    const auto value = numbertext::Parse(GetControlValue().utf8_string(), LocaleSeparators());
-    if (!value && !wxValidator::IsSilent())
-        wxBell();
+    const wxString text = GetControlValue();
+    const auto value = numbertext::Parse(text.utf8_string(), LocaleSeparators());
+    if (!value)
+        ReportNoNumber(text);
     return value;
+}
+
+void NumericValidator::ReportNoNumber(const wxString& text) const
+{
+    if (!wxValidator::IsSilent())
+        wxBell();
+    const wxString message =
+        wxString::Format(i18n::Translated("%s: \"%s\" is no number; the value stays as it was"),
+                         m_validatorWindow->GetName(), text);
+    wxQueueEvent(wxGetTopLevelParent(m_validatorWindow),
+                 new MessageEvent(tv_MESSAGE, m_validatorWindow->GetId(), std::string(), std::string(),
+                                  {message.utf8_string()}));
 }

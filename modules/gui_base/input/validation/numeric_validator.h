@@ -56,11 +56,13 @@ protected:
     /// Formats a number in this validator's notation.
     wxString FormatNumber(double value, int precision) const;
     static wxString FormatNumber(double value, const numbertext::Style& style);
-    /// The number that the control's text states in the current locale; rings the bell when it states none.
+    /// The number that the control's text states in the current locale. A text that states none rings the
+    /// bell and is reported to the frame's message area by a MessageEvent; the value then stays as it was.
     std::optional<double> ParseControlValue() const;
 
 private:
     void ColourByRange();
+    void ReportNoNumber(const wxString& text) const;
 
     TvTextCtrlFormat m_format;
     int m_rangeFlag = 0;
