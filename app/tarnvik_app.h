@@ -24,7 +24,6 @@ public:
     MainFrame* GetFrame() const { return m_frame; }
 
 private:
-
     /// Prints the memory that the program holds, in KiB, and ends it.
     void ReportStart();
 

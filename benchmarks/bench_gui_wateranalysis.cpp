@@ -75,8 +75,7 @@ struct BarePanel
 
     static void CountChildren(const wxWindow& window, Counts& counts)
     {
-        for (const wxWindow* child : window.GetChildren())
-        {
+        for (const wxWindow* child : window.GetChildren()) {
             counts.texts += dynamic_cast<const wxTextCtrl*>(child) != nullptr;
             counts.choices += dynamic_cast<const wxChoice*>(child) != nullptr;
             counts.labels += dynamic_cast<const wxStaticText*>(child) != nullptr;
@@ -102,8 +101,7 @@ struct BarePanel
             new wxStaticBox(panel, wxID_ANY, "box");
         for (int i = 0; i < counts.labels; ++i)
             sizer->Add(new wxStaticText(panel, wxID_ANY, "Label:"));
-        for (int i = 0; i < counts.texts; ++i)
-        {
+        for (int i = 0; i < counts.texts; ++i) {
             auto* text = new wxTextCtrl(panel, wxID_ANY, "1.2345", wxDefaultPosition, wxSize(80, -1),
                                         wxTE_RIGHT | wxTE_PROCESS_ENTER);
             texts.push_back(text);
@@ -112,8 +110,7 @@ struct BarePanel
         wxArrayString units;
         for (std::string_view unit : ions::kIonUnits)
             units.push_back(wxString::FromUTF8(unit.data(), unit.size()));
-        for (int i = 0; i < counts.choices; ++i)
-        {
+        for (int i = 0; i < counts.choices; ++i) {
             auto* choice = new wxChoice(panel, wxID_ANY, wxDefaultPosition, wxDefaultSize, units);
             choice->SetSelection(1);
             sizer->Add(choice);
@@ -134,7 +131,10 @@ struct BarePanel
 
 using Clock = std::chrono::steady_clock;
 
-double Seconds(Clock::time_point start) { return std::chrono::duration<double>(Clock::now() - start).count(); }
+double Seconds(Clock::time_point start)
+{
+    return std::chrono::duration<double>(Clock::now() - start).count();
+}
 
 /// The ratio is taken pair by pair, so that it holds when the machine's speed drifts.
 void PanelCreation(benchmark::State& state)
@@ -145,8 +145,7 @@ void PanelCreation(benchmark::State& state)
     model->Destroy();
     double ours = 0.0;
     double bare = 0.0;
-    for (auto _ : state)
-    {
+    for (auto _ : state) {
         auto start = Clock::now();
         WaterAnalysisPanel* panel = NewPanel(window.frame);
         const double panelSeconds = Seconds(start);
@@ -163,7 +162,8 @@ void PanelCreation(benchmark::State& state)
     }
     state.counters["bare_ms"] = 1e3 * bare / static_cast<double>(state.iterations());
     state.counters["ratio"] = ours / bare;
-    state.counters["controls"] = counts.texts + counts.choices + counts.labels + counts.checks + counts.radios;
+    state.counters["controls"] =
+        counts.texts + counts.choices + counts.labels + counts.checks + counts.radios;
 }
 BENCHMARK(PanelCreation)->UseManualTime()->Iterations(25)->Unit(benchmark::kMillisecond);
 
@@ -175,8 +175,7 @@ void CommittedEdit(benchmark::State& state)
     wxYield();
     TvTextCtrl* field = panel->FindField("liquid/ca.orig");
     int value = 0;
-    for (auto _ : state)
-    {
+    for (auto _ : state) {
         state.PauseTiming();
         wxYield();
         field->ChangeValue(wxString::Format("%d", 20 + value++ % 50));
@@ -193,8 +192,7 @@ void SwitchUnitSystem(benchmark::State& state)
     WaterAnalysisPanel* panel = NewPanel(window.frame);
     wxYield();
     int turn = 0;
-    for (auto _ : state)
-    {
+    for (auto _ : state) {
         Project().SetUnitSystemDisplay(turn++ % 2 == 0 ? "us" : "iso");
         wxCommandEvent event(tvCHANGEUNITSYSTEM_EVENT);
         event.StopPropagation();
@@ -210,8 +208,7 @@ void SwitchLanguage(benchmark::State& state)
     WaterAnalysisPanel* panel = NewPanel(window.frame);
     wxYield();
     int turn = 0;
-    for (auto _ : state)
-    {
+    for (auto _ : state) {
         state.PauseTiming();
         app::SwitchLanguage(turn++ % 2 == 0 ? "de" : "en");
         state.ResumeTiming();
@@ -233,8 +230,7 @@ void BareRefresh(benchmark::State& state)
     BarePanel plain(counts, window.frame);
     wxYield();
     int turn = 0;
-    for (auto _ : state)
-    {
+    for (auto _ : state) {
         const wxString text = wxString::Format("%d", turn++);
         for (wxTextCtrl* field : plain.texts)
             field->ChangeValue(text);
@@ -243,20 +239,18 @@ void BareRefresh(benchmark::State& state)
 }
 BENCHMARK(BareRefresh)->Unit(benchmark::kMillisecond);
 
-/// From the start of the process to the first window that can be used; the program ends itself then and says how
-/// much memory it holds.
+/// From the start of the process to the first window that can be used; the program ends itself then and says
+/// how much memory it holds.
 void StartToFirstWindow(benchmark::State& state)
 {
     const wxString program = wxFileName(wxStandardPaths::Get().GetExecutablePath()).GetPath() + "/tarnvik";
     double kilobytes = 0.0;
-    for (auto _ : state)
-    {
+    for (auto _ : state) {
         wxArrayString output;
         const auto start = Clock::now();
         const long status = wxExecute(program + " --measure-start", output, wxEXEC_SYNC | wxEXEC_NOEVENTS);
         state.SetIterationTime(Seconds(start));
-        if (status != 0 || output.empty() || !output[0].ToCDouble(&kilobytes))
-        {
+        if (status != 0 || output.empty() || !output[0].ToCDouble(&kilobytes)) {
             state.SkipWithError("the program did not start");
             break;
         }

@@ -168,6 +168,7 @@ private:
     wxBitmapButton* m_defaultUnit = nullptr;
     wxCollapsiblePane* m_furtherPane = nullptr;
     wxBoxSizer* m_columns = nullptr;
+    wxBoxSizer* m_rightColumn = nullptr;
     /// Unit for which the limits of the temperature were set last.
     std::string m_limitedTemperatureUnit;
     /// Keys of the details out of range that the host was told last.

@@ -11,6 +11,8 @@
 #include <wx/collpane.h>
 #include <wx/sizer.h>
 
+#include <algorithm>
+
 void WaterAnalysisPanel::DoBindEvents()
 {
     m_full->Bind(wxEVT_RADIOBUTTON, &WaterAnalysisPanel::OnAnalysisFullSelected, this);
@@ -194,13 +196,15 @@ void WaterAnalysisPanel::ArrangeColumns()
     if (m_columns == nullptr)
         return;
     // Columns that do not fit beside each other stand one below the other.
-    int width = 0;
-    for (wxSizerItem* item : m_columns->GetChildren())
-        width += item->CalcMin().x;
+    int right = 0;
+    for (wxSizerItem* item : m_rightColumn->GetChildren())
+        right = std::max(right, item->CalcMin().x);
+    const int width = m_columns->GetItem(std::size_t{0})->CalcMin().x + right;
     const int orientation = GetClientSize().x >= width ? wxHORIZONTAL : wxVERTICAL;
     if (m_columns->GetOrientation() == orientation)
         return;
     m_columns->SetOrientation(orientation);
+    m_rightColumn->SetOrientation(orientation == wxHORIZONTAL ? wxVERTICAL : wxHORIZONTAL);
     Layout();
     FitInside();
 }

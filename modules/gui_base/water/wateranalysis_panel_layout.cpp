@@ -91,10 +91,10 @@ void WaterAnalysisPanel::CreateControls()
 
     m_columns = new wxBoxSizer(wxHORIZONTAL);
     m_columns->Add(CreateIonsBox(), wxSizerFlags(spaced).Top());
-    auto* right = new wxBoxSizer(wxVERTICAL);
-    right->Add(CreateOthersPanel(), wxSizerFlags(spaced).Expand());
-    right->Add(CreateSummaryPanel(), wxSizerFlags(spaced).Expand());
-    m_columns->Add(right);
+    m_rightColumn = new wxBoxSizer(wxVERTICAL);
+    m_rightColumn->Add(CreateOthersPanel(), wxSizerFlags(spaced).Expand());
+    m_rightColumn->Add(CreateSummaryPanel(), wxSizerFlags(spaced).Expand());
+    m_columns->Add(m_rightColumn);
     outer->Add(m_columns);
     SetSizer(outer);
 }

@@ -349,8 +349,7 @@ bool ModulePanelBase::IsBookPage() const
 
 void ModulePanelBase::ForwardWheelOf(wxWindow& parent)
 {
-    for (wxWindow* child : parent.GetChildren())
-    {
+    for (wxWindow* child : parent.GetChildren()) {
         child->Bind(wxEVT_MOUSEWHEEL, &ModulePanelBase::OnWheel, this);
         ForwardWheelOf(*child);
     }
@@ -360,8 +359,7 @@ void ModulePanelBase::OnWheel(wxMouseEvent& event)
 {
     auto* window = dynamic_cast<wxWindow*>(event.GetEventObject());
     const bool scrollsItself = window != nullptr && window != this && window->HasScrollbar(wxVERTICAL);
-    if (scrollsItself || event.GetWheelAxis() != wxMOUSE_WHEEL_VERTICAL || event.GetWheelDelta() == 0)
-    {
+    if (scrollsItself || event.GetWheelAxis() != wxMOUSE_WHEEL_VERTICAL || event.GetWheelDelta() == 0) {
         event.Skip();
         return;
     }
