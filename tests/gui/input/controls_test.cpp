@@ -46,6 +46,7 @@ TEST_F(ControlsTest, TextsFollowTheLanguageThereAndBack)
     label->SetTranslatableToolTip("Tip");
     auto* button = held(new TvButton(m_panel, wxID_ANY, "Value"));
     auto* box = held(new TvStaticBoxSizer(wxVERTICAL, m_panel, "Value"));
+    m_panel->SetSizer(box);
     auto* check = held(new TvCheckBox(m_panel, wxID_ANY, "Value", wxDefaultPosition, wxDefaultSize, 0,
                                       wxDefaultValidator, "check", nullptr, "!"));
     auto* radio = held(new TvRadioButton(m_panel, wxID_ANY, "Value"));
