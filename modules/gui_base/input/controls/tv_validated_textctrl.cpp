@@ -11,37 +11,73 @@ namespace {
 
 constexpr double kNoCurrency = 1.0;
 
-void TellParent(wxWindow& control)
+DoubleValidator MakeValidator(double* value, const ValidatedDoubleTextCtrlConfig& config)
 {
-    events::SendEvent(control.GetParent(), tvCHANGE_EVENT, control.GetId(), 0, {});
+    return {value,           config.format,   config.precision, config.validatorFlags,
+            config.minValue, config.maxValue, config.undefValue};
+}
+
+TextEnterValidator MakeValidator(wxString* value, const ValidatedTextCtrlConfig&)
+{
+    return TextEnterValidator(value);
 }
 
 }  // namespace
 
-TvValidatedDoubleTextCtrl::TvValidatedDoubleTextCtrl(const ValidatedDoubleTextCtrlConfig& config)
+template <typename T>
+template <typename Config>
+TvDetailTextCtrl<T>::TvDetailTextCtrl(const Config& config, const T& defaultValue)
     : TvTextCtrl(config.parent, config.id, wxString(), config.pos, config.size, config.style,
-                 DoubleValidator(&m_value, config.format, config.precision, config.validatorFlags,
-                                 config.minValue, config.maxValue, config.undefValue),
-                 config.name),
+                 MakeValidator(&m_value, config), config.name),
       m_detail(config.detail),
-      m_minValue(config.minValue),
-      m_maxValue(config.maxValue),
-      m_defaultValue(config.defaultValue),
+      m_defaultValue(defaultValue),
       m_binding(config.transferFlags, &m_value, this, config.detail),
-      m_unitSystem("iso"),
-      m_isoUnitSystem("iso"),
-      m_followUnitSystem(config.followUnitSystem)
+      m_unitSystem("iso")
 {
     if (config.statusBar != nullptr)
         SetStatusBar(config.statusBar);
+    TvDetailTextCtrl::TransferDataToWindow();
+}
+
+template <typename T>
+bool TvDetailTextCtrl<T>::TransferDataToWindow()
+{
     m_binding.TransferToWindow(m_unitSystem, kNoCurrency);
+    return TvTextCtrl::TransferDataToWindow();
+}
+
+template <typename T>
+bool TvDetailTextCtrl<T>::TransferDataFromWindow()
+{
+    if (!TvTextCtrl::TransferDataFromWindow())
+        return false;
+    bool changed = false;
+    if (m_binding.TransferFromWindow(m_unitSystem, changed, kNoCurrency))
+        events::SendEvent(GetParent(), tvCHANGE_EVENT, GetId(), 0, wxString());
+    return true;
+}
+
+template <typename T>
+void TvDetailTextCtrl<T>::SetToDefault()
+{
+    m_detail->SetValue(m_defaultValue);
     TransferDataToWindow();
 }
 
+template class TvDetailTextCtrl<double>;
+template class TvDetailTextCtrl<wxString>;
+
+TvValidatedDoubleTextCtrl::TvValidatedDoubleTextCtrl(const ValidatedDoubleTextCtrlConfig& config)
+    : TvDetailTextCtrl(config, config.defaultValue),
+      m_minValue(config.minValue),
+      m_maxValue(config.maxValue),
+      m_followUnitSystem(config.followUnitSystem)
+{}
+
 void TvValidatedDoubleTextCtrl::Localize(const wxString& unitSystem)
 {
-    m_unitSystem = m_followUnitSystem ? unitSystem : m_isoUnitSystem;
-    UpdateValidator(m_unitSystem);
+    SetUnitSystem(m_followUnitSystem ? unitSystem : wxString("iso"));
+    UpdateValidator(GetUnitSystem());
 }
 
 void TvValidatedDoubleTextCtrl::UpdateValidator(const wxString& unitSystem)
@@ -49,33 +85,12 @@ void TvValidatedDoubleTextCtrl::UpdateValidator(const wxString& unitSystem)
     auto* validator = dynamic_cast<DoubleValidator*>(GetValidator());
     if (validator == nullptr)
         return;
-    const double min = m_detail->HasMinValue() ? m_detail->GetMinValue() : m_minValue;
-    const double max = m_detail->HasMaxValue() ? m_detail->GetMaxValue() : m_maxValue;
+    const DetailData& detail = *GetDetail();
+    const double min = detail.HasMinValue() ? detail.GetMinValue() : m_minValue;
+    const double max = detail.HasMaxValue() ? detail.GetMaxValue() : m_maxValue;
     const std::string name = unitSystem.utf8_string();
-    validator->SetMinValue(UnitSystemManager::FromISO(m_detail->GetUnit(), name, min));
-    validator->SetMaxValue(UnitSystemManager::FromISO(m_detail->GetUnit(), name, max));
-}
-
-bool TvValidatedDoubleTextCtrl::TransferDataToWindow()
-{
-    m_binding.TransferToWindow(m_unitSystem, kNoCurrency);
-    return TvTextCtrl::TransferDataToWindow();
-}
-
-bool TvValidatedDoubleTextCtrl::TransferDataFromWindow()
-{
-    if (!TvTextCtrl::TransferDataFromWindow())
-        return false;
-    bool changed = false;
-    if (m_binding.TransferFromWindow(m_unitSystem, changed, kNoCurrency))
-        TellParent(*this);
-    return true;
-}
-
-void TvValidatedDoubleTextCtrl::SetToDefault()
-{
-    m_detail->SetValue(m_defaultValue);
-    TransferDataToWindow();
+    validator->SetMinValue(UnitSystemManager::FromISO(detail.GetUnit(), name, min));
+    validator->SetMaxValue(UnitSystemManager::FromISO(detail.GetUnit(), name, max));
 }
 
 void TvValidatedDoubleTextCtrl::UpdateUnit(const std::string& unitSystem)
@@ -85,36 +100,5 @@ void TvValidatedDoubleTextCtrl::UpdateUnit(const std::string& unitSystem)
 }
 
 TvValidatedTextCtrl::TvValidatedTextCtrl(const ValidatedTextCtrlConfig& config)
-    : TvTextCtrl(config.parent, config.id, wxString(), config.pos, config.size, config.style,
-                 TextEnterValidator(&m_text), config.name),
-      m_detail(config.detail),
-      m_defaultText(config.defaultText),
-      m_binding(config.transferFlags, &m_text, this, config.detail),
-      m_unitSystem("iso")
-{
-    if (config.statusBar != nullptr)
-        SetStatusBar(config.statusBar);
-    TransferDataToWindow();
-}
-
-bool TvValidatedTextCtrl::TransferDataToWindow()
-{
-    m_binding.TransferToWindow(m_unitSystem, kNoCurrency);
-    return TvTextCtrl::TransferDataToWindow();
-}
-
-bool TvValidatedTextCtrl::TransferDataFromWindow()
-{
-    if (!TvTextCtrl::TransferDataFromWindow())
-        return false;
-    bool changed = false;
-    if (m_binding.TransferFromWindow(m_unitSystem, changed, kNoCurrency))
-        TellParent(*this);
-    return true;
-}
-
-void TvValidatedTextCtrl::SetToDefault()
-{
-    m_detail->SetValue(m_defaultText);
-    TransferDataToWindow();
-}
+    : TvDetailTextCtrl(config, config.defaultText)
+{}

@@ -44,7 +44,39 @@ struct ValidatedTextCtrlConfig
     wxStatusBar* statusBar = nullptr;
 };
 
-class GUI_BASE_EXPORT TvValidatedDoubleTextCtrl : public TvTextCtrl, public DetailContainerWindow
+/// What both kinds of fields share: the edited variable, its binding and the transfers through both.
+template <typename T>
+class TvDetailTextCtrl : public TvTextCtrl, public DetailContainerWindow
+{
+public:
+    bool TransferDataToWindow() override;
+    bool TransferDataFromWindow() override;
+    void TransferDetailToWindow() override { TransferDataToWindow(); }
+    /// Stores the configured default in the detail and shows it.
+    void SetToDefault();
+
+    DetailData* GetDetail() const { return m_detail; }
+
+protected:
+    /// Shows the detail at once.
+    template <typename Config>
+    TvDetailTextCtrl(const Config& config, const T& defaultValue);
+
+    void SetUnitSystem(const wxString& unitSystem) { m_unitSystem = unitSystem; }
+    const wxString& GetUnitSystem() const { return m_unitSystem; }
+
+private:
+    DetailData* m_detail;
+    T m_value{};
+    T m_defaultValue;
+    TransferDetailT<T> m_binding;
+    wxString m_unitSystem;
+};
+
+extern template class GUI_BASE_EXPORT TvDetailTextCtrl<double>;
+extern template class GUI_BASE_EXPORT TvDetailTextCtrl<wxString>;
+
+class GUI_BASE_EXPORT TvValidatedDoubleTextCtrl : public TvDetailTextCtrl<double>
 {
 public:
     explicit TvValidatedDoubleTextCtrl(const ValidatedDoubleTextCtrlConfig& config);
@@ -54,46 +86,21 @@ public:
     void Localize(const wxString& unitSystem);
     /// Converts the limits of the detail, or else those of the configuration, into `unitSystem`.
     void UpdateValidator(const wxString& unitSystem);
-    bool TransferDataToWindow() override;
-    bool TransferDataFromWindow() override;
-    void SetToDefault();
-
-    void TransferDetailToWindow() override { TransferDataToWindow(); }
     void UpdateUnit(const std::string& unitSystem) override;
 
-    DetailData* GetDetail() const { return m_detail; }
-
 private:
-    DetailData* m_detail;
-    double m_value = 0.0;
     double m_minValue;
     double m_maxValue;
-    double m_defaultValue;
-    TransferDetailT<double> m_binding;
-    wxString m_unitSystem;
-    wxString m_isoUnitSystem;
     bool m_followUnitSystem;
 };
 
-class GUI_BASE_EXPORT TvValidatedTextCtrl : public TvTextCtrl, public DetailContainerWindow
+class GUI_BASE_EXPORT TvValidatedTextCtrl : public TvDetailTextCtrl<wxString>
 {
 public:
     explicit TvValidatedTextCtrl(const ValidatedTextCtrlConfig& config);
 
     using TvTextCtrl::Localize;
-    void Localize(const wxString& unitSystem) { m_unitSystem = unitSystem; }
-    const wxString& GetUnit() const { return m_unitSystem; }
-    bool TransferDataToWindow() override;
-    bool TransferDataFromWindow() override;
-    void SetToDefault();
-
-    void TransferDetailToWindow() override { TransferDataToWindow(); }
+    void Localize(const wxString& unitSystem) { SetUnitSystem(unitSystem); }
+    const wxString& GetUnit() const { return GetUnitSystem(); }
     void UpdateUnit(const std::string& unitSystem) override { Localize(wxString::FromUTF8(unitSystem)); }
-
-private:
-    DetailData* m_detail;
-    wxString m_text;
-    wxString m_defaultText;
-    TransferDetailT<wxString> m_binding;
-    wxString m_unitSystem;
 };
