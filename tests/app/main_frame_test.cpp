@@ -200,7 +200,8 @@ TEST_F(MainFrameTest, UnitSystemAndLanguageSwitchWithoutLosingADigit)
     }
     EXPECT_EQ(Value("temp.orig"), temperature);
     EXPECT_NEAR(wxAtof(Field("temp").GetValue()), 54.22, 0.01);
-    const bool german = std::any_of(app::AvailableLanguages().begin(), app::AvailableLanguages().end(),
+    const auto languages = app::AvailableLanguages();
+    const bool german = std::any_of(languages.begin(), languages.end(),
                                     [](const app::Language& language) { return language.code == "de"; });
     ASSERT_TRUE(german);
     m_frame->SetLanguage("de");

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "gui_base/water/ion_grid.h"
 
-#include "gui_base/core/ion_table.h"
-#include "gui_base/core/ion_units.h"
 #include "gui_base/input/controls/tv_statictext.h"
 #include "gui_base/input/validation/validator.h"
 
@@ -15,9 +13,6 @@ constexpr int kGap = 4;
 constexpr int kMeqlDigits = 5;
 constexpr int kMglDigits = 6;
 constexpr int kHeadHeight = 28;
-
-/// No salt dissolves to more than this; a larger number is a slip of the keyboard.
-constexpr double kMaxMeqPerLitre = 10000.0;
 
 const wxString kMeql("meq/l");
 const wxString kMgl("mg/l");
@@ -74,17 +69,12 @@ void IonGrid::AddRow(wxWindow* parent, wxFlexGridSizer& grid, const IonRow& ion,
         grid.Add(m_fields.AddLabel(parent, label), Cell());
     }
 
-    const ions::Ion* properties = ions::FindIon(ion.key);
-    const double weight = properties != nullptr ? properties->equivalentWeight : 1.0;
-    const std::string unit = m_fields.Details().At(prefix + ".unit").GetStdStringValue();
-    row.typed =
-        m_fields.AddInput(parent, {.key = prefix + ".orig",
-                                   .label = label,
-                                   .unitKey = prefix + ".unit",
-                                   .validatorFlags = CheckMin | CheckMax | ZeroAsEmpty | ShowPreciseValue,
-                                   .max = ions::FromMeqPerLitre(kMaxMeqPerLitre, unit, weight),
-                                   .precision = 6,
-                                   .inIsoUnits = true});
+    row.typed = m_fields.AddInput(parent, {.key = prefix + ".orig",
+                                           .label = label,
+                                           .unitKey = prefix + ".unit",
+                                           .validatorFlags = CheckMax | ZeroAsEmpty | ShowPreciseValue,
+                                           .precision = 6,
+                                           .inIsoUnits = true});
     row.typed->Bind(wxEVT_KEY_DOWN, &IonGrid::OnKeyDown, this);
     grid.Add(row.typed, Cell());
 

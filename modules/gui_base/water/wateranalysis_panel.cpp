@@ -35,6 +35,14 @@ constexpr const char* kShortCond = "SHORT_COND";
 constexpr double kMinCelsius = 0.0;
 constexpr double kMaxCelsius = 100.0;
 
+/// Gives a field the limit `meqPerLitre` in the unit that is chosen for it.
+void SetMaximum(TvTextCtrl& field, double meqPerLitre, const tvUnitChoice& unit, double equivalentWeight)
+{
+    if (auto* validator = dynamic_cast<DoubleValidator*>(field.GetValidator()))
+        validator->SetMaxValue(
+            ions::FromMeqPerLitre(meqPerLitre, unit.GetDetail()->GetStdStringValue(), equivalentWeight));
+}
+
 LiquidData& RequireLiquid(Project* project, std::size_t index)
 {
     if (project == nullptr)
@@ -96,8 +104,8 @@ void WaterAnalysisPanel::SetValidators(const std::string&)
                                                               spec.validatorFlags, {}, {}, {}));
         else
             number.control->SetValidator(DoubleValidator(&number.value, spec.format, spec.precision,
-                                                         spec.validatorFlags, spec.min, spec.max,
-                                                         spec.undef));
+                                                         spec.validatorFlags, number.detail->GetMinValue(),
+                                                         number.detail->GetMaxValue(), spec.undef));
     }
     for (FieldSet::Text& text : m_fields->Texts())
         text.control->SetValidator(TextEnterValidator(&text.value));
@@ -148,18 +156,19 @@ void WaterAnalysisPanel::DoUpdateValidators()
 
 void WaterAnalysisPanel::UpdateIonLimits()
 {
-    constexpr double kMaxMeqPerLitre = 10000.0;
+    // The limit of an ion is an amount; the same amount is another number in every unit.
+    DetailList& details = *m_liquid.GetDetails();
     for (const auto& grid : m_grids) {
         for (const wateranalysis::IonGrid::Row& row : grid->Rows()) {
-            auto* validator = dynamic_cast<DoubleValidator*>(row.typed->GetValidator());
-            if (validator == nullptr)
-                continue;
             const ions::Ion* ion = ions::FindIon(row.ion->key);
-            validator->SetMaxValue(ions::FromMeqPerLitre(kMaxMeqPerLitre,
-                                                         row.unit->GetDetail()->GetStdStringValue(),
-                                                         ion != nullptr ? ion->equivalentWeight : 1.0));
+            const DetailData& meql = details.At(std::string("liquid/") + row.ion->key + ".meql");
+            SetMaximum(*row.typed, meql.GetMaxValue(), *row.unit,
+                       ion != nullptr ? ion->equivalentWeight : 1.0);
         }
     }
+    const double co2Weight = ions::FindIon("co2")->equivalentWeight;
+    SetMaximum(*FindField("liquid/co2.orig"), details.At("liquid/co2.mgl").GetMaxValue() / co2Weight,
+               *m_co2Unit, co2Weight);
 }
 
 void WaterAnalysisPanel::UpdateTempOrigCtrlValidatorLimits()

@@ -53,13 +53,10 @@ std::vector<wxString> ToStrings(const Texts& texts)
 
 NumberSpec PropertySpec(const wateranalysis::PropertyRow& row)
 {
-    const bool limited = row.limits.min < row.limits.max;
     return {.key = row.key,
             .label = wxString::FromUTF8(row.label),
             .unit = wxString::FromUTF8(row.unit),
-            .validatorFlags = limited ? CheckMin | CheckMax | ShowPreciseValue : ShowPreciseValue,
-            .min = row.limits.min,
-            .max = row.limits.max,
+            .validatorFlags = ShowPreciseValue,
             .undef = kUnknown,
             .precision = row.precision};
 }
@@ -116,25 +113,22 @@ wxSizer* WaterAnalysisPanel::CreateAnalysisTypeBox()
         grid->Add(button, Cell());
         return button;
     };
-    const auto typed = [&](const char* key, const wxString& label, const wxString& unit, double max) {
-        grid->Add(m_fields->AddInput(parent,
-                                     {.key = key,
-                                      .label = label,
-                                      .unit = unit,
-                                      .validatorFlags = CheckMin | CheckMax | ZeroAsEmpty | ShowPreciseValue,
-                                      .max = max,
-                                      .precision = 6}),
+    const auto typed = [&](const char* key, const wxString& label, const wxString& unit) {
+        grid->Add(m_fields->AddInput(parent, {.key = key,
+                                              .label = label,
+                                              .unit = unit,
+                                              .validatorFlags = ZeroAsEmpty | ShowPreciseValue,
+                                              .precision = 6}),
                   Cell());
         grid->Add(m_fields->AddUnitLabel(parent, unit, false), Cell());
     };
     m_full = radio(wxTRANSLATE("Full analysis"), wxRB_GROUP);
     grid->AddSpacer(0);
     grid->AddSpacer(0);
-    // A solution of sodium chloride is saturated at about 360 g/l and 250 mS/cm.
     m_shortTds = radio(wxTRANSLATE("Short analysis based on TDS"), 0);
-    typed("liquid/tds.short", "TDS", "mg/l", 350000.0);
+    typed("liquid/tds.short", "TDS", "mg/l");
     m_shortCond = radio(wxTRANSLATE("Short analysis based on conductivity"), 0);
-    typed("liquid/cond.short", "Conductivity", "uS/cm", 250000.0);
+    typed("liquid/cond.short", "Conductivity", "uS/cm");
     for (TvRadioButton* button : {m_shortTds, m_shortCond})
         button->SetTranslatableToolTip(
             wxTRANSLATE("The water is taken as a solution of sodium chloride; the typed ions are kept"));
@@ -230,15 +224,13 @@ void WaterAnalysisPanel::CreateTemperatureRow(wxWindow* parent, wxSizer& grid)
 void WaterAnalysisPanel::CreateCo2Rows(wxWindow* parent, wxSizer& grid)
 {
     grid.Add(m_fields->AddLabel(parent, "CO2:"), Cell());
-    grid.Add(
-        m_fields->AddInput(parent, {.key = "liquid/co2.orig",
-                                    .label = "CO2:",
-                                    .unitKey = "liquid/co2.unit",
-                                    .validatorFlags = CheckMin | CheckMax | ZeroAsEmpty | ShowPreciseValue,
-                                    .max = 100000.0,
-                                    .precision = 6,
-                                    .inIsoUnits = true}),
-        Cell());
+    grid.Add(m_fields->AddInput(parent, {.key = "liquid/co2.orig",
+                                         .label = "CO2:",
+                                         .unitKey = "liquid/co2.unit",
+                                         .validatorFlags = CheckMax | ZeroAsEmpty | ShowPreciseValue,
+                                         .precision = 6,
+                                         .inIsoUnits = true}),
+             Cell());
     m_co2Unit = m_fields->AddUnitChoice(parent, "liquid/co2.unit", m_units.ordinary, "CO2:");
     grid.Add(m_co2Unit, Cell().Expand());
 

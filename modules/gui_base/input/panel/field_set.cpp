@@ -4,6 +4,7 @@
 #include "gui_base/input/binding/transfer_detail.h"
 #include "gui_base/input/controls/tv_statictext.h"
 #include "gui_base/input/controls/tv_unitlabel.h"
+#include "gui_base/input/validation/validator.h"
 #include "gui_base/support/accessibility.h"
 #include "gui_base/support/translation.h"
 #include "projectbase/units/unit_system_manager.h"
@@ -40,7 +41,13 @@ TvTextCtrl* FieldSet::AddNumber(wxWindow* parent, const NumberSpec& spec, long s
 
 TvTextCtrl* FieldSet::AddInput(wxWindow* parent, const NumberSpec& spec)
 {
-    return AddNumber(parent, spec, 0, TransferToDetail | TransferCountsAsChange);
+    TvTextCtrl* control = AddNumber(parent, spec, 0, TransferToDetail | TransferCountsAsChange);
+    Number& number = m_numbers.back();
+    if (number.detail->HasMinValue())
+        number.spec.validatorFlags |= CheckMin;
+    if (number.detail->HasMaxValue())
+        number.spec.validatorFlags |= CheckMax;
+    return control;
 }
 
 TvTextCtrl* FieldSet::AddResult(wxWindow* parent, const NumberSpec& spec)

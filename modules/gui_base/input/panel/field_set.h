@@ -21,17 +21,15 @@
 class TvStaticText;
 class TvUnitLabel;
 
-/// How the number of a detail is shown and checked.
+/// How the number of a detail is shown; its limits are those of the detail.
 struct NumberSpec
 {
     std::string key = {};
     wxString label = {};       ///< source text; names the field for messages and screen readers
     wxString unit = {};        ///< shown with the label in the field's name
     std::string unitKey = {};  ///< detail that holds the unit instead, if not empty
-    int validatorFlags = 0;
-    double min = 0.0;
-    double max = 0.0;
-    double undef = 0.0;  ///< stored for an empty field
+    int validatorFlags = 0;    ///< limits that the detail has are checked in any case
+    double undef = 0.0;        ///< stored for an empty field
     int precision = 4;
     TvTextCtrlFormat format = TvTextCtrlFormat::General;
     int width = 0;  ///< in DIP; 0 for the usual one

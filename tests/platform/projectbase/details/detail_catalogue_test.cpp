@@ -19,7 +19,8 @@ TEST(DetailCatalogue, HoldsEveryDetailOfAWater)
         const std::string key = "liquid/" + ion.key;
         const bool named = ion.kind.starts_with("named");
         EXPECT_EQ(details.At(key + ".orig").GetTypeName(), "double");
-        EXPECT_EQ(details.At(key + ".orig").GetMaxValue(), 999999.0);
+        EXPECT_TRUE(details.At(key + ".orig").HasMinValue());
+        EXPECT_EQ(details.At(key + ".meql").GetMaxValue(), 10000.0) << "the limit of an ion is an amount";
         EXPECT_EQ(details.At(key + ".unit").GetTypeName(), "string");
         EXPECT_EQ(details.At(key + ".meql").GetUnit(), "meq/l");
         EXPECT_EQ(details.At(key + ".mgl").GetUnit(), "mg/l");
