@@ -58,7 +58,6 @@ void MainFrame::Restore(const RecoverableFile& file)
     auto project = RecoveryFile::Load(file);
     project->SetUnitSystemDisplay(m_document->GetProject().GetUnitSystemDisplay());
     project->CalculateDesign();
-    project->SetChanged(true);
     auto document = std::make_unique<Document>(std::move(project), file.project);
     // The unsaved work stays recoverable until it is saved or given up.
     document->Autosave();
