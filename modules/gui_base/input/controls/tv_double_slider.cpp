@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "gui_base/input/controls/tv_double_slider.h"
 
+#include "gui_base/input/controls/wheel.h"
+
 #include <wx/sizer.h>
 #include <wx/stattext.h>
 
@@ -38,7 +40,9 @@ TvDoubleSlider::TvDoubleSlider(wxWindow* parent, int id, int decimalPlaces, int 
         event.Skip();
         SetValueLabel(GetValue());
     });
-    m_slider->Bind(wxEVT_MOUSEWHEEL, &TvDoubleSlider::OnWheel, this);
+    m_slider->Bind(wxEVT_MOUSEWHEEL, [this](wxMouseEvent& event) {
+        wheel::ScrollParentUnlessFocused(*m_slider, event, GetParent());
+    });
     SetInitialSize(size);
     Layout();
 }
@@ -84,17 +88,6 @@ bool TvDoubleSlider::TransferDataToWindow()
     const bool transferred = wxPanel::TransferDataToWindow();
     SetValueLabel(GetValue());
     return transferred;
-}
-
-void TvDoubleSlider::OnWheel(wxMouseEvent& event)
-{
-    if (m_slider->HasFocus()) {
-        event.Skip();
-        return;
-    }
-    wxMouseEvent forwarded(event);
-    forwarded.SetEventObject(GetParent());
-    GetParent()->GetEventHandler()->ProcessEvent(forwarded);
 }
 
 void TvDoubleSlider::SetPageSize(int pageSize)

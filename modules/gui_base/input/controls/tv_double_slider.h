@@ -48,8 +48,6 @@ public:
     bool TransferDataToWindow() override;
 
 private:
-    void OnWheel(wxMouseEvent& event);
-
     static bool StyleHasLabels(long style);
     static long GetStyleWithoutLabels(long style);
 
