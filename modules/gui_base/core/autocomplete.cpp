@@ -19,16 +19,16 @@ struct CaseRange
 
 // From the simple case foldings of the Unicode character database, in ascending order.
 constexpr CaseRange kCaseRanges[]{
-    {U'A', U'Z', 32, false},     {0x00C0, 0x00D6, 32, false},    {0x00D8, 0x00DE, 32, false},
-    {0x0100, 0x012E, 1, true},   {0x0132, 0x0136, 1, true},      {0x0139, 0x0147, 1, true},
-    {0x014A, 0x0176, 1, true},   {0x0178, 0x0178, -121, false},  {0x0179, 0x017D, 1, true},
-    {0x01CD, 0x01DB, 1, true},   {0x01DE, 0x01EE, 1, true},      {0x01F8, 0x021E, 1, true},
-    {0x0222, 0x0232, 1, true},   {0x0386, 0x0386, 38, false},    {0x0388, 0x038A, 37, false},
-    {0x038C, 0x038C, 64, false}, {0x038E, 0x038F, 63, false},    {0x0391, 0x03A1, 32, false},
-    {0x03A3, 0x03AB, 32, false}, {0x03C2, 0x03C2, 1, false},     {0x0400, 0x040F, 80, false},
-    {0x0410, 0x042F, 32, false}, {0x0460, 0x0480, 1, true},      {0x048A, 0x04BE, 1, true},
-    {0x04C1, 0x04CD, 1, true},   {0x04D0, 0x052E, 1, true},      {0x0531, 0x0556, 48, false},
-    {0x1E00, 0x1E94, 1, true},   {0x1E9E, 0x1E9E, -7615, false}, {0x1EA0, 0x1EFE, 1, true},
+    {0x00C0, 0x00D6, 32, false},    {0x00D8, 0x00DE, 32, false}, {0x0100, 0x012E, 1, true},
+    {0x0132, 0x0136, 1, true},      {0x0139, 0x0147, 1, true},   {0x014A, 0x0176, 1, true},
+    {0x0178, 0x0178, -121, false},  {0x0179, 0x017D, 1, true},   {0x01CD, 0x01DB, 1, true},
+    {0x01DE, 0x01EE, 1, true},      {0x01F8, 0x021E, 1, true},   {0x0222, 0x0232, 1, true},
+    {0x0386, 0x0386, 38, false},    {0x0388, 0x038A, 37, false}, {0x038C, 0x038C, 64, false},
+    {0x038E, 0x038F, 63, false},    {0x0391, 0x03A1, 32, false}, {0x03A3, 0x03AB, 32, false},
+    {0x03C2, 0x03C2, 1, false},     {0x0400, 0x040F, 80, false}, {0x0410, 0x042F, 32, false},
+    {0x0460, 0x0480, 1, true},      {0x048A, 0x04BE, 1, true},   {0x04C1, 0x04CD, 1, true},
+    {0x04D0, 0x052E, 1, true},      {0x0531, 0x0556, 48, false}, {0x1E00, 0x1E94, 1, true},
+    {0x1E9E, 0x1E9E, -7615, false}, {0x1EA0, 0x1EFE, 1, true},
 };
 
 constexpr char32_t kNoCharacter = 0xFFFD;
@@ -57,6 +57,8 @@ char32_t TakeCharacter(std::string_view& text)
 
 char32_t FoldCase(char32_t character)
 {
+    if (character < 0x80)
+        return character >= U'A' && character <= U'Z' ? character + 32 : character;
     const auto* range = std::lower_bound(std::begin(kCaseRanges), std::end(kCaseRanges), character,
                                          [](const CaseRange& r, char32_t c) { return r.last < c; });
     if (range == std::end(kCaseRanges) || character < range->first)
