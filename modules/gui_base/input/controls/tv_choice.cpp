@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "gui_base/input/controls/tv_choice.h"
 
+#include "gui_base/input/controls/wheel.h"
 #include "gui_base/input/events.h"
 #include "gui_base/support/translation.h"
 
@@ -49,7 +50,7 @@ tvChoice::tvChoice(const Items& items, DetailData* detail, wxWindow* parent, int
 {
     tvChoice::TransferDetailToWindow();
     Bind(wxEVT_CHOICE, &tvChoice::OnChosen, this);
-    Bind(wxEVT_MOUSEWHEEL, &tvChoice::OnWheel, this);
+    Bind(wxEVT_MOUSEWHEEL, [this](wxMouseEvent& event) { wheel::ScrollParentUnlessFocused(*this, event); });
 }
 
 void tvChoice::Set(const Items& items)
@@ -136,17 +137,6 @@ void tvChoice::OnChosen(wxCommandEvent& event)
     changed.SetEventObject(this);
     changed.SetString(label);
     ProcessWindowEvent(changed);
-}
-
-void tvChoice::OnWheel(wxMouseEvent& event)
-{
-    if (HasFocus() || GetParent() == nullptr) {
-        event.Skip();
-        return;
-    }
-    wxMouseEvent forwarded(event);
-    forwarded.SetEventObject(GetParent());
-    GetParent()->GetEventHandler()->ProcessEvent(forwarded);
 }
 
 tvUnitChoice::tvUnitChoice(const Items& units, DetailData* unitDetail, wxWindow* parent, int id,

@@ -58,7 +58,6 @@ protected:
 
 private:
     void OnChosen(wxCommandEvent& event);
-    void OnWheel(wxMouseEvent& event);
 
     Items m_items;
     DetailData* m_detail;

@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+/// The pictures of the check boxes, 16 × 16. A white box with a dark border is readable on light and dark
+/// themes.
+
+#include <wx/bitmap.h>
+
+#include <array>
+#include <vector>
+
+namespace checktree {
+
+using Rows = std::array<const char*, 16>;
+
+// '#' border, '.' inside, 'x' mark.
+inline constexpr Rows kUnchecked{
+    "                ", " ############## ", " #............# ", " #............# ",
+    " #............# ", " #............# ", " #............# ", " #............# ",
+    " #............# ", " #............# ", " #............# ", " #............# ",
+    " #............# ", " #............# ", " ############## ", "                ",
+};
+inline constexpr Rows kChecked{
+    "                ", " ############## ", " #............# ", " #..........x.# ",
+    " #.........xx.# ", " #........xxx.# ", " #.x.....xxx..# ", " #.xx...xxx...# ",
+    " #.xxx.xxx....# ", " #..xxxxx.....# ", " #...xxx......# ", " #....x.......# ",
+    " #............# ", " #............# ", " ############## ", "                ",
+};
+inline constexpr Rows kPartial{
+    "                ", " ############## ", " #............# ", " #............# ",
+    " #............# ", " #..xxxxxxxx..# ", " #..xxxxxxxx..# ", " #..xxxxxxxx..# ",
+    " #..xxxxxxxx..# ", " #..xxxxxxxx..# ", " #..xxxxxxxx..# ", " #............# ",
+    " #............# ", " #............# ", " ############## ", "                ",
+};
+inline constexpr Rows kNoBox{
+    "                ", "                ", "                ", "                ",
+    "                ", "                ", "                ", "                ",
+    "                ", "                ", "                ", "                ",
+    "                ", "                ", "                ", "                ",
+};
+
+using Palette = std::array<const char*, 4>;
+inline constexpr Palette kEnabled{"  c None", "# c #4E5861", ". c #FFFFFF", "x c #1B6CA8"};
+inline constexpr Palette kDisabled{"  c None", "# c #A3ABB2", ". c #EDF0F2", "x c #9BA4AB"};
+
+inline wxBitmap Picture(const Rows& rows, const Palette& palette)
+{
+    std::vector<const char*> xpm{"16 16 4 1"};
+    xpm.insert(xpm.end(), palette.begin(), palette.end());
+    xpm.insert(xpm.end(), rows.begin(), rows.end());
+    return wxBitmap(xpm.data());
+}
+
+}  // namespace checktree
