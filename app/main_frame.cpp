@@ -3,8 +3,10 @@
 
 #include "app/language.h"
 #include "app/message_log.h"
+#include "dbinterfaces/project_database.h"
 #include "gui_base/input/controls/tv_statusbar.h"
 #include "gui_base/input/events.h"
+#include "gui_base/input/panel/aui_notebook.h"
 #include "gui_base/input/validation/commit.h"
 #include "gui_base/input/validation/numeric_validator.h"
 #include "gui_base/support/translation.h"
@@ -104,8 +106,8 @@ void MainFrame::BuildWindows()
     m_tree = new wxTreeCtrl(horizontal, wxID_ANY, wxDefaultPosition, wxDefaultSize,
                             wxTR_DEFAULT_STYLE | wxTR_HIDE_ROOT | wxTR_NO_LINES | wxTR_FULL_ROW_HIGHLIGHT);
     m_notebook =
-        new wxAuiNotebook(horizontal, wxID_ANY, wxDefaultPosition, wxDefaultSize,
-                          wxAUI_NB_TOP | wxAUI_NB_TAB_SPLIT | wxAUI_NB_TAB_MOVE | wxAUI_NB_SCROLL_BUTTONS);
+        new AuiNotebook(horizontal, wxID_ANY, wxDefaultPosition, wxDefaultSize,
+                        wxAUI_NB_TOP | wxAUI_NB_TAB_SPLIT | wxAUI_NB_TAB_MOVE | wxAUI_NB_SCROLL_BUTTONS);
     horizontal->SetMinimumPaneSize(FromDIP(80));
     horizontal->SplitVertically(m_tree, m_notebook, FromDIP(kTreeWidth));
     m_messages = new MessageArea(vertical);
@@ -133,6 +135,7 @@ void MainFrame::BuildModules()
         m_notebook->AddPage(panel, wxString());
     }
     NameModules();
+    RestoreArrangement();
     UpdateRangeMessages();
 }
 
@@ -145,9 +148,30 @@ void MainFrame::NameModules()
     for (std::size_t i = 0; i < project.GetLiquidCount(); ++i) {
         const wxString name = i18n::Translated(wxString::FromUTF8(project.GetLiquid(i).GetName()));
         m_tree->AppendItem(waters, name, -1, -1, new PageItem(i));
-        m_notebook->SetPageText(i, name);
+        m_notebook->SetPageText(static_cast<std::size_t>(m_notebook->GetPageIndex(m_panels[i])), name);
     }
     m_tree->ExpandAll();
+}
+
+std::string MainFrame::ArrangementParameter() const
+{
+    return "/Perspective/" + m_document->GetProject().GetModuleType();
+}
+
+void MainFrame::KeepArrangement()
+{
+    ProjectDatabase::SetLocalParameter(ArrangementParameter(), m_notebook->SavePerspective().utf8_string());
+}
+
+void MainFrame::RestoreArrangement()
+{
+    try {
+        const std::string arrangement = ProjectDatabase::GetLocalParameter(ArrangementParameter());
+        if (!arrangement.empty())
+            m_notebook->LoadPerspective(wxString::FromUTF8(arrangement));
+    } catch (const std::exception& error) {
+        ReportError(wxString::FromUTF8(error.what()));
+    }
 }
 
 void MainFrame::SetDocument(std::unique_ptr<Document> document)
@@ -192,12 +216,13 @@ void MainFrame::UpdateRangeMessages()
     m_messages->SetRangeMessages(messages);
 }
 
-void MainFrame::ShowModule(std::size_t page)
+void MainFrame::ShowModule(std::size_t module)
 {
-    if (page >= m_notebook->GetPageCount())
+    if (module >= m_panels.size())
         return;
-    m_notebook->SetSelection(page);
-    m_notebook->GetPage(page)->SetFocus();
+    // The user may have dragged the pages into another order.
+    m_notebook->SetSelection(static_cast<std::size_t>(m_notebook->GetPageIndex(m_panels[module])));
+    m_panels[module]->SetFocus();
 }
 
 void MainFrame::FocusDetail(const std::string& key)
@@ -206,7 +231,7 @@ void MainFrame::FocusDetail(const std::string& key)
         for (const auto& violation : m_panels[i]->GetRangeViolations()) {
             if (violation.detail->GetName() != key)
                 continue;
-            m_notebook->SetSelection(i);
+            ShowModule(i);
             m_panels[i]->FocusDetail(key);
             return;
         }
@@ -270,7 +295,7 @@ void MainFrame::AfterUndo(const std::vector<DetailAddress>& changed)
         panel->UpdateUnits(true);
     const DetailAddress& first = changed.front();
     if (first.liquid >= 0 && static_cast<std::size_t>(first.liquid) < m_panels.size()) {
-        m_notebook->SetSelection(static_cast<std::size_t>(first.liquid));
+        ShowModule(static_cast<std::size_t>(first.liquid));
         m_panels[static_cast<std::size_t>(first.liquid)]->FocusDetail(first.name);
     }
     UpdateTitle();
@@ -317,6 +342,7 @@ void MainFrame::OnClose(wxCloseEvent& event)
     }
     try {
         m_document->DiscardRecovery();
+        KeepArrangement();
         Settings::Save();
     } catch (const std::exception& error) {
         wxLogDebug("%s", wxString::FromUTF8(error.what()));

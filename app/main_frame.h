@@ -11,7 +11,6 @@
 #include "gui_base/support/events.h"
 #include "gui_base/support/help_file_provider.h"
 
-#include <wx/aui/auibook.h>
 #include <wx/frame.h>
 #include <wx/timer.h>
 #include <wx/treectrl.h>
@@ -20,6 +19,7 @@
 #include <memory>
 #include <vector>
 
+class AuiNotebook;
 class ModulePanelBase;
 class TvStatusBar;
 class WaterAnalysisPanel;
@@ -50,7 +50,7 @@ public:
     /// The panel of the first water.
     WaterAnalysisPanel* GetWaterPanel() const;
     MessageArea& GetMessageArea() { return *m_messages; }
-    wxAuiNotebook& GetNotebook() { return *m_notebook; }
+    AuiNotebook& GetNotebook() { return *m_notebook; }
 
 private:
     void BuildWindows();
@@ -63,13 +63,18 @@ private:
     void BuildModules();
     void UpdateTitle();
     void UpdateRangeMessages();
-    void ShowModule(std::size_t page);
+    /// `module` is the index of a panel, which is that of its water.
+    void ShowModule(std::size_t module);
     void FocusDetail(const std::string& key);
     void SendToPanels(wxEventType type);
     ModulePanelBase* CurrentPanel() const;
     void AfterUndo(const std::vector<DetailAddress>& changed);
     void NameModules();
     void RestartAutosave();
+    /// The arrangement of the pages outlives the program, one for each type of project.
+    void KeepArrangement();
+    void RestoreArrangement();
+    std::string ArrangementParameter() const;
     void NewProject();
     void ShowNew(std::unique_ptr<Project> project);
     void ShowTemplateDialog();
@@ -97,7 +102,7 @@ private:
     std::unique_ptr<Document> m_document;
     std::unique_ptr<TVHelpFileProvider> m_help;
     wxTreeCtrl* m_tree = nullptr;
-    wxAuiNotebook* m_notebook = nullptr;
+    AuiNotebook* m_notebook = nullptr;
     MessageArea* m_messages = nullptr;
     TvStatusBar* m_statusBar = nullptr;
     wxMenu* m_recentMenu = nullptr;

@@ -8,6 +8,7 @@
 #include "app/template_dialog.h"
 #include "app/templates.h"
 #include "gui_base/input/events.h"
+#include "gui_base/input/panel/aui_notebook.h"
 #include "gui_base/input/validation/commit.h"
 #include "gui_base/support/translation.h"
 #include "gui_base/water/paste_column.h"

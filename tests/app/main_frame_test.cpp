@@ -10,6 +10,7 @@
 #include "dbinterfaces/project_database.h"
 #include "gui_base/input/controls/tv_textctrl.h"
 #include "gui_base/input/events.h"
+#include "gui_base/input/panel/aui_notebook.h"
 #include "gui_base/water/wateranalysis_panel.h"
 #include "projectbase/project/project_file.h"
 #include "projectbase/project/recovery_file.h"
@@ -257,6 +258,30 @@ TEST_F(MainFrameTest, ClosingAsksAboutChanges)
     Menu(wxID_NEW);
     EXPECT_EQ(Value("na.orig"), 0.0);
     EXPECT_EQ(m_frame->GetTitle(), "Untitled - Tarnvik");
+}
+
+TEST_F(MainFrameTest, TheArrangementOfThePagesOutlivesTheProgram)
+{
+    const auto twoWaters = [] {
+        auto project = app::NewEmptyProject();
+        project->AddLiquid("Second");
+        return std::make_unique<app::Document>(std::move(project));
+    };
+    m_frame->SetDocument(twoWaters());
+    m_frame->GetNotebook().Split(1, wxRIGHT);
+    Pump();
+    const wxString arranged = m_frame->GetNotebook().SavePerspective();
+    m_frame->Close();
+    Pump();
+    m_frame = new app::MainFrame(twoWaters());
+    m_frame->Show();
+    Pump();
+    EXPECT_EQ(m_frame->GetNotebook().SavePerspective().BeforeFirst('@'), arranged.BeforeFirst('@'));
+    EXPECT_EQ(m_frame->GetNotebook().GetPageCount(), 2u);
+    // A project with fewer pages takes what fits.
+    m_frame->SetDocument(std::make_unique<app::Document>(app::NewEmptyProject()));
+    EXPECT_EQ(m_frame->GetNotebook().GetPageCount(), 1u);
+    EXPECT_TRUE(Messages().empty());
 }
 
 TEST_F(MainFrameTest, UnsavedWorkIsRecovered)
