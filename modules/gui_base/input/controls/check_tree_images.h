@@ -41,7 +41,7 @@ inline constexpr Rows kNoBox{
 
 using Palette = std::array<const char*, 4>;
 inline constexpr Palette kEnabled{"  c None", "# c #4E5861", ". c #FFFFFF", "x c #1B6CA8"};
-inline constexpr Palette kDisabled{"  c None", "# c #A3ABB2", ". c #EDF0F2", "x c #9BA4AB"};
+inline constexpr Palette kDisabled{"  c None", "# c #98A1A8", ". c #D3D8DC", "x c #7D8790"};
 
 inline wxBitmap Picture(const Rows& rows, const Palette& palette)
 {
