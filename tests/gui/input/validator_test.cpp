@@ -124,9 +124,15 @@ TEST_F(ValidatorTest, ATextThatIsNoNumberIsReported)
 
 TEST_F(ValidatorTest, IntegerCutsOffAndSaturates)
 {
-    const std::vector<std::pair<const char*, long>> cases{
-        {"12", 12},    {"12.7", 12}, {"-12.7", -12}, {"1e12", 2147483647}, {"-1e12", -2147483648L},
-        {"2e3", 2000}, {"x", 0},     {"", 5}};
+    const std::vector<std::pair<const char*, long>> cases{{"12", 12},
+                                                          {"12.7", 12},
+                                                          {"-12.7", -12},
+                                                          {"1e12", 2147483647},
+                                                          {"1000000000000", 2147483647},
+                                                          {"-1e12", -2147483648L},
+                                                          {"2e3", 2000},
+                                                          {"x", 0},
+                                                          {"", 5}};
     for (const auto& [text, expected] : cases) {
         long value = 1;
         TvTextCtrl* field = Field(IntegerValidator(&value, Fixed, 0, 0, 0, 5));

@@ -29,7 +29,7 @@ void IntegerValidator::ConvertStringToValue()
 {
     long value = 0;
     if (GetControlValue().ToLong(&value, 10)) {
-        Store(value);
+        Store(std::clamp(value, static_cast<long>(kLeast), static_cast<long>(kGreatest)));
         return;
     }
     const double parsed = ParseControlValue().value_or(0.0);
