@@ -6,6 +6,7 @@
 #include <wx/dir.h>
 #include <wx/filename.h>
 #include <wx/intl.h>
+#include <wx/log.h>
 #include <wx/translation.h>
 #include <wx/uilocale.h>
 
@@ -42,6 +43,8 @@ std::vector<Language> AvailableLanguages()
 
 void SwitchLanguage(const wxString& code)
 {
+    // The toolkit tells which catalogues it uses; nobody asked.
+    const wxLogNull quiet;
     auto* translations = new wxTranslations;
     wxFileTranslationsLoader::AddCatalogLookupPathPrefix(LocaleDir());
     // The old catalogue goes with this.

@@ -27,6 +27,8 @@ class wxSplitterWindow;
 
 namespace app {
 
+struct ProgramSettings;
+
 class MainFrame : public wxFrame
 {
 public:
@@ -46,6 +48,10 @@ public:
     void SetLanguage(const wxString& code);
     void Undo();
     void Redo();
+
+    /// Puts what the settings dialog gave into effect; a database that cannot be opened is reported and
+    /// changes nothing.
+    void ApplySettings(const ProgramSettings& before, const ProgramSettings& wanted);
 
     /// The panel of the first water.
     WaterAnalysisPanel* GetWaterPanel() const;
@@ -85,6 +91,8 @@ private:
     bool ConfirmDiscard();
     void PasteColumn();
     void CopyResults();
+    void ShowSettings();
+    bool OpenDatabase(const std::string& connection);
     void ShowHelp();
     void ShowAbout();
     void Restore(const RecoverableFile& file);

@@ -5,8 +5,11 @@
 #include "app/message_log.h"
 #include "app/recent_files.h"
 #include "app/results_text.h"
+#include "app/settings_dialog.h"
 #include "app/template_dialog.h"
 #include "app/templates.h"
+#include "app/unit_system_name.h"
+#include "dbinterfaces/project_database.h"
 #include "gui_base/input/events.h"
 #include "gui_base/input/panel/aui_notebook.h"
 #include "gui_base/input/validation/commit.h"
@@ -29,13 +32,6 @@ namespace {
 wxString Tr(const char* source)
 {
     return i18n::Translated(source);
-}
-
-wxString UnitSystemName(const std::string& unitSystem)
-{
-    if (unitSystem == "us")
-        return Tr("US customary units");
-    return unitSystem == "imperial" ? Tr("Imperial units") : Tr("ISO units");
 }
 
 wxString Wildcard()
@@ -140,6 +136,13 @@ wxMenu* MainFrame::BuildViewMenu()
                     });
     menu->AppendSubMenu(languages, Tr("&Language"));
     menu->AppendSeparator();
+    Append(
+        *menu, Tr("&Settings...") + "\tCtrl+,",
+        [this] {
+            // A switch of the language replaces the menu that is being used.
+            CallAfter([this] { ShowSettings(); });
+        },
+        wxID_PREFERENCES);
     Append(*menu, Tr("Clear &messages"), [this] {
         m_messages->ClearMessages();
         UpdateRangeMessages();
@@ -270,6 +273,44 @@ void MainFrame::PasteColumn()
     auto* panel = dynamic_cast<WaterAnalysisPanel*>(CurrentPanel());
     if (panel != nullptr)
         wateranalysis::PasteColumn(*panel);
+}
+
+void MainFrame::ShowSettings()
+{
+    CommitFocusedField();
+    const ProgramSettings before{CurrentLanguage(), m_document->GetProject().GetUnitSystemDisplay(),
+                                 Settings::GetSetting("autosave.minutes").GetLongValue(),
+                                 Settings::GetSetting("database.connection").GetStdStringValue()};
+    SettingsDialog dialog(this, before);
+    if (dialog.ShowModal() == wxID_OK)
+        ApplySettings(before, dialog.GetSettings());
+}
+
+void MainFrame::ApplySettings(const ProgramSettings& before, const ProgramSettings& wanted)
+{
+    if (wanted.database != before.database && !OpenDatabase(wanted.database))
+        return;
+    Settings::GetSetting("autosave.minutes").SetValue(wanted.autosaveMinutes);
+    RestartAutosave();
+    if (wanted.unitSystem != before.unitSystem) {
+        SetUnitSystem(wanted.unitSystem);
+        BuildMenus();
+    }
+    if (wanted.language != before.language)
+        SetLanguage(wanted.language);
+}
+
+bool MainFrame::OpenDatabase(const std::string& connection)
+{
+    try {
+        ProjectDatabase::Open(connection);
+        Settings::GetSetting("database.connection").SetValue(connection);
+        Settings::Save();
+        return true;
+    } catch (const std::exception& error) {
+        ReportError(wxString::FromUTF8(error.what()));
+        return false;
+    }
 }
 
 void MainFrame::CopyResults()

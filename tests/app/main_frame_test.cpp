@@ -4,6 +4,7 @@
 
 #include "app/language.h"
 #include "app/results_text.h"
+#include "app/settings_dialog.h"
 #include "app/tarnvik_app.h"
 #include "app/template_dialog.h"
 #include "app/templates.h"
@@ -20,6 +21,9 @@
 
 #include <wx/menu.h>
 #include <wx/msgdlg.h>
+#include <wx/srchctrl.h>
+
+#include <gmock/gmock.h>
 
 #include <cmath>
 #include <cstdlib>
@@ -339,6 +343,42 @@ TEST_F(MainFrameTest, AUserDatabaseThatCannotBeUsedIsSaidAndDoesNotStopTheProgra
     EXPECT_NE(error, "");
     setenv("TARNVIK_USER_DATA", previous.c_str(), 1);
     EXPECT_EQ(Value("na.orig"), 6.3);
+}
+
+TEST_F(MainFrameTest, SettingsTakeEffectTogetherOrNotAtAll)
+{
+    const app::ProgramSettings before{"en", "iso", 5, ""};
+    app::SettingsDialog dialog(m_frame, before);
+    const auto unchanged = dialog.GetSettings();
+    EXPECT_EQ(unchanged.language, "en");
+    EXPECT_EQ(unchanged.unitSystem, "iso");
+    EXPECT_EQ(unchanged.autosaveMinutes, 5);
+    EXPECT_EQ(unchanged.database, "");
+
+    dialog.Show();
+    Pump();
+    auto* minutes =
+        dynamic_cast<wxTextCtrl*>(wxWindow::FindWindowByName("Minutes between recovery copies", &dialog));
+    ASSERT_NE(minutes, nullptr);
+    gui_test::Enter(*minutes, "1000");
+    EXPECT_EQ(dialog.GetSettings().autosaveMinutes, 240) << "at the limit";
+    auto* search = wxWindow::FindWindowByName(wxASCII_STR(wxSearchCtrlNameStr), &dialog);
+    ASSERT_NE(search, nullptr);
+    dynamic_cast<wxSearchCtrl*>(search)->SetValue("RECOVERY");
+    Pump();
+    EXPECT_TRUE(minutes->IsShown());
+    EXPECT_FALSE(wxWindow::FindWindowByName("Language", &dialog)->IsShown());
+
+    m_frame->ApplySettings(before, {"de", "us", 7, ""});
+    Pump();
+    EXPECT_EQ(Settings::GetSetting("autosave.minutes").GetLongValue(), 7);
+    EXPECT_EQ(m_frame->GetDocument().GetProject().GetUnitSystemDisplay(), "us");
+    EXPECT_EQ(m_frame->GetMenuBar()->GetMenuLabelText(0), "Datei");
+    m_frame->ApplySettings({"de", "us", 7, ""},
+                           {"en", "iso", 9, "postgresql://host=127.0.0.1 port=1 dbname=none"});
+    EXPECT_THAT(Messages(), testing::ElementsAre(testing::HasSubstr("ProjectDatabase")));
+    EXPECT_EQ(Settings::GetSetting("autosave.minutes").GetLongValue(), 7) << "nothing is applied";
+    EXPECT_EQ(app::CurrentLanguage(), "de");
 }
 
 TEST_F(MainFrameTest, EveryExampleOpens)
