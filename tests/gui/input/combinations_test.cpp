@@ -324,6 +324,24 @@ TEST_F(IonTest, EditsAndUnitsGiveEquivalents)
     EXPECT_TRUE(std::isnan(m_output.GetDoubleValue())) << "nobody is left to compute";
 }
 
+TEST_F(IonTest, TheWindowsMayGoFirst)
+{
+    m_unit.SetValue("mg/l");
+    auto row = Make(nullptr);
+    m_sizer->Add(row->GetSizer());
+    auto pressure = std::make_unique<InputCombinationUnitChoice>(
+        m_panel, 502, "Pressure", tvChoice::Items{{1, "bar"}}, &m_output, &m_unit, m_sizer, 0.0, 10.0, 3,
+        TvTextCtrlFormat::General, 0);
+    m_panel->Destroy();
+    Pump();
+    EXPECT_EQ(row->GetInput(), nullptr);
+    row->UpdateUnit("us");
+    pressure->UpdateUnit("us");
+    EXPECT_EQ(pressure->GetInputWindow(), nullptr);
+    row.reset();
+    pressure.reset();
+}
+
 TEST_F(IonTest, UnitSystemsAndLanguages)
 {
     m_input.SetValue(2.5);
