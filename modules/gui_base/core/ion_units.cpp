@@ -30,6 +30,14 @@ const Unit& FindUnit(std::string_view text)
 
 }  // namespace
 
+UnitKind KindOf(std::string_view text)
+{
+    const Unit& unit = FindUnit(text);
+    if (unit.text != text)
+        return UnitKind::None;
+    return unit.isMass ? UnitKind::Mass : UnitKind::Equivalents;
+}
+
 double ToMeqPerLitre(double value, std::string_view unitText, double equivalentWeight)
 {
     const Unit& unit = FindUnit(unitText);

@@ -23,6 +23,15 @@ inline constexpr std::array<std::string_view, 9> kIonUnits{
 inline constexpr std::array<std::string_view, 6> kEquivalentUnits{"meq/l",   "ppm CaCO3", "\u00b0d",
                                                                   "\u00b0f", "\u00b0a",   "\u00b0e"};
 
+/// What a unit counts: the mass of an ion or its equivalents; nothing for a text that is no such unit.
+enum class UnitKind
+{
+    None,
+    Mass,
+    Equivalents
+};
+GUI_BASE_CORE_EXPORT UnitKind KindOf(std::string_view unit);
+
 /// Milliequivalents per litre of a concentration typed as `value` in `unit`.
 /// Mass units ("mg/l", "g/m3", "ppm", "ppb", "g/l") are divided by `equivalentWeight` (g/eq); a weight that
 /// is not positive leaves the mass as it is. Degrees of hardness and calcium carbonate ("ppm CaCO3",

@@ -1,0 +1,100 @@
+// SPDX-License-Identifier: MIT
+#include "gui_base/input/combinations/country_place_combination.h"
+
+#include "gui_base/support/accessibility.h"
+#include "gui_base/support/translation.h"
+
+#include <algorithm>
+#include <stdexcept>
+
+namespace {
+
+constexpr int kPlaceWidth = 160;
+constexpr int kGap = 3;
+
+DetailData* Required(DetailData* detail)
+{
+    if (detail == nullptr)
+        throw std::runtime_error("CountryPlaceCombination::CountryPlaceCombination: a detail is missing");
+    return detail;
+}
+
+/// The items of the choice: nothing stated, the countries by name, and `code` if none of them has it.
+tvChoiceAdv::Items ChoiceItems(tvChoiceAdv::Items countries, const wxString& code)
+{
+    std::stable_sort(countries.begin(), countries.end(), [](const auto& a, const auto& b) {
+        return wxStrcoll(a.second.wc_str(), b.second.wc_str()) < 0;
+    });
+    countries.insert(countries.begin(), {wxString(), wxString()});
+    if (std::none_of(countries.begin(), countries.end(),
+                     [&code](const auto& country) { return country.first == code; }))
+        countries.emplace_back(code, code);
+    return countries;
+}
+
+}  // namespace
+
+CountryPlaceCombination::CountryPlaceCombination(wxWindow* parent, int countryId, int placeId,
+                                                 const wxString& countryLabel, const wxString& placeLabel,
+                                                 const wxString& suffix, const Items& countries,
+                                                 DetailData* countryDetail, DetailData* placeDetail,
+                                                 wxSizer* sizer)
+    : ChoiceCombination(parent, countryId, countryLabel, suffix,
+                        ChoiceItems(countries, Required(countryDetail)->GetStringValue()), countryDetail,
+                        sizer),
+      m_countries(countries),
+      m_countryDetail(countryDetail),
+      m_placeLabelText(placeLabel),
+      m_placeLabel(new TvStaticText(parent, wxID_ANY, placeLabel, suffix))
+{
+    ValidatedTextCtrlConfig config;
+    config.parent = parent;
+    config.id = placeId;
+    config.size = wxSize(kPlaceWidth, -1);
+    config.detail = Required(placeDetail);
+    m_place = new TvValidatedTextCtrl(config);
+    m_place->Bind(wxEVT_TEXT_ENTER, &CountryPlaceCombination::OnPlace, this);
+    accessibility::SetName(*m_place, i18n::Translated(placeLabel));
+    GetSizer()->Add(m_placeLabel.get(),
+                    wxSizerFlags().Border(wxLEFT | wxRIGHT | wxBOTTOM, kGap).CenterVertical());
+    GetSizer()->Add(m_place.get(), wxSizerFlags().Border(wxBOTTOM, kGap).CenterVertical());
+}
+
+CountryPlaceCombination::~CountryPlaceCombination()
+{
+    if (m_place)
+        m_place->Unbind(wxEVT_TEXT_ENTER, &CountryPlaceCombination::OnPlace, this);
+}
+
+void CountryPlaceCombination::SetCountries(const Items& countries)
+{
+    m_countries = countries;
+    TransferDetailToWindow();
+}
+
+void CountryPlaceCombination::Localize(const std::string& unitSystem)
+{
+    if (GetLabel() != nullptr)
+        GetLabel()->Localize(unitSystem);
+    if (m_placeLabel)
+        m_placeLabel->Localize(unitSystem);
+    if (m_place)
+        accessibility::SetName(*m_place, i18n::Translated(m_placeLabelText));
+}
+
+void CountryPlaceCombination::TransferDetailToWindow()
+{
+    const Items items = ChoiceItems(m_countries, m_countryDetail->GetStringValue());
+    if (GetChoice() != nullptr && GetChoice()->GetItems() != items)
+        SetItems(items);
+    ChoiceCombination::TransferDetailToWindow();
+    if (m_place)
+        m_place->TransferDetailToWindow();
+}
+
+void CountryPlaceCombination::OnPlace(wxCommandEvent&)
+{
+    // The field stores the text and tells the parent itself when that changes the detail.
+    if (m_place->IsModified())
+        m_place->TransferDataFromWindow();
+}
