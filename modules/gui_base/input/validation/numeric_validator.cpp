@@ -8,6 +8,8 @@
 #include <wx/toplevel.h>
 #include <wx/utils.h>
 
+#include <clocale>
+
 namespace {
 
 /// Codes of control characters end here; those of navigation and numeric-pad keys begin there.
@@ -42,12 +44,25 @@ NumericValidator& NumericValidator::operator=(const NumericValidator& other)
 
 numbertext::Separators NumericValidator::LocaleSeparators()
 {
-    numbertext::Separators separators;
-    separators.decimal = wxLocale::GetInfo(wxLOCALE_DECIMAL_POINT, wxLOCALE_CAT_NUMBER).utf8_string();
-    separators.thousands = wxLocale::GetInfo(wxLOCALE_THOUSANDS_SEP, wxLOCALE_CAT_NUMBER).utf8_string();
-    if (separators.decimal.empty())
-        separators.decimal.assign(1, '.');
-    return separators;
+    // A panel formats a hundred numbers at a time: the toolkit is asked only after the C library's locale
+    // changed.
+    struct Cache
+    {
+        std::string decimal;
+        std::string thousands;
+        numbertext::Separators separators;
+    };
+    static Cache cache;
+    const std::lconv* current = std::localeconv();
+    if (cache.decimal == current->decimal_point && cache.thousands == current->thousands_sep)
+        return cache.separators;
+    cache.decimal = current->decimal_point;
+    cache.thousands = current->thousands_sep;
+    cache.separators.decimal = wxLocale::GetInfo(wxLOCALE_DECIMAL_POINT, wxLOCALE_CAT_NUMBER).utf8_string();
+    cache.separators.thousands = wxLocale::GetInfo(wxLOCALE_THOUSANDS_SEP, wxLOCALE_CAT_NUMBER).utf8_string();
+    if (cache.separators.decimal.empty())
+        cache.separators.decimal.assign(1, '.');
+    return cache.separators;
 }
 
 wxString NumericValidator::FormatValueAsString(int extraDigits)
