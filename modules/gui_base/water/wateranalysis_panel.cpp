@@ -14,6 +14,7 @@
 #include "gui_base/support/translation.h"
 #include "gui_base/water/balance_panel.h"
 #include "projectbase/settings/settings.h"
+#include "projectbase/water/composition.h"
 #include "projectbase/water/normalization.h"
 
 #include <wx/bmpbuttn.h>
@@ -203,8 +204,37 @@ void WaterAnalysisPanel::UpdateTempOrigCtrlValidatorLimits()
 void WaterAnalysisPanel::DoTransferDetailsToWindows()
 {
     ModulePanelBase::DoTransferDetailsToWindows();
-    if (m_fields && !m_fields->Numbers().empty())
-        CheckAnalysisType();
+    if (!m_fields || m_fields->Numbers().empty())
+        return;
+    CheckAnalysisType();
+    UpdateToolTips();
+}
+
+void WaterAnalysisPanel::UpdateToolTips()
+{
+    const DetailList& details = *m_liquid.GetDetails();
+    const auto show = [this](const char* key, const wxString& text) {
+        TvTextCtrl* field = FindField(key);
+        if (field->GetToolTipText() != text)
+            field->SetToolTip(text);
+    };
+    const auto number = [](double value) {
+        return wxString::FromUTF8(
+            numbertext::Format(value, {.precision = 4}, NumericValidator::LocaleSeparators()));
+    };
+    const double residue = water::DryResidue(details.At("liquid/tds").GetDoubleValue(),
+                                             details.At("liquid/hco3.mgl").GetDoubleValue());
+    show("liquid/tds",
+         wxString::Format(i18n::Translated("Sum of all constituents; dry residue at 180 %s: %s mg/l"),
+                          wxString::FromUTF8("\u00b0C"), number(residue)));
+    const double error =
+        water::ElectroneutralityError({.cations = details.At("liquid/sum.c.meql").GetDoubleValue(),
+                                       .anions = details.At("liquid/sum.a.meql").GetDoubleValue()});
+    const wxString balance = wxString::Format(
+        i18n::Translated("Balance error: %s %%, the difference of both sums in percent of their total"),
+        number(error));
+    show("liquid/sum.c.meql", balance);
+    show("liquid/sum.a.meql", balance);
 }
 
 void WaterAnalysisPanel::DoSendVisualizeMessageEvent()

@@ -121,6 +121,8 @@ private:
     void EnableRow(wateranalysis::IonGrid::Row& row, bool enable);
     void UpdateTempOrigCtrlValidatorLimits();
     void UpdateIonLimits();
+    /// The dry residue and the balance error stand in the tooltips of the values that they belong to.
+    void UpdateToolTips();
     void ArrangeColumns();
     void UpdateAndSignal();
 

@@ -366,6 +366,22 @@ TEST_F(WaterAnalysisTest, CalculatedCo2FollowsPh)
     EXPECT_EQ(Value("co2.mgl"), 12.0) << "the typed value is back";
 }
 
+TEST_F(WaterAnalysisTest, ToolTipsTellResidueAndBalanceError)
+{
+    Detail("hco3.orig").SetValue(61.02);
+    Detail("na.orig").SetValue(68.97);
+    Open();
+    // 1 meq/l of bicarbonate, 3 of sodium: 100 (3 - 1) / (3 + 1).
+    EXPECT_EQ(Field("sum.a.meql").GetToolTipText(),
+              "Balance error: 50 %, the difference of both sums in percent of their total");
+    const wxString before = Field("tds").GetToolTipText();
+    EXPECT_TRUE(before.Contains("98.974 mg/l")) << before.utf8_string();
+    gui_test::Enter(Field("na.orig"), "22.99");
+    EXPECT_EQ(Field("sum.c.meql").GetToolTipText(),
+              "Balance error: 0 %, the difference of both sums in percent of their total");
+    EXPECT_NE(Field("tds").GetToolTipText(), before);
+}
+
 TEST_F(WaterAnalysisTest, ExceptionsAreLoggedWithTheirPlace)
 {
     Open();
