@@ -19,11 +19,10 @@
 #include "tests/support/gui_test.h"
 #include "tests/support/temp_folder.h"
 
+#include <gmock/gmock.h>
 #include <wx/menu.h>
 #include <wx/msgdlg.h>
 #include <wx/srchctrl.h>
-
-#include <gmock/gmock.h>
 
 #include <cmath>
 #include <cstdlib>
