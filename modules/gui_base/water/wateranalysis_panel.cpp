@@ -207,7 +207,6 @@ void WaterAnalysisPanel::DoTransferDetailsToWindows()
     if (!m_fields || m_fields->Numbers().empty())
         return;
     CheckAnalysisType();
-    UpdateToolTips();
 }
 
 void WaterAnalysisPanel::UpdateToolTips()

@@ -35,6 +35,12 @@ void WaterAnalysisPanel::DoBindEvents()
     }
     m_co2Unit->Bind(tvCHANGE_EVENT, &WaterAnalysisPanel::OnUnitChanged, this);
     m_temperatureUnit->Bind(tvCHANGE_EVENT, &WaterAnalysisPanel::OnTemparatureUnitChanged, this);
+    // Tooltips cost the toolkit more than a calculation: they are made when somebody is about to read them.
+    for (const char* key : {"liquid/tds", "liquid/sum.c.meql", "liquid/sum.a.meql"})
+        FindField(key)->Bind(wxEVT_ENTER_WINDOW, [this](wxMouseEvent& event) {
+            UpdateToolTips();
+            event.Skip();
+        });
     FindField("liquid/h.plus.orig")->Bind(wxEVT_UPDATE_UI, &WaterAnalysisPanel::OnHPlusUpdate, this);
     FindField("liquid/oh.minus.orig")->Bind(wxEVT_UPDATE_UI, &WaterAnalysisPanel::OnOhMinusUpdate, this);
     FindField("liquid/ph")->Bind(wxEVT_UPDATE_UI, &WaterAnalysisPanel::OnPhUpdate, this);
