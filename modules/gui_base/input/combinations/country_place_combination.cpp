@@ -10,7 +10,6 @@
 namespace {
 
 constexpr int kPlaceWidth = 160;
-constexpr int kGap = 3;
 
 DetailData* Required(DetailData* detail)
 {
@@ -74,8 +73,7 @@ void CountryPlaceCombination::SetCountries(const Items& countries)
 
 void CountryPlaceCombination::Localize(const std::string& unitSystem)
 {
-    if (GetLabel() != nullptr)
-        GetLabel()->Localize(unitSystem);
+    ChoiceCombination::Localize(unitSystem);
     if (m_placeLabel)
         m_placeLabel->Localize(unitSystem);
     if (m_place)
