@@ -10,6 +10,7 @@
 namespace {
 
 constexpr int kPlaceWidth = 160;
+constexpr int kPlaceGap = 16;
 
 DetailData* Required(DetailData* detail)
 {
@@ -54,8 +55,8 @@ CountryPlaceCombination::CountryPlaceCombination(wxWindow* parent, int countryId
     m_place = new TvValidatedTextCtrl(config);
     m_place->Bind(wxEVT_TEXT_ENTER, &CountryPlaceCombination::OnPlace, this);
     accessibility::SetName(*m_place, i18n::Translated(placeLabel));
-    GetSizer()->Add(m_placeLabel.get(),
-                    wxSizerFlags().Border(wxLEFT | wxRIGHT | wxBOTTOM, kGap).CenterVertical());
+    GetSizer()->AddSpacer(kPlaceGap);
+    GetSizer()->Add(m_placeLabel.get(), wxSizerFlags().Border(wxRIGHT | wxBOTTOM, kGap).CenterVertical());
     GetSizer()->Add(m_place.get(), wxSizerFlags().Border(wxBOTTOM, kGap).CenterVertical());
 }
 
