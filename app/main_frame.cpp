@@ -10,7 +10,7 @@
 #include "gui_base/input/validation/commit.h"
 #include "gui_base/input/validation/numeric_validator.h"
 #include "gui_base/support/translation.h"
-#include "gui_base/water/wateranalysis_panel.h"
+#include "gui_base/water/feed_water_panel.h"
 #include "projectbase/settings/settings.h"
 #include "tncommon/data_dir.h"
 
@@ -130,7 +130,7 @@ void MainFrame::BuildModules()
                                i18n::Translated(wxString::FromUTF8(entry.text)));
     });
     for (std::size_t i = 0; i < project.GetLiquidCount(); ++i) {
-        auto* panel = new WaterAnalysisPanel(&project, i, m_notebook, wxID_ANY, m_help.get());
+        auto* panel = new FeedWaterPanel(&project, i, m_notebook, wxID_ANY, m_help.get());
         m_panels.push_back(panel);
         m_notebook->AddPage(panel, wxString());
     }

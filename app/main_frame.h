@@ -20,6 +20,7 @@
 #include <vector>
 
 class AuiNotebook;
+class FeedWaterPanel;
 class ModulePanelBase;
 class TvStatusBar;
 class WaterAnalysisPanel;
@@ -64,6 +65,8 @@ private:
     wxMenu* BuildFileMenu();
     wxMenu* BuildEditMenu();
     wxMenu* BuildViewMenu();
+    wxMenu* BuildToolsMenu();
+    void AppendWaterItems(wxMenu& editMenu);
     wxMenu* BuildHelpMenu();
     void FillRecentMenu();
     void BuildModules();
@@ -91,6 +94,11 @@ private:
     bool ConfirmDiscard();
     void PasteColumn();
     void CopyResults();
+    void ShowWaterLibrary();
+    void SaveToWaterLibrary();
+    void CopyWater();
+    void PasteWater();
+    FeedWaterPanel* CurrentWater() const;
     void ShowSettings();
     bool OpenDatabase(const std::string& connection);
     void ShowHelp();

@@ -65,6 +65,7 @@ void MainFrame::BuildMenus()
     bar->Append(BuildFileMenu(), Tr("&File"));
     bar->Append(BuildEditMenu(), Tr("&Edit"));
     bar->Append(BuildViewMenu(), Tr("&View"));
+    bar->Append(BuildToolsMenu(), Tr("&Tools"));
     bar->Append(BuildHelpMenu(), Tr("&Help"));
     wxMenuBar* old = GetMenuBar();
     SetMenuBar(bar);
@@ -106,6 +107,7 @@ wxMenu* MainFrame::BuildEditMenu()
     menu->AppendSeparator();
     Append(*menu, Tr("&Paste column...") + "\tCtrl+Shift+V", [this] { PasteColumn(); });
     Append(*menu, Tr("&Copy results") + "\tCtrl+Shift+C", [this] { CopyResults(); });
+    AppendWaterItems(*menu);
     return menu;
 }
 

@@ -31,12 +31,26 @@ std::optional<std::string> DetailKey(const std::string& column)
     return std::nullopt;
 }
 
+/// Columns that say where the water comes from, and their details.
+const std::map<std::string, std::string>& OriginColumns()
+{
+    static const std::map<std::string, std::string> columns{{"country", "liquid/country"},
+                                                            {"place", "liquid/place"},
+                                                            {"water_source", "liquid/water.source"},
+                                                            {"water_type", "liquid/water.type"},
+                                                            {"sampling_date", "liquid/sampling.date"},
+                                                            {"source", "liquid/comments"}};
+    return columns;
+}
+
 WaterTemplate MakeTemplate(const delimited::Row& heads, const delimited::Row& cells)
 {
     WaterTemplate water;
     const std::map<std::string, std::string*> texts{
         {"id", &water.id}, {"name", &water.name}, {"kind", &water.kind}, {"source", &water.source}};
     for (std::size_t i = 0; i < heads.size() && i < cells.size(); ++i) {
+        if (const auto origin = OriginColumns().find(heads[i]); origin != OriginColumns().end())
+            water.texts.emplace_back(origin->second, cells[i]);
         if (const auto text = texts.find(heads[i]); text != texts.end()) {
             *text->second = cells[i];
             continue;
@@ -84,6 +98,8 @@ std::unique_ptr<Project> NewProjectFrom(const WaterTemplate& water)
     liquid.SetName(water.name);
     for (const auto& [key, value] : water.values)
         liquid.GetDetails()->At(key).SetValue(value);
+    for (const auto& [key, text] : water.texts)
+        liquid.GetDetails()->At(key).SetValue(text);
     if (DetailData* title = project->GetDetails().GetDetail("project/title"))
         title->SetValue(water.name);
     if (DetailData* comments = project->GetDetails().GetDetail("project/comments"))

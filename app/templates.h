@@ -20,6 +20,8 @@ struct WaterTemplate
     std::string source;
     /// Detail key and value of what the analysis states, in mg/l, °C or as the key says.
     std::vector<std::pair<std::string, double>> values;
+    /// Detail key and text of where the water comes from.
+    std::vector<std::pair<std::string, std::string>> texts;
 };
 
 /// The templates of the data folder; empty when it lacks them. Read once.

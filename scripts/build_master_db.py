@@ -2,9 +2,9 @@
 # SPDX-License-Identifier: MIT
 """Builds the master database that the program reads at run time.
 
-build_master_db.py OUTPUT CSV_DIR [--iso-codes DIR] [--locales DIR]
+build_master_db.py OUTPUT CSV_DIR --waters FILE [--iso-codes DIR] [--locales DIR]
 
-CSV_DIR holds details.csv, ions.csv and elements.csv. Countries and currencies come from the iso-codes package: their
+CSV_DIR holds details.csv, ions.csv, elements.csv and water_types.csv; FILE the waters of the library. Countries and currencies come from the iso-codes package: their
 codes from its JSON files, their translated names from its message catalogues. The output is replaced as a whole or
 not at all, and equal inputs give equal bytes.
 """
@@ -20,9 +20,16 @@ import tempfile
 from pathlib import Path
 
 APPLICATION_ID = 0x54564D44  # "TVMD"
-SCHEMA_VERSION = 2
+SCHEMA_VERSION = 3
 ROLES = {"input", "derived"}
 TYPES = {"double", "long", "bool", "date", "string"}
+# Columns of the waters that are details by another name; a column that bears the name of an ion is its amount in mg/l.
+WATER_COLUMNS = {
+    "temperature_c": "liquid/temp.orig", "ph": "liquid/ph", "country": "liquid/country", "place": "liquid/place",
+    "water_source": "liquid/water.source", "water_type": "liquid/water.type",
+    "sampling_date": "liquid/sampling.date", "source": "liquid/comments",
+}
+NO_COUNTRY = "International"
 # Which rows of ions.csv a placeholder in a detail's key stands for.
 KEY_PLACEHOLDERS = {
     "{ion}": {"cation", "anion"},
@@ -47,6 +54,15 @@ CREATE TABLE country_name (code TEXT NOT NULL, language TEXT NOT NULL, name TEXT
 CREATE TABLE currency (id INTEGER PRIMARY KEY, code TEXT NOT NULL UNIQUE, name TEXT NOT NULL);
 CREATE TABLE currency_name (code TEXT NOT NULL, language TEXT NOT NULL, name TEXT NOT NULL,
     PRIMARY KEY (language, code)) WITHOUT ROWID;
+CREATE TABLE water_type (id INTEGER PRIMARY KEY, code TEXT NOT NULL UNIQUE, description TEXT NOT NULL);
+-- Categories and countries take their identifiers from one row of numbers: a query names either kind by number alone.
+CREATE TABLE water_category (id INTEGER PRIMARY KEY, name TEXT NOT NULL UNIQUE, position INTEGER NOT NULL);
+CREATE TABLE water_country (id INTEGER PRIMARY KEY, category_id INTEGER NOT NULL, name TEXT NOT NULL,
+    UNIQUE (category_id, name));
+CREATE TABLE water (id INTEGER PRIMARY KEY, country_id INTEGER NOT NULL, place TEXT NOT NULL, source TEXT NOT NULL);
+CREATE INDEX water_of_country ON water (country_id);
+CREATE TABLE water_value (water_id INTEGER NOT NULL, name TEXT NOT NULL, value TEXT NOT NULL, unit TEXT NOT NULL,
+    PRIMARY KEY (water_id, name)) WITHOUT ROWID;
 """
 
 
@@ -146,6 +162,68 @@ def fill_iso_codes(db, table, entries, locales, domain):
                 db.execute(f"INSERT INTO {table}_name VALUES (?,?,?)", (entry["code"], language, name))
 
 
+def fill_water_types(db, csv_dir):
+    for identifier, (_, row) in enumerate(read_csv(csv_dir / "water_types.csv", ("code", "description")), start=1):
+        db.execute("INSERT INTO water_type VALUES (?,?,?)", (identifier, row["code"], row["description"]))
+
+
+def scientific(value):
+    """A number as the program writes it: 15 digits, an exponent of three."""
+    mantissa, exponent = f"{value:.14E}".split("E")
+    return f"{mantissa}E{exponent[0]}{exponent[1:].zfill(3)}"
+
+
+def water_values(db, row, ion_keys, where):
+    """Key, value and unit of each stored detail. The stored water is a whole one: what the analysis does not state has
+    the default of the catalogue, zeros and empty texts are left out, a number that is not known has an empty text."""
+    stated = {}
+    for column, text in row.items():
+        if column in WATER_COLUMNS:
+            stated[WATER_COLUMNS[column]] = text
+        elif column in ion_keys:
+            stated[f"liquid/{column}.orig"] = text
+    details = db.execute("SELECT name, type, unit, default_value FROM detail "
+                         "WHERE grp = 'liquid' AND variant = 'BASE' AND NOT derived ORDER BY name").fetchall()
+    units = {name: default for name, _, _, default in details if name.endswith(".unit")}
+    for name, kind, unit, default in details:
+        text = stated.pop(name, "") or default
+        if kind == "double":
+            value = number(text, where)
+            if value == 0:
+                continue
+            text = "" if value is None else scientific(value)
+        elif text in ("", "false"):
+            continue
+        if name.endswith(".orig"):
+            unit = units[name.removesuffix("orig") + "unit"]
+        yield name, text, unit
+    if stated:
+        sys.exit(f"{where}: the catalogue lacks {sorted(stated)}")
+
+
+def fill_waters(db, path, ions):
+    rows = list(read_csv(path, ("id", "category", "kind", *WATER_COLUMNS)))
+    country_names = dict(db.execute("SELECT code, name FROM country"))
+    categories = list(dict.fromkeys(row["category"] for _, row in rows))
+    for identifier, name in enumerate(categories, start=1):
+        db.execute("INSERT INTO water_category VALUES (?,?,?)", (identifier, name, identifier))
+    countries = {}
+    for identifier, (where, row) in enumerate(rows, start=1):
+        if row["country"] and row["country"] not in country_names:
+            sys.exit(f"{where}: no country '{row['country']}'")
+        if row["water_type"] and not db.execute("SELECT 1 FROM water_type WHERE code = ?",
+                                                (row["water_type"],)).fetchone():
+            sys.exit(f"{where}: no water type '{row['water_type']}'")
+        key = (categories.index(row["category"]) + 1, country_names.get(row["country"], NO_COUNTRY))
+        if key not in countries:
+            countries[key] = len(categories) + len(countries) + 1
+            db.execute("INSERT INTO water_country VALUES (?,?,?)", (countries[key], *key))
+        db.execute("INSERT INTO water VALUES (?,?,?,?)",
+                   (identifier, countries[key], row["place"], row["water_source"]))
+        db.executemany("INSERT INTO water_value VALUES (?,?,?,?)",
+                       [(identifier, *value) for value in water_values(db, row, {ion["key"] for ion in ions}, where)])
+
+
 def build(path, arguments):
     db = sqlite3.connect(path)
     db.execute(f"PRAGMA application_id = {APPLICATION_ID}")
@@ -161,6 +239,8 @@ def build(path, arguments):
         for entry in entries:
             entry["code"] = entry[code]
         fill_iso_codes(db, table, entries, arguments.locales, domain)
+    fill_water_types(db, arguments.csv_dir)
+    fill_waters(db, arguments.waters, ions)
     db.commit()
     db.execute("VACUUM")
     db.close()
@@ -170,6 +250,7 @@ def main():
     parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
     parser.add_argument("output", type=Path)
     parser.add_argument("csv_dir", type=Path)
+    parser.add_argument("--waters", type=Path, required=True)
     parser.add_argument("--iso-codes", type=Path, default=Path("/usr/share/iso-codes/json"))
     parser.add_argument("--locales", type=Path, default=Path("/usr/share/locale"))
     arguments = parser.parse_args()

@@ -67,4 +67,47 @@ struct Currency
     std::string name;
 };
 
+/// What a water is: the code is stored with it, the description (English) is shown.
+struct WaterType
+{
+    int id = -1;
+    std::string code;
+    std::string description;
+};
+
+/// A node of the water library. Categories and countries of one database take their identifiers from one row
+/// of numbers, so that a query can name nodes of either kind by number alone.
+struct WaterLibCategory
+{
+    int id = -1;
+    std::string name;  ///< English
+    int position = 0;  ///< its place among the categories
+};
+
+struct WaterLibCountry
+{
+    int id = -1;
+    int categoryId = -1;
+    std::string name;    ///< English; empty for waters whose country is not stated
+    int waterCount = 0;  ///< how many waters it holds
+};
+
+struct WaterLibWater
+{
+    int id = -1;
+    int countryId = -1;
+    std::string country;
+    std::string place;
+    std::string source;
+    int user = 0;  ///< 1: it comes from the user's database
+};
+
+/// One stored value of a water.
+struct WaterLibAttr
+{
+    std::string key;    ///< of the detail
+    std::string value;  ///< as DetailData writes it; empty where the value is not known
+    std::string unit;   ///< in which it was typed
+};
+
 }  // namespace DBObjects

@@ -3,6 +3,7 @@
 
 #include "dbinterfaces/database_error.h"
 #include "dbinterfaces/sqlite_connection.h"
+#include "dbinterfaces/water_queries.h"
 #include "tncommon/data_dir.h"
 
 #include <fmt/format.h>
@@ -13,8 +14,9 @@
 
 namespace {
 
+constexpr water_queries::Tables kMasterWaters{"", 0};
 constexpr int kApplicationId = 0x54564D44;  // "TVMD", as the build script writes it
-constexpr int kSchemaVersion = 2;
+constexpr int kSchemaVersion = 3;
 
 struct State
 {
@@ -211,5 +213,58 @@ std::vector<DBObjects::Currency> MasterDatabase::GetCurrencies(const std::string
 {
     return Run("GetCurrencies", [&](soci::session& session) {
         return ReadNamed<DBObjects::Currency>(session, "currency", language, "%");
+    });
+}
+
+std::vector<DBObjects::WaterType> MasterDatabase::GetWaterTypes()
+{
+    return Run("GetWaterTypes", [](soci::session& session) {
+        std::vector<DBObjects::WaterType> types;
+        DBObjects::WaterType row;
+        soci::statement statement =
+            (session.prepare << "SELECT id, code, description FROM water_type ORDER BY id",
+             soci::into(row.id), soci::into(row.code), soci::into(row.description));
+        statement.execute();
+        while (statement.fetch())
+            types.push_back(row);
+        return types;
+    });
+}
+
+std::string MasterDatabase::GetWaterTypeDescription(const std::string& code)
+{
+    return Run("GetWaterTypeDescription", [&code](soci::session& session) {
+        std::string description;
+        session << "SELECT description FROM water_type WHERE code = :code", soci::use(code),
+            soci::into(description);
+        return session.got_data() ? description : std::string();
+    });
+}
+
+std::vector<DBObjects::WaterLibCategory> MasterDatabase::WaterLib_GetCategories()
+{
+    return Run("WaterLib_GetCategories",
+               [](soci::session& session) { return water_queries::Categories(session, kMasterWaters); });
+}
+
+std::vector<DBObjects::WaterLibCountry> MasterDatabase::WaterLib_GetCountries(int categoryId)
+{
+    return Run("WaterLib_GetCountries", [categoryId](soci::session& session) {
+        return water_queries::Countries(session, kMasterWaters, categoryId);
+    });
+}
+
+std::vector<DBObjects::WaterLibWater> MasterDatabase::WaterLib_GetWatersByCriteria(
+    const std::vector<int>& nodeIds)
+{
+    return Run("WaterLib_GetWatersByCriteria", [&nodeIds](soci::session& session) {
+        return water_queries::WatersOfNodes(session, kMasterWaters, nodeIds);
+    });
+}
+
+std::vector<DBObjects::WaterLibAttr> MasterDatabase::WaterLib_GetAnalysisById(int waterId)
+{
+    return Run("WaterLib_GetAnalysisById", [waterId](soci::session& session) {
+        return water_queries::Analysis(session, kMasterWaters, waterId);
     });
 }

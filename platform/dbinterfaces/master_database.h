@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-/// The read-only master data that come with the program: the catalogue of details, ions, elements, countries
-/// and currencies. The file is opened on first use. All calls may come from any thread; they throw
-/// DatabaseError when the file is missing, damaged or of another schema.
+/// The read-only master data that come with the program: the catalogue of details, ions, elements, countries,
+/// currencies and a library of waters. The file is opened on first use. All calls may come from any thread;
+/// they throw DatabaseError when the file is missing, damaged or of another schema.
 
 #include "dbinterfaces/db_objects.h"
 #include "dbinterfaces/dbinterfaces_export.h"
@@ -44,4 +44,19 @@ public:
     /// All currencies with their names in `language`, or in English where it has none, in the order of their
     /// codes.
     static std::vector<DBObjects::Currency> GetCurrencies(const std::string& language = {});
+
+    /// The kinds of waters in the order in which they are offered.
+    static std::vector<DBObjects::WaterType> GetWaterTypes();
+    /// Description of the water type with that code; empty when there is none.
+    static std::string GetWaterTypeDescription(const std::string& code);
+
+    /// Categories in their order, countries of a category by name.
+    static std::vector<DBObjects::WaterLibCategory> WaterLib_GetCategories();
+    static std::vector<DBObjects::WaterLibCountry> WaterLib_GetCountries(int categoryId);
+    /// The waters of all those countries and of all countries of those categories, each once, by country,
+    /// place and source.
+    static std::vector<DBObjects::WaterLibWater> WaterLib_GetWatersByCriteria(
+        const std::vector<int>& nodeIds);
+    /// The values of a water by key; see ProjectDatabase::WaterLib_GetUserAnalysisById.
+    static std::vector<DBObjects::WaterLibAttr> WaterLib_GetAnalysisById(int waterId);
 };

@@ -1,52 +1,21 @@
 // SPDX-License-Identifier: MIT
 #include "dbinterfaces/project_database.h"
 
-#include "dbinterfaces/connection.h"
 #include "dbinterfaces/user_schema.h"
+#include "dbinterfaces/user_session.h"
 
 #include <fmt/format.h>
 
-#include <mutex>
 #include <optional>
-#include <pwd.h>
-#include <unistd.h>
 
 namespace {
 
-struct State
-{
-    std::mutex mutex;
-    std::chrono::milliseconds busyTimeout{5000};
-    ConnectionTarget target;
-    std::string owner;
-    std::unique_ptr<soci::session> session;
-};
+using user_session::Run;
+using State = user_session::Session;
 
 State& GetState()
 {
-    static State state;
-    return state;
-}
-
-std::string LoginName()
-{
-    const passwd* entry = getpwuid(getuid());
-    return entry != nullptr ? entry->pw_name : std::to_string(getuid());
-}
-
-void OpenLocked(State& state, const std::string& connectionText)
-{
-    ConnectionTarget target = ParseConnectionText(connectionText);
-    try {
-        auto session = Connect(target, state.busyTimeout);
-        EnsureUserSchema(*session, target.backend);
-        state.session = std::move(session);
-    } catch (const std::exception& error) {
-        throw Classify(error, target.shown);
-    }
-    // A file belongs to one user, who may be renamed; only a server's database is shared by several.
-    state.owner = target.backend == Backend::PostgreSql ? LoginName() : std::string();
-    state.target = std::move(target);
+    return user_session::Get();
 }
 
 std::optional<std::string> SelectParameter(soci::session& session, const std::string& owner,
@@ -83,40 +52,11 @@ auto RunLocally(const char* method, Query query)
     }
 }
 
-/// Runs `query(session, owner)` under the lock, opening the default database if none is open. A server that
-/// dropped the connection is asked once more: every query here gives the same result when it runs twice.
-template <typename Query>
-auto Run(const char* method, Query query)
-{
-    State& state = GetState();
-    const std::lock_guard lock(state.mutex);
-    try {
-        if (!state.session)
-            OpenLocked(state, {});
-        try {
-            return query(*state.session, state.owner);
-        } catch (const std::exception& error) {
-            if (state.target.backend != Backend::PostgreSql || state.session->is_connected())
-                throw Classify(error, state.target.shown);
-        }
-        state.session = Connect(state.target, state.busyTimeout);
-        return query(*state.session, state.owner);
-    } catch (const std::exception& error) {
-        throw Classify(error, fmt::format("ProjectDatabase::{}", method));
-    }
-}
-
 std::optional<std::string> Find(const char* method, const std::string& key)
 {
-    return Run(
-        method, [&key](soci::session& session, const std::string& owner) -> std::optional<std::string> {
-            std::string value;
-            session
-                << "SELECT value FROM tarnvik_user_parameter WHERE name = :name AND owner IN (:owner, '') "
-                   "ORDER BY owner DESC LIMIT 1",
-                soci::use(key), soci::use(owner), soci::into(value);
-            return session.got_data() ? std::optional(value) : std::nullopt;
-        });
+    return Run(method, [&key](soci::session& session, const std::string& owner) {
+        return SelectParameter(session, owner, key);
+    });
 }
 
 }  // namespace
@@ -126,7 +66,7 @@ void ProjectDatabase::Open(const std::string& connectionText)
     State& state = GetState();
     const std::lock_guard lock(state.mutex);
     try {
-        OpenLocked(state, connectionText);
+        user_session::OpenLocked(state, connectionText);
     } catch (const std::exception& error) {
         throw Classify(error, "ProjectDatabase::Open");
     }
@@ -142,6 +82,7 @@ void ProjectDatabase::Close()
     State& state = GetState();
     const std::lock_guard lock(state.mutex);
     state.session.reset();
+    state.connectionText.clear();
 }
 
 bool ProjectDatabase::IsOpen()

@@ -6,12 +6,17 @@
 ///
 /// The database that was opened last is used by the whole process; without an Open, the first call opens the
 /// default one. All calls may come from any thread and throw DatabaseError, whose text names the method and
-/// the cause. Several programs may use the same database: a call waits for others up to the busy timeout.
+/// the cause. Several programs may use the same database: a call waits for others up to the busy timeout. A
+/// file that was removed while it was in use is reported by the next call; the one after that makes a new
+/// one.
 
+#include "dbinterfaces/db_objects.h"
 #include "dbinterfaces/dbinterfaces_export.h"
 
 #include <chrono>
+#include <mutex>
 #include <string>
+#include <vector>
 
 class DBINTERFACES_EXPORT ProjectDatabase
 {
@@ -48,4 +53,64 @@ public:
 
     /// Removes a parameter of this user; nothing happens when there is none.
     static void RemoveUserParameter(const std::string& key);
+
+    /// What is written during its life is written as a whole or, without a Commit, not at all. Other threads
+    /// wait for its end, and so do other programs that begin one of their own: what it reads stays true until
+    /// then. A Transaction inside another one is part of it. A connection that is lost meanwhile ends it; the
+    /// calls then throw.
+    class DBINTERFACES_EXPORT Transaction
+    {
+    public:
+        Transaction();
+        ~Transaction();
+        Transaction(const Transaction&) = delete;
+        Transaction& operator=(const Transaction&) = delete;
+        void Commit();
+
+    private:
+        std::unique_lock<std::recursive_mutex> m_lock;
+        bool m_outermost = false;
+        bool m_open = true;
+    };
+
+    // The library of waters. Countries are named in English, in whatever language they are shown.
+
+    static std::vector<DBObjects::WaterLibCategory> WaterLib_GetUserCategories();
+    static std::vector<DBObjects::WaterLibCountry> WaterLib_GetUserCountries(int categoryId);
+    /// The waters of all those countries and of all countries of those categories, each once, by country,
+    /// place and source.
+    static std::vector<DBObjects::WaterLibWater> WaterLib_GetUserWatersByCriteria(
+        const std::vector<int>& nodeIds);
+    /// The stored values of a water by key; empty for a water that is not there. A value of 0 is not stored:
+    /// apply them to a water whose values were cleared. An empty text means that a number is not known, which
+    /// is neither 0 nor the default.
+    static std::vector<DBObjects::WaterLibAttr> WaterLib_GetUserAnalysisById(int waterId);
+
+    /// The country of that name; identifier -1 where there is none.
+    static DBObjects::WaterLibCountry WaterLib_GetUserCountry(const std::string& name);
+    /// Waters of exactly that place and source, other than the water `exceptId` (-1: all), by identifier.
+    static std::vector<DBObjects::WaterLibWater> WaterLib_GetUserWatersByValues(int countryId,
+                                                                                const std::string& place,
+                                                                                const std::string& source,
+                                                                                int exceptId);
+
+    /// An identifier that no other call gets, whoever makes it. Those of countries are also no category's.
+    static int GetNextWaterLibCountryId();
+    static int GetNextWaterLibWatersId();
+
+    /// Stores a country or renames the one of that identifier; false when another one has the name already.
+    static bool WaterLib_SaveUserCountry(int id, const std::string& name);
+    /// Stores a water or moves the one of that identifier; false when there is no such country.
+    static bool WaterLib_SaveUserWater(int id, int countryId, const std::string& place,
+                                       const std::string& source);
+    /// Stores one value, in the place of the one with that key; false when there is no such water. `group` is
+    /// that of the catalogue.
+    static bool WaterLib_SaveUserLiquidDetail(int waterId, const std::string& key, const std::string& value,
+                                              const std::string& unit, const std::string& label,
+                                              const std::string& group);
+    /// Removes all values of a water, which stays.
+    static void WaterLib_DeleteUserLiquidDetails(int waterId);
+    /// Removes a water with its values, or a country with its waters; false when it is not there.
+    static bool WaterLib_DeleteUserWater(int id);
+    static bool WaterLib_DeleteUserCountry(int id);
 };

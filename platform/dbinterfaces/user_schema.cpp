@@ -29,6 +29,23 @@ const std::array<Statements, kUserSchemaVersion> kMigrations{
         "DROP TABLE tarnvik_user_parameter",
         "ALTER TABLE tarnvik_user_parameter_2 RENAME TO tarnvik_user_parameter",
     },
+    // Categories and countries share one counter. Texts may be of any length, which an index of the server
+    // may not: it holds the beginnings of places.
+    Statements{
+        "CREATE TABLE tarnvik_counter (name TEXT PRIMARY KEY, last_id INTEGER NOT NULL)",
+        "INSERT INTO tarnvik_counter (name, last_id) VALUES ('water.node', 1), ('water', 0)",
+        "CREATE TABLE tarnvik_water_category (id INTEGER PRIMARY KEY, name TEXT NOT NULL UNIQUE, "
+        "position INTEGER NOT NULL)",
+        "INSERT INTO tarnvik_water_category (id, name, position) VALUES (1, 'User waters', 1)",
+        "CREATE TABLE tarnvik_water_country (id INTEGER PRIMARY KEY, category_id INTEGER NOT NULL, "
+        "name TEXT NOT NULL, UNIQUE (category_id, name))",
+        "CREATE TABLE tarnvik_water (id INTEGER PRIMARY KEY, country_id INTEGER NOT NULL, "
+        "place TEXT NOT NULL, source TEXT NOT NULL)",
+        "CREATE INDEX tarnvik_water_of_country ON tarnvik_water (country_id, substr(place, 1, 64))",
+        "CREATE TABLE tarnvik_water_value (water_id INTEGER NOT NULL, name TEXT NOT NULL, "
+        "value TEXT NOT NULL, unit TEXT NOT NULL, label TEXT NOT NULL, grp TEXT NOT NULL, "
+        "PRIMARY KEY (water_id, name))",
+    },
 };
 
 int Count(soci::session& session, const std::string& query)

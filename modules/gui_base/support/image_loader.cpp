@@ -19,9 +19,15 @@ const wxString& ArchiveName()
     return name;
 }
 
+/// Pictures are kept once, whatever size their name asks for: "icons/i16/delete.png" is "icons/delete.png".
 wxString EntryName(const wxString& name)
 {
-    return name.StartsWith("/") ? name.Mid(1) : name;
+    wxString entry = name.StartsWith("/") ? name.Mid(1) : name;
+    const wxString folder = entry.BeforeLast('/');
+    long size = 0;
+    if (folder.StartsWith("icons/i") && folder.Mid(7).ToCLong(&size))
+        entry = "icons/" + entry.AfterLast('/');
+    return entry;
 }
 
 /// The bytes of an archive entry, empty when there is none. Image handlers look at a stream more than once,

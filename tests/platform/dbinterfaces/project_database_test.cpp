@@ -4,6 +4,7 @@
 #include "dbinterfaces/database_error.h"
 #include "tests/support/postgres_server.h"
 #include "tests/support/temp_folder.h"
+#include "tests/support/user_database_fixture.h"
 
 #include <gtest/gtest.h>
 #include <soci/postgresql/soci-postgresql.h>
@@ -19,66 +20,13 @@
 namespace {
 
 using Kind = DatabaseError::Kind;
+using support::ErrorOf;
 
-/// Every test runs on both kinds of database, each time on a fresh one.
-class UserDatabase : public testing::TestWithParam<const char*>
-{
-protected:
-    void SetUp() override
-    {
-        if (!IsSqlite())
-            Sql("SET client_min_messages = warning; DROP SCHEMA public CASCADE; CREATE SCHEMA public");
-        ProjectDatabase::SetBusyTimeout(std::chrono::milliseconds(5000));
-    }
-    void TearDown() override { ProjectDatabase::Close(); }
-
-    bool IsSqlite() const { return std::string(GetParam()) == "sqlite"; }
-    std::string File() const { return (m_folder / "sub" / "user.db").string(); }
-    std::string Text() const
-    {
-        return IsSqlite() ? "sqlite3://" + File() : support::PostgresConnectionText();
-    }
-
-    /// A connection past the facade.
-    std::unique_ptr<soci::session> Raw() const
-    {
-        if (!IsSqlite())
-            return std::make_unique<soci::session>(*soci::factory_postgresql(), Text().substr(13));
-        std::filesystem::create_directories(std::filesystem::path(File()).parent_path());
-        return std::make_unique<soci::session>(*soci::factory_sqlite3(), "dbname=\"" + File() + "\"");
-    }
-    void Sql(const std::string& statement) const { *Raw() << statement; }
-    int Number(const std::string& query) const
-    {
-        int value = -1;
-        *Raw() << query, soci::into(value);
-        return value;
-    }
-    void MakeVersion1() const
-    {
-        Sql("CREATE TABLE tarnvik_schema (version INTEGER NOT NULL)");
-        Sql("INSERT INTO tarnvik_schema (version) VALUES (1)");
-        Sql("CREATE TABLE tarnvik_user_parameter (name TEXT PRIMARY KEY, value TEXT NOT NULL)");
-        Sql("INSERT INTO tarnvik_user_parameter (name, value) VALUES ('proxy.use', 'true')");
-        Sql("INSERT INTO tarnvik_user_parameter (name, value) VALUES ('language', 'de')");
-    }
-
-private:
-    support::TempFolder m_folder;
-};
+class UserDatabase : public support::UserDatabaseTest
+{};
 
 INSTANTIATE_TEST_SUITE_P(Backends, UserDatabase, testing::Values("sqlite", "postgresql"),
                          [](const auto& backend) { return std::string(backend.param); });
-
-std::optional<DatabaseError> ErrorOf(const std::function<void()>& call)
-{
-    try {
-        call();
-        return std::nullopt;
-    } catch (const DatabaseError& error) {
-        return error;
-    }
-}
 
 TEST_P(UserDatabase, KeepsParametersOverAReopening)
 {
@@ -118,7 +66,8 @@ TEST_P(UserDatabase, MigratesAnOlderVersion)
     ProjectDatabase::Open(Text());
     EXPECT_TRUE(ProjectDatabase::GetUserParameter("proxy.use", false));
     EXPECT_EQ(ProjectDatabase::GetUserParameter("language"), "de");
-    EXPECT_EQ(Number("SELECT version FROM tarnvik_schema"), 2);
+    EXPECT_EQ(Number("SELECT version FROM tarnvik_schema"), 3);
+    EXPECT_EQ(Number("SELECT count(*) FROM tarnvik_water_category"), 1);
 
     // What one user sets afterwards does not change what everybody else finds on a server.
     ProjectDatabase::SetUserParameter("language", "en");

@@ -69,9 +69,9 @@ public:
         const DetailData* detail;
     };
     /// The violations of the bindings, in the order of the bindings.
-    std::vector<RangeViolation> GetRangeViolations() const;
+    virtual std::vector<RangeViolation> GetRangeViolations() const;
     /// Puts the focus into the field bound to that detail; false when there is none that can take it.
-    bool FocusDetail(const std::string& key);
+    virtual bool FocusDetail(const std::string& key);
 
 protected:
     virtual void DoTransferDetailsToWindows();

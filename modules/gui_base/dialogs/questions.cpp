@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: MIT
+#include "gui_base/dialogs/questions.h"
+
+#include "gui_base/support/translation.h"
+
+#include <wx/app.h>
+#include <wx/msgdlg.h>
+
+namespace dialogs {
+
+int AskYesNo(wxWindow* parent, const wxString& question, const wxString& title, long icon,
+             const wxString& explanation)
+{
+    wxMessageDialog dialog(parent, question, title, wxYES_NO | wxNO_DEFAULT | wxCENTRE | icon);
+    dialog.SetYesNoLabels(i18n::Translated("&Yes"), i18n::Translated("&No"));
+    if (!explanation.empty())
+        dialog.SetExtendedMessage(explanation);
+    return dialog.ShowModal();
+}
+
+void ShowMessage(wxWindow* parent, const wxString& message, const wxString& title, long icon)
+{
+    wxMessageDialog dialog(parent, message, title, wxOK | wxCENTRE | icon);
+    dialog.SetOKLabel(i18n::Translated("OK"));
+    dialog.ShowModal();
+}
+
+wxWindow* DefaultParent()
+{
+    if (wxWindow* active = wxGetActiveWindow())
+        return wxGetTopLevelParent(active);
+    return wxTheApp != nullptr ? wxTheApp->GetTopWindow() : nullptr;
+}
+
+}  // namespace dialogs

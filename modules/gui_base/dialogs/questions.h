@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "gui_base/gui_base_export.h"
+
+#include <wx/string.h>
+#include <wx/window.h>
+
+namespace dialogs {
+
+/// Asks a question that is answered by yes or no, "no" by default. The texts are shown as they are. Returns
+/// wxID_YES or wxID_NO, or another identifier when the question was closed without an answer.
+GUI_BASE_EXPORT int AskYesNo(wxWindow* parent, const wxString& question, const wxString& title, long icon,
+                             const wxString& explanation = {});
+
+/// Shows a message with an OK button.
+GUI_BASE_EXPORT void ShowMessage(wxWindow* parent, const wxString& message, const wxString& title, long icon);
+
+/// What a message belongs to when nobody says so: the active window, or the main one.
+GUI_BASE_EXPORT wxWindow* DefaultParent();
+
+}  // namespace dialogs

@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+/// The one connection to the user database that a process has, and how the facade's calls run on it. Internal
+/// to this library.
+
+#include "dbinterfaces/connection.h"
+
+#include <fmt/format.h>
+
+#include <cstdint>
+#include <mutex>
+#include <string>
+#include <utility>
+
+namespace user_session {
+
+struct Session
+{
+    std::recursive_mutex mutex;
+    std::chrono::milliseconds busyTimeout{5000};
+    std::string connectionText;  ///< of the database that was opened last
+    ConnectionTarget target;
+    std::string owner;
+    std::unique_ptr<soci::session> session;
+    std::pair<std::uintmax_t, std::uintmax_t> file;  ///< device and inode, SQLite only
+    bool inTransaction = false;
+};
+
+Session& Get();
+
+/// Opens the database; when this fails, the one that was open stays open. The lock is held. Throws
+/// DatabaseError.
+void OpenLocked(Session& state, const std::string& connectionText);
+
+/// Opens the database if none is open. SQLite goes on writing into a file that was removed, where nobody will
+/// ever find it: such a session is given up with a DatabaseError.
+void RequireOpen(Session& state);
+
+/// Runs `query(session, owner)` under the lock. A server that dropped the connection is asked once more,
+/// outside of a transaction: every query gives the same result when it runs twice. Whatever goes wrong is
+/// reported under the method's name.
+template <typename Query>
+auto Run(const char* method, Query query)
+{
+    Session& state = Get();
+    const std::lock_guard lock(state.mutex);
+    try {
+        RequireOpen(state);
+        try {
+            return query(*state.session, state.owner);
+        } catch (const std::exception& error) {
+            if (state.inTransaction || state.target.backend != Backend::PostgreSql ||
+                state.session->is_connected())
+                throw Classify(error, state.target.shown);
+        }
+        state.session = Connect(state.target, state.busyTimeout);
+        return query(*state.session, state.owner);
+    } catch (const std::exception& error) {
+        throw Classify(error, fmt::format("ProjectDatabase::{}", method));
+    }
+}
+
+}  // namespace user_session

@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: MIT
+#include "projectbase/feed/feed_quantities.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+constexpr double kUnknown = std::numeric_limits<double>::quiet_NaN();
+
+double Quotient(double volume, double divisor)
+{
+    return divisor != 0.0 ? volume / divisor : kUnknown;
+}
+
+}  // namespace
+
+FeedQuantities::FeedQuantities()
+{
+    m_values.fill(kUnknown);
+}
+
+void FeedQuantities::Edit(Quantity quantity, double value)
+{
+    m_values[quantity] = value;
+    const auto place = std::find(m_order.begin(), m_order.end(), quantity);
+    if (std::isnan(value)) {
+        std::rotate(place, place + 1, m_order.end());
+        return;
+    }
+    std::rotate(m_order.begin(), place, place + 1);
+    const Quantity recent = m_order[1];
+    const Quantity oldest = m_order[2];
+    if (!std::isnan(m_values[recent]))
+        Follow(oldest);
+    else if (!std::isnan(m_values[oldest]))
+        Follow(recent);
+}
+
+void FeedQuantities::Follow(Quantity follower)
+{
+    double& value = m_values[follower];
+    if (follower == Volume)
+        value = m_values[Flow] * m_values[Time];
+    else
+        value = Quotient(m_values[Volume], m_values[follower == Flow ? Time : Flow]);
+    if (!std::isfinite(value))
+        value = kUnknown;
+}

@@ -1,0 +1,94 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+/// What tests of the user database share: each runs on both kinds of database, each time on a fresh one.
+
+#include "dbinterfaces/database_error.h"
+#include "dbinterfaces/project_database.h"
+#include "tests/support/postgres_server.h"
+#include "tests/support/temp_folder.h"
+
+#include <gtest/gtest.h>
+#include <soci/postgresql/soci-postgresql.h>
+#include <soci/soci.h>
+#include <soci/sqlite3/soci-sqlite3.h>
+
+#include <chrono>
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+
+namespace support {
+
+/// The parameter is "sqlite" or "postgresql".
+class UserDatabaseTest : public testing::TestWithParam<const char*>
+{
+protected:
+    void SetUp() override
+    {
+        if (!IsSqlite())
+            Sql("SET client_min_messages = warning; DROP SCHEMA public CASCADE; CREATE SCHEMA public");
+        ProjectDatabase::SetBusyTimeout(std::chrono::milliseconds(5000));
+    }
+    void TearDown() override { ProjectDatabase::Close(); }
+
+    bool IsSqlite() const { return std::string(GetParam()) == "sqlite"; }
+    std::string File() const { return (m_folder / "sub" / "user.db").string(); }
+    std::string Text() const { return IsSqlite() ? "sqlite3://" + File() : PostgresConnectionText(); }
+
+    /// A connection past the facade.
+    std::unique_ptr<soci::session> Raw() const
+    {
+        if (!IsSqlite())
+            return std::make_unique<soci::session>(*soci::factory_postgresql(), Text().substr(13));
+        std::filesystem::create_directories(std::filesystem::path(File()).parent_path());
+        return std::make_unique<soci::session>(*soci::factory_sqlite3(), "dbname=\"" + File() + "\"");
+    }
+    void Sql(const std::string& statement) const { *Raw() << statement; }
+    int Number(const std::string& query) const
+    {
+        int value = -1;
+        *Raw() << query, soci::into(value);
+        return value;
+    }
+    std::string String(const std::string& query) const
+    {
+        std::string value;
+        *Raw() << query, soci::into(value);
+        return value;
+    }
+    void MakeVersion1() const
+    {
+        Sql("CREATE TABLE tarnvik_schema (version INTEGER NOT NULL)");
+        Sql("INSERT INTO tarnvik_schema (version) VALUES (1)");
+        Sql("CREATE TABLE tarnvik_user_parameter (name TEXT PRIMARY KEY, value TEXT NOT NULL)");
+        Sql("INSERT INTO tarnvik_user_parameter (name, value) VALUES ('proxy.use', 'true')");
+        Sql("INSERT INTO tarnvik_user_parameter (name, value) VALUES ('language', 'de')");
+    }
+
+    void MakeVersion2() const
+    {
+        Sql("CREATE TABLE tarnvik_schema (version INTEGER NOT NULL)");
+        Sql("INSERT INTO tarnvik_schema (version) VALUES (2)");
+        Sql("CREATE TABLE tarnvik_user_parameter (owner TEXT NOT NULL, name TEXT NOT NULL, "
+            "value TEXT NOT NULL, PRIMARY KEY (owner, name))");
+        Sql("INSERT INTO tarnvik_user_parameter (owner, name, value) VALUES ('', 'language', 'de')");
+    }
+
+private:
+    TempFolder m_folder;
+};
+
+inline std::optional<DatabaseError> ErrorOf(const std::function<void()>& call)
+{
+    try {
+        call();
+        return std::nullopt;
+    } catch (const DatabaseError& error) {
+        return error;
+    }
+}
+
+}  // namespace support
