@@ -51,7 +51,8 @@ struct Column
     std::string title{};
     std::string unit{};  ///< below the title
     Align align = Align::Left;
-    /// The column with a share of what other columns leave over; 0 keeps a column as narrow as its contents.
+    double minWidth = 0.0;  ///< so that tables below each other have their columns below each other
+    /// Share of what all columns leave over; 0 keeps a column as narrow as its contents.
     double stretch = 0.0;
 };
 

@@ -115,7 +115,7 @@ void SetColumns(SetTable& set, const Table& table, const TablePlace& place)
                 behind = std::max(behind, row.cells[i].behindSign);
         }
         set.columns.push_back({.align = table.columns[i].align, .behindSign = behind});
-        natural.push_back(NaturalWidth(set, i, behind));
+        natural.push_back(std::max(table.columns[i].minWidth, NaturalWidth(set, i, behind)));
         stretch.push_back(table.columns[i].stretch);
     }
     const double gaps = style::kCellGap * static_cast<double>(std::max<std::size_t>(1, natural.size()) - 1);
@@ -130,7 +130,7 @@ void SetColumns(SetTable& set, const Table& table, const TablePlace& place)
     set.right = std::min(place.left + place.width, x - style::kCellGap);
 }
 
-void WrapRow(const SetTable& set, SetRow& row)
+void WrapRow(const SetTable& set, SetRow& row, bool isTitle)
 {
     for (std::size_t i = 0; i < row.cells.size(); ++i) {
         SetCell& cell = row.cells[i];
@@ -138,7 +138,8 @@ void WrapRow(const SetTable& set, SetRow& row)
         if (!cell.text)
             continue;
         // Beside the widest fraction the others end earlier; what has no room for that is set to the right.
-        double reserve = column.align == Align::Number ? column.behindSign - cell.behindSign : 0.0;
+        double reserve =
+            column.align == Align::Number && !isTitle ? column.behindSign - cell.behindSign : 0.0;
         if (cell.text->Width() + reserve > column.width + kRounding)
             reserve = 0.0;
         cell.text->Wrap(column.width - reserve, ToPango(column.align));
@@ -303,9 +304,9 @@ void AddTable(const TextContext& context, const Table& table, const TablePlace& 
         set->rows.push_back(SetCells(context, table, row, decimalSign));
     SetColumns(*set, table, place);
     for (SetRow& row : set->titles)
-        WrapRow(*set, row);
+        WrapRow(*set, row, true);
     for (SetRow& row : set->rows)
-        WrapRow(*set, row);
+        WrapRow(*set, row, false);
 
     const std::size_t first = boxes.size();
     std::shared_ptr<const Box> titles;

@@ -18,7 +18,7 @@ std::vector<ReportPage> ToPages(const std::vector<std::pair<wxString, int>>& pag
 {
     std::vector<ReportPage> result;
     for (const auto& [title, id] : pages)
-        result.push_back({title, id});
+        result.push_back({.title = title, .id = id});
     return result;
 }
 
@@ -57,6 +57,12 @@ std::vector<ReportPage> PageSelectionPanel::GetChosen() const
             chosen.push_back(m_pages[i]);
     }
     return chosen;
+}
+
+void PageSelectionPanel::SetChosen(const std::vector<int>& ids)
+{
+    for (unsigned i = 0; i < m_list->GetCount(); ++i)
+        m_list->Check(i, std::find(ids.begin(), ids.end(), m_pages[i].id) != ids.end());
 }
 
 void PageSelectionPanel::CheckAll(bool check)

@@ -172,6 +172,11 @@ void UpdateDerivedValues(DetailList& liquid)
     SetPhysicalValues(liquid, composition, celsius);
 }
 
+Composition AnalysedComposition(const DetailList& liquid)
+{
+    return AddIons(liquid, liquid.At("liquid/balance.ph").GetBoolValue()).composition;
+}
+
 bool FillHydrogenAndHydroxide(DetailList& liquid)
 {
     const Composition others = AddIons(liquid, false).composition;
