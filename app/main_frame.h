@@ -91,6 +91,7 @@ private:
     bool ConfirmDiscard();
     void PasteColumn();
     void CopyResults();
+    void PrintReport();
     void ShowSettings();
     bool OpenDatabase(const std::string& connection);
     void ShowHelp();

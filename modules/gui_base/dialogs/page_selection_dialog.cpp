@@ -87,5 +87,7 @@ PageSelectionDialog::PageSelectionDialog(const std::vector<std::pair<wxString, i
     outer->Add(m_panel, wxSizerFlags(spaced).Expand().Proportion(1));
     outer->Add(dialogs::CreateButtons(*this, true), wxSizerFlags(spaced).Expand());
     SetSizerAndFit(outer);
+    FindWindow(wxID_OK)->Bind(wxEVT_UPDATE_UI,
+                              [this](wxUpdateUIEvent& event) { event.Enable(!GetActiveReports().empty()); });
     CentreOnParent();
 }

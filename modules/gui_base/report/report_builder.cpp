@@ -7,6 +7,7 @@
 #include <wx/translation.h>
 
 #include <algorithm>
+#include <cmath>
 
 namespace {
 
@@ -40,6 +41,16 @@ std::string Subtitle(const ReportContext& context, const ReportHead& head)
 }  // namespace
 
 ReportPageSource::~ReportPageSource() = default;
+
+std::string ReportContext::Number(double value, int digits) const
+{
+    constexpr int kPlainDigits = 9;
+    int needed = 1;
+    for (double rest = std::fabs(value); rest >= 10.0 && needed <= kPlainDigits; rest /= 10.0)
+        ++needed;
+    const int precision = needed <= kPlainDigits ? std::max(digits, needed) : digits;
+    return numbertext::Format(value, {.precision = precision}, separators);
+}
 
 ReportHead MakeReportHead(const Project& project, const std::string& fallbackTitle,
                           const std::string& program)

@@ -23,7 +23,7 @@ struct ReportPage
 };
 
 /// How a report is written: its units, its language and its numbers.
-struct ReportContext
+struct GUI_BASE_REPORT_EXPORT ReportContext
 {
     std::string unitSystem = "iso";
     std::string language{};  ///< "de"; for the names of countries
@@ -32,11 +32,9 @@ struct ReportContext
     std::function<std::string(const char* source)> translate{};
 
     std::string Translated(const char* source) const { return translate ? translate(source) : source; }
-    /// With that many significant digits; empty for what is not known.
-    std::string Number(double value, int digits) const
-    {
-        return numbertext::Format(value, {.precision = digits}, separators);
-    }
+    /// With that many significant digits, or as many as keep an amount in plain notation; empty for what is
+    /// not known.
+    std::string Number(double value, int digits) const;
 };
 
 /// A module's pages. It reads its project when asked and changes nothing.

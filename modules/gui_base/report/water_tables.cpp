@@ -70,6 +70,14 @@ Cell NumberCell(const DetailData& detail, int digits, const ReportContext& conte
     return NumberCell(detail, detail.GetDoubleValue(), digits, context);
 }
 
+/// Two decimals, which is more than an analysis can state.
+std::string PercentText(double percent, const ReportContext& context)
+{
+    const double rounded = std::round(100.0 * percent) / 100.0 + 0.0;
+    return numbertext::Format(rounded, {.format = TvTextCtrlFormat::Fixed, .precision = 2},
+                              context.separators);
+}
+
 /// Three columns as wide as their contents: what it is, how much, in which unit.
 report::Table ValueTable(const ReportContext& context)
 {
@@ -260,7 +268,7 @@ report::Table BalanceTable(const DetailList& details, const ReportContext& conte
     table.showTitles = false;
     table.rows.push_back(
         {.cells = {{context.Translated(wxTRANSLATE("Difference of the sums in percent of their total"))},
-                   {.text = context.Number(known ? water::ElectroneutralityError(sums) : kUnknown, 3),
+                   {.text = PercentText(known ? water::ElectroneutralityError(sums) : kUnknown, context),
                     .alarm = alarm},
                    {"%"}}});
     const char* const judgement = closed  ? wxTRANSLATE("Closed by automatic balancing")

@@ -46,8 +46,8 @@ PROJECTBASE_EXPORT void NormalizeEveryIon(DetailList& liquid);
 /// unknown, as does a concentration beyond the range of the methods.
 PROJECTBASE_EXPORT void UpdateDerivedValues(DetailList& liquid);
 
-/// The normalised ions as amounts, without what closes the balance and without CO2; H+ and OH- only with
-/// "liquid/balance.ph".
+/// The normalised ions of a full analysis as amounts, without what closes the balance and without CO2; H+ and
+/// OH- as stated with "liquid/balance.ph", otherwise as they follow from the pH.
 PROJECTBASE_EXPORT Composition AnalysedComposition(const DetailList& liquid);
 
 /// Fills the rows of H+ and OH- from pH and temperature: to be called once when "liquid/balance.ph" is
