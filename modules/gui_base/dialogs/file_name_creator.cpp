@@ -28,8 +28,8 @@ wxFileName FileNameCreator::operator()(wxWindow* parent, const wxString& title, 
     if (dialog.ShowModal() != wxID_OK)
         return {};
     wxFileName file(dialog.GetPath());
-    if (file.HasExt())
-        return file;
+    if (!file.HasName() || file.HasExt())
+        return file.HasName() ? file : wxFileName();
     file.SetExt(extension);
     // The dialog asked about the name without its ending.
     if (file.FileExists() && !ConfirmReplacing(parent, file))
