@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "app/command_line/calc_command.h"
+#include "app/command_line/report_command.h"
 #include "app/tarnvik_app.h"
 #include "app/tour/tour_command.h"
 
@@ -21,8 +22,8 @@ namespace {
 using Command = int (*)(const std::vector<std::string>& args, std::ostream& out, std::ostream& err);
 
 /// The commands that open no window of this process.
-constexpr std::array<std::pair<std::string_view, Command>, 2> kCommands{
-    {{"calc", app::RunCalc}, {"tour", app::RunTour}}};
+constexpr std::array<std::pair<std::string_view, Command>, 3> kCommands{
+    {{"calc", app::RunCalc}, {"report", app::RunReport}, {"tour", app::RunTour}}};
 
 /// Runs a command that needs no display: a toolkit without windows is started for it.
 int RunWithoutWindow(Command command, int argc, char** argv)

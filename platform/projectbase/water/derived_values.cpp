@@ -67,6 +67,19 @@ Dissociation DissociationIn(const Composition& others, double pH, double celsius
     return result;
 }
 
+/// Adds H+ and OH- as they follow from the pH, where it is known and their rows do not state them.
+void AddIonsOfPh(const DetailList& liquid, Composition& composition)
+{
+    const double pH = liquid.At("liquid/ph").GetDoubleValue();
+    if (liquid.At("liquid/balance.ph").GetBoolValue() || !std::isfinite(pH))
+        return;
+    const double celsius = liquid.At("liquid/temp").GetDoubleValue();
+    const auto ionsOfWater = DissociationIn(composition, pH, std::isfinite(celsius) ? celsius : 25.0);
+    composition[Species::H] = ionsOfWater.hydrogen;
+    composition[Species::Oh] = ionsOfWater.hydroxide;
+    composition.hydrogenIsFree = true;
+}
+
 /// mmol/l, 0 where it is not known.
 double TypedOrCalculatedCo2(DetailList& liquid, const Composition& composition, double pH, double celsius)
 {
@@ -157,12 +170,8 @@ void UpdateDerivedValues(DetailList& liquid)
     const double co2 = TypedOrCalculatedCo2(liquid, composition, pH, celsius);
     if (!isShort)
         composition[Species::Co2] = co2;
-    if (!isShort && !withWaterIons && std::isfinite(pH)) {
-        const auto ionsOfWater = DissociationIn(composition, pH, std::isfinite(celsius) ? celsius : 25.0);
-        composition[Species::H] = ionsOfWater.hydrogen;
-        composition[Species::Oh] = ionsOfWater.hydroxide;
-        composition.hydrogenIsFree = true;
-    }
+    if (!isShort)
+        AddIonsOfPh(liquid, composition);
 
     liquid.At("liquid/sum.c.meql").SetValue(totals.charges.cations);
     liquid.At("liquid/sum.a.meql").SetValue(totals.charges.anions);
@@ -170,6 +179,13 @@ void UpdateDerivedValues(DetailList& liquid)
     liquid.At("liquid/cl.plus.meql").SetValue(chloride);
     liquid.At("liquid/tds").SetValue(totals.mass);
     SetPhysicalValues(liquid, composition, celsius);
+}
+
+Composition AnalysedComposition(const DetailList& liquid)
+{
+    Composition composition = AddIons(liquid, liquid.At("liquid/balance.ph").GetBoolValue()).composition;
+    AddIonsOfPh(liquid, composition);
+    return composition;
 }
 
 bool FillHydrogenAndHydroxide(DetailList& liquid)

@@ -10,6 +10,7 @@
 
 #include "projectbase/details/detail_list.h"
 #include "projectbase/projectbase_export.h"
+#include "projectbase/water/composition.h"
 
 #include <string_view>
 
@@ -44,6 +45,10 @@ PROJECTBASE_EXPORT void NormalizeEveryIon(DetailList& liquid);
 /// An unknown temperature, or one at which water is not liquid, leaves conductivity and osmotic pressure
 /// unknown, as does a concentration beyond the range of the methods.
 PROJECTBASE_EXPORT void UpdateDerivedValues(DetailList& liquid);
+
+/// The normalised ions of a full analysis as amounts, without what closes the balance and without CO2; H+ and
+/// OH- as stated with "liquid/balance.ph", otherwise as they follow from the pH.
+PROJECTBASE_EXPORT Composition AnalysedComposition(const DetailList& liquid);
 
 /// Fills the rows of H+ and OH- from pH and temperature: to be called once when "liquid/balance.ph" is
 /// switched on; values typed afterwards stay. Returns false and sets both to 0 while the pH or the
