@@ -41,7 +41,7 @@ void Layout::AddFront(const std::shared_ptr<const SectionPages>& pages)
         AddText(m_document.title, {.size = style::kTitleSize, .bold = true, .colour = style::kAccent}, 0.0,
                 true);
     if (!m_document.subtitle.empty())
-        AddText(m_document.subtitle, {.size = style::kHeadingSize, .colour = style::kMuted}, 2.0, true);
+        AddText(m_document.subtitle, {.size = style::kHeadingSize, .colour = style::kMuted}, 4.0, true);
     if (m_document.sections.size() < 2)
         return;
     AddText(m_document.contentsTitle, {.size = style::kHeadingSize, .bold = true}, style::kHeadingGap, true);
