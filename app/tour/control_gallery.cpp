@@ -306,7 +306,8 @@ void BuildCountryRow(Specimen& specimen)
     auto* row = specimen.Keep(std::make_unique<CountryPlaceCombination>(
         specimen.GetParent(), wxID_ANY, wxID_ANY, "Country", "Place", ":",
         tvChoiceAdv::Items{{"AT", "Austria"}, {"DE", "Germany"}}, specimen.NewText("country", "DE"),
-        specimen.NewText("place", "Harbour"), &specimen.GetSizer()));
+        specimen.NewText("place", "Harbour")));
+    specimen.GetSizer().Add(row->GetSizer());
     row->TransferDetailToWindow();
     specimen.SetFocusWindow(row->GetPlace());
 }

@@ -11,6 +11,8 @@
 #include "gui_base/dialogs/page_selection_dialog.h"
 #include "gui_base/dialogs/tv_multichoicedialog.h"
 #include "gui_base/support/window_picture.h"
+#include "gui_base/water/alkalization_dialog.h"
+#include "gui_base/water/co2_calculator_dialog.h"
 
 #include <wx/app.h>
 #include <wx/frame.h>
@@ -53,6 +55,12 @@ void FocusByKeyboard(wxWindow& window)
     simulator.Char(WXK_TAB, wxMOD_SHIFT);
     Settle();
     simulator.Char(WXK_TAB);
+}
+
+std::unique_ptr<Project> NewExample()
+{
+    const WaterTemplate* river = FindWaterTemplate("world_river_livingstone");
+    return river != nullptr ? NewProjectFrom(*river) : NewEmptyProject();
 }
 
 class Tour
@@ -178,6 +186,15 @@ void Tour::TakeDialogs()
     TvMultiChoiceDialog choice(owner, "Ions of the report:", "Ions", static_cast<int>(ions.size()),
                                ions.data());
     TakeDialog(choice, "multi_choice");
+    const auto water = NewExample();
+    tvCO2CalculatorDialog co2(water.get(), 0, owner);
+    TakeDialog(co2, "co2_calculator");
+    DetailList& details = *water->GetLiquid(0).GetDetails();
+    details.At("liquid/ph").SetValue(7.0);
+    details.At("liquid/alk.type").SetValue("naoh");
+    details.At("liquid/alk.target").SetValue(8.5);
+    AlkalizationDialog alkalization(water.get(), 0, owner);
+    TakeDialog(alkalization, "alkalization");
     owner->Destroy();
 }
 

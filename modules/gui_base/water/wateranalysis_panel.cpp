@@ -12,8 +12,10 @@
 #include "gui_base/support/events.h"
 #include "gui_base/support/help_file_provider.h"
 #include "gui_base/support/translation.h"
+#include "gui_base/water/alkalization_dialog.h"
 #include "gui_base/water/balance_panel.h"
 #include "projectbase/settings/settings.h"
+#include "projectbase/units/unit_system_manager.h"
 #include "projectbase/water/composition.h"
 #include "projectbase/water/normalization.h"
 
@@ -207,6 +209,7 @@ void WaterAnalysisPanel::DoTransferDetailsToWindows()
     if (!m_fields || m_fields->Numbers().empty())
         return;
     CheckAnalysisType();
+    ShowAlkalization();
 }
 
 void WaterAnalysisPanel::UpdateToolTips()
@@ -264,15 +267,42 @@ void WaterAnalysisPanel::NormalizeIon(const wxString& ion, bool checkName)
 void WaterAnalysisPanel::NormalizeLiquid()
 {
     GetProject()->NormalizeIons(m_index, true);
-    if (!m_liquid.GetDetails()->At("liquid/alk.type").GetStringValue().empty())
-        CalculateAlkalization();
+    CalculateAlkalization();
 }
 
 void WaterAnalysisPanel::CalculateAlkalization()
 {
-    if (!m_liquid.GetDetails()->At("liquid/alk.type").GetStringValue().empty())
+    const water::AlkalizationResult before = m_alkalizationResult;
+    m_alkalizationResult = GetProject()->CalculateAlkalization(m_index);
+    const wxString reason = alkalization::Explain(m_alkalizationResult);
+    if (m_alkalizationResult != before && !reason.empty())
         GetProject()->GetLogger().Warning(
-            wxTRANSLATE("This version cannot calculate the alkalization of the water."));
+            (wxString(wxTRANSLATE("Alkalization")) + ": " + reason).utf8_string());
+}
+
+void WaterAnalysisPanel::ShowAlkalization()
+{
+    const DetailList& details = *m_liquid.GetDetails();
+    const std::string agent = details.At("liquid/alk.type").GetStdStringValue();
+    wxString text = i18n::Translated(alkalization::Explain(m_alkalizationResult));
+    if (m_alkalizationResult == water::AlkalizationResult::Done) {
+        const auto number = [](double value, int decimals) {
+            return wxString::FromUTF8(
+                numbertext::Format(value, {.format = TvTextCtrlFormat::Fixed, .precision = decimals},
+                                   NumericValidator::LocaleSeparators()));
+        };
+        const std::string unitSystem = GetCurrentDisplayUnitSystem();
+        const double dose =
+            UnitSystemManager::FromISO("mg/l", unitSystem, details.At("liquid/alk.dosed").GetDoubleValue());
+        text = wxString::Format(i18n::Translated("%s: %s %s, pH %s"),
+                                i18n::Translated(alkalization::AgentName(agent)), number(dose, 2),
+                                wxString::FromUTF8(UnitSystemManager::GetUnit("mg/l", unitSystem, true)),
+                                number(details.At("liquid/alk.ph").GetDoubleValue(), 2));
+    }
+    if (m_alkalization->GetLabelText() == text)
+        return;
+    m_alkalization->SetLabelText(text);
+    m_alkalization->GetContainingSizer()->Layout();
 }
 
 double WaterAnalysisPanel::ReversePolarizationEffect(double conductivity)

@@ -123,8 +123,12 @@ private:
     void UpdateIonLimits();
     /// The dry residue and the balance error stand in the tooltips of the values that they belong to.
     void UpdateToolTips();
+    /// Says beside the button what the water is alkalised with, or why it is not.
+    void ShowAlkalization();
     void ArrangeColumns();
     void UpdateAndSignal();
+    /// Shows, recalculates and tells what a dialog changed in the water.
+    void TakeOverFromDialog(bool changed);
 
     /// Bindings on the panel itself, which outlive a recreation of its controls.
     void BindPanelEvents();
@@ -167,6 +171,7 @@ private:
     BalancePanel* m_balance = nullptr;
     TvButton* m_alkalize = nullptr;
     TvButton* m_co2Calculator = nullptr;
+    wxStaticText* m_alkalization = nullptr;
     TvCheckBox* m_calculateCo2 = nullptr;
     wxBitmapButton* m_defaultUnit = nullptr;
     wxCollapsiblePane* m_furtherPane = nullptr;
@@ -174,6 +179,7 @@ private:
     wxBoxSizer* m_rightColumn = nullptr;
     /// Unit for which the limits of the temperature were set last.
     std::string m_limitedTemperatureUnit;
+    water::AlkalizationResult m_alkalizationResult = water::AlkalizationResult::None;
     /// Keys of the details out of range that the host was told last.
     std::optional<std::vector<std::string>> m_sentViolations;
 };

@@ -3,7 +3,10 @@
 #include "gui_base/input/controls/tv_button.h"
 #include "gui_base/input/controls/tv_checkbox.h"
 #include "gui_base/input/controls/tv_radiobutton.h"
+#include "gui_base/support/translation.h"
+#include "gui_base/water/alkalization_dialog.h"
 #include "gui_base/water/balance_panel.h"
+#include "gui_base/water/co2_calculator_dialog.h"
 #include "gui_base/water/wateranalysis_panel.h"
 #include "projectbase/water/normalization.h"
 
@@ -107,9 +110,41 @@ void WaterAnalysisPanel::OnBalancePHClick(wxCommandEvent& event)
     UpdateAndSignal();
 }
 
-void WaterAnalysisPanel::OnAlkalizationClick(wxCommandEvent&) {}
+void WaterAnalysisPanel::OnAlkalizationClick(wxCommandEvent&)
+{
+    AlkalizationDialog dialog(GetProject(), static_cast<int>(m_index), wxGetTopLevelParent(this));
+    const bool accepted = dialog.ShowModal() == wxID_OK;
+    TakeOverFromDialog(accepted);
+}
 
-void WaterAnalysisPanel::OnCO2CalculatorClick(wxCommandEvent&) {}
+void WaterAnalysisPanel::OnCO2CalculatorClick(wxCommandEvent&)
+{
+    DetailList& details = *m_liquid.GetDetails();
+    const bool wasCalculated = details.At("liquid/calculate.co2").GetBoolValue();
+    // The dialog brings back the normalised values; what was typed comes back with them.
+    std::vector<std::pair<DetailData*, DetailData::Value>> typed;
+    for (const char* key : {"liquid/hco3.orig", "liquid/hco3.unit", "liquid/temp.unit"})
+        typed.emplace_back(&details.At(key), details.At(key).GetStoredValue());
+
+    tvCO2CalculatorDialog dialog(GetProject(), static_cast<int>(m_index), wxGetTopLevelParent(this), wxID_ANY,
+                                 i18n::Translated("CO2 Calculator"));
+    const bool accepted = dialog.ShowModal() == wxID_OK;
+    if (!accepted)
+        for (const auto& [detail, value] : typed)
+            detail->RestoreValue(value);
+    TakeOverFromDialog(accepted || wasCalculated);
+}
+
+void WaterAnalysisPanel::TakeOverFromDialog(bool changed)
+{
+    // The fields follow before they are read again.
+    TransferDetailsToWindow();
+    if (changed)
+        UpdateAndSignal();
+    else
+        UpdateAnalysis();
+    TransferDetailsToWindow();
+}
 
 void WaterAnalysisPanel::OnCalculateCO2Click(wxCommandEvent&)
 {

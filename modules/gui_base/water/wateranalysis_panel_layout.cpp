@@ -26,8 +26,6 @@ constexpr int kSummaryWidth = 104;
 constexpr int kPropertyColumns = 3;
 constexpr double kUnknown = std::numeric_limits<double>::quiet_NaN();
 
-const char* const kLaterRemark = wxTRANSLATE("Not available yet in this version");
-
 wxSizerFlags Cell()
 {
     return wxSizerFlags().CentreVertical();
@@ -179,16 +177,17 @@ wxSizer* WaterAnalysisPanel::CreateOthersPanel()
     box->Add(grid, spaced);
 
     auto* buttons = new wxBoxSizer(wxHORIZONTAL);
-    const auto later = [&](const char* label, const char* tooltip) {
-        auto* button = m_fields->AddLocalizable(new TvButton(parent, wxID_ANY, label));
-        button->SetTranslatableToolTip(tooltip, kLaterRemark);
-        button->Disable();
-        buttons->Add(button, wxSizerFlags().Border(wxRIGHT, FromDIP(2 * kGap)));
-        return button;
+    const auto button = [&](const char* label, const char* tooltip) {
+        auto* added = m_fields->AddLocalizable(new TvButton(parent, wxID_ANY, label));
+        added->SetTranslatableToolTip(tooltip);
+        buttons->Add(added, wxSizerFlags().Border(wxRIGHT, FromDIP(2 * kGap)));
+        return added;
     };
-    m_alkalize = later(wxTRANSLATE("Alkalize"), wxTRANSLATE("Specify alkalizing agent"));
-    m_co2Calculator = later(wxTRANSLATE("CO2 Calculator"), wxTRANSLATE("Open CO2 Calculator"));
+    m_alkalize = button(wxTRANSLATE("Alkalize"), wxTRANSLATE("Specify alkalizing agent"));
+    m_co2Calculator = button(wxTRANSLATE("CO2 Calculator"), wxTRANSLATE("Open CO2 Calculator"));
     box->Add(buttons, spaced);
+    m_alkalization = new wxStaticText(parent, wxID_ANY, wxString());
+    box->Add(m_alkalization, spaced);
     CreateFurtherPropertiesPane(parent, *box);
     return box;
 }

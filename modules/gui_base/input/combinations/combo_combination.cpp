@@ -72,7 +72,7 @@ long ComboCombination::InsertItem(long row, const wxString& label, const wxStrin
 {
     if (row < 0 || row > GetItemCount())
         row = GetItemCount();
-    Item item{key.empty() ? label : key, std::vector<Cell>(std::max<std::size_t>(m_columns.size(), 1))};
+    Item item{key, std::vector<Cell>(std::max<std::size_t>(m_columns.size(), 1))};
     item.cells.front() = label;
     m_items.insert(m_items.begin() + row, std::move(item));
     m_list->InsertItem(row, CellText(m_items[Index(row)], 0));

@@ -40,7 +40,8 @@ public:
     /// Gives a column its ISO unit (UTF-8); an empty one takes it away.
     void InsertUnit(long column, const std::string& isoUnit);
     /// Adds an item before `row` (or last) and returns its index. Without a `key` the label is the key.
-    long InsertItem(long row, const wxString& label, const wxString& key = {});
+    long InsertItem(long row, const wxString& label) { return InsertItem(row, label, label); }
+    long InsertItem(long row, const wxString& label, const wxString& key);
     /// Set a cell. `row` and `column` that do not exist throw std::out_of_range, in the other calls too.
     void SetItem(long row, long column, const wxString& text);
     void SetItem(long row, long column, double isoValue);

@@ -1,0 +1,159 @@
+// SPDX-License-Identifier: MIT
+#include "gui_base/input/controls/tv_radiobutton.h"
+#include "gui_base/input/validation/validator.h"
+#include "gui_base/water/alkalization_dialog.h"
+#include "gui_base/water/co2_calculator_dialog.h"
+#include "projectbase/project/iex_project.h"
+#include "tests/support/gui_test.h"
+
+#include <wx/button.h>
+#include <wx/uiaction.h>
+
+#include <cmath>
+
+namespace {
+
+using namespace gui_test;
+
+class WaterToolsTest : public GuiTest
+{
+protected:
+    void SetUp() override
+    {
+        GuiTest::SetUp();
+        Set("liquid/ph", 7.2);
+        Set("liquid/temp.orig", 20.0);
+        Set("liquid/hco3.orig", 122.0);
+        Set("liquid/na.orig", 46.0);
+        m_project.CalculateDesign();
+    }
+    DetailList& Details() { return *m_project.GetLiquid(0).GetDetails(); }
+    void Set(const char* key, double value) { Details().At(key).SetValue(value); }
+    double Get(const char* key) { return Details().At(key).GetDoubleValue(); }
+    bool IsCo2Calculated() { return Details().At("liquid/calculate.co2").GetBoolValue(); }
+
+    /// Runs the dialog; `use` drives it by keys while it is open.
+    template <typename Dialog, typename Use>
+    int Run(Use use)
+    {
+        Dialog dialog(&m_project, 0, m_frame);
+        m_dialogs.Expect([](wxDialog&) { return static_cast<int>(wxID_NONE); });
+        dialog.CallAfter([&] { use(dialog); });
+        return dialog.ShowModal();
+    }
+    static void Push(wxDialog& dialog, int id)
+    {
+        wxCommandEvent click(wxEVT_BUTTON, id);
+        click.SetEventObject(dialog.FindWindow(id));
+        dialog.FindWindow(id)->ProcessWindowEvent(click);
+    }
+
+    iex::IEXProject m_project;
+};
+
+TEST_F(WaterToolsTest, Co2FollowsWhatIsTyped)
+{
+    Run<tvCO2CalculatorDialog>([this](tvCO2CalculatorDialog& dialog) {
+        EXPECT_TRUE(IsCo2Calculated());
+        // pH 7.2, 20 °C, 2 mmol/l HCO3: [CO2] = [HCO3] 10^(pK1 - pH) γ with pK1 6.382.
+        const double before = Get("liquid/co2.mgl");
+        EXPECT_NEAR(before, 44.01 * 2.0 * std::pow(10.0, 6.382 - 7.2) * 0.95, 0.4);
+        wxTextCtrl& pH = *dialog.GetPanel()->FindField("liquid/ph");
+        Enter(pH, "6.2");
+        EXPECT_NEAR(Get("liquid/co2.mgl") / before, 10.0, 1e-6) << "ten times for one unit of pH";
+        EXPECT_EQ(dialog.GetPanel()->FindField("liquid/co2.mgl")->GetValue().Mid(0, 3),
+                  wxString::Format("%.4g", Get("liquid/co2.mgl")).Mid(0, 3));
+        Enter(*dialog.GetPanel()->FindField("liquid/hco3.orig"), "61");
+        EXPECT_NEAR(Get("liquid/co2.mgl") / before, 5.0, 0.05);
+        Push(dialog, wxID_OK);
+        EXPECT_EQ(dialog.GetReturnCode(), wxID_OK);
+    });
+    EXPECT_DOUBLE_EQ(Get("liquid/ph"), 6.2) << "closing after OK keeps the values";
+    EXPECT_TRUE(IsCo2Calculated());
+}
+
+TEST_F(WaterToolsTest, CancelledCo2LeavesTheWater)
+{
+    for (const int way : {static_cast<int>(wxID_CANCEL), 0}) {
+        Details().At("liquid/calculate.co2").SetValue(true);
+        const double meq = Get("liquid/hco3.meql");
+        Run<tvCO2CalculatorDialog>([this, way](tvCO2CalculatorDialog& dialog) {
+            Enter(*dialog.GetPanel()->FindField("liquid/ph"), "8");
+            Enter(*dialog.GetPanel()->FindField("liquid/temp.orig"), "30");
+            Enter(*dialog.GetPanel()->FindField("liquid/hco3.orig"), "10");
+            EXPECT_NE(Get("liquid/hco3.meql"), 2.0);
+            if (way == wxID_CANCEL)
+                Push(dialog, wxID_CANCEL);
+            else
+                dialog.Close();
+        });
+        EXPECT_DOUBLE_EQ(Get("liquid/ph"), 7.2);
+        EXPECT_DOUBLE_EQ(Get("liquid/temp.orig"), 20.0);
+        EXPECT_DOUBLE_EQ(Get("liquid/hco3.meql"), meq);
+        EXPECT_FALSE(IsCo2Calculated()) << "even if it was on before";
+        Set("liquid/hco3.orig", 122.0);
+    }
+}
+
+TEST_F(WaterToolsTest, Co2CalculatorColoursWhatIsOutOfRange)
+{
+    Run<tvCO2CalculatorDialog>([](tvCO2CalculatorDialog& dialog) {
+        const wxColour normal = dialog.GetPanel()->FindField("liquid/ph")->GetBackgroundColour();
+        for (const auto& [key, value] : {std::pair("liquid/ph", "15"), std::pair("liquid/temp.orig", "120"),
+                                         std::pair("liquid/hco3.orig", "1e7")}) {
+            wxTextCtrl& field = *dialog.GetPanel()->FindField(key);
+            Enter(field, value);
+            EXPECT_NE(field.GetBackgroundColour(), normal) << key;
+        }
+        Push(dialog, wxID_CANCEL);
+    });
+}
+
+TEST_F(WaterToolsTest, AlkalizingByPhAndByDose)
+{
+    const int code = Run<AlkalizationDialog>([this](AlkalizationDialog& dialog) {
+        AlkalizationPanel& panel = *dialog.GetPanel();
+        EXPECT_EQ(panel.GetAgentChoice()->GetCombo()->GetValue(), "None");
+        EXPECT_FALSE(panel.FindField("liquid/alk.target")->IsEnabled());
+        Focus(*panel.GetAgentChoice()->GetCombo());
+        Press(WXK_DOWN);
+        EXPECT_EQ(Details().At("liquid/alk.type").GetStringValue(), "naoh");
+        EXPECT_EQ(panel.GetMessage(), "Enter a pH or a dose.");
+        Enter(*panel.FindField("liquid/alk.target"), "8.5");
+        EXPECT_EQ(panel.GetMessage(), "");
+        EXPECT_NEAR(Get("liquid/alk.ph"), 8.5, 1e-3);
+        const double needed = Get("liquid/alk.dosed");
+        EXPECT_GT(needed, 1.0);
+
+        Enter(*panel.FindField("liquid/alk.target"), "7");
+        EXPECT_EQ(panel.GetMessage(), "This agent cannot bring the water there.");
+        EXPECT_EQ(panel.FindField("liquid/alk.ph")->GetValue(), "");
+        Click(*panel.GetDoseButton());
+        EXPECT_TRUE(panel.FindField("liquid/alk.dose")->IsEnabled());
+        Enter(*panel.FindField("liquid/alk.dose"), wxString::FromCDouble(needed, 6));
+        EXPECT_NEAR(Get("liquid/alk.ph"), 8.5, 1e-3);
+        Push(dialog, wxID_OK);
+    });
+    EXPECT_EQ(code, wxID_OK);
+    EXPECT_GT(Get("liquid/na.meql"), 2.0);
+    EXPECT_DOUBLE_EQ(Get("liquid/na.orig"), 46.0);
+}
+
+TEST_F(WaterToolsTest, CancelledAlkalizationRestoresEveryValue)
+{
+    std::vector<DetailData::Value> before;
+    for (const auto& [name, detail] : Details())
+        before.push_back(detail.GetStoredValue());
+    Run<AlkalizationDialog>([this](AlkalizationDialog& dialog) {
+        Focus(*dialog.GetPanel()->GetAgentChoice()->GetCombo());
+        Press(WXK_DOWN);
+        Enter(*dialog.GetPanel()->FindField("liquid/alk.target"), "9");
+        EXPECT_NEAR(Get("liquid/alk.ph"), 9.0, 1e-3);
+        Push(dialog, wxID_CANCEL);
+    });
+    std::size_t i = 0;
+    for (const auto& [name, detail] : Details())
+        EXPECT_TRUE(SameDetailValue(detail.GetStoredValue(), before[i++])) << name;
+}
+
+}  // namespace
