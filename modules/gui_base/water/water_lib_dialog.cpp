@@ -13,9 +13,12 @@
 #include <wx/infobar.h>
 #include <wx/stattext.h>
 #include <wx/textctrl.h>
+#include <wx/uilocale.h>
 #include <wx/wupdlock.h>
 
+#include <algorithm>
 #include <stdexcept>
+#include <utility>
 
 namespace {
 
