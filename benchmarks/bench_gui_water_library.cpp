@@ -2,8 +2,10 @@
 // A user's library of 100,000 waters over 200 countries: opening it, selecting a country of 5,000, sorting,
 // and saving one water.
 #include "dbinterfaces/project_database.h"
+#include "gui_base/water/feed_water_panel.h"
 #include "gui_base/water/water_lib_dialog.h"
 #include "gui_base/water/water_lib_list.h"
+#include "projectbase/project/iex_project.h"
 #include "tests/support/temp_folder.h"
 
 #include <benchmark/benchmark.h>
@@ -13,6 +15,7 @@
 #include <wx/frame.h>
 #include <wx/utils.h>
 
+#include <clocale>
 #include <cstdlib>
 #include <random>
 
@@ -52,6 +55,8 @@ struct Library
 {
     Library()
     {
+        // Sorting costs more in a locale than in none.
+        std::setlocale(LC_ALL, "");
         setenv("TARNVIK_USER_DATA", (folder / "user").c_str(), 1);
         const std::string file = (folder / "waters.db").string();
         ProjectDatabase::Open(file);
@@ -131,6 +136,24 @@ void BM_Sort5000(benchmark::State& state)
     }
 }
 BENCHMARK(BM_Sort5000)->Unit(benchmark::kMillisecond);
+
+/// The page of a feed water beside that of its analysis alone.
+template <typename Panel>
+void BM_BuildPage(benchmark::State& state)
+{
+    Library& library = Library::Get();
+    iex::IEXProject project;
+    for (auto _ : state) {
+        auto* panel = new Panel(&project, 0, library.frame, wxID_ANY, nullptr);
+        wxYield();
+        state.PauseTiming();
+        panel->Destroy();
+        wxYield();
+        state.ResumeTiming();
+    }
+}
+BENCHMARK(BM_BuildPage<WaterAnalysisPanel>)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_BuildPage<FeedWaterPanel>)->Unit(benchmark::kMillisecond);
 
 void BM_SaveWater(benchmark::State& state)
 {
