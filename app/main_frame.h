@@ -99,6 +99,7 @@ private:
     void CopyWater();
     void PasteWater();
     FeedWaterPanel* CurrentWater() const;
+    void PrintReport();
     void ShowSettings();
     bool OpenDatabase(const std::string& connection);
     void ShowHelp();

@@ -90,6 +90,9 @@ wxMenu* MainFrame::BuildFileMenu()
         *menu, Tr("Save &as...") + "\tCtrl+Shift+S", [this] { AskAndSaveAs(); }, wxID_SAVEAS);
     menu->AppendSeparator();
     Append(
+        *menu, Tr("&Print to PDF...") + "\tCtrl+P", [this] { PrintReport(); }, wxID_PRINT);
+    menu->AppendSeparator();
+    Append(
         *menu, Tr("&Close project") + "\tCtrl+W",
         [this] { events::SendEvent(this, tvCLOSEPROJECT_EVENT, GetId(), 0, wxString()); }, wxID_CLOSE);
     Append(
@@ -128,7 +131,7 @@ wxMenu* MainFrame::BuildViewMenu()
                         events::SendEvent(this, tvCHANGEUNITSYSTEMPRINTOUT_EVENT, GetId(), 0,
                                           wxString::FromUTF8(unitSystem));
                     });
-    menu->AppendSubMenu(printoutUnits, Tr("Units of copied &results"));
+    menu->AppendSubMenu(printoutUnits, Tr("Units of &reports and copied results"));
     auto* languages = new wxMenu;
     for (const Language& language : AvailableLanguages())
         AppendRadio(*languages, language.name, language.code == CurrentLanguage(),

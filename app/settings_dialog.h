@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+class AdvancedInputOptions;
 class TvSearchControl;
 class TvValidatedDoubleTextCtrl;
 class TvValidatedTextCtrl;
@@ -40,16 +41,18 @@ private:
     {
         std::vector<wxWindow*> windows;
         wxString words;  ///< lower case; what the search looks at
+        bool isAdvanced;
     };
 
-    void AddRow(const char* label, wxWindow* control, const char* explanation);
+    /// A row of `grid`, in the window that the control stands in.
+    void AddRow(wxFlexGridSizer& grid, const char* label, wxWindow* control, const char* explanation);
     void OnSearch();
 
     std::vector<wxString> m_languages;
     DetailData m_autosave{"autosave", DetailType::Long, "min"};
     DetailData m_database{"database", DetailType::String};
     std::vector<Row> m_rows;
-    wxFlexGridSizer* m_grid;
+    AdvancedInputOptions* m_advanced;
     TvSearchControl* m_search;
     tvChoice* m_language;
     tvChoice* m_unitSystem;

@@ -4,6 +4,7 @@
 #include "app/language.h"
 #include "app/main_frame.h"
 #include "app/templates.h"
+#include "app/tour/tour.h"
 #include "dbinterfaces/project_database.h"
 #include "gui_base/support/image_loader.h"
 #include "projectbase/settings/settings.h"
@@ -54,6 +55,12 @@ bool TarnvikApp::OnInit()
     if (!wxApp::OnInit())
         return false;
     InitProgram(m_databaseError);
+    if (!m_tourFolder.empty()) {
+        // Between its windows the tour has none.
+        SetExitOnFrameDelete(false);
+        CallAfter([this] { RunTourLook(); });
+        return true;
+    }
     m_frame = new MainFrame(std::make_unique<Document>(FirstProject()));
     if (!m_databaseError.empty())
         m_frame->GetMessageArea().AddMessage(MessageArea::Severity::Error,
@@ -66,6 +73,23 @@ bool TarnvikApp::OnInit()
     else
         m_frame->CallAfter([frame = m_frame] { frame->OfferRecovery(); });
     return true;
+}
+
+void TarnvikApp::RunTourLook()
+{
+    try {
+        TakeTour(m_tourFolder, m_tourLook);
+    } catch (const std::exception& error) {
+        std::cerr << error.what() << std::endl;
+        m_exitCode = 1;
+    }
+    ExitMainLoop();
+}
+
+int TarnvikApp::OnRun()
+{
+    const int code = wxApp::OnRun();
+    return m_exitCode != 0 ? m_exitCode : code;
 }
 
 void TarnvikApp::ReportStart()
@@ -102,12 +126,20 @@ void TarnvikApp::OnInitCmdLine(wxCmdLineParser& parser)
     wxApp::OnInitCmdLine(parser);
     // For the benchmark of the start: ends the program as soon as its window can be used.
     parser.AddSwitch(wxString(), "measure-start", wxString(), wxCMD_LINE_HIDDEN);
+    // One look of the tour, which runs the program once for each.
+    parser.AddLongOption("tour", wxString(), wxCMD_LINE_VAL_STRING, wxCMD_LINE_HIDDEN);
+    parser.AddLongOption("tour-look", wxString(), wxCMD_LINE_VAL_STRING, wxCMD_LINE_HIDDEN);
     parser.AddParam("FILE", wxCMD_LINE_VAL_STRING, wxCMD_LINE_PARAM_OPTIONAL);
 }
 
 bool TarnvikApp::OnCmdLineParsed(wxCmdLineParser& parser)
 {
     m_measureStart = parser.Found("measure-start");
+    wxString text;
+    if (parser.Found("tour", &text))
+        m_tourFolder = text.utf8_string();
+    if (parser.Found("tour-look", &text))
+        m_tourLook = text.utf8_string();
     if (parser.GetParamCount() > 0)
         m_file = parser.GetParam(0).utf8_string();
     return wxApp::OnCmdLineParsed(parser);

@@ -15,6 +15,7 @@ class TarnvikApp : public wxApp
 {
 public:
     bool OnInit() override;
+    int OnRun() override;
     int OnExit() override;
     /// An exception that nobody caught is reported; the program goes on.
     bool OnExceptionInMainLoop() override;
@@ -26,9 +27,14 @@ public:
 private:
     /// Prints the memory that the program holds, in KiB, and ends it.
     void ReportStart();
+    /// Takes the pictures of one look and ends the program.
+    void RunTourLook();
 
     std::string m_file;
     bool m_measureStart = false;
+    std::string m_tourFolder;
+    std::string m_tourLook;
+    int m_exitCode = 0;
     std::string m_databaseError;
     MainFrame* m_frame = nullptr;
 };

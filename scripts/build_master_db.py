@@ -4,8 +4,8 @@
 
 build_master_db.py OUTPUT CSV_DIR --waters FILE [--iso-codes DIR] [--locales DIR]
 
-CSV_DIR holds details.csv, ions.csv, elements.csv and water_types.csv; FILE the waters of the library. Countries and currencies come from the iso-codes package: their
-codes from its JSON files, their translated names from its message catalogues. The output is replaced as a whole or
+CSV_DIR holds details.csv, ions.csv, elements.csv, alkalizing_agents.csv and water_types.csv; FILE the waters of the
+library. Countries and currencies come from the iso-codes package: their codes from its JSON files, their translated names from its message catalogues. The output is replaced as a whole or
 not at all, and equal inputs give equal bytes.
 """
 import argparse
@@ -20,7 +20,7 @@ import tempfile
 from pathlib import Path
 
 APPLICATION_ID = 0x54564D44  # "TVMD"
-SCHEMA_VERSION = 3
+SCHEMA_VERSION = 4
 ROLES = {"input", "derived"}
 TYPES = {"double", "long", "bool", "date", "string"}
 # Columns of the waters that are details by another name; a column that bears the name of an ion is its amount in mg/l.
@@ -54,6 +54,9 @@ CREATE TABLE country_name (code TEXT NOT NULL, language TEXT NOT NULL, name TEXT
 CREATE TABLE currency (id INTEGER PRIMARY KEY, code TEXT NOT NULL UNIQUE, name TEXT NOT NULL);
 CREATE TABLE currency_name (code TEXT NOT NULL, language TEXT NOT NULL, name TEXT NOT NULL,
     PRIMARY KEY (language, code)) WITHOUT ROWID;
+CREATE TABLE alkalizing_agent (id INTEGER PRIMARY KEY, code TEXT NOT NULL UNIQUE, name TEXT NOT NULL,
+    formula TEXT NOT NULL, molar_mass REAL NOT NULL, valency INTEGER NOT NULL, carbon INTEGER NOT NULL,
+    ion TEXT NOT NULL, cation_mass REAL NOT NULL, pka REAL, enthalpy REAL);
 CREATE TABLE water_type (id INTEGER PRIMARY KEY, code TEXT NOT NULL UNIQUE, description TEXT NOT NULL);
 -- Categories and countries take their identifiers from one row of numbers: a query names either kind by number alone.
 CREATE TABLE water_category (id INTEGER PRIMARY KEY, name TEXT NOT NULL UNIQUE, position INTEGER NOT NULL);
@@ -162,6 +165,20 @@ def fill_iso_codes(db, table, entries, locales, domain):
                 db.execute(f"INSERT INTO {table}_name VALUES (?,?,?)", (entry["code"], language, name))
 
 
+def fill_alkalizing_agents(db, csv_dir, ions):
+    columns = ("key", "name", "formula", "molar_mass", "valency", "carbon", "ion", "cation_mass", "pka", "enthalpy")
+    rows = read_csv(csv_dir / "alkalizing_agents.csv", columns)
+    for identifier, (where, row) in enumerate(rows, start=1):
+        if row["ion"] and row["ion"] not in {ion["key"] for ion in ions}:
+            sys.exit(f"{where}: no ion '{row['ion']}'")
+        if (int(row["valency"]) == 0) != bool(row["pka"]):
+            sys.exit(f"{where}: a strong base has a valency, a weak one a pKa")
+        db.execute("INSERT INTO alkalizing_agent VALUES (?,?,?,?,?,?,?,?,?,?,?)",
+                   (identifier, row["key"], row["name"], row["formula"], number(row["molar_mass"], where),
+                    int(row["valency"]), int(row["carbon"]), row["ion"], number(row["cation_mass"], where),
+                    number(row["pka"], where), number(row["enthalpy"], where)))
+
+
 def fill_water_types(db, csv_dir):
     for identifier, (_, row) in enumerate(read_csv(csv_dir / "water_types.csv", ("code", "description")), start=1):
         db.execute("INSERT INTO water_type VALUES (?,?,?)", (identifier, row["code"], row["description"]))
@@ -239,6 +256,7 @@ def build(path, arguments):
         for entry in entries:
             entry["code"] = entry[code]
         fill_iso_codes(db, table, entries, arguments.locales, domain)
+    fill_alkalizing_agents(db, arguments.csv_dir, ions)
     fill_water_types(db, arguments.csv_dir)
     fill_waters(db, arguments.waters, ions)
     db.commit()

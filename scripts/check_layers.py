@@ -14,7 +14,8 @@ from pathlib import Path
 SOURCES = ("modules", "components", "platform", "app")
 ROOTS = ("modules", "components", "platform")
 
-# What each layer may use beside itself. A layer is the longest of these folders that a file lies below.
+# What each layer may use beside itself. A layer is the longest of these folders that a file lies below, or a header
+# with its source, named without ending.
 CORE = "modules/gui_base/core"
 TNCOMMON = "platform/tncommon"
 DBINTERFACES = "platform/dbinterfaces"
@@ -24,6 +25,11 @@ CHARTDIR = "platform/chartdir"
 REPORT = "components/report"
 WXCHARTDIR = "components/wxchartdir"
 GUI = "modules/gui_base/"
+PRINTOUT = GUI + "report"
+# Tables of what the water analysis shows: no windows, though they lie beside them.
+WATER_ROWS = {GUI + "water/ion_rows", GUI + "water/property_rows"}
+# The languages of the program, which it also speaks without a window.
+LANGUAGE = "app/language"
 
 MODEL = {CORE, TNCOMMON, DBINTERFACES, PROJECTBASE}
 LAYERS = {
@@ -33,8 +39,11 @@ LAYERS = {
     PROJECTBASE: {CORE, TNCOMMON, DBINTERFACES},
     WXCURL: {CORE},
     CHARTDIR: {CORE},
-    REPORT: {CORE, CHARTDIR},
+    REPORT: set(),
     WXCHARTDIR: {CORE, CHARTDIR},
+    PRINTOUT: MODEL | {REPORT} | WATER_ROWS,
+    LANGUAGE: {TNCOMMON},
+    **{rows: {CORE} for rows in WATER_ROWS},
 }
 
 
@@ -48,25 +57,26 @@ def stack(*names, below, also=()):
 
 
 INPUT = stack("support", "input", "input/validation", "input/binding", "input/controls", "input/combinations",
-              "input/panel", "dialogs", below=MODEL, also={REPORT})
+              "input/panel", "dialogs", below=MODEL, also={REPORT, PRINTOUT} | WATER_ROWS)
 BESIDE = {GUI + "whatif", GUI + "graphics", GUI + "network"}
 stack("whatif", below=INPUT)
 stack("graphics", below=INPUT, also={WXCHARTDIR, CHARTDIR})
 stack("network", below=INPUT, also={WXCURL})
 EVERYTHING = stack("water", "ionexchange", below=INPUT | BESIDE, also={WXCHARTDIR})
-LAYERS["app"] = EVERYTHING | {CHARTDIR, WXCURL, "app/command_line"}
+LAYERS["app"] = EVERYTHING | {CHARTDIR, WXCURL, LANGUAGE, "app/command_line"}
 # What runs without a display.
-LAYERS["app/command_line"] = MODEL | {REPORT, CHARTDIR}
+LAYERS["app/command_line"] = MODEL | {REPORT, CHARTDIR, PRINTOUT, LANGUAGE}
 
 # System headers that a layer must not use.
-FORBIDDEN_SYSTEM = {CORE: r"wx/", DBINTERFACES: r"wx/", CHARTDIR: r"wx/", REPORT: r"wx/"}
+FORBIDDEN_SYSTEM = {CORE: r"wx/", DBINTERFACES: r"wx/", CHARTDIR: r"wx/", REPORT: r"wx/",
+                    PRINTOUT: r"wx/(?!string|translation|datetime)"}
 
 INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^">]+)[">]')
 GENERATED = re.compile(r"^\w+/\w+_export\.h$")
 
 
 def layer_of(path):
-    found = [layer for layer in LAYERS if path.startswith(layer + "/")]
+    found = [layer for layer in LAYERS if path.startswith((layer + "/", layer + "."))]
     return max(found, key=len, default=None)
 
 
@@ -129,6 +139,11 @@ def self_test():
         "app/command_line/calc.cpp": '#include "projectbase/p.h"',
         "app/frame.cpp": '#include "gui_base/input/binding/b.h"\n#include "app/command_line/calc.h"',
         "app/command_line/calc.h": "",
+        "app/language.h": '#include "tncommon/data_dir.h"',
+        "app/command_line/report.cpp": '#include "gui_base/report/r.h"\n#include "app/language.h"',
+        "modules/gui_base/report/r.h": '#include "gui_base/water/ion_rows.h"',
+        "modules/gui_base/water/ion_rows.h": "",
+        "platform/tncommon/data_dir.h": "",
     }
     bad = {
         "modules/gui_base/core/up.h": '#include "projectbase/p.h"',
@@ -140,6 +155,9 @@ def self_test():
         "platform/projectbase/window.h": '#include "gui_base/water/w.cpp"',
         "platform/projectbase/relative.h": '#include "p.h"',
         "app/command_line/window.cpp": '#include "gui_base/input/events.h"',
+        "modules/gui_base/report/window.h": '#include "gui_base/water/w.cpp"',
+        "modules/gui_base/report/toolkit.h": "#include <wx/dialog.h>",
+        "app/language.cpp": '#include "app/frame.cpp"',
     }
     with tempfile.TemporaryDirectory() as folder:
         root = Path(folder)

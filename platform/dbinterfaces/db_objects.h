@@ -67,6 +67,22 @@ struct Currency
     std::string name;
 };
 
+/// A base that raises the pH of a water.
+struct AlkalizingAgent
+{
+    int id = -1;
+    std::string key;  ///< for example "naoh"
+    std::string name;
+    std::string formula;
+    double molarMass = 0.0;          ///< g/mol
+    int valency = 0;                 ///< eq/mol of a strong base; 0 for a weak one
+    int carbon = 0;                  ///< mol of carbonate in a mol
+    std::string ion;                 ///< key of the ion that it leaves in the water; empty for an amine
+    double cationMass = 0.0;         ///< g/mol of that ion
+    std::optional<double> pKa;       ///< of the acid of a weak base, 25 °C
+    std::optional<double> enthalpy;  ///< of its dissociation, kJ/mol
+};
+
 /// What a water is: the code is stored with it, the description (English) is shown.
 struct WaterType
 {

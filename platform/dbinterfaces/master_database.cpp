@@ -16,7 +16,7 @@ namespace {
 
 constexpr water_queries::Tables kMasterWaters{"", 0};
 constexpr int kApplicationId = 0x54564D44;  // "TVMD", as the build script writes it
-constexpr int kSchemaVersion = 3;
+constexpr int kSchemaVersion = 4;
 
 struct State
 {
@@ -213,6 +213,33 @@ std::vector<DBObjects::Currency> MasterDatabase::GetCurrencies(const std::string
 {
     return Run("GetCurrencies", [&](soci::session& session) {
         return ReadNamed<DBObjects::Currency>(session, "currency", language, "%");
+    });
+}
+
+std::vector<DBObjects::AlkalizingAgent> MasterDatabase::GetAlkalizingAgents()
+{
+    return Run("GetAlkalizingAgents", [](soci::session& session) {
+        DBObjects::AlkalizingAgent agent;
+        double pKa = 0.0;
+        double enthalpy = 0.0;
+        soci::indicator hasPka = soci::i_null;
+        soci::indicator hasEnthalpy = soci::i_null;
+        std::vector<DBObjects::AlkalizingAgent> agents;
+        soci::statement statement =
+            (session.prepare
+                 << "SELECT id, code, name, formula, molar_mass, valency, carbon, ion, cation_mass, "
+                    "pka, enthalpy FROM alkalizing_agent ORDER BY id",
+             soci::into(agent.id), soci::into(agent.key), soci::into(agent.name), soci::into(agent.formula),
+             soci::into(agent.molarMass), soci::into(agent.valency), soci::into(agent.carbon),
+             soci::into(agent.ion), soci::into(agent.cationMass), soci::into(pKa, hasPka),
+             soci::into(enthalpy, hasEnthalpy));
+        statement.execute();
+        while (statement.fetch()) {
+            agent.pKa = Optional(pKa, hasPka);
+            agent.enthalpy = Optional(enthalpy, hasEnthalpy);
+            agents.push_back(agent);
+        }
+        return agents;
     });
 }
 

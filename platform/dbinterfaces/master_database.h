@@ -45,6 +45,9 @@ public:
     /// codes.
     static std::vector<DBObjects::Currency> GetCurrencies(const std::string& language = {});
 
+    /// The bases that a water can be alkalised with, in the order in which they are offered.
+    static std::vector<DBObjects::AlkalizingAgent> GetAlkalizingAgents();
+
     /// The kinds of waters in the order in which they are offered.
     static std::vector<DBObjects::WaterType> GetWaterTypes();
     /// Description of the water type with that code; empty when there is none.

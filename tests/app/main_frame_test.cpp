@@ -17,9 +17,11 @@
 #include "projectbase/project/recovery_file.h"
 #include "projectbase/settings/settings.h"
 #include "tests/support/gui_test.h"
+#include "tests/support/pdf.h"
 #include "tests/support/temp_folder.h"
 
 #include <gmock/gmock.h>
+#include <wx/filedlg.h>
 #include <wx/menu.h>
 #include <wx/msgdlg.h>
 #include <wx/srchctrl.h>
@@ -389,6 +391,32 @@ TEST_F(MainFrameTest, EveryExampleOpens)
         EXPECT_GT(Value("tds"), 0.0) << water.name;
         EXPECT_TRUE(Messages().empty()) << water.name << ": " << Messages().front();
     }
+}
+
+TEST_F(MainFrameTest, PrintsWhatWasJustTyped)
+{
+    ProjectDatabase::SetUserParameter("/Report/hide.disclaimer", true);
+    events::SendEvent(m_frame, tvCHANGEUNITSYSTEMPRINTOUT_EVENT, m_frame->GetId(), 0, "us");
+    Pump();
+    const auto path = m_folder / "report.pdf";
+    ASSERT_TRUE(m_frame->SaveFile(m_folder / "river.tarnvik"));
+    Focus(Field("na.orig"));
+    Field("na.orig").SelectAll();
+    Type("77");
+    m_dialogs.Expect([](wxDialog&) { return wxID_OK; });  // all pages
+    m_dialogs.Expect([&path](wxDialog& window) {
+        auto& dialog = dynamic_cast<wxFileDialog&>(window);
+        EXPECT_EQ(dialog.GetFilename(), "river.pdf");
+        return ChooseFile(dialog, path) ? wxID_OK : wxID_CANCEL;
+    });
+    m_dialogs.Expect([](wxDialog&) { return wxID_NO; });  // open it?
+    Press('P', wxMOD_CONTROL);
+    ASSERT_TRUE(PumpUntil([&path] { return std::filesystem::exists(path); }));
+    const std::string text = support::PdfFile(support::ReadBytes(path)).Text();
+    EXPECT_THAT(text, testing::ContainsRegex("Sodium +77 +mg/l"));
+    EXPECT_THAT(text, testing::HasSubstr("\u00b0F"));
+    EXPECT_THAT(text, testing::HasSubstr("Page 1 of 2"));
+    ProjectDatabase::RemoveUserParameter("/Report/hide.disclaimer");
 }
 
 }  // namespace

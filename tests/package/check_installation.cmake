@@ -19,6 +19,11 @@ execute_process(COMMAND "${prefix}/bin/tarnvik" calc "${example}" OUTPUT_VARIABL
 if(NOT results MATCHES "Ionic strength +0\\.0021")
   message(FATAL_ERROR "The installed program calculated:\n${results}")
 endif()
+run("${CMAKE_COMMAND}" -E env --unset=DISPLAY "${prefix}/bin/tarnvik" report "${example}" -o "${work}/report.pdf" --language de)
+execute_process(COMMAND pdftotext "${work}/report.pdf" - OUTPUT_VARIABLE text COMMAND_ERROR_IS_FATAL ANY)
+if(NOT text MATCHES "Ionenbilanz")
+  message(FATAL_ERROR "The installed program reported:\n${text}")
+endif()
 foreach(file applications/tarnvik.desktop mime/packages/tarnvik.xml icons/hicolor/scalable/apps/tarnvik.svg
              tarnvik/help/tarnvik6.htb tarnvik/tnbase.zrc tarnvik/locale/de/LC_MESSAGES/tarnvik.mo)
   if(NOT EXISTS "${prefix}/share/${file}")

@@ -3,6 +3,7 @@
 #include "gui_base/core/ion_units.h"
 #include "gui_base/water/wateranalysis_panel.h"
 #include "projectbase/project/iex_project.h"
+#include "report/pdf_writer.h"
 #include "tncommon/data_dir.h"
 
 #include <cmath>
@@ -21,6 +22,9 @@ int main()
     const double calcium = water.At("liquid/ca.meql").GetDoubleValue();
     const double expected = ions::ToMeqPerLitre(40.08, "mg/l", 20.04);
     std::cout << calcium << " meq/l\n";
+    report::Document document{.title = "Installed"};
+    if (!report::WritePdf(document).starts_with("%PDF"))
+        return 1;
     const bool linked = std::isfinite(WaterAnalysisPanel::ReversePolarizationEffect(1.0));
     return linked && std::fabs(calcium - expected) < 1e-12 ? 0 : 1;
 }

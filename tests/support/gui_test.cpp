@@ -7,6 +7,7 @@
 
 #include <wx/app.h>
 #include <wx/evtloop.h>
+#include <wx/filedlg.h>
 #include <wx/panel.h>
 #include <wx/stopwatch.h>
 #include <wx/textctrl.h>
@@ -80,6 +81,18 @@ void Enter(wxTextCtrl& field, const wxString& asciiText)
         Type(asciiText);
     Press(WXK_TAB);
     EXPECT_TRUE(PumpUntil([&field] { return !field.HasFocus(); })) << field.GetName();
+}
+
+bool ChooseFile(wxFileDialog& dialog, const std::filesystem::path& path)
+{
+    // The toolkit's dialog knows its path only while it is shown.
+    const wxString wanted = wxString::FromUTF8(path.string());
+    dialog.Show();
+    Pump();
+    dialog.SetPath(wanted);
+    const bool taken = PumpUntil([&] { return dialog.GetPath() == wanted; });
+    EXPECT_TRUE(taken) << path << " " << dialog.GetPath().utf8_string();
+    return taken;
 }
 
 LocaleGuard::LocaleGuard(const std::string& name) : m_previous(std::setlocale(LC_ALL, nullptr))

@@ -11,11 +11,13 @@
 #include <wx/string.h>
 
 #include <deque>
+#include <filesystem>
 #include <functional>
 #include <string>
 #include <utility>
 #include <vector>
 
+class wxFileDialog;
 class wxPanel;
 class wxTextCtrl;
 
@@ -32,6 +34,9 @@ void Focus(wxWindow& window);
 void Click(wxWindow& window);
 /// Focuses the field, replaces its text by typing and leaves it with Tab.
 void Enter(wxTextCtrl& field, const wxString& asciiText);
+
+/// Chooses a file as the user would; false, with a failed test, when the dialog does not take it.
+bool ChooseFile(wxFileDialog& dialog, const std::filesystem::path& path);
 
 /// A number locale of the C library ("de_DE.UTF-8") for the life of the object. Fails the test when there is
 /// none.

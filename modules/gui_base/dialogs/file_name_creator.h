@@ -11,7 +11,8 @@ class GUI_BASE_EXPORT FileNameCreator
 {
 public:
     /// Shows a file dialog with that title, folder, proposed name and wildcard; `extension` (without the dot)
-    /// is added to a name that has none. An existing file is confirmed by the dialog. Returns an invalid name
+    /// is added to a name that has none. An existing file is replaced only when the user
+    /// confirms it. Returns an invalid name
     /// when the user cancels.
     wxFileName operator()(wxWindow* parent, const wxString& title, const wxString& folder,
                           const wxString& name, const wxString& wildcard, const wxString& extension) const;

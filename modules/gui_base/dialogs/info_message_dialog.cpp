@@ -10,8 +10,9 @@
 InfoMessageDialog::InfoMessageDialog(const wxString& message, wxWindow* parent, int id, const wxString& title,
                                      const wxPoint& pos, const wxSize& size, long style, const wxString& name)
     : wxDialog(parent, id, i18n::Translated(title.empty() ? wxString(wxTRANSLATE("Information")) : title),
-               pos, size, style, name)
+               pos, size, style & ~wxCANCEL, name)
 {
+    const bool cancel = (style & wxCANCEL) != 0;
     auto* outer = new wxBoxSizer(wxVERTICAL);
     const wxSizerFlags spaced = wxSizerFlags().Border(wxALL, FromDIP(12));
     auto* text = new wxStaticText(this, wxID_ANY, i18n::Translated(message));
@@ -19,8 +20,8 @@ InfoMessageDialog::InfoMessageDialog(const wxString& message, wxWindow* parent, 
     outer->Add(text, spaced);
     m_dontShowAgain = new wxCheckBox(this, wxID_ANY, i18n::Translated("Do not show this message again"));
     outer->Add(m_dontShowAgain, spaced);
-    outer->Add(dialogs::CreateButtons(*this, false), wxSizerFlags(spaced).Expand());
+    outer->Add(dialogs::CreateButtons(*this, cancel), wxSizerFlags(spaced).Expand());
     SetSizerAndFit(outer);
-    SetEscapeId(wxID_OK);
+    SetEscapeId(cancel ? wxID_CANCEL : wxID_OK);
     CentreOnParent();
 }

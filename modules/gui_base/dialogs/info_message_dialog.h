@@ -8,6 +8,8 @@
 
 /// A message with an OK button and the choice not to show it again. The dialog remembers nothing itself:
 /// whoever shows it keeps the choice, also when the dialog is closed by Escape.
+///
+/// With wxCANCEL in its style it has a Cancel button too, which is then what Escape means.
 class GUI_BASE_EXPORT InfoMessageDialog : public wxDialog
 {
 public:

@@ -18,7 +18,7 @@ std::vector<ReportPage> ToPages(const std::vector<std::pair<wxString, int>>& pag
 {
     std::vector<ReportPage> result;
     for (const auto& [title, id] : pages)
-        result.push_back({title, id});
+        result.push_back({.title = title, .id = id});
     return result;
 }
 
@@ -59,6 +59,12 @@ std::vector<ReportPage> PageSelectionPanel::GetChosen() const
     return chosen;
 }
 
+void PageSelectionPanel::SetChosen(const std::vector<int>& ids)
+{
+    for (unsigned i = 0; i < m_list->GetCount(); ++i)
+        m_list->Check(i, std::find(ids.begin(), ids.end(), m_pages[i].id) != ids.end());
+}
+
 void PageSelectionPanel::CheckAll(bool check)
 {
     for (unsigned i = 0; i < m_list->GetCount(); ++i)
@@ -81,5 +87,7 @@ PageSelectionDialog::PageSelectionDialog(const std::vector<std::pair<wxString, i
     outer->Add(m_panel, wxSizerFlags(spaced).Expand().Proportion(1));
     outer->Add(dialogs::CreateButtons(*this, true), wxSizerFlags(spaced).Expand());
     SetSizerAndFit(outer);
+    FindWindow(wxID_OK)->Bind(wxEVT_UPDATE_UI,
+                              [this](wxUpdateUIEvent& event) { event.Enable(!GetActiveReports().empty()); });
     CentreOnParent();
 }

@@ -4,6 +4,7 @@
 /// Choice of the pages of a report. All pages are chosen at first.
 
 #include "gui_base/gui_base_export.h"
+#include "gui_base/report/report_page_source.h"
 
 #include <wx/checklst.h>
 #include <wx/dialog.h>
@@ -11,13 +12,6 @@
 
 #include <utility>
 #include <vector>
-
-/// A page that can be chosen.
-struct ReportPage
-{
-    wxString title;  ///< source text
-    int id = -1;
-};
 
 /// The content of the dialog: a check list with buttons for all and none.
 class GUI_BASE_EXPORT PageSelectionPanel : public wxPanel
@@ -31,6 +25,8 @@ public:
 
     /// The chosen pages, in their order.
     std::vector<ReportPage> GetChosen() const;
+    /// Chooses the pages with those identifiers and no others.
+    void SetChosen(const std::vector<int>& ids);
     void CheckAll(bool check);
 
 private:
@@ -50,6 +46,8 @@ public:
 
     /// The chosen pages, in their order.
     std::vector<ReportPage> GetActiveReports() const { return m_panel->GetChosen(); }
+    /// Chooses the pages with those identifiers and no others.
+    void SetActiveReports(const std::vector<int>& ids) { m_panel->SetChosen(ids); }
 
 private:
     PageSelectionPanel* m_panel;

@@ -44,8 +44,15 @@ void Project::NormalizeIons(std::size_t liquid, bool derived)
         water::UpdateDerivedValues(details);
 }
 
+water::AlkalizationResult Project::CalculateAlkalization(std::size_t liquid)
+{
+    return water::CalculateAlkalization(*GetLiquid(liquid).GetDetails());
+}
+
 void Project::CalculateDesign()
 {
-    for (std::size_t i = 0; i < m_liquids.size(); ++i)
+    for (std::size_t i = 0; i < m_liquids.size(); ++i) {
         NormalizeLiquid(i);
+        CalculateAlkalization(i);
+    }
 }

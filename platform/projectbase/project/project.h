@@ -7,6 +7,7 @@
 #include "projectbase/details/detail_list.h"
 #include "projectbase/project/logger.h"
 #include "projectbase/projectbase_export.h"
+#include "projectbase/water/alkalization.h"
 #include "projectbase/water/liquid_data.h"
 
 #include <memory>
@@ -54,6 +55,8 @@ public:
     void NormalizeIons(std::size_t liquid, bool derived);
     void NormalizeLiquid(std::size_t liquid) { NormalizeIons(liquid, true); }
 
+    /// Alkalises a normalised water while an agent is chosen for it; see water/alkalization.h.
+    water::AlkalizationResult CalculateAlkalization(std::size_t liquid);
     /// Recalculates whatever depends on the inputs of the project.
     virtual void CalculateDesign();
 

@@ -64,7 +64,9 @@ double TotalHardness(const Composition& composition)
 
 double CarbonateHardness(const Composition& composition)
 {
-    return std::min(TotalHardness(composition), 0.5 * std::max(0.0, AlkalinityM(composition)));
+    // An alkalinity that is not known leaves this unknown too.
+    const double bound = 0.5 * AlkalinityM(composition);
+    return bound < 0.0 ? 0.0 : std::min(bound, TotalHardness(composition));
 }
 
 double AlkalinityM(const Composition& composition)

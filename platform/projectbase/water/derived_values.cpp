@@ -6,6 +6,7 @@
 #include "projectbase/water/ion_rows.h"
 #include "projectbase/water/normalization.h"
 #include "projectbase/water/short_analysis.h"
+#include "projectbase/water/totals.h"
 
 #include <algorithm>
 #include <cmath>
@@ -16,14 +17,6 @@ namespace water {
 namespace {
 
 constexpr double kUnknown = std::numeric_limits<double>::quiet_NaN();
-
-/// What the ion rows of a water add up to.
-struct Totals
-{
-    Composition composition;
-    ChargeSums charges;
-    double mass = 0.0;  // mg/l
-};
 
 Species SpeciesOfRow(const DetailList& liquid, const IonRow& row)
 {
@@ -36,35 +29,6 @@ Species SpeciesOfRow(const DetailList& liquid, const IonRow& row)
 bool IsWaterIon(const IonRow& row)
 {
     return row.species == Species::H || row.species == Species::Oh;
-}
-
-Totals AddIons(const DetailList& liquid, bool withWaterIons)
-{
-    Totals totals;
-    for (const IonRow& row : IonRows()) {
-        if (IsWaterIon(row) && !withWaterIons)
-            continue;
-        const double meq = liquid.At(row.meql).GetDoubleValue();
-        const double mg = liquid.At(row.mgl).GetDoubleValue();
-        if (meq == 0.0 || !std::isfinite(meq) || !std::isfinite(mg))
-            continue;
-        totals.mass += mg;
-        if (row.countsAsCharge)
-            (row.isCation ? totals.charges.cations : totals.charges.anions) += meq;
-        const Species species = SpeciesOfRow(liquid, row);
-        totals.composition[species] += std::max(0.0, meq) / std::max(1, std::abs(Charge(species)));
-    }
-    return totals;
-}
-
-/// H+ and OH- at that pH in a water that holds the other ions; they add to the ionic strength themselves.
-Dissociation DissociationIn(const Composition& others, double pH, double celsius)
-{
-    const double strength = IonicStrength(others);
-    Dissociation result = DissociationFromPh(pH, celsius, strength);
-    for (int pass = 0; pass < 4; ++pass)
-        result = DissociationFromPh(pH, celsius, strength + 0.5e-3 * (result.hydrogen + result.hydroxide));
-    return result;
 }
 
 /// mmol/l, 0 where it is not known.
@@ -135,6 +99,52 @@ void FillRow(DetailList& liquid, std::string_view ion, double meq)
 
 }  // namespace
 
+Totals AddIons(const DetailList& liquid, bool withWaterIons)
+{
+    Totals totals;
+    for (const IonRow& row : IonRows()) {
+        if (IsWaterIon(row) && !withWaterIons)
+            continue;
+        const double meq = liquid.At(row.meql).GetDoubleValue();
+        const double mg = liquid.At(row.mgl).GetDoubleValue();
+        if (meq == 0.0 || !std::isfinite(meq) || !std::isfinite(mg))
+            continue;
+        totals.mass += mg;
+        if (row.countsAsCharge)
+            (row.isCation ? totals.charges.cations : totals.charges.anions) += meq;
+        const Species species = SpeciesOfRow(liquid, row);
+        totals.composition[species] += std::max(0.0, meq) / std::max(1, std::abs(Charge(species)));
+    }
+    // The cation of an amine counts as a named one does: its conductivity and its activity as sodium's.
+    const double amine = liquid.At("liquid/alk.cation.meql").GetDoubleValue();
+    totals.charges.cations += amine;
+    totals.composition[Species::Na] += amine;
+    totals.mass += liquid.At("liquid/alk.cation.mgl").GetDoubleValue();
+    return totals;
+}
+
+Dissociation DissociationIn(const Composition& others, double pH, double celsius)
+{
+    const double strength = IonicStrength(others);
+    Dissociation result = DissociationFromPh(pH, celsius, strength);
+    for (int pass = 0; pass < 4; ++pass)
+        result = DissociationFromPh(pH, celsius, strength + 0.5e-3 * (result.hydrogen + result.hydroxide));
+    return result;
+}
+
+/// Adds H+ and OH- as they follow from the pH, where it is known and their rows do not state them.
+void AddIonsOfPh(const DetailList& liquid, Composition& composition)
+{
+    const double pH = liquid.At("liquid/ph").GetDoubleValue();
+    if (liquid.At("liquid/balance.ph").GetBoolValue() || !std::isfinite(pH))
+        return;
+    const double celsius = liquid.At("liquid/temp").GetDoubleValue();
+    const auto ionsOfWater = DissociationIn(composition, pH, std::isfinite(celsius) ? celsius : 25.0);
+    composition[Species::H] = ionsOfWater.hydrogen;
+    composition[Species::Oh] = ionsOfWater.hydroxide;
+    composition.hydrogenIsFree = true;
+}
+
 void UpdateDerivedValues(DetailList& liquid)
 {
     const std::string type = liquid.At("liquid/analysis.type").GetStdStringValue();
@@ -145,7 +155,8 @@ void UpdateDerivedValues(DetailList& liquid)
 
     const bool withWaterIons = liquid.At("liquid/balance.ph").GetBoolValue();
     const double celsius = liquid.At("liquid/temp").GetDoubleValue();
-    const double pH = liquid.At("liquid/ph").GetDoubleValue();
+    const double alkalised = liquid.At("liquid/alk.ph").GetDoubleValue();
+    const double pH = std::isfinite(alkalised) ? alkalised : liquid.At("liquid/ph").GetDoubleValue();
 
     Totals totals = AddIons(liquid, withWaterIons);
     const double sodium = std::max(0.0, totals.charges.anions - totals.charges.cations);
@@ -157,12 +168,8 @@ void UpdateDerivedValues(DetailList& liquid)
     const double co2 = TypedOrCalculatedCo2(liquid, composition, pH, celsius);
     if (!isShort)
         composition[Species::Co2] = co2;
-    if (!isShort && !withWaterIons && std::isfinite(pH)) {
-        const auto ionsOfWater = DissociationIn(composition, pH, std::isfinite(celsius) ? celsius : 25.0);
-        composition[Species::H] = ionsOfWater.hydrogen;
-        composition[Species::Oh] = ionsOfWater.hydroxide;
-        composition.hydrogenIsFree = true;
-    }
+    if (!isShort)
+        AddIonsOfPh(liquid, composition);
 
     liquid.At("liquid/sum.c.meql").SetValue(totals.charges.cations);
     liquid.At("liquid/sum.a.meql").SetValue(totals.charges.anions);
@@ -170,6 +177,13 @@ void UpdateDerivedValues(DetailList& liquid)
     liquid.At("liquid/cl.plus.meql").SetValue(chloride);
     liquid.At("liquid/tds").SetValue(totals.mass);
     SetPhysicalValues(liquid, composition, celsius);
+}
+
+Composition AnalysedComposition(const DetailList& liquid)
+{
+    Composition composition = AddIons(liquid, liquid.At("liquid/balance.ph").GetBoolValue()).composition;
+    AddIonsOfPh(liquid, composition);
+    return composition;
 }
 
 bool FillHydrogenAndHydroxide(DetailList& liquid)

@@ -59,6 +59,10 @@ void NormalizeIon(DetailList& liquid, std::string_view ion, bool checkName)
 
 void NormalizeEveryIon(DetailList& liquid)
 {
+    for (const char* key : {"liquid/alk.ph", "liquid/alk.dosed"})
+        liquid.At(key).SetValue(kUnknown);
+    for (const char* key : {"liquid/alk.cation.meql", "liquid/alk.cation.mgl"})
+        liquid.At(key).SetValue(0.0);
     if (!liquid.At("liquid/balance.ph").GetBoolValue())
         ResetHydrogenAndHydroxide(liquid);
     for (const IonRow& row : IonRows())

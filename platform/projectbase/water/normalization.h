@@ -10,6 +10,7 @@
 
 #include "projectbase/details/detail_list.h"
 #include "projectbase/projectbase_export.h"
+#include "projectbase/water/composition.h"
 
 #include <string_view>
 
@@ -20,7 +21,8 @@ namespace water {
 PROJECTBASE_EXPORT void NormalizeIon(DetailList& liquid, std::string_view ion, bool checkName);
 
 /// NormalizeIon for every ion row of a water, and CO2 (unless it is calculated) and the temperature from what
-/// was typed. While "liquid/balance.ph" is off, H+ and OH- are reset.
+/// was typed. While "liquid/balance.ph" is off, H+ and OH- are reset. What an alkalization changed is taken
+/// back.
 PROJECTBASE_EXPORT void NormalizeEveryIon(DetailList& liquid);
 
 /// Refreshes what follows from the normalised ions.
@@ -35,6 +37,7 @@ PROJECTBASE_EXPORT void NormalizeEveryIon(DetailList& liquid);
 ///   with the amounts that follow from the pH, so that acid water conducts as it does, and pure water of
 ///   known pH has its own conductivity; with an unknown pH they are left out. The conductivity at 25 °C is
 ///   that of the same amounts.
+/// - An alkalised water has the pH that the alkalization gave it ("liquid/alk.ph").
 /// - CO2 where it is calculated: not a number while the pH or the temperature is unknown.
 /// - A short analysis ("SHORT_TDS", "SHORT_COND") replaces the normalised ions by sodium and chloride alone;
 /// what was
@@ -44,6 +47,10 @@ PROJECTBASE_EXPORT void NormalizeEveryIon(DetailList& liquid);
 /// An unknown temperature, or one at which water is not liquid, leaves conductivity and osmotic pressure
 /// unknown, as does a concentration beyond the range of the methods.
 PROJECTBASE_EXPORT void UpdateDerivedValues(DetailList& liquid);
+
+/// The normalised ions of a full analysis as amounts, without what closes the balance and without CO2; H+ and
+/// OH- as stated with "liquid/balance.ph", otherwise as they follow from the pH.
+PROJECTBASE_EXPORT Composition AnalysedComposition(const DetailList& liquid);
 
 /// Fills the rows of H+ and OH- from pH and temperature: to be called once when "liquid/balance.ph" is
 /// switched on; values typed afterwards stay. Returns false and sets both to 0 while the pH or the

@@ -115,11 +115,10 @@ TEST_F(SmallDialogsTest, FileNamesGetTheirEnding)
     m_dialogs.Expect([](wxDialog&) { return wxID_CANCEL; });
     EXPECT_FALSE(FileNameCreator()(m_frame, "Export", "/tmp", "water", "*.csv", "csv").IsOk());
     m_dialogs.Expect([](wxDialog& dialog) {
-        dynamic_cast<wxFileDialog&>(dialog).SetPath("/tmp/water");
-        return wxID_OK;
+        return ChooseFile(dynamic_cast<wxFileDialog&>(dialog), "/tmp/water") ? wxID_OK : wxID_CANCEL;
     });
     const wxFileName file = FileNameCreator()(m_frame, "Export", "/tmp", "water", "*.csv", "csv");
-    EXPECT_EQ(file.GetExt(), "csv");
+    EXPECT_EQ(file.GetFullPath(), "/tmp/water.csv");
 }
 
 TEST_F(SmallDialogsTest, CountriesFollowTheLanguage)

@@ -77,6 +77,8 @@ TEST_F(FurtherControlsTest, BitmapButtonFollowsItsSibling)
     auto* button = new TvBitmapButton(m_panel, wxID_ANY, wxArtProvider::GetBitmapBundle(wxART_NEW), field,
                                       wxPoint(300, 20));
     EXPECT_EQ(button->GetBestSize().y, field->GetBestSize().y);
+    EXPECT_GE(button->GetBestSize().x, 16);
+    EXPECT_TRUE(button->IsShown());
     int clicks = 0;
     m_panel->Bind(wxEVT_BUTTON, [&](wxCommandEvent&) { ++clicks; });
     Click(*button);

@@ -10,7 +10,7 @@
 namespace {
 
 constexpr int kPlaceWidth = 160;
-constexpr int kGap = 3;
+constexpr int kPlaceGap = 16;
 
 DetailData* Required(DetailData* detail)
 {
@@ -55,8 +55,8 @@ CountryPlaceCombination::CountryPlaceCombination(wxWindow* parent, int countryId
     m_place = new TvValidatedTextCtrl(config);
     m_place->Bind(wxEVT_TEXT_ENTER, &CountryPlaceCombination::OnPlace, this);
     accessibility::SetName(*m_place, i18n::Translated(placeLabel));
-    GetSizer()->Add(m_placeLabel.get(),
-                    wxSizerFlags().Border(wxLEFT | wxRIGHT | wxBOTTOM, kGap).CenterVertical());
+    GetSizer()->AddSpacer(kPlaceGap);
+    GetSizer()->Add(m_placeLabel.get(), wxSizerFlags().Border(wxRIGHT | wxBOTTOM, kGap).CenterVertical());
     GetSizer()->Add(m_place.get(), wxSizerFlags().Border(wxBOTTOM, kGap).CenterVertical());
 }
 
@@ -74,8 +74,7 @@ void CountryPlaceCombination::SetCountries(const Items& countries)
 
 void CountryPlaceCombination::Localize(const std::string& unitSystem)
 {
-    if (GetLabel() != nullptr)
-        GetLabel()->Localize(unitSystem);
+    ChoiceCombination::Localize(unitSystem);
     if (m_placeLabel)
         m_placeLabel->Localize(unitSystem);
     if (m_place)

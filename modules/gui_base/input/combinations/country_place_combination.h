@@ -33,6 +33,10 @@ public:
     TvStaticText* GetPlaceLabel() const { return m_placeLabel.get(); }
     TvValidatedTextCtrl* GetPlace() const { return m_place.get(); }
 
+protected:
+    /// The names of the countries are given in the user's language.
+    void DoLocalize(const std::string& /*unitSystem*/) override {}
+
 private:
     void OnPlace(wxCommandEvent& event);
 

@@ -21,9 +21,9 @@ TvBitmapButton::TvBitmapButton(wxWindow* parent, int id, const wxBitmapBundle& b
         });
 }
 
-wxSize TvBitmapButton::DoGetBestClientSize() const
+wxSize TvBitmapButton::DoGetBestSize() const
 {
-    wxSize best = wxBitmapButton::DoGetBestClientSize();
+    wxSize best = wxBitmapButton::DoGetBestSize();
     if (m_sibling)
         best.y = m_sibling->GetBestSize().y;
     return best;

@@ -29,7 +29,7 @@ public:
     void FollowSibling();
 
 protected:
-    wxSize DoGetBestClientSize() const override;
+    wxSize DoGetBestSize() const override;
 
 private:
     void OnClicked(wxCommandEvent& event);

@@ -1,22 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "gui_base/input/controls/tv_choice.h"
 
-#include "gui_base/input/controls/wheel.h"
-#include "gui_base/input/events.h"
-#include "gui_base/support/translation.h"
-
-#include <algorithm>
-
 namespace {
-
-wxArrayString TranslatedLabels(const tvChoice::Items& items, bool translate)
-{
-    wxArrayString labels;
-    labels.reserve(items.size());
-    for (const auto& [key, label] : items)
-        labels.push_back(translate ? i18n::Translated(label) : label);
-    return labels;
-}
 
 tvChoice::Items Numbered(const std::vector<wxString>& labels)
 {
@@ -26,117 +11,47 @@ tvChoice::Items Numbered(const std::vector<wxString>& labels)
     return items;
 }
 
-int IndexOfLabel(const tvChoice::Items& items, const wxString& label)
-{
-    const auto found =
-        std::find_if(items.begin(), items.end(), [&label](const auto& item) { return item.second == label; });
-    return found == items.end() ? wxNOT_FOUND : static_cast<int>(found - items.begin());
-}
-
-int IndexOfKey(const tvChoice::Items& items, long key)
-{
-    const auto found =
-        std::find_if(items.begin(), items.end(), [key](const auto& item) { return item.first == key; });
-    return found == items.end() ? wxNOT_FOUND : static_cast<int>(found - items.begin());
-}
-
 }  // namespace
 
 tvChoice::tvChoice(const Items& items, DetailData* detail, wxWindow* parent, int id, const wxPoint& pos,
                    const wxSize& size, long style, const wxValidator& validator, const wxString& name)
-    : wxChoice(parent, id, pos, size, TranslatedLabels(items, true), style, validator, name),
-      m_items(items),
-      m_detail(detail)
+    : KeyedChoice(items, detail, parent, id, pos, size, style, validator, name)
 {
     tvChoice::TransferDetailToWindow();
-    Bind(wxEVT_CHOICE, &tvChoice::OnChosen, this);
-    Bind(wxEVT_MOUSEWHEEL, [this](wxMouseEvent& event) { wheel::ScrollParentUnlessFocused(*this, event); });
-}
-
-void tvChoice::Set(const Items& items)
-{
-    m_items = items;
-    wxArrayString labels;
-    for (const auto& [key, label] : m_items)
-        labels.push_back(DisplayText(label));
-    wxChoice::Set(labels);
-}
-
-wxString tvChoice::DisplayText(const wxString& label) const
-{
-    return i18n::Translated(label);
-}
-
-void tvChoice::Localize(const std::string&)
-{
-    const int selection = GetSelection();
-    bool replaced = false;
-    for (unsigned i = 0; i < m_items.size(); ++i) {
-        const wxString text = DisplayText(m_items[i].second);
-        if (GetString(i) == text)
-            continue;
-        SetString(i, text);
-        replaced = true;
-    }
-    // Replacing the text of the selected item deselects it.
-    if (replaced)
-        SetSelection(selection);
 }
 
 tvChoice::Item tvChoice::GetSelectedData() const
 {
-    const int selection = GetSelection();
-    if (selection < 0 || static_cast<std::size_t>(selection) >= m_items.size())
-        return {wxNOT_FOUND, wxString()};
-    return m_items[static_cast<std::size_t>(selection)];
-}
-
-long tvChoice::GetID() const
-{
-    return GetSelectedData().first;
-}
-
-void tvChoice::SelectIndex(int index)
-{
-    if (GetSelection() != index)
-        SetSelection(index);
-}
-
-void tvChoice::SetStringSelectionFromUnlocalized(const wxString& label)
-{
-    SelectIndex(IndexOfLabel(m_items, label));
+    const Item* item = GetSelectedItem();
+    return item != nullptr ? *item : Item(wxNOT_FOUND, wxString());
 }
 
 void tvChoice::SetDefault(long key)
 {
-    if (const int index = IndexOfKey(m_items, key); index != wxNOT_FOUND)
+    if (const int index = IndexOfKey(key); index != wxNOT_FOUND)
         SelectIndex(index);
 }
 
 void tvChoice::TransferDetailToWindow()
 {
-    if (m_detail == nullptr)
+    DetailData* detail = GetDetail();
+    if (detail == nullptr)
         return;
-    if (m_detail->GetType() == DetailType::String)
-        SelectIndex(IndexOfLabel(m_items, m_detail->GetStringValue()));
+    if (detail->GetType() == DetailType::String)
+        SelectIndex(IndexOfLabel(detail->GetStringValue()));
     else
-        SelectIndex(IndexOfKey(m_items, m_detail->GetLongValue()));
+        SelectIndex(IndexOfKey(detail->GetLongValue()));
 }
 
-void tvChoice::OnChosen(wxCommandEvent& event)
+wxString tvChoice::StoreChoice(const Item& item)
 {
-    event.Skip();
-    const auto [key, label] = GetSelectedData();
-    if (m_detail != nullptr) {
-        if (m_detail->GetType() == DetailType::String)
-            m_detail->SetValue(label);
+    if (DetailData* detail = GetDetail()) {
+        if (detail->GetType() == DetailType::String)
+            detail->SetValue(item.second);
         else
-            m_detail->SetValue(key);
+            detail->SetValue(item.first);
     }
-    wxCommandEvent changed(tvCHANGE_EVENT, GetId());
-    changed.SetEventObject(this);
-    changed.SetString(label);
-    ProcessWindowEvent(changed);
+    return item.second;
 }
 
 tvUnitChoice::tvUnitChoice(const Items& units, DetailData* unitDetail, wxWindow* parent, int id,
@@ -155,7 +70,7 @@ tvUnitChoice::tvUnitChoice(const std::vector<wxString>& units, DetailData* unitD
 
 bool tvUnitChoice::Offers(const wxString& unit) const
 {
-    const int index = IndexOfLabel(GetItems(), unit);
+    const int index = IndexOfLabel(unit);
     return index != wxNOT_FOUND && static_cast<std::size_t>(index) < m_offered;
 }
 

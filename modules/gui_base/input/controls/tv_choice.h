@@ -3,64 +3,33 @@
 
 /// A choice of keyed, translated items bound to one detail.
 ///
-/// A detail of text type holds the source-language label of the chosen item, any other the item's key.
-/// Choosing an item stores it and then processes a tvCHANGE_EVENT on the choice, which climbs to the panel. A
-/// value that no item has clears the selection. The wheel over a choice without the focus scrolls the panel
-/// instead of the choice.
+/// A detail of text type holds the source-language label of the chosen item, any other the item's key. A
+/// value that no item has clears the selection. The text of its tvCHANGE_EVENT is the source label.
 
-#include "gui_base/gui_base_export.h"
-#include "gui_base/input/binding/detail_container_window.h"
-#include "projectbase/details/detail_data.h"
+#include "gui_base/input/controls/keyed_choice.h"
 
-#include <wx/choice.h>
-
-#include <string>
-#include <utility>
-#include <vector>
-
-class GUI_BASE_EXPORT tvChoice : public wxChoice, public DetailContainerWindow
+class GUI_BASE_EXPORT tvChoice : public KeyedChoice<long>
 {
 public:
-    using Item = std::pair<long, wxString>;
-    using Items = std::vector<Item>;
-
     /// `detail` is not owned and may be null.
     tvChoice(const Items& items, DetailData* detail, wxWindow* parent, int id,
              const wxPoint& pos = wxDefaultPosition, const wxSize& size = wxDefaultSize, long style = 0,
              const wxValidator& validator = wxDefaultValidator,
              const wxString& name = wxASCII_STR(wxChoiceNameStr));
 
-    using wxChoice::Set;
-    /// Replaces the items; nothing is selected afterwards until the detail is shown again.
-    void Set(const Items& items);
-    void Localize(const std::string& unitSystem);
-
     /// Key of the selected item; wxNOT_FOUND without a selection.
-    long GetID() const;
+    long GetID() const { return GetSelectedData().first; }
     /// Key and source label of the selected item; (wxNOT_FOUND, empty) without a selection.
     Item GetSelectedData() const;
-    wxString GetStringUnlocalized() const { return GetSelectedData().second; }
     /// Selects the first item with that source label; a label that no item has clears the selection.
-    void SetStringSelectionFromUnlocalized(const wxString& label);
+    void SetStringSelectionFromUnlocalized(const wxString& label) { SelectIndex(IndexOfLabel(label)); }
     /// Selects the item with that key; nothing when there is none.
     void SetDefault(long key);
 
     void TransferDetailToWindow() override;
-    void UpdateUnit(const std::string& unitSystem) override { Localize(unitSystem); }
-
-    DetailData* GetDetail() const { return m_detail; }
-    const Items& GetItems() const { return m_items; }
 
 protected:
-    /// Text that is shown for a source label.
-    virtual wxString DisplayText(const wxString& label) const;
-    void SelectIndex(int index);
-
-private:
-    void OnChosen(wxCommandEvent& event);
-
-    Items m_items;
-    DetailData* m_detail;
+    wxString StoreChoice(const Item& item) override;
 };
 
 /// A choice of units. Units are not translated; a unit that the detail holds but the list does not offer is

@@ -31,11 +31,36 @@ wxString tvListViewComboPopup::GetStringValue() const
 
 void tvListViewComboPopup::SetStringValue(const wxString& value)
 {
-    m_selectedRow = wxNOT_FOUND;
-    for (int row = 0; row < GetItemCount() && m_selectedRow == wxNOT_FOUND; ++row)
+    // Several rows may have that text: the chosen one stays.
+    if (m_selectedRow != wxNOT_FOUND && GetStringValue() == value) {
+        Highlight(m_selectedRow);
+        return;
+    }
+    int found = wxNOT_FOUND;
+    for (int row = 0; row < GetItemCount() && found == wxNOT_FOUND; ++row)
         if (GetItemText(row) == value)
-            m_selectedRow = row;
-    Highlight(m_selectedRow);
+            found = row;
+    SelectRow(found);
+}
+
+void tvListViewComboPopup::SelectRow(int row)
+{
+    m_selectedRow = row;
+    Highlight(row);
+}
+
+void tvListViewComboPopup::OnComboKeyEvent(wxKeyEvent& event)
+{
+    const int key = event.GetKeyCode();
+    const bool down = key == WXK_DOWN || key == WXK_NUMPAD_DOWN;
+    const bool up = key == WXK_UP || key == WXK_NUMPAD_UP;
+    const int row = down ? m_selectedRow + 1 : m_selectedRow - 1;
+    if ((!down && !up) || event.HasAnyModifiers() || row < 0 || row >= GetItemCount()) {
+        event.Skip();
+        return;
+    }
+    Choose(row);
+    GetComboCtrl()->SetText(GetStringValue());
 }
 
 void tvListViewComboPopup::OnPopup()
@@ -77,7 +102,8 @@ void tvListViewComboPopup::Choose(long row)
         return;
     m_selectedRow = static_cast<int>(row);
     // Closing shows the chosen text in the combo control.
-    Dismiss();
+    if (GetComboCtrl()->IsPopupShown())
+        Dismiss();
     wxComboCtrl* combo = GetComboCtrl();
     wxCommandEvent event(wxEVT_COMBOBOX, combo->GetId());
     event.SetEventObject(combo);

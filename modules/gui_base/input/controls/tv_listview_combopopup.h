@@ -27,6 +27,11 @@ public:
     void OnPopup() override;
     wxSize GetAdjustedSize(int minWidth, int preferredHeight, int maxHeight) override;
 
+    /// The arrow keys of the closed control choose the next row or the one before.
+    void OnComboKeyEvent(wxKeyEvent& event) override;
+
+    /// Makes a row the chosen one, or none for wxNOT_FOUND, without telling anybody.
+    void SelectRow(int row);
     /// The chosen row; wxNOT_FOUND without one.
     int GetSelectedRow() const { return m_selectedRow; }
 

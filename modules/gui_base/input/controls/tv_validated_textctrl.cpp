@@ -72,7 +72,14 @@ TvValidatedDoubleTextCtrl::TvValidatedDoubleTextCtrl(const ValidatedDoubleTextCt
       m_minValue(config.minValue),
       m_maxValue(config.maxValue),
       m_followUnitSystem(config.followUnitSystem)
-{}
+{
+    const DetailData* detail = config.detail;
+    if (detail == nullptr || (!detail->HasMinValue() && !detail->HasMaxValue()))
+        return;
+    // The limits of the detail come before those that the validator was made with.
+    UpdateValidator(GetUnitSystem());
+    TransferDataToWindow();
+}
 
 void TvValidatedDoubleTextCtrl::Localize(const wxString& unitSystem)
 {

@@ -1,0 +1,205 @@
+// SPDX-License-Identifier: MIT
+#include "app/tour/tour.h"
+
+#include "app/language.h"
+#include "app/main_frame.h"
+#include "app/settings_dialog.h"
+#include "app/template_dialog.h"
+#include "app/templates.h"
+#include "app/tour/control_gallery.h"
+#include "gui_base/dialogs/info_message_dialog.h"
+#include "gui_base/dialogs/page_selection_dialog.h"
+#include "gui_base/dialogs/tv_multichoicedialog.h"
+#include "gui_base/support/window_picture.h"
+#include "gui_base/water/comment_entry_dialog.h"
+#include "gui_base/water/water_lib_dialog.h"
+#include "gui_base/water/water_lib_list.h"
+
+#include <wx/app.h>
+#include <wx/frame.h>
+#include <wx/stattext.h>
+#include <wx/stopwatch.h>
+#include <wx/uiaction.h>
+#include <wx/utils.h>
+
+#include <algorithm>
+#include <array>
+#include <functional>
+#include <stdexcept>
+
+namespace app {
+namespace {
+
+/// Long enough for the toolkit to lay out, draw and end its short animations.
+constexpr long kSettleMilliseconds = 70;
+
+constexpr std::array kStates{SpecimenState::Normal, SpecimenState::ReadOnly, SpecimenState::Below,
+                             SpecimenState::Above,  SpecimenState::Disabled, SpecimenState::Focused};
+
+void Settle()
+{
+    const wxStopWatch watch;
+    while (watch.Time() < kSettleMilliseconds) {
+        wxTheApp->Yield();
+        wxTheApp->ProcessIdle();
+        wxMilliSleep(5);
+    }
+}
+
+/// The toolkit frames the focused control only for a user of the keyboard: leaves it and comes back.
+void FocusByKeyboard(wxWindow& window)
+{
+    Settle();
+    window.SetFocus();
+    Settle();
+    wxUIActionSimulator simulator;
+    simulator.Char(WXK_TAB, wxMOD_SHIFT);
+    Settle();
+    simulator.Char(WXK_TAB);
+}
+
+class Tour
+{
+public:
+    Tour(std::filesystem::path folder, std::string look)
+        : m_folder(std::move(folder)), m_look(std::move(look))
+    {}
+
+    void TakeControls()
+    {
+        for (const Exhibit& exhibit : ControlExhibits())
+            TakeExhibit(exhibit);
+    }
+
+    void TakeModules();
+    void TakeDialogs();
+
+private:
+    void Save(wxWindow& window, const std::string& name)
+    {
+        Settle();
+        const wxImage picture = window_picture::Take(window);
+        const std::filesystem::path file = m_folder / (name + "-" + m_look + ".png");
+        // A picture of one colour is one of a window that has not been drawn.
+        if (!picture.IsOk() || picture.CountColours(1) <= 1 ||
+            !picture.SaveFile(wxString::FromUTF8(file.string()), wxBITMAP_TYPE_PNG))
+            throw std::runtime_error("Tour::Save: " + file.string() + " could not be made");
+    }
+
+    void TakeExhibit(const Exhibit& exhibit);
+    void TakeFrame(const std::string& name, const wxSize& size,
+                   const std::function<void(MainFrame&)>& prepare);
+
+    void TakeDialog(wxDialog& dialog, const std::string& name)
+    {
+        dialog.Show();
+        Save(dialog, "dialog_" + name);
+        dialog.Hide();
+    }
+
+    std::filesystem::path m_folder;
+    std::string m_look;
+};
+
+void Tour::TakeExhibit(const Exhibit& exhibit)
+{
+    auto* frame = new wxFrame(nullptr, wxID_ANY, exhibit.name);
+    auto* panel = new wxPanel(frame);
+    auto* grid = new wxFlexGridSizer(2, frame->FromDIP(wxSize(16, 8)));
+    std::deque<Specimen> specimens;
+    for (const SpecimenState state : kStates) {
+        if ((exhibit.states & static_cast<unsigned>(state)) == 0)
+            continue;
+        grid->Add(new wxStaticText(panel, wxID_ANY, StateCaption(state)), wxSizerFlags().CenterVertical());
+        auto* cell = new wxPanel(panel);
+        auto* row = new wxBoxSizer(wxHORIZONTAL);
+        cell->SetSizer(row);
+        Specimen& specimen = specimens.emplace_back(cell, *row, state);
+        exhibit.build(specimen);
+        // Some controls draw themselves differently only when they are disabled themselves.
+        if (state == SpecimenState::Disabled) {
+            if (specimen.GetFocusWindow() != nullptr)
+                specimen.GetFocusWindow()->Disable();
+            cell->Disable();
+        }
+        grid->Add(cell, wxSizerFlags().Expand());
+    }
+    auto* outer = new wxBoxSizer(wxVERTICAL);
+    outer->Add(grid, wxSizerFlags(1).Expand().Border(wxALL, frame->FromDIP(12)));
+    panel->SetSizer(outer);
+    outer->Fit(panel);
+    frame->SetClientSize(panel->GetSize());
+    frame->Show();
+    for (const Specimen& specimen : specimens)
+        if (specimen.GetState() == SpecimenState::Focused && specimen.GetFocusWindow() != nullptr)
+            FocusByKeyboard(*specimen.GetFocusWindow());
+    Save(*frame, std::string("control_") + exhibit.name);
+    // The controls are bound to what the specimens hold.
+    frame->DestroyChildren();
+    frame->Destroy();
+}
+
+void Tour::TakeFrame(const std::string& name, const wxSize& size,
+                     const std::function<void(MainFrame&)>& prepare)
+{
+    const WaterTemplate* river = FindWaterTemplate("world_river_livingstone");
+    auto* frame =
+        new MainFrame(std::make_unique<Document>(river ? NewProjectFrom(*river) : NewEmptyProject()));
+    frame->SetClientSize(size);
+    frame->Show();
+    prepare(*frame);
+    Save(*frame, "module_" + name);
+    frame->GetDocument().GetProject().SetChanged(false);
+    frame->Close(true);
+    Settle();
+}
+
+void Tour::TakeModules()
+{
+    const wxSize wide(1440, 960);
+    TakeFrame("water_analysis", wide, [](MainFrame&) {});
+    TakeFrame("water_analysis_narrow", wxSize(820, 620), [](MainFrame&) {});
+    TakeFrame("water_analysis_us_units", wide, [](MainFrame& frame) { frame.SetUnitSystem("us"); });
+    const wxString language = CurrentLanguage();
+    TakeFrame("water_analysis_german", wide, [](MainFrame& frame) { frame.SetLanguage("de"); });
+    SwitchLanguage(language);
+}
+
+void Tour::TakeDialogs()
+{
+    auto* owner = new wxFrame(nullptr, wxID_ANY, "Tarnvik", wxDefaultPosition, wxSize(900, 600));
+    owner->Show();
+    SettingsDialog settings(owner, {"en", "iso", 5, std::string()});
+    TakeDialog(settings, "settings");
+    TemplateDialog templates(owner, WaterTemplates());
+    TakeDialog(templates, "new_from_template");
+    PageSelectionDialog pages({{"Water analysis", 1}, {"Summary", 2}}, owner);
+    TakeDialog(pages, "page_selection");
+    InfoMessageDialog info("The results are computed.", owner);
+    TakeDialog(info, "message");
+    const std::array<wxString, 3> ions{"Calcium", "Magnesium", "Sodium"};
+    TvMultiChoiceDialog choice(owner, "Ions of the report:", "Ions", static_cast<int>(ions.size()),
+                               ions.data());
+    TakeDialog(choice, "multi_choice");
+    Logger logger;
+    WaterLibDialog library(logger, owner);
+    library.GetWaterList().Select(0);
+    TakeDialog(library, "water_library");
+    CommentEntryDialog comment(owner, wxID_ANY, "Comments", wxDefaultPosition,
+                               owner->FromDIP(wxSize(225, 100)));
+    comment.SetComment("Sampled after a week of rain");
+    TakeDialog(comment, "comments");
+    owner->Destroy();
+}
+
+}  // namespace
+
+void TakeTour(const std::filesystem::path& folder, const std::string& look)
+{
+    Tour tour(folder, look);
+    tour.TakeControls();
+    tour.TakeDialogs();
+    tour.TakeModules();
+}
+
+}  // namespace app

@@ -1,0 +1,15 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+/// The pictures of one look; see tour_command.h for the whole.
+
+#include <filesystem>
+#include <string>
+
+namespace app {
+
+/// Takes all pictures into `folder` as "NAME-LOOK.png". Needs the running event loop. Throws
+/// std::runtime_error when one cannot be taken or written.
+void TakeTour(const std::filesystem::path& folder, const std::string& look);
+
+}  // namespace app

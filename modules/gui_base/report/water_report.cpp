@@ -1,0 +1,94 @@
+// SPDX-License-Identifier: MIT
+#include "gui_base/report/water_report.h"
+
+#include "gui_base/report/water_tables.h"
+#include "projectbase/project/project.h"
+
+#include <fmt/format.h>
+#include <wx/translation.h>
+
+#include <array>
+#include <stdexcept>
+
+namespace {
+
+using namespace wateranalysis;
+
+struct PageKind
+{
+    const char* name;
+    const char* title;
+    void (*add)(report::Section& section, const LiquidData& water, const ReportContext& context);
+};
+
+void AddHeadedTable(report::Section& section, const char* heading, report::Table table,
+                    const ReportContext& context)
+{
+    if (table.rows.empty())
+        return;
+    section.blocks.push_back(report::Heading{context.Translated(heading)});
+    section.blocks.push_back(std::move(table));
+}
+
+void AddAnalysis(report::Section& section, const LiquidData& water, const ReportContext& context)
+{
+    const DetailList& details = *water.GetDetails();
+    section.blocks.push_back(GeneralTable(details, context.Translated(water.GetName().c_str()), context));
+    AddHeadedTable(section, wxTRANSLATE("Cations"), CationTable(details, context), context);
+    AddHeadedTable(section, wxTRANSLATE("Anions"), AnionTable(details, context), context);
+    AddHeadedTable(section, wxTRANSLATE("Ion balance"), BalanceTable(details, context), context);
+}
+
+void AddProperties(report::Section& section, const LiquidData& water, const ReportContext& context)
+{
+    const DetailList& details = *water.GetDetails();
+    AddHeadedTable(section, wxTRANSLATE("Measured values"), MeasuredTable(details, context), context);
+    AddHeadedTable(section, wxTRANSLATE("Hardness and alkalinity"), HardnessTable(details, context), context);
+    AddHeadedTable(section, wxTRANSLATE("Summary"), SummaryTable(details, context), context);
+    const auto sentences = RangeSentences(details, context);
+    if (sentences.empty())
+        return;
+    section.blocks.push_back(report::Heading{context.Translated(wxTRANSLATE("Values out of range"))});
+    for (const std::string& sentence : sentences)
+        section.blocks.push_back(report::Paragraph{sentence});
+}
+
+constexpr std::array kPages{
+    PageKind{"analysis", wxTRANSLATE("Water analysis"), &AddAnalysis},
+    PageKind{"properties", wxTRANSLATE("Properties of the water"), &AddProperties},
+};
+
+}  // namespace
+
+std::vector<ReportPage> WaterReport::GetReportPages(const ReportContext& context) const
+{
+    std::vector<ReportPage> pages;
+    for (std::size_t water = 0; water < m_project.GetLiquidCount(); ++water) {
+        for (const PageKind& kind : kPages) {
+            pages.push_back({.title = wxString::FromUTF8(Title(water, kind.title, context)),
+                             .id = static_cast<int>(pages.size()),
+                             .name = fmt::format("{}:{}", water, kind.name)});
+        }
+    }
+    return pages;
+}
+
+report::Section WaterReport::BuildReportPage(int id, const ReportContext& context) const
+{
+    const std::size_t index =
+        id < 0 ? m_project.GetLiquidCount() : static_cast<std::size_t>(id) / kPages.size();
+    if (index >= m_project.GetLiquidCount())
+        throw std::out_of_range(fmt::format("WaterReport::BuildReportPage: there is no page {}", id));
+    const PageKind& kind = kPages[static_cast<std::size_t>(id) % kPages.size()];
+    report::Section section{.title = Title(index, kind.title, context)};
+    kind.add(section, m_project.GetLiquid(index), context);
+    return section;
+}
+
+std::string WaterReport::Title(std::size_t water, const char* page, const ReportContext& context) const
+{
+    const std::string title = context.Translated(page);
+    if (m_project.GetLiquidCount() < 2)
+        return title;
+    return fmt::format("{}: {}", context.Translated(m_project.GetLiquid(water).GetName().c_str()), title);
+}

@@ -1,0 +1,367 @@
+// SPDX-License-Identifier: MIT
+#include "gui_base/report/water_tables.h"
+
+#include "dbinterfaces/master_database.h"
+#include "gui_base/core/ion_units.h"
+#include "gui_base/water/ion_rows.h"
+#include "gui_base/water/property_rows.h"
+#include "projectbase/details/detail_display.h"
+#include "projectbase/water/normalization.h"
+
+#include <fmt/format.h>
+#include <wx/translation.h>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <span>
+
+namespace wateranalysis {
+namespace {
+
+using report::Align;
+using report::Cell;
+
+constexpr int kTypedDigits = 6;
+constexpr int kMeqlDigits = 5;
+constexpr int kMglDigits = 6;
+constexpr int kDigits = 4;
+constexpr double kLabelWidth = 110.0;
+constexpr double kNumberWidth = 76.0;
+constexpr double kUnitWidth = 64.0;
+constexpr double kUnknown = std::numeric_limits<double>::quiet_NaN();
+constexpr double kMeqPerMmolHardness = 2.0;
+
+double Value(const DetailList& details, const std::string& key)
+{
+    return details.At(key).GetDoubleValue();
+}
+
+std::string Text(const DetailList& details, const std::string& key)
+{
+    const DetailData* detail = details.GetDetail(key);
+    return detail != nullptr ? detail->GetStdStringValue() : std::string();
+}
+
+bool IsShort(const DetailList& details)
+{
+    return Text(details, "liquid/analysis.type").starts_with("SHORT");
+}
+
+bool IsBelow(const DetailData& detail)
+{
+    return detail.HasMinValue() && detail.GetDoubleValue() < detail.GetMinValue();
+}
+
+bool IsAbove(const DetailData& detail)
+{
+    return detail.HasMaxValue() && detail.GetDoubleValue() > detail.GetMaxValue();
+}
+
+/// A number that is marked where it lies outside its limits.
+Cell NumberCell(const DetailData& detail, double shown, int digits, const ReportContext& context)
+{
+    const char* const mark = IsBelow(detail) ? "\u25bc " : IsAbove(detail) ? "\u25b2 " : "";
+    return {.text = mark + context.Number(shown, digits), .alarm = *mark != '\0'};
+}
+
+Cell NumberCell(const DetailData& detail, int digits, const ReportContext& context)
+{
+    return NumberCell(detail, detail.GetDoubleValue(), digits, context);
+}
+
+/// Two decimals, which is more than an analysis can state.
+std::string PercentText(double percent, const ReportContext& context)
+{
+    const double rounded = std::round(100.0 * percent) / 100.0 + 0.0;
+    return numbertext::Format(rounded, {.format = TvTextCtrlFormat::Fixed, .precision = 2},
+                              context.separators);
+}
+
+/// Three columns as wide as their contents: what it is, how much, in which unit.
+report::Table ValueTable(const ReportContext& context)
+{
+    report::Table table;
+    table.columns = {
+        {.title = context.Translated(wxTRANSLATE("Property")), .stretch = 1.0},
+        {.title = context.Translated(wxTRANSLATE("Value")), .align = Align::Number, .minWidth = kNumberWidth},
+        {.title = context.Translated(wxTRANSLATE("Unit")), .minWidth = kUnitWidth}};
+    return table;
+}
+
+/// A value in the unit of the report's unit system, or in its ISO unit.
+report::Row ValueRow(const std::string& label, const DetailData& detail, bool convertUnit, int digits,
+                     const ReportContext& context)
+{
+    const DisplayFromDetail display;
+    const std::string system = convertUnit ? context.unitSystem : "iso";
+    return {.cells = {{label},
+                      NumberCell(detail, display.GetValue(detail, system), digits, context),
+                      {display.GetUnitLabel(detail, system).utf8_string()}}};
+}
+
+std::string CountryName(const DetailList& details, const ReportContext& context)
+{
+    const std::string code = Text(details, "liquid/country");
+    const std::string name =
+        code.empty() ? std::string() : MasterDatabase::GetCountry(code, context.language);
+    return name.empty() ? code : name;
+}
+
+std::string DateText(const DetailList& details, const std::string& key)
+{
+    const DetailData* detail = details.GetDetail(key);
+    if (detail == nullptr || detail->GetType() != DetailType::Date)
+        return Text(details, key);
+    const wxDateTime date = detail->GetDateValue();
+    return date.IsValid() ? date.FormatISODate().utf8_string() : std::string();
+}
+
+/// What kind of analysis it is, with the one value that a short one rests on.
+std::string AnalysisText(const DetailList& details, const ReportContext& context)
+{
+    const std::string type = Text(details, "liquid/analysis.type");
+    const auto withValue = [&](const char* source, const char* key) {
+        const DetailData& detail = details.At(key);
+        return fmt::format("{}: {} {}", context.Translated(source),
+                           context.Number(detail.GetDoubleValue(), kTypedDigits),
+                           DisplayFromDetail().GetUnitLabel(detail, "iso").utf8_string());
+    };
+    if (type == "SHORT_TDS")
+        return withValue(wxTRANSLATE("Short analysis based on TDS"), "liquid/tds.short");
+    if (type == "SHORT_COND")
+        return withValue(wxTRANSLATE("Short analysis based on conductivity"), "liquid/cond.short");
+    return context.Translated(wxTRANSLATE("Full analysis"));
+}
+
+report::Row IonTableRow(const DetailList& details, const IonRow& ion, const ReportContext& context)
+{
+    const std::string prefix = std::string("liquid/") + ion.key;
+    const std::string name =
+        ion.kind == IonRowKind::Named ? Text(details, prefix + ".name") : PlainLabel(ion.label, context);
+    // A short analysis sets sodium and chloride itself: what stands in their fields has no part in it.
+    const bool typed = !IsShort(details);
+    return {.cells = {{name},
+                      typed ? NumberCell(details.At(prefix + ".orig"), kTypedDigits, context) : Cell{""},
+                      {typed ? Text(details, prefix + ".unit") : std::string()},
+                      NumberCell(details.At(prefix + ".mgl"), kMglDigits, context),
+                      NumberCell(details.At(prefix + ".meql"), kMeqlDigits, context)}};
+}
+
+report::Table IonTable(const DetailList& details, std::span<const IonRow> rows, const TotalRow& sum,
+                       const TotalRow& closing, const ReportContext& context)
+{
+    report::Table table;
+    table.columns = {
+        {.title = context.Translated(wxTRANSLATE("Ion")), .stretch = 1.0},
+        {.title = context.Translated(wxTRANSLATE("As reported")),
+         .align = Align::Number,
+         .minWidth = kNumberWidth},
+        {.title = context.Translated(wxTRANSLATE("Unit")), .minWidth = kUnitWidth},
+        {.title = "mg/l", .align = Align::Number, .minWidth = kNumberWidth},
+        {.title = "meq/l", .align = Align::Number, .minWidth = kNumberWidth},
+    };
+    for (const IonRow& row : rows) {
+        if (Value(details, std::string("liquid/") + row.key + ".meql") != 0.0)
+            table.rows.push_back(IonTableRow(details, row, context));
+    }
+    const auto addTotal = [&](const TotalRow& total) {
+        table.rows.push_back({.cells = {{context.Translated(total.label)},
+                                        {},
+                                        {},
+                                        {},
+                                        NumberCell(details.At(total.key), kMeqlDigits, context)},
+                              .total = true});
+    };
+    addTotal(sum);
+    if (Value(details, closing.key) > 0.0)
+        addTotal(closing);
+    return table;
+}
+
+/// An amount in meq/l, in degrees and as calcium carbonate; in mmol/l where it is of divalent ions.
+report::Row HardnessRow(const std::string& label, double meq, bool divalent, const ReportContext& context)
+{
+    const auto in = [&](std::string_view unit) {
+        return Cell{context.Number(ions::FromMeqPerLitre(meq, unit, 0.0), kDigits)};
+    };
+    return {.cells = {{label},
+                      in(ions::kMeqPerLitre),
+                      {divalent ? context.Number(meq / kMeqPerMmolHardness, kDigits) : std::string()},
+                      in("\u00b0d"),
+                      in("ppm CaCO3")}};
+}
+
+std::string LimitSentence(const std::string& label, const DetailData& detail, bool convertUnit, int digits,
+                          const ReportContext& context)
+{
+    const std::string system = convertUnit ? context.unitSystem : "iso";
+    DetailData limit(detail);
+    limit.SetValue(IsBelow(detail) ? detail.GetMinValue() : detail.GetMaxValue());
+    const DisplayFromDetail display;
+    const auto withUnit = [&](const DetailData& value) {
+        const std::string unit = display.GetUnitLabel(value, system).utf8_string();
+        return fmt::format("{}{}{}", context.Number(display.GetValue(value, system), digits),
+                           unit.empty() ? "" : " ", unit);
+    };
+    std::string text = context.Translated(IsBelow(detail) ? wxTRANSLATE("%s is below the minimum of %s")
+                                                          : wxTRANSLATE("%s is above the maximum of %s"));
+    for (const std::string& part : {fmt::format("{} {}", label, withUnit(detail)), withUnit(limit)}) {
+        const auto at = text.find("%s");
+        if (at != std::string::npos)
+            text.replace(at, 2, part);
+    }
+    return text;
+}
+
+}  // namespace
+
+std::string PlainLabel(const char* source, const ReportContext& context)
+{
+    std::string label = context.Translated(source);
+    if (label.ends_with(':'))
+        label.pop_back();
+    return label;
+}
+
+report::Table GeneralTable(const DetailList& details, const std::string& name, const ReportContext& context)
+{
+    report::Table table;
+    table.showTitles = false;
+    table.columns = {{.minWidth = kLabelWidth}, {.stretch = 1.0}};
+    const auto add = [&](const char* label, const std::string& text) {
+        if (!text.empty())
+            table.rows.push_back({.cells = {{context.Translated(label)}, {text}}});
+    };
+    add(wxTRANSLATE("Water"), name);
+    add(wxTRANSLATE("Country"), CountryName(details, context));
+    add(wxTRANSLATE("Place"), Text(details, "liquid/place"));
+    add(wxTRANSLATE("Water source"), Text(details, "liquid/water.source"));
+    const std::string type = Text(details, "liquid/water.type");
+    add(wxTRANSLATE("Water type"), type.empty() ? type : context.Translated(type.c_str()));
+    add(wxTRANSLATE("Date of sampling"), DateText(details, "liquid/sampling.date"));
+    add(wxTRANSLATE("Analysis"), AnalysisText(details, context));
+    add(wxTRANSLATE("Comments"), Text(details, "liquid/comments"));
+    return table;
+}
+
+report::Table CationTable(const DetailList& details, const ReportContext& context)
+{
+    return IonTable(details, kCationRows, {"liquid/sum.c.meql", wxTRANSLATE("Sum of cations")},
+                    {"liquid/na.plus.meql", wxTRANSLATE("Sodium that closes the balance")}, context);
+}
+
+report::Table AnionTable(const DetailList& details, const ReportContext& context)
+{
+    return IonTable(details, kAnionRows, {"liquid/sum.a.meql", wxTRANSLATE("Sum of anions")},
+                    {"liquid/cl.plus.meql", wxTRANSLATE("Chloride that closes the balance")}, context);
+}
+
+report::Table BalanceTable(const DetailList& details, const ReportContext& context)
+{
+    const water::ChargeSums sums{.cations = Value(details, "liquid/sum.c.meql"),
+                                 .anions = Value(details, "liquid/sum.a.meql")};
+    const bool closed = details.At("liquid/balance.auto").GetBoolValue();
+    const bool known = std::isfinite(sums.cations) && std::isfinite(sums.anions);
+    const bool alarm = known && !closed && !water::IsBalanceAcceptable(sums);
+    report::Table table = ValueTable(context);
+    table.showTitles = false;
+    table.rows.push_back(
+        {.cells = {{context.Translated(wxTRANSLATE("Difference of the sums in percent of their total"))},
+                   {.text = PercentText(known ? water::ElectroneutralityError(sums) : kUnknown, context),
+                    .alarm = alarm},
+                   {"%"}}});
+    const char* const judgement = closed  ? wxTRANSLATE("Closed by automatic balancing")
+                                  : alarm ? wxTRANSLATE("Larger than Standard Methods 1030E allow")
+                                          : wxTRANSLATE("Within what Standard Methods 1030E allow");
+    if (known)
+        table.rows.push_back({.cells = {{.text = context.Translated(judgement), .alarm = alarm}}});
+    return table;
+}
+
+report::Table MeasuredTable(const DetailList& details, const ReportContext& context)
+{
+    report::Table table = ValueTable(context);
+    const auto add = [&](const char* label, const char* key, int digits) {
+        table.rows.push_back(ValueRow(PlainLabel(label, context), details.At(key), true, digits, context));
+    };
+    add(wxTRANSLATE("Temperature"), "liquid/temp", kDigits);
+    for (const PropertyRow& row : kMainProperties)
+        add(row.label, row.key, row.precision);
+    // CO2 that was neither typed nor calculated is not known.
+    if (Value(details, "liquid/co2.mgl") != 0.0 || details.At("liquid/calculate.co2").GetBoolValue())
+        add(wxTRANSLATE("CO2:"), "liquid/co2.mgl", kTypedDigits);
+    for (const PropertyRow& row : kFurtherProperties) {
+        if (std::isfinite(Value(details, row.key)))
+            add(row.label, row.key, row.precision);
+    }
+    return table;
+}
+
+report::Table HardnessTable(const DetailList& details, const ReportContext& context)
+{
+    report::Table table;
+    table.columns = {{.title = context.Translated(wxTRANSLATE("Property")), .stretch = 1.0}};
+    for (const char* unit : {"meq/l", "mmol/l", "\u00b0d", "ppm CaCO3"})
+        table.columns.push_back({.title = unit, .align = Align::Number, .minWidth = kNumberWidth});
+    if (IsShort(details))
+        return table;
+    const water::Composition composition = water::AnalysedComposition(details);
+    const double total = kMeqPerMmolHardness * water::TotalHardness(composition);
+    const double carbonate = kMeqPerMmolHardness * water::CarbonateHardness(composition);
+    const auto add = [&](const char* label, double meq, bool divalent) {
+        table.rows.push_back(HardnessRow(context.Translated(label), meq, divalent, context));
+    };
+    add(wxTRANSLATE("Total hardness"), total, true);
+    add(wxTRANSLATE("Carbonate hardness"), carbonate, true);
+    add(wxTRANSLATE("Non-carbonate hardness"), total - carbonate, true);
+    add(wxTRANSLATE("Alkalinity (m-value)"), water::AlkalinityM(composition), false);
+    add(wxTRANSLATE("Equivalent mineral acidity"), water::EquivalentMineralAcidity(composition), false);
+    return table;
+}
+
+report::Table SummaryTable(const DetailList& details, const ReportContext& context)
+{
+    report::Table table = ValueTable(context);
+    for (const SummaryRow& row : kSummaryRows) {
+        std::string label = PlainLabel(row.label, context) + row.labelSuffix;
+        std::erase(label, ':');
+        table.rows.push_back(ValueRow(label, details.At(row.key), row.convertUnit, row.precision, context));
+        if (std::string_view(row.key) == "liquid/tds") {
+            const double residue =
+                water::DryResidue(Value(details, "liquid/tds"), Value(details, "liquid/hco3.mgl"));
+            table.rows.push_back(
+                {.cells = {{context.Translated(wxTRANSLATE("Dry residue")) + " @ 180 \u00b0C"},
+                           {context.Number(residue, row.precision)},
+                           {"mg/l"}}});
+        }
+    }
+    return table;
+}
+
+std::vector<std::string> RangeSentences(const DetailList& details, const ReportContext& context)
+{
+    std::vector<std::string> sentences;
+    const auto check = [&](const std::string& label, const std::string& key, bool convert, int digits) {
+        const DetailData& detail = details.At(key);
+        if (IsBelow(detail) || IsAbove(detail))
+            sentences.push_back(LimitSentence(label, detail, convert, digits, context));
+    };
+    const auto checkIons = [&](std::span<const IonRow> rows) {
+        for (const IonRow& row : rows)
+            check(PlainLabel(row.label, context), fmt::format("liquid/{}.meql", row.key), false, kMeqlDigits);
+    };
+    checkIons(kCationRows);
+    checkIons(kAnionRows);
+    check(PlainLabel(wxTRANSLATE("Temperature"), context), "liquid/temp", true, kDigits);
+    check(PlainLabel(wxTRANSLATE("CO2:"), context), "liquid/co2.mgl", false, kTypedDigits);
+    const auto checkProperties = [&](std::span<const PropertyRow> rows) {
+        for (const PropertyRow& row : rows)
+            check(PlainLabel(row.label, context), row.key, true, row.precision);
+    };
+    checkProperties(kMainProperties);
+    checkProperties(kFurtherProperties);
+    return sentences;
+}
+
+}  // namespace wateranalysis

@@ -1,0 +1,98 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+/// Dosing of a base into a water that exchanges no gas: the pH that a dose gives, and the dose that a pH
+/// asks.
+///
+/// The carbon dissolved stays what it was (plus what the agent brings), the alkalinity grows by what the
+/// agent adds; the pH is the root of the balance [HCO3] + 2[CO3] + [OH] - [H] - [BH+] = m with activity
+/// coefficients by Davies and constants at the temperature of the water. The acid of a weak base gets its
+/// constant by van 't Hoff from 25 °C: ammonia 9.25, ethanolamine 9.498 (Bates & Pinching 1951), morpholine
+/// 8.492 (Hetzer, Bates & Robinson 1966). Ion pairs, silica and boron are left out: soft and medium waters
+/// agree with full speciation within 0.01 pH, hard ones at pH 8 within 0.05. What would precipitate stays
+/// dissolved.
+
+#include "dbinterfaces/db_objects.h"
+#include "projectbase/details/detail_list.h"
+#include "projectbase/projectbase_export.h"
+
+#include <optional>
+
+namespace water {
+
+/// A water as far as its pH is concerned. Amounts in mmol/l.
+struct CarbonateWater
+{
+    double celsius = 25.0;
+    double totalCarbon = 0.0;
+    double alkalinity = 0.0;  ///< the m-value in meq/l; negative in acid water
+    double backgroundStrength =
+        0;  ///< mol/l of ionic strength of all ions but those of carbonic acid and water
+};
+
+/// A base that is dissolved in a water.
+struct WeakBase
+{
+    double amount = 0.0;  ///< mmol/l, both forms
+    double pKa = 0.0;     ///< of its acid at the temperature of the water
+};
+
+/// What a water contains at its pH. Amounts in mmol/l.
+struct CarbonateState
+{
+    double pH = 0.0;
+    double co2 = 0.0;
+    double bicarbonate = 0.0;
+    double carbonate = 0.0;
+    double hydrogen = 0.0;
+    double hydroxide = 0.0;
+    double baseCation = 0.0;  ///< charged form of the weak base
+};
+
+/// pKa at `celsius` from that at 25 °C; `enthalpy` of dissociation in kJ/mol.
+PROJECTBASE_EXPORT double PkaAt(double pKa25, double enthalpy, double celsius);
+
+/// The water that has `bicarbonate` mmol/l at that pH; where it has none, `co2` tells its carbon. Not a
+/// number where it is not liquid or has no pH.
+PROJECTBASE_EXPORT CarbonateWater WaterFromPh(double pH, double celsius, double bicarbonate, double co2,
+                                              double backgroundStrength);
+
+/// The state of equilibrium; nothing where there is none between pH 0 and 14.
+PROJECTBASE_EXPORT std::optional<CarbonateState> Equilibrate(const CarbonateWater& water,
+                                                             const WeakBase& base = {});
+
+struct Dosing
+{
+    double dose = 0.0;  ///< mmol/l of the agent
+    CarbonateState state;
+};
+
+/// The water after a dose of `millimoles` mmol/l; nothing where there is no solution.
+PROJECTBASE_EXPORT std::optional<Dosing> Dose(const CarbonateWater& water,
+                                              const DBObjects::AlkalizingAgent& agent, double millimoles);
+/// The dose that brings the water to `pH`, at most kMostDose; nothing where none does: the water is there
+/// already, or the agent cannot reach it.
+PROJECTBASE_EXPORT std::optional<Dosing> DoseToPh(const CarbonateWater& water,
+                                                  const DBObjects::AlkalizingAgent& agent, double pH);
+
+/// mmol/l. Beyond this the activity coefficients mean nothing.
+inline constexpr double kMostDose = 500.0;
+
+enum class AlkalizationResult
+{
+    None,          ///< the water is not alkalised
+    Done,          ///<
+    UnknownWater,  ///< pH or temperature are not known, or the analysis is a short one
+    UnknownAgent,  ///< "liquid/alk.type" names no agent of the database
+    UnknownGoal,   ///< neither a dose nor a pH is given
+    Unreachable    ///< no dose of this agent gives that pH
+};
+
+/// Alkalises a normalised water as its details "liquid/alk.type" (agent), "liquid/alk.mode" ("DOSE" or "PH"),
+/// "liquid/alk.dose" (mg/l of the pure agent) and "liquid/alk.target" (pH) say: changes the normalised values
+/// of bicarbonate, carbonate, CO2 and the agent's cation and all that is derived; sets "liquid/alk.ph" and
+/// "liquid/alk.dosed" (mg/l). What was typed stays, so that normalising the water again takes it all back.
+/// Without success both results are unknown and the water is left as it was.
+PROJECTBASE_EXPORT AlkalizationResult CalculateAlkalization(DetailList& liquid);
+
+}  // namespace water

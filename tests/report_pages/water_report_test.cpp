@@ -1,0 +1,243 @@
+// SPDX-License-Identifier: MIT
+// What the pages of a water say.
+#include "gui_base/report/water_report.h"
+
+#include "gui_base/report/report_builder.h"
+#include "gui_base/report/report_file.h"
+#include "projectbase/project/iex_project.h"
+#include "tests/support/failing_file_system.h"
+#include "tests/support/pdf.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <fstream>
+
+namespace {
+
+using testing::AllOf;
+using testing::ContainsRegex;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::Not;
+
+ReportContext German()
+{
+    ReportContext context;
+    context.separators.decimal.assign(1, ',');
+    context.language = "de";
+    context.translate = [](const char* source) { return "<" + std::string(source) + ">"; };
+    return context;
+}
+
+class WaterReportTest : public testing::Test
+{
+protected:
+    WaterReportTest()
+    {
+        Type("na", 45.98, "mg/l");
+        Type("ca", 4.0, "\u00b0d");
+        Type("hco3", 122.0, "ppm");
+        Type("cl", 1.5, "meq/l");
+    }
+
+    DetailList& Details() { return *m_project.GetLiquid(0).GetDetails(); }
+    void Type(const std::string& ion, double value, const char* unit)
+    {
+        Details().At("liquid/" + ion + ".orig").SetValue(value);
+        Details().At("liquid/" + ion + ".unit").SetValue(unit);
+    }
+    /// All rows of all tables of a page, cells separated by bars; marked cells in brackets; other texts as
+    /// they are.
+    std::string Page(int id, const ReportContext& context = {})
+    {
+        m_project.CalculateDesign();
+        std::string text;
+        const report::Section section = WaterReport(m_project).BuildReportPage(id, context);
+        for (const report::Block& block : section.blocks) {
+            if (const auto* heading = std::get_if<report::Heading>(&block))
+                text += "# " + heading->text + "\n";
+            else if (const auto* paragraph = std::get_if<report::Paragraph>(&block))
+                text += paragraph->text + "\n";
+            else if (const auto* table = std::get_if<report::Table>(&block)) {
+                for (const report::Row& row : table->rows) {
+                    for (const report::Cell& cell : row.cells)
+                        text += (cell.alarm ? "[" + cell.text + "]" : cell.text) + "|";
+                    text += "\n";
+                }
+            }
+        }
+        return text;
+    }
+
+    iex::IEXProject m_project;
+};
+
+TEST_F(WaterReportTest, ShowsIonsAsTypedAndCalculated)
+{
+    const std::string page = Page(0);
+    EXPECT_THAT(page, HasSubstr("# Cations\nSodium|45.98|mg/l|45.98|2|\nCalcium|4|\u00b0d|"));
+    EXPECT_THAT(page, ContainsRegex("Calcium\\|4\\|.*\\|28\\.6[0-9]*\\|1\\.42[0-9]*\\|"));
+    EXPECT_THAT(page, ContainsRegex("HCO3\\|122\\|ppm\\|122\\|1\\.99[0-9]*\\|"));
+    EXPECT_THAT(page, ContainsRegex("Sum of anions\\|\\|\\|\\|3\\.49"));
+    EXPECT_THAT(page, Not(HasSubstr("Magnesium"))) << "what was not analysed has no row";
+    EXPECT_THAT(page,
+                AllOf(HasSubstr("Sodium that closes the balance||||0.070"), Not(HasSubstr("Chloride that"))));
+    EXPECT_THAT(page, HasSubstr("Analysis|Full analysis|"));
+}
+
+TEST_F(WaterReportTest, JudgesTheIonBalance)
+{
+    EXPECT_THAT(Page(0), AllOf(HasSubstr("|-1.02|%|"), HasSubstr("Within what Standard Methods")));
+    Type("cl", 0.0, "meq/l");
+    EXPECT_THAT(Page(0), AllOf(HasSubstr("[26.3"), HasSubstr("[Larger than Standard Methods")));
+    Details().At("liquid/balance.auto").SetValue(true);
+    EXPECT_THAT(Page(0), AllOf(HasSubstr("|26.3"), HasSubstr("Closed by automatic balancing")));
+}
+
+TEST_F(WaterReportTest, TellsWhatAShortAnalysisRestsOn)
+{
+    Details().At("liquid/analysis.type").SetValue("SHORT_TDS");
+    Details().At("liquid/tds.short").SetValue(584.4);
+    const std::string page = Page(0);
+    EXPECT_THAT(page, HasSubstr("Short analysis based on TDS: 584.4 mg/l|"));
+    EXPECT_THAT(page, ContainsRegex("Sodium\\|\\|\\|229\\.9"));
+    EXPECT_THAT(page, Not(HasSubstr("Calcium")));
+    EXPECT_THAT(Page(1), Not(HasSubstr("hardness"))) << "nothing is known of it";
+}
+
+TEST_F(WaterReportTest, StatesWhereTheWaterComesFrom)
+{
+    const auto set = [this](const char* key, const char* value) {
+        Details().Add(DetailData(key, DetailType::String)).SetValue(value);
+    };
+    set("liquid/country", "DE");
+    set("liquid/place", "K\u00f6ln");
+    set("liquid/comments", "two\nlines");
+    EXPECT_THAT(Page(0, German()), AllOf(HasSubstr("<Country>|Deutschland|"), HasSubstr("<Place>|K\u00f6ln|"),
+                                         HasSubstr("<Comments>|two\nlines|")));
+    set("liquid/country", "Atlantis");
+    EXPECT_THAT(Page(0), AllOf(HasSubstr("Country|Atlantis|"), Not(HasSubstr("Water source"))));
+}
+
+TEST_F(WaterReportTest, ConvertsPropertiesToTheUnitSystem)
+{
+    Details().At("liquid/temp.orig").SetValue(25.0);
+    ReportContext us;
+    us.unitSystem = "us";
+    EXPECT_THAT(Page(1, us), AllOf(HasSubstr("Temperature|77|\u00b0F|"), HasSubstr("psi")));
+    EXPECT_THAT(Page(1, German()), HasSubstr("<Temperature>|25|\u00b0C|"));
+    EXPECT_THAT(Page(1, German()), ContainsRegex("<Ionic strength>\\|0,00[0-9]+\\|mol/l\\|"));
+    EXPECT_THAT(Page(1), HasSubstr("pH|||")) << "not known, hence empty";
+    EXPECT_THAT(Page(1), Not(HasSubstr("Turbidity")));
+    EXPECT_THAT(Page(1), ContainsRegex("Total hardness\\|1\\.42[0-9]*\\|0\\.71[0-9]*\\|4\\|71\\.[0-9]+\\|"));
+    EXPECT_THAT(Page(1), ContainsRegex("Equivalent mineral acidity\\|1\\.5\\|\\|4\\.2[0-9]*\\|75"));
+}
+
+TEST_F(WaterReportTest, CountsTheAcidOfThePhAgainstTheAlkalinity)
+{
+    Type("hco3", 0.0, "mg/l");
+    Details().At("liquid/ph").SetValue(3.0);
+    EXPECT_THAT(Page(1), ContainsRegex("m-value\\)\\|-1\\.0[0-9]*\\|\\|"));
+    EXPECT_THAT(Page(1), HasSubstr("Carbonate hardness|0|0|"));
+}
+
+TEST_F(WaterReportTest, MarksWhatIsOutOfRange)
+{
+    Details().At("liquid/ph").SetValue(15.0);
+    Details().At("liquid/temp.orig").SetValue(-5.0);
+    Details().At("liquid/turbidity").SetValue(20000.0);
+    ReportContext us;
+    us.unitSystem = "us";
+    EXPECT_THAT(
+        Page(1, us),
+        AllOf(HasSubstr("pH|[\u25b2 15]|"), HasSubstr("Temperature|[\u25bc 23]|"),
+              HasSubstr("# Values out of range\nTemperature 23 \u00b0F is below the minimum of 32 \u00b0F\n"
+                        "pH 15 is above the maximum of 14\nTurbidity 20000 NTU is above")));
+    EXPECT_THAT(Page(1), HasSubstr("Alkalinity (m-value)|||||\n")) << "pH 15 tells nothing";
+    EXPECT_THAT(Page(1), HasSubstr("Carbonate hardness|||||\n"));
+    Type("na", 1e6, "meq/l");
+    EXPECT_THAT(Page(0), HasSubstr("[\u25b2 1000000]"));
+}
+
+TEST_F(WaterReportTest, HasThePagesOfEveryWater)
+{
+    m_project.AddLiquid("Second");
+    const WaterReport waters(m_project);
+    const ReportPageSource* const sources[] = {&waters, &waters};
+    const ReportBuilder builder(sources, German());
+    std::vector<std::string> names;
+    for (const ReportPage& page : builder.GetPages())
+        names.push_back(page.name + " " + page.title.utf8_string());
+    names.resize(4);
+    EXPECT_THAT(names, ElementsAre("0:analysis <Feed water>: <Water analysis>",
+                                   "0:properties <Feed water>: <Properties of the water>",
+                                   "1:analysis <Second>: <Water analysis>",
+                                   "1:properties <Second>: <Properties of the water>"));
+    EXPECT_THAT(builder.FindPages("1:analysis"), ElementsAre(2, 6));
+    EXPECT_THAT(builder.FindPages("analysis"), ElementsAre(0, 2, 4, 6));
+    EXPECT_TRUE(builder.FindPages("lysis").empty());
+    const report::Document document = builder.Build({3, 0, 3}, {.title = "T"});
+    ASSERT_EQ(document.sections.size(), 2u);
+    EXPECT_EQ(document.sections[1].title, "<Second>: <Properties of the water>");
+    EXPECT_THROW(builder.Build({8}, {}), std::out_of_range);
+    EXPECT_THROW(waters.BuildReportPage(4, {}), std::out_of_range);
+    EXPECT_THROW(waters.BuildReportPage(-1, {}), std::out_of_range);
+}
+
+TEST_F(WaterReportTest, TakesItsHeadFromTheProject)
+{
+    m_project.GetDetails().At("project/customer").SetValue("Works");
+    m_project.GetDetails().At("project/author").SetValue("Somebody");
+    ReportHead head = MakeReportHead(m_project, "plant", "Program 1");
+    EXPECT_EQ(head.title, "plant");
+    m_project.GetDetails().At("project/title").SetValue("Boiler house");
+    head = MakeReportHead(m_project, "plant", "Program 1");
+    const WaterReport waters(m_project);
+    const ReportPageSource* const sources[] = {&waters};
+    const support::PdfFile pdf(report::WritePdf(ReportBuilder(sources, {}).Build({0, 1}, head)));
+    for (const int page : {1, 2}) {
+        EXPECT_THAT(pdf.Text(page), ContainsRegex("Boiler house +" + head.date));
+        EXPECT_THAT(pdf.Text(page), HasSubstr("Program 1 \u00b7 ISO units"));
+    }
+    EXPECT_THAT(pdf.Text(1), HasSubstr("Customer: Works \u00b7 Author: Somebody"));
+    EXPECT_THAT(pdf.Text(2), HasSubstr("checked by a qualified"));
+    EXPECT_THAT(pdf.Info(), ContainsRegex("Author: +Somebody"));
+}
+
+TEST(WriteReportFile, LeavesTheOldFileWhateverFails)
+{
+    const support::TempFolder folder;
+    const auto path = folder / "report.pdf";
+    report::Document document;
+    document.title = "New";
+    const auto filesIn = [&folder] {
+        return std::distance(std::filesystem::directory_iterator(folder.Path()), {});
+    };
+    for (int call = 1;; ++call) {
+        support::WriteBytes(path, "old report");
+        support::FailingFileSystem failing(call, ENOSPC);
+        try {
+            WriteReportFile(document, path, {}, failing);
+        } catch (const std::system_error& error) {
+            EXPECT_EQ(error.code().value(), ENOSPC);
+            // Only the sync of the folder comes after the new file has taken the old one's place.
+            if (support::ReadBytes(path) != "old report") {
+                EXPECT_THAT(support::ReadBytes(path), testing::StartsWith("%PDF"));
+            }
+            EXPECT_EQ(filesIn(), 1) << call;
+            continue;
+        }
+        EXPECT_GT(call, 4);
+        break;
+    }
+    support::WriteBytes(path, "old report");
+    EXPECT_THROW(WriteReportFile(document, path, [](double) { return false; }), report::Cancelled);
+    EXPECT_EQ(support::ReadBytes(path), "old report");
+    WriteReportFile(document, path);
+    EXPECT_THAT(support::ReadBytes(path), testing::StartsWith("%PDF"));
+    EXPECT_THROW(WriteReportFile(document, folder / "none" / "report.pdf"), std::system_error);
+    EXPECT_EQ(filesIn(), 1);
+}
+
+}  // namespace
