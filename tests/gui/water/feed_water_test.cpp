@@ -154,6 +154,15 @@ TEST_F(FeedWaterTest, OriginIsStoredAtOnce)
     EXPECT_EQ(Notified(), 0);
 }
 
+TEST_F(FeedWaterTest, OriginStandsInTwoRowsOfColumns)
+{
+    const auto at = [](const wxWindow* window) { return window->GetScreenPosition(); };
+    EXPECT_EQ(at(Meta().GetCountryPlace().GetPlace()).x, at(Meta().GetWaterSource()).x);
+    EXPECT_EQ(at(Meta().GetSamplingDate()).x, at(Meta().GetCommentButton()).x);
+    EXPECT_EQ(at(Meta().GetCountryPlace().GetChoice()).x, at(Meta().GetWaterType().GetChoice()).x);
+    EXPECT_LT(at(Meta().GetSamplingDate()).y, at(Meta().GetWaterSource()).y);
+}
+
 TEST_F(FeedWaterTest, CommentsAreEditedBelowTheButton)
 {
     const wxRect button = Meta().GetCommentButton()->GetScreenRect();
