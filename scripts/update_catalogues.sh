@@ -11,8 +11,10 @@ temporary="$(mktemp -d)"
 trap 'rm -rf "$temporary"' EXIT
 cd "$root"
 
-# The header of the template, and texts that stand in data: the kinds of the example waters.
-python3 - resources/examples/waters.csv >"$temporary/header.pot" <<'PYTHON'
+# The header of the template, and texts that stand in data: the kinds and categories of waters, the names of ions.
+python3 - resources/examples/waters.csv:kind resources/examples/waters.csv:category resources/master/ions.csv:name \
+    resources/master/water_types.csv:description resources/master/alkalizing_agents.csv:name \
+    >"$temporary/header.pot" <<'PYTHON'
 import csv
 import sys
 
@@ -25,9 +27,13 @@ msgstr ""
 "Content-Type: text/plain; charset=UTF-8\\n"
 "Content-Transfer-Encoding: 8bit\\n"
 """)
-with open(sys.argv[1], encoding="utf-8", newline="") as file:
-    for kind in sorted({row["kind"] for row in csv.DictReader(file)}):
-        print(f'#: {sys.argv[1]}\nmsgid "{kind}"\nmsgstr ""\n')
+seen = {""}
+for argument in sys.argv[1:]:
+    path, column = argument.rsplit(":", 1)
+    with open(path, encoding="utf-8", newline="") as file:
+        for text in sorted({row[column] for row in csv.DictReader(file)} - seen):
+            seen.add(text)
+            print(f'#: {path}\nmsgid "{text}"\nmsgstr ""\n')
 PYTHON
 
 # The texts of controls are arguments of their constructors, at the place that is given here.

@@ -13,6 +13,9 @@
 #include "gui_base/support/window_picture.h"
 #include "gui_base/water/alkalization_dialog.h"
 #include "gui_base/water/co2_calculator_dialog.h"
+#include "gui_base/water/comment_entry_dialog.h"
+#include "gui_base/water/water_lib_dialog.h"
+#include "gui_base/water/water_lib_list.h"
 
 #include <wx/app.h>
 #include <wx/frame.h>
@@ -195,6 +198,14 @@ void Tour::TakeDialogs()
     details.At("liquid/alk.target").SetValue(8.5);
     AlkalizationDialog alkalization(water.get(), 0, owner);
     TakeDialog(alkalization, "alkalization");
+    Logger logger;
+    WaterLibDialog library(logger, owner);
+    library.GetWaterList().Select(0);
+    TakeDialog(library, "water_library");
+    CommentEntryDialog comment(owner, wxID_ANY, "Comments", wxDefaultPosition,
+                               owner->FromDIP(wxSize(225, 100)));
+    comment.SetComment("Sampled after a week of rain");
+    TakeDialog(comment, "comments");
     owner->Destroy();
 }
 

@@ -81,7 +81,7 @@ void ProjectDatabase::Close()
 {
     State& state = GetState();
     const std::lock_guard lock(state.mutex);
-    state.session.reset();
+    state.Replace(nullptr);
     state.connectionText.clear();
 }
 

@@ -38,6 +38,21 @@ bool Changes(soci::session& session, const char* text, const Uses&... uses)
 
 }  // namespace
 
+user_session::ValueStatement::ValueStatement(soci::session& session) : statement(session)
+{
+    for (std::string* text : {&key, &value, &unit, &label, &group})
+        statement.exchange(soci::use(*text));
+    statement.exchange(soci::use(water));
+    statement.alloc();
+    statement.prepare(
+        "INSERT INTO tarnvik_water_value (water_id, name, value, unit, label, grp) "
+        "SELECT w.id, CAST(:name AS TEXT), CAST(:value AS TEXT), CAST(:unit AS TEXT), "
+        "CAST(:label AS TEXT), CAST(:grp AS TEXT) FROM tarnvik_water w WHERE w.id = :water "
+        "ON CONFLICT (water_id, name) DO UPDATE SET value = excluded.value, "
+        "unit = excluded.unit, label = excluded.label, grp = excluded.grp");
+    statement.define_and_bind();
+}
+
 std::vector<DBObjects::WaterLibCategory> ProjectDatabase::WaterLib_GetUserCategories()
 {
     return Run("WaterLib_GetUserCategories", [](soci::session& session, const std::string&) {
@@ -146,13 +161,19 @@ bool ProjectDatabase::WaterLib_SaveUserLiquidDetail(int waterId, const std::stri
                                                     const std::string& label, const std::string& group)
 {
     return Run("WaterLib_SaveUserLiquidDetail", [&](soci::session& session, const std::string&) {
-        return Changes(session,
-                       "INSERT INTO tarnvik_water_value (water_id, name, value, unit, label, grp) "
-                       "SELECT w.id, CAST(:name AS TEXT), CAST(:value AS TEXT), CAST(:unit AS TEXT), "
-                       "CAST(:label AS TEXT), CAST(:grp AS TEXT) FROM tarnvik_water w WHERE w.id = :water "
-                       "ON CONFLICT (water_id, name) DO UPDATE SET value = excluded.value, "
-                       "unit = excluded.unit, label = excluded.label, grp = excluded.grp",
-                       key, value, unit, label, group, waterId);
+        auto& kept = user_session::Get().saveValue;
+        // Out of its place while it runs: one that failed is not used again.
+        auto save = kept ? std::move(kept) : std::make_unique<user_session::ValueStatement>(session);
+        save->water = waterId;
+        save->key = key;
+        save->value = value;
+        save->unit = unit;
+        save->label = label;
+        save->group = group;
+        save->statement.execute(true);
+        const bool saved = save->statement.get_affected_rows() > 0;
+        kept = std::move(save);
+        return saved;
     });
 }
 

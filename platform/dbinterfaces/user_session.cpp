@@ -47,7 +47,7 @@ void OpenLocked(Session& state, const std::string& connectionText)
     try {
         auto session = Connect(target, state.busyTimeout);
         EnsureUserSchema(*session, target.backend);
-        state.session = std::move(session);
+        state.Replace(std::move(session));
     } catch (const std::exception& error) {
         throw Classify(error, target.shown);
     }
@@ -65,7 +65,7 @@ void RequireOpen(Session& state)
             throw DatabaseError(DatabaseError::Kind::Failed, "the connection was lost in a transaction");
         OpenLocked(state, state.connectionText);
     } else if (state.target.backend == Backend::Sqlite && Identity(state.target.path) != state.file) {
-        state.session.reset();
+        state.Replace(nullptr);
         throw DatabaseError(DatabaseError::Kind::Failed,
                             fmt::format("{}: the file was removed while it was in use", state.target.shown));
     }

@@ -15,6 +15,21 @@
 
 namespace user_session {
 
+/// The statement that stores one value of a water: a water has more than a hundred of them, so that it is
+/// prepared once. Set the members, then execute.
+struct ValueStatement
+{
+    explicit ValueStatement(soci::session& session);
+
+    int water = -1;
+    std::string key;
+    std::string value;
+    std::string unit;
+    std::string label;
+    std::string group;
+    soci::statement statement;
+};
+
 struct Session
 {
     std::recursive_mutex mutex;
@@ -25,6 +40,14 @@ struct Session
     std::unique_ptr<soci::session> session;
     std::pair<std::uintmax_t, std::uintmax_t> file;  ///< device and inode, SQLite only
     bool inTransaction = false;
+    std::unique_ptr<ValueStatement> saveValue;  ///< of `session`, made on first use
+
+    /// Takes another session, or none.
+    void Replace(std::unique_ptr<soci::session> other)
+    {
+        saveValue.reset();
+        session = std::move(other);
+    }
 };
 
 Session& Get();
@@ -54,7 +77,7 @@ auto Run(const char* method, Query query)
                 state.session->is_connected())
                 throw Classify(error, state.target.shown);
         }
-        state.session = Connect(state.target, state.busyTimeout);
+        state.Replace(Connect(state.target, state.busyTimeout));
         return query(*state.session, state.owner);
     } catch (const std::exception& error) {
         throw Classify(error, fmt::format("ProjectDatabase::{}", method));

@@ -22,19 +22,19 @@
 
 namespace support {
 
-/// The parameter is "sqlite" or "postgresql".
-class UserDatabaseTest : public testing::TestWithParam<const char*>
+/// A user database of its own, "sqlite" or "postgresql", looked at past the facade.
+class DatabaseUnderTest
 {
-protected:
-    void SetUp() override
+public:
+    explicit DatabaseUnderTest(const std::string& kind) : m_isSqlite(kind == "sqlite")
     {
-        if (!IsSqlite())
+        if (!m_isSqlite)
             Sql("SET client_min_messages = warning; DROP SCHEMA public CASCADE; CREATE SCHEMA public");
         ProjectDatabase::SetBusyTimeout(std::chrono::milliseconds(5000));
     }
-    void TearDown() override { ProjectDatabase::Close(); }
+    ~DatabaseUnderTest() { ProjectDatabase::Close(); }
 
-    bool IsSqlite() const { return std::string(GetParam()) == "sqlite"; }
+    bool IsSqlite() const { return m_isSqlite; }
     std::string File() const { return (m_folder / "sub" / "user.db").string(); }
     std::string Text() const { return IsSqlite() ? "sqlite3://" + File() : PostgresConnectionText(); }
 
@@ -53,9 +53,8 @@ protected:
         *Raw() << query, soci::into(value);
         return value;
     }
-    std::string String(const std::string& query) const
+    std::string String(const std::string& query, std::string value = {}) const
     {
-        std::string value;
         *Raw() << query, soci::into(value);
         return value;
     }
@@ -78,7 +77,15 @@ protected:
     }
 
 private:
+    bool m_isSqlite;
     TempFolder m_folder;
+};
+
+/// The parameter is the kind of the database.
+class UserDatabaseTest : public testing::TestWithParam<const char*>, public DatabaseUnderTest
+{
+protected:
+    UserDatabaseTest() : DatabaseUnderTest(GetParam()) {}
 };
 
 inline std::optional<DatabaseError> ErrorOf(const std::function<void()>& call)

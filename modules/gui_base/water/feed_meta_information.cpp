@@ -17,7 +17,8 @@
 namespace {
 
 constexpr int kGap = 4;
-constexpr int kColumns = 6;
+/// Country and place bring a gap between them.
+constexpr int kColumns = 7;
 constexpr int kSourceWidth = 200;
 constexpr int kCountryWidth = 200;
 constexpr double kNoCurrency = 1.0;
@@ -60,7 +61,7 @@ FeedMetaInformation::~FeedMetaInformation()
 TvStaticText* FeedMetaInformation::AddLabel(wxFlexGridSizer& grid, const wxString& label)
 {
     m_labels.push_back(new TvStaticText(this, wxID_ANY, label, ":"));
-    grid.Add(m_labels.back(), wxSizerFlags().CentreVertical().Border(wxLEFT, FromDIP(kGap)));
+    grid.Add(m_labels.back(), wxSizerFlags().CentreVertical());
     return m_labels.back();
 }
 
@@ -83,6 +84,7 @@ void FeedMetaInformation::CreateControls(const FeedMetaInformationConfig& config
     m_waterType = std::make_unique<ChoiceCombination>(this, wxID_ANY, wxTRANSLATE("Water type"), ":",
                                                       WithNone(config.waterTypes),
                                                       &details.At("liquid/water.type"), grid);
+    grid->AddSpacer(0);
     AddLabel(*grid, wxTRANSLATE("Water source"));
     m_sourceField =
         new TvTextCtrl(this, wxID_ANY, wxString(), wxDefaultPosition, FromDIP(wxSize(kSourceWidth, -1)));

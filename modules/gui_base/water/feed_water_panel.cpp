@@ -40,7 +40,9 @@ FeedWaterPanel::FeedWaterPanel(Project* project, std::size_t detailIndex, wxWind
         ArrangeHeader();
         event.Skip();
     });
-    UpdateUnits(true);
+    // The blocks show their details from the start; only the room for them is missing.
+    Layout();
+    FitInside();
 }
 
 void FeedWaterPanel::CreateHeader(Project* project, int liquid)

@@ -70,22 +70,24 @@ void Report(std::string* problem, const std::exception& error)
         *problem = error.what();
 }
 
-/// Label of a property that has a row in the analysis; empty where there is none.
-wxString PropertyLabel(const wxString& key)
+template <typename Rows>
+void AddLabels(std::map<std::string, wxString>& labels, const Rows& rows)
 {
-    for (const auto& row : wateranalysis::kFurtherProperties) {
-        if (key == row.key)
-            return row.label;
-    }
-    for (const auto& row : wateranalysis::kMainProperties) {
-        if (key == row.key)
-            return row.label;
-    }
-    for (const auto& row : wateranalysis::kSummaryRows) {
-        if (key == row.key)
-            return row.label;
-    }
-    return {};
+    for (const auto& row : rows)
+        labels.emplace(row.key, row.label);
+}
+
+/// Labels of the properties that have a row in the analysis, by key.
+const std::map<std::string, wxString>& PropertyLabels()
+{
+    static const std::map<std::string, wxString> labels = [] {
+        std::map<std::string, wxString> result;
+        AddLabels(result, wateranalysis::kMainProperties);
+        AddLabels(result, wateranalysis::kFurtherProperties);
+        AddLabels(result, wateranalysis::kSummaryRows);
+        return result;
+    }();
+    return labels;
 }
 
 /// Symbols and names of the ions by key; the table never changes while the program runs.
@@ -113,8 +115,8 @@ wxString WaterLibDialog::BuildDetailLabel(wxString key)
         const auto ion = IonNames().find(name.utf8_string());
         return ion != IonNames().end() ? ion->second : name.Upper();
     }
-    const wxString label = PropertyLabel(kPrefix + name);
-    return label.empty() ? name : label;
+    const auto label = PropertyLabels().find((kPrefix + name).utf8_string());
+    return label != PropertyLabels().end() ? label->second : name;
 }
 
 bool WaterLibDialog::SaveLiquidData(LiquidData* liquid, std::string* problem)

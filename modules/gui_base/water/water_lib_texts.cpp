@@ -17,6 +17,9 @@ namespace water_library {
 
 namespace {
 
+/// Names that the databases give to nodes of their own.
+[[maybe_unused]] const char* const kNodeNames[]{wxTRANSLATE("User waters"), wxTRANSLATE("International")};
+
 wxString NumberText(double value, int precision)
 {
     return wxString::FromUTF8(

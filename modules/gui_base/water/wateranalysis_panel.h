@@ -28,6 +28,7 @@ class TvRadioButton;
 class wxBitmapButton;
 class wxCollapsiblePane;
 class wxCollapsiblePaneEvent;
+class wxStaticText;
 
 class GUI_BASE_EXPORT WaterAnalysisPanel : public ModulePanelBase
 {

@@ -154,6 +154,15 @@ TEST_F(FeedWaterTest, OriginIsStoredAtOnce)
     EXPECT_EQ(Notified(), 0);
 }
 
+TEST_F(FeedWaterTest, OriginStandsInTwoRowsOfColumns)
+{
+    const auto at = [](const wxWindow* window) { return window->GetScreenPosition(); };
+    EXPECT_EQ(at(Meta().GetCountryPlace().GetPlace()).x, at(Meta().GetWaterSource()).x);
+    EXPECT_EQ(at(Meta().GetSamplingDate()).x, at(Meta().GetCommentButton()).x);
+    EXPECT_EQ(at(Meta().GetCountryPlace().GetChoice()).x, at(Meta().GetWaterType().GetChoice()).x);
+    EXPECT_LT(at(Meta().GetSamplingDate()).y, at(Meta().GetWaterSource()).y);
+}
+
 TEST_F(FeedWaterTest, CommentsAreEditedBelowTheButton)
 {
     const wxRect button = Meta().GetCommentButton()->GetScreenRect();
@@ -213,6 +222,22 @@ TEST_F(FeedWaterTest, CommentIsTypedAndSavedByKeys)
     EXPECT_FALSE(dialog.IsShown());
     EXPECT_EQ(dialog.GetReturnCode(), wxID_OK);
     EXPECT_EQ(dialog.GetComment(), "one\ntwo");
+}
+
+TEST_F(FeedWaterTest, TabGoesFromTheFeedOverTheOriginToTheAnalysis)
+{
+    Focus(Field("nlines"));
+    std::vector<std::string> names;
+    for (int i = 0; i < 7; ++i) {
+        Press(WXK_TAB);
+        const wxWindow* focused = wxWindow::FindFocus();
+        names.push_back(focused != nullptr ? focused->GetName().utf8_string() : "");
+    }
+    names[2] = "date";  // a part of the date field has the focus, whatever its name
+    names[6] = wxWindow::FindFocus() != nullptr ? wxWindow::FindFocus()->GetLabel().utf8_string() : "";
+    // The toolkit does not tell when a choice has the focus: those of country and type.
+    EXPECT_EQ(names, (std::vector<std::string>{"", "Place", "date", "", "Water source", "Comments",
+                                               "Full analysis"}));
 }
 
 TEST_F(FeedWaterTest, ClipboardKeepsAWater)

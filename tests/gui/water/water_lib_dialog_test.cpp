@@ -1,157 +1,20 @@
 // SPDX-License-Identifier: MIT
 // The water library as its user drives it, with real databases behind it.
-#include "gui_base/water/water_lib_dialog.h"
-
 #include "dbinterfaces/database_error.h"
-#include "dbinterfaces/master_database.h"
-#include "dbinterfaces/project_database.h"
 #include "gui_base/input/controls/tv_searchctrl.h"
-#include "gui_base/water/water_lib_list.h"
-#include "tests/support/gui_test.h"
-#include "tests/support/temp_folder.h"
+#include "tests/gui/water/water_lib_fixture.h"
 
-#include <soci/soci.h>
-#include <soci/sqlite3/soci-sqlite3.h>
 #include <wx/button.h>
 #include <wx/infobar.h>
 #include <wx/menu.h>
-#include <wx/msgdlg.h>
 #include <wx/timer.h>
-#include <wx/uiaction.h>
 
-#include <cmath>
 #include <filesystem>
-#include <limits>
+#include <stdexcept>
 
 namespace {
 
 using namespace gui_test;
-
-class WaterLibTest : public GuiTest
-{
-protected:
-    void SetUp() override
-    {
-        GuiTest::SetUp();
-        ProjectDatabase::Open(File());
-    }
-    void TearDown() override
-    {
-        m_dialog.reset();
-        ProjectDatabase::Close();
-        GuiTest::TearDown();
-    }
-
-    std::string File() const { return (m_folder / "user.db").string(); }
-    std::string Sql(const std::string& query) const
-    {
-        soci::session session(*soci::factory_sqlite3(), "dbname=\"" + File() + "\"");
-        std::string value = "(nothing)";
-        session << query, soci::into(value);
-        return value;
-    }
-    DetailData& Detail(const std::string& key) { return m_liquid.GetDetails()->At("liquid/" + key); }
-    void Describe(const char* country, const char* place, const char* source)
-    {
-        Detail("country").SetValue(country);
-        Detail("place").SetValue(place);
-        Detail("water.source").SetValue(source);
-    }
-    /// Expects a message box whose texts hold all of `parts`, and answers it.
-    void ExpectBox(const std::vector<std::string>& parts, int answer)
-    {
-        m_dialogs.Expect([parts, answer](wxDialog& dialog) {
-            const auto* box = dynamic_cast<wxMessageDialog*>(&dialog);
-            if (box == nullptr) {
-                ADD_FAILURE() << "no message box: " << dialog.GetTitle().utf8_string();
-                return answer;
-            }
-            const std::string text = (box->GetCaption() + "|" + box->GetMessage()).utf8_string();
-            for (const std::string& part : parts)
-                EXPECT_NE(text.find(part), std::string::npos) << text;
-            return answer;
-        });
-    }
-    bool Save()
-    {
-        ExpectBox({"Success|Analysis saved to water library"}, wxID_OK);
-        return WaterLibDialog::SaveLiquidData(&m_liquid);
-    }
-
-    WaterLibDialog& Open()
-    {
-        m_dialog.reset();
-        m_dialog = std::make_unique<WaterLibDialog>(m_logger, m_frame, wxID_ANY, wxPoint(10, 10));
-        m_dialog->Show();
-        Pump();
-        return *m_dialog;
-    }
-    /// The tree's node along these texts below the root.
-    wxTreeItemId Node(const std::vector<wxString>& path)
-    {
-        wxTreeCtrl& tree = m_dialog->GetTree();
-        wxTreeItemId node = tree.GetRootItem();
-        for (const wxString& text : path) {
-            wxTreeItemIdValue cookie;
-            wxTreeItemId child = tree.GetFirstChild(node, cookie);
-            while (child.IsOk() && tree.GetItemText(child) != text)
-                child = tree.GetNextChild(node, cookie);
-            EXPECT_TRUE(child.IsOk()) << text.utf8_string();
-            if (!child.IsOk())
-                return {};
-            node = child;
-        }
-        return node;
-    }
-    void Mouse(wxWindow& window, const wxRect& area, int button = wxMOUSE_BTN_LEFT)
-    {
-        wxUIActionSimulator simulator;
-        // Never twice at the same place: that would be a double click.
-        m_offset = m_offset > 30 ? 12 : m_offset + 12;
-        simulator.MouseMove(window.ClientToScreen(area.GetPosition() + wxPoint(m_offset, area.height / 2)));
-        Pump();
-        simulator.MouseClick(button);
-        Pump();
-    }
-    void ClickNode(const std::vector<wxString>& path, int button = wxMOUSE_BTN_LEFT)
-    {
-        const wxTreeItemId node = Node(path);
-        m_dialog->GetTree().EnsureVisible(node);
-        Pump();
-        wxRect area;
-        ASSERT_TRUE(m_dialog->GetTree().GetBoundingRect(node, area, true));
-        Mouse(m_dialog->GetTree(), area, button);
-    }
-    void ClickRow(long row, int button = wxMOUSE_BTN_LEFT)
-    {
-        wxRect area;
-        ASSERT_TRUE(m_dialog->GetWaterList().GetItemRect(row, area));
-        Mouse(m_dialog->GetWaterList(), area, button);
-    }
-    std::vector<std::string> Sources() const
-    {
-        std::vector<std::string> sources;
-        const WaterLibListView& list = m_dialog->GetWaterList();
-        for (long row = 0; row < list.GetItemCount(); ++row)
-            sources.push_back(list.GetItemText(row, 2).utf8_string());
-        return sources;
-    }
-    std::string DetailValue(const wxString& name) const
-    {
-        const wxListView& list = m_dialog->GetDetailList();
-        for (long row = 0; row < list.GetItemCount(); ++row) {
-            if (list.GetItemText(row, 0) == name)
-                return (list.GetItemText(row, 1) + " " + list.GetItemText(row, 2)).utf8_string();
-        }
-        return "(none)";
-    }
-
-    int m_offset = 0;
-    support::TempFolder m_folder;
-    Logger m_logger;
-    LiquidData m_liquid;
-    std::unique_ptr<WaterLibDialog> m_dialog;
-};
 
 TEST_F(WaterLibTest, ShowsTheSuppliedWaters)
 {
@@ -208,107 +71,6 @@ TEST_F(WaterLibTest, SortsAndSearches)
     dialog.GetSearch().Clear();
     Pump();
     EXPECT_EQ(Sources().size(), 3u);
-}
-
-TEST_F(WaterLibTest, AsksForWhatIsMissing)
-{
-    ExpectBox({"Analysis could not be saved|Please enter these values before saving to water library:\n\n"
-               "Place\nWater source"},
-              wxID_OK);
-    EXPECT_FALSE(WaterLibDialog::SaveLiquidData(&m_liquid));
-    Describe("", "here", "");
-    ExpectBox({"library:\n\nWater source"}, wxID_OK);
-    EXPECT_FALSE(WaterLibDialog::SaveLiquidData(&m_liquid));
-    EXPECT_EQ(Sql("SELECT CAST(count(*) AS TEXT) FROM tarnvik_water"), "0");
-}
-
-TEST_F(WaterLibTest, BringsBackZerosAndWhatIsNotKnown)
-{
-    Describe("FR", "Lyon", "Rhone");
-    Detail("na.orig").SetValue(12.5);
-    Detail("na.unit").SetValue("meq/l");
-    Detail("temp.orig").SetValue(0.0);
-    Detail("ph").SetValue(0.0);
-    Detail("turbidity").SetValue(std::numeric_limits<double>::quiet_NaN());
-    Detail("toc").SetValue(std::numeric_limits<double>::infinity());
-    Detail("sampling.date").SetValue(wxDateTime(29, wxDateTime::Feb, 2024));
-    Detail("water.type").SetValue("river");
-    Detail("comments").SetValue("two\nlines");
-    EXPECT_TRUE(Save());
-
-    EXPECT_EQ(
-        Sql("SELECT value || unit || label || grp FROM tarnvik_water_value WHERE name = 'liquid/na.orig'"),
-        "1.25000000000000E+001meq/lSodiumliquid");
-    EXPECT_EQ(Sql("SELECT value FROM tarnvik_water_value WHERE name = 'liquid/ph'"), "(nothing)");
-    EXPECT_EQ(Sql("SELECT value FROM tarnvik_water_value WHERE name = 'liquid/turbidity'"), "");
-    EXPECT_EQ(Sql("SELECT name FROM tarnvik_water_country"), "France");
-
-    Open();
-    ClickNode({"User waters", "France"});
-    ClickRow(0);
-    EXPECT_EQ(m_dialog->GetGeneralInformation(3), "River water");
-    EXPECT_EQ(m_dialog->GetGeneralInformation(4), wxDateTime(29, wxDateTime::Feb, 2024).FormatDate());
-    EXPECT_EQ(m_dialog->GetGeneralInformation(5), "two\nlines");
-    ASSERT_NE(m_dialog->GetSelectedLiquid(), nullptr);
-    const DetailList& read = *m_dialog->GetSelectedLiquid()->GetDetails();
-    EXPECT_EQ(read.At("liquid/na.orig").GetDoubleValue(), 12.5);
-    EXPECT_EQ(read.At("liquid/na.unit").GetStringValue(), "meq/l");
-    EXPECT_EQ(read.At("liquid/temp.orig").GetDoubleValue(), 0.0);
-    EXPECT_EQ(read.At("liquid/ph").GetDoubleValue(), 0.0);
-    EXPECT_TRUE(std::isnan(read.At("liquid/turbidity").GetDoubleValue()));
-    EXPECT_TRUE(std::isnan(read.At("liquid/toc").GetDoubleValue()));
-    EXPECT_EQ(read.At("liquid/country").GetStringValue(), "FR");
-}
-
-TEST_F(WaterLibTest, AsksBeforeItOverwrites)
-{
-    Describe("FR", "Lyon", "Rhone");
-    Detail("na.orig").SetValue(1.0);
-    Detail("ca.orig").SetValue(2.0);
-    EXPECT_TRUE(Save());
-    const std::string id = Sql("SELECT CAST(id AS TEXT) FROM tarnvik_water");
-    Detail("na.orig").SetValue(3.0);
-    Detail("ca.orig").SetValue(0.0);
-    const std::vector<std::string> question{
-        "Duplicate|Analysis already exists. Do you want to overwrite the existing analysis?"};
-    ExpectBox(question, wxID_NO);
-    EXPECT_FALSE(WaterLibDialog::SaveLiquidData(&m_liquid));
-    EXPECT_EQ(Sql("SELECT value FROM tarnvik_water_value WHERE name = 'liquid/na.orig'"),
-              "1.00000000000000E+000");
-    ExpectBox(question, wxID_YES);
-    EXPECT_TRUE(Save());
-    EXPECT_EQ(Sql("SELECT value FROM tarnvik_water_value WHERE name = 'liquid/na.orig'"),
-              "3.00000000000000E+000");
-    EXPECT_EQ(Sql("SELECT value FROM tarnvik_water_value WHERE name = 'liquid/ca.orig'"), "(nothing)")
-        << "what became zero is gone";
-    EXPECT_EQ(Sql("SELECT group_concat(id) FROM tarnvik_water"), id);
-    // Without a country, too, and apart from the one with one.
-    Describe("", "Lyon", "Rhone");
-    EXPECT_TRUE(Save());
-    ExpectBox(question, wxID_NO);
-    EXPECT_FALSE(WaterLibDialog::SaveLiquidData(&m_liquid));
-}
-
-TEST_F(WaterLibTest, AFailedSaveLeavesTheLibraryAsItWas)
-{
-    Describe("FR", "Lyon", "Rhone");
-    Detail("na.orig").SetValue(1.0);
-    EXPECT_TRUE(Save());
-    {
-        soci::session session(*soci::factory_sqlite3(), "dbname=\"" + File() + "\"");
-        session << "CREATE TRIGGER refuse BEFORE INSERT ON tarnvik_water_value WHEN new.name = 'liquid/ph' "
-                   "BEGIN SELECT RAISE(ABORT, 'no more room'); END";
-    }
-    Detail("na.orig").SetValue(2.0);
-    ExpectBox({"Duplicate"}, wxID_YES);
-    std::string problem;
-    EXPECT_FALSE(WaterLibDialog::SaveLiquidData(&m_liquid, &problem));
-    EXPECT_NE(problem.find("no more room"), std::string::npos) << problem;
-    EXPECT_EQ(Sql("SELECT value FROM tarnvik_water_value WHERE name = 'liquid/na.orig'"),
-              "1.00000000000000E+000");
-    Describe("ES", "Madrid", "Well");
-    EXPECT_FALSE(WaterLibDialog::SaveLiquidData(&m_liquid, &problem));
-    EXPECT_EQ(Sql("SELECT CAST(count(*) AS TEXT) FROM tarnvik_water_country"), "1");
 }
 
 TEST_F(WaterLibTest, UsesAWaterOnlyWhenTheUserSaysYes)
@@ -384,19 +146,14 @@ TEST_F(WaterLibTest, RemovesOnlyTheUsersWaters)
 
     // A call that fails leaves the row.
     ClickRow(0);
-    {
-        soci::session session(*soci::factory_sqlite3(), "dbname=\"" + File() + "\"");
-        session << "CREATE TRIGGER refuse BEFORE DELETE ON tarnvik_water BEGIN SELECT RAISE(ABORT, "
-                   "'locked'); END";
-    }
+    m_database.Sql(
+        "CREATE TRIGGER refuse BEFORE DELETE ON tarnvik_water BEGIN SELECT RAISE(ABORT, "
+        "'locked'); END");
     ExpectBox(question, wxID_YES);
     Press(WXK_DELETE);
     EXPECT_EQ(Sources(), (std::vector<std::string>{"Rhone"}));
     EXPECT_TRUE(m_dialog->GetInfoBar().IsShown());
-    {
-        soci::session session(*soci::factory_sqlite3(), "dbname=\"" + File() + "\"");
-        session << "DROP TRIGGER refuse";
-    }
+    m_database.Sql("DROP TRIGGER refuse");
 
     // The country from the tree, with all that it holds.
     ClickNode({"User waters", "France"});
@@ -440,7 +197,7 @@ TEST_F(WaterLibTest, TellsOfADatabaseThatIsGone)
     ClickNode({"User waters", "France"});
     ClickRow(0);
     ASSERT_FALSE(m_dialog->GetInfoBar().IsShown());
-    std::filesystem::remove(File());
+    std::filesystem::remove(m_database.File());
     ExpectBox({"Do you really want to delete"}, wxID_YES);
     Press(WXK_DELETE);
     EXPECT_EQ(Sources().size(), 1u);

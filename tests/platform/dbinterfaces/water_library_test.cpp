@@ -21,11 +21,7 @@ using testing::ElementsAre;
 class UserWaters : public support::UserDatabaseTest
 {
 protected:
-    void SetUp() override
-    {
-        UserDatabaseTest::SetUp();
-        ProjectDatabase::Open(Text());
-    }
+    void SetUp() override { ProjectDatabase::Open(Text()); }
 
     static int AddCountry(const std::string& name)
     {

@@ -1,0 +1,196 @@
+// SPDX-License-Identifier: MIT
+// Whole waters in the program's window: copying, the library, and what stands above the analysis.
+#include "app/language.h"
+#include "app/main_frame.h"
+#include "app/tarnvik_app.h"
+#include "app/templates.h"
+#include "dbinterfaces/project_database.h"
+#include "gui_base/water/feed_water_panel.h"
+#include "gui_base/water/water_clipboard.h"
+#include "gui_base/water/water_lib_dialog.h"
+#include "gui_base/water/water_lib_list.h"
+#include "projectbase/project/project_file.h"
+#include "projectbase/settings/settings.h"
+#include "tests/support/gui_test.h"
+#include "tests/support/temp_folder.h"
+
+#include <wx/button.h>
+#include <wx/menu.h>
+#include <wx/msgdlg.h>
+
+#include <cmath>
+#include <filesystem>
+
+namespace {
+
+using namespace gui_test;
+
+class WaterToolsTest : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        std::string error;
+        app::InitProgram(error);
+        EXPECT_EQ(error, "");
+        Settings::Reset();
+        app::SwitchLanguage("en");
+        ProjectDatabase::Open(File());
+        m_frame = new app::MainFrame(MakeDocument("brandenburg_fresh"));
+        m_frame->SetPosition(wxPoint(0, 0));
+        m_frame->Show();
+        Pump();
+    }
+    void TearDown() override
+    {
+        m_frame->GetDocument().GetProject().SetChanged(false);
+        m_frame->Close();
+        Pump();
+        app::SwitchLanguage("en");
+        ProjectDatabase::Close();
+    }
+
+    static std::unique_ptr<app::Document> MakeDocument(const char* water)
+    {
+        return std::make_unique<app::Document>(app::NewProjectFrom(*app::FindWaterTemplate(water)));
+    }
+    std::string File() const { return (m_folder / "user.db").string(); }
+    FeedWaterPanel& Panel() { return dynamic_cast<FeedWaterPanel&>(*m_frame->GetWaterPanel()); }
+    Project& OpenProject() { return m_frame->GetDocument().GetProject(); }
+    DetailData& Water(const std::string& key)
+    {
+        return OpenProject().GetLiquid(0).GetDetails()->At("liquid/" + key);
+    }
+    DetailData& Feed(const std::string& key) { return OpenProject().GetDetails().At("project/" + key); }
+    void Menu(const char* menu, const char* item)
+    {
+        const int id = m_frame->GetMenuBar()->FindMenuItem(menu, item);
+        ASSERT_NE(id, wxNOT_FOUND) << item;
+        EXPECT_TRUE(m_frame->ProcessCommand(id));
+        Pump();
+    }
+    int MessageCount() { return m_frame->GetMessageArea().GetItemCount(); }
+
+    app::MainFrame* m_frame = nullptr;
+    support::TempFolder m_folder;
+    DialogAnswers m_dialogs;
+};
+
+TEST_F(WaterToolsTest, AWaterIsCopiedIntoAnotherProject)
+{
+    Menu("Edit", "Paste water");
+    EXPECT_EQ(MessageCount(), 1) << "nothing was copied yet";
+    Menu("Edit", "Copy water");
+    m_frame->SetDocument(MakeDocument("amazon"));
+    Pump();
+    EXPECT_EQ(Water("na.orig").GetDoubleValue(), 1.8);
+    Menu("Edit", "Paste water");
+    EXPECT_EQ(Water("na.orig").GetDoubleValue(), 16.3);
+    EXPECT_EQ(Panel().FindField("liquid/na.orig")->GetValue(), "16.3");
+    EXPECT_EQ(Water("place").GetStringValue(), "Brandenburg");
+    EXPECT_TRUE(OpenProject().IsChanged());
+    m_frame->Undo();
+    Pump();
+    EXPECT_EQ(Water("na.orig").GetDoubleValue(), 1.8) << "one step takes all of it back";
+    EXPECT_EQ(Water("place").GetStringValue(), "Amazon");
+    EXPECT_EQ(Panel().GetMetaInformation()->GetCountryPlace().GetPlace()->GetValue(), "Amazon");
+    m_frame->Redo();
+    EXPECT_EQ(Water("country").GetStringValue(), "DE");
+    WaterClipboard::PutLiquid(nullptr);
+}
+
+TEST_F(WaterToolsTest, AWaterGoesThroughTheLibrary)
+{
+    m_dialogs.Expect([](wxDialog& dialog) {
+        EXPECT_EQ(dynamic_cast<wxMessageDialog&>(dialog).GetMessage(), "Analysis saved to water library");
+        return wxID_OK;
+    });
+    Menu("Tools", "Save to water library");
+    m_frame->SetDocument(MakeDocument("amazon"));
+    Pump();
+    m_dialogs.Expect([this](wxDialog& shown) {
+        auto& library = dynamic_cast<WaterLibDialog&>(shown);
+        wxTreeCtrl& tree = library.GetTree();
+        tree.UnselectAll();
+        tree.SelectItem(tree.GetLastChild(tree.GetRootItem()));
+        EXPECT_EQ(library.GetWaterList().GetItemCount(), 1);
+        library.GetWaterList().Select(0);
+        m_dialogs.Expect([](wxDialog&) { return wxID_YES; });
+        wxCommandEvent click(wxEVT_BUTTON, library.GetUseButton().GetId());
+        library.GetUseButton().GetEventHandler()->ProcessEvent(click);
+        return wxID_OK;
+    });
+    Menu("Tools", "Water library...");
+    EXPECT_EQ(Water("water.source").GetStringValue(), "Groundwater 30a9e918");
+    EXPECT_EQ(Water("nh4.orig").GetDoubleValue(), 0.1);
+    EXPECT_TRUE(std::isnan(Water("turbidity").GetDoubleValue()));
+    EXPECT_TRUE(OpenProject().IsChanged());
+    m_frame->Undo();
+    EXPECT_EQ(Water("water.source").GetStringValue(), "Amazon river");
+}
+
+TEST_F(WaterToolsTest, ALibraryThatCannotBeReachedIsReported)
+{
+    std::filesystem::remove(File());
+    Menu("Tools", "Save to water library");
+    EXPECT_EQ(MessageCount(), 1);
+    EXPECT_NE(m_frame->GetMessageArea().GetItemText(0, 1).Find("removed"), wxNOT_FOUND);
+    EXPECT_FALSE(OpenProject().IsChanged());
+}
+
+TEST_F(WaterToolsTest, TheFeedIsSavedAndUndone)
+{
+    FeedWaterSpecification& block = *Panel().GetSpecification();
+    gui_test::Enter(*block.FindField("project/qbrutto"), "12");
+    gui_test::Enter(*block.FindField("project/lz"), "10");
+    gui_test::Enter(*block.FindField("project/nlines"), "2");
+    gui_test::Enter(*Panel().GetMetaInformation()->GetWaterSource(), "Well 7");
+    EXPECT_TRUE(OpenProject().IsChanged());
+    const auto path = m_folder / "feed.tarnvik";
+    ASSERT_TRUE(m_frame->SaveFile(path));
+    const auto loaded = ProjectFile::Load(path);
+    EXPECT_EQ(loaded->GetDetails().At("project/wbrutto").GetDoubleValue(), 120.0);
+    EXPECT_EQ(loaded->GetDetails().At("project/nlines").GetLongValue(), 2);
+    EXPECT_EQ(loaded->GetLiquid(0).FindDetail("liquid/water.source")->GetStringValue(), "Well 7");
+
+    m_frame->Undo();
+    EXPECT_EQ(Water("water.source").GetStringValue(), "Groundwater 30a9e918");
+    m_frame->Undo();
+    m_frame->Undo();
+    EXPECT_EQ(Feed("nlines").GetLongValue(), 1);
+    EXPECT_TRUE(std::isnan(Feed("wbrutto").GetDoubleValue()));
+    EXPECT_EQ(block.FindField("project/wbrutto")->GetValue(), "");
+    EXPECT_EQ(block.FindField("project/qbrutto")->GetValue(), "12");
+}
+
+TEST_F(WaterToolsTest, AFeedOutOfRangeIsListed)
+{
+    gui_test::Enter(*Panel().GetSpecification()->FindField("project/qbrutto"), "-1");
+    ASSERT_EQ(MessageCount(), 1);
+    EXPECT_NE(m_frame->GetMessageArea().GetItemText(0, 1).Find("Source flow rate"), wxNOT_FOUND);
+    gui_test::Enter(*Panel().GetSpecification()->FindField("project/qbrutto"), "1");
+    EXPECT_EQ(MessageCount(), 0);
+}
+
+TEST_F(WaterToolsTest, SpeaksGerman)
+{
+    m_frame->SetLanguage("de");
+    Pump();
+    EXPECT_EQ(Panel().GetMetaInformation()->GetCountryPlace().GetChoice()->GetStringSelection(),
+              "Deutschland");
+    EXPECT_EQ(Panel().GetMetaInformation()->GetWaterType().GetChoice()->GetStringSelection(),
+              "Brunnenwasser");
+    EXPECT_EQ(Panel().GetSpecification()->FindField("project/lz")->GetName(), "Laufzeit [h]");
+    m_dialogs.Expect([](wxDialog& shown) {
+        auto& library = dynamic_cast<WaterLibDialog&>(shown);
+        EXPECT_EQ(library.GetTitle(), "Wasserbibliothek");
+        EXPECT_EQ(library.GetWaterList().GetItemText(0, 0), "Brasilien");
+        library.GetWaterList().Select(0);
+        EXPECT_EQ(library.GetDetailList().GetItemText(0, 0), "Natrium");
+        return wxID_CANCEL;
+    });
+    Menu("Extras", "Wasserbibliothek ...");
+    EXPECT_FALSE(OpenProject().IsChanged());
+}
+
+}  // namespace
