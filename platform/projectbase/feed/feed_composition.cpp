@@ -2,6 +2,7 @@
 #include "projectbase/feed/feed_composition.h"
 
 #include "projectbase/feed/charge_balance.h"
+#include "projectbase/feed/compound.h"
 #include "projectbase/feed/known_elements.h"
 
 #include <cmath>
@@ -127,16 +128,16 @@ FeedComposition::Totals Sum(const std::vector<Entry>& entries, Concentration Ent
 
 DBObjects::Compound FeedComposition::CompoundEntry::ToRecord() const
 {
-    const auto elements = FormulaParser().Parse(formula);
-    return {.baseElement = elements.empty() ? std::string() : elements.front().symbol,
-            .name = name,
-            .formula = formula,
-            .pKa = pKa,
-            .valency = valency,
-            .oxidationNrCommon = oxidationNrCommon,
-            .conjugate = acidBase,
-            .ionicCharge = ionicCharge,
-            .category = category};
+    const DBObjects::Compound record{.baseElement = {},
+                                     .name = name,
+                                     .formula = formula,
+                                     .pKa = pKa,
+                                     .valency = valency,
+                                     .oxidationNrCommon = oxidationNrCommon,
+                                     .conjugate = acidBase,
+                                     .ionicCharge = ionicCharge,
+                                     .category = category};
+    return Compound(record).ToRecord();  // which finds the base element
 }
 
 void FeedComposition::Add(const DBObjects::Compound& compound)
