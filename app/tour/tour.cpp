@@ -10,6 +10,7 @@
 #include "gui_base/dialogs/info_message_dialog.h"
 #include "gui_base/dialogs/page_selection_dialog.h"
 #include "gui_base/dialogs/tv_multichoicedialog.h"
+#include "gui_base/ionexchange/regeneration/waste_water_panel.h"
 #include "gui_base/support/window_picture.h"
 #include "gui_base/water/alkalization_dialog.h"
 #include "gui_base/water/co2_calculator_dialog.h"
@@ -81,6 +82,7 @@ public:
 
     void TakeModules();
     void TakeDialogs();
+    void TakeWasteWater(wxWindow& owner);
 
 private:
     void Save(wxWindow& window, const std::string& name)
@@ -206,7 +208,28 @@ void Tour::TakeDialogs()
                                owner->FromDIP(wxSize(225, 100)));
     comment.SetComment("Sampled after a week of rain");
     TakeDialog(comment, "comments");
+    TakeWasteWater(*owner);
     owner->Destroy();
+}
+
+void Tour::TakeWasteWater(wxWindow& owner)
+{
+    iex::IEXProject project;
+    double value = 0.0;
+    for (auto& [name, detail] : project.GetStepDetails())
+        detail.SetValue(value += 12.5);
+    auto acid = std::make_shared<DetailList>();
+    acid->LoadGroup("stepcomp", "BASE");
+    for (auto& [name, detail] : *acid)
+        detail.SetValue(value += 12.5);
+    wxDialog dialog(&owner, wxID_ANY, "Waste water");
+    auto* panel =
+        new TvWasteWaterAndComposition(&project, &dialog, {{"HCl", acid}, {"NaOH", nullptr}}, "Waste water");
+    auto* sizer = new wxBoxSizer(wxVERTICAL);
+    sizer->Add(panel, wxSizerFlags(1).Expand());
+    dialog.SetSizerAndFit(sizer);
+    TakeDialog(dialog, "waste_water");
+    dialog.DestroyChildren();
 }
 
 }  // namespace

@@ -396,8 +396,7 @@ void WaterAnalysisPanel::EnableInputFields()
         for (wateranalysis::IonGrid::Row& row : grid->Rows())
             EnableRow(row, full);
     }
-    const bool typedCo2 =
-        !isBlend && !m_liquid.GetDetails()->At("liquid/calculate.co2").GetBoolValue();
+    const bool typedCo2 = !isBlend && !m_liquid.GetDetails()->At("liquid/calculate.co2").GetBoolValue();
     m_temperatureField->Enable(!isBlend);
     m_temperatureUnit->Enable(!isBlend);
     FindField("liquid/co2.orig")->Enable(typedCo2);
