@@ -10,8 +10,6 @@
 #include <wx/intl.h>
 #include <wx/statbox.h>
 
-#include <array>
-
 namespace {
 
 constexpr int kGap = 4;
@@ -144,8 +142,7 @@ OrganicsInputPanelController::OrganicsInputPanelController(Project* project, Org
         organics.emplace_back(wxString::FromUTF8(organic.key), wxString::FromUTF8(organic.label));
     panel->SetOrganicsSelection(organics);
     std::vector<std::pair<long, wxString>> units;
-    for (const TemperatureUnit unit :
-         {TemperatureUnit::Celsius, TemperatureUnit::Fahrenheit, TemperatureUnit::Kelvin})
+    for (const TemperatureUnit unit : kTemperatureUnits)
         units.emplace_back(static_cast<long>(unit), wxString::FromUTF8(Temperature::UnitText(unit)));
     panel->SetTemperatureUnitSelection(units);
     TransferToView();
