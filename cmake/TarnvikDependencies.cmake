@@ -9,6 +9,7 @@ find_package(PkgConfig REQUIRED)
 find_package(Gettext REQUIRED)
 pkg_check_modules(gtk3 REQUIRED IMPORTED_TARGET GLOBAL gtk+-3.0)
 
+pkg_check_modules(re2 REQUIRED IMPORTED_TARGET GLOBAL re2)
 pkg_check_modules(libpq REQUIRED IMPORTED_TARGET GLOBAL libpq)
 
 # The database layer comes without package files of its own.

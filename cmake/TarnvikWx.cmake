@@ -14,4 +14,5 @@ function(tarnvik_wx target)
 endfunction()
 
 tarnvik_wx(wx::base base)
+tarnvik_wx(wx::xml xml base)
 tarnvik_wx(wx::gui aui html xml core base)

@@ -4,8 +4,8 @@
 
 build_master_db.py OUTPUT CSV_DIR --waters FILE [--iso-codes DIR] [--locales DIR]
 
-CSV_DIR holds details.csv, ions.csv, elements.csv, alkalizing_agents.csv and water_types.csv; FILE the waters of the
-library. Countries and currencies come from the iso-codes package: their codes from its JSON files, their translated names from its message catalogues. The output is replaced as a whole or
+CSV_DIR holds details.csv, ions.csv, elements.csv, alkalizing_agents.csv, compounds.csv, feed_mediums.csv and
+water_types.csv; FILE the waters of the library. Countries and currencies come from the iso-codes package: their codes from its JSON files, their translated names from its message catalogues. The output is replaced as a whole or
 not at all, and equal inputs give equal bytes.
 """
 import argparse
@@ -20,7 +20,7 @@ import tempfile
 from pathlib import Path
 
 APPLICATION_ID = 0x54564D44  # "TVMD"
-SCHEMA_VERSION = 4
+SCHEMA_VERSION = 5
 ROLES = {"input", "derived"}
 TYPES = {"double", "long", "bool", "date", "string"}
 # Columns of the waters that are details by another name; a column that bears the name of an ion is its amount in mg/l.
@@ -29,6 +29,8 @@ WATER_COLUMNS = {
     "water_source": "liquid/water.source", "water_type": "liquid/water.type",
     "sampling_date": "liquid/sampling.date", "source": "liquid/comments",
 }
+# Kinds of compounds in the order of their numbers.
+ACID_BASE = ("neutral", "strong acid", "weak acid", "strong base", "weak base")
 NO_COUNTRY = "International"
 # Which rows of ions.csv a placeholder in a detail's key stands for.
 KEY_PLACEHOLDERS = {
@@ -57,6 +59,12 @@ CREATE TABLE currency_name (code TEXT NOT NULL, language TEXT NOT NULL, name TEX
 CREATE TABLE alkalizing_agent (id INTEGER PRIMARY KEY, code TEXT NOT NULL UNIQUE, name TEXT NOT NULL,
     formula TEXT NOT NULL, molar_mass REAL NOT NULL, valency INTEGER NOT NULL, carbon INTEGER NOT NULL,
     ion TEXT NOT NULL, cation_mass REAL NOT NULL, pka REAL, enthalpy REAL);
+CREATE TABLE compound (id INTEGER PRIMARY KEY, base_element TEXT NOT NULL, name TEXT NOT NULL, formula TEXT NOT NULL,
+    pka REAL, valency INTEGER NOT NULL, oxidation_number INTEGER NOT NULL, conjugate INTEGER NOT NULL,
+    ionic_charge INTEGER NOT NULL, category TEXT NOT NULL, UNIQUE (name, formula));
+CREATE TABLE feed_medium (id INTEGER PRIMARY KEY, name TEXT NOT NULL UNIQUE, density REAL NOT NULL);
+CREATE TABLE feed_medium_usage (medium_id INTEGER NOT NULL, module TEXT NOT NULL, usage TEXT NOT NULL,
+    PRIMARY KEY (module, usage, medium_id)) WITHOUT ROWID;
 CREATE TABLE water_type (id INTEGER PRIMARY KEY, code TEXT NOT NULL UNIQUE, description TEXT NOT NULL);
 -- Categories and countries take their identifiers from one row of numbers: a query names either kind by number alone.
 CREATE TABLE water_category (id INTEGER PRIMARY KEY, name TEXT NOT NULL UNIQUE, position INTEGER NOT NULL);
@@ -179,6 +187,32 @@ def fill_alkalizing_agents(db, csv_dir, ions):
                     number(row["pka"], where), number(row["enthalpy"], where)))
 
 
+def fill_compounds(db, csv_dir):
+    elements = {symbol for symbol, in db.execute("SELECT symbol FROM element")}
+    columns = ("base_element", "name", "formula", "pka", "valency", "oxidation_number", "acid_base", "charge",
+               "category")
+    for identifier, (where, row) in enumerate(read_csv(csv_dir / "compounds.csv", columns), start=1):
+        if row["base_element"] not in elements:
+            sys.exit(f"{where}: no element '{row['base_element']}'")
+        if row["acid_base"] not in ACID_BASE:
+            sys.exit(f"{where}: unknown kind '{row['acid_base']}'")
+        try:
+            db.execute("INSERT INTO compound VALUES (?,?,?,?,?,?,?,?,?,?)",
+                       (identifier, row["base_element"], row["name"], row["formula"], number(row["pka"], where),
+                        int(row["valency"]), int(row["oxidation_number"]), ACID_BASE.index(row["acid_base"]),
+                        int(row["charge"]), row["category"]))
+        except sqlite3.IntegrityError:
+            sys.exit(f"{where}: '{row['name']}' is there already")
+
+
+def fill_feed_mediums(db, csv_dir):
+    rows = read_csv(csv_dir / "feed_mediums.csv", ("name", "density", "usages"))
+    for identifier, (where, row) in enumerate(rows, start=1):
+        db.execute("INSERT INTO feed_medium VALUES (?,?,?)", (identifier, row["name"], number(row["density"], where)))
+        db.executemany("INSERT INTO feed_medium_usage VALUES (?,?,?)",
+                       [(identifier, "iex", usage) for usage in row["usages"].split()])
+
+
 def fill_water_types(db, csv_dir):
     for identifier, (_, row) in enumerate(read_csv(csv_dir / "water_types.csv", ("code", "description")), start=1):
         db.execute("INSERT INTO water_type VALUES (?,?,?)", (identifier, row["code"], row["description"]))
@@ -257,6 +291,8 @@ def build(path, arguments):
             entry["code"] = entry[code]
         fill_iso_codes(db, table, entries, arguments.locales, domain)
     fill_alkalizing_agents(db, arguments.csv_dir, ions)
+    fill_compounds(db, arguments.csv_dir)
+    fill_feed_mediums(db, arguments.csv_dir)
     fill_water_types(db, arguments.csv_dir)
     fill_waters(db, arguments.waters, ions)
     db.commit()

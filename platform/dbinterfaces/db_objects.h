@@ -4,6 +4,8 @@
 /// Records that the database facades hand out by value. Texts are UTF-8; identifiers are -1 where nothing was
 /// found.
 
+#include <cstdint>
+#include <limits>
 #include <optional>
 #include <string>
 
@@ -81,6 +83,30 @@ struct AlkalizingAgent
     double cationMass = 0.0;         ///< g/mol of that ion
     std::optional<double> pKa;       ///< of the acid of a weak base, 25 °C
     std::optional<double> enthalpy;  ///< of its dissociation, kJ/mol
+};
+
+/// A chemical compound or an ion.
+struct Compound
+{
+    std::int32_t id = -1;
+    std::string baseElement;  ///< symbol of the element under which it is found
+    std::string name;
+    std::string formula;  ///< without its charge: "SO4"
+    double pKa =
+        std::numeric_limits<double>::quiet_NaN();  ///< of a base, that of its conjugate acid; NaN: unknown
+    std::int32_t valency = 0;                      ///< eq/mol
+    std::int32_t oxidationNrCommon = 0;            ///< of the base element
+    std::int32_t conjugate = 0;  ///< 0 neutral, 1 strong acid, 2 weak acid, 3 strong base, 4 weak base
+    std::int32_t ionicCharge = 0;
+    std::string category;
+};
+
+/// What compounds are dissolved in.
+struct FeedMedium
+{
+    int id = -1;
+    std::string name;      ///< English
+    double density = 0.0;  ///< kg/l at 20 °C
 };
 
 /// What a water is: the code is stored with it, the description (English) is shown.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "dbinterfaces/master_database.h"
 
+#include "dbinterfaces/compound_queries.h"
 #include "dbinterfaces/database_error.h"
 #include "dbinterfaces/sqlite_connection.h"
 #include "dbinterfaces/water_queries.h"
@@ -16,7 +17,7 @@ namespace {
 
 constexpr water_queries::Tables kMasterWaters{"", 0};
 constexpr int kApplicationId = 0x54564D44;  // "TVMD", as the build script writes it
-constexpr int kSchemaVersion = 4;
+constexpr int kSchemaVersion = 5;
 
 struct State
 {
@@ -240,6 +241,42 @@ std::vector<DBObjects::AlkalizingAgent> MasterDatabase::GetAlkalizingAgents()
             agents.push_back(agent);
         }
         return agents;
+    });
+}
+
+std::vector<DBObjects::Compound> MasterDatabase::GetSuppliedCompounds()
+{
+    return Run("GetSuppliedCompounds", [](soci::session& session) {
+        return compound_queries::Select(session, "compound", "ORDER BY id");
+    });
+}
+
+std::vector<DBObjects::FeedMedium> MasterDatabase::GetFeedMediums(const std::string& module,
+                                                                  const std::string& usage)
+{
+    return Run("GetFeedMediums", [&](soci::session& session) {
+        std::vector<DBObjects::FeedMedium> mediums;
+        DBObjects::FeedMedium row;
+        soci::statement statement =
+            (session.prepare << "SELECT m.id, m.name, m.density FROM feed_medium m "
+                                "JOIN feed_medium_usage u ON u.medium_id = m.id "
+                                "WHERE u.module = :module AND u.usage = :usage ORDER BY m.id",
+             soci::use(module), soci::use(usage), soci::into(row.id), soci::into(row.name),
+             soci::into(row.density));
+        statement.execute();
+        while (statement.fetch())
+            mediums.push_back(row);
+        return mediums;
+    });
+}
+
+DBObjects::FeedMedium MasterDatabase::GetFeedMedium(int id)
+{
+    return Run("GetFeedMedium", [id](soci::session& session) {
+        DBObjects::FeedMedium medium;
+        session << "SELECT id, name, density FROM feed_medium WHERE id = :id", soci::use(id),
+            soci::into(medium.id), soci::into(medium.name), soci::into(medium.density);
+        return session.got_data() ? medium : DBObjects::FeedMedium();
     });
 }
 

@@ -48,6 +48,16 @@ public:
     /// The bases that a water can be alkalised with, in the order in which they are offered.
     static std::vector<DBObjects::AlkalizingAgent> GetAlkalizingAgents();
 
+    /// The compounds that a new user database begins with, by identifier.
+    static std::vector<DBObjects::Compound> GetSuppliedCompounds();
+
+    /// The feed mediums that a module ("iex") offers for a usage ("INPUT_FEED", "INPUT_ORGANICS"), in the
+    /// order in which they are offered.
+    static std::vector<DBObjects::FeedMedium> GetFeedMediums(const std::string& module,
+                                                             const std::string& usage);
+    /// The feed medium with that identifier; identifier -1 where there is none.
+    static DBObjects::FeedMedium GetFeedMedium(int id);
+
     /// The kinds of waters in the order in which they are offered.
     static std::vector<DBObjects::WaterType> GetWaterTypes();
     /// Description of the water type with that code; empty when there is none.

@@ -73,6 +73,24 @@ public:
         bool m_open = true;
     };
 
+    // Chemical compounds. A new database begins with those that the program supplies.
+
+    /// All compounds by name.
+    static std::vector<DBObjects::Compound> GetCompounds();
+    /// The compounds of that base element and that category whose name or formula contains `search`, in
+    /// whatever case of its letters, by name. An empty text does not filter.
+    static std::vector<DBObjects::Compound> GetCompounds(const std::string& element,
+                                                         const std::string& category,
+                                                         const std::string& search);
+    /// The compound with that identifier; identifier -1 where there is none.
+    static DBObjects::Compound GetCompound(int id);
+    /// The categories in use, in their order.
+    static std::vector<std::string> GetCompoundCategories();
+    /// Stores a compound under its identifier, or under a new one where that is negative; returns it.
+    static int InsertOrReplaceCompound(const DBObjects::Compound& compound);
+    /// Whether there was such a compound.
+    static bool DeleteCompound(int id);
+
     // The library of waters. Countries are named in English, in whatever language they are shown.
 
     static std::vector<DBObjects::WaterLibCategory> WaterLib_GetUserCategories();

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "dbinterfaces/user_schema.h"
 
+#include "dbinterfaces/compound_queries.h"
+
 #include <fmt/format.h>
 
 #include <array>
@@ -46,7 +48,15 @@ const std::array<Statements, kUserSchemaVersion> kMigrations{
         "value TEXT NOT NULL, unit TEXT NOT NULL, label TEXT NOT NULL, grp TEXT NOT NULL, "
         "PRIMARY KEY (water_id, name))",
     },
+    Statements{
+        "INSERT INTO tarnvik_counter (name, last_id) VALUES ('compound', 0)",
+        "CREATE TABLE tarnvik_compound (id INTEGER PRIMARY KEY, base_element TEXT NOT NULL, "
+        "name TEXT NOT NULL, formula TEXT NOT NULL, pka DOUBLE PRECISION, valency INTEGER NOT NULL, "
+        "oxidation_number INTEGER NOT NULL, conjugate INTEGER NOT NULL, ionic_charge INTEGER NOT NULL, "
+        "category TEXT NOT NULL)",
+    },
 };
+constexpr int kCompoundsSince = 4;
 
 int Count(soci::session& session, const std::string& query)
 {
@@ -108,11 +118,15 @@ void RollBack(soci::session& session)
     }
 }
 
-void Migrate(soci::session& session, int from)
+void Migrate(soci::session& session, Backend backend, int from)
 {
     for (int version = from; version < kUserSchemaVersion; ++version) {
         for (const char* statement : kMigrations.at(static_cast<std::size_t>(version)))
             session << statement;
+        if (version + 1 == kCompoundsSince) {
+            compound_queries::CreateIndexes(session, backend);
+            compound_queries::FillWithSupplied(session);
+        }
     }
     session << fmt::format("UPDATE tarnvik_schema SET version = {}", kUserSchemaVersion);
 }
@@ -130,7 +144,7 @@ void EnsureUserSchema(soci::session& session, Backend backend)
         // Somebody else may have been faster.
         const int version = ReadVersion(session, backend);
         RefuseUnknownVersion(version);
-        Migrate(session, version);
+        Migrate(session, backend, version);
         session << "COMMIT";
     } catch (...) {
         RollBack(session);

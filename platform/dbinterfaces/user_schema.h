@@ -7,10 +7,11 @@
 /// share a database without sharing its settings; what version 1 held has the empty owner and serves
 /// everybody as default. Version 3 added the library of waters, which belongs to everybody who uses the
 /// database, and counters that hand out its identifiers.
+/// Version 4 added the compounds, filled with those that the program supplies.
 
 #include "dbinterfaces/connection.h"
 
-constexpr int kUserSchemaVersion = 3;
+constexpr int kUserSchemaVersion = 4;
 
 /// Creates the tables in an empty database, or migrates those of an older version, in one transaction that
 /// other programs doing the same wait for. Throws DatabaseError for a newer or foreign database, which is

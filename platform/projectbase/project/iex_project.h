@@ -3,6 +3,7 @@
 
 /// The project of an ion-exchange plant.
 
+#include "projectbase/feed/feed_composition.h"
 #include "projectbase/project/project.h"
 
 namespace iex {
@@ -12,6 +13,13 @@ class PROJECTBASE_EXPORT IEXProject : public Project
 public:
     /// A project with one water, named "Feed water", at the defaults of the catalogue.
     IEXProject();
+
+    /// The compounds of the feed as the project stores them: the details of the group "feedcompound", one
+    /// group for each, of concentrations only meq/l; the molar mass follows from the formula. Throws
+    /// DatabaseError when the elements cannot be read.
+    FeedComposition LoadFeedCompositionFromDetails() const;
+    /// Stores entries, medium, density, flags and the stated pH. Equal compositions leave equal bytes.
+    void SaveFeedCompositionToDetails(const FeedComposition& composition);
 };
 
 }  // namespace iex

@@ -3,10 +3,19 @@
 
 #include "projectbase/water/normalization.h"
 
+namespace {
+
+constexpr const char* kMediumId = "feed/medium";
+constexpr const char* kMediumTemperature = "feed/medium.temp";
+constexpr const char* kMediumDensity = "feed/density";
+
+}  // namespace
+
 Project::Project(std::string moduleType) : m_moduleType(std::move(moduleType))
 {
     m_details.LoadGroup("project", "BASE");
     m_details.LoadGroup("arrangement", "BASE");
+    m_details.LoadGroup("feed", "BASE");
 }
 
 Project::~Project() = default;
@@ -29,6 +38,39 @@ LiquidData& Project::AddLiquid(const std::string& name)
 void Project::RemoveLiquid(std::size_t index)
 {
     m_liquids.erase(m_liquids.begin() + static_cast<std::ptrdiff_t>(index));
+}
+
+DetailGroupsPtr Project::GetDetailGroups(const std::string& kind) const
+{
+    const auto found = m_groups.find(kind);
+    return found == m_groups.end() ? nullptr : found->second;
+}
+
+void Project::SetDetailGroups(const std::string& kind, std::vector<DetailGroup> groups)
+{
+    RestoreDetailGroups(kind, ShareGroups(GetDetailGroups(kind), std::move(groups)));
+}
+
+void Project::RestoreDetailGroups(const std::string& kind, const DetailGroupsPtr& groups)
+{
+    if (groups && !groups->empty())
+        m_groups[kind] = groups;
+    else
+        m_groups.erase(kind);
+}
+
+FeedMedium::Data Project::LoadFeedMediumFromDetails() const
+{
+    return {m_details.At(kMediumId).GetLongValue(),
+            {m_details.At(kMediumTemperature).GetDoubleValue(), TemperatureUnit::Celsius},
+            m_details.At(kMediumDensity).GetDoubleValue()};
+}
+
+void Project::SaveFeedMediumToDetails(const FeedMedium::Data& medium)
+{
+    m_details.At(kMediumId).SetValue(medium.id);
+    m_details.At(kMediumTemperature).SetValue(medium.temperature.In(TemperatureUnit::Celsius));
+    m_details.At(kMediumDensity).SetValue(medium.density);
 }
 
 void Project::NormalizeIon(std::size_t liquid, const std::string& ion, bool checkName)

@@ -4,12 +4,15 @@
 /// A project: its waters, the unit system on display, how far it is calculated and whether it has unsaved
 /// changes. It knows no file; project_file.h loads and saves it. One thread at a time.
 
+#include "projectbase/details/detail_groups.h"
 #include "projectbase/details/detail_list.h"
+#include "projectbase/feed/feed_medium.h"
 #include "projectbase/project/logger.h"
 #include "projectbase/projectbase_export.h"
 #include "projectbase/water/alkalization.h"
 #include "projectbase/water/liquid_data.h"
 
+#include <map>
 #include <memory>
 #include <string>
 #include <vector>
@@ -42,6 +45,20 @@ public:
     DetailList& GetDetails() { return m_details; }
     const DetailList& GetDetails() const { return m_details; }
 
+    /// Details that occur many times, each time as a group: kind "feedcompound" and the like. Null where
+    /// there are none.
+    DetailGroupsPtr GetDetailGroups(const std::string& kind) const;
+    const std::map<std::string, DetailGroupsPtr>& GetAllDetailGroups() const { return m_groups; }
+    /// Replaces all groups of a kind. Groups that are equal to former ones are shared with them.
+    void SetDetailGroups(const std::string& kind, std::vector<DetailGroup> groups);
+    /// Brings back what GetDetailGroups gave.
+    void RestoreDetailGroups(const std::string& kind, const DetailGroupsPtr& groups);
+
+    /// The medium that feed and organics are dissolved in; its temperature in °C.
+    FeedMedium::Data LoadFeedMediumFromDetails() const;
+    /// Takes the temperature in whatever unit it has.
+    void SaveFeedMediumToDetails(const FeedMedium::Data& medium);
+
     std::size_t GetLiquidCount() const { return m_liquids.size(); }
     /// The water with that index; throws std::out_of_range. Its address is stable until it is removed.
     LiquidData& GetLiquid(std::size_t index);
@@ -67,5 +84,6 @@ private:
     long m_status = 0;
     Logger m_logger;
     DetailList m_details;
+    std::map<std::string, DetailGroupsPtr> m_groups;  ///< by kind; no empty ones
     std::vector<std::unique_ptr<LiquidData>> m_liquids;
 };

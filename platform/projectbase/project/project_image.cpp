@@ -13,7 +13,10 @@ namespace {
 
 constexpr std::int64_t kApplicationId = 0x54565052;  // "TVPR"
 constexpr std::int64_t kMajor = 1;
-constexpr std::int64_t kSchemaVersion = kMajor * 100;
+constexpr std::int64_t kFirstVersion = kMajor * 100;
+/// The groups of details came with minor version 1.
+constexpr std::int64_t kVersionWithGroups = kMajor * 100 + 1;
+constexpr std::int64_t kSchemaVersion = kVersionWithGroups;
 constexpr std::string_view kHeader{"SQLite format 3\0", 16};
 
 // Bounds of what a file may hold, far above any real project.
@@ -26,12 +29,15 @@ constexpr const char* kSchema =
     // The value has no declared type: what is stored is what is read, to the last bit.
     "CREATE TABLE detail (liquid INTEGER NOT NULL, name TEXT NOT NULL, type TEXT NOT NULL, unit TEXT NOT "
     "NULL, value, "
-    "PRIMARY KEY (liquid, name)) WITHOUT ROWID;";
+    "PRIMARY KEY (liquid, name)) WITHOUT ROWID;"
+    "CREATE TABLE detail_group (kind TEXT NOT NULL, position INTEGER NOT NULL, name TEXT NOT NULL, "
+    "type TEXT NOT NULL, unit TEXT NOT NULL, value, PRIMARY KEY (kind, position, name)) WITHOUT ROWID;";
 
 constexpr const char* kModule = "module";
 constexpr const char* kUnitSystem = "unit.system";
 constexpr const char* kStatus = "status";
 constexpr const char* kChecksum = "checksum";
+constexpr const char* kGroupChecksum = "checksum.groups";  // apart, so that version 1.0 reads the rest
 constexpr int kProjectDetails = -1;
 
 /// FNV-1a over all that a reader looks at. A change of any one byte changes it for certain, any other damage
@@ -53,20 +59,32 @@ private:
     std::uint64_t m_hash = 0xcbf29ce484222325ULL;
 };
 
+void AddRows(SqliteImage& image, Checksum& checksum, const std::string& query, int columns)
+{
+    SqliteStatement rows = image.Prepare(query);
+    while (rows.Step()) {
+        for (int column = 0; column < columns; ++column)
+            checksum.Add(ColumnBytes(rows, column));
+    }
+    checksum.Add("end");
+}
+
 std::string ComputeChecksum(SqliteImage& image)
 {
     Checksum checksum;
-    const auto addRows = [&](const std::string& query, int columns) {
-        SqliteStatement rows = image.Prepare(query);
-        while (rows.Step()) {
-            for (int column = 0; column < columns; ++column)
-                checksum.Add(ColumnBytes(rows, column));
-        }
-        checksum.Add("end");
-    };
-    addRows(fmt::format("SELECT name, text FROM note WHERE name <> '{}' ORDER BY name", kChecksum), 2);
-    addRows("SELECT id, name FROM liquid ORDER BY id", 2);
-    addRows("SELECT liquid, name, type, unit, value FROM detail ORDER BY liquid, name", 5);
+    AddRows(image, checksum,
+            fmt::format("SELECT name, text FROM note WHERE name <> '{}' ORDER BY name", kChecksum), 2);
+    AddRows(image, checksum, "SELECT id, name FROM liquid ORDER BY id", 2);
+    AddRows(image, checksum, "SELECT liquid, name, type, unit, value FROM detail ORDER BY liquid, name", 5);
+    return checksum.Text();
+}
+
+std::string ComputeGroupChecksum(SqliteImage& image)
+{
+    Checksum checksum;
+    AddRows(image, checksum,
+            "SELECT kind, position, name, type, unit, value FROM detail_group ORDER BY kind, position, name",
+            6);
     return checksum.Text();
 }
 
@@ -110,12 +128,34 @@ void WriteLiquids(SqliteImage& image, const Project& project)
     }
 }
 
+void WriteGroups(SqliteImage& image, const Project& project)
+{
+    SqliteStatement insert = image.Prepare(
+        "INSERT INTO detail_group (kind, position, name, type, unit, value) "
+        "VALUES (?, ?, ?, ?, ?, ?)");
+    for (const auto& [kind, groups] : project.GetAllDetailGroups()) {
+        for (std::size_t position = 0; position < groups->size(); ++position) {
+            for (const DetailData& detail : *(*groups)[position]) {
+                insert.Bind(1, kind);
+                insert.Bind(2, static_cast<std::int64_t>(position));
+                insert.Bind(3, detail.GetName());
+                insert.Bind(4, detail.GetTypeName());
+                insert.Bind(5, detail.GetUnit());
+                BindValue(insert, 6, detail);
+                insert.Step();
+                insert.Reset();
+            }
+        }
+    }
+}
+
 [[noreturn]] void Damaged(const std::string& detail)
 {
     throw ImageError(ProjectFileProblem::Damaged, detail);
 }
 
-void CheckVersion(SqliteImage& image)
+/// Returns the version.
+std::int64_t CheckVersion(SqliteImage& image)
 {
     if (image.Pragma("application_id") != kApplicationId)
         throw ImageError(ProjectFileProblem::NoProject, {});
@@ -123,17 +163,20 @@ void CheckVersion(SqliteImage& image)
     if (version / 100 > kMajor)
         throw ImageError(ProjectFileProblem::NewerVersion,
                          fmt::format("schema {}.{}", version / 100, version % 100));
-    if (version < kSchemaVersion)
+    if (version < kFirstVersion)
         Damaged(fmt::format("schema version {} does not exist", version));
+    return version;
 }
 
-void CheckBounds(SqliteImage& image)
+void CheckBounds(SqliteImage& image, bool hasGroups)
 {
     const auto count = [&image](const char* table) {
         SqliteStatement rows = image.Prepare(fmt::format("SELECT count(*) FROM {}", table));
         return rows.Step() ? rows.Integer(0) : 0;
     };
-    if (count("liquid") > kMaxLiquids || count("detail") > kMaxDetails || count("note") > kMaxDetails)
+    const std::int64_t inGroups = hasGroups ? count("detail_group") : 0;
+    if (count("liquid") > kMaxLiquids || count("detail") + inGroups > kMaxDetails ||
+        count("note") > kMaxDetails)
         throw ImageError(ProjectFileProblem::TooLarge, {});
 }
 
@@ -192,19 +235,46 @@ void ReadDetails(SqliteImage& image, Project& project)
     }
 }
 
+void ReadGroups(SqliteImage& image, Project& project)
+{
+    std::map<std::string, std::vector<DetailGroup>> kinds;
+    SqliteStatement rows = image.Prepare(
+        "SELECT kind, position, name, type, unit, value FROM detail_group "
+        "ORDER BY kind, position, name");
+    while (rows.Step()) {
+        std::vector<DetailGroup>& groups = kinds[std::string(rows.Text(0))];
+        const auto position = static_cast<std::size_t>(rows.Integer(1));
+        if (position == groups.size())
+            groups.emplace_back();
+        else if (position + 1 != groups.size())
+            Damaged("a group of values is missing");
+        const auto detail = ReadDetail(rows, 2);
+        if (!detail)
+            Damaged(fmt::format("the value of '{}' cannot be read", rows.Text(2)));
+        groups.back().push_back(*detail);
+    }
+    for (auto& [kind, groups] : kinds)
+        project.SetDetailGroups(kind, std::move(groups));
+}
+
 LoadedImage Read(SqliteImage& image)
 {
-    CheckVersion(image);
-    CheckBounds(image);
+    const bool hasGroups = CheckVersion(image) >= kVersionWithGroups;
+    CheckBounds(image, hasGroups);
     LoadedImage loaded;
     loaded.notes = ReadNotes(image);
     if (Extract(loaded.notes, kChecksum) != ComputeChecksum(image))
         Damaged("its checksum does not match its contents");
+    if (hasGroups && Extract(loaded.notes, kGroupChecksum) != ComputeGroupChecksum(image))
+        Damaged("the checksum of its lists does not match their contents");
+    loaded.notes.erase(kGroupChecksum);
     loaded.project = MakeProject(Extract(loaded.notes, kModule));
     loaded.project->SetUnitSystemDisplay(Extract(loaded.notes, kUnitSystem));
     loaded.project->ResetStatus(std::strtol(Extract(loaded.notes, kStatus).c_str(), nullptr, 10));
     ReadLiquids(image, *loaded.project);
     ReadDetails(image, *loaded.project);
+    if (hasGroups)
+        ReadGroups(image, *loaded.project);
     return loaded;
 }
 
@@ -220,6 +290,8 @@ std::string ToImage(const Project& project, const ImageNotes& notes)
     all[kModule] = project.GetModuleType();
     all[kUnitSystem] = project.GetUnitSystemDisplay();
     all[kStatus] = std::to_string(project.GetStatus());
+    WriteGroups(image, project);
+    all[kGroupChecksum] = ComputeGroupChecksum(image);
     WriteNotes(image, all);
     WriteLiquids(image, project);
     WriteNotes(image, {{kChecksum, ComputeChecksum(image)}});

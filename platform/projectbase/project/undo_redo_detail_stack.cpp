@@ -28,7 +28,8 @@ void Apply(Project& project, const DetailAddress& address, const DetailData::Val
 
 }  // namespace
 
-DetailSnapshot::DetailSnapshot(const Project& project) : m_project(Capture(project.GetDetails()))
+DetailSnapshot::DetailSnapshot(const Project& project)
+    : m_project(Capture(project.GetDetails())), m_groups(project.GetAllDetailGroups())
 {
     for (std::size_t i = 0; i < project.GetLiquidCount(); ++i)
         m_liquids.push_back(Capture(*project.GetLiquid(i).GetDetails()));
@@ -66,10 +67,32 @@ void DetailSnapshot::AddChanges(const Entries& before, const DetailList& now, in
     }
 }
 
+void DetailSnapshot::AddGroupChanges(const Project& project, UndoStep& step) const
+{
+    // Equal groups are the same ones; see ShareGroups.
+    std::map<std::string, DetailGroupsPtr> kinds = m_groups;
+    kinds.insert(project.GetAllDetailGroups().begin(), project.GetAllDetailGroups().end());
+    for (const auto& [kind, unused] : kinds) {
+        const auto found = m_groups.find(kind);
+        const DetailGroupsPtr before = found == m_groups.end() ? nullptr : found->second;
+        const DetailGroupsPtr after = project.GetDetailGroups(kind);
+        if (before != after)
+            step.push_back({.address = {-1, kind},
+                            .before = {},
+                            .after = {},
+                            .unitBefore = {},
+                            .unitAfter = {},
+                            .isGroups = true,
+                            .groupsBefore = before,
+                            .groupsAfter = after});
+    }
+}
+
 UndoStep DetailSnapshot::ChangesSince(const Project& project) const
 {
     UndoStep step;
     AddChanges(m_project, project.GetDetails(), -1, step);
+    AddGroupChanges(project, step);
     const std::size_t liquids = std::min(m_liquids.size(), project.GetLiquidCount());
     for (std::size_t i = 0; i < liquids; ++i)
         AddChanges(m_liquids[i], *project.GetLiquid(i).GetDetails(), static_cast<int>(i), step);
@@ -97,8 +120,12 @@ const UndoStep* UndoRedoDetailStack::Undo()
         return nullptr;
     const UndoStep& step = m_steps[--m_done];
     // Backwards, in case a detail occurs twice in a step.
-    for (auto element = step.rbegin(); element != step.rend(); ++element)
-        Apply(m_project, element->address, element->before, element->unitBefore);
+    for (auto element = step.rbegin(); element != step.rend(); ++element) {
+        if (element->isGroups)
+            m_project.RestoreDetailGroups(element->address.name, element->groupsBefore);
+        else
+            Apply(m_project, element->address, element->before, element->unitBefore);
+    }
     return &step;
 }
 
@@ -108,7 +135,10 @@ const UndoStep* UndoRedoDetailStack::Redo()
         return nullptr;
     const UndoStep& step = m_steps[m_done++];
     for (const StackElement& element : step)
-        Apply(m_project, element.address, element.after, element.unitAfter);
+        if (element.isGroups)
+            m_project.RestoreDetailGroups(element.address.name, element.groupsAfter);
+        else
+            Apply(m_project, element.address, element.after, element.unitAfter);
     return &step;
 }
 

@@ -8,23 +8,26 @@
 /// are removed or inserted, the stack must be cleared.
 
 #include "projectbase/details/detail_data.h"
+#include "projectbase/details/detail_groups.h"
 #include "projectbase/projectbase_export.h"
 
 #include <cstddef>
+#include <map>
 #include <string>
 #include <vector>
 
 class DetailList;
 class Project;
 
-/// Where a detail lives: a water of the project, or -1 for the details of the project itself.
+/// Where a detail lives: a water of the project, or -1 for the details of the project itself. All groups of a
+/// kind are addressed as one, by -1 and the kind.
 struct DetailAddress
 {
     int liquid = -1;
     std::string name;
 };
 
-/// One detail of a step.
+/// One detail of a step, or all groups of a kind.
 struct StackElement
 {
     DetailAddress address;
@@ -32,6 +35,9 @@ struct StackElement
     DetailData::Value after;
     std::string unitBefore;
     std::string unitAfter;
+    bool isGroups = false;  ///< then what follows counts, else what stands before
+    DetailGroupsPtr groupsBefore = nullptr;
+    DetailGroupsPtr groupsAfter = nullptr;
 };
 
 using UndoStep = std::vector<StackElement>;
@@ -56,10 +62,12 @@ private:
     using Entries = std::vector<Entry>;
 
     static Entries Capture(const DetailList& details);
+    void AddGroupChanges(const Project& project, UndoStep& step) const;
     static void AddChanges(const Entries& before, const DetailList& now, int liquid, UndoStep& step);
 
     Entries m_project;
     std::vector<Entries> m_liquids;
+    std::map<std::string, DetailGroupsPtr> m_groups;
 };
 
 class PROJECTBASE_EXPORT UndoRedoDetailStack

@@ -1,0 +1,207 @@
+// SPDX-License-Identifier: MIT
+#include "dbinterfaces/compound_queries.h"
+
+#include "dbinterfaces/master_database.h"
+
+#include <fmt/format.h>
+#include <sqlite3.h>
+
+#include <algorithm>
+#include <cmath>
+
+namespace compound_queries {
+
+namespace {
+
+/// Since then its full-text index has a tokenizer that finds any part of a word.
+constexpr int kSqliteWithTrigrams = 3034000;
+/// Shorter texts are in no such index.
+constexpr std::size_t kTrigram = 3;
+
+std::size_t CountCodePoints(const std::string& utf8)
+{
+    return static_cast<std::size_t>(std::count_if(utf8.begin(), utf8.end(), [](char byte) {
+        return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U;
+    }));
+}
+
+/// A text in which every character stands for itself, before and after which anything may stand.
+std::string ContainsPattern(const std::string& text)
+{
+    std::string pattern = "%";
+    for (const char c : text) {
+        if (c == '%' || c == '_' || c == '\\')
+            pattern += '\\';
+        pattern += c;
+    }
+    return pattern + "%";
+}
+
+/// A text as one phrase of SQLite's full-text query language.
+std::string Phrase(const std::string& text)
+{
+    std::string phrase = "\"";
+    for (const char c : text)
+        phrase += c == '"' ? std::string("\"\"") : std::string(1, c);
+    return phrase + "\"";
+}
+
+bool HasTextIndex(soci::session& session)
+{
+    int count = 0;
+    session << "SELECT count(*) FROM sqlite_master WHERE name = 'tarnvik_compound_text'", soci::into(count);
+    return count > 0;
+}
+
+/// Adds the condition for `search` with its parameters.
+void AddSearch(soci::session& session, Backend backend, const std::string& search,
+               std::vector<std::string>& conditions, std::vector<Parameter>& parameters)
+{
+    if (backend == Backend::Sqlite && CountCodePoints(search) >= kTrigram && HasTextIndex(session)) {
+        conditions.emplace_back(
+            "id IN (SELECT rowid FROM tarnvik_compound_text "
+            "WHERE tarnvik_compound_text MATCH :phrase)");
+        parameters.emplace_back("phrase", Phrase(search));
+        return;
+    }
+    const char* like = backend == Backend::Sqlite ? "LIKE" : "ILIKE";
+    conditions.push_back(
+        fmt::format("(name {0} :inname ESCAPE '\\' OR formula {0} :informula ESCAPE '\\')", like));
+    parameters.emplace_back("inname", ContainsPattern(search));
+    parameters.emplace_back("informula", ContainsPattern(search));
+}
+
+void CreateSqliteTextIndex(soci::session& session)
+{
+    if (sqlite3_libversion_number() < kSqliteWithTrigrams)
+        return;
+    constexpr const char* kTake =
+        "INSERT INTO tarnvik_compound_text (rowid, name, formula) "
+        "VALUES (new.id, new.name, new.formula);";
+    constexpr const char* kDrop =
+        "INSERT INTO tarnvik_compound_text (tarnvik_compound_text, rowid, name, "
+        "formula) VALUES ('delete', old.id, old.name, old.formula);";
+    session << "CREATE VIRTUAL TABLE tarnvik_compound_text USING fts5 (name, formula, "
+               "content='tarnvik_compound', content_rowid='id', tokenize='trigram')";
+    const auto trigger = [&session](const char* name, const char* event, const std::string& body) {
+        session << fmt::format("CREATE TRIGGER tarnvik_compound_{} AFTER {} ON tarnvik_compound BEGIN {} END",
+                               name, event, body);
+    };
+    trigger("inserted", "INSERT", kTake);
+    trigger("deleted", "DELETE", kDrop);
+    trigger("updated", "UPDATE", std::string(kDrop) + kTake);
+}
+
+/// Not every server offers trigrams, nor to everybody; without them a search reads the whole table.
+void CreatePostgresTextIndex(soci::session& session)
+{
+    session << "SAVEPOINT text_index";
+    try {
+        session << "CREATE EXTENSION IF NOT EXISTS pg_trgm";
+        for (const char* column : {"name", "formula"})
+            session << fmt::format(
+                "CREATE INDEX tarnvik_compound_{0}_text ON tarnvik_compound USING gin ({0} gin_trgm_ops)",
+                column);
+        session << "RELEASE SAVEPOINT text_index";
+    } catch (const std::exception&) {
+        session << "ROLLBACK TO SAVEPOINT text_index";
+    }
+}
+
+}  // namespace
+
+std::vector<DBObjects::Compound> Select(soci::session& session, const std::string& table,
+                                        const std::string& clauses, const std::vector<Parameter>& parameters)
+{
+    std::vector<DBObjects::Compound> compounds;
+    DBObjects::Compound row;
+    soci::indicator pKaKnown = soci::i_null;
+    soci::statement statement(session);
+    statement.exchange(soci::into(row.id));
+    statement.exchange(soci::into(row.baseElement));
+    statement.exchange(soci::into(row.name));
+    statement.exchange(soci::into(row.formula));
+    statement.exchange(soci::into(row.pKa, pKaKnown));
+    statement.exchange(soci::into(row.valency));
+    statement.exchange(soci::into(row.oxidationNrCommon));
+    statement.exchange(soci::into(row.conjugate));
+    statement.exchange(soci::into(row.ionicCharge));
+    statement.exchange(soci::into(row.category));
+    for (const auto& [name, value] : parameters)
+        statement.exchange(soci::use(value, name));
+    statement.alloc();
+    statement.prepare(
+        fmt::format("SELECT id, base_element, name, formula, pka, valency, oxidation_number, "
+                    "conjugate, ionic_charge, category FROM {} {}",
+                    table, clauses));
+    statement.define_and_bind();
+    statement.execute();
+    while (statement.fetch()) {
+        if (pKaKnown != soci::i_ok)
+            row.pKa = std::nan("");
+        compounds.push_back(row);
+    }
+    return compounds;
+}
+
+std::vector<DBObjects::Compound> SelectFiltered(soci::session& session, Backend backend,
+                                                const std::string& element, const std::string& category,
+                                                const std::string& search)
+{
+    std::vector<std::string> conditions;
+    std::vector<Parameter> parameters;
+    if (!element.empty()) {
+        conditions.emplace_back("base_element = :element");
+        parameters.emplace_back("element", element);
+    }
+    if (!category.empty()) {
+        conditions.emplace_back("category = :category");
+        parameters.emplace_back("category", category);
+    }
+    if (!search.empty())
+        AddSearch(session, backend, search, conditions, parameters);
+    std::string clauses;
+    for (const std::string& condition : conditions)
+        clauses += (clauses.empty() ? "WHERE " : " AND ") + condition;
+    clauses += backend == Backend::Sqlite ? " ORDER BY name COLLATE NOCASE, id"
+                                          : " ORDER BY lower(name) COLLATE \"C\", id";
+    return Select(session, "tarnvik_compound", clauses, parameters);
+}
+
+void Upsert(soci::session& session, const DBObjects::Compound& compound)
+{
+    soci::indicator pKaKnown = std::isnan(compound.pKa) ? soci::i_null : soci::i_ok;
+    session << "INSERT INTO tarnvik_compound (id, base_element, name, formula, pka, valency, "
+               "oxidation_number, conjugate, ionic_charge, category) VALUES (:id, :element, :name, :formula, "
+               ":pka, :valency, :oxidation, :conjugate, :charge, :category) "
+               "ON CONFLICT (id) DO UPDATE SET base_element = excluded.base_element, name = excluded.name, "
+               "formula = excluded.formula, pka = excluded.pka, valency = excluded.valency, "
+               "oxidation_number = excluded.oxidation_number, conjugate = excluded.conjugate, "
+               "ionic_charge = excluded.ionic_charge, category = excluded.category",
+        soci::use(compound.id), soci::use(compound.baseElement), soci::use(compound.name),
+        soci::use(compound.formula), soci::use(compound.pKa, pKaKnown), soci::use(compound.valency),
+        soci::use(compound.oxidationNrCommon), soci::use(compound.conjugate), soci::use(compound.ionicCharge),
+        soci::use(compound.category);
+}
+
+void CreateIndexes(soci::session& session, Backend backend)
+{
+    session << "CREATE INDEX tarnvik_compound_of_element ON tarnvik_compound (base_element)";
+    session << "CREATE INDEX tarnvik_compound_of_category ON tarnvik_compound (category)";
+    if (backend == Backend::Sqlite)
+        CreateSqliteTextIndex(session);
+    else
+        CreatePostgresTextIndex(session);
+}
+
+void FillWithSupplied(soci::session& session)
+{
+    int last = 0;
+    for (const DBObjects::Compound& compound : MasterDatabase::GetSuppliedCompounds()) {
+        Upsert(session, compound);
+        last = std::max(last, static_cast<int>(compound.id));
+    }
+    session << "UPDATE tarnvik_counter SET last_id = :last WHERE name = 'compound'", soci::use(last);
+}
+
+}  // namespace compound_queries

@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: MIT
+#include "projectbase/feed/compound_import.h"
+
+#include "dbinterfaces/project_database.h"
+
+#include <stdexcept>
+#include <unordered_map>
+
+namespace compound_import {
+
+namespace {
+
+constexpr const char* kImportedSuffix = " (imported)";
+
+}  // namespace
+
+std::string Key(const DBObjects::Compound& compound)
+{
+    return compound.name + "|" + compound.formula;
+}
+
+std::string Label(const DBObjects::Compound& compound)
+{
+    return compound.name + " (" + compound.formula + ")";
+}
+
+Plan MakePlan(const std::vector<DBObjects::Compound>& incoming,
+              const std::vector<DBObjects::Compound>& existing)
+{
+    std::unordered_map<std::string, const DBObjects::Compound*> known;
+    for (const DBObjects::Compound& compound : existing)
+        known.emplace(Key(compound), &compound);
+    Plan plan;
+    for (std::size_t i = 0; i < incoming.size(); ++i) {
+        const auto found = known.find(Key(incoming[i]));
+        if (found != known.end())
+            plan.duplicates.push_back({incoming[i], *found->second, i});
+        else
+            plan.added.push_back(incoming[i]);
+    }
+    return plan;
+}
+
+std::size_t CarryOut(const Plan& plan, const std::vector<Decision>& decisions)
+{
+    if (decisions.size() != plan.duplicates.size())
+        throw std::invalid_argument("compound_import::CarryOut: each duplicate needs one decision");
+    std::size_t written = 0;
+    const auto write = [&written](DBObjects::Compound compound, std::int32_t id) {
+        compound.id = id;
+        ProjectDatabase::InsertOrReplaceCompound(compound);
+        ++written;
+    };
+    ProjectDatabase::Transaction transaction;
+    for (const DBObjects::Compound& compound : plan.added)
+        write(compound, -1);
+    for (std::size_t i = 0; i < decisions.size(); ++i) {
+        const Duplicate& duplicate = plan.duplicates[i];
+        DBObjects::Compound copy = duplicate.incoming;
+        if (decisions[i] == Decision::Replace) {
+            write(copy, duplicate.existing.id);
+        } else if (decisions[i] == Decision::KeepBoth) {
+            copy.name += kImportedSuffix;
+            write(copy, -1);
+        }
+    }
+    transaction.Commit();
+    return written;
+}
+
+}  // namespace compound_import

@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: MIT
+#include "projectbase/feed/flat_xml.h"
+
+#include <wx/strconv.h>
+
+namespace flat_xml {
+
+namespace {
+
+constexpr std::size_t kEnd = std::string_view::npos;
+
+bool IsUtf8(std::string_view bytes)
+{
+    return bytes.find('\0') == kEnd &&
+           wxConvUTF8.ToWChar(nullptr, 0, bytes.data(), bytes.size()) != wxCONV_FAILED;
+}
+
+/// The place behind `end` at or after `from`.
+std::size_t Behind(std::string_view xml, std::size_t from, std::string_view end)
+{
+    const std::size_t found = xml.find(end, from);
+    return found == kEnd ? kEnd : found + end.size();
+}
+
+/// The place behind the tag that begins at `from`; a ">" in quotes does not end it.
+std::size_t BehindTag(std::string_view xml, std::size_t from)
+{
+    for (std::size_t i = from; i < xml.size(); ++i) {
+        if (xml[i] == '>')
+            return i + 1;
+        if (xml[i] == '"' || xml[i] == '\'') {
+            i = xml.find(xml[i], i + 1);
+            if (i == kEnd)
+                return kEnd;
+        }
+    }
+    return kEnd;
+}
+
+}  // namespace
+
+std::string FindProblem(std::string_view xml)
+{
+    if (!IsUtf8(xml))
+        return "the document is not encoded in UTF-8";
+    int depth = 0;
+    for (std::size_t at = xml.find('<'); at != kEnd; at = xml.find('<', at)) {
+        const std::string_view rest = xml.substr(at);
+        std::size_t behind = kEnd;
+        if (rest.starts_with("<!--")) {
+            behind = Behind(xml, at + 4, "-->");
+        } else if (rest.starts_with("<![CDATA[")) {
+            behind = Behind(xml, at, "]]>");
+        } else if (rest.starts_with("<!")) {
+            return "the document has a DTD";
+        } else if (rest.starts_with("<?")) {
+            behind = Behind(xml, at, "?>");
+        } else {
+            behind = BehindTag(xml, at);
+            const bool closes = rest.starts_with("</");
+            const bool empty = behind != kEnd && xml[behind - 2] == '/';
+            depth += closes ? -1 : (empty ? 0 : 1);
+            if (depth > kMostDepth)
+                return "the elements of the document are nested too deeply";
+        }
+        if (behind == kEnd)
+            return "the document ends too early";
+        at = behind;
+    }
+    return {};
+}
+
+}  // namespace flat_xml
