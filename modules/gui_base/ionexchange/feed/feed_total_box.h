@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+/// The sums of one side of a feed composition in all units, as fields that can be read and copied.
+
+#include "gui_base/input/panel/tv_panel.h"
+#include "projectbase/feed/feed_composition.h"
+
+#include <array>
+
+class TvTextCtrl;
+
+class GUI_BASE_EXPORT FeedTotalBox : public TvPanel
+{
+public:
+    explicit FeedTotalBox(wxWindow* parent, int id = wxID_ANY);
+
+    void SetTotals(const FeedComposition::Totals& totals);
+    TvTextCtrl* GetField(FeedComposition::Unit unit) const { return m_units[static_cast<std::size_t>(unit)]; }
+    /// Names the fields in the present language.
+    void UpdateNames();
+
+    /// A field that shows a number and lets the keyboard pass by.
+    static TvTextCtrl* NewResultField(wxWindow* parent);
+    static void ShowNumber(TvTextCtrl& field, double value);
+
+private:
+    std::array<TvTextCtrl*, FeedComposition::kUnitCount> m_units{};
+    TvTextCtrl* m_cations = nullptr;
+    TvTextCtrl* m_anions = nullptr;
+};
