@@ -125,6 +125,12 @@ void FeedCompositionPanel::SetComposition(const FeedComposition& composition)
     SetTotalCompositionResults(m_composition);
 }
 
+void FeedCompositionPanel::ShowEntry(std::size_t row)
+{
+    if (static_cast<int>(row) < m_feedGrid->GetNumberRows())
+        m_feedGrid->GoToCell(static_cast<int>(row), kFeedFirstUnit);
+}
+
 void FeedCompositionPanel::SetMedium(const FeedMedium::Data& medium)
 {
     m_medium->SetMedium(medium);

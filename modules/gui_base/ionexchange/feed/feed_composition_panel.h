@@ -58,6 +58,8 @@ public:
     /// Shows other compounds in the list; nothing is selected then.
     void SetCompoundSelection(CompoundList::Compounds compounds);
     void SetComposition(const FeedComposition& composition);
+    /// Scrolls to an entry and puts the cursor of the feed grid on its first concentration.
+    void ShowEntry(std::size_t row);
     void SetMedium(const FeedMedium::Data& medium);
     void SetTotalCompositionResults(const FeedComposition& composition);
     void ShowCompoundDetails(int ionicCharge, double molweight);
