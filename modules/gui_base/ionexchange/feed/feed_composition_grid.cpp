@@ -7,10 +7,13 @@
 #include "gui_base/support/translation.h"
 
 #include <wx/menu.h>
+#include <wx/toplevel.h>
+
+#include <algorithm>
 
 namespace {
 
-constexpr int kColumnWidth = 84;
+constexpr int kColumnWidth = 92;
 constexpr int kNarrowColumnWidth = 30;
 constexpr int kLeastNameWidth = 150;
 
@@ -19,6 +22,33 @@ bool IsMenuKey(const wxKeyEvent& event)
 {
     const int key = event.GetKeyCode();
     return key == WXK_MENU || key == WXK_WINDOWS_MENU || (key == WXK_F10 && event.ShiftDown());
+}
+
+/// The windows that Tab reaches, in their order; `whole` counts as one of them.
+void CollectTabStops(wxWindow& parent, const wxWindow& whole, std::vector<wxWindow*>& stops)
+{
+    for (wxWindow* child : parent.GetChildren()) {
+        if (!child->IsShown() || !child->IsEnabled())
+            continue;
+        const bool isStop = child == &whole || child->GetChildren().empty();
+        if (!isStop)
+            CollectTabStops(*child, whole, stops);
+        else if (child == &whole || child->AcceptsFocusFromKeyboard())
+            stops.push_back(child);
+    }
+}
+
+/// Leaves a grid, which keeps Tab for its cells, to the control before or behind it.
+void LeaveByTab(wxWindow& grid, bool forward)
+{
+    std::vector<wxWindow*> stops;
+    CollectTabStops(*wxGetTopLevelParent(&grid), grid, stops);
+    const auto own = std::find(stops.begin(), stops.end(), &grid);
+    if (own == stops.end() || stops.size() < 2)
+        return;
+    const auto count = static_cast<std::ptrdiff_t>(stops.size());
+    const auto next = (own - stops.begin() + (forward ? 1 : count - 1)) % count;
+    stops[static_cast<std::size_t>(next)]->SetFocus();
 }
 
 }  // namespace
@@ -209,9 +239,7 @@ void FeedCompositionGridBase::OnTabbing(wxGridEvent& event)
     if (!IsThisEnabled() || place < 0 || place >= GetNumberRows() * inputs) {
         event.Veto();
         CommitCell();
-        CallAfter([this, forward] {
-            Navigate(forward ? wxNavigationKeyEvent::IsForward : wxNavigationKeyEvent::IsBackward);
-        });
+        CallAfter([this, forward] { LeaveByTab(*this, forward); });
         return;
     }
     row = place / inputs;

@@ -162,12 +162,18 @@ void FeedCompositionPanel::UpdateTotalPhInputMode()
     m_effluentGrid->UpdateGridColumnPhVisibility(adjust);
 }
 
-void FeedCompositionPanel::ShowCompoundDetails(int ionicCharge, double molweight)
+void FeedCompositionPanel::ShowCompoundDetails(const DBObjects::Compound& compound, double molweight)
 {
-    const wxString weight = wxString::FromUTF8(
-        numbertext::Format(molweight, {.precision = kDigits}, NumericValidator::LocaleSeparators()));
-    m_details.at(0).second->SetLabel(wxString::Format(ionicCharge > 0 ? "+%d" : "%d", ionicCharge));
-    m_details.at(1).second->SetLabel(weight.empty() ? weight : weight + " g/mol");
+    const auto number = [](double value, const char* unit) {
+        const wxString text = wxString::FromUTF8(
+            numbertext::Format(value, {.precision = kDigits}, NumericValidator::LocaleSeparators()));
+        return text.empty() ? text : text + unit;
+    };
+    const wxString texts[] = {wxString::Format(compound.ionicCharge > 0 ? "+%d" : "%d", compound.ionicCharge),
+                              number(molweight, " g/mol"), wxString::Format("%d", compound.valency),
+                              number(compound.pKa, "")};
+    for (std::size_t i = 0; i < m_details.size(); ++i)
+        m_details[i].second->SetLabel(texts[i]);
     ShowCompoundDetailFields(true);
 }
 

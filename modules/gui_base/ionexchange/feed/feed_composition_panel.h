@@ -11,6 +11,7 @@
 #include "gui_base/ionexchange/feed/compound_list.h"
 #include "gui_base/ionexchange/feed/duplicate_resolution_dialog.h"
 #include "gui_base/ionexchange/feed/feed_events.h"
+#include "projectbase/feed/compound.h"
 #include "projectbase/feed/feed_composition.h"
 
 #include <optional>
@@ -62,7 +63,8 @@ public:
     void ShowEntry(std::size_t row);
     void SetMedium(const FeedMedium::Data& medium);
     void SetTotalCompositionResults(const FeedComposition& composition);
-    void ShowCompoundDetails(int ionicCharge, double molweight);
+    /// `molweight` in g/mol; NaN where the formula cannot be read.
+    void ShowCompoundDetails(const DBObjects::Compound& compound, double molweight);
     void ShowCompoundDetailFields(bool show);
     /// Clears the details and disables what needs a selected compound.
     void UnSelectedCompound();
@@ -83,6 +85,9 @@ public:
     void ShowErrorMessage(const wxString& text) const;
     void ShowInfoMessage(const wxString& text) const;
     void ShowMessageBox(const wxString& title, const wxString& text);
+    /// The compound as the user saved it; nothing when the editor was closed.
+    std::optional<Compound> ShowCompoundEditor(const Compound& compound,
+                                               const std::vector<std::string>& categories);
     /// The chosen file, or an empty path.
     wxString ShowImportFileDialog();
     wxString ShowExportFileDialog();
@@ -183,6 +188,7 @@ private:
     wxBoxSizer* m_outer = nullptr;
     wxBoxSizer* m_top = nullptr;
     wxBoxSizer* m_side = nullptr;
+    wxBoxSizer* m_phRow = nullptr;
     TvStaticBoxSizer* m_selectionBox = nullptr;
     tvChoice* m_element = nullptr;
     tvChoice* m_category = nullptr;

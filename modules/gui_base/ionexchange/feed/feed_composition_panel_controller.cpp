@@ -52,6 +52,8 @@ void FeedCompositionPanelController::RegisterCallbacks()
         {tvFEED_ELEMENT_CHOSEN, &Self::FilterCallback},
         {tvFEED_CATEGORY_CHOSEN, &Self::FilterCallback},
         {tvFEED_SEARCH, &Self::ElementSearchCallback},
+        {tvFEED_COMPOUND_NEW, &Self::CallbackAddCompound},
+        {tvFEED_COMPOUND_EDIT, &Self::CallbackEditCompound},
         {tvFEED_COMPOUND_DELETE, &Self::CallbackDeleteCompound},
         {tvFEED_ENTRY_REMOVED, &Self::CallbackCompoundRemovedFromComposition},
         {tvFEED_ENTRY_IMPORTED, &Self::ImportCompoundFromProjectCallback},
@@ -231,7 +233,7 @@ void FeedCompositionPanelController::CallbackCompoundSelected(FeedEvent& event)
     if (compound.id < 0)
         m_view->UnSelectedCompound();
     else
-        m_view->ShowCompoundDetails(compound.ionicCharge, MolarMassOfFormula(compound.formula));
+        m_view->ShowCompoundDetails(compound, MolarMassOfFormula(compound.formula));
 }
 
 void FeedCompositionPanelController::CallbackCompoundListDeselected(FeedEvent&)

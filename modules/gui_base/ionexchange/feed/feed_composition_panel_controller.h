@@ -65,7 +65,10 @@ private:
     /// Shows the unit of temperatures that belongs to the displayed unit system.
     void ShowUnitSystem();
     DBObjects::Compound GetCompoundFromDB(int id) const;
+    /// Stores a compound that is valid; whether it was.
     bool SaveCompoundToDB(const DBObjects::Compound& compound);
+    /// Lets the user edit a compound, stores it and shows the list anew.
+    void EditCompound(const DBObjects::Compound& record);
     void StoreImported(const Compounds& fresh, const std::vector<DuplicateCompound>& duplicates,
                        const DuplicateResolutionResult& resolution);
 
@@ -80,6 +83,8 @@ private:
     void CallbackCompoundListDeselected(FeedEvent& event);
     void FilterCallback(FeedEvent& event);
     void ElementSearchCallback(FeedEvent& event);
+    void CallbackAddCompound(FeedEvent& event);
+    void CallbackEditCompound(FeedEvent& event);
     void CallbackDeleteCompound(FeedEvent& event);
     void CallbackCompoundRemovedFromComposition(FeedEvent& event);
     void ImportCompoundFromProjectCallback(FeedEvent& event);

@@ -13,7 +13,7 @@
 
 namespace {
 
-using Compound = DBObjects::Compound;
+using Record = DBObjects::Compound;
 
 constexpr const char* kImportedSuffix = " (imported)";
 
@@ -22,28 +22,28 @@ wxString Tr(const char* source)
     return i18n::Translated(source);
 }
 
-wxString Label(const Compound& compound)
+wxString Label(const Record& compound)
 {
     return wxString::FromUTF8(compound.name + " (" + compound.formula + ")");
 }
 
-std::vector<wxString> Labels(const std::vector<Compound>& compounds)
+std::vector<wxString> Labels(const std::vector<Record>& compounds)
 {
     std::vector<wxString> labels;
     labels.reserve(compounds.size());
-    for (const Compound& compound : compounds)
+    for (const Record& compound : compounds)
         labels.push_back(Label(compound));
     return labels;
 }
 
-std::string Key(const Compound& compound)
+std::string Key(const Record& compound)
 {
     return compound.name + "|" + compound.formula;
 }
 
-std::vector<Compound> Chosen(const std::vector<Compound>& compounds, const std::vector<int>& indices)
+std::vector<Record> Chosen(const std::vector<Record>& compounds, const std::vector<int>& indices)
 {
-    std::vector<Compound> chosen;
+    std::vector<Record> chosen;
     chosen.reserve(indices.size());
     for (const int index : indices)
         chosen.push_back(compounds.at(static_cast<std::size_t>(index)));
@@ -64,17 +64,41 @@ void FeedCompositionPanelController::CallbackDeleteCompound(FeedEvent& event)
     UpdateCompoundSelectionFiltered();
 }
 
-bool FeedCompositionPanelController::SaveCompoundToDB(const Compound& compound)
+bool FeedCompositionPanelController::SaveCompoundToDB(const Record& compound)
 {
+    if (!Compound(compound).IsValid())
+        return false;
     return Guarded([&] { ProjectDatabase::InsertOrReplaceCompound(compound); });
+}
+
+void FeedCompositionPanelController::CallbackAddCompound(FeedEvent&)
+{
+    EditCompound(Record());
+}
+
+void FeedCompositionPanelController::CallbackEditCompound(FeedEvent& event)
+{
+    const Record compound = GetCompoundFromDB(event.compounds.at(0));
+    if (compound.id >= 0)
+        EditCompound(compound);
+}
+
+void FeedCompositionPanelController::EditCompound(const Record& record)
+{
+    const auto edited =
+        m_view->ShowCompoundEditor(Compound(record), ProjectDatabase::GetCompoundCategories());
+    if (!edited || !SaveCompoundToDB(edited->ToRecord()))
+        return;
+    InitCategorySelection();
+    UpdateCompoundSelectionFiltered();
 }
 
 void FeedCompositionPanelController::ImportCompoundFromProjectCallback(FeedEvent& event)
 {
-    const Compound compound = m_composition->GetEntries().at(event.row).ToRecord();
+    const Record compound = m_composition->GetEntries().at(event.row).ToRecord();
     const Compounds alike = ProjectDatabase::GetCompounds(std::string(), std::string(), compound.name);
     const bool exists = std::any_of(alike.begin(), alike.end(),
-                                    [&](const Compound& other) { return Key(other) == Key(compound); });
+                                    [&](const Record& other) { return Key(other) == Key(compound); });
     if (exists) {
         m_view->ShowMessageBox(Tr(wxTRANSLATE("Duplicate Compound")),
                                Tr(wxTRANSLATE("This compound already exists: ")) + Label(compound));
@@ -156,13 +180,13 @@ void FeedCompositionPanelController::Import(const Compounds& incoming)
     const auto picked = m_view->ShowImportCompoundDialog(Labels(incoming));
     if (!picked || picked->empty())
         return;
-    std::map<std::string, Compound> existing;
-    for (Compound& compound : ProjectDatabase::GetCompounds())
+    std::map<std::string, Record> existing;
+    for (Record& compound : ProjectDatabase::GetCompounds())
         existing.emplace(Key(compound), std::move(compound));
     Compounds fresh;
     std::vector<DuplicateCompound> duplicates;
     for (const int index : *picked) {
-        const Compound& compound = incoming.at(static_cast<std::size_t>(index));
+        const Record& compound = incoming.at(static_cast<std::size_t>(index));
         const auto found = existing.find(Key(compound));
         if (found == existing.end())
             fresh.push_back(compound);
@@ -186,10 +210,10 @@ void FeedCompositionPanelController::StoreImported(const Compounds& fresh,
 {
     // All or nothing: half a file would be hard to tell apart from the whole one.
     ProjectDatabase::Transaction transaction;
-    for (const Compound& compound : fresh)
+    for (const Record& compound : fresh)
         ProjectDatabase::InsertOrReplaceCompound(compound);
     for (std::size_t i = 0; i < duplicates.size(); ++i) {
-        Compound compound = duplicates[i].incoming;
+        Record compound = duplicates[i].incoming;
         switch (resolution.DecisionFor(i)) {
             case kReplaceDuplicate:
                 compound.id = duplicates[i].existing.id;

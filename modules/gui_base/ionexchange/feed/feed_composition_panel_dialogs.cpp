@@ -2,6 +2,8 @@
 // What the feed composition asks and tells its user.
 #include "gui_base/dialogs/questions.h"
 #include "gui_base/dialogs/tv_multichoicedialog.h"
+#include "gui_base/ionexchange/feed/compound_editor_dialog.h"
+#include "gui_base/ionexchange/feed/compound_editor_panel.h"
 #include "gui_base/ionexchange/feed/feed_composition_panel.h"
 #include "gui_base/support/translation.h"
 
@@ -50,6 +52,16 @@ void FeedCompositionPanel::ShowMessageBox(const wxString& title, const wxString&
     dialogs::ShowMessage(this, text, title, wxICON_INFORMATION);
 }
 
+std::optional<Compound> FeedCompositionPanel::ShowCompoundEditor(const Compound& compound,
+                                                                 const std::vector<std::string>& categories)
+{
+    CompoundEditorDialog dialog(compound, this, wxID_ANY, Tr(wxTRANSLATE("Compound editor")));
+    dialog.GetPanel().SetCategories(categories);
+    if (dialog.ShowModal() != wxID_OK)
+        return std::nullopt;
+    return dialog.GetCompound();
+}
+
 wxString FeedCompositionPanel::ShowImportFileDialog()
 {
     wxFileDialog dialog(this, Tr(wxTRANSLATE("Open mvcf file")), wxString(), wxString(), Wildcard(),
@@ -64,8 +76,14 @@ wxString FeedCompositionPanel::ShowExportFileDialog()
     if (dialog.ShowModal() != wxID_OK)
         return {};
     wxFileName file(dialog.GetPath());
-    if (!file.HasExt())
-        file.SetExt(kExtension);
+    if (file.HasExt())
+        return file.GetFullPath();
+    // The dialog has asked about the name as it was typed only.
+    file.SetExt(kExtension);
+    const wxString question = Tr(wxTRANSLATE("%s exists already. Replace it?"));
+    if (file.FileExists() && dialogs::AskYesNo(this, wxString::Format(question, file.GetFullName()),
+                                               Tr("Save mvcf file"), wxICON_QUESTION) != wxID_YES)
+        return {};
     return file.GetFullPath();
 }
 

@@ -24,6 +24,9 @@ namespace {
 
 constexpr int kGap = 4;
 constexpr int kPhDecimals = 2;
+constexpr int kDetailWidth = 100;
+/// What frames and gaps around the totals take of the width.
+constexpr int kBoxMargins = 64;
 constexpr double kMostPh = 14.0;
 
 /// Symbols of elements are no words: "No" must not become an answer.
@@ -44,6 +47,19 @@ TvStaticText* NewHint(wxWindow* parent, const wxString& text)
     auto* hint = new TvStaticText(parent, wxID_ANY, text);
     hint->SetForegroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_GRAYTEXT));
     return hint;
+}
+
+/// Side by side where the width allows it, else one below the other; whether that changed.
+bool SetOrientationFor(wxBoxSizer& sizer, int width)
+{
+    int needed = 0;
+    for (wxSizerItem* item : sizer.GetChildren())
+        needed += item->CalcMin().x;
+    const int orientation = width >= needed ? wxHORIZONTAL : wxVERTICAL;
+    if (sizer.GetOrientation() == orientation)
+        return false;
+    sizer.SetOrientation(orientation);
+    return true;
 }
 
 }  // namespace
@@ -142,9 +158,11 @@ void FeedCompositionPanel::AddCompoundInfoBox()
     auto* grid = new wxFlexGridSizer(2, FromDIP(wxSize(3 * kGap, kGap)));
     m_noSelection = AddLocalizable(NewHint(inside, wxTRANSLATE("No compound selected")));
     m_details.clear();
-    for (const char* label : {wxTRANSLATE("Ionic Charge"), wxTRANSLATE("Molweight")}) {
+    for (const char* label : {wxTRANSLATE("Ionic Charge"), wxTRANSLATE("Molweight"), wxTRANSLATE("Valency"),
+                              wxTRANSLATE("pKa")}) {
         auto* text = AddLocalizable(new TvStaticText(inside, wxID_ANY, label, ":"));
         auto* value = new wxStaticText(inside, wxID_ANY, wxString());
+        value->SetMinSize(FromDIP(wxSize(kDetailWidth, -1)));
         grid->Add(text);
         grid->Add(value);
         m_details.emplace_back(text, value);
@@ -196,7 +214,8 @@ void FeedCompositionPanel::AddFeedTotalBox(wxWindow* page)
 
 void FeedCompositionPanel::AddPhRow(wxWindow* box, wxSizer& sizer)
 {
-    auto* row = new wxBoxSizer(wxHORIZONTAL);
+    auto* stated = new wxBoxSizer(wxHORIZONTAL);
+    auto* dosed = new wxBoxSizer(wxHORIZONTAL);
     const wxSizerFlags cell = wxSizerFlags().CentreVertical().Border(wxRIGHT, FromDIP(2 * kGap));
     m_adjustPh = AddLocalizable(new TvCheckBox(box, wxID_ANY, wxTRANSLATE("Adjust pH")));
     m_totalPh =
@@ -206,13 +225,16 @@ void FeedCompositionPanel::AddPhRow(wxWindow* box, wxSizer& sizer)
     m_adjustmentLabel =
         AddLocalizable(new TvStaticText(box, wxID_ANY, wxTRANSLATE("Base (+) or acid (-) dosed")));
     m_adjustment = FeedTotalBox::NewResultField(box);
-    row->Add(m_adjustPh, cell);
-    row->Add(AddLocalizable(new TvStaticText(box, wxID_ANY, wxTRANSLATE("Total pH"))), cell);
-    row->Add(m_totalPh, cell);
-    row->Add(m_adjustmentLabel, cell);
-    row->Add(m_adjustment, cell);
-    row->Add(new wxStaticText(box, wxID_ANY, "meq/l"), cell);
-    sizer.Add(row, wxSizerFlags().Border(wxALL, FromDIP(kGap)));
+    stated->Add(m_adjustPh, cell);
+    stated->Add(AddLocalizable(new TvStaticText(box, wxID_ANY, wxTRANSLATE("Total pH"))), cell);
+    stated->Add(m_totalPh, cell);
+    dosed->Add(m_adjustmentLabel, cell);
+    dosed->Add(m_adjustment, cell);
+    dosed->Add(new wxStaticText(box, wxID_ANY, "meq/l"), cell);
+    m_phRow = new wxBoxSizer(wxHORIZONTAL);
+    m_phRow->Add(stated);
+    m_phRow->Add(dosed);
+    sizer.Add(m_phRow, wxSizerFlags().Border(wxALL, FromDIP(kGap)));
 }
 
 void FeedCompositionPanel::AddEffluentTabPanel()
@@ -250,14 +272,13 @@ void FeedCompositionPanel::AddEffluentTotalBox(wxWindow* page)
 
 void FeedCompositionPanel::ArrangeTop()
 {
-    int width = 0;
-    for (wxSizerItem* item : m_top->GetChildren())
-        width += item->CalcMin().x;
-    const int orientation = GetClientSize().x >= width ? wxHORIZONTAL : wxVERTICAL;
-    if (m_top->GetOrientation() == orientation)
+    const int inside = GetClientSize().x - FromDIP(kBoxMargins);
+    m_feedTotals->ArrangeFor(inside);
+    m_effluentTotals->ArrangeFor(inside);
+    SetOrientationFor(*m_phRow, inside);
+    if (!SetOrientationFor(*m_top, GetClientSize().x))
         return;
-    m_top->SetOrientation(orientation);
-    m_side->SetOrientation(orientation == wxHORIZONTAL ? wxVERTICAL : wxHORIZONTAL);
+    m_side->SetOrientation(m_top->GetOrientation() == wxHORIZONTAL ? wxVERTICAL : wxHORIZONTAL);
     Layout();
     FitInside();
 }

@@ -5,6 +5,7 @@
 #include "gui_base/input/validation/double_validator.h"
 #include "gui_base/ionexchange/feed/bitmap_grid_cell_renderer.h"
 #include "gui_base/ionexchange/feed/feed_composition_grid.h"
+#include "gui_base/ionexchange/feed/feed_total_box.h"
 #include "gui_base/support/translation.h"
 
 #include <wx/intl.h>
@@ -18,7 +19,6 @@ using Entry = FeedComposition::CompoundEntry;
 using Unit = FeedComposition::Unit;
 
 constexpr const char* kRemoveImage = "/icons/i16/delete.png";
-constexpr int kDigits = 6;
 constexpr int kPhDecimals = 2;
 
 const std::array kColumnLabels{wxTRANSLATE("Name"), wxTRANSLATE("Formula"), wxTRANSLATE("Acid/Base"),
@@ -35,12 +35,6 @@ bool IsUnitColumn(int column)
 Unit UnitOfColumn(int column)
 {
     return static_cast<Unit>(column - kFeedFirstUnit);
-}
-
-wxString Number(double value)
-{
-    return wxString::FromUTF8(
-        numbertext::Format(value, {.precision = kDigits}, NumericValidator::LocaleSeparators()));
 }
 
 wxString PhText(double value)
@@ -112,7 +106,7 @@ wxString FeedCompositionTable::GetValue(int row, int column)
         return {};
     const Entry& entry = entries[static_cast<std::size_t>(row)];
     if (IsUnitColumn(column))
-        return Number((entry.*m_side)[UnitOfColumn(column)]);
+        return FeedTotalBox::NumberText((entry.*m_side)[UnitOfColumn(column)]);
     switch (column) {
         case kFeedName:
             return wxString::FromUTF8(entry.name);

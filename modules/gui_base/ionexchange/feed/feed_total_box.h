@@ -9,6 +9,8 @@
 #include <array>
 
 class TvTextCtrl;
+class wxFlexGridSizer;
+class wxStaticText;
 
 class GUI_BASE_EXPORT FeedTotalBox : public TvPanel
 {
@@ -20,12 +22,22 @@ public:
     /// Names the fields in the present language.
     void UpdateNames();
 
+    /// Takes as many columns as have room in that width.
+    void ArrangeFor(int width);
+
     /// A field that shows a number and lets the keyboard pass by.
     static TvTextCtrl* NewResultField(wxWindow* parent);
     static void ShowNumber(TvTextCtrl& field, double value);
+    /// A number as the module shows it: large ones without an exponent while they have room.
+    static wxString NumberText(double value);
 
 private:
+    TvTextCtrl* AddField(const wxString& text);
+
+    wxFlexGridSizer* m_grid;
     std::array<TvTextCtrl*, FeedComposition::kUnitCount> m_units{};
     TvTextCtrl* m_cations = nullptr;
     TvTextCtrl* m_anions = nullptr;
+    wxStaticText* m_cationsText = nullptr;
+    wxStaticText* m_anionsText = nullptr;
 };
