@@ -9,6 +9,7 @@
 #include "gui_base/input/panel/aui_notebook.h"
 #include "gui_base/input/validation/commit.h"
 #include "gui_base/input/validation/numeric_validator.h"
+#include "gui_base/ionexchange/feed/feed_composition_panel_controller.h"
 #include "gui_base/support/translation.h"
 #include "gui_base/water/feed_water_panel.h"
 #include "projectbase/settings/settings.h"
@@ -91,6 +92,7 @@ MainFrame::~MainFrame()
 {
     m_document->GetProject().GetLogger().SetSink({});
     // The panels hold on to the project, which goes with this object's members.
+    m_feed.reset();
     DestroyChildren();
 }
 
@@ -122,8 +124,7 @@ void MainFrame::BuildWindows()
 void MainFrame::BuildModules()
 {
     const wxWindowUpdateLocker frozen(this);
-    m_notebook->DeleteAllPages();
-    m_panels.clear();
+    ClearModules();
     Project& project = m_document->GetProject();
     project.GetLogger().SetSink([this](const Logger::Entry& entry) {
         m_messages->AddMessage(static_cast<MessageArea::Severity>(entry.level),
@@ -134,6 +135,7 @@ void MainFrame::BuildModules()
         m_panels.push_back(panel);
         m_notebook->AddPage(panel, wxString());
     }
+    BuildFeedComposition();
     NameModules();
     RestoreArrangement();
     UpdateRangeMessages();
@@ -149,6 +151,11 @@ void MainFrame::NameModules()
         const wxString name = i18n::Translated(wxString::FromUTF8(project.GetLiquid(i).GetName()));
         m_tree->AppendItem(waters, name, -1, -1, new PageItem(i));
         m_notebook->SetPageText(static_cast<std::size_t>(m_notebook->GetPageIndex(m_panels[i])), name);
+    }
+    if (m_feedPanel != nullptr) {
+        const wxString name = i18n::Translated("Feed composition");
+        m_tree->AppendItem(root, name, -1, -1, new PageItem(project.GetLiquidCount()));
+        m_notebook->SetPageText(static_cast<std::size_t>(m_notebook->GetPageIndex(m_feedPanel)), name);
     }
     m_tree->ExpandAll();
 }
@@ -179,8 +186,7 @@ void MainFrame::SetDocument(std::unique_ptr<Document> document)
     m_document->GetProject().GetLogger().SetSink({});
     m_document->DiscardRecovery();
     // The panels go before the project that they show.
-    m_notebook->DeleteAllPages();
-    m_panels.clear();
+    ClearModules();
     m_messages->ClearMessages();
     m_document = std::move(document);
     BuildModules();
@@ -293,10 +299,12 @@ void MainFrame::AfterUndo(const std::vector<DetailAddress>& changed)
         return;
     for (ModulePanelBase* panel : m_panels)
         panel->UpdateUnits(true);
-    const DetailAddress& first = changed.front();
-    if (first.liquid >= 0 && static_cast<std::size_t>(first.liquid) < m_panels.size()) {
-        ShowModule(static_cast<std::size_t>(first.liquid));
-        m_panels[static_cast<std::size_t>(first.liquid)]->FocusDetail(first.name);
+    if (m_feed)
+        m_feed->ReloadComposition();
+    const std::size_t module = ModuleOf(changed.front());
+    if (module < m_panels.size()) {
+        ShowModule(module);
+        m_panels[module]->FocusDetail(changed.front().name);
     }
     UpdateTitle();
     UpdateRangeMessages();

@@ -20,6 +20,8 @@
 #include <vector>
 
 class AuiNotebook;
+class FeedCompositionPanel;
+class FeedCompositionPanelController;
 class FeedWaterPanel;
 class ModulePanelBase;
 class TvStatusBar;
@@ -59,6 +61,9 @@ public:
 
     /// The panel of the first water.
     WaterAnalysisPanel* GetWaterPanel() const;
+    /// The module of the feed composition; null for a project without one.
+    FeedCompositionPanel* GetFeedPanel() const { return m_feedPanel; }
+    FeedCompositionPanelController* GetFeedController() const { return m_feed.get(); }
     MessageArea& GetMessageArea() { return *m_messages; }
     AuiNotebook& GetNotebook() { return *m_notebook; }
 
@@ -73,9 +78,13 @@ private:
     wxMenu* BuildHelpMenu();
     void FillRecentMenu();
     void BuildModules();
+    void BuildFeedComposition();
+    void ClearModules();
+    /// The panel that shows a detail; what belongs to no water is the feed composition's.
+    std::size_t ModuleOf(const DetailAddress& address) const;
     void UpdateTitle();
     void UpdateRangeMessages();
-    /// `module` is the index of a panel, which is that of its water.
+    /// `module` is the index of a panel, which is that of its water; the other modules follow.
     void ShowModule(std::size_t module);
     void FocusDetail(const std::string& key);
     void SendToPanels(wxEventType type);
@@ -140,6 +149,8 @@ private:
     wxMenu* m_recentMenu = nullptr;
     wxTimer m_autosave;
     std::vector<ModulePanelBase*> m_panels;
+    FeedCompositionPanel* m_feedPanel = nullptr;
+    std::unique_ptr<FeedCompositionPanelController> m_feed;
 };
 
 }  // namespace app

@@ -13,6 +13,7 @@
 #include "gui_base/input/events.h"
 #include "gui_base/input/panel/aui_notebook.h"
 #include "gui_base/input/validation/commit.h"
+#include "gui_base/ionexchange/feed/feed_composition_panel_controller.h"
 #include "gui_base/support/translation.h"
 #include "gui_base/water/paste_column.h"
 #include "gui_base/water/wateranalysis_panel.h"
@@ -310,6 +311,8 @@ bool MainFrame::OpenDatabase(const std::string& connection)
 {
     try {
         ProjectDatabase::Open(connection);
+        if (m_feed)
+            m_feed->RefreshCompounds();
         Settings::GetSetting("database.connection").SetValue(connection);
         Settings::Save();
         return true;
@@ -334,6 +337,8 @@ void MainFrame::ShowHelp()
 {
     if (const auto* panel = dynamic_cast<WaterAnalysisPanel*>(CurrentPanel()))
         panel->ShowHelp();
+    else if (m_help && m_feedPanel != nullptr && CurrentPanel() == m_feedPanel)
+        m_help->DisplayHelpSection("feedcomposition.html");
     else if (m_help)
         m_help->DisplayHelpContent();
 }

@@ -7,10 +7,13 @@
 #include "app/template_dialog.h"
 #include "app/templates.h"
 #include "app/tour/control_gallery.h"
+#include "dbinterfaces/project_database.h"
 #include "gui_base/dialogs/info_message_dialog.h"
 #include "gui_base/dialogs/page_selection_dialog.h"
 #include "gui_base/dialogs/tv_multichoicedialog.h"
 #include "gui_base/ionexchange/regeneration/waste_water_panel.h"
+#include "gui_base/input/panel/aui_notebook.h"
+#include "gui_base/ionexchange/feed/feed_composition_panel_controller.h"
 #include "gui_base/support/window_picture.h"
 #include "gui_base/water/alkalization_dialog.h"
 #include "gui_base/water/co2_calculator_dialog.h"
@@ -65,6 +68,30 @@ std::unique_ptr<Project> NewExample()
 {
     const WaterTemplate* river = FindWaterTemplate("world_river_livingstone");
     return river != nullptr ? NewProjectFrom(*river) : NewEmptyProject();
+}
+
+/// The module with a water of some compounds, one of which is out of range.
+void ShowFeedComposition(MainFrame& frame)
+{
+    FeedCompositionPanel* panel = frame.GetFeedPanel();
+    auto* project = dynamic_cast<iex::IEXProject*>(&frame.GetDocument().GetProject());
+    if (panel == nullptr || project == nullptr || frame.GetFeedController() == nullptr)
+        return;
+    constexpr std::array<std::pair<const char*, double>, 5> kFeed{
+        {{"calcium", 80.0}, {"sodium", 46.0}, {"chloride", 71.0}, {"bicarbonate", 244.0}, {"nitrate", -1.0}}};
+    FeedComposition composition = project->LoadFeedCompositionFromDetails();
+    for (const auto& [name, concentration] : kFeed) {
+        const auto found = ProjectDatabase::GetCompounds({}, {}, name);
+        if (found.empty())
+            continue;
+        composition.Add(found.front());
+        composition.SetFeed(composition.GetEntries().size() - 1, FeedComposition::Unit::MgPerLitre,
+                            concentration);
+    }
+    project->SaveFeedCompositionToDetails(composition);
+    frame.GetFeedController()->ReloadComposition();
+    frame.GetNotebook().SetSelection(static_cast<std::size_t>(frame.GetNotebook().GetPageIndex(panel)));
+    panel->GetCompoundList().Select(1);
 }
 
 class Tour
@@ -171,7 +198,13 @@ void Tour::TakeModules()
     TakeFrame("water_analysis_narrow", wxSize(820, 620), [](MainFrame&) {});
     TakeFrame("water_analysis_us_units", wide, [](MainFrame& frame) { frame.SetUnitSystem("us"); });
     const wxString language = CurrentLanguage();
+    TakeFrame("feed_composition", wide, ShowFeedComposition);
+    TakeFrame("feed_composition_narrow", wxSize(820, 620), ShowFeedComposition);
     TakeFrame("water_analysis_german", wide, [](MainFrame& frame) { frame.SetLanguage("de"); });
+    TakeFrame("feed_composition_german", wide, [](MainFrame& frame) {
+        frame.SetLanguage("de");
+        ShowFeedComposition(frame);
+    });
     SwitchLanguage(language);
 }
 

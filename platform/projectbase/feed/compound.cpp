@@ -113,7 +113,7 @@ std::string Compound::GetBaseOxidationNumbers() const
 
 bool Compound::IsValid() const
 {
-    return !name.empty() && !m_formula.empty() && m_faults.empty();
+    return !name.empty() && !m_formula.empty();
 }
 
 bool Compound::operator==(const Compound& other) const

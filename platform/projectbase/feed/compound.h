@@ -65,7 +65,7 @@ public:
     /// Common oxidation numbers of the base element, separated by blanks.
     std::string GetBaseOxidationNumbers() const;
 
-    /// Whether it can be stored: it has a name and a formula that can be read.
+    /// Whether it can be stored: it has a name and a formula, of which parts may be unreadable.
     bool IsValid() const;
 
     bool operator==(const Compound& other) const;

@@ -1,0 +1,249 @@
+// SPDX-License-Identifier: MIT
+#include "gui_base/ionexchange/feed/feed_composition_grid.h"
+
+#include "gui_base/dialogs/questions.h"
+#include "gui_base/support/accessibility.h"
+#include "gui_base/support/image_loader.h"
+#include "gui_base/support/translation.h"
+
+#include <wx/menu.h>
+#include <wx/toplevel.h>
+
+#include <algorithm>
+
+namespace {
+
+constexpr int kColumnWidth = 92;
+constexpr int kNarrowColumnWidth = 30;
+constexpr int kLeastNameWidth = 150;
+
+/// The key that opens a context menu.
+bool IsMenuKey(const wxKeyEvent& event)
+{
+    const int key = event.GetKeyCode();
+    return key == WXK_MENU || key == WXK_WINDOWS_MENU || (key == WXK_F10 && event.ShiftDown());
+}
+
+/// The windows that Tab reaches, in their order; `whole` counts as one of them.
+void CollectTabStops(wxWindow& parent, const wxWindow& whole, std::vector<wxWindow*>& stops)
+{
+    for (wxWindow* child : parent.GetChildren()) {
+        if (!child->IsShown() || !child->IsEnabled())
+            continue;
+        const bool isStop = child == &whole || child->GetChildren().empty();
+        if (!isStop)
+            CollectTabStops(*child, whole, stops);
+        else if (child == &whole || child->AcceptsFocusFromKeyboard())
+            stops.push_back(child);
+    }
+}
+
+/// Leaves a grid, which keeps Tab for its cells, to the control before or behind it.
+void LeaveByTab(wxWindow& grid, bool forward)
+{
+    std::vector<wxWindow*> stops;
+    CollectTabStops(*wxGetTopLevelParent(&grid), grid, stops);
+    const auto own = std::find(stops.begin(), stops.end(), &grid);
+    if (own == stops.end() || stops.size() < 2)
+        return;
+    const auto count = static_cast<std::ptrdiff_t>(stops.size());
+    const auto next = (own - stops.begin() + (forward ? 1 : count - 1)) % count;
+    stops[static_cast<std::size_t>(next)]->SetFocus();
+}
+
+}  // namespace
+
+FeedCompositionGridBase::FeedCompositionGridBase(wxWindow* parent, int id, FeedCompositionTable::Side side,
+                                                 const FeedComposition& composition)
+    : wxGrid(parent, id, wxDefaultPosition, wxDefaultSize, wxWANTS_CHARS | wxBORDER_THEME),
+      m_composition(composition),
+      m_table(new FeedCompositionTable(side, composition,
+                                       [this](std::size_t row, FeedComposition::Unit unit, double value) {
+                                           if (m_onEdit)
+                                               m_onEdit(row, unit, value);
+                                       }))
+{
+    SetTable(m_table, true, wxGridSelectCells);
+    HideRowLabels();
+    SetColLabelSize(FromDIP(26));
+    SetDefaultRowSize(FromDIP(26));
+    SetDefaultColSize(FromDIP(kColumnWidth), true);
+    SetColSize(kFeedRemove, FromDIP(kNarrowColumnWidth));
+    SetColSize(kFeedName, FromDIP(kLeastNameWidth));
+    UpdateGridColumnPhVisibility(false);
+    DisableDragRowSize();
+    SetCellHighlightROPenWidth(1);
+    // Room for some rows; the others scroll.
+    SetMinSize(FromDIP(wxSize(360, 130)));
+
+    Bind(wxEVT_GRID_CELL_LEFT_CLICK, &FeedCompositionGridBase::OnLeftClick, this);
+    Bind(wxEVT_GRID_CELL_RIGHT_CLICK, &FeedCompositionGridBase::OnRightClick, this);
+    Bind(wxEVT_GRID_TABBING, &FeedCompositionGridBase::OnTabbing, this);
+    Bind(wxEVT_KEY_DOWN, &FeedCompositionGridBase::OnKeyDown, this);
+    Bind(wxEVT_SYS_COLOUR_CHANGED, [this](wxSysColourChangedEvent& event) {
+        m_table->TakeColours(IsThisEnabled());
+        ForceRefresh();
+        event.Skip();
+    });
+}
+
+std::vector<std::string> FeedCompositionGridBase::RowNames() const
+{
+    std::vector<std::string> names;
+    names.reserve(m_composition.GetEntries().size());
+    for (const auto& entry : m_composition.GetEntries())
+        names.push_back(entry.name);
+    return names;
+}
+
+void FeedCompositionGridBase::ShowComposition()
+{
+    std::vector<std::string> names = RowNames();
+    if (names == m_shownNames) {
+        GetGridWindow()->Refresh();
+        return;
+    }
+    m_shownNames = std::move(names);
+    FillRows();
+}
+
+void FeedCompositionGridBase::FillRows()
+{
+    const wxGridUpdateLocker frozen(this);
+    DisableCellEditControl();
+    const int before = m_table->GetNumberRows();
+    const int column = std::max(GetGridCursorCol(), 0);
+    const int row = GetGridCursorRow();
+    ClearSelection();
+    if (before > 0) {
+        m_table->SetRowCount(0);
+        wxGridTableMessage removed(m_table, wxGRIDTABLE_NOTIFY_ROWS_DELETED, 0, before);
+        ProcessTableMessage(removed);
+    }
+    const int count = static_cast<int>(m_shownNames.size());
+    if (count > 0) {
+        m_table->SetRowCount(count);
+        wxGridTableMessage added(m_table, wxGRIDTABLE_NOTIFY_ROWS_APPENDED, count);
+        ProcessTableMessage(added);
+        SetGridCursor(std::clamp(row, 0, count - 1), column);
+    }
+    FitColumns();
+}
+
+void FeedCompositionGridBase::FitColumns()
+{
+    AutoSizeColumn(kFeedName, false);
+    SetColSize(kFeedName, std::max(GetColSize(kFeedName), FromDIP(kLeastNameWidth)));
+    wxClientDC dc(GetGridColLabelWindow());
+    dc.SetFont(GetLabelFont());
+    for (int column = kFeedFormula; column < kFeedFirstUnit; ++column) {
+        const int wanted = dc.GetTextExtent(GetColLabelValue(column)).x + FromDIP(16);
+        SetColSize(column, std::max(wanted, FromDIP(kColumnWidth)));
+    }
+}
+
+void FeedCompositionGridBase::UpdateGridColumnPhVisibility(bool visible)
+{
+    if (visible != IsPhVisible())
+        SetColSize(kFeedPh, visible ? GetDefaultColSize() : 0);
+}
+
+void FeedCompositionGridBase::Localize(const std::string&)
+{
+    FitColumns();
+    ForceRefresh();
+}
+
+bool FeedCompositionGridBase::Enable(bool enable)
+{
+    if (!enable)
+        DisableCellEditControl();
+    const bool changed = wxGrid::Enable(enable);
+    EnableEditing(enable);
+    m_table->TakeColours(enable);
+    ForceRefresh();
+    return changed;
+}
+
+void FeedCompositionGridBase::AskRemove(int row)
+{
+    if (row < 0 || row >= GetNumberRows() || !IsThisEnabled())
+        return;
+    CommitCell();
+    if (dialogs::AskYesNo(this, i18n::Translated(wxTRANSLATE("Do you really want to remove this entry?")),
+                          i18n::Translated(wxTRANSLATE("Remove entry")), wxICON_QUESTION) == wxID_YES &&
+        m_onRemove)
+        m_onRemove(static_cast<std::size_t>(row));
+}
+
+void FeedCompositionGridBase::PopupRowMenu(int row, const wxPoint& position)
+{
+    if (row < 0 || row >= GetNumberRows())
+        return;
+    CommitCell();
+    SetGridCursor(row, std::max(GetGridCursorCol(), 0));
+    wxMenu menu;
+    auto* remove = new wxMenuItem(&menu, wxID_REMOVE, i18n::Translated(wxTRANSLATE("Remove")));
+    remove->SetBitmap(ImageLoader::LoadBundle("icons/i16/delete.png", wxSize(16, 16)));
+    menu.Append(remove);
+    menu.Append(wxID_ADD, i18n::Translated(wxTRANSLATE("Import compound")));
+    const int chosen = GetPopupMenuSelectionFromUser(menu, position);
+    if (chosen == wxID_REMOVE)
+        AskRemove(row);
+    else if (chosen == wxID_ADD && m_onImport)
+        m_onImport(static_cast<std::size_t>(row));
+}
+
+void FeedCompositionGridBase::OnLeftClick(wxGridEvent& event)
+{
+    event.Skip();
+    if (event.GetCol() != kFeedRemove || event.ShiftDown() || event.ControlDown())
+        return;
+    // The grid still holds the mouse.
+    CallAfter([this, row = event.GetRow()] { AskRemove(row); });
+}
+
+void FeedCompositionGridBase::OnRightClick(wxGridEvent& event)
+{
+    PopupRowMenu(event.GetRow(), wxDefaultPosition);
+}
+
+void FeedCompositionGridBase::OnKeyDown(wxKeyEvent& event)
+{
+    const int row = GetGridCursorRow();
+    const bool editing = IsCellEditControlShown();
+    if (event.GetKeyCode() == WXK_DELETE && !editing && !event.HasAnyModifiers())
+        AskRemove(row);
+    else if (IsMenuKey(event) && !editing && row >= 0)
+        PopupRowMenu(row,
+                     CalcScrolledPosition(CellToRect(row, std::max(GetGridCursorCol(), 0)).GetBottomLeft()));
+    else
+        event.Skip();
+}
+
+void FeedCompositionGridBase::OnTabbing(wxGridEvent& event)
+{
+    const bool forward = !event.ShiftDown();
+    const int step = forward ? 1 : -1;
+    int row = event.GetRow();
+    int column = event.GetCol();
+    const int inputs = static_cast<int>(FeedComposition::kUnitCount);
+    // From cell to cell that can be edited, in reading order, and out of the grid behind the last one.
+    int place = row * inputs;
+    if (column < kFeedFirstUnit)
+        place += forward ? 0 : -1;
+    else if (column >= kFeedPh)
+        place += forward ? inputs : inputs - 1;
+    else
+        place += column - kFeedFirstUnit + step;
+    if (!IsThisEnabled() || place < 0 || place >= GetNumberRows() * inputs) {
+        event.Veto();
+        CommitCell();
+        CallAfter([this, forward] { LeaveByTab(*this, forward); });
+        return;
+    }
+    row = place / inputs;
+    column = kFeedFirstUnit + place % inputs;
+    CommitCell();
+    GoToCell(row, column);
+}

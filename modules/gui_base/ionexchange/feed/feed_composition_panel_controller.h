@@ -1,0 +1,105 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+/// The controller of the feed composition: it answers what the view tells, talks to the project and to the
+/// databases, and gives the view what is to be seen. After every change the composition is saved in the
+/// project, shown, and the host is told.
+///
+/// Project and view are not owned; the project outlives the controller, the view may go before it. What a
+/// database refuses is shown as an error and leaves everything as it was. GUI thread only.
+
+#include "dbinterfaces/db_objects.h"
+#include "gui_base/gui_base_export.h"
+#include "gui_base/ionexchange/feed/feed_composition_panel.h"
+#include "projectbase/project/iex_project.h"
+
+#include <wx/event.h>
+#include <wx/weakref.h>
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+class GUI_BASE_EXPORT FeedCompositionPanelController : public wxEvtHandler
+{
+public:
+    using Compounds = std::vector<DBObjects::Compound>;
+
+    /// Fills the view. Throws DatabaseError when the master data cannot be read.
+    FeedCompositionPanelController(iex::IEXProject& project, std::unique_ptr<FeedComposition> composition,
+                                   FeedCompositionPanel& view);
+    ~FeedCompositionPanelController() override;
+
+    const FeedComposition& GetComposition() const { return *m_composition; }
+    /// Takes what the project now holds, for example after an undo, and shows it.
+    void ReloadComposition();
+
+    /// Reads categories and compounds of the user database again, after it changed or was replaced. The first
+    /// time this happens by itself when the view is seen.
+    void RefreshCompounds();
+
+    /// Writes the selected compounds to an exchange file and says so; an error is shown.
+    void Export(const std::vector<int>& selected, const Compounds& compounds, const wxString& path);
+    /// Lets the user choose among the compounds of a file, asks about those that the database already has,
+    /// and stores the others in one transaction.
+    void Import(const Compounds& incoming);
+    /// Reads an exchange file and imports its compounds; a file that cannot be read is shown as an error.
+    void ImportFile(const wxString& path);
+
+private:
+    using Handler = void (FeedCompositionPanelController::*)(FeedEvent&);
+
+    void InitCategorySelection();
+    void InitElementSelection();
+    void InitMediumSelection();
+    void InitTemperatureUnitSelection();
+    void LoadCompositionFromDetails();
+    void SaveFeedCompositionToDetails();
+    void TransferCompositionToView();
+    void SendTvChangeEventToView();
+    /// Saves, shows and tells.
+    void CompositionChanged();
+    void UpdateCompoundSelectionFiltered();
+    void UpdateCompoundSelectionShowAll();
+    /// Shows the unit of temperatures that belongs to the displayed unit system.
+    void ShowUnitSystem();
+    DBObjects::Compound GetCompoundFromDB(int id) const;
+    /// Stores a compound that is valid; whether it was.
+    bool SaveCompoundToDB(const DBObjects::Compound& compound);
+    /// Lets the user edit a compound, stores it and shows the list anew.
+    void EditCompound(const DBObjects::Compound& record);
+    void StoreImported(const Compounds& fresh, const std::vector<DuplicateCompound>& duplicates,
+                       const DuplicateResolutionResult& resolution);
+
+    void RegisterCallbacks();
+    void OnViewEvent(FeedEvent& event);
+    void OnUnitSystemChanged(wxCommandEvent& event);
+    /// Runs `work`; what it throws is shown. Whether it threw nothing.
+    bool Guarded(const std::function<void()>& work);
+
+    void CallbackCompoundAddedToComposition(FeedEvent& event);
+    void CallbackCompoundSelected(FeedEvent& event);
+    void CallbackCompoundListDeselected(FeedEvent& event);
+    void FilterCallback(FeedEvent& event);
+    void ElementSearchCallback(FeedEvent& event);
+    void CallbackAddCompound(FeedEvent& event);
+    void CallbackEditCompound(FeedEvent& event);
+    void CallbackDeleteCompound(FeedEvent& event);
+    void CallbackCompoundRemovedFromComposition(FeedEvent& event);
+    void ImportCompoundFromProjectCallback(FeedEvent& event);
+    void CallbackFeedCompositionChanged(FeedEvent& event);
+    void CallbackEffluentCompositionChanged(FeedEvent& event);
+    void UpdatePhAdjustment(FeedEvent& event);
+    void UpdateUseEffluentInput(FeedEvent& event);
+    void UpdateFeedMedium(FeedEvent& event);
+    void ExportCompoundsCallback(FeedEvent& event);
+    void ImportCompoundsCallback(FeedEvent& event);
+    void CallbackViewShown(FeedEvent& event);
+
+    iex::IEXProject& m_project;
+    std::unique_ptr<FeedComposition> m_composition;
+    wxWeakRef<FeedCompositionPanel> m_view;
+    std::vector<std::pair<wxEventType, Handler>> m_handlers;
+    bool m_compoundsShown = false;
+};

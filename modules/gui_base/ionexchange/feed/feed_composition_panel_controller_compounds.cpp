@@ -1,0 +1,232 @@
+// SPDX-License-Identifier: MIT
+// What the feed composition does to the compounds of the database: deletion, exchange with files and with the
+// project.
+#include "dbinterfaces/project_database.h"
+#include "gui_base/ionexchange/feed/feed_composition_panel_controller.h"
+#include "gui_base/support/translation.h"
+#include "projectbase/feed/compounds_importer.h"
+#include "tncommon/zip_container.h"
+
+#include <algorithm>
+#include <map>
+#include <system_error>
+
+namespace {
+
+using Record = DBObjects::Compound;
+
+constexpr const char* kImportedSuffix = " (imported)";
+
+wxString Tr(const char* source)
+{
+    return i18n::Translated(source);
+}
+
+wxString Label(const Record& compound)
+{
+    return wxString::FromUTF8(compound.name + " (" + compound.formula + ")");
+}
+
+std::vector<wxString> Labels(const std::vector<Record>& compounds)
+{
+    std::vector<wxString> labels;
+    labels.reserve(compounds.size());
+    for (const Record& compound : compounds)
+        labels.push_back(Label(compound));
+    return labels;
+}
+
+std::string Key(const Record& compound)
+{
+    return compound.name + "|" + compound.formula;
+}
+
+std::vector<Record> Chosen(const std::vector<Record>& compounds, const std::vector<int>& indices)
+{
+    std::vector<Record> chosen;
+    chosen.reserve(indices.size());
+    for (const int index : indices)
+        chosen.push_back(compounds.at(static_cast<std::size_t>(index)));
+    return chosen;
+}
+
+}  // namespace
+
+void FeedCompositionPanelController::CallbackDeleteCompound(FeedEvent& event)
+{
+    {
+        ProjectDatabase::Transaction transaction;
+        for (const int id : event.compounds)
+            ProjectDatabase::DeleteCompound(id);
+        transaction.Commit();
+    }
+    InitCategorySelection();
+    UpdateCompoundSelectionFiltered();
+}
+
+bool FeedCompositionPanelController::SaveCompoundToDB(const Record& compound)
+{
+    if (!Compound(compound).IsValid())
+        return false;
+    return Guarded([&] { ProjectDatabase::InsertOrReplaceCompound(compound); });
+}
+
+void FeedCompositionPanelController::CallbackAddCompound(FeedEvent&)
+{
+    EditCompound(Record());
+}
+
+void FeedCompositionPanelController::CallbackEditCompound(FeedEvent& event)
+{
+    const Record compound = GetCompoundFromDB(event.compounds.at(0));
+    if (compound.id >= 0)
+        EditCompound(compound);
+}
+
+void FeedCompositionPanelController::EditCompound(const Record& record)
+{
+    const auto edited =
+        m_view->ShowCompoundEditor(Compound(record), ProjectDatabase::GetCompoundCategories());
+    if (!edited || !SaveCompoundToDB(edited->ToRecord()))
+        return;
+    InitCategorySelection();
+    UpdateCompoundSelectionFiltered();
+}
+
+void FeedCompositionPanelController::ImportCompoundFromProjectCallback(FeedEvent& event)
+{
+    const Record compound = m_composition->GetEntries().at(event.row).ToRecord();
+    const Compounds alike = ProjectDatabase::GetCompounds(std::string(), std::string(), compound.name);
+    const bool exists = std::any_of(alike.begin(), alike.end(),
+                                    [&](const Record& other) { return Key(other) == Key(compound); });
+    if (exists) {
+        m_view->ShowMessageBox(Tr(wxTRANSLATE("Duplicate Compound")),
+                               Tr(wxTRANSLATE("This compound already exists: ")) + Label(compound));
+        return;
+    }
+    if (!SaveCompoundToDB(compound))
+        return;
+    InitCategorySelection();
+    m_view->SelectElement(wxString::FromUTF8(compound.baseElement));
+    UpdateCompoundSelectionFiltered();
+}
+
+void FeedCompositionPanelController::ExportCompoundsCallback(FeedEvent&)
+{
+    // What the list shows under its present filter can be exported.
+    const Compounds compounds = m_view->GetCompoundList().GetCompounds();
+    if (compounds.empty()) {
+        m_view->ShowErrorMessage(
+            Tr(wxTRANSLATE("There are no compounds in your list which can be exported.")));
+        return;
+    }
+    const auto selected = m_view->ShowExportCompoundDialog(Labels(compounds));
+    if (!selected || selected->empty())
+        return;
+    const wxString path = m_view->ShowExportFileDialog();
+    if (!path.empty())
+        Export(*selected, compounds, path);
+}
+
+void FeedCompositionPanelController::Export(const std::vector<int>& selected, const Compounds& compounds,
+                                            const wxString& path)
+{
+    Guarded([&] {
+        try {
+            SaveCompoundFile(path.utf8_string(), Chosen(compounds, selected));
+            m_view->ShowInfoMessage(wxString::Format(Tr(wxTRANSLATE("Compounds exported to:\n %s")), path));
+        } catch (const std::system_error&) {
+            m_view->ShowErrorMessage(
+                wxString::Format(Tr(wxTRANSLATE("Couldn't open file to write: %s")), path));
+        }
+    });
+}
+
+void FeedCompositionPanelController::ImportCompoundsCallback(FeedEvent&)
+{
+    const wxString path = m_view->ShowImportFileDialog();
+    if (!path.empty())
+        ImportFile(path);
+}
+
+void FeedCompositionPanelController::ImportFile(const wxString& path)
+{
+    const auto unreadable = [&](const wxString& cause) {
+        m_view->ShowErrorMessage(wxString::Format(
+            Tr(wxTRANSLATE("An error occurred during reading the file: %s")), path + "\n" + cause));
+    };
+    Compounds incoming;
+    try {
+        incoming = LoadCompoundFile(path.utf8_string());
+    } catch (const std::system_error&) {
+        m_view->ShowErrorMessage(wxString::Format(Tr(wxTRANSLATE("Couldn't open file to read: %s")), path));
+        return;
+    } catch (const tncommon::ZipError& error) {
+        unreadable(Tr(error.what()));
+        return;
+    } catch (const CompoundFileError& error) {
+        unreadable(wxString::FromUTF8(error.what()));
+        return;
+    }
+    Guarded([&] {
+        Import(incoming);
+        InitCategorySelection();
+        UpdateCompoundSelectionFiltered();
+    });
+}
+
+void FeedCompositionPanelController::Import(const Compounds& incoming)
+{
+    const auto picked = m_view->ShowImportCompoundDialog(Labels(incoming));
+    if (!picked || picked->empty())
+        return;
+    std::map<std::string, Record> existing;
+    for (Record& compound : ProjectDatabase::GetCompounds())
+        existing.emplace(Key(compound), std::move(compound));
+    Compounds fresh;
+    std::vector<DuplicateCompound> duplicates;
+    for (const int index : *picked) {
+        const Record& compound = incoming.at(static_cast<std::size_t>(index));
+        const auto found = existing.find(Key(compound));
+        if (found == existing.end())
+            fresh.push_back(compound);
+        else
+            duplicates.push_back({compound, found->second, static_cast<std::size_t>(index)});
+    }
+    DuplicateResolutionResult resolution;
+    if (!duplicates.empty()) {
+        resolution = m_view->ShowDuplicateResolutionDialog(duplicates);
+        if (resolution.cancelled)
+            return;
+    }
+    StoreImported(fresh, duplicates, resolution);
+    m_view->ShowInfoMessage(Tr(wxTRANSLATE("Compound import complete")));
+    InitElementSelection();
+}
+
+void FeedCompositionPanelController::StoreImported(const Compounds& fresh,
+                                                   const std::vector<DuplicateCompound>& duplicates,
+                                                   const DuplicateResolutionResult& resolution)
+{
+    // All or nothing: half a file would be hard to tell apart from the whole one.
+    ProjectDatabase::Transaction transaction;
+    for (const Record& compound : fresh)
+        ProjectDatabase::InsertOrReplaceCompound(compound);
+    for (std::size_t i = 0; i < duplicates.size(); ++i) {
+        Record compound = duplicates[i].incoming;
+        switch (resolution.DecisionFor(i)) {
+            case kReplaceDuplicate:
+                compound.id = duplicates[i].existing.id;
+                ProjectDatabase::InsertOrReplaceCompound(compound);
+                break;
+            case kKeepBothDuplicates:
+                compound.id = -1;
+                compound.name += kImportedSuffix;
+                ProjectDatabase::InsertOrReplaceCompound(compound);
+                break;
+            default:
+                break;
+        }
+    }
+    transaction.Commit();
+}

@@ -1,0 +1,326 @@
+// SPDX-License-Identifier: MIT
+// The feed composition under the hands of its user.
+#include "gui_base/input/controls/tv_checkbox.h"
+#include "gui_base/input/controls/tv_choice.h"
+#include "gui_base/input/controls/tv_notebook.h"
+#include "gui_base/input/controls/tv_textctrl.h"
+#include "gui_base/input/validation/commit.h"
+#include "gui_base/input/validation/double_validator.h"
+#include "gui_base/ionexchange/feed/bitmap_grid_cell_renderer.h"
+#include "gui_base/ionexchange/feed/feed_medium_box.h"
+#include "gui_base/ionexchange/feed/feed_total_box.h"
+#include "tests/gui/ionexchange/feed/feed_fixture.h"
+
+#include <cmath>
+
+namespace {
+
+using namespace gui_test;
+using Unit = FeedComposition::Unit;
+
+class FeedCompositionTest : public FeedTest
+{};
+
+int Column(Unit unit)
+{
+    return kFeedFirstUnit + static_cast<int>(unit);
+}
+
+TEST_F(FeedCompositionTest, FindsACompoundAsTheUserTypesAndAddsIt)
+{
+    const int all = List().GetItemCount();
+    EXPECT_GT(all, 100);
+    const long calcium = Find("calcium");
+    EXPECT_LT(List().GetItemCount(), all);
+    DoubleClickRow(calcium);
+    ASSERT_EQ(Entries().size(), 1u);
+    EXPECT_EQ(Entries()[0].name, "calcium");
+    EXPECT_EQ(Grid().GetCellValue(0, kFeedName), "calcium");
+    EXPECT_EQ(Grid().GetCellValue(0, kFeedFormula), "Ca");
+    EXPECT_EQ(Grid().GetCellValue(0, kFeedIonicCharge), "2");
+    EXPECT_EQ(Grid().GetCellValue(0, kFeedAcidBase), "Neutral");
+    Add("sulfate");
+    ASSERT_EQ(Entries().size(), 2u);
+    EXPECT_EQ(Stored().GetEntries().size(), 2u) << "it is in the project at once";
+    EXPECT_EQ(m_changes, 2) << "the host hears of each change once";
+    EXPECT_TRUE(m_project.IsChanged());
+    EXPECT_EQ(m_view->GetEffluentGrid().GetNumberRows(), 2);
+}
+
+TEST_F(FeedCompositionTest, FiltersByElementCategoryAndText)
+{
+    const auto choose = [](tvChoice& choice, const wxString& label) {
+        ASSERT_TRUE(choice.SetStringSelection(label)) << label.utf8_string();
+        wxCommandEvent event(wxEVT_CHOICE, choice.GetId());
+        event.SetEventObject(&choice);
+        choice.ProcessWindowEvent(event);
+        Pump();
+    };
+    EXPECT_EQ(m_view->GetElementChoice().GetString(0), "All elements");
+    EXPECT_EQ(m_view->GetCategoryChoice().GetString(0), "All categories");
+    choose(m_view->GetElementChoice(), "S");
+    const int sulfur = List().GetItemCount();
+    ASSERT_GT(sulfur, 1);
+    for (const auto& compound : List().GetCompounds())
+        EXPECT_EQ(compound.baseElement, "S");
+    choose(m_view->GetCategoryChoice(), "Anion");
+    EXPECT_LT(List().GetItemCount(), sulfur);
+    for (const auto& compound : List().GetCompounds())
+        EXPECT_EQ(compound.category, "Anion");
+    Focus(m_view->GetSearch());
+    Type("SO4");
+    ASSERT_GT(List().GetItemCount(), 0);
+    for (const auto& compound : List().GetCompounds())
+        EXPECT_NE(compound.formula.find("SO4"), std::string::npos);
+    wxCommandEvent cancelled(wxEVT_SEARCH_CANCEL, m_view->GetSearch().GetId());
+    m_view->GetSearch().ProcessWindowEvent(cancelled);
+    choose(m_view->GetElementChoice(), "All elements");
+    choose(m_view->GetCategoryChoice(), "All categories");
+    EXPECT_GT(List().GetItemCount(), 100);
+    EXPECT_EQ(m_changes, 0) << "a filter is no edit";
+}
+
+TEST_F(FeedCompositionTest, ASelectedCompoundShowsItsDetailsAndCanBeEdited)
+{
+    const TvButton& edit = m_view->GetButton(tvFEED_COMPOUND_EDIT);
+    const TvButton& remove = m_view->GetButton(tvFEED_COMPOUND_DELETE);
+    EXPECT_FALSE(edit.IsEnabled());
+    EXPECT_FALSE(remove.IsEnabled());
+    SelectRow(Find("sulfate"));
+    EXPECT_TRUE(edit.IsEnabled());
+    EXPECT_TRUE(remove.IsEnabled());
+    EXPECT_EQ(m_view->GetDetailText(0), "-2");
+    EXPECT_EQ(m_view->GetDetailText(1).BeforeFirst('.'), "96");
+    List().Select(0);
+    List().Select(1);
+    Pump();
+    EXPECT_FALSE(edit.IsEnabled()) << "one at a time";
+    EXPECT_TRUE(remove.IsEnabled());
+    Type("x");
+    Find("calcium");
+    EXPECT_FALSE(remove.IsEnabled()) << "another list has no selection";
+    EXPECT_EQ(m_view->GetDetailText(0), "");
+}
+
+TEST_F(FeedCompositionTest, EachUnitBringsTheOtherSix)
+{
+    Add("sulfate");  // 2 eq/mol
+    const double molweight = Entries().at(0).molweight;
+    const double density = m_controller->GetComposition().GetDensity();
+    const double mass = 48.03;
+    const double amount = mass / molweight;
+    const std::vector<std::pair<Unit, double>> typed{{Unit::MgPerLitre, mass},
+                                                     {Unit::MmolPerLitre, amount},
+                                                     {Unit::MeqPerLitre, 2 * amount},
+                                                     {Unit::MgPerKg, mass / density},
+                                                     {Unit::MicroEqPerLitre, 2e3 * amount},
+                                                     {Unit::Ppb, mass * 1e3},
+                                                     {Unit::Ppt, mass * 1e6}};
+    for (const auto& [unit, value] : typed) {
+        SCOPED_TRACE(FeedComposition::kUnitTexts[static_cast<std::size_t>(unit)]);
+        TypeCell(Grid(), 0, Column(Unit::MgPerLitre), "1");
+        TypeCell(Grid(), 0, Column(unit), wxString::FromCDouble(value, 12));
+        for (const auto& [other, expected] : typed) {
+            EXPECT_NEAR(Feed(0, other), expected, 1e-9 * expected);
+            EXPECT_EQ(Grid().GetCellValue(0, Column(other)), FeedTotalBox::NumberText(Feed(0, other)));
+        }
+        EXPECT_EQ(m_view->GetFeedTotals().GetField(unit)->GetValue(), FeedTotalBox::NumberText(value));
+    }
+    EXPECT_NEAR(Stored().GetEntries()[0].feed[Unit::MgPerLitre], mass, 1e-9);
+}
+
+TEST_F(FeedCompositionTest, KeysWalkTheCellsAndWhatIsNoNumberIsIgnored)
+{
+    Add("sulfate");
+    Add("calcium");
+    TypeCell(Grid(), 0, Column(Unit::MgPerLitre), "10");
+    EXPECT_EQ(Grid().GetGridCursorRow(), 1) << "Enter goes down";
+    TypeCell(Grid(), 0, Column(Unit::Ppt), "5000000", WXK_TAB);
+    EXPECT_EQ(Feed(0, Unit::MgPerLitre), 5.0);
+    EXPECT_EQ(Grid().GetGridCursorRow(), 1) << "Tab goes on to the next line's first concentration";
+    EXPECT_EQ(Grid().GetGridCursorCol(), Column(Unit::MgPerLitre));
+    Press(WXK_TAB, wxMOD_SHIFT);
+    EXPECT_EQ(Grid().GetGridCursorCol(), Column(Unit::Ppt));
+    for (const char* text : {"abc", "1e", "--2", "1 2 x", "nan"}) {
+        const int before = m_changes;
+        TypeCell(Grid(), 0, Column(Unit::MgPerLitre), text);
+        EXPECT_EQ(Feed(0, Unit::MgPerLitre), 5.0) << text;
+        EXPECT_EQ(m_changes, before) << text;
+    }
+    TypeCell(Grid(), 0, kFeedName, "other", WXK_ESCAPE);
+    EXPECT_EQ(Entries()[0].name, "sulfate") << "names are not edited";
+    // A command commits what is being typed, as it does with fields.
+    Grid().GoToCell(0, Column(Unit::MgPerLitre));
+    Focus(*Grid().GetGridWindow());
+    Type("7");
+    CommitFocusedField();
+    EXPECT_EQ(Feed(0, Unit::MgPerLitre), 7.0);
+    // Behind the last cell, Tab leaves the grid.
+    Grid().GoToCell(1, Column(Unit::Ppt));
+    Focus(*Grid().GetGridWindow());
+    Press(WXK_TAB);
+    EXPECT_TRUE(PumpUntil([&] { return m_view->GetAdjustPhBox().HasFocus(); }));
+}
+
+TEST_F(FeedCompositionTest, NegativeFeedsAreColouredAndNumbersFollowTheLocale)
+{
+    Add("sulfate");
+    TypeCell(Grid(), 0, Column(Unit::MgPerLitre), "-2");
+    EXPECT_EQ(Feed(0, Unit::MgPerLitre), -2.0);
+    EXPECT_EQ(Grid().GetCellBackgroundColour(0, Column(Unit::MgPerLitre)),
+              DoubleValidator(nullptr).GetBelowMinColour());
+    TypeCell(Grid(), 0, Column(Unit::MgPerLitre), "2");
+    EXPECT_EQ(Grid().GetCellBackgroundColour(0, Column(Unit::MgPerLitre)), TvTextCtrl::EditableColour());
+    EXPECT_EQ(Grid().GetCellBackgroundColour(0, kFeedName), TvTextCtrl::ReadOnlyColour());
+    EXPECT_TRUE(Grid().IsReadOnly(0, kFeedPh));
+    const LocaleGuard german("de_DE.UTF-8");
+    TypeCell(Grid(), 0, Column(Unit::MgPerLitre), "2,5");
+    EXPECT_EQ(Feed(0, Unit::MgPerLitre), 2.5);
+    EXPECT_EQ(Grid().GetCellValue(0, Column(Unit::MgPerLitre)), "2,5");
+}
+
+TEST_F(FeedCompositionTest, TheEffluentIsHeldWithinTheFeed)
+{
+    Add("sulfate");
+    TypeCell(Grid(), 0, Column(Unit::MgPerLitre), "100");
+    EffluentCompositionGrid& effluent = m_view->GetEffluentGrid();
+    m_view->GetTabs().SetSelection(1);
+    Pump();
+    EXPECT_FALSE(effluent.IsThisEnabled());
+    EXPECT_TRUE(effluent.IsReadOnly(0, Column(Unit::MgPerLitre)));
+    Click(m_view->GetUseEffluentBox());
+    EXPECT_TRUE(effluent.IsThisEnabled());
+    EXPECT_TRUE(Stored().UsesEffluent());
+    const std::vector<std::pair<wxString, double>> cases{{"40", 40.0}, {"150", 100.0}, {"-3", 0.0}};
+    for (const auto& [text, expected] : cases) {
+        TypeCell(effluent, 0, Column(Unit::MgPerLitre), text);
+        EXPECT_EQ(Effluent(0, Unit::MgPerLitre), expected) << text;
+        EXPECT_EQ(effluent.GetCellValue(0, Column(Unit::MgPerLitre)), FeedTotalBox::NumberText(expected));
+    }
+    TypeCell(effluent, 0, Column(Unit::MicroEqPerLitre), "1e9");
+    EXPECT_NEAR(Effluent(0, Unit::MicroEqPerLitre), Feed(0, Unit::MicroEqPerLitre), 1e-9);
+    EXPECT_NEAR(Stored().GetEntries()[0].effluent[Unit::MgPerLitre], 100.0, 1e-9);
+}
+
+TEST_F(FeedCompositionTest, EntriesAreRemovedAfterAQuestion)
+{
+    Add("sulfate");
+    Add("calcium");
+    Add("sodium");
+    const std::string question = "Remove entry|Do you really want to remove this entry?";
+    ExpectBox(question, wxID_NO);
+    Grid().GoToCell(1, Column(Unit::MgPerLitre));
+    Focus(*Grid().GetGridWindow());
+    Press(WXK_DELETE);
+    EXPECT_EQ(Entries().size(), 3u);
+    ExpectBox(question, wxID_YES);
+    Press(WXK_DELETE);
+    ASSERT_EQ(Entries().size(), 2u);
+    EXPECT_EQ(Entries()[1].name, "sodium");
+    ExpectBox(question, wxID_YES);
+    ClickCell(Grid(), 0, kFeedRemove);
+    ASSERT_EQ(Entries().size(), 1u);
+    EXPECT_EQ(Entries()[0].name, "sodium");
+    EXPECT_EQ(Stored().GetEntries().size(), 1u);
+    EXPECT_EQ(Grid().GetNumberRows(), 1);
+}
+
+TEST_F(FeedCompositionTest, TheTotalPhIsTypedWhileItIsAdjusted)
+{
+    TvTextCtrl& field = m_view->GetTotalPhField();
+    EXPECT_FALSE(field.IsEditable());
+    EXPECT_FALSE(Grid().IsPhVisible());
+    Add("sodium");
+    TypeCell(Grid(), 0, Column(Unit::MeqPerLitre), "1");
+    Add("chloride");
+    TypeCell(Grid(), 1, Column(Unit::MeqPerLitre), "1");
+    EXPECT_NEAR(m_controller->GetComposition().GetTotalPh(), 7.08, 0.05);
+    Click(m_view->GetAdjustPhBox());
+    EXPECT_TRUE(field.IsEditable());
+    EXPECT_TRUE(Grid().IsPhVisible());
+    EXPECT_TRUE(m_view->GetEffluentGrid().IsPhVisible());
+    gui_test::Enter(field, "9");
+    EXPECT_EQ(m_controller->GetComposition().GetTotalPh(), 9.0);
+    EXPECT_GT(m_controller->GetComposition().GetFeedTotals().adjustment, 0.0) << "a base is needed";
+    EXPECT_EQ(Stored().GetStatedPh(), 9.0);
+    Click(m_view->GetAdjustPhBox());
+    EXPECT_FALSE(Grid().IsPhVisible());
+    EXPECT_NEAR(m_controller->GetComposition().GetTotalPh(), 7.08, 0.05);
+    Click(m_view->GetAdjustPhBox());
+    EXPECT_EQ(field.GetValue(), "9.00") << "what was stated comes back";
+}
+
+TEST_F(FeedCompositionTest, TheMediumBringsItsDensityAndTheTemperatureItsUnit)
+{
+    FeedMediumBox& box = m_view->GetMediumBox();
+    Add("sulfate");
+    TypeCell(Grid(), 0, Column(Unit::MgPerLitre), "102.5");
+    ASSERT_TRUE(box.GetMediumChoice()->SetStringSelection("Sea water"));
+    wxCommandEvent chosen(wxEVT_CHOICE, box.GetMediumChoice()->GetId());
+    chosen.SetEventObject(box.GetMediumChoice());
+    box.GetMediumChoice()->ProcessWindowEvent(chosen);
+    EXPECT_NEAR(Feed(0, Unit::MgPerKg), 100.0, 1e-9);
+    gui_test::Enter(*box.GetTemperatureField(), "25");
+    EXPECT_EQ(Stored().GetMedium().temperature.In(TemperatureUnit::Celsius), 25.0);
+    const int changes = m_changes;
+    m_project.SetUnitSystemDisplay("us");
+    wxCommandEvent switched(tvCHANGEUNITSYSTEM_EVENT);
+    m_view->ProcessWindowEvent(switched);
+    EXPECT_EQ(box.GetTemperatureField()->GetValue(), "77");
+    EXPECT_EQ(m_changes, changes) << "another unit is no edit";
+    EXPECT_EQ(Stored().GetMedium().temperature.In(TemperatureUnit::Celsius), 25.0);
+    gui_test::Enter(*box.GetTemperatureField(), "50");
+    EXPECT_NEAR(Stored().GetMedium().temperature.In(TemperatureUnit::Celsius), 10.0, 1e-9);
+    EXPECT_EQ(Stored().GetMedium().density, 1.025);
+}
+
+TEST_F(FeedCompositionTest, ShowsWhatTheProjectHoldsAndSpeaksTheUsersLanguage)
+{
+    Add("bicarbonate");
+    TypeCell(Grid(), 0, Column(Unit::MgPerLitre), "61");
+    FeedComposition changed = Stored();
+    changed.SetFeed(0, Unit::MgPerLitre, 122.0);
+    m_project.SaveFeedCompositionToDetails(changed);
+    m_controller->ReloadComposition();
+    EXPECT_EQ(Grid().GetCellValue(0, Column(Unit::MgPerLitre)), "122");
+
+    const std::vector<std::pair<std::string, std::string>> texts{
+        {"Feed", "Zulauf"}, {"Weak base", "Schwache Base"}, {"All elements", "Alle Elemente"},
+        {"No", "Nein"},     {"Formula", "Formel"},          {"Adjust pH", "pH einstellen"}};
+    {
+        const TestCatalogue catalogue(texts);
+        m_view->Localize("iso");
+        EXPECT_EQ(m_view->GetTabs().GetPageText(0), "Zulauf");
+        EXPECT_EQ(Grid().GetCellValue(0, kFeedAcidBase), "Schwache Base");
+        EXPECT_EQ(Grid().GetColLabelValue(kFeedFormula), "Formel");
+        EXPECT_EQ(m_view->GetElementChoice().GetString(0), "Alle Elemente");
+        EXPECT_EQ(m_view->GetElementChoice().GetString(102), "No") << "nobelium is no answer";
+        EXPECT_EQ(m_view->GetAdjustPhBox().GetLabel(), "pH einstellen");
+        EXPECT_EQ(m_view->GetSelectedElement(), "All elements");
+        EXPECT_EQ(Grid().GetName(), "Zulauf");
+    }
+    m_view->Localize("iso");
+    EXPECT_EQ(m_view->GetTabs().GetPageText(0), "Feed");
+}
+
+TEST_F(FeedCompositionTest, ARemoveImageThatIsMissingIsSaidSo)
+{
+    EXPECT_TRUE(BitmapGridCellRenderer("/icons/i16/delete.png").HasImage());
+    BitmapGridCellRenderer missing("/icons/i16/nothing.png");
+    EXPECT_FALSE(missing.HasImage());
+    auto* grid = new wxGrid(m_frame, wxID_ANY);
+    grid->CreateGrid(1, 1);
+    wxClientDC dc(grid);
+    wxGridCellAttr* attribute = grid->GetOrCreateCellAttr(0, 0);
+    const int width = missing.GetBestSize(*grid, *attribute, dc, 0, 0).x;
+    EXPECT_GE(width, dc.GetTextExtent("Bitmap error").x);
+    wxMemoryDC memory;
+    wxBitmap bitmap(width, 20);
+    memory.SelectObject(bitmap);
+    missing.Draw(*grid, *attribute, memory, wxRect(0, 0, width, 20), 0, 0, false);
+    memory.SelectObject(wxNullBitmap);
+    EXPECT_GT(bitmap.ConvertToImage().CountColours(2), 1u) << "the text is drawn";
+    attribute->DecRef();
+}
+
+}  // namespace
