@@ -10,6 +10,8 @@
 #include "gui_base/dialogs/info_message_dialog.h"
 #include "gui_base/dialogs/page_selection_dialog.h"
 #include "gui_base/dialogs/tv_multichoicedialog.h"
+#include "gui_base/ionexchange/feed/compound_editor_dialog.h"
+#include "gui_base/support/translation.h"
 #include "gui_base/support/window_picture.h"
 
 #include <wx/app.h>
@@ -162,6 +164,17 @@ void Tour::TakeModules()
     SwitchLanguage(language);
 }
 
+/// One whose formula is partly unreadable, so that the picture shows how that looks.
+Compound SampleCompound()
+{
+    Compound compound;
+    compound.name = "gypsum";
+    compound.category = "Salt";
+    compound.valency = 2;
+    compound.SetFormula("CaSO4·2H2Oy");
+    return compound;
+}
+
 void Tour::TakeDialogs()
 {
     auto* owner = new wxFrame(nullptr, wxID_ANY, "Tarnvik", wxDefaultPosition, wxSize(900, 600));
@@ -178,6 +191,8 @@ void Tour::TakeDialogs()
     TvMultiChoiceDialog choice(owner, "Ions of the report:", "Ions", static_cast<int>(ions.size()),
                                ions.data());
     TakeDialog(choice, "multi_choice");
+    CompoundEditorDialog editor(SampleCompound(), owner, wxID_ANY, i18n::Translated("Compound editor"));
+    TakeDialog(editor, "compound_editor");
     owner->Destroy();
 }
 

@@ -4,6 +4,7 @@
 /// The one connection to the user database that a process has, and how the facade's calls run on it. Internal
 /// to this library.
 
+#include "dbinterfaces/compound_cache.h"
 #include "dbinterfaces/connection.h"
 
 #include <fmt/format.h>
@@ -25,6 +26,7 @@ struct Session
     std::unique_ptr<soci::session> session;
     std::pair<std::uintmax_t, std::uintmax_t> file;  ///< device and inode, SQLite only
     bool inTransaction = false;
+    std::unique_ptr<const CompoundCache> compounds;  ///< of this database; null until they are needed
 };
 
 Session& Get();
