@@ -11,8 +11,10 @@ temporary="$(mktemp -d)"
 trap 'rm -rf "$temporary"' EXIT
 cd "$root"
 
-# The header of the template, and texts that stand in data: the kinds of the example waters.
-python3 - resources/examples/waters.csv >"$temporary/header.pot" <<'PYTHON'
+# The header of the template, and texts that stand in data: kinds of the example waters, elements, categories of
+# compounds, feed mediums.
+python3 - resources/examples/waters.csv:kind resources/master/elements.csv:name,class,state_25c \
+    resources/master/compounds.csv:category resources/master/feed_mediums.csv:name >"$temporary/header.pot" <<'PYTHON'
 import csv
 import sys
 
@@ -25,9 +27,15 @@ msgstr ""
 "Content-Type: text/plain; charset=UTF-8\\n"
 "Content-Transfer-Encoding: 8bit\\n"
 """)
-with open(sys.argv[1], encoding="utf-8", newline="") as file:
-    for kind in sorted({row["kind"] for row in csv.DictReader(file)}):
-        print(f'#: {sys.argv[1]}\nmsgid "{kind}"\nmsgstr ""\n')
+places = {}
+for argument in sys.argv[1:]:
+    path, columns = argument.split(":")
+    with open(path, encoding="utf-8", newline="") as file:
+        for row in csv.DictReader(file):
+            for text in filter(None, map(row.get, columns.split(","))):
+                places.setdefault(text, set()).add(path)
+for text, paths in sorted(places.items()):
+    print("\n".join(f"#: {path}" for path in sorted(paths)) + f'\nmsgid "{text}"\nmsgstr ""\n')
 PYTHON
 
 # The texts of controls are arguments of their constructors, at the place that is given here.
