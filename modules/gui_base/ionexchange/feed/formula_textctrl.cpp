@@ -27,6 +27,7 @@ FormulaTextCtrl::FormulaTextCtrl(wxWindow* parent, int id)
     const int height = wxTextCtrl(parent, wxID_ANY).GetBestSize().y;
     SetMinSize(wxSize(-1, height));
     SetMaxSize(wxSize(-1, height));
+    SetMargins(FromDIP(wxPoint(8, 4)));
     SetBackgroundColour(TvTextCtrl::EditableColour());
     Bind(wxEVT_KEY_DOWN, &FormulaTextCtrl::OnKey, this);
     Bind(wxEVT_TEXT_PASTE, &FormulaTextCtrl::OnPaste, this);
