@@ -144,7 +144,10 @@ TEST_F(MainFrameTest, BadFilesAreAnsweredInTheMessageArea)
         return m_folder / name;
     };
     std::string flipped = bytes;
-    flipped[flipped.size() / 2] = static_cast<char>(flipped[flipped.size() / 2] ^ 0x55);
+    // Within a value: the pages of a file also have bytes that mean nothing.
+    const std::size_t place = flipped.find("Livingstone");
+    ASSERT_NE(place, std::string::npos);
+    flipped[place] = static_cast<char>(flipped[place] ^ 0x55);
     const double sodium = Value("na.orig");
     for (const auto& path :
          {write("empty.tarnvik", ""), write("foreign.tarnvik", "hello"),
@@ -282,10 +285,10 @@ TEST_F(MainFrameTest, TheArrangementOfThePagesOutlivesTheProgram)
     m_frame->Show();
     Pump();
     EXPECT_EQ(m_frame->GetNotebook().SavePerspective().BeforeFirst('@'), arranged.BeforeFirst('@'));
-    EXPECT_EQ(m_frame->GetNotebook().GetPageCount(), 2u);
+    EXPECT_EQ(m_frame->GetNotebook().GetPageCount(), 3u) << "two waters and the feed composition";
     // A project with fewer pages takes what fits.
     m_frame->SetDocument(std::make_unique<app::Document>(app::NewEmptyProject()));
-    EXPECT_EQ(m_frame->GetNotebook().GetPageCount(), 1u);
+    EXPECT_EQ(m_frame->GetNotebook().GetPageCount(), 2u);
     EXPECT_TRUE(Messages().empty());
 }
 
