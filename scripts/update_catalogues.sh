@@ -11,10 +11,12 @@ temporary="$(mktemp -d)"
 trap 'rm -rf "$temporary"' EXIT
 cd "$root"
 
-# The header of the template, and texts that stand in data: the kinds and categories of waters, the names of ions.
-python3 - resources/examples/waters.csv:kind resources/examples/waters.csv:category resources/master/ions.csv:name \
+# The header of the template, and texts that stand in data: kinds and categories of waters, names of ions, elements,
+# categories of compounds, feed mediums.
+python3 - resources/examples/waters.csv:kind,category resources/master/ions.csv:name \
     resources/master/water_types.csv:description resources/master/alkalizing_agents.csv:name \
-    >"$temporary/header.pot" <<'PYTHON'
+    resources/master/elements.csv:name,class,state_25c resources/master/compounds.csv:category \
+    resources/master/feed_mediums.csv:name >"$temporary/header.pot" <<'PYTHON'
 import csv
 import sys
 
@@ -27,13 +29,15 @@ msgstr ""
 "Content-Type: text/plain; charset=UTF-8\\n"
 "Content-Transfer-Encoding: 8bit\\n"
 """)
-seen = {""}
+places = {}
 for argument in sys.argv[1:]:
-    path, column = argument.rsplit(":", 1)
+    path, columns = argument.split(":")
     with open(path, encoding="utf-8", newline="") as file:
-        for text in sorted({row[column] for row in csv.DictReader(file)} - seen):
-            seen.add(text)
-            print(f'#: {path}\nmsgid "{text}"\nmsgstr ""\n')
+        for row in csv.DictReader(file):
+            for text in filter(None, map(row.get, columns.split(","))):
+                places.setdefault(text, set()).add(path)
+for text, paths in sorted(places.items()):
+    print("\n".join(f"#: {path}" for path in sorted(paths)) + f'\nmsgid "{text}"\nmsgstr ""\n')
 PYTHON
 
 # The texts of controls are arguments of their constructors, at the place that is given here.

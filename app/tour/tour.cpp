@@ -12,7 +12,9 @@
 #include "gui_base/dialogs/page_selection_dialog.h"
 #include "gui_base/dialogs/tv_multichoicedialog.h"
 #include "gui_base/input/panel/aui_notebook.h"
+#include "gui_base/ionexchange/feed/compound_editor_dialog.h"
 #include "gui_base/ionexchange/feed/feed_composition_panel_controller.h"
+#include "gui_base/support/translation.h"
 #include "gui_base/support/window_picture.h"
 #include "gui_base/water/alkalization_dialog.h"
 #include "gui_base/water/co2_calculator_dialog.h"
@@ -206,6 +208,17 @@ void Tour::TakeModules()
     SwitchLanguage(language);
 }
 
+/// One whose formula is partly unreadable, so that the picture shows how that looks.
+Compound SampleCompound()
+{
+    Compound compound;
+    compound.name = "gypsum";
+    compound.category = "Salt";
+    compound.valency = 2;
+    compound.SetFormula("CaSO4·2H2Oy");
+    return compound;
+}
+
 void Tour::TakeDialogs()
 {
     auto* owner = new wxFrame(nullptr, wxID_ANY, "Tarnvik", wxDefaultPosition, wxSize(900, 600));
@@ -239,6 +252,8 @@ void Tour::TakeDialogs()
                                owner->FromDIP(wxSize(225, 100)));
     comment.SetComment("Sampled after a week of rain");
     TakeDialog(comment, "comments");
+    CompoundEditorDialog editor(SampleCompound(), owner, wxID_ANY, i18n::Translated("Compound editor"));
+    TakeDialog(editor, "compound_editor");
     owner->Destroy();
 }
 

@@ -168,20 +168,38 @@ std::vector<DBObjects::Compound> SelectFiltered(soci::session& session, Backend 
     return Select(session, "tarnvik_compound", clauses, parameters);
 }
 
-void Upsert(soci::session& session, const DBObjects::Compound& compound)
+bool IsIndexed(soci::session& session, Backend backend, const std::string& search)
 {
-    soci::indicator pKaKnown = std::isnan(compound.pKa) ? soci::i_null : soci::i_ok;
-    session << "INSERT INTO tarnvik_compound (id, base_element, name, formula, pka, valency, "
-               "oxidation_number, conjugate, ionic_charge, category) VALUES (:id, :element, :name, :formula, "
-               ":pka, :valency, :oxidation, :conjugate, :charge, :category) "
-               "ON CONFLICT (id) DO UPDATE SET base_element = excluded.base_element, name = excluded.name, "
-               "formula = excluded.formula, pka = excluded.pka, valency = excluded.valency, "
-               "oxidation_number = excluded.oxidation_number, conjugate = excluded.conjugate, "
-               "ionic_charge = excluded.ionic_charge, category = excluded.category",
-        soci::use(compound.id), soci::use(compound.baseElement), soci::use(compound.name),
-        soci::use(compound.formula), soci::use(compound.pKa, pKaKnown), soci::use(compound.valency),
-        soci::use(compound.oxidationNrCommon), soci::use(compound.conjugate), soci::use(compound.ionicCharge),
-        soci::use(compound.category);
+    if (CountCodePoints(search) < kTrigram)
+        return false;
+    if (backend == Backend::Sqlite)
+        return HasTextIndex(session);
+    // In which other letters a server ignores the case depends on its locale.
+    return CountCodePoints(search) == search.size();
+}
+
+void Upsert(soci::session& session, const std::vector<DBObjects::Compound>& compounds)
+{
+    DBObjects::Compound row;
+    soci::indicator pKaKnown = soci::i_null;
+    soci::statement statement =
+        (session.prepare
+             << "INSERT INTO tarnvik_compound (id, base_element, name, formula, pka, valency, "
+                "oxidation_number, conjugate, ionic_charge, category) VALUES (:id, :element, :name, "
+                ":formula, "
+                ":pka, :valency, :oxidation, :conjugate, :charge, :category) "
+                "ON CONFLICT (id) DO UPDATE SET base_element = excluded.base_element, name = excluded.name, "
+                "formula = excluded.formula, pka = excluded.pka, valency = excluded.valency, "
+                "oxidation_number = excluded.oxidation_number, conjugate = excluded.conjugate, "
+                "ionic_charge = excluded.ionic_charge, category = excluded.category",
+         soci::use(row.id), soci::use(row.baseElement), soci::use(row.name), soci::use(row.formula),
+         soci::use(row.pKa, pKaKnown), soci::use(row.valency), soci::use(row.oxidationNrCommon),
+         soci::use(row.conjugate), soci::use(row.ionicCharge), soci::use(row.category));
+    for (const DBObjects::Compound& compound : compounds) {
+        row = compound;
+        pKaKnown = std::isnan(row.pKa) ? soci::i_null : soci::i_ok;
+        statement.execute(true);
+    }
 }
 
 void CreateIndexes(soci::session& session, Backend backend)
@@ -196,11 +214,9 @@ void CreateIndexes(soci::session& session, Backend backend)
 
 void FillWithSupplied(soci::session& session)
 {
-    int last = 0;
-    for (const DBObjects::Compound& compound : MasterDatabase::GetSuppliedCompounds()) {
-        Upsert(session, compound);
-        last = std::max(last, static_cast<int>(compound.id));
-    }
+    const std::vector<DBObjects::Compound> supplied = MasterDatabase::GetSuppliedCompounds();
+    Upsert(session, supplied);
+    const int last = supplied.empty() ? 0 : supplied.back().id;
     session << "UPDATE tarnvik_counter SET last_id = :last WHERE name = 'compound'", soci::use(last);
 }
 

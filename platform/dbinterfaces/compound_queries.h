@@ -23,13 +23,16 @@ std::vector<DBObjects::Compound> Select(soci::session& session, const std::strin
                                         const std::string& clauses,
                                         const std::vector<Parameter>& parameters = {});
 
-/// The user's compounds under the filters of ProjectDatabase::GetCompounds.
+/// The user's compounds under the filters of ProjectDatabase::GetCompounds, found by the database.
 std::vector<DBObjects::Compound> SelectFiltered(soci::session& session, Backend backend,
                                                 const std::string& element, const std::string& category,
                                                 const std::string& search);
 
-/// Stores the compound under its identifier.
-void Upsert(soci::session& session, const DBObjects::Compound& compound);
+/// Whether an index serves a search for that text.
+bool IsIndexed(soci::session& session, Backend backend, const std::string& search);
+
+/// Stores the compounds under their identifiers.
+void Upsert(soci::session& session, const std::vector<DBObjects::Compound>& compounds);
 
 /// Indexes for element, category and, where the database can, any part of name and formula.
 void CreateIndexes(soci::session& session, Backend backend);

@@ -88,6 +88,8 @@ public:
     static std::vector<std::string> GetCompoundCategories();
     /// Stores a compound under its identifier, or under a new one where that is negative; returns it.
     static int InsertOrReplaceCompound(const DBObjects::Compound& compound);
+    /// The same for many, all or none; returns their identifiers.
+    static std::vector<int> InsertOrReplaceCompounds(const std::vector<DBObjects::Compound>& compounds);
     /// Whether there was such a compound.
     static bool DeleteCompound(int id);
 

@@ -4,24 +4,79 @@
 #include "dbinterfaces/project_database.h"
 #include "dbinterfaces/user_session.h"
 
+#include <algorithm>
+
 namespace {
 
 using user_session::Run;
 
-/// A new identifier, or a hint to hand out that one no more.
-int TakeIdentifier(soci::session& session, int wanted)
+int Last(soci::session& session, const char* counter)
 {
-    int id = wanted;
-    if (wanted < 0) {
-        session << "UPDATE tarnvik_counter SET last_id = last_id + 1 WHERE name = 'compound' "
-                   "RETURNING last_id",
-            soci::into(id);
-    } else {
-        session
-            << "UPDATE tarnvik_counter SET last_id = :wanted WHERE name = 'compound' AND last_id < :taken",
-            soci::use(wanted), soci::use(wanted);
+    const std::string name = counter;
+    int last = 0;
+    session << "SELECT last_id FROM tarnvik_counter WHERE name = :name", soci::use(name), soci::into(last);
+    return last;
+}
+
+/// The first of `count` new identifiers.
+int TakeIdentifiers(soci::session& session, int count)
+{
+    int last = 0;
+    session << "UPDATE tarnvik_counter SET last_id = last_id + :count WHERE name = 'compound' "
+               "RETURNING last_id",
+        soci::use(count), soci::into(last);
+    return last - count + 1;
+}
+
+/// Identifiers up to that one are handed out no more.
+void SkipIdentifiers(soci::session& session, int taken)
+{
+    session << "UPDATE tarnvik_counter SET last_id = :taken WHERE name = 'compound' AND last_id < :limit",
+        soci::use(taken), soci::use(taken);
+}
+
+void CountChange(soci::session& session)
+{
+    session << "UPDATE tarnvik_counter SET last_id = last_id + 1 WHERE name = 'compound.change'";
+}
+
+/// Gives the compounds without identifiers new ones.
+void NumberCompounds(soci::session& session, std::vector<DBObjects::Compound>& compounds)
+{
+    int missing = 0;
+    int highest = -1;
+    for (const DBObjects::Compound& compound : compounds) {
+        missing += compound.id < 0 ? 1 : 0;
+        highest = std::max(highest, static_cast<int>(compound.id));
     }
-    return id;
+    if (highest >= 0)
+        SkipIdentifiers(session, highest);
+    int next = missing > 0 ? TakeIdentifiers(session, missing) : 0;
+    for (DBObjects::Compound& compound : compounds) {
+        if (compound.id < 0)
+            compound.id = next++;
+    }
+}
+
+/// The compounds by filters. Showing a long list takes all of them from memory; what an index finds quickly
+/// is not worth fetching all for.
+std::vector<DBObjects::Compound> Filtered(soci::session& session, const std::string& element,
+                                          const std::string& category, const std::string& search)
+{
+    user_session::Session& state = user_session::Get();
+    const Backend backend = state.target.backend;
+    // What is not committed yet may be undone: it must not be remembered.
+    if (state.inTransaction)
+        return compound_queries::SelectFiltered(session, backend, element, category, search);
+    const int change = Last(session, "compound.change");
+    if (!state.compounds || state.compounds->GetChange() != change) {
+        state.compounds.reset();
+        if (compound_queries::IsIndexed(session, backend, search))
+            return compound_queries::SelectFiltered(session, backend, element, category, search);
+        state.compounds = std::make_unique<const CompoundCache>(
+            change, compound_queries::SelectFiltered(session, backend, {}, {}, {}));
+    }
+    return state.compounds->Filter(element, category, search);
 }
 
 }  // namespace
@@ -36,8 +91,7 @@ std::vector<DBObjects::Compound> ProjectDatabase::GetCompounds(const std::string
                                                                const std::string& search)
 {
     return Run("GetCompounds", [&](soci::session& session, const std::string&) {
-        return compound_queries::SelectFiltered(session, user_session::Get().target.backend, element,
-                                                category, search);
+        return Filtered(session, element, category, search);
     });
 }
 
@@ -68,21 +122,36 @@ std::vector<std::string> ProjectDatabase::GetCompoundCategories()
 
 int ProjectDatabase::InsertOrReplaceCompound(const DBObjects::Compound& compound)
 {
-    DBObjects::Compound stored = compound;
-    stored.id = Run("InsertOrReplaceCompound", [&](soci::session& session, const std::string&) {
-        return TakeIdentifier(session, compound.id);
+    return InsertOrReplaceCompounds({compound}).front();
+}
+
+std::vector<int> ProjectDatabase::InsertOrReplaceCompounds(const std::vector<DBObjects::Compound>& compounds)
+{
+    std::vector<DBObjects::Compound> stored = compounds;
+    Transaction transaction;
+    Run("InsertOrReplaceCompound", [&](soci::session& session, const std::string&) {
+        NumberCompounds(session, stored);
+        compound_queries::Upsert(session, stored);
+        CountChange(session);
     });
-    Run("InsertOrReplaceCompound",
-        [&](soci::session& session, const std::string&) { compound_queries::Upsert(session, stored); });
-    return stored.id;
+    transaction.Commit();
+    std::vector<int> identifiers;
+    for (const DBObjects::Compound& compound : stored)
+        identifiers.push_back(compound.id);
+    return identifiers;
 }
 
 bool ProjectDatabase::DeleteCompound(int id)
 {
-    return Run("DeleteCompound", [id](soci::session& session, const std::string&) {
+    Transaction transaction;
+    const bool removed = Run("DeleteCompound", [id](soci::session& session, const std::string&) {
         soci::statement statement =
             (session.prepare << "DELETE FROM tarnvik_compound WHERE id = :id", soci::use(id));
         statement.execute(true);
-        return statement.get_affected_rows() > 0;
+        const bool changed = statement.get_affected_rows() > 0;
+        CountChange(session);
+        return changed;
     });
+    transaction.Commit();
+    return removed;
 }

@@ -48,8 +48,9 @@ const std::array<Statements, kUserSchemaVersion> kMigrations{
         "value TEXT NOT NULL, unit TEXT NOT NULL, label TEXT NOT NULL, grp TEXT NOT NULL, "
         "PRIMARY KEY (water_id, name))",
     },
+    // Whoever changes a compound counts the change, by which others notice it.
     Statements{
-        "INSERT INTO tarnvik_counter (name, last_id) VALUES ('compound', 0)",
+        "INSERT INTO tarnvik_counter (name, last_id) VALUES ('compound', 0), ('compound.change', 0)",
         "CREATE TABLE tarnvik_compound (id INTEGER PRIMARY KEY, base_element TEXT NOT NULL, "
         "name TEXT NOT NULL, formula TEXT NOT NULL, pka DOUBLE PRECISION, valency INTEGER NOT NULL, "
         "oxidation_number INTEGER NOT NULL, conjugate INTEGER NOT NULL, ionic_charge INTEGER NOT NULL, "

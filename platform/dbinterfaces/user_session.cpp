@@ -48,6 +48,7 @@ void OpenLocked(Session& state, const std::string& connectionText)
         auto session = Connect(target, state.busyTimeout);
         EnsureUserSchema(*session, target.backend);
         state.Replace(std::move(session));
+        state.compounds.reset();
     } catch (const std::exception& error) {
         throw Classify(error, target.shown);
     }

@@ -45,27 +45,24 @@ std::size_t CarryOut(const Plan& plan, const std::vector<Decision>& decisions)
 {
     if (decisions.size() != plan.duplicates.size())
         throw std::invalid_argument("compound_import::CarryOut: each duplicate needs one decision");
-    std::size_t written = 0;
-    const auto write = [&written](DBObjects::Compound compound, std::int32_t id) {
-        compound.id = id;
-        ProjectDatabase::InsertOrReplaceCompound(compound);
-        ++written;
-    };
-    ProjectDatabase::Transaction transaction;
-    for (const DBObjects::Compound& compound : plan.added)
-        write(compound, -1);
+    std::vector<DBObjects::Compound> written = plan.added;
+    for (DBObjects::Compound& compound : written)
+        compound.id = -1;
     for (std::size_t i = 0; i < decisions.size(); ++i) {
         const Duplicate& duplicate = plan.duplicates[i];
-        DBObjects::Compound copy = duplicate.incoming;
+        if (decisions[i] == Decision::Skip)
+            continue;
+        written.push_back(duplicate.incoming);
         if (decisions[i] == Decision::Replace) {
-            write(copy, duplicate.existing.id);
-        } else if (decisions[i] == Decision::KeepBoth) {
-            copy.name += kImportedSuffix;
-            write(copy, -1);
+            written.back().id = duplicate.existing.id;
+        } else {
+            written.back().id = -1;
+            written.back().name += kImportedSuffix;
         }
     }
-    transaction.Commit();
-    return written;
+    if (!written.empty())
+        ProjectDatabase::InsertOrReplaceCompounds(written);
+    return written.size();
 }
 
 }  // namespace compound_import

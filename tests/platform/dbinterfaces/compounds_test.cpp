@@ -142,8 +142,60 @@ TEST_P(Compounds, AreFilteredByElementCategoryAndAnyPartOfNameAndFormula)
         {"name:sulfate", {}},
         {"*ulf", {}},
     };
-    for (const auto& [search, expected] : searches)
+    for (const auto& [search, expected] : searches) {
+        // Once by the database, once from what was fetched for a longer list.
+        ProjectDatabase::Open(Text());
         EXPECT_EQ(Names({}, {}, search), expected) << search;
+        ProjectDatabase::GetCompounds();
+        EXPECT_EQ(Names({}, {}, search), expected) << search;
+    }
+}
+
+TEST_P(Compounds, AreFoundInWhateverCaseAlsoBeyondAscii)
+{
+    ProjectDatabase::InsertOrReplaceCompound(Make("Gro\u00dfe S\u00e4ure \u0416", "Xx"));
+    for (const char* search : {"S\u00c4URE", "s\u00e4ure \u0436", "\u00dfE"}) {
+        ProjectDatabase::GetCompounds();
+        EXPECT_EQ(Names({}, {}, search).size(), 1U) << search;
+        ProjectDatabase::Open(Text());
+        EXPECT_EQ(Names({}, {}, search).size(), 1U) << search;
+    }
+}
+
+TEST_P(Compounds, ShowWhatOthersChangedAndNothingThatWasTakenBack)
+{
+    const std::size_t before = ProjectDatabase::GetCompounds().size();
+    {
+        ProjectDatabase::Transaction transaction;
+        ProjectDatabase::InsertOrReplaceCompound(Make("taken back", "X"));
+        EXPECT_EQ(ProjectDatabase::GetCompounds().size(), before + 1);
+    }
+    EXPECT_EQ(ProjectDatabase::GetCompounds().size(), before);
+    const pid_t child = fork();
+    if (child == 0) {
+        int status = 0;
+        try {
+            ProjectDatabase::Open(Text());
+            ProjectDatabase::InsertOrReplaceCompounds({Make("first", "X"), Make("second", "X")});
+        } catch (const std::exception&) {
+            status = 1;
+        }
+        _exit(status);
+    }
+    int status = -1;
+    waitpid(child, &status, 0);
+    ASSERT_EQ(status, 0);
+    ProjectDatabase::Open(Text());
+    EXPECT_EQ(ProjectDatabase::GetCompounds().size(), before + 2);
+    EXPECT_THAT(Names({}, "Test", {}), ElementsAre("first", "second"));
+
+    // Past the facade, as another program would.
+    const auto raw = Raw();
+    *raw << "BEGIN";
+    *raw << "DELETE FROM tarnvik_compound WHERE name = 'first'";
+    *raw << "UPDATE tarnvik_counter SET last_id = last_id + 1 WHERE name = 'compound.change'";
+    *raw << "COMMIT";
+    EXPECT_THAT(Names({}, "Test", {}), ElementsAre("second"));
 }
 
 TEST_P(Compounds, AreImportedAsAWholeOrNotAtAll)
@@ -222,6 +274,22 @@ TEST_P(CompoundTables, ComeOnlyWhenTheSuppliedCompoundsCanBeRead)
     ProjectDatabase::Open(Text());
     EXPECT_GT(ProjectDatabase::GetCompounds().size(), 100U);
     EXPECT_EQ(ProjectDatabase::GetUserParameter("language"), "de");
+}
+
+TEST_P(CompoundTables, ComeAlsoWhereTheServerGrantsNoTrigrams)
+{
+    if (IsSqlite())
+        return;
+    Sql("DO $$ BEGIN IF NOT EXISTS (SELECT 1 FROM pg_roles WHERE rolname = 'plain') THEN "
+        "CREATE ROLE plain LOGIN; END IF; END $$");
+    Sql("GRANT ALL ON SCHEMA public TO plain");
+    std::string text = Text();
+    const std::string owner = "user=tarnvik";
+    ASSERT_NE(text.find(owner), std::string::npos) << text;
+    ProjectDatabase::Open(text.replace(text.find(owner), owner.size(), "user=plain"));
+    EXPECT_EQ(Number("SELECT count(*) FROM pg_extension WHERE extname = 'pg_trgm'"), 0);
+    EXPECT_EQ(ProjectDatabase::GetCompounds({}, {}, "sodium chl").size(), 1U);
+    EXPECT_EQ(ProjectDatabase::GetCompounds({}, {}, "NaC").size(), 1U);
 }
 
 TEST(SuppliedCompounds, HaveFormulasThatAgreeWithTheirData)

@@ -12,6 +12,7 @@
 
 #include <wx/button.h>
 #include <wx/choice.h>
+#include <wx/settings.h>
 #include <wx/sizer.h>
 #include <wx/stattext.h>
 
@@ -103,6 +104,7 @@ wxTextCtrl* CompoundEditorPanel::AddLabelTextCombo(wxFlexGridSizer& grid, const 
     auto* field = new TvTextCtrl(this, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
                                  readOnly ? wxTE_READONLY : 0);
     accessibility::SetName(*field, label);
+    field->SetMinSize(FromDIP(wxSize(140, -1)));
     grid.Add(field, wxSizerFlags().Expand());
     return field;
 }
@@ -128,7 +130,8 @@ void CompoundEditorPanel::AddFormulaField(wxFlexGridSizer& grid)
     grid.AddSpacer(0);
     m_formulaMessage = new wxStaticText(this, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
                                         wxST_ELLIPSIZE_END | wxST_NO_AUTORESIZE);
-    m_formulaMessage->SetForegroundColour(wxColour(0xC0, 0x39, 0x2B));
+    const bool dark = wxSystemSettings::GetAppearance().IsUsingDarkBackground();
+    m_formulaMessage->SetForegroundColour(dark ? FormulaTextCtrl::FaultColour() : wxColour(0xC0, 0x39, 0x2B));
     grid.Add(m_formulaMessage, wxSizerFlags().Expand());
 }
 

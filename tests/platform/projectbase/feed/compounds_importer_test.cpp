@@ -101,6 +101,16 @@ TEST(CompoundFile, BringsEverySuppliedCompoundBack)
     EXPECT_THROW(LoadCompoundFile(path), std::system_error);
 }
 
+TEST(CompoundFile, ReadsAFileThatAnotherProgramMade)
+{
+    const auto compounds = LoadCompoundFile(TARNVIK_SOURCE_DIR "/fuzz/corpus/compound_file/two.mvcf");
+    ASSERT_EQ(compounds.size(), 2U);
+    EXPECT_EQ(compounds[0].name, "soda <a> \u00e4");
+    EXPECT_EQ(compounds[0].pKa, 10.329);
+    EXPECT_EQ(compounds[1].ionicCharge, -2);
+    EXPECT_TRUE(std::isnan(compounds[1].pKa));
+}
+
 TEST(CompoundFile, RefusesWhatDeviatesAndSaysWhere)
 {
     EXPECT_EQ(ErrorOf(Compounds(kAttributes)), "");
