@@ -92,8 +92,8 @@ MainFrame::~MainFrame()
 {
     m_document->GetProject().GetLogger().SetSink({});
     // The panels hold on to the project, which goes with this object's members.
-    m_feed.reset();
     DestroyChildren();
+    m_feed.reset();
 }
 
 void MainFrame::BuildWindows()

@@ -26,8 +26,9 @@ void MainFrame::BuildFeedComposition()
 
 void MainFrame::ClearModules()
 {
-    m_feed.reset();
+    // The view goes first: the toolkit does not like handlers to vanish while windows close.
     m_notebook->DeleteAllPages();
+    m_feed.reset();
     m_panels.clear();
     m_feedPanel = nullptr;
 }

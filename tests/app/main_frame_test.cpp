@@ -285,10 +285,10 @@ TEST_F(MainFrameTest, TheArrangementOfThePagesOutlivesTheProgram)
     m_frame->Show();
     Pump();
     EXPECT_EQ(m_frame->GetNotebook().SavePerspective().BeforeFirst('@'), arranged.BeforeFirst('@'));
-    EXPECT_EQ(m_frame->GetNotebook().GetPageCount(), 2u);
+    EXPECT_EQ(m_frame->GetNotebook().GetPageCount(), 3u) << "two waters and the feed composition";
     // A project with fewer pages takes what fits.
     m_frame->SetDocument(std::make_unique<app::Document>(app::NewEmptyProject()));
-    EXPECT_EQ(m_frame->GetNotebook().GetPageCount(), 1u);
+    EXPECT_EQ(m_frame->GetNotebook().GetPageCount(), 2u);
     EXPECT_TRUE(Messages().empty());
 }
 

@@ -276,6 +276,22 @@ TEST_P(CompoundTables, ComeOnlyWhenTheSuppliedCompoundsCanBeRead)
     EXPECT_EQ(ProjectDatabase::GetUserParameter("language"), "de");
 }
 
+TEST_P(CompoundTables, ComeAlsoWhereTheServerGrantsNoTrigrams)
+{
+    if (IsSqlite())
+        return;
+    Sql("DO $$ BEGIN IF NOT EXISTS (SELECT 1 FROM pg_roles WHERE rolname = 'plain') THEN "
+        "CREATE ROLE plain LOGIN; END IF; END $$");
+    Sql("GRANT ALL ON SCHEMA public TO plain");
+    std::string text = Text();
+    const std::string owner = "user=tarnvik";
+    ASSERT_NE(text.find(owner), std::string::npos) << text;
+    ProjectDatabase::Open(text.replace(text.find(owner), owner.size(), "user=plain"));
+    EXPECT_EQ(Number("SELECT count(*) FROM pg_extension WHERE extname = 'pg_trgm'"), 0);
+    EXPECT_EQ(ProjectDatabase::GetCompounds({}, {}, "sodium chl").size(), 1U);
+    EXPECT_EQ(ProjectDatabase::GetCompounds({}, {}, "NaC").size(), 1U);
+}
+
 TEST(SuppliedCompounds, HaveFormulasThatAgreeWithTheirData)
 {
     std::set<std::string> keys;

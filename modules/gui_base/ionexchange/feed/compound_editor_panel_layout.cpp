@@ -12,8 +12,8 @@
 
 #include <wx/button.h>
 #include <wx/choice.h>
-#include <wx/sizer.h>
 #include <wx/settings.h>
+#include <wx/sizer.h>
 #include <wx/stattext.h>
 
 #include <cmath>

@@ -53,7 +53,8 @@ FeedCompositionPanel::FeedCompositionPanel(wxWindow* parent, int id, wxStatusBar
 
 FeedCompositionPanel::~FeedCompositionPanel()
 {
-    // The grids and fields show members of this panel.
+    // The grids and fields show members of this panel, and an open cell must tell nobody any more.
+    m_closing = true;
     DestroyChildren();
 }
 

@@ -183,7 +183,8 @@ private:
     void OnListKey(wxListEvent& event);
 
     FeedComposition m_composition;  ///< what is shown
-    double m_phValue = 0.0;         ///< behind the field of the total pH
+    bool m_closing = false;
+    double m_phValue = 0.0;  ///< behind the field of the total pH
 
     wxBoxSizer* m_outer = nullptr;
     wxBoxSizer* m_top = nullptr;

@@ -63,7 +63,7 @@ void FeedCompositionPanel::DoBindEvents()
     m_useEffluent->Bind(wxEVT_CHECKBOX, &FeedCompositionPanel::OnUseEffluentChecked, this);
     Bind(wxEVT_SHOW, [this](wxShowEvent& event) {
         event.Skip();
-        if (event.IsShown() && !IsBeingDeleted())
+        if (event.IsShown())
             Post(tvFEED_SHOWN);
     });
     Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
@@ -87,6 +87,8 @@ void FeedCompositionPanel::BindGrid(FeedCompositionGridBase& grid, wxEventType e
 
 void FeedCompositionPanel::PostFeedEvent(FeedEvent event)
 {
+    if (m_closing || IsBeingDeleted())
+        return;
     event.SetId(GetId());
     event.SetEventObject(this);
     // To the controller alone, which has bound itself to this panel.

@@ -6,10 +6,15 @@
 #include <wx/clipbrd.h>
 #include <wx/settings.h>
 
+#include <algorithm>
+#include <span>
+
 namespace {
 
 /// Longer texts than any formula are cut, so that a pasted file does not stop the program.
 constexpr std::size_t kLongestFormula = 10'000;
+/// Further faults keep the colour of the text: nobody counts them, and each takes its time at every key.
+constexpr std::size_t kMostColoured = 100;
 
 wxString OneLine(wxString text)
 {
@@ -46,7 +51,7 @@ void FormulaTextCtrl::ShowFaults(const std::vector<FormulaFault>& faults)
     const int start = std::max(0, shown.Find(text));
     SetStyle(0, GetLastPosition(),
              wxTextAttr(wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOWTEXT), TvTextCtrl::EditableColour()));
-    for (const FormulaFault& fault : faults) {
+    for (const FormulaFault& fault : std::span(faults).first(std::min(faults.size(), kMostColoured))) {
         // Faults count bytes, the field counts characters.
         const auto characters = [&formula](std::size_t bytes) {
             return static_cast<long>(wxString::FromUTF8(formula.data(), bytes).length());
