@@ -5,6 +5,7 @@
 #include "gui_base/dialogs/tv_report_controller.h"
 #include "gui_base/input/validation/commit.h"
 #include "gui_base/input/validation/numeric_validator.h"
+#include "gui_base/report/feed_report.h"
 #include "gui_base/report/water_report.h"
 #include "gui_base/support/translation.h"
 #include "projectbase/settings/settings.h"
@@ -34,7 +35,8 @@ void MainFrame::PrintReport()
         MakeReportHead(m_document->GetProject(), title.utf8_string(), "Tarnvik " TARNVIK_VERSION);
     const wxFileName proposed(wxString::FromUTF8(m_document->GetPath().parent_path().string()), title, "pdf");
     const WaterReport waters(m_document->GetProject());
-    const ReportPageSource* const sources[] = {&waters};
+    const FeedReport feed(m_document->GetProject());
+    const ReportPageSource* const sources[] = {&waters, &feed};
     try {
         TvReportController(this).Print(sources, WindowContext(), head, proposed);
     } catch (const std::exception& error) {

@@ -2,6 +2,7 @@
 #include "app/command_line/report_command.h"
 
 #include "app/language.h"
+#include "gui_base/report/feed_report.h"
 #include "gui_base/report/report_builder.h"
 #include "gui_base/report/report_file.h"
 #include "gui_base/report/water_report.h"
@@ -183,7 +184,8 @@ void Write(const Options& options, std::ostream& err)
     CheckOutput(options);
     SwitchLanguage(wxString::FromUTF8(options.language));
     const WaterReport waters(*project);
-    const ReportPageSource* const sources[] = {&waters};
+    const FeedReport feed(*project);
+    const ReportPageSource* const sources[] = {&waters, &feed};
     const ReportBuilder builder(sources, MakeContext(options, *project));
     const std::string name = std::filesystem::path(options.file).stem().string();
     report::Document document =

@@ -2,6 +2,7 @@
 // What the pages of a water say.
 #include "gui_base/report/water_report.h"
 
+#include "gui_base/report/feed_report.h"
 #include "gui_base/report/report_builder.h"
 #include "gui_base/report/report_file.h"
 #include "projectbase/project/iex_project.h"
@@ -158,6 +159,53 @@ TEST_F(WaterReportTest, MarksWhatIsOutOfRange)
     EXPECT_THAT(Page(1), HasSubstr("Carbonate hardness|||||\n"));
     Type("na", 1e6, "meq/l");
     EXPECT_THAT(Page(0), HasSubstr("[\u25b2 1000000]"));
+}
+
+TEST_F(WaterReportTest, TellsOfAlkalizationAndBlend)
+{
+    EXPECT_EQ(Page(0).find("Alkalization"), std::string::npos);
+    Details().At("liquid/ph").SetValue(7.0);
+    Details().At("liquid/alk.type").SetValue("naoh");
+    Details().At("liquid/alk.target").SetValue(8.5);
+    const std::string page = Page(0);
+    EXPECT_NE(page.find("Alkalization: Sodium hydroxide "), std::string::npos) << page;
+    EXPECT_NE(page.find(", pH 8.5\n"), std::string::npos) << page;
+    m_project.AddLiquid("Well");
+    LiquidData& blend = m_project.AddLiquid("Blend");
+    blend.FindDetail("liquid/blend.first")->SetValue("Feed water");
+    blend.FindDetail("liquid/blend.second")->SetValue("Well");
+    blend.FindDetail("liquid/blend.share")->SetValue(30.0);
+    EXPECT_NE(Page(4).find("Blend: 30 % Feed water, Well\n"), std::string::npos);
+}
+
+TEST_F(WaterReportTest, TheFeedHasAPageOnceItHasCompounds)
+{
+    const FeedReport report(m_project);
+    const ReportContext context;
+    EXPECT_TRUE(report.GetReportPages(context).empty());
+    EXPECT_THROW(report.BuildReportPage(0, context), std::out_of_range);
+    FeedComposition composition;
+    DBObjects::Compound salt;
+    salt.name = "Sodium chloride";
+    salt.formula = "NaCl";
+    salt.valency = 1;
+    composition.Add(salt);
+    composition.SetFeed(0, FeedComposition::Unit::MgPerLitre, 58.44);
+    composition.SetUsesEffluent(true);
+    m_project.SaveFeedCompositionToDetails(composition);
+    ASSERT_EQ(report.GetReportPages(context).size(), 1u);
+    const report::Section section = report.BuildReportPage(0, context);
+    std::vector<const report::Table*> tables;
+    for (const report::Block& block : section.blocks)
+        if (const auto* table = std::get_if<report::Table>(&block))
+            tables.push_back(table);
+    ASSERT_EQ(tables.size(), 3u) << "medium, feed, effluent";
+    ASSERT_EQ(tables[1]->rows.size(), 2u);
+    EXPECT_EQ(tables[1]->rows[0].cells[0].text, "Sodium chloride");
+    EXPECT_EQ(tables[1]->rows[0].cells[2].text, "58.44");
+    EXPECT_EQ(tables[1]->rows[1].cells[2].text, "58.44");
+    EXPECT_TRUE(tables[1]->rows[1].total);
+    EXPECT_EQ(tables[2]->rows[0].cells[2].text, "0");
 }
 
 TEST_F(WaterReportTest, HasThePagesOfEveryWater)

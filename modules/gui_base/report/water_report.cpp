@@ -3,11 +3,15 @@
 
 #include "gui_base/report/water_tables.h"
 #include "projectbase/project/project.h"
+#include "projectbase/units/unit_system_manager.h"
+#include "projectbase/water/alkalization.h"
+#include "projectbase/water/blend.h"
 
 #include <fmt/format.h>
 #include <wx/translation.h>
 
 #include <array>
+#include <cmath>
 #include <stdexcept>
 
 namespace {
@@ -37,6 +41,29 @@ void AddAnalysis(report::Section& section, const LiquidData& water, const Report
     AddHeadedTable(section, wxTRANSLATE("Cations"), CationTable(details, context), context);
     AddHeadedTable(section, wxTRANSLATE("Anions"), AnionTable(details, context), context);
     AddHeadedTable(section, wxTRANSLATE("Ion balance"), BalanceTable(details, context), context);
+    AddTreatment(section, details, context);
+}
+
+/// What was done to the water, in sentences.
+void AddTreatment(report::Section& section, const DetailList& details, const ReportContext& context)
+{
+    if (water::IsBlend(details))
+        section.blocks.push_back(report::Paragraph{
+            fmt::format("{}: {} % {}, {}", context.Translated(wxTRANSLATE("Blend")),
+                        context.Number(details.At("liquid/blend.share").GetDoubleValue(), 4),
+                        context.Translated(details.At("liquid/blend.first").GetStdStringValue().c_str()),
+                        context.Translated(details.At("liquid/blend.second").GetStdStringValue().c_str()))});
+    const double pH = details.At("liquid/alk.ph").GetDoubleValue();
+    if (!std::isfinite(pH))
+        return;
+    const std::string unit = UnitSystemManager::GetUnit("mg/l", context.unitSystem, true);
+    const double dose = UnitSystemManager::FromISO("mg/l", context.unitSystem,
+                                                   details.At("liquid/alk.dosed").GetDoubleValue());
+    const std::string agent = water::AlkalizingAgentName(details.At("liquid/alk.type").GetStdStringValue());
+    section.blocks.push_back(
+        report::Paragraph{fmt::format("{}: {} {} {}, {} {}", context.Translated(wxTRANSLATE("Alkalization")),
+                                      context.Translated(agent.c_str()), context.Number(dose, 4), unit,
+                                      context.Translated(wxTRANSLATE("pH")), context.Number(pH, 3))});
 }
 
 void AddProperties(report::Section& section, const LiquidData& water, const ReportContext& context)

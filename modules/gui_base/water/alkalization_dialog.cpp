@@ -34,15 +34,6 @@ wxString Explain(water::AlkalizationResult result)
     return {};
 }
 
-wxString AgentName(const std::string& key)
-{
-    static const std::vector<DBObjects::AlkalizingAgent> agents = MasterDatabase::GetAlkalizingAgents();
-    for (const DBObjects::AlkalizingAgent& agent : agents)
-        if (agent.key == key)
-            return wxString::FromUTF8(agent.name);
-    return wxString::FromUTF8(key);
-}
-
 }  // namespace alkalization
 
 namespace {

@@ -62,7 +62,4 @@ namespace alkalization {
 /// Why a water could not be alkalised, as a source text; empty for a success and where nothing is to be done.
 GUI_BASE_EXPORT wxString Explain(water::AlkalizationResult result);
 
-/// Source name of the agent with that key; the key where the database has none.
-GUI_BASE_EXPORT wxString AgentName(const std::string& key);
-
 }  // namespace alkalization

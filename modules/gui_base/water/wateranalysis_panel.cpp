@@ -297,7 +297,8 @@ void WaterAnalysisPanel::ShowAlkalization()
         const double dose =
             UnitSystemManager::FromISO("mg/l", unitSystem, details.At("liquid/alk.dosed").GetDoubleValue());
         text = wxString::Format(i18n::Translated("%s: %s %s, pH %s"),
-                                i18n::Translated(alkalization::AgentName(agent)), number(dose, 2),
+                                i18n::Translated(wxString::FromUTF8(water::AlkalizingAgentName(agent))),
+                                number(dose, 2),
                                 wxString::FromUTF8(UnitSystemManager::GetUnit("mg/l", unitSystem, true)),
                                 number(details.At("liquid/alk.ph").GetDoubleValue(), 2));
     }

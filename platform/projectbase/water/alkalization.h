@@ -17,6 +17,7 @@
 #include "projectbase/projectbase_export.h"
 
 #include <optional>
+#include <string>
 
 namespace water {
 
@@ -94,5 +95,8 @@ enum class AlkalizationResult
 /// "liquid/alk.dosed" (mg/l). What was typed stays, so that normalising the water again takes it all back.
 /// Without success both results are unknown and the water is left as it was.
 PROJECTBASE_EXPORT AlkalizationResult CalculateAlkalization(DetailList& liquid);
+
+/// English name of the agent with that key; the key itself where the database has none.
+PROJECTBASE_EXPORT std::string AlkalizingAgentName(const std::string& key);
 
 }  // namespace water

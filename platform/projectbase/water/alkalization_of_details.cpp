@@ -99,4 +99,10 @@ AlkalizationResult CalculateAlkalization(DetailList& liquid)
     return AlkalizationResult::Done;
 }
 
+std::string AlkalizingAgentName(const std::string& key)
+{
+    const DBObjects::AlkalizingAgent* agent = FindAgent(key);
+    return agent != nullptr ? agent->name : key;
+}
+
 }  // namespace water
