@@ -41,9 +41,7 @@ struct Session
     std::unique_ptr<soci::session> session;
     std::pair<std::uintmax_t, std::uintmax_t> file;  ///< device and inode, SQLite only
     bool inTransaction = false;
-    std::unique_ptr<ValueStatement> saveValue;  ///< of `session`, made on first use
-    std::unique_ptr<const CompoundCache> compounds;  ///< of this database; null until they are needed
-
+    std::unique_ptr<ValueStatement> saveValue;       ///< of `session`, made on first use
     std::unique_ptr<const CompoundCache> compounds;  ///< of this database; null until they are needed
 
     /// Takes another session, or none.

@@ -34,16 +34,6 @@ void AddHeadedTable(report::Section& section, const char* heading, report::Table
     section.blocks.push_back(std::move(table));
 }
 
-void AddAnalysis(report::Section& section, const LiquidData& water, const ReportContext& context)
-{
-    const DetailList& details = *water.GetDetails();
-    section.blocks.push_back(GeneralTable(details, context.Translated(water.GetName().c_str()), context));
-    AddHeadedTable(section, wxTRANSLATE("Cations"), CationTable(details, context), context);
-    AddHeadedTable(section, wxTRANSLATE("Anions"), AnionTable(details, context), context);
-    AddHeadedTable(section, wxTRANSLATE("Ion balance"), BalanceTable(details, context), context);
-    AddTreatment(section, details, context);
-}
-
 /// What was done to the water, in sentences.
 void AddTreatment(report::Section& section, const DetailList& details, const ReportContext& context)
 {
@@ -64,6 +54,16 @@ void AddTreatment(report::Section& section, const DetailList& details, const Rep
         report::Paragraph{fmt::format("{}: {} {} {}, {} {}", context.Translated(wxTRANSLATE("Alkalization")),
                                       context.Translated(agent.c_str()), context.Number(dose, 4), unit,
                                       context.Translated(wxTRANSLATE("pH")), context.Number(pH, 3))});
+}
+
+void AddAnalysis(report::Section& section, const LiquidData& water, const ReportContext& context)
+{
+    const DetailList& details = *water.GetDetails();
+    section.blocks.push_back(GeneralTable(details, context.Translated(water.GetName().c_str()), context));
+    AddHeadedTable(section, wxTRANSLATE("Cations"), CationTable(details, context), context);
+    AddHeadedTable(section, wxTRANSLATE("Anions"), AnionTable(details, context), context);
+    AddHeadedTable(section, wxTRANSLATE("Ion balance"), BalanceTable(details, context), context);
+    AddTreatment(section, details, context);
 }
 
 void AddProperties(report::Section& section, const LiquidData& water, const ReportContext& context)
