@@ -48,6 +48,12 @@ void Document::RecordEdit()
     m_snapshot = DetailSnapshot(*m_project);
 }
 
+void Document::ForgetEdits()
+{
+    m_undo.Clear();
+    m_snapshot = DetailSnapshot(*m_project);
+}
+
 std::vector<DetailAddress> Document::Undo()
 {
     return Applied(m_undo.Undo());

@@ -39,6 +39,8 @@ public:
 
     /// Makes one undo step of every input that changed since the last one.
     void RecordEdit();
+    /// Starts the history anew, after waters came or went: its steps name them by number.
+    void ForgetEdits();
     bool CanUndo() const { return m_undo.CanUndo(); }
     bool CanRedo() const { return m_undo.CanRedo(); }
     /// Takes the last edit back and recalculates. Returns the keys of the details that changed.

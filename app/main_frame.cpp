@@ -317,6 +317,7 @@ void MainFrame::ReportError(const wxString& text)
 
 void MainFrame::OnProjectChanged(wxCommandEvent&)
 {
+    FollowBlends();
     m_document->RecordEdit();
     UpdateRangeMessages();
     events::SendEvent(this, tvCHANGEWINDOWNAME_EVENT, GetId(), 0, wxString());

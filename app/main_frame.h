@@ -27,6 +27,7 @@ class ModulePanelBase;
 class TvStatusBar;
 class WaterAnalysisPanel;
 class wxSplitterWindow;
+struct BlendRecipe;
 
 namespace app {
 
@@ -47,6 +48,8 @@ public:
     bool SaveFile(const std::filesystem::path& path);
     /// Offers what a program that ended unexpectedly left behind.
     void OfferRecovery();
+    /// Shows what a laboratory's file would make of the water in front, and takes it over after OK.
+    void ImportAnalysisFrom(const std::filesystem::path& path);
     void SetUnitSystem(const std::string& unitSystem);
     void SetLanguage(const wxString& code);
     void Undo();
@@ -107,6 +110,18 @@ private:
     void SaveToWaterLibrary();
     void CopyWater();
     void PasteWater();
+    void AppendAnalysisItems(wxMenu& fileMenu);
+    void ImportAnalysis();
+    void ExportAnalysis();
+    void AddWater();
+    void BlendWaters();
+    /// Makes a blend, or gives one another recipe.
+    void StoreBlend(LiquidData* blend, const BlendRecipe& recipe);
+    void RemoveWater();
+    /// Builds the pages anew after a water came or went.
+    void ShowChangedWaters(std::size_t shown);
+    /// Calculates and shows the blends of the waters again.
+    void FollowBlends();
     FeedWaterPanel* CurrentWater() const;
     void PrintReport();
     void ShowSettings();

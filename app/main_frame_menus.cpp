@@ -90,6 +90,7 @@ wxMenu* MainFrame::BuildFileMenu()
     Append(
         *menu, Tr("Save &as...") + "\tCtrl+Shift+S", [this] { AskAndSaveAs(); }, wxID_SAVEAS);
     menu->AppendSeparator();
+    AppendAnalysisItems(*menu);
     Append(
         *menu, Tr("&Print to PDF...") + "\tCtrl+P", [this] { PrintReport(); }, wxID_PRINT);
     menu->AppendSeparator();

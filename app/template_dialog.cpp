@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/template_dialog.h"
 
+#include "gui_base/dialogs/dialog_buttons.h"
 #include "gui_base/support/translation.h"
 
 #include <wx/button.h>
@@ -34,12 +35,8 @@ TemplateDialog::TemplateDialog(wxWindow* parent, const std::vector<WaterTemplate
     const wxSizerFlags spaced = wxSizerFlags().Border(wxALL, FromDIP(8)).Expand();
     outer->Add(m_list, wxSizerFlags(spaced).Proportion(1));
     outer->Add(m_source, spaced);
-    outer->Add(CreateStdDialogButtonSizer(wxOK | wxCANCEL), spaced);
+    outer->Add(dialogs::CreateButtons(*this, true, "Create"), spaced);
     SetSizerAndFit(outer);
-    if (wxWindow* ok = FindWindow(wxID_OK))
-        ok->SetLabel(i18n::Translated("Create"));
-    if (wxWindow* cancel = FindWindow(wxID_CANCEL))
-        cancel->SetLabel(i18n::Translated("Cancel"));
     if (!m_waters.empty()) {
         m_list->Select(0);
         m_list->Focus(0);

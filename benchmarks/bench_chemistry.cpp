@@ -1,5 +1,8 @@
 // SPDX-License-Identifier: MIT
 // The share of the chemistry in one edit of a water analysis, and of its costliest parts.
+#include "dbinterfaces/master_database.h"
+#include "projectbase/water/alkalization.h"
+#include "projectbase/water/carbonic_acid.h"
 #include "projectbase/water/conductivity.h"
 #include "projectbase/water/liquid_data.h"
 #include "projectbase/water/normalization.h"
@@ -7,6 +10,7 @@
 
 #include <benchmark/benchmark.h>
 
+#include <algorithm>
 #include <string>
 
 namespace {
@@ -46,6 +50,26 @@ water::Composition GypsumWater()
     return composition;
 }
 
+/// Aim: at most 20 µs.
+void Co2OfAWater(benchmark::State& state)
+{
+    double pH = 7.0;
+    for (auto _ : state) {
+        const water::CarbonicEquilibrium acid(pH = pH < 8.0 ? pH + 1e-4 : 7.0, 15.0, 0.01);
+        benchmark::DoNotOptimize(acid.Co2FromBicarbonate(2.0));
+    }
+}
+
+void AlkalizedToPh(benchmark::State& state)
+{
+    const auto agents = MasterDatabase::GetAlkalizingAgents();
+    const auto& ammonia =
+        *std::find_if(agents.begin(), agents.end(), [](const auto& agent) { return agent.key == "nh3"; });
+    const water::CarbonateWater start = water::WaterFromPh(7.0, 15.0, 2.0, 0.0, 0.005);
+    for (auto _ : state)
+        benchmark::DoNotOptimize(water::DoseToPh(start, ammonia, 9.0));
+}
+
 void OneEdit(benchmark::State& state)
 {
     LiquidData liquid;
@@ -58,6 +82,8 @@ void OneEdit(benchmark::State& state)
         water::UpdateDerivedValues(details);
     }
 }
+BENCHMARK(Co2OfAWater)->Unit(benchmark::kMicrosecond);
+BENCHMARK(AlkalizedToPh)->Unit(benchmark::kMicrosecond);
 BENCHMARK(OneEdit)->Unit(benchmark::kMicrosecond);
 
 void NormalizeEveryIon(benchmark::State& state)

@@ -20,7 +20,7 @@ import tempfile
 from pathlib import Path
 
 APPLICATION_ID = 0x54564D44  # "TVMD"
-SCHEMA_VERSION = 5
+SCHEMA_VERSION = 6
 ROLES = {"input", "derived"}
 TYPES = {"double", "long", "bool", "date", "string"}
 # Columns of the waters that are details by another name; a column that bears the name of an ion is its amount in mg/l.
@@ -65,6 +65,8 @@ CREATE TABLE compound (id INTEGER PRIMARY KEY, base_element TEXT NOT NULL, name 
 CREATE TABLE feed_medium (id INTEGER PRIMARY KEY, name TEXT NOT NULL UNIQUE, density REAL NOT NULL);
 CREATE TABLE feed_medium_usage (medium_id INTEGER NOT NULL, module TEXT NOT NULL, usage TEXT NOT NULL,
     PRIMARY KEY (module, usage, medium_id)) WITHOUT ROWID;
+CREATE TABLE organic (id INTEGER PRIMARY KEY, code TEXT NOT NULL UNIQUE, label TEXT NOT NULL, acidity REAL NOT NULL,
+    carbon REAL NOT NULL);
 CREATE TABLE water_type (id INTEGER PRIMARY KEY, code TEXT NOT NULL UNIQUE, description TEXT NOT NULL);
 -- Categories and countries take their identifiers from one row of numbers: a query names either kind by number alone.
 CREATE TABLE water_category (id INTEGER PRIMARY KEY, name TEXT NOT NULL UNIQUE, position INTEGER NOT NULL);
@@ -213,6 +215,13 @@ def fill_feed_mediums(db, csv_dir):
                        [(identifier, "iex", usage) for usage in row["usages"].split()])
 
 
+def fill_organics(db, csv_dir):
+    rows = read_csv(csv_dir / "organics.csv", ("key", "label", "acidity", "carbon"))
+    for identifier, (where, row) in enumerate(rows, start=1):
+        db.execute("INSERT INTO organic VALUES (?,?,?,?,?)",
+                   (identifier, row["key"], row["label"], number(row["acidity"], where), number(row["carbon"], where)))
+
+
 def fill_water_types(db, csv_dir):
     for identifier, (_, row) in enumerate(read_csv(csv_dir / "water_types.csv", ("code", "description")), start=1):
         db.execute("INSERT INTO water_type VALUES (?,?,?)", (identifier, row["code"], row["description"]))
@@ -293,6 +302,7 @@ def build(path, arguments):
     fill_alkalizing_agents(db, arguments.csv_dir, ions)
     fill_compounds(db, arguments.csv_dir)
     fill_feed_mediums(db, arguments.csv_dir)
+    fill_organics(db, arguments.csv_dir)
     fill_water_types(db, arguments.csv_dir)
     fill_waters(db, arguments.waters, ions)
     db.commit()

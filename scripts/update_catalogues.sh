@@ -14,7 +14,7 @@ cd "$root"
 # The header of the template, and texts that stand in data: kinds and categories of waters, names of ions, elements,
 # categories of compounds, feed mediums.
 python3 - resources/examples/waters.csv:kind,category resources/master/ions.csv:name \
-    resources/master/water_types.csv:description resources/master/alkalizing_agents.csv:name \
+    resources/master/water_types.csv:description resources/master/alkalizing_agents.csv:name resources/master/organics.csv:label \
     resources/master/elements.csv:name,class,state_25c resources/master/compounds.csv:category \
     resources/master/feed_mediums.csv:name >"$temporary/header.pot" <<'PYTHON'
 import csv
@@ -46,7 +46,7 @@ find app modules platform -name '*.cpp' -o -name '*.h' | LC_ALL=C sort |
         --package-name=tarnvik --add-location=file --add-comments=TRANSLATORS \
         --keyword --keyword=wxTRANSLATE --keyword=Translated --keyword=Tr --keyword=AddLabel:2 \
         --keyword=TvStaticBoxSizer:3 --keyword=TvCheckBox:3 --keyword=TvRadioButton:3 --keyword=TvButton:3 \
-        --keyword=TvStaticText:3 --keyword=SetTranslatableToolTip --keyword=SetTranslatableHint
+        --keyword=TvStaticText:3 --keyword=SetTranslatableToolTip --keyword=SetTranslatableHint --keyword=CreateButtons:3
 msgcat --use-first --sort-output "$temporary/header.pot" "$temporary/sources.pot" >"$folder/tarnvik.pot"
 
 for catalogue in "$folder"/*.po; do

@@ -14,6 +14,7 @@
 #include "gui_base/input/panel/aui_notebook.h"
 #include "gui_base/ionexchange/feed/compound_editor_dialog.h"
 #include "gui_base/ionexchange/feed/feed_composition_panel_controller.h"
+#include "gui_base/ionexchange/regeneration/waste_water_panel.h"
 #include "gui_base/support/translation.h"
 #include "gui_base/support/window_picture.h"
 #include "gui_base/water/alkalization_dialog.h"
@@ -110,6 +111,7 @@ public:
 
     void TakeModules();
     void TakeDialogs();
+    void TakeWasteWater(wxWindow& owner);
 
 private:
     void Save(wxWindow& window, const std::string& name)
@@ -254,7 +256,28 @@ void Tour::TakeDialogs()
     TakeDialog(comment, "comments");
     CompoundEditorDialog editor(SampleCompound(), owner, wxID_ANY, i18n::Translated("Compound editor"));
     TakeDialog(editor, "compound_editor");
+    TakeWasteWater(*owner);
     owner->Destroy();
+}
+
+void Tour::TakeWasteWater(wxWindow& owner)
+{
+    iex::IEXProject project;
+    double value = 0.0;
+    for (auto& [name, detail] : project.GetStepDetails())
+        detail.SetValue(value += 12.5);
+    auto acid = std::make_shared<DetailList>();
+    acid->LoadGroup("stepcomp", "BASE");
+    for (auto& [name, detail] : *acid)
+        detail.SetValue(value += 12.5);
+    wxDialog dialog(&owner, wxID_ANY, "Waste water");
+    auto* panel =
+        new TvWasteWaterAndComposition(&project, &dialog, {{"HCl", acid}, {"NaOH", nullptr}}, "Waste water");
+    auto* sizer = new wxBoxSizer(wxVERTICAL);
+    sizer->Add(panel, wxSizerFlags(1).Expand());
+    dialog.SetSizerAndFit(sizer);
+    TakeDialog(dialog, "waste_water");
+    dialog.DestroyChildren();
 }
 
 }  // namespace

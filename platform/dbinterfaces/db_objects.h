@@ -109,6 +109,17 @@ struct FeedMedium
     double density = 0.0;  ///< kg/l at 20 °C
 };
 
+/// What the organic load of a water consists of. Typical figures of aquatic humic substances, Thurman 1985,
+/// Organic Geochemistry of Natural Waters.
+struct Organic
+{
+    int id = -1;
+    std::string key;       ///< for example "fulvic"
+    std::string label;     ///< English
+    double acidity = 0.0;  ///< meq of carboxyl groups per g of substance
+    double carbon = 0.0;   ///< g of carbon per g of substance
+};
+
 /// What a water is: the code is stored with it, the description (English) is shown.
 struct WaterType
 {

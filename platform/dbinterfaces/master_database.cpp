@@ -17,7 +17,7 @@ namespace {
 
 constexpr water_queries::Tables kMasterWaters{"", 0};
 constexpr int kApplicationId = 0x54564D44;  // "TVMD", as the build script writes it
-constexpr int kSchemaVersion = 5;
+constexpr int kSchemaVersion = 6;
 
 struct State
 {
@@ -277,6 +277,23 @@ DBObjects::FeedMedium MasterDatabase::GetFeedMedium(int id)
         session << "SELECT id, name, density FROM feed_medium WHERE id = :id", soci::use(id),
             soci::into(medium.id), soci::into(medium.name), soci::into(medium.density);
         return session.got_data() ? medium : DBObjects::FeedMedium();
+    });
+}
+
+std::vector<DBObjects::Organic> MasterDatabase::GetOrganics(const std::string& pattern)
+{
+    return Run("GetOrganics", [&](soci::session& session) {
+        DBObjects::Organic organic;
+        std::vector<DBObjects::Organic> organics;
+        soci::statement statement =
+            (session.prepare << "SELECT id, code, label, acidity, carbon FROM organic WHERE code LIKE "
+                                ":pattern ORDER BY id",
+             soci::use(pattern, "pattern"), soci::into(organic.id), soci::into(organic.key),
+             soci::into(organic.label), soci::into(organic.acidity), soci::into(organic.carbon));
+        statement.execute();
+        while (statement.fetch())
+            organics.push_back(organic);
+        return organics;
     });
 }
 

@@ -58,6 +58,10 @@ public:
     /// The feed medium with that identifier; identifier -1 where there is none.
     static DBObjects::FeedMedium GetFeedMedium(int id);
 
+    /// What the organic load of a water can consist of, by a pattern of the key in which "%" stands for any
+    /// text; "none" is first.
+    static std::vector<DBObjects::Organic> GetOrganics(const std::string& pattern = "%");
+
     /// The kinds of waters in the order in which they are offered.
     static std::vector<DBObjects::WaterType> GetWaterTypes();
     /// Description of the water type with that code; empty when there is none.

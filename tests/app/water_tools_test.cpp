@@ -5,7 +5,9 @@
 #include "app/tarnvik_app.h"
 #include "app/templates.h"
 #include "dbinterfaces/project_database.h"
+#include "gui_base/input/panel/aui_notebook.h"
 #include "gui_base/water/feed_water_panel.h"
+#include "gui_base/water/laboratory_dialog.h"
 #include "gui_base/water/water_clipboard.h"
 #include "gui_base/water/water_lib_dialog.h"
 #include "gui_base/water/water_lib_list.h"
@@ -15,11 +17,13 @@
 #include "tests/support/temp_folder.h"
 
 #include <wx/button.h>
+#include <wx/filedlg.h>
 #include <wx/menu.h>
 #include <wx/msgdlg.h>
 
 #include <cmath>
 #include <filesystem>
+#include <fstream>
 
 namespace {
 
@@ -191,6 +195,102 @@ TEST_F(WaterToolsTest, SpeaksGerman)
     });
     Menu("Extras", "Wasserbibliothek ...");
     EXPECT_FALSE(OpenProject().IsChanged());
+}
+
+TEST_F(WaterToolsTest, ALaboratorysFileIsPreviewedAndTakenOver)
+{
+    const std::filesystem::path path = m_folder / "lab.csv";
+    std::ofstream(path, std::ios::binary) << "Probe;Ca [mg/l];Uran [\xb5g/l];pH;Cl [mg/l]\n"
+                                             "A;40,5;1;7,25;<1\nB;50;2;8;9\n";
+    const double sodium = Water("na.orig").GetDoubleValue();
+    wxString shown;
+    const auto look = [&shown](wxDialog& dialog) {
+        const wxListView& list = dynamic_cast<LaboratoryDialog&>(dialog).GetList();
+        for (int row = 0; row < list.GetItemCount(); ++row)
+            shown += list.GetItemText(row, 0) + "=" + list.GetItemText(row, 2) + "/" +
+                     list.GetItemText(row, 4) + ";";
+    };
+    m_dialogs.Expect([&](wxDialog& dialog) {
+        look(dialog);
+        return wxID_CANCEL;
+    });
+    m_frame->ImportAnalysisFrom(path);
+    EXPECT_EQ(shown,
+              wxString::FromUTF8("Probe=/Unknown parameter;Ca [mg/l]=40.5/;"
+                                 "Uran [\u00b5g/l]=/Unknown parameter;pH=7.25/;Cl [mg/l]=/No number;"));
+    EXPECT_EQ(Water("na.orig").GetDoubleValue(), sodium) << "nothing changes before OK";
+    EXPECT_FALSE(OpenProject().IsChanged());
+
+    m_dialogs.Expect([](wxDialog&) { return wxID_OK; });
+    m_frame->ImportAnalysisFrom(path);
+    Pump();
+    EXPECT_EQ(Water("ca.orig").GetDoubleValue(), 40.5);
+    EXPECT_EQ(Water("ph").GetDoubleValue(), 7.25);
+    EXPECT_EQ(Water("na.orig").GetDoubleValue(), 0.0);
+    EXPECT_EQ(Panel().FindField("liquid/ca.orig")->GetValue(), "40.5");
+    m_frame->Undo();
+    Pump();
+    EXPECT_EQ(Water("na.orig").GetDoubleValue(), sodium);
+
+    std::ofstream(m_folder / "letter.txt") << "Dear customer,\nthe results follow.\n";
+    m_frame->ImportAnalysisFrom(m_folder / "letter.txt");
+    m_frame->ImportAnalysisFrom(m_folder / "missing.csv");
+    EXPECT_EQ(MessageCount(), 2);
+}
+
+TEST_F(WaterToolsTest, AnExportedAnalysisCanBeImported)
+{
+    const std::filesystem::path path = m_folder / "out.csv";
+    m_dialogs.Expect([&](wxDialog& dialog) {
+        return ChooseFile(dynamic_cast<wxFileDialog&>(dialog), path) ? wxID_OK : wxID_CANCEL;
+    });
+    Menu("File", "Export analysis...");
+    ASSERT_TRUE(std::filesystem::exists(path));
+    const double calcium = Water("ca.orig").GetDoubleValue();
+    m_frame->SetDocument(MakeDocument("amazon"));
+    Pump();
+    m_dialogs.Expect([](wxDialog&) { return wxID_OK; });
+    m_frame->ImportAnalysisFrom(path);
+    Pump();
+    EXPECT_EQ(Water("ca.orig").GetDoubleValue(), calcium);
+}
+
+TEST_F(WaterToolsTest, WatersAreAddedBlendedAndRemoved)
+{
+    Menu("Tools", "Blend waters...");
+    EXPECT_EQ(MessageCount(), 1) << "two waters are needed";
+    Menu("Tools", "Add water");
+    ASSERT_EQ(OpenProject().GetLiquidCount(), 2u);
+    EXPECT_EQ(OpenProject().GetLiquid(1).GetName(), "Water");
+    m_dialogs.Expect([](wxDialog&) { return wxID_OK; });
+    Menu("Tools", "Blend waters...");
+    ASSERT_EQ(OpenProject().GetLiquidCount(), 3u);
+    const auto blended = [this](const char* key) {
+        return OpenProject().GetLiquid(2).FindDetail(key)->GetDoubleValue();
+    };
+    EXPECT_NEAR(blended("liquid/na.mgl"), 8.15, 1e-9);
+
+    // An edit of the first water shows in the blend at once, and is undone with it.
+    m_frame->GetNotebook().SetSelection(0);
+    Enter(*Panel().FindField("liquid/na.orig"), "100");
+    Pump();
+    EXPECT_NEAR(blended("liquid/na.mgl"), 50.0, 1e-9);
+    m_frame->Undo();
+    Pump();
+    EXPECT_NEAR(blended("liquid/na.mgl"), 8.15, 1e-9);
+
+    m_frame->GetNotebook().SetSelection(1);
+    m_dialogs.Expect([](wxDialog&) { return wxID_NO; });
+    Menu("Tools", "Remove water");
+    EXPECT_EQ(OpenProject().GetLiquidCount(), 3u);
+    m_dialogs.Expect([](wxDialog&) { return wxID_YES; });
+    Menu("Tools", "Remove water");
+    ASSERT_EQ(OpenProject().GetLiquidCount(), 2u);
+    EXPECT_NEAR(OpenProject().GetLiquid(1).FindDetail("liquid/na.mgl")->GetDoubleValue(), 8.15, 1e-9);
+    m_dialogs.Expect([](wxDialog&) { return wxID_YES; });
+    Menu("Tools", "Remove water");
+    Menu("Tools", "Remove water");
+    EXPECT_EQ(OpenProject().GetLiquidCount(), 1u) << "the last one stays";
 }
 
 }  // namespace

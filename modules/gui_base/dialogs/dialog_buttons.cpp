@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "gui_base/dialogs/dialog_buttons.h"
 
+#include "gui_base/support/button_label.h"
 #include "gui_base/support/translation.h"
 
 #include <wx/button.h>
+#include <wx/intl.h>
 
 namespace dialogs {
 
@@ -11,11 +13,16 @@ wxSizer* CreateButtons(wxDialog& dialog, bool cancel, const wxString& okLabel)
 {
     // The toolkit translates its own labels only where its own catalogue is installed.
     auto* sizer = new wxStdDialogButtonSizer;
-    auto* ok = new wxButton(&dialog, wxID_OK, i18n::Translated(okLabel));
+    const auto button = [&dialog](int id, const wxString& label) {
+        auto* made = new wxButton(&dialog, id);
+        button_label::Set(*made, i18n::Translated(label));
+        return made;
+    };
+    wxButton* ok = button(wxID_OK, okLabel);
     ok->SetDefault();
     sizer->AddButton(ok);
     if (cancel)
-        sizer->AddButton(new wxButton(&dialog, wxID_CANCEL, i18n::Translated("Cancel")));
+        sizer->AddButton(button(wxID_CANCEL, wxTRANSLATE("Cancel")));
     sizer->Realize();
     return sizer;
 }

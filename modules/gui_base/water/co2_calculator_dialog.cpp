@@ -1,36 +1,17 @@
 // SPDX-License-Identifier: MIT
 #include "gui_base/water/co2_calculator_dialog.h"
 
-#include "gui_base/core/ion_units.h"
 #include "gui_base/support/translation.h"
+#include "gui_base/water/unit_lists.h"
 #include "projectbase/settings/settings.h"
 #include "projectbase/units/temperature.h"
 
 #include <wx/intl.h>
 
-#include <array>
-
 namespace {
 
 constexpr double kMostBicarbonate = 999999.0;
 constexpr double kMostPh = 14.0;
-
-std::vector<wxString> TemperatureUnits()
-{
-    std::vector<wxString> units;
-    for (TemperatureUnit unit :
-         {TemperatureUnit::Celsius, TemperatureUnit::Fahrenheit, TemperatureUnit::Kelvin})
-        units.push_back(wxString::FromUTF8(Temperature::UnitText(unit)));
-    return units;
-}
-
-std::vector<wxString> IonUnits()
-{
-    std::vector<wxString> units;
-    for (const std::string_view unit : ions::kIonUnits)
-        units.push_back(wxString::FromUTF8(unit.data(), unit.size()));
-    return units;
-}
 
 }  // namespace
 
@@ -46,15 +27,16 @@ void tvCO2CalculatorPanel::DoCreateControls()
 {
     CreateForm();
     AddInputCombinationControl(wxTRANSLATE("pH"), "liquid/ph", 0.0, kMostPh);
-    m_temperature = AddInputCombinationUnitControl(wxTRANSLATE("Temperature"), "liquid/temp.orig",
-                                                   "liquid/temp.unit", 0.0, 0.0, TemperatureUnits());
+    m_temperature =
+        AddInputCombinationUnitControl(wxTRANSLATE("Temperature"), "liquid/temp.orig", "liquid/temp.unit",
+                                       0.0, 0.0, water_units::OfTemperatures());
     UpdateTemperatureLimits();
     Bind(tvUNITCHANGED_EVENT, [this](wxCommandEvent& event) {
         UpdateTemperatureLimits();
         event.Skip();
     });
     AddInputCombinationUnitControl(wxTRANSLATE("HCO3"), "liquid/hco3.orig", "liquid/hco3.unit", 0.0,
-                                   kMostBicarbonate, IonUnits());
+                                   kMostBicarbonate, water_units::OfIons());
     AddDoubleOutputCombinationControl(wxTRANSLATE("CO2"), "liquid/co2.mgl");
 }
 

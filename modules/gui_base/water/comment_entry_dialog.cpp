@@ -2,6 +2,7 @@
 #include "gui_base/water/comment_entry_dialog.h"
 
 #include "gui_base/support/accessibility.h"
+#include "gui_base/support/button_label.h"
 #include "gui_base/support/translation.h"
 
 #include <wx/sizer.h>
@@ -34,14 +35,17 @@ void CommentEntryDialog::CreateControls()
     // The window may be made as small as a line of text.
     m_field->SetMinSize(wxSize(-1, GetCharHeight() + gap));
     accessibility::SetName(*m_field, label);
-    m_save = new wxButton(this, wxID_OK, i18n::Translated("&Save"), wxDefaultPosition, wxDefaultSize,
-                          wxBU_EXACTFIT);
+    const auto button = [this](int id, const wxString& text) {
+        auto* made = new wxButton(this, id, wxString(), wxDefaultPosition, wxDefaultSize, wxBU_EXACTFIT);
+        button_label::Set(*made, text);
+        return made;
+    };
+    m_save = button(wxID_OK, i18n::Translated("&Save"));
     auto* buttons = new wxBoxSizer(wxHORIZONTAL);
     buttons->Add(new wxStaticText(this, wxID_ANY, label), wxSizerFlags().CentreVertical());
     buttons->AddStretchSpacer();
     buttons->Add(m_save, wxSizerFlags().Border(wxRIGHT, gap));
-    buttons->Add(new wxButton(this, wxID_CANCEL, i18n::Translated("&Cancel"), wxDefaultPosition,
-                              wxDefaultSize, wxBU_EXACTFIT));
+    buttons->Add(button(wxID_CANCEL, i18n::Translated("&Cancel")));
     auto* outer = new wxBoxSizer(wxVERTICAL);
     outer->Add(buttons, wxSizerFlags().Expand().Border(wxALL, gap));
     outer->Add(m_field, wxSizerFlags().Expand().Proportion(1).Border(wxLEFT | wxRIGHT | wxBOTTOM, gap));

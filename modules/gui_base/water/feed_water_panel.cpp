@@ -60,13 +60,25 @@ void FeedWaterPanel::CreateHeader(Project* project, int liquid)
                                                  .countries = gui_utils::GetCountries(),
                                                  .waterTypes = WaterTypes()});
     origin->Add(m_metaInformation, spaced);
-    m_header->Add(feed, wxSizerFlags(spaced).Expand());
+    auto* quantity = new wxBoxSizer(wxHORIZONTAL);
+    quantity->Add(feed, wxSizerFlags(spaced).Expand());
+    m_header->Add(quantity, wxSizerFlags().Expand());
     m_header->Add(origin, wxSizerFlags(spaced).Expand());
+    if (liquid == 0) {
+        DetailList& details = project->GetDetails();
+        m_organics = new OrganicsInputPanel(&details.At("feed/medium"), &details.At("feed/organics"), this,
+                                            GetStatusBar());
+        m_organicsController = std::make_unique<OrganicsInputPanelController>(project, m_organics);
+        AddLocalizable(m_organics);
+        quantity->Add(m_organics, wxSizerFlags(spaced).Expand());
+    }
     GetSizer()->Insert(0, m_header);
     // What stands above comes first for the keyboard, too.
     if (first != nullptr) {
         feed->GetStaticBox()->MoveBeforeInTabOrder(first);
         origin->GetStaticBox()->MoveBeforeInTabOrder(first);
+        if (m_organics != nullptr)
+            m_organics->MoveBeforeInTabOrder(origin->GetStaticBox());
     }
 }
 
@@ -81,6 +93,13 @@ void FeedWaterPanel::ArrangeHeader()
     m_header->SetOrientation(orientation);
     Layout();
     FitInside();
+}
+
+void FeedWaterPanel::DoTransferDetailsToWindows()
+{
+    WaterAnalysisPanel::DoTransferDetailsToWindows();
+    if (m_organicsController)
+        m_organicsController->TransferToView();
 }
 
 void FeedWaterPanel::DoUpdateUnits()

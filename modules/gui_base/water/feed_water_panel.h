@@ -5,6 +5,7 @@
 
 #include "gui_base/water/feed_meta_information.h"
 #include "gui_base/water/feed_water_specification.h"
+#include "gui_base/water/organics_input_panel.h"
 #include "gui_base/water/wateranalysis_panel.h"
 
 class wxBoxSizer;
@@ -23,8 +24,11 @@ public:
     bool FocusDetail(const std::string& key) override;
     FeedWaterSpecification* GetSpecification() const { return m_specification; }
     FeedMetaInformation* GetMetaInformation() const { return m_metaInformation; }
+    /// The organic load of the feed, which stands with the first water; null with the others.
+    OrganicsInputPanel* GetOrganics() const { return m_organics; }
 
 protected:
+    void DoTransferDetailsToWindows() override;
     void DoUpdateUnits() override;
     void DoLocalize() override;
 
@@ -34,5 +38,7 @@ private:
 
     FeedWaterSpecification* m_specification = nullptr;
     FeedMetaInformation* m_metaInformation = nullptr;
+    OrganicsInputPanel* m_organics = nullptr;
+    std::unique_ptr<OrganicsInputPanelController> m_organicsController;
     wxBoxSizer* m_header = nullptr;
 };

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "gui_base/water/paste_column.h"
 
+#include "gui_base/dialogs/dialog_buttons.h"
 #include "gui_base/input/validation/numeric_validator.h"
 #include "gui_base/support/translation.h"
 #include "gui_base/water/wateranalysis_panel.h"
@@ -81,14 +82,9 @@ PasteColumnDialog::PasteColumnDialog(wxWindow* parent, const std::vector<PasteLi
     auto* list = new wxListView(this, wxID_ANY, wxDefaultPosition, FromDIP(wxSize(620, 400)));
     FillList(*list, lines);
     outer->Add(list, wxSizerFlags(spaced).Expand().Proportion(1));
-    outer->Add(CreateStdDialogButtonSizer(wxOK | wxCANCEL), wxSizerFlags(spaced).Expand());
+    outer->Add(dialogs::CreateButtons(*this, true, "Paste"), wxSizerFlags(spaced).Expand());
     SetSizerAndFit(outer);
-    if (wxWindow* ok = FindWindow(wxID_OK)) {
-        ok->SetLabel(i18n::Translated("Paste"));
-        ok->Enable(HasNumbers(lines));
-    }
-    if (wxWindow* cancel = FindWindow(wxID_CANCEL))
-        cancel->SetLabel(i18n::Translated("Cancel"));
+    FindWindow(wxID_OK)->Enable(HasNumbers(lines));
     CentreOnParent();
 }
 

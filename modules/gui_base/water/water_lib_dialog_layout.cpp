@@ -3,6 +3,7 @@
 #include "dbinterfaces/project_database.h"
 #include "gui_base/input/controls/tv_searchctrl.h"
 #include "gui_base/support/accessibility.h"
+#include "gui_base/support/button_label.h"
 #include "gui_base/support/translation.h"
 #include "gui_base/water/water_lib_dialog.h"
 #include "gui_base/water/water_lib_list.h"
@@ -147,7 +148,9 @@ wxSizer* WaterLibDialog::CreateButtonRow()
     m_use = new wxButton(this, wxID_ANY, Tr("Use current selection as feed water"));
     row->Add(m_count, wxSizerFlags().CentreVertical().Proportion(1));
     row->Add(m_use, wxSizerFlags().Border(wxRIGHT, FromDIP(2 * kGap)));
-    row->Add(new wxButton(this, wxID_CANCEL, Tr("Close")));
+    auto* close = new wxButton(this, wxID_CANCEL);
+    button_label::Set(*close, Tr("Close"));
+    row->Add(close);
     SetEscapeId(wxID_CANCEL);
     return row;
 }

@@ -16,6 +16,7 @@
 #include "gui_base/water/balance_panel.h"
 #include "projectbase/settings/settings.h"
 #include "projectbase/units/unit_system_manager.h"
+#include "projectbase/water/blend.h"
 #include "projectbase/water/composition.h"
 #include "projectbase/water/normalization.h"
 
@@ -266,6 +267,7 @@ void WaterAnalysisPanel::NormalizeIon(const wxString& ion, bool checkName)
 
 void WaterAnalysisPanel::NormalizeLiquid()
 {
+    GetProject()->UpdateBlend(m_index);
     GetProject()->NormalizeIons(m_index, true);
     CalculateAlkalization();
 }
@@ -385,14 +387,18 @@ void WaterAnalysisPanel::CheckAnalysisType()
 void WaterAnalysisPanel::EnableInputFields()
 {
     const AnalysisType type = GetAnalysisType();
-    const bool full = type == AnalysisType::Full;
+    // What is mixed of other waters is typed there.
+    const bool isBlend = water::IsBlend(*m_liquid.GetDetails());
+    const bool full = type == AnalysisType::Full && !isBlend;
     FindField("liquid/tds.short")->Enable(type == AnalysisType::ShortTds);
     FindField("liquid/cond.short")->Enable(type == AnalysisType::ShortConductivity);
     for (const auto& grid : m_grids) {
         for (wateranalysis::IonGrid::Row& row : grid->Rows())
             EnableRow(row, full);
     }
-    const bool typedCo2 = !m_liquid.GetDetails()->At("liquid/calculate.co2").GetBoolValue();
+    const bool typedCo2 = !isBlend && !m_liquid.GetDetails()->At("liquid/calculate.co2").GetBoolValue();
+    m_temperatureField->Enable(!isBlend);
+    m_temperatureUnit->Enable(!isBlend);
     FindField("liquid/co2.orig")->Enable(typedCo2);
     m_co2Unit->Enable(typedCo2);
     m_balance->Enable(full);

@@ -8,6 +8,7 @@
 #include "gui_base/water/balance_panel.h"
 #include "gui_base/water/co2_calculator_dialog.h"
 #include "gui_base/water/wateranalysis_panel.h"
+#include "projectbase/water/blend.h"
 #include "projectbase/water/normalization.h"
 
 #include <wx/bmpbuttn.h>
@@ -236,7 +237,7 @@ void WaterAnalysisPanel::OnOhMinusUpdate(wxUpdateUIEvent& event)
 void WaterAnalysisPanel::OnPhUpdate(wxUpdateUIEvent& event)
 {
     // A short analysis is a neutral salt solution: it has no use for a pH.
-    event.Enable(GetAnalysisType() == AnalysisType::Full);
+    event.Enable(GetAnalysisType() == AnalysisType::Full && !water::IsBlend(*m_liquid.GetDetails()));
 }
 
 void WaterAnalysisPanel::OnSize(wxSizeEvent& event)

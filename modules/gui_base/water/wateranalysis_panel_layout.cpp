@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 // The controls of the water analysis panel.
-#include "gui_base/core/ion_units.h"
 #include "gui_base/input/controls/tv_button.h"
 #include "gui_base/input/controls/tv_checkbox.h"
 #include "gui_base/input/controls/tv_radiobutton.h"
@@ -11,6 +10,7 @@
 #include "gui_base/support/image_loader.h"
 #include "gui_base/water/balance_panel.h"
 #include "gui_base/water/property_rows.h"
+#include "gui_base/water/unit_lists.h"
 #include "gui_base/water/wateranalysis_panel.h"
 
 #include <wx/bmpbuttn.h>
@@ -38,15 +38,6 @@ std::vector<wxString> Labels(const Rows& rows)
     for (const auto& row : rows)
         labels.push_back(wxString::FromUTF8(row.label));
     return labels;
-}
-
-template <typename Texts>
-std::vector<wxString> ToStrings(const Texts& texts)
-{
-    std::vector<wxString> strings;
-    for (std::string_view text : texts)
-        strings.push_back(wxString::FromUTF8(text.data(), text.size()));
-    return strings;
 }
 
 NumberSpec PropertySpec(const wateranalysis::PropertyRow& row)
@@ -96,8 +87,8 @@ void WaterAnalysisPanel::CreateControls()
 
 void WaterAnalysisPanel::FillLists()
 {
-    m_units.ordinary = ToStrings(ions::kIonUnits);
-    m_units.equivalent = ToStrings(ions::kEquivalentUnits);
+    m_units.ordinary = water_units::OfIons();
+    m_units.equivalent = water_units::OfEquivalents();
 }
 
 wxSizer* WaterAnalysisPanel::CreateAnalysisTypeBox()
@@ -194,10 +185,6 @@ wxSizer* WaterAnalysisPanel::CreateOthersPanel()
 
 void WaterAnalysisPanel::CreateTemperatureRow(wxWindow* parent, wxSizer& grid)
 {
-    std::vector<wxString> units;
-    for (TemperatureUnit unit :
-         {TemperatureUnit::Celsius, TemperatureUnit::Fahrenheit, TemperatureUnit::Kelvin})
-        units.push_back(wxString::FromUTF8(Temperature::UnitText(unit)));
     grid.Add(m_fields->AddLabel(parent, "Temperature", ":"), Cell());
     m_temperatureField = m_fields->AddInput(parent, {.key = "liquid/temp.orig",
                                                      .label = "Temperature",
@@ -206,7 +193,8 @@ void WaterAnalysisPanel::CreateTemperatureRow(wxWindow* parent, wxSizer& grid)
                                                      .precision = 4,
                                                      .inIsoUnits = true});
     grid.Add(m_temperatureField, Cell());
-    m_temperatureUnit = m_fields->AddUnitChoice(parent, "liquid/temp.unit", units, "Temperature");
+    m_temperatureUnit =
+        m_fields->AddUnitChoice(parent, "liquid/temp.unit", water_units::OfTemperatures(), "Temperature");
     grid.Add(m_temperatureUnit, Cell().Expand());
 
     // The same temperature in the unit of the displayed system, which is what everything else calculates

@@ -8,6 +8,7 @@ namespace iex {
 IEXProject::IEXProject() : Project("iex")
 {
     AddLiquid(wxTRANSLATE("Feed water"));
+    m_stepDetails.LoadGroup("step", "BASE");
 }
 
 }  // namespace iex

@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "projectbase/project/project.h"
 
+#include "projectbase/water/blend.h"
 #include "projectbase/water/normalization.h"
+
+#include <algorithm>
 
 namespace {
 
@@ -93,8 +96,35 @@ water::AlkalizationResult Project::CalculateAlkalization(std::size_t liquid)
 
 void Project::CalculateDesign()
 {
-    for (std::size_t i = 0; i < m_liquids.size(); ++i) {
-        NormalizeLiquid(i);
-        CalculateAlkalization(i);
-    }
+    for (std::size_t i = 0; i < m_liquids.size(); ++i)
+        CalculateLiquid(i);
+}
+
+void Project::CalculateLiquid(std::size_t liquid)
+{
+    UpdateBlend(liquid);
+    NormalizeLiquid(liquid);
+    CalculateAlkalization(liquid);
+}
+
+bool Project::UpdateBlend(std::size_t liquid)
+{
+    DetailList& details = *GetLiquid(liquid).GetDetails();
+    if (!water::IsBlend(details))
+        return false;
+    // A blend is made of waters before it, which are calculated first.
+    const auto find = [&](const char* key) -> const LiquidData* {
+        const std::string name = details.At(key).GetStdStringValue();
+        const auto end = m_liquids.begin() + static_cast<std::ptrdiff_t>(liquid);
+        const auto found = std::find_if(m_liquids.begin(), end,
+                                        [&name](const auto& water) { return water->GetName() == name; });
+        return found == end ? nullptr : found->get();
+    };
+    const LiquidData* first = find("liquid/blend.first");
+    const LiquidData* second = find("liquid/blend.second");
+    if (first == nullptr || second == nullptr)
+        return false;
+    water::Blend(*first->GetDetails(), *second->GetDetails(),
+                 details.At("liquid/blend.share").GetDoubleValue() / 100.0, details);
+    return true;
 }

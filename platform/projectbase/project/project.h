@@ -74,6 +74,11 @@ public:
 
     /// Alkalises a normalised water while an agent is chosen for it; see water/alkalization.h.
     water::AlkalizationResult CalculateAlkalization(std::size_t liquid);
+    /// Mixes a water that is a blend anew; false when it is none, or when its waters are no longer there or
+    /// stand behind it (it then stays as it is). See water/blend.h.
+    bool UpdateBlend(std::size_t liquid);
+    /// Blends, normalises and alkalises one water.
+    void CalculateLiquid(std::size_t liquid);
     /// Recalculates whatever depends on the inputs of the project.
     virtual void CalculateDesign();
 

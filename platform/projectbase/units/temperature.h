@@ -5,6 +5,7 @@
 
 #include "projectbase/projectbase_export.h"
 
+#include <array>
 #include <optional>
 #include <string>
 
@@ -14,6 +15,10 @@ enum class TemperatureUnit : int
     Celsius = 1,
     Fahrenheit = 2
 };
+
+/// In the order in which they are offered.
+inline constexpr std::array kTemperatureUnits{TemperatureUnit::Celsius, TemperatureUnit::Fahrenheit,
+                                              TemperatureUnit::Kelvin};
 
 class PROJECTBASE_EXPORT Temperature
 {

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "app/language.h"
+#include "gui_base/dialogs/dialog_buttons.h"
 #include "gui_base/dialogs/file_name_creator.h"
 #include "gui_base/dialogs/gui_utils.h"
 #include "gui_base/dialogs/info_message_dialog.h"
@@ -12,6 +13,7 @@
 #include <wx/filedlg.h>
 
 #include <algorithm>
+#include <gtk/gtk.h>
 
 namespace {
 
@@ -143,6 +145,22 @@ TEST_F(SmallDialogsTest, CountriesFollowTheLanguage)
     };
     EXPECT_LT(position("DE"), position("FR")) << "sorted by name";
     app::SwitchLanguage("en");
+}
+
+TEST_F(GuiTest, StandardButtonsSpeakTheLanguageOfTheProgram)
+{
+    // The second text equals the toolkit's own name of the button in that language.
+    const TestCatalogue german({{"OK", "Gut"}, {"Cancel", "Abbrechen"}, {"&Cancel", "&Abbrechen"}});
+    wxDialog dialog(m_frame, wxID_ANY, "");
+    dialog.SetSizerAndFit(dialogs::CreateButtons(dialog, true));
+    dialog.Show();
+    Pump();
+    const auto shown = [&dialog](int id) {
+        auto* button = GTK_BUTTON(dialog.FindWindow(id)->GetHandle());
+        return std::string(gtk_button_get_label(button));
+    };
+    EXPECT_EQ(shown(wxID_OK), "Gut");
+    EXPECT_EQ(shown(wxID_CANCEL), "Abbrechen");
 }
 
 }  // namespace

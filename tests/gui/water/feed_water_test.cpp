@@ -228,16 +228,17 @@ TEST_F(FeedWaterTest, TabGoesFromTheFeedOverTheOriginToTheAnalysis)
 {
     Focus(Field("nlines"));
     std::vector<std::string> names;
-    for (int i = 0; i < 7; ++i) {
+    for (int i = 0; i < 11; ++i) {
         Press(WXK_TAB);
         const wxWindow* focused = wxWindow::FindFocus();
         names.push_back(focused != nullptr ? focused->GetName().utf8_string() : "");
     }
-    names[2] = "date";  // a part of the date field has the focus, whatever its name
-    names[6] = wxWindow::FindFocus() != nullptr ? wxWindow::FindFocus()->GetLabel().utf8_string() : "";
-    // The toolkit does not tell when a choice has the focus: those of country and type.
-    EXPECT_EQ(names, (std::vector<std::string>{"", "Place", "date", "", "Water source", "Comments",
-                                               "Full analysis"}));
+    names[6] = "date";  // a part of the date field has the focus, whatever its name
+    names.back() = wxWindow::FindFocus() != nullptr ? wxWindow::FindFocus()->GetLabel().utf8_string() : "";
+    // The toolkit does not tell when a choice has the focus: those of medium, temperature unit, organics,
+    // country and type.
+    EXPECT_EQ(names, (std::vector<std::string>{"", "Temperature", "", "", "", "Place", "date", "",
+                                               "Water source", "Comments", "Full analysis"}));
 }
 
 TEST_F(FeedWaterTest, ClipboardKeepsAWater)

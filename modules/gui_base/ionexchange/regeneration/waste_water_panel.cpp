@@ -1,0 +1,158 @@
+// SPDX-License-Identifier: MIT
+#include "gui_base/ionexchange/regeneration/waste_water_panel.h"
+
+#include "gui_base/input/controls/tv_staticboxsizer.h"
+#include "gui_base/input/controls/tv_statictext.h"
+#include "gui_base/input/controls/tv_validated_textctrl.h"
+#include "gui_base/support/accessibility.h"
+#include "gui_base/support/translation.h"
+
+#include <wx/intl.h>
+#include <wx/statbox.h>
+
+#include <algorithm>
+#include <array>
+
+namespace {
+
+constexpr int kGap = 4;
+constexpr int kFieldWidth = 90;
+
+}  // namespace
+
+const std::span<const TvWasteWaterAndComposition::Row> TvWasteWaterAndComposition::kCations = [] {
+    static constexpr std::array rows{Row{wxTRANSLATE("TH"), "th"}, Row{wxTRANSLATE("Na, K, NH4"), "na_k_nh4"},
+                                     Row{wxTRANSLATE("Other cations"), "other.c"}};
+    return std::span<const Row>(rows);
+}();
+const std::span<const TvWasteWaterAndComposition::Row> TvWasteWaterAndComposition::kAnions = [] {
+    static constexpr std::array rows{Row{wxTRANSLATE("Cl"), "cl"}, Row{wxTRANSLATE("SO4"), "so4"},
+                                     Row{wxTRANSLATE("HCO3"), "hco3"}, Row{wxTRANSLATE("SiO2"), "sio2"},
+                                     Row{wxTRANSLATE("Other anions"), "other.a"}};
+    return std::span<const Row>(rows);
+}();
+
+TvWasteWaterAndComposition::TvWasteWaterAndComposition(iex::IEXProject* project, wxWindow* parent,
+                                                       const std::vector<WasteData>& regenerants,
+                                                       const wxString& title)
+    : ModulePanelBase(project, parent), m_regenerants(regenerants), m_title(title)
+{
+    m_unknown.LoadGroup("stepcomp", "BASE");
+    Create();
+}
+
+TvWasteWaterAndComposition::~TvWasteWaterAndComposition()
+{
+    // The fields are bound to details of this object.
+    DestroyChildren();
+}
+
+TvValidatedDoubleTextCtrl* TvWasteWaterAndComposition::FindField(const std::string& key, int regenerant) const
+{
+    const auto found = std::find_if(m_fields.begin(), m_fields.end(), [&](const Field& field) {
+        return field.regenerant == regenerant && field.key == key;
+    });
+    return found == m_fields.end() ? nullptr : found->control;
+}
+
+DetailList& TvWasteWaterAndComposition::GetStep() const
+{
+    return static_cast<iex::IEXProject*>(GetProject())->GetStepDetails();
+}
+
+void TvWasteWaterAndComposition::DoCreateControls()
+{
+    m_fields.clear();
+    auto* box = AddLocalizable(new TvStaticBoxSizer(wxVERTICAL, this, m_title));
+    wxWindow* parent = box->GetStaticBox();
+    const wxSizerFlags spaced = wxSizerFlags().Border(wxALL, FromDIP(2 * kGap));
+    auto* sections = new wxBoxSizer(wxHORIZONTAL);
+    auto* anions = new wxBoxSizer(wxVERTICAL);
+    sections->Add(CreateSection(parent, wxTRANSLATE("Cations"), kCations), spaced);
+    anions->Add(CreateSection(parent, wxTRANSLATE("Anions"), kAnions));
+    auto* neutral = new wxFlexGridSizer(3, FromDIP(wxSize(3 * kGap, kGap)));
+    const wxString text = wxTRANSLATE("Neutralisation");
+    neutral->Add(AddLocalizable(new TvStaticText(parent, wxID_ANY, text, wxString())),
+                 wxSizerFlags().CentreVertical());
+    AddField(parent, *neutral, GetStep(), "step/neutral", text);
+    neutral->Add(AddLocalizable(new TvStaticText(parent, wxID_ANY, wxTRANSLATE("eq"), wxString())),
+                 wxSizerFlags().CentreVertical());
+    anions->Add(neutral, wxSizerFlags().Border(wxTOP, FromDIP(2 * kGap)));
+    sections->Add(anions, spaced);
+    box->Add(sections);
+    box->Add(CreateRegenerants(parent), spaced);
+    auto* outer = new wxBoxSizer(wxVERTICAL);
+    outer->Add(box, spaced);
+    SetSizer(outer);
+    SetDefaultScrollRate();
+}
+
+void TvWasteWaterAndComposition::AddHead(wxWindow* parent, wxSizer& grid, const wxString& text, bool isNumber)
+{
+    auto* head = AddLocalizable(new TvStaticText(parent, wxID_ANY, text, wxString()));
+    head->SetFont(head->GetFont().Bold());
+    grid.Add(head, isNumber ? wxSizerFlags().Right() : wxSizerFlags());
+}
+
+void TvWasteWaterAndComposition::AddField(wxWindow* parent, wxSizer& grid, DetailList& details,
+                                          const std::string& key, const wxString& name, int regenerant)
+{
+    auto* field = AddLocalizable(new TvValidatedDoubleTextCtrl({.parent = parent,
+                                                                .size = FromDIP(wxSize(kFieldWidth, -1)),
+                                                                .style = wxTE_RIGHT | wxTE_READONLY,
+                                                                .precision = 4,
+                                                                .validatorFlags = 0,
+                                                                .detail = &details.At(key)}));
+    accessibility::SetName(*field, i18n::Translated(name));
+    AddToDetailContainerWindows(field);
+    grid.Add(field, wxSizerFlags().CentreVertical());
+    m_fields.push_back({key, regenerant, field});
+}
+
+wxSizer* TvWasteWaterAndComposition::CreateSection(wxWindow* parent, const char* title,
+                                                   std::span<const Row> rows)
+{
+    auto* grid = new wxFlexGridSizer(3, FromDIP(wxSize(3 * kGap, kGap)));
+    AddHead(parent, *grid, title, false);
+    AddHead(parent, *grid, wxTRANSLATE("eq"), true);
+    AddHead(parent, *grid, wxTRANSLATE("meq/l"), true);
+    for (const Row& row : rows) {
+        grid->Add(AddLocalizable(new TvStaticText(parent, wxID_ANY, row.label, wxString())),
+                  wxSizerFlags().CentreVertical());
+        AddField(parent, *grid, GetStep(), std::string("step/m.") + row.key, row.label);
+        AddField(parent, *grid, GetStep(), std::string("step/c.") + row.key, row.label);
+    }
+    return grid;
+}
+
+wxSizer* TvWasteWaterAndComposition::CreateRegenerants(wxWindow* parent)
+{
+    auto* grid = new wxFlexGridSizer(4, FromDIP(wxSize(3 * kGap, kGap)));
+    AddHead(parent, *grid, wxTRANSLATE("Regenerants"), false);
+    for (const char* head :
+         {wxTRANSLATE("Total"), wxTRANSLATE("Neutralization"), wxTRANSLATE("Spec. consumption")})
+        AddHead(parent, *grid, head, true);
+    AddHead(parent, *grid, wxString(), false);
+    for (const char* unit : {wxTRANSLATE("kg 100%"), wxTRANSLATE("kg 100%"), wxTRANSLATE("kg/m3")})
+        AddHead(parent, *grid, unit, true);
+    for (std::size_t i = 0; i < m_regenerants.size(); ++i) {
+        const WasteData& regenerant = m_regenerants[i];
+        DetailList& details = regenerant.details ? *regenerant.details : m_unknown;
+        const int index = static_cast<int>(i);
+        const wxString name = wxString::FromUTF8(regenerant.name);
+        const auto label = [&](const wxString& text) {
+            grid->Add(AddLocalizable(new TvStaticText(parent, wxID_ANY, text, wxString())),
+                      wxSizerFlags().CentreVertical());
+        };
+        label(name);
+        AddField(parent, *grid, details, "stepcomp/rm", name, index);
+        AddField(parent, *grid, details, "stepcomp/m.neutral", name, index);
+        AddField(parent, *grid, details, "stepcomp/rb.spec", name, index);
+        // What the base regenerant takes beyond, of which no consumption is stated.
+        label(wxTRANSLATE("Base regenerant"));
+        AddField(parent, *grid, details, "stepcomp/rb.delta", name, index);
+        AddField(parent, *grid, details, "stepcomp/rb.neutral", name, index);
+        grid->AddSpacer(0);
+    }
+    return grid;
+}

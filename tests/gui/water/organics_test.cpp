@@ -1,0 +1,104 @@
+// SPDX-License-Identifier: MIT
+#include "gui_base/input/controls/tv_validated_textctrl.h"
+#include "gui_base/input/events.h"
+#include "gui_base/ionexchange/regeneration/waste_water_panel.h"
+#include "gui_base/water/organics_input_panel.h"
+#include "projectbase/project/iex_project.h"
+#include "tests/support/gui_test.h"
+
+#include <wx/frame.h>
+
+#include <cmath>
+
+namespace {
+
+using namespace gui_test;
+
+class OrganicsTest : public GuiTest
+{
+protected:
+    void SetUp() override
+    {
+        GuiTest::SetUp();
+        wxPanel* parent = MakePanel();
+        parent->Bind(tvCHANGE_EVENT, [this](wxCommandEvent& event) { m_heard.push_back(event.GetId()); });
+        m_panel = new OrganicsInputPanel(&Detail("feed/medium"), &Detail("feed/organics"), parent, nullptr);
+        m_controller = std::make_unique<OrganicsInputPanelController>(&m_project, m_panel);
+        Pump();
+    }
+    DetailData& Detail(const char* key) { return m_project.GetDetails().At(key); }
+
+    iex::IEXProject m_project;
+    OrganicsInputPanel* m_panel = nullptr;
+    std::unique_ptr<OrganicsInputPanelController> m_controller;
+    std::vector<int> m_heard;
+};
+
+TEST_F(OrganicsTest, KeysChooseMediumOrganicsAndTemperature)
+{
+    EXPECT_GT(m_panel->GetMediumChoice()->GetCount(), 3u);
+    EXPECT_EQ(m_panel->GetOrganicsChoice()->GetStringSelection(), "None");
+    Focus(*m_panel->GetOrganicsChoice());
+    Press(WXK_DOWN);
+    EXPECT_EQ(Detail("feed/organics").GetStringValue(), "fulvic");
+
+    m_panel->GetMediumChoice()->SetSelection(static_cast<int>(m_panel->GetMediumChoice()->GetCount()) - 2);
+    Focus(*m_panel->GetMediumChoice());
+    Press(WXK_DOWN);
+    EXPECT_EQ(Detail("feed/medium").GetLongValue(), m_panel->GetMedium().id);
+    EXPECT_NEAR(Detail("feed/density").GetDoubleValue(), 1.025, 1e-9) << "sea water brings its density";
+
+    Enter(*m_panel->GetTemperatureField(), "25");
+    EXPECT_DOUBLE_EQ(Detail("feed/medium.temp").GetDoubleValue(), 25.0);
+    Focus(*m_panel->GetTemperatureUnitChoice());
+    Press(WXK_DOWN);
+    EXPECT_EQ(m_panel->GetTemperatureField()->GetValue(), "77") << "the temperature stays what it is";
+    EXPECT_NEAR(Detail("feed/medium.temp").GetDoubleValue(), 25.0, 1e-9);
+    Enter(*m_panel->GetTemperatureField(), "50");
+    EXPECT_NEAR(Detail("feed/medium.temp").GetDoubleValue(), 10.0, 1e-9);
+    EXPECT_EQ(m_heard, std::vector<int>(5, m_panel->GetId())) << "one event an edit";
+}
+
+TEST_F(OrganicsTest, LanguageKeepsTheChosenOrganics)
+{
+    Detail("feed/organics").SetValue("humic");
+    m_controller->TransferToView();
+    const TestCatalogue german({{"Humic acids", "Huminsäuren"}, {"Organics", "Organik"}});
+    m_panel->Localize("us");
+    EXPECT_EQ(m_panel->GetOrganicsChoice()->GetStringSelection(), wxString::FromUTF8("Huminsäuren"));
+    m_panel->SetOrganicsSelection({{"humic", "Humic acids"}});
+    EXPECT_EQ(m_panel->GetOrganicsChoice()->GetKey(), "humic");
+    EXPECT_EQ(Detail("feed/organics").GetStringValue(), "humic");
+    EXPECT_TRUE(m_heard.empty());
+}
+
+using WasteWaterTest = GuiTest;
+
+TEST_F(WasteWaterTest, ShowsWhatTheDesignKnows)
+{
+    iex::IEXProject project;
+    project.GetStepDetails().At("step/m.th").SetValue(12.5);
+    auto acid = std::make_shared<DetailList>();
+    acid->LoadGroup("stepcomp", "BASE");
+    acid->At("stepcomp/rm").SetValue(80.0);
+    auto* panel =
+        new TvWasteWaterAndComposition(&project, m_frame, {{"HCl", acid}, {"NaOH", nullptr}}, "Step");
+    EXPECT_EQ(panel->FindField("step/m.th")->GetValue(), "12.5");
+    EXPECT_EQ(panel->FindField("step/c.th")->GetValue(), "") << "unknown, not zero";
+    EXPECT_FALSE(panel->FindField("step/m.th")->IsEditable());
+    EXPECT_EQ(panel->FindField("stepcomp/rm", 0)->GetValue(), "80");
+    EXPECT_EQ(panel->FindField("stepcomp/rm", 1)->GetValue(), "");
+    project.GetStepDetails().At("step/neutral").SetValue(3.0);
+    project.SetUnitSystemDisplay("us");
+    panel->UpdateUnits(true);
+    EXPECT_EQ(panel->FindField("step/neutral")->GetValue(), "3");
+    panel->Destroy();
+
+    auto* empty = new TvWasteWaterAndComposition(&project, m_frame, {}, "Step");
+    EXPECT_NE(empty->FindField("step/c.other.a"), nullptr);
+    EXPECT_EQ(empty->FindField("stepcomp/rm", 0), nullptr);
+    empty->Destroy();
+    Pump();
+}
+
+}  // namespace
