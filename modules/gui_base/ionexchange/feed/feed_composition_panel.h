@@ -32,6 +32,7 @@ class TvStaticText;
 class TvTextCtrl;
 class tvChoice;
 class wxBoxSizer;
+class wxStaticText;
 
 class GUI_BASE_EXPORT FeedCompositionPanel : public ModulePanelBase
 {
