@@ -13,9 +13,11 @@
 
 namespace {
 
-constexpr int kColumnWidth = 92;
+constexpr int kColumnWidth = 86;
+/// Micrograms and nanograms have many digits.
+constexpr int kWideColumnWidth = 94;
 constexpr int kNarrowColumnWidth = 30;
-constexpr int kLeastNameWidth = 150;
+constexpr int kLeastNameWidth = 120;
 
 /// The key that opens a context menu.
 bool IsMenuKey(const wxKeyEvent& event)
@@ -68,6 +70,8 @@ FeedCompositionGridBase::FeedCompositionGridBase(wxWindow* parent, int id, FeedC
     SetColLabelSize(FromDIP(26));
     SetDefaultRowSize(FromDIP(26));
     SetDefaultColSize(FromDIP(kColumnWidth), true);
+    for (int column = kFeedPh - 2; column < kFeedPh; ++column)
+        SetColSize(column, FromDIP(kWideColumnWidth));
     SetColSize(kFeedRemove, FromDIP(kNarrowColumnWidth));
     SetColSize(kFeedName, FromDIP(kLeastNameWidth));
     UpdateGridColumnPhVisibility(false);
@@ -137,8 +141,10 @@ void FeedCompositionGridBase::FitColumns()
     wxClientDC dc(GetGridColLabelWindow());
     dc.SetFont(GetLabelFont());
     for (int column = kFeedFormula; column < kFeedFirstUnit; ++column) {
-        const int wanted = dc.GetTextExtent(GetColLabelValue(column)).x + FromDIP(16);
-        SetColSize(column, std::max(wanted, FromDIP(kColumnWidth)));
+        int wanted = FromDIP(column == kFeedFormula ? kColumnWidth : 0);
+        for (const wxString& text : m_table->KnownTexts(column))
+            wanted = std::max(wanted, dc.GetTextExtent(text).x + FromDIP(12));
+        SetColSize(column, wanted);
     }
 }
 

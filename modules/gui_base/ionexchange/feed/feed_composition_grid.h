@@ -12,6 +12,8 @@
 #include <wx/grid.h>
 
 #include <functional>
+#include <string>
+#include <vector>
 
 /// Columns of both grids.
 enum FeedColumn : int
@@ -48,6 +50,8 @@ public:
     /// Rows of the composition that the grid has been told of.
     void SetRowCount(int rows) { m_rows = rows; }
     void TakeColours(bool enabled);
+    /// Texts of a column that are known beforehand, for its width: its label, and what else it can show.
+    std::vector<wxString> KnownTexts(int column);
 
 private:
     void ReleaseAttributes();

@@ -145,6 +145,14 @@ wxString FeedCompositionTable::GetColLabelValue(int column)
     return i18n::Translated(kColumnLabels.at(static_cast<std::size_t>(column)));
 }
 
+std::vector<wxString> FeedCompositionTable::KnownTexts(int column)
+{
+    std::vector<wxString> texts{GetColLabelValue(column)};
+    for (int kind = 0; column == kFeedAcidBase && kind < kAcidBaseCount; ++kind)
+        texts.push_back(AcidBaseText(kind));
+    return texts;
+}
+
 wxGridCellAttr* FeedCompositionTable::GetAttr(int row, int column, wxGridCellAttr::wxAttrKind)
 {
     wxGridCellAttr* attribute = column <= kFeedAcidBase ? m_text : m_number;

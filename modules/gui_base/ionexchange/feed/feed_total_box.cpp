@@ -19,7 +19,7 @@ constexpr int kFieldWidth = 92;
 constexpr int kDigits = 6;
 /// Pairs of a field and its unit in one line.
 constexpr int kMostPairs = 5;
-constexpr int kLeastPairs = 3;
+constexpr int kLeastPairs = 2;
 /// Numbers from here on are written with all digits instead of an exponent, up to there.
 constexpr double kLarge = 999999.5;
 constexpr double kTooLarge = 1e11;

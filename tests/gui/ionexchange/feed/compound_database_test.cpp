@@ -305,9 +305,9 @@ TEST_F(CompoundDatabaseTest, WhatTheDatabaseRefusesIsShown)
     soci::session(*soci::factory_sqlite3(), "dbname=\"" + (m_folder / "user.db").string() + "\"")
         << "DROP TABLE tarnvik_compound";
     const int listed = List().GetItemCount();
-    Focus(m_view->GetSearch());
-    Type("x");
-    EXPECT_EQ(LastLevel(), wxLOG_Error);
+    ExpectBox("Delete entry|Do you really want to delete this entry?", wxID_YES);
+    Click(m_view->GetButton(tvFEED_COMPOUND_DELETE));
+    EXPECT_EQ(LastLevel(), wxLogLevel{wxLOG_Error});
     EXPECT_EQ(List().GetItemCount(), listed) << "what is shown stays";
     TypeCell(Grid(), 0, kFeedFirstUnit, "5");
     EXPECT_EQ(Feed(0, Unit::MgPerLitre), 5.0) << "the feed of the project can still be edited";
