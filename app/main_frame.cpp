@@ -24,7 +24,7 @@ namespace app {
 namespace {
 
 constexpr int kStatusFields = 3;
-constexpr int kTreeWidth = 210;
+constexpr int kTreeWidth = 240;
 constexpr int kMessageHeight = 110;
 
 /// What the user reads about a field out of range.
