@@ -67,26 +67,62 @@ Entry ReadEntry(const GroupReader& reader)
     return entry;
 }
 
+/// Every stored value of an entry with the name of its detail.
+template <typename Visit>
+void ForEachValue(const Entry& entry, Visit visit)
+{
+    visit("feedcompound/name", entry.name);
+    visit("feedcompound/formula", entry.formula);
+    visit("feedcompound/category", entry.category);
+    visit("feedcompound/acid_base", entry.acidBase);
+    visit("feedcompound/ioniccharge", entry.ionicCharge);
+    visit("feedcompound/oxidationNrCommon", entry.oxidationNrCommon);
+    visit("feedcompound/valency", entry.valency);
+    visit("feedcompound/pka", entry.pKa);
+    visit("feedcompound/conc.meql", entry.feed[Unit::MeqPerLitre]);
+    visit("feedcompound/conc.effluent.meql", entry.effluent[Unit::MeqPerLitre]);
+}
+
 DetailGroup WriteEntry(const Entry& entry)
 {
     DetailGroup group = *CatalogueGroup(kCompounds, "BASE");
-    const auto set = [&group](const char* name, const auto& value) {
+    ForEachValue(entry, [&group](const char* name, const auto& value) {
         for (DetailData& detail : group) {
             if (detail.GetName() == name)
                 detail.SetValue(value);
         }
-    };
-    set("feedcompound/name", entry.name);
-    set("feedcompound/formula", entry.formula);
-    set("feedcompound/category", entry.category);
-    set("feedcompound/acid_base", entry.acidBase);
-    set("feedcompound/ioniccharge", entry.ionicCharge);
-    set("feedcompound/oxidationNrCommon", entry.oxidationNrCommon);
-    set("feedcompound/valency", entry.valency);
-    set("feedcompound/pka", entry.pKa);
-    set("feedcompound/conc.meql", entry.feed[Unit::MeqPerLitre]);
-    set("feedcompound/conc.effluent.meql", entry.effluent[Unit::MeqPerLitre]);
+    });
     return group;
+}
+
+bool Holds(const DetailData& detail, const std::string& value)
+{
+    return detail.GetStdStringValue() == value;
+}
+
+bool Holds(const DetailData& detail, std::int32_t value)
+{
+    return detail.GetLongValue() == value;
+}
+
+bool Holds(const DetailData& detail, double value)
+{
+    // Bit by bit, so that an unknown value is equal to an unknown one and -0 is not taken for 0.
+    return SameDetailValue(detail.GetStoredValue(), DetailData::Value(value));
+}
+
+/// Whether the group is what WriteEntry would make of the entry, without making it: of a thousand compounds
+/// an edit changes one.
+bool IsUpToDate(const DetailGroup& group, const Entry& entry)
+{
+    bool same = true;
+    std::size_t known = 0;
+    ForEachValue(entry, [&](const char* name, const auto& value) {
+        const DetailData* detail = same ? FindDetail(group, name) : nullptr;
+        same = detail != nullptr && Holds(*detail, value);
+        ++known;
+    });
+    return same && group.size() == known;
 }
 
 void AddCompounds(const DetailGroupsPtr& groups, FeedComposition& composition)
@@ -120,10 +156,26 @@ FeedComposition IEXProject::LoadFeedCompositionFromDetails() const
 
 void IEXProject::SaveFeedCompositionToDetails(const FeedComposition& composition)
 {
-    std::vector<DetailGroup> groups;
-    for (const Entry& entry : composition.GetEntries())
-        groups.push_back(WriteEntry(entry));
-    SetDetailGroups(kCompounds, std::move(groups));
+    static const DetailGroups kNone;
+    const DetailGroupsPtr former = GetDetailGroups(kCompounds);
+    const DetailGroups& old = former ? *former : kNone;
+    const std::vector<Entry>& entries = composition.GetEntries();
+    // What stands before and behind the entries that changed, came or went is shared with the former state.
+    const std::size_t most = std::min(old.size(), entries.size());
+    std::size_t front = 0;
+    while (front < most && IsUpToDate(*old[front], entries[front]))
+        ++front;
+    std::size_t back = 0;
+    while (back < most - front && IsUpToDate(*old[old.size() - 1 - back], entries[entries.size() - 1 - back]))
+        ++back;
+    if (front != old.size() || front != entries.size()) {
+        auto groups =
+            std::make_shared<DetailGroups>(old.begin(), old.begin() + static_cast<std::ptrdiff_t>(front));
+        for (std::size_t i = front; i < entries.size() - back; ++i)
+            groups->push_back(std::make_shared<const DetailGroup>(WriteEntry(entries[i])));
+        groups->insert(groups->end(), old.end() - static_cast<std::ptrdiff_t>(back), old.end());
+        RestoreDetailGroups(kCompounds, groups);
+    }
     SaveFeedMediumToDetails(composition.GetMedium());
     GetDetails().At(kAdjustPh).SetValue(composition.IsPhAdjusted());
     GetDetails().At(kUseEffluent).SetValue(composition.UsesEffluent());

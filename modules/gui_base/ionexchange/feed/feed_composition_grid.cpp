@@ -6,6 +6,7 @@
 #include "gui_base/support/image_loader.h"
 #include "gui_base/support/translation.h"
 
+#include <wx/dcclient.h>
 #include <wx/menu.h>
 #include <wx/toplevel.h>
 

@@ -32,6 +32,8 @@ class TvStaticText;
 class TvTextCtrl;
 class tvChoice;
 class wxBoxSizer;
+class wxSizer;
+class wxSizer;
 class wxStaticText;
 
 class GUI_BASE_EXPORT FeedCompositionPanel : public ModulePanelBase
