@@ -11,6 +11,9 @@
 #include <wx/toplevel.h>
 
 #include <algorithm>
+#include <cmath>
+#include <tuple>
+#include <utility>
 
 namespace {
 
@@ -64,7 +67,8 @@ FeedCompositionGridBase::FeedCompositionGridBase(wxWindow* parent, int id, FeedC
                                        [this](std::size_t row, FeedComposition::Unit unit, double value) {
                                            if (m_onEdit)
                                                m_onEdit(row, unit, value);
-                                       }))
+                                       })),
+      m_side(side)
 {
     SetTable(m_table, true, wxGridSelectCells);
     HideRowLabels();
@@ -92,24 +96,34 @@ FeedCompositionGridBase::FeedCompositionGridBase(wxWindow* parent, int id, FeedC
     });
 }
 
-std::vector<std::string> FeedCompositionGridBase::RowNames() const
-{
-    std::vector<std::string> names;
-    names.reserve(m_composition.GetEntries().size());
-    for (const auto& entry : m_composition.GetEntries())
-        names.push_back(entry.name);
-    return names;
-}
-
 void FeedCompositionGridBase::ShowComposition()
 {
-    std::vector<std::string> names = RowNames();
-    if (names == m_shownNames) {
-        GetGridWindow()->Refresh();
-        return;
+    const std::vector<FeedComposition::CompoundEntry> before =
+        std::exchange(m_shown, m_composition.GetEntries());
+    const bool sameCompounds = std::equal(before.begin(), before.end(), m_shown.begin(), m_shown.end(),
+                                          [](const auto& a, const auto& b) { return a.name == b.name; });
+    if (sameCompounds)
+        RefreshChangedRows(before);
+    else
+        FillRows();
+}
+
+void FeedCompositionGridBase::RefreshChangedRows(const std::vector<FeedComposition::CompoundEntry>& before)
+{
+    const auto sameNumber = [](double a, double b) { return a == b || (std::isnan(a) && std::isnan(b)); };
+    for (std::size_t row = 0; row < m_shown.size(); ++row) {
+        const auto& was = before[row];
+        const auto& is = m_shown[row];
+        const auto& wasSide = was.*m_side;
+        const auto& isSide = is.*m_side;
+        const bool same =
+            std::tie(was.formula, was.acidBase, was.ionicCharge, was.valency) ==
+                std::tie(is.formula, is.acidBase, is.ionicCharge, is.valency) &&
+            sameNumber(wasSide.pH, isSide.pH) &&
+            std::equal(wasSide.values.begin(), wasSide.values.end(), isSide.values.begin(), sameNumber);
+        if (!same)
+            RefreshBlock(static_cast<int>(row), 0, static_cast<int>(row), GetNumberCols() - 1);
     }
-    m_shownNames = std::move(names);
-    FillRows();
 }
 
 void FeedCompositionGridBase::FillRows()
@@ -125,7 +139,7 @@ void FeedCompositionGridBase::FillRows()
         wxGridTableMessage removed(m_table, wxGRIDTABLE_NOTIFY_ROWS_DELETED, 0, before);
         ProcessTableMessage(removed);
     }
-    const int count = static_cast<int>(m_shownNames.size());
+    const int count = static_cast<int>(m_shown.size());
     if (count > 0) {
         m_table->SetRowCount(count);
         wxGridTableMessage added(m_table, wxGRIDTABLE_NOTIFY_ROWS_APPENDED, count);

@@ -92,7 +92,8 @@ protected:
 
 private:
     void FillRows();
-    std::vector<std::string> RowNames() const;
+    /// Draws the rows whose cells changed, which is most of the time of an edit.
+    void RefreshChangedRows(const std::vector<FeedComposition::CompoundEntry>& before);
     void FitColumns();
     void PopupRowMenu(int row, const wxPoint& position);
     void AskRemove(int row);
@@ -106,7 +107,8 @@ private:
     FeedCompositionTable::OnEdit m_onEdit;
     RowHandler m_onRemove;
     RowHandler m_onImport;
-    std::vector<std::string> m_shownNames;
+    FeedCompositionTable::Side m_side;
+    std::vector<FeedComposition::CompoundEntry> m_shown;
 };
 
 class GUI_BASE_EXPORT FeedCompositionGrid : public FeedCompositionGridBase
