@@ -19,6 +19,7 @@ struct SummaryRow
 {
     const char* name;
     const char* label;
+    bool onlyIfKnown = false;
 };
 
 constexpr std::array kSummary{
@@ -28,6 +29,8 @@ constexpr std::array kSummary{
     SummaryRow{"liquid/cl.plus.meql", "+ Cl"},
     SummaryRow{"liquid/temp", "Temperature"},
     SummaryRow{"liquid/ph", "pH"},
+    SummaryRow{"liquid/alk.ph", "pH after alkalization", true},
+    SummaryRow{"liquid/alk.dosed", "Alkalizing agent", true},
     SummaryRow{"liquid/co2.mgl", "CO2"},
     SummaryRow{"liquid/tds", "Total dissolved solids"},
     SummaryRow{"liquid/cond", "Conductivity"},
@@ -60,6 +63,8 @@ void PrintSummary(const DetailList& details, const std::string& unitSystem, std:
 {
     for (const SummaryRow& row : kSummary) {
         const DetailData& detail = details.At(row.name);
+        if (row.onlyIfKnown && !std::isfinite(detail.GetDoubleValue()))
+            continue;
         const std::string unit = DisplayFromDetail().GetUnitLabel(detail, unitSystem).utf8_string();
         fmt::print(out, "  {:<24}{:>14} {}", row.label, Shown(detail, unitSystem), unit);
         out << '\n';
