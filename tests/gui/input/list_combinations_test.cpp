@@ -204,6 +204,7 @@ TEST_F(ComboCombinationTest, UnitsAndLanguageOfTheColumns)
     DetailData key("resin", DetailType::String);
     key.SetValue("7");
     ComboCombination row(m_panel, 731, "Value", ":", &key);
+    m_sizer->Add(row.GetSizer());
     Fill(row);
     row.SetToDetailValue();
     EXPECT_EQ(Heading(row, 1), wxString::FromUTF8("Flow [m³/h]"));

@@ -64,6 +64,9 @@ TEST_F(PanelsTest, PanelAsksAllItsParts)
                                          wxDefaultValidator, wxASCII_STR(wxCheckBoxNameStr), &flag));
     auto* row = panel->AddCombination(std::make_unique<ChoiceCombination>(
         panel, wxID_ANY, "Value", ":", tvChoiceAdv::Items{{"a", "Alpha"}, {"b", "Value"}}, &key));
+    auto* sizer = new wxBoxSizer(wxVERTICAL);
+    sizer->Add(row->GetSizer());
+    panel->SetSizer(sizer);
     gone->Destroy();
     flag.SetValue(true);
     key.SetValue("b");

@@ -5,14 +5,24 @@
 
 #include <stdexcept>
 
+namespace {
+
+/// Before anything is made. Returns `parent`.
+wxWindow* RequireDetail(const DetailData* detail, wxWindow* parent)
+{
+    if (detail == nullptr)
+        throw std::runtime_error("tvAutoComboBoxCombination::tvAutoComboBoxCombination: no detail");
+    return parent;
+}
+
+}  // namespace
+
 tvAutoComboBoxCombination::tvAutoComboBoxCombination(wxWindow* parent, int id, const wxString& label,
                                                      const wxString& suffix,
                                                      const tvAutoComboBox::Entries& entries,
                                                      DetailData* detail, wxSizer* sizer, const wxSize& size)
-    : LabelledRow(parent, label, suffix, sizer), m_detail(detail)
+    : LabelledRow(RequireDetail(detail, parent), label, suffix, sizer), m_detail(detail)
 {
-    if (detail == nullptr)
-        throw std::runtime_error("tvAutoComboBoxCombination::tvAutoComboBoxCombination: no detail");
     AddControl(new tvAutoComboBox(entries, parent, id, wxDefaultPosition, size));
     GetComboBox()->Bind(wxEVT_KEY_DOWN, &tvAutoComboBoxCombination::OnKeyDown, this);
     GetComboBox()->Bind(wxEVT_COMBOBOX_DROPDOWN, &tvAutoComboBoxCombination::OnDropDown, this);

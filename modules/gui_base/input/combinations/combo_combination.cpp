@@ -17,17 +17,23 @@ std::size_t Index(long index)
     return static_cast<std::size_t>(index);
 }
 
+/// Before anything is made. Returns `parent`.
+wxWindow* RequireDetail(const DetailData* detail, wxWindow* parent)
+{
+    if (detail == nullptr)
+        throw std::runtime_error("ComboCombination::ComboCombination: no detail");
+    return parent;
+}
+
 }  // namespace
 
 ComboCombination::ComboCombination(wxWindow* parent, int id, const wxString& label, const wxString& suffix,
                                    DetailData* detail, wxSizer* sizer, const wxSize& size)
-    : LabelledRow(parent, label, suffix, sizer),
+    : LabelledRow(RequireDetail(detail, parent), label, suffix, sizer),
       m_detail(detail),
       m_list(new tvListViewComboPopup),
       m_unitSystem("iso")
 {
-    if (detail == nullptr)
-        throw std::runtime_error("ComboCombination::ComboCombination: no detail");
     auto* combo = new wxComboCtrl(parent, id, wxString(), wxDefaultPosition, size, wxCB_READONLY);
     combo->SetPopupControl(m_list);
     // The toolkit takes the drop-down for a focusable child, which would keep Tab from the control itself.
