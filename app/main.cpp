@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/command_line/calc_command.h"
 #include "app/command_line/report_command.h"
-#include "app/tarnvik_app.h"
+#include "app/frame/tarnvik_app.h"
 #include "app/tour/tour_command.h"
 
 #include <wx/app.h>

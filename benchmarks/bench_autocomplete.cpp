@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // One key of an auto-complete box over a long list, without a window.
-#include "gui_base/core/autocomplete.h"
+#include "core/autocomplete.h"
 
 #include <benchmark/benchmark.h>
 

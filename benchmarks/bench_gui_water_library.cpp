@@ -2,9 +2,9 @@
 // A user's library of 100,000 waters over 200 countries: opening it, selecting a country of 5,000, sorting,
 // and saving one water.
 #include "dbinterfaces/project_database.h"
-#include "gui_base/water/feed_water_panel.h"
-#include "gui_base/water/water_lib_dialog.h"
-#include "gui_base/water/water_lib_list.h"
+#include "gui_base/water/feedwater/feed_water_panel.h"
+#include "gui_base/water/library/water_lib_dialog.h"
+#include "gui_base/water/library/water_lib_list.h"
 #include "projectbase/project/iex_project.h"
 #include "tests/support/temp_folder.h"
 

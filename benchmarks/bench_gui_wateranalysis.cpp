@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 // The water analysis panel beside the same work on the bare toolkit, and the start of the program.
-#include "app/language.h"
-#include "gui_base/core/ion_units.h"
+#include "app/language/language.h"
+#include "core/ion_units.h"
 #include "gui_base/input/controls/tv_textctrl.h"
 #include "gui_base/input/events.h"
 #include "gui_base/input/validation/validator.h"
-#include "gui_base/water/wateranalysis_panel.h"
+#include "gui_base/water/analysis/wateranalysis_panel.h"
 #include "projectbase/project/iex_project.h"
 
 #include <benchmark/benchmark.h>

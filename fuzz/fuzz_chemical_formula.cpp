@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // What is typed as a formula.
-#include "gui_base/core/chemical_formula_parser.h"
+#include "core/chemical_formula_parser.h"
 
 #include <cstdint>
 #include <cstdlib>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // What comes from the clipboard: a column of numbers.
-#include "gui_base/core/column_text.h"
-#include "gui_base/core/delimited_text.h"
-#include "gui_base/core/number_text.h"
+#include "core/column_text.h"
+#include "core/delimited_text.h"
+#include "core/number_text.h"
 
 #include <cmath>
 #include <cstdint>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Analyses of laboratories: whatever the bytes, samples are as long as the parameters and what is written is
 // read back.
-#include "gui_base/core/laboratory_file.h"
+#include "core/laboratory_file.h"
 
 #include <cstdint>
 #include <cstdlib>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // What comes from a settings file: the arrangement of a notebook.
-#include "gui_base/core/notebook_perspective.h"
+#include "core/notebook_perspective.h"
 
 #include <cstdint>
 #include <cstdlib>

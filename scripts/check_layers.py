@@ -14,9 +14,8 @@ from pathlib import Path
 SOURCES = ("modules", "components", "platform", "app")
 ROOTS = ("modules", "components", "platform")
 
-# What each layer may use beside itself. A layer is the longest of these folders that a file lies below, or a header
-# with its source, named without ending.
-CORE = "modules/gui_base/core"
+# What each layer may use beside itself. A layer is the longest of these folders that a file lies below.
+CORE = "platform/core"
 TNCOMMON = "platform/tncommon"
 DBINTERFACES = "platform/dbinterfaces"
 PROJECTBASE = "platform/projectbase"
@@ -26,8 +25,8 @@ REPORT = "components/report"
 WXCHARTDIR = "components/wxchartdir"
 GUI = "modules/gui_base/"
 PRINTOUT = GUI + "report"
-# Tables of what the water analysis shows: no windows, though they lie beside them.
-WATER_ROWS = {GUI + "water/ion_rows", GUI + "water/property_rows"}
+# Tables of what the panels of a water show: no windows, so that reports print the same rows.
+WATER_ROWS = GUI + "water/rows"
 # The languages of the program, which it also speaks without a window.
 LANGUAGE = "app/language"
 
@@ -41,9 +40,9 @@ LAYERS = {
     CHARTDIR: {CORE},
     REPORT: set(),
     WXCHARTDIR: {CORE, CHARTDIR},
-    PRINTOUT: MODEL | {REPORT} | WATER_ROWS,
+    PRINTOUT: MODEL | {REPORT, WATER_ROWS},
     LANGUAGE: {TNCOMMON},
-    **{rows: {CORE} for rows in WATER_ROWS},
+    WATER_ROWS: {CORE, PROJECTBASE},
 }
 
 
@@ -57,12 +56,12 @@ def stack(*names, below, also=()):
 
 
 INPUT = stack("support", "input", "input/validation", "input/binding", "input/controls", "input/combinations",
-              "input/panel", "dialogs", below=MODEL, also={REPORT, PRINTOUT} | WATER_ROWS)
+              "input/panel", "dialogs", below=MODEL, also={REPORT, PRINTOUT, WATER_ROWS})
 BESIDE = {GUI + "whatif", GUI + "graphics", GUI + "network"}
 stack("whatif", below=INPUT)
 stack("graphics", below=INPUT, also={WXCHARTDIR, CHARTDIR})
 stack("network", below=INPUT, also={WXCURL})
-EVERYTHING = stack("water", "ionexchange", below=INPUT | BESIDE, also={WXCHARTDIR})
+EVERYTHING = stack("water/library", "water/tools", "water/analysis", "water/feedwater", "ionexchange", below=INPUT | BESIDE, also={WXCHARTDIR})
 LAYERS["app"] = EVERYTHING | {CHARTDIR, WXCURL, LANGUAGE, "app/command_line"}
 # What runs without a display.
 LAYERS["app/command_line"] = MODEL | {REPORT, CHARTDIR, PRINTOUT, LANGUAGE}
@@ -76,7 +75,7 @@ GENERATED = re.compile(r"^\w+/\w+_export\.h$")
 
 
 def layer_of(path):
-    found = [layer for layer in LAYERS if path.startswith((layer + "/", layer + "."))]
+    found = [layer for layer in LAYERS if path.startswith(layer + "/")]
     return max(found, key=len, default=None)
 
 
@@ -128,36 +127,36 @@ def check_tree(root):
 
 def self_test():
     sources = {
-        "modules/gui_base/core/ions.h": "",
+        "platform/core/ions.h": "",
         "modules/gui_base/input/events.h": "",
         "modules/gui_base/input/validation/v.h": '#include "gui_base/input/events.h"\n#include <wx/validate.h>',
         "modules/gui_base/input/binding/b.h": '#include "gui_base/input/validation/v.h"',
         "modules/gui_base/network/n.h": '#include "wxcurl/http.h"\n#include "gui_base/gui_base_export.h"',
-        "modules/gui_base/water/w.cpp": '#include "gui_base/network/n.h"\n#include "projectbase/p.h"',
-        "platform/projectbase/p.h": '#include "gui_base/core/ions.h"\n#include <wx/string.h>',
+        "modules/gui_base/water/tools/w.cpp": '#include "gui_base/network/n.h"\n#include "projectbase/p.h"',
+        "platform/projectbase/p.h": '#include "core/ions.h"\n#include <wx/string.h>',
         "platform/wxcurl/http.h": "",
         "app/command_line/calc.cpp": '#include "projectbase/p.h"',
-        "app/frame.cpp": '#include "gui_base/input/binding/b.h"\n#include "app/command_line/calc.h"',
+        "app/frame/frame.cpp": '#include "gui_base/input/binding/b.h"\n#include "app/command_line/calc.h"',
         "app/command_line/calc.h": "",
-        "app/language.h": '#include "tncommon/data_dir.h"',
-        "app/command_line/report.cpp": '#include "gui_base/report/r.h"\n#include "app/language.h"',
-        "modules/gui_base/report/r.h": '#include "gui_base/water/ion_rows.h"',
-        "modules/gui_base/water/ion_rows.h": "",
+        "app/language/language.h": '#include "tncommon/data_dir.h"',
+        "app/command_line/report.cpp": '#include "gui_base/report/r.h"\n#include "app/language/language.h"',
+        "modules/gui_base/report/r.h": '#include "gui_base/water/rows/ion_rows.h"',
+        "modules/gui_base/water/rows/ion_rows.h": "",
         "platform/tncommon/data_dir.h": "",
     }
     bad = {
-        "modules/gui_base/core/up.h": '#include "projectbase/p.h"',
-        "modules/gui_base/core/window.h": "#include <wx/window.h>",
+        "platform/core/up.h": '#include "projectbase/p.h"',
+        "platform/core/window.h": "#include <wx/window.h>",
         "modules/gui_base/input/validation/up.h": '  #  include "gui_base/input/binding/b.h"',
         "modules/gui_base/graphics/side.h": '#include "gui_base/network/n.h"',
-        "modules/gui_base/water/curl.h": '#include "wxcurl/http.h"',
+        "modules/gui_base/water/tools/curl.h": '#include "wxcurl/http.h"',
         "modules/gui_base/elsewhere.h": "",
-        "platform/projectbase/window.h": '#include "gui_base/water/w.cpp"',
+        "platform/projectbase/window.h": '#include "gui_base/water/tools/w.cpp"',
         "platform/projectbase/relative.h": '#include "p.h"',
         "app/command_line/window.cpp": '#include "gui_base/input/events.h"',
-        "modules/gui_base/report/window.h": '#include "gui_base/water/w.cpp"',
+        "modules/gui_base/report/window.h": '#include "gui_base/water/tools/w.cpp"',
         "modules/gui_base/report/toolkit.h": "#include <wx/dialog.h>",
-        "app/language.cpp": '#include "app/frame.cpp"',
+        "app/language/language.cpp": '#include "app/frame/frame.cpp"',
     }
     with tempfile.TemporaryDirectory() as folder:
         root = Path(folder)

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/command_line/project_setting.h"
 
-#include "gui_base/core/ion_units.h"
+#include "core/ion_units.h"
 #include "projectbase/project/project.h"
 #include "projectbase/units/temperature.h"
 #include "projectbase/units/unit_system_manager.h"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/command_line/report_command.h"
 
-#include "app/language.h"
+#include "app/language/language.h"
 #include "gui_base/report/feed_report.h"
 #include "gui_base/report/report_builder.h"
 #include "gui_base/report/report_file.h"

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // make_examples FOLDER: writes every water of the templates as a project file of its own. Part of the build.
-#include "app/templates.h"
+#include "app/document/templates.h"
 #include "projectbase/project/project_file.h"
 
 #include <exception>

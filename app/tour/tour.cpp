@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "app/tour/tour.h"
 
-#include "app/language.h"
-#include "app/main_frame.h"
-#include "app/settings_dialog.h"
-#include "app/template_dialog.h"
-#include "app/templates.h"
+#include "app/document/templates.h"
+#include "app/frame/main_frame.h"
+#include "app/frame/settings_dialog.h"
+#include "app/frame/template_dialog.h"
+#include "app/language/language.h"
 #include "app/tour/control_gallery.h"
 #include "dbinterfaces/project_database.h"
 #include "gui_base/dialogs/info_message_dialog.h"
@@ -17,11 +17,11 @@
 #include "gui_base/ionexchange/regeneration/waste_water_panel.h"
 #include "gui_base/support/translation.h"
 #include "gui_base/support/window_picture.h"
-#include "gui_base/water/alkalization_dialog.h"
-#include "gui_base/water/co2_calculator_dialog.h"
-#include "gui_base/water/comment_entry_dialog.h"
-#include "gui_base/water/water_lib_dialog.h"
-#include "gui_base/water/water_lib_list.h"
+#include "gui_base/water/feedwater/comment_entry_dialog.h"
+#include "gui_base/water/library/water_lib_dialog.h"
+#include "gui_base/water/library/water_lib_list.h"
+#include "gui_base/water/tools/alkalization_dialog.h"
+#include "gui_base/water/tools/co2_calculator_dialog.h"
 
 #include <wx/app.h>
 #include <wx/frame.h>

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // The module of the feed composition in the program's window.
-#include "app/language.h"
-#include "app/main_frame.h"
-#include "app/tarnvik_app.h"
-#include "app/templates.h"
+#include "app/document/templates.h"
+#include "app/frame/main_frame.h"
+#include "app/frame/tarnvik_app.h"
+#include "app/language/language.h"
 #include "dbinterfaces/project_database.h"
 #include "gui_base/input/controls/tv_textctrl.h"
 #include "gui_base/input/panel/aui_notebook.h"

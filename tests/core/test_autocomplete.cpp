@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "gui_base/core/autocomplete.h"
+#include "core/autocomplete.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "gui_base/core/chemical_formula_parser.h"
+#include "core/chemical_formula_parser.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

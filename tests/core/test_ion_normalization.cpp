@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "gui_base/core/ion_normalization.h"
-#include "gui_base/core/ion_units.h"
-#include "gui_base/core/polarization.h"
+#include "core/ion_normalization.h"
+#include "core/ion_units.h"
+#include "core/polarization.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "gui_base/core/ion_table.h"
+#include "core/ion_table.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "gui_base/core/laboratory_file.h"
+#include "core/laboratory_file.h"
 
 #include <gtest/gtest.h>
 

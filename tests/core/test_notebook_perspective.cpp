@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "gui_base/core/notebook_perspective.h"
+#include "core/notebook_perspective.h"
 
 #include <gtest/gtest.h>
 

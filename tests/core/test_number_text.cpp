@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "gui_base/core/column_text.h"
-#include "gui_base/core/delimited_text.h"
-#include "gui_base/core/number_text.h"
+#include "core/column_text.h"
+#include "core/delimited_text.h"
+#include "core/number_text.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Compiles against the installed headers, links the installed libraries and calls into each of them.
-#include "gui_base/core/ion_units.h"
-#include "gui_base/water/wateranalysis_panel.h"
+#include "core/ion_units.h"
+#include "gui_base/water/analysis/wateranalysis_panel.h"
 #include "projectbase/project/iex_project.h"
 #include "report/pdf_writer.h"
 #include "tncommon/data_dir.h"

@@ -3,7 +3,7 @@
 
 /// What a module offers to a report: pages that can be chosen, and their contents.
 
-#include "gui_base/core/number_text.h"
+#include "core/number_text.h"
 #include "gui_base_report/gui_base_report_export.h"
 #include "report/document.h"
 

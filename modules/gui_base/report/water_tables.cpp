@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "gui_base/report/water_tables.h"
 
+#include "core/ion_units.h"
 #include "dbinterfaces/master_database.h"
-#include "gui_base/core/ion_units.h"
-#include "gui_base/water/ion_rows.h"
-#include "gui_base/water/property_rows.h"
+#include "gui_base/water/rows/ion_rows.h"
+#include "gui_base/water/rows/property_rows.h"
 #include "projectbase/details/detail_display.h"
 #include "projectbase/water/normalization.h"
 

@@ -3,8 +3,8 @@
 
 /// One compound as its user edits it: what is stated, and what follows from it. GUI-free; a value type.
 
+#include "core/chemical_formula_parser.h"
 #include "dbinterfaces/db_objects.h"
-#include "gui_base/core/chemical_formula_parser.h"
 #include "projectbase/feed/acid_base.h"
 #include "projectbase/projectbase_export.h"
 

@@ -3,7 +3,7 @@
 
 /// The elements of the master database as formulas need them. Read once; may be called from any thread.
 
-#include "gui_base/core/chemical_formula_parser.h"
+#include "core/chemical_formula_parser.h"
 #include "projectbase/projectbase_export.h"
 
 #include <string>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The alkalization of the water that a list of details describes.
+#include "core/ion_table.h"
 #include "dbinterfaces/master_database.h"
-#include "gui_base/core/ion_table.h"
 #include "projectbase/water/alkalization.h"
 #include "projectbase/water/ion_rows.h"
 #include "projectbase/water/normalization.h"

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "projectbase/water/blend.h"
 
-#include "gui_base/core/ion_table.h"
-#include "gui_base/core/ion_units.h"
+#include "core/ion_table.h"
+#include "core/ion_units.h"
 #include "projectbase/water/alkalization.h"
 #include "projectbase/water/ion_rows.h"
 #include "projectbase/water/totals.h"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "projectbase/water/composition.h"
 
-#include "gui_base/core/ion_table.h"
+#include "core/ion_table.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "gui_base/core/ion_table.h"
-#include "gui_base/core/ion_units.h"
+#include "core/ion_table.h"
+#include "core/ion_units.h"
 #include "projectbase/water/carbonic_acid.h"
 #include "projectbase/water/conductivity.h"
 #include "projectbase/water/ion_rows.h"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "projectbase/water/laboratory_import.h"
 
-#include "gui_base/core/ion_units.h"
+#include "core/ion_units.h"
 #include "projectbase/water/ion_rows.h"
 
 #include <fmt/format.h>

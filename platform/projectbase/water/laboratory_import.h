@@ -3,7 +3,7 @@
 
 /// Takes a sample of a laboratory's file into a water, and writes a water as such a file.
 
-#include "gui_base/core/laboratory_file.h"
+#include "core/laboratory_file.h"
 #include "projectbase/details/detail_list.h"
 #include "projectbase/projectbase_export.h"
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "projectbase/water/normalization.h"
 
-#include "gui_base/core/ion_normalization.h"
-#include "gui_base/core/ion_table.h"
-#include "gui_base/core/ion_units.h"
+#include "core/ion_normalization.h"
+#include "core/ion_table.h"
+#include "core/ion_units.h"
 #include "projectbase/units/temperature.h"
 #include "projectbase/water/ion_rows.h"
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "projectbase/water/short_analysis.h"
 
-#include "gui_base/core/polarization.h"
+#include "core/polarization.h"
 #include "projectbase/water/conductivity.h"
 
 #include <boost/math/tools/toms748_solve.hpp>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // "Print to PDF" with its real dialogs.
-#include "app/language.h"
+#include "app/language/language.h"
 #include "dbinterfaces/project_database.h"
 #include "gui_base/dialogs/info_message_dialog.h"
 #include "gui_base/dialogs/page_selection_dialog.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "app/language.h"
+#include "app/language/language.h"
 #include "gui_base/dialogs/dialog_buttons.h"
 #include "gui_base/dialogs/file_name_creator.h"
 #include "gui_base/dialogs/gui_utils.h"

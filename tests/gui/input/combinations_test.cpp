@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "gui_base/core/ion_units.h"
+#include "core/ion_units.h"
 #include "gui_base/input/combinations/dynamic_limit_ion_input.h"
 #include "gui_base/input/combinations/input_combination_named_ion.h"
 #include "gui_base/input/combinations/input_combination_unit_choice.h"

@@ -2,7 +2,7 @@
 #include "gui_base/input/controls/tv_validated_textctrl.h"
 #include "gui_base/input/events.h"
 #include "gui_base/ionexchange/regeneration/waste_water_panel.h"
-#include "gui_base/water/organics_input_panel.h"
+#include "gui_base/water/feedwater/organics_input_panel.h"
 #include "projectbase/project/iex_project.h"
 #include "tests/support/gui_test.h"
 

@@ -4,8 +4,8 @@
 /// A water library over a database of its own, and what drives it.
 
 #include "dbinterfaces/project_database.h"
-#include "gui_base/water/water_lib_dialog.h"
-#include "gui_base/water/water_lib_list.h"
+#include "gui_base/water/library/water_lib_dialog.h"
+#include "gui_base/water/library/water_lib_list.h"
 #include "tests/support/gui_test.h"
 #include "tests/support/user_database_fixture.h"
 

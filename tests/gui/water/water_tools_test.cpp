@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "gui_base/input/controls/tv_radiobutton.h"
 #include "gui_base/input/validation/validator.h"
-#include "gui_base/water/alkalization_dialog.h"
-#include "gui_base/water/co2_calculator_dialog.h"
+#include "gui_base/water/tools/alkalization_dialog.h"
+#include "gui_base/water/tools/co2_calculator_dialog.h"
 #include "projectbase/project/iex_project.h"
 #include "tests/support/gui_test.h"
 

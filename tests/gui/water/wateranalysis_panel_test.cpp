@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: MIT
 // The water analysis as its user drives it: real keys, three number locales, three unit systems, two
 // languages.
-#include "gui_base/water/wateranalysis_panel.h"
+#include "gui_base/water/analysis/wateranalysis_panel.h"
 
 #include "gui_base/input/controls/tv_checkbox.h"
 #include "gui_base/input/controls/tv_radiobutton.h"
 #include "gui_base/input/events.h"
 #include "gui_base/input/validation/temperature_validator.h"
 #include "gui_base/support/events.h"
-#include "gui_base/water/balance_panel.h"
-#include "gui_base/water/paste_column.h"
+#include "gui_base/water/analysis/balance_panel.h"
+#include "gui_base/water/analysis/paste_column.h"
 #include "projectbase/project/iex_project.h"
 #include "tests/support/gui_test.h"
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Every analysis of the examples, typed as it was published, against what its authors measured or summed up.
-#include "gui_base/core/ion_table.h"
+#include "core/ion_table.h"
 #include "projectbase/water/composition.h"
 #include "tests/support/csv.h"
 #include "tests/support/water_fixture.h"

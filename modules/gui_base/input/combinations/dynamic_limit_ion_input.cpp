@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "gui_base/input/combinations/dynamic_limit_ion_input.h"
 
-#include "gui_base/core/ion_units.h"
+#include "core/ion_units.h"
 #include "gui_base/input/validation/double_validator.h"
 
 #include <algorithm>

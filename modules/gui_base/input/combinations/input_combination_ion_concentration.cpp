@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "gui_base/input/combinations/input_combination_ion_concentration.h"
 
-#include "gui_base/core/ion_table.h"
-#include "gui_base/core/ion_units.h"
+#include "core/ion_table.h"
+#include "core/ion_units.h"
 #include "gui_base/input/events.h"
 #include "gui_base/input/validation/validator.h"
 #include "gui_base/support/accessibility.h"

@@ -14,7 +14,7 @@
 /// tvCHANGE_EVENT ends here. The controls belong to the parent window and may go before the combination; the
 /// details outlive it.
 
-#include "gui_base/core/number_text.h"
+#include "core/number_text.h"
 #include "gui_base/input/binding/database_combination.h"
 #include "gui_base/input/binding/transfer_detail.h"
 #include "gui_base/input/controls/tv_choice.h"

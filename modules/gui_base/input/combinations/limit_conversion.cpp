@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "gui_base/input/combinations/limit_conversion.h"
 
-#include "gui_base/core/ion_units.h"
+#include "core/ion_units.h"
 #include "projectbase/units/unit_system_manager.h"
 
 namespace combinations {

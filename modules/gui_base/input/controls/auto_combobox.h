@@ -14,7 +14,7 @@
 /// text), whether it changed the selection or not. The wheel over an unfocused box scrolls the panel around
 /// it. GUI thread only.
 
-#include "gui_base/core/autocomplete.h"
+#include "core/autocomplete.h"
 #include "gui_base/gui_base_export.h"
 
 #include <wx/combobox.h>

@@ -4,7 +4,7 @@
 /// Text fields that carry their own binding to one detail and their own validator, built from a plain record.
 /// They tell their parent of a changed detail by a queued tvCHANGE_EVENT; an unchanged commit sends nothing.
 
-#include "gui_base/core/number_text.h"
+#include "core/number_text.h"
 #include "gui_base/input/binding/detail_container_window.h"
 #include "gui_base/input/binding/transfer_detail.h"
 #include "gui_base/input/controls/tv_textctrl.h"

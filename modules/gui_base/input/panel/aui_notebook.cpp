@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "gui_base/input/panel/aui_notebook.h"
 
-#include "gui_base/core/notebook_perspective.h"
+#include "core/notebook_perspective.h"
 
 #include <wx/weakref.h>
 #include <wx/wupdlock.h>

@@ -6,7 +6,7 @@
 /// the set, which therefore lives as long as the controls. Nothing is bound here: the panel takes the lists
 /// over into its own bindings, validators and localisation.
 
-#include "gui_base/core/number_text.h"
+#include "core/number_text.h"
 #include "gui_base/gui_base_export.h"
 #include "gui_base/input/controls/localizable.h"
 #include "gui_base/input/controls/tv_choice.h"

@@ -5,7 +5,7 @@
 /// either colours the field or puts the value at the limit. The range flag lasts until the next check;
 /// bindings hand it on to the project.
 
-#include "gui_base/core/number_text.h"
+#include "core/number_text.h"
 #include "gui_base/input/validation/validator.h"
 
 class GUI_BASE_EXPORT NumericValidator : public Validator

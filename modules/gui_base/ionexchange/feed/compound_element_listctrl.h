@@ -3,7 +3,7 @@
 
 /// The elements of a compound, one a row. The list owns the rows and draws those that are seen.
 
-#include "gui_base/core/chemical_formula_parser.h"
+#include "core/chemical_formula_parser.h"
 #include "gui_base/gui_base_export.h"
 
 #include <wx/listctrl.h>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "gui_base/ionexchange/feed/duplicate_resolution_dialog.h"
 
-#include "gui_base/core/number_text.h"
+#include "core/number_text.h"
 #include "gui_base/dialogs/tv_gridcellchoiceeditor.h"
 #include "gui_base/input/validation/numeric_validator.h"
 #include "gui_base/support/accessibility.h"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "gui_base/ionexchange/feed/feed_composition_panel.h"
 
-#include "gui_base/core/number_text.h"
+#include "core/number_text.h"
 #include "gui_base/input/controls/tv_button.h"
 #include "gui_base/input/controls/tv_checkbox.h"
 #include "gui_base/input/controls/tv_choice.h"

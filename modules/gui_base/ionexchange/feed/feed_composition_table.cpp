@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The cells of a feed composition.
-#include "gui_base/core/number_text.h"
+#include "core/number_text.h"
 #include "gui_base/input/controls/tv_textctrl.h"
 #include "gui_base/input/validation/double_validator.h"
 #include "gui_base/ionexchange/feed/bitmap_grid_cell_renderer.h"

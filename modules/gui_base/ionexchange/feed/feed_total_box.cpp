@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "gui_base/ionexchange/feed/feed_total_box.h"
 
-#include "gui_base/core/number_text.h"
+#include "core/number_text.h"
 #include "gui_base/input/controls/tv_textctrl.h"
 #include "gui_base/input/validation/numeric_validator.h"
 #include "gui_base/support/accessibility.h"

@@ -4,7 +4,7 @@
 /// The field for a formula: one line in which each part that cannot be read is coloured while it is typed.
 /// Only fields of several lines can have colours within their text, hence it is one that takes no line end.
 
-#include "gui_base/core/chemical_formula_parser.h"
+#include "core/chemical_formula_parser.h"
 #include "gui_base/gui_base_export.h"
 
 #include <wx/textctrl.h>

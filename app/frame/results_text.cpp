@@ -1,0 +1,86 @@
+// SPDX-License-Identifier: MIT
+#include "app/frame/results_text.h"
+
+#include "gui_base/input/validation/numeric_validator.h"
+#include "gui_base/support/translation.h"
+#include "gui_base/water/rows/ion_rows.h"
+#include "gui_base/water/rows/property_rows.h"
+#include "projectbase/details/detail_display.h"
+
+#include <initializer_list>
+#include <span>
+
+namespace app {
+namespace {
+
+constexpr int kDigits = 6;
+
+wxString Number(double value)
+{
+    return wxString::FromUTF8(
+        numbertext::Format(value, {.precision = kDigits}, NumericValidator::LocaleSeparators()));
+}
+
+void AddLine(wxString& text, std::initializer_list<wxString> cells)
+{
+    wxString separator;
+    for (const wxString& cell : cells) {
+        text += separator + cell;
+        separator = "\t";
+    }
+    text += "\n";
+}
+
+wxString PlainLabel(const char* source)
+{
+    wxString label = i18n::Translated(source);
+    if (label.EndsWith(":"))
+        label.RemoveLast();
+    return label;
+}
+
+void AddIons(wxString& text, const DetailList& details, std::span<const wateranalysis::IonRow> rows,
+             std::span<const wateranalysis::TotalRow> totals)
+{
+    for (const auto& row : rows) {
+        const std::string prefix = std::string("liquid/") + row.key;
+        const double meql = details.At(prefix + ".meql").GetDoubleValue();
+        if (meql == 0.0)
+            continue;
+        const DetailData* name = details.GetDetail(prefix + ".name");
+        AddLine(text, {name != nullptr ? name->GetStringValue() : PlainLabel(row.label),
+                       Number(details.At(prefix + ".orig").GetDoubleValue()),
+                       details.At(prefix + ".unit").GetStringValue(), Number(meql),
+                       Number(details.At(prefix + ".mgl").GetDoubleValue())});
+    }
+    for (const auto& total : totals)
+        AddLine(text, {PlainLabel(total.label), "", "", Number(details.At(total.key).GetDoubleValue()), ""});
+}
+
+}  // namespace
+
+wxString ResultsText(const LiquidData& water, const std::string& unitSystem)
+{
+    const DetailList& details = *water.GetDetails();
+    wxString text;
+    AddLine(text, {i18n::Translated(wxString::FromUTF8(water.GetName()))});
+    AddLine(text, {"", i18n::Translated("Original"), i18n::Translated("Unit"), "meq/l", "mg/l"});
+    AddIons(text, details, wateranalysis::kCationRows, wateranalysis::kCationTotals);
+    AddIons(text, details, wateranalysis::kAnionRows, wateranalysis::kAnionTotals);
+    const DisplayFromDetail display;
+    const auto addValue = [&](const wxString& label, const char* key) {
+        const DetailData& detail = details.At(key);
+        AddLine(text, {label, Number(display.GetValue(detail, unitSystem)),
+                       display.GetUnitLabel(detail, unitSystem)});
+    };
+    addValue(i18n::Translated("Temperature"), "liquid/temp");
+    addValue(i18n::Translated("pH"), "liquid/ph");
+    for (const auto& row : wateranalysis::kSummaryRows) {
+        wxString suffix = wxString::FromUTF8(row.labelSuffix);
+        suffix.Replace(":", "");
+        addValue(i18n::Translated(row.label) + suffix, row.key);
+    }
+    return text;
+}
+
+}  // namespace app

@@ -1,0 +1,148 @@
+// SPDX-License-Identifier: MIT
+#include "app/frame/tarnvik_app.h"
+
+#include "app/document/templates.h"
+#include "app/frame/main_frame.h"
+#include "app/language/language.h"
+#include "app/tour/tour.h"
+#include "dbinterfaces/project_database.h"
+#include "gui_base/support/image_loader.h"
+#include "projectbase/settings/settings.h"
+#include "tncommon/data_dir.h"
+
+#include <wx/cmdline.h>
+#include <wx/log.h>
+#include <wx/uilocale.h>
+
+#include <fstream>
+#include <iostream>
+
+namespace app {
+namespace {
+
+/// The water that a newcomer sees first: the mean of the rivers of the world.
+constexpr const char* kFirstExample = "world_river_livingstone";
+
+std::unique_ptr<Project> FirstProject()
+{
+    const WaterTemplate* example = FindWaterTemplate(kFirstExample);
+    auto project = example != nullptr ? NewProjectFrom(*example) : NewEmptyProject();
+    project->SetUnitSystemDisplay(Settings::GetSetting("unit.system").GetStdStringValue());
+    return project;
+}
+
+}  // namespace
+
+void InitProgram(std::string& error)
+{
+    // Numbers follow the user's system; only the language of texts can be switched later.
+    wxUILocale::UseDefault();
+    ImageLoader::Init(wxString::FromUTF8(tncommon::DataDir().string()));
+    try {
+        ProjectDatabase::OpenConfigured();
+        Settings::Load();
+    } catch (const std::exception& failure) {
+        error = failure.what();
+    }
+    const wxString language = Settings::GetSetting("language").GetStringValue();
+    SwitchLanguage(language.empty() ? SystemLanguage() : language);
+}
+
+bool TarnvikApp::OnInit()
+{
+    SetAppName("tarnvik");
+    SetAppDisplayName("Tarnvik");
+    if (!wxApp::OnInit())
+        return false;
+    InitProgram(m_databaseError);
+    if (!m_tourFolder.empty()) {
+        // Between its windows the tour has none.
+        SetExitOnFrameDelete(false);
+        CallAfter([this] { RunTourLook(); });
+        return true;
+    }
+    m_frame = new MainFrame(std::make_unique<Document>(FirstProject()));
+    if (!m_databaseError.empty())
+        m_frame->GetMessageArea().AddMessage(MessageArea::Severity::Error,
+                                             wxString::FromUTF8(m_databaseError));
+    if (!m_file.empty())
+        m_frame->OpenFile(m_file);
+    m_frame->Show();
+    if (m_measureStart)
+        m_frame->CallAfter([this] { ReportStart(); });
+    else
+        m_frame->CallAfter([frame = m_frame] { frame->OfferRecovery(); });
+    return true;
+}
+
+void TarnvikApp::RunTourLook()
+{
+    try {
+        TakeTour(m_tourFolder, m_tourLook);
+    } catch (const std::exception& error) {
+        std::cerr << error.what() << std::endl;
+        m_exitCode = 1;
+    }
+    ExitMainLoop();
+}
+
+int TarnvikApp::OnRun()
+{
+    const int code = wxApp::OnRun();
+    return m_exitCode != 0 ? m_exitCode : code;
+}
+
+void TarnvikApp::ReportStart()
+{
+    m_frame->Update();
+    std::ifstream status("/proc/self/status");
+    for (std::string line; std::getline(status, line);) {
+        if (line.starts_with("VmRSS:"))
+            std::cout << std::stol(line.substr(6)) << std::endl;
+    }
+    m_frame->Close(true);
+}
+
+int TarnvikApp::OnExit()
+{
+    ProjectDatabase::Close();
+    return wxApp::OnExit();
+}
+
+bool TarnvikApp::OnExceptionInMainLoop()
+{
+    try {
+        throw;
+    } catch (const std::exception& error) {
+        wxLogError("%s", wxString::FromUTF8(error.what()));
+    } catch (...) {
+        wxLogError("Unknown exception");
+    }
+    return true;
+}
+
+void TarnvikApp::OnInitCmdLine(wxCmdLineParser& parser)
+{
+    wxApp::OnInitCmdLine(parser);
+    // For the benchmark of the start: ends the program as soon as its window can be used.
+    parser.AddSwitch(wxString(), "measure-start", wxString(), wxCMD_LINE_HIDDEN);
+    // One look of the tour, which runs the program once for each.
+    parser.AddLongOption("tour", wxString(), wxCMD_LINE_VAL_STRING, wxCMD_LINE_HIDDEN);
+    parser.AddLongOption("tour-look", wxString(), wxCMD_LINE_VAL_STRING, wxCMD_LINE_HIDDEN);
+    parser.AddParam("FILE", wxCMD_LINE_VAL_STRING, wxCMD_LINE_PARAM_OPTIONAL);
+}
+
+bool TarnvikApp::OnCmdLineParsed(wxCmdLineParser& parser)
+{
+    m_measureStart = parser.Found("measure-start");
+    wxString text;
+    if (parser.Found("tour", &text))
+        m_tourFolder = text.utf8_string();
+    if (parser.Found("tour-look", &text))
+        m_tourLook = text.utf8_string();
+    if (parser.GetParamCount() > 0)
+        m_file = parser.GetParam(0).utf8_string();
+    return wxApp::OnCmdLineParsed(parser);
+}
+
+}  // namespace app

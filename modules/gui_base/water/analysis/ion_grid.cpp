@@ -1,0 +1,154 @@
+// SPDX-License-Identifier: MIT
+#include "gui_base/water/analysis/ion_grid.h"
+
+#include "gui_base/input/controls/tv_statictext.h"
+#include "gui_base/input/validation/validator.h"
+
+namespace wateranalysis {
+namespace {
+
+constexpr int kColumns = 5;
+constexpr int kGap = 4;
+/// Digits with which sea water and brines still stand in plain notation.
+constexpr int kMeqlDigits = 5;
+constexpr int kMglDigits = 6;
+constexpr int kHeadHeight = 28;
+
+const wxString kMeql("meq/l");
+const wxString kMgl("mg/l");
+
+wxSizerFlags Cell()
+{
+    return wxSizerFlags().CentreVertical();
+}
+
+}  // namespace
+
+wxSizer* IonGrid::Create(wxWindow* parent, const wxString& title, std::span<const IonRow> rows,
+                         const std::vector<wxString>& labels, std::span<const TotalRow> totals,
+                         wxWindow* headTool)
+{
+    auto* grid = new wxFlexGridSizer(kColumns, parent->FromDIP(wxSize(2 * kGap, kGap)));
+    AddHeads(parent, *grid, title, headTool);
+    for (std::size_t i = 0; i < rows.size(); ++i)
+        AddRow(parent, *grid, rows[i], i < labels.size() ? labels[i] : wxString::FromUTF8(rows[i].label));
+    for (const TotalRow& total : totals)
+        AddTotal(parent, *grid, total);
+    return grid;
+}
+
+void IonGrid::AddHeads(wxWindow* parent, wxFlexGridSizer& grid, const wxString& title, wxWindow* headTool)
+{
+    const auto bold = [](wxStaticText* text) {
+        text->SetFont(text->GetFont().Bold());
+        return text;
+    };
+    grid.Add(bold(m_fields.AddLabel(parent, title)), Cell());
+    grid.Add(m_fields.AddLabel(parent, "Original"), Cell().Right());
+    auto* unitHead = new wxBoxSizer(wxHORIZONTAL);
+    // The same height with and without a tool, so that the rows of both grids stand in line.
+    unitHead->SetMinSize(parent->FromDIP(wxSize(-1, kHeadHeight)));
+    unitHead->Add(m_fields.AddLabel(parent, "Unit"), Cell());
+    if (headTool != nullptr) {
+        unitHead->AddStretchSpacer();
+        unitHead->Add(headTool, Cell());
+    }
+    grid.Add(unitHead, wxSizerFlags().Expand());
+    grid.Add(m_fields.AddLabel(parent, kMeql), Cell().Right());
+    grid.Add(m_fields.AddLabel(parent, kMgl), Cell().Right());
+}
+
+void IonGrid::AddRow(wxWindow* parent, wxFlexGridSizer& grid, const IonRow& ion, const wxString& label)
+{
+    const std::string prefix = std::string("liquid/") + ion.key;
+    Row row{.ion = &ion};
+    if (ion.kind == IonRowKind::Named) {
+        row.name = m_fields.AddText(parent, prefix + ".name", label);
+        grid.Add(row.name, Cell());
+    } else {
+        grid.Add(m_fields.AddLabel(parent, label), Cell());
+    }
+
+    row.typed = m_fields.AddInput(parent, {.key = prefix + ".orig",
+                                           .label = label,
+                                           .unitKey = prefix + ".unit",
+                                           .validatorFlags = CheckMax | ZeroAsEmpty | ShowPreciseValue,
+                                           .precision = 6,
+                                           .inIsoUnits = true});
+    row.typed->Bind(wxEVT_KEY_DOWN, &IonGrid::OnKeyDown, this);
+    grid.Add(row.typed, Cell());
+
+    row.unit = m_fields.AddUnitChoice(
+        parent, prefix + ".unit", ion.kind == IonRowKind::Equivalent ? m_units.equivalent : m_units.ordinary,
+        label);
+    grid.Add(row.unit, Cell().Expand());
+    for (const wxString& result : {kMeql, kMgl}) {
+        const std::string key = prefix + (result == kMeql ? ".meql" : ".mgl");
+        grid.Add(m_fields.AddResult(parent, {.key = key,
+                                             .label = label,
+                                             .unit = result,
+                                             .validatorFlags = ZeroAsEmpty,
+                                             .precision = result == kMeql ? kMeqlDigits : kMglDigits,
+                                             .inIsoUnits = true}),
+                 Cell());
+    }
+    m_rows.push_back(row);
+}
+
+void IonGrid::AddTotal(wxWindow* parent, wxFlexGridSizer& grid, const TotalRow& total)
+{
+    const wxString label = wxString::FromUTF8(total.label);
+    wxStaticText* text = m_fields.AddLabel(parent, label);
+    text->SetFont(text->GetFont().Bold());
+    grid.Add(text, Cell());
+    grid.AddSpacer(0);
+    grid.AddSpacer(0);
+    grid.Add(
+        m_fields.AddResult(
+            parent,
+            {.key = total.key, .label = label, .unit = kMeql, .precision = kMeqlDigits, .inIsoUnits = true}),
+        Cell());
+    grid.AddSpacer(0);
+}
+
+IonGrid::Row* IonGrid::Find(const std::string& ion)
+{
+    for (Row& row : m_rows) {
+        if (row.ion->key == ion)
+            return &row;
+    }
+    return nullptr;
+}
+
+int IonGrid::FocusedRow() const
+{
+    const wxWindow* focused = wxWindow::FindFocus();
+    for (std::size_t i = 0; focused != nullptr && i < m_rows.size(); ++i) {
+        const Row& row = m_rows[i];
+        if (focused == row.typed || focused == row.unit || focused == row.name)
+            return static_cast<int>(i);
+    }
+    return -1;
+}
+
+void IonGrid::OnKeyDown(wxKeyEvent& event)
+{
+    const int key = event.GetKeyCode();
+    const int step = key == WXK_DOWN || key == WXK_NUMPAD_DOWN ? 1
+                     : key == WXK_UP || key == WXK_NUMPAD_UP   ? -1
+                                                               : 0;
+    if (step == 0 || event.HasAnyModifiers()) {
+        event.Skip();
+        return;
+    }
+    for (int i = FocusedRow() + step; i >= 0 && i < static_cast<int>(m_rows.size()); i += step) {
+        TvTextCtrl* field = m_rows[static_cast<std::size_t>(i)].typed;
+        if (field->IsEnabled() && field->IsEditable()) {
+            field->SetFocus();
+            field->SelectAll();
+            return;
+        }
+    }
+}
+
+}  // namespace wateranalysis

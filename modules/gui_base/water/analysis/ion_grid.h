@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+/// The cations or the anions of a water analysis: a title, column heads, one row an ion and the totals below.
+/// Builds its controls into a parent window; the fields belong to the panel's field set. Up and Down walk the
+/// typed values.
+
+#include "gui_base/gui_base_export.h"
+#include "gui_base/input/panel/field_set.h"
+#include "gui_base/water/rows/ion_rows.h"
+
+#include <wx/sizer.h>
+
+#include <span>
+#include <string>
+#include <vector>
+
+namespace wateranalysis {
+
+class GUI_BASE_EXPORT IonGrid
+{
+public:
+    /// Controls of one row; `name` is null unless the user names the ion.
+    struct Row
+    {
+        const IonRow* ion;
+        TvTextCtrl* name = nullptr;
+        TvTextCtrl* typed = nullptr;
+        tvUnitChoice* unit = nullptr;
+    };
+
+    /// What both grids share: the choices of units, built once.
+    struct UnitLists
+    {
+        std::vector<wxString> ordinary;
+        std::vector<wxString> equivalent;
+    };
+
+    IonGrid(FieldSet& fields, const UnitLists& units) : m_fields(fields), m_units(units) {}
+    IonGrid(const IonGrid&) = delete;
+    IonGrid& operator=(const IonGrid&) = delete;
+
+    /// Builds the grid with one label text for each of `rows`; `headTool` stands beside the head "Unit" if
+    /// not null.
+    wxSizer* Create(wxWindow* parent, const wxString& title, std::span<const IonRow> rows,
+                    const std::vector<wxString>& labels, std::span<const TotalRow> totals,
+                    wxWindow* headTool);
+
+    std::vector<Row>& Rows() { return m_rows; }
+    const std::vector<Row>& Rows() const { return m_rows; }
+    /// The row of an ion, or null.
+    Row* Find(const std::string& ion);
+    /// Index of the row that holds the focus, or -1.
+    int FocusedRow() const;
+
+private:
+    void AddHeads(wxWindow* parent, wxFlexGridSizer& grid, const wxString& title, wxWindow* headTool);
+    void AddRow(wxWindow* parent, wxFlexGridSizer& grid, const IonRow& ion, const wxString& label);
+    void AddTotal(wxWindow* parent, wxFlexGridSizer& grid, const TotalRow& total);
+    void OnKeyDown(wxKeyEvent& event);
+
+    FieldSet& m_fields;
+    const UnitLists& m_units;
+    std::vector<Row> m_rows;
+};
+
+}  // namespace wateranalysis

@@ -1,0 +1,466 @@
+// SPDX-License-Identifier: MIT
+#include "gui_base/water/analysis/wateranalysis_panel.h"
+
+#include "core/ion_table.h"
+#include "core/ion_units.h"
+#include "core/polarization.h"
+#include "gui_base/input/controls/tv_checkbox.h"
+#include "gui_base/input/controls/tv_radiobutton.h"
+#include "gui_base/input/validation/double_validator.h"
+#include "gui_base/input/validation/temperature_validator.h"
+#include "gui_base/input/validation/text_enter_validator.h"
+#include "gui_base/support/events.h"
+#include "gui_base/support/help_file_provider.h"
+#include "gui_base/support/translation.h"
+#include "gui_base/water/analysis/balance_panel.h"
+#include "gui_base/water/tools/alkalization_dialog.h"
+#include "projectbase/settings/settings.h"
+#include "projectbase/units/unit_system_manager.h"
+#include "projectbase/water/blend.h"
+#include "projectbase/water/composition.h"
+#include "projectbase/water/normalization.h"
+
+#include <wx/bmpbuttn.h>
+#include <wx/collpane.h>
+#include <wx/log.h>
+
+#include <stdexcept>
+
+namespace {
+
+/// Level of the calculation to which the waters of a project belong: everything else follows from them.
+constexpr long kWaterStatus = 1;
+
+constexpr const char* kTypeKey = "liquid/analysis.type";
+constexpr const char* kFull = "FULL";
+constexpr const char* kShortTds = "SHORT_TDS";
+constexpr const char* kShortCond = "SHORT_COND";
+
+constexpr double kMinCelsius = 0.0;
+constexpr double kMaxCelsius = 100.0;
+
+/// Gives a field the limit `meqPerLitre` in the unit that is chosen for it.
+void SetMaximum(TvTextCtrl& field, double meqPerLitre, const tvUnitChoice& unit, double equivalentWeight)
+{
+    if (auto* validator = dynamic_cast<DoubleValidator*>(field.GetValidator()))
+        validator->SetMaxValue(
+            ions::FromMeqPerLitre(meqPerLitre, unit.GetDetail()->GetStdStringValue(), equivalentWeight));
+}
+
+LiquidData& RequireLiquid(Project* project, std::size_t index)
+{
+    if (project == nullptr)
+        throw std::invalid_argument("WaterAnalysisPanel::WaterAnalysisPanel: a water needs a project");
+    return project->GetLiquid(index);
+}
+
+}  // namespace
+
+WaterAnalysisPanel::WaterAnalysisPanel(Project* project, std::size_t detailIndex, wxWindow* parent, int id,
+                                       TVHelpFileProvider* help, const wxPoint& pos, const wxSize& size,
+                                       long style)
+    : ModulePanelBase(project, parent, id, pos, size, style, "water analysis"),
+      m_index(detailIndex),
+      m_liquid(RequireLiquid(project, detailIndex)),
+      m_help(help)
+{
+    BindPanelEvents();
+    Create();
+}
+
+WaterAnalysisPanel::~WaterAnalysisPanel()
+{
+    // The fields' variables belong to this class and must outlive the fields.
+    DestroyChildren();
+}
+
+void WaterAnalysisPanel::DoCreateControls()
+{
+    // Recreated controls start from an empty set of variables.
+    m_grids.clear();
+    m_fields = std::make_unique<FieldSet>(*m_liquid.GetDetails());
+    m_limitedTemperatureUnit.clear();
+    CreateControls();
+    for (const auto& holder : m_fields->Localizables())
+        AddLocalizable(holder);
+    for (DetailContainerWindow* window : m_fields->SelfRefreshing())
+        AddToDetailContainerWindows(window);
+}
+
+void WaterAnalysisPanel::SetTransferInfo()
+{
+    for (FieldSet::Number& number : m_fields->Numbers()) {
+        double* value =
+            number.control == m_temperatureField ? m_temperature.GetValueAddress() : &number.value;
+        AddTransfer(TransferDetail(number.transferFlags, value, number.control, number.detail));
+    }
+    for (FieldSet::Text& text : m_fields->Texts())
+        AddTransfer(TransferDetail(TransferToDetail | TransferCountsAsChange, &text.value, text.control,
+                                   text.detail));
+}
+
+void WaterAnalysisPanel::SetValidators(const std::string&)
+{
+    for (FieldSet::Number& number : m_fields->Numbers()) {
+        const NumberSpec& spec = number.spec;
+        if (number.control == m_temperatureField)
+            number.control->SetValidator(TemperatureValidator(&m_temperature, spec.format, spec.precision,
+                                                              spec.validatorFlags, {}, {}, {}));
+        else
+            number.control->SetValidator(DoubleValidator(&number.value, spec.format, spec.precision,
+                                                         spec.validatorFlags, number.detail->GetMinValue(),
+                                                         number.detail->GetMaxValue(), spec.undef));
+    }
+    for (FieldSet::Text& text : m_fields->Texts())
+        text.control->SetValidator(TextEnterValidator(&text.value));
+}
+
+void WaterAnalysisPanel::DoConnectTvTextCtrlsToStatusbar()
+{
+    const TvTextCtrl* const tds = FindField("liquid/tds.short");
+    const TvTextCtrl* const conductivity = FindField("liquid/cond.short");
+    for (const FieldSet::Number& number : m_fields->Numbers()) {
+        if (number.control->IsEditable() && number.control != tds && number.control != conductivity)
+            SetupInputControl(number.control);
+        else
+            ConnectControlToStatusBar(number.control);
+    }
+}
+
+void WaterAnalysisPanel::DoPrepare()
+{
+    NormalizeLiquid();
+    DoLocalize();
+}
+
+long WaterAnalysisPanel::GetPanelProjectStatus()
+{
+    return kWaterStatus;
+}
+
+void WaterAnalysisPanel::DoResetPanelStatus() {}
+
+void WaterAnalysisPanel::DoUpdateUnits()
+{
+    m_fields->UpdateNames(GetCurrentDisplayUnitSystem());
+}
+
+void WaterAnalysisPanel::DoLocalize()
+{
+    m_furtherPane->SetLabel(i18n::Translated("Further properties"));
+    m_defaultUnit->SetToolTip(i18n::Translated("Set default unit (based on 'Na' unit)"));
+    m_fields->UpdateNames(GetCurrentDisplayUnitSystem());
+}
+
+void WaterAnalysisPanel::DoUpdateValidators()
+{
+    UpdateTempOrigCtrlValidatorLimits();
+    UpdateIonLimits();
+}
+
+void WaterAnalysisPanel::UpdateIonLimits()
+{
+    // The limit of an ion is an amount; the same amount is another number in every unit.
+    DetailList& details = *m_liquid.GetDetails();
+    for (const auto& grid : m_grids) {
+        for (const wateranalysis::IonGrid::Row& row : grid->Rows()) {
+            const ions::Ion* ion = ions::FindIon(row.ion->key);
+            const DetailData& meql = details.At(std::string("liquid/") + row.ion->key + ".meql");
+            SetMaximum(*row.typed, meql.GetMaxValue(), *row.unit,
+                       ion != nullptr ? ion->equivalentWeight : 1.0);
+        }
+    }
+    const double co2Weight = ions::FindIon("co2")->equivalentWeight;
+    SetMaximum(*FindField("liquid/co2.orig"), details.At("liquid/co2.mgl").GetMaxValue() / co2Weight,
+               *m_co2Unit, co2Weight);
+}
+
+void WaterAnalysisPanel::UpdateTempOrigCtrlValidatorLimits()
+{
+    const std::string text = m_temperatureUnit->GetDetail()->GetStdStringValue();
+    auto* validator = dynamic_cast<TemperatureValidator*>(m_temperatureField->GetValidator());
+    if (text == m_limitedTemperatureUnit || validator == nullptr)
+        return;
+    m_limitedTemperatureUnit = text;
+    Temperature min(kMinCelsius, TemperatureUnit::Celsius);
+    Temperature max(kMaxCelsius, TemperatureUnit::Celsius);
+    m_temperature.SetUnit(TemperatureUnit::Celsius);
+    try {
+        const auto unit = Temperature::UnitFromText(text);
+        if (!unit)
+            throw std::runtime_error("unknown temperature unit");
+        const DetailData& initial = Settings::GetSetting("temp.init");
+        if (initial.HasMinValue())
+            min.SetValue(initial.GetMinValue());
+        if (initial.HasMaxValue())
+            max.SetValue(initial.GetMaxValue());
+        m_temperature.SetUnit(*unit);
+    } catch (const std::exception&) {
+        GetProject()->GetLogger().Error(
+            "Silent exception in  WaterAnalysisPanel::UpdateTempOrigCtrlValidatorLimits, set limits from "
+            "Celsius as "
+            "default.");
+    }
+    validator->SetLimits(min.ConvertedTo(m_temperature.GetUnit()), max.ConvertedTo(m_temperature.GetUnit()));
+}
+
+void WaterAnalysisPanel::DoTransferDetailsToWindows()
+{
+    ModulePanelBase::DoTransferDetailsToWindows();
+    if (!m_fields || m_fields->Numbers().empty())
+        return;
+    CheckAnalysisType();
+    ShowAlkalization();
+}
+
+void WaterAnalysisPanel::UpdateToolTips()
+{
+    const DetailList& details = *m_liquid.GetDetails();
+    const auto show = [this](const char* key, const wxString& text) {
+        TvTextCtrl* field = FindField(key);
+        if (field->GetToolTipText() != text)
+            field->SetToolTip(text);
+    };
+    const auto number = [](double value) {
+        return wxString::FromUTF8(
+            numbertext::Format(value, {.precision = 4}, NumericValidator::LocaleSeparators()));
+    };
+    const double residue = water::DryResidue(details.At("liquid/tds").GetDoubleValue(),
+                                             details.At("liquid/hco3.mgl").GetDoubleValue());
+    show("liquid/tds",
+         wxString::Format(i18n::Translated("Sum of all constituents; dry residue at 180 %s: %s mg/l"),
+                          wxString::FromUTF8("\u00b0C"), number(residue)));
+    const double error =
+        water::ElectroneutralityError({.cations = details.At("liquid/sum.c.meql").GetDoubleValue(),
+                                       .anions = details.At("liquid/sum.a.meql").GetDoubleValue()});
+    const wxString balance = wxString::Format(
+        i18n::Translated("Balance error: %s %%, the difference of both sums in percent of their total"),
+        number(error));
+    show("liquid/sum.c.meql", balance);
+    show("liquid/sum.a.meql", balance);
+}
+
+void WaterAnalysisPanel::DoSendVisualizeMessageEvent()
+{
+    std::vector<std::string> keys;
+    for (const RangeViolation& violation : GetRangeViolations())
+        keys.push_back(violation.detail->GetName());
+    if (m_sentViolations == keys)
+        return;
+    m_sentViolations = keys;
+    wxQueueEvent(wxGetTopLevelParent(this),
+                 new VisualizeMessageEvent(tvVISUALIZE_MESSAGE, GetId(),
+                                           wxString::FromUTF8(GetProject()->GetModuleType()),
+                                           GetUnitSystemDisplay(), std::move(keys)));
+}
+
+void WaterAnalysisPanel::NormalizeIon(const wxString& ion, bool checkName)
+{
+    try {
+        GetProject()->NormalizeIon(m_index, ion.utf8_string(), checkName);
+    } catch (const std::exception& error) {
+        GetProject()->GetLogger().Error(std::string("Exception in  WaterAnalysisPanel::NormalizeIon: ") +
+                                        error.what());
+        throw;
+    }
+}
+
+void WaterAnalysisPanel::NormalizeLiquid()
+{
+    GetProject()->UpdateBlend(m_index);
+    GetProject()->NormalizeIons(m_index, true);
+    CalculateAlkalization();
+}
+
+void WaterAnalysisPanel::CalculateAlkalization()
+{
+    const water::AlkalizationResult before = m_alkalizationResult;
+    m_alkalizationResult = GetProject()->CalculateAlkalization(m_index);
+    const wxString reason = alkalization::Explain(m_alkalizationResult);
+    if (m_alkalizationResult != before && !reason.empty())
+        GetProject()->GetLogger().Warning(
+            (wxString(wxTRANSLATE("Alkalization")) + ": " + reason).utf8_string());
+}
+
+void WaterAnalysisPanel::ShowAlkalization()
+{
+    const DetailList& details = *m_liquid.GetDetails();
+    const std::string agent = details.At("liquid/alk.type").GetStdStringValue();
+    wxString text = i18n::Translated(alkalization::Explain(m_alkalizationResult));
+    if (m_alkalizationResult == water::AlkalizationResult::Done) {
+        const auto number = [](double value, int decimals) {
+            return wxString::FromUTF8(
+                numbertext::Format(value, {.format = TvTextCtrlFormat::Fixed, .precision = decimals},
+                                   NumericValidator::LocaleSeparators()));
+        };
+        const std::string unitSystem = GetCurrentDisplayUnitSystem();
+        const double dose =
+            UnitSystemManager::FromISO("mg/l", unitSystem, details.At("liquid/alk.dosed").GetDoubleValue());
+        text = wxString::Format(i18n::Translated("%s: %s %s, pH %s"),
+                                i18n::Translated(wxString::FromUTF8(water::AlkalizingAgentName(agent))),
+                                number(dose, 2),
+                                wxString::FromUTF8(UnitSystemManager::GetUnit("mg/l", unitSystem, true)),
+                                number(details.At("liquid/alk.ph").GetDoubleValue(), 2));
+    }
+    if (m_alkalization->GetLabelText() == text)
+        return;
+    m_alkalization->SetLabelText(text);
+    m_alkalization->GetContainingSizer()->Layout();
+}
+
+double WaterAnalysisPanel::ReversePolarizationEffect(double conductivity)
+{
+    return ions::ReversePolarizationEffect(conductivity);
+}
+
+void WaterAnalysisPanel::UpdateAnalysis()
+{
+    SynchronizeProject();
+    CheckAnalysisType();
+}
+
+void WaterAnalysisPanel::SynchronizeProject()
+{
+    ModulePanelBase::SynchronizeProject();
+    const DetailData* blend = GetProject()->GetDetails().GetDetail("arrangement/calculate.blend");
+    const bool blended = blend != nullptr && blend->GetBoolValue();
+    DisableShortAnalysis(blended);
+}
+
+void WaterAnalysisPanel::SignalChanges()
+{
+    SendChangeEvent();
+}
+
+void WaterAnalysisPanel::InitializeExtended()
+{
+    water::ResetHydrogenAndHydroxide(*m_liquid.GetDetails());
+}
+
+WaterAnalysisPanel::AnalysisType WaterAnalysisPanel::GetAnalysisType() const
+{
+    const wxString type = m_liquid.GetDetails()->At(kTypeKey).GetStringValue();
+    if (type == kShortTds)
+        return AnalysisType::ShortTds;
+    return type == kShortCond ? AnalysisType::ShortConductivity : AnalysisType::Full;
+}
+
+void WaterAnalysisPanel::SetAnalysisType(const char* type, const char* source, const char* typed)
+{
+    DetailList& details = *m_liquid.GetDetails();
+    details.At(kTypeKey).SetValue(type);
+    // A short analysis starts from what the ions gave, so that switching to it does not change the water at
+    // once.
+    if (source != nullptr && details.At(typed).GetDoubleValue() == 0.0)
+        details.At(typed).SetValue(details.At(source).GetDoubleValue());
+    TransferDetailsToWindow();
+    UpdateAndSignal();
+}
+
+void WaterAnalysisPanel::UpdateAndSignal()
+{
+    UpdateAnalysis();
+    SignalChanges();
+}
+
+void WaterAnalysisPanel::ShortAnalysisTDS()
+{
+    SetAnalysisType(kShortTds, "liquid/tds", "liquid/tds.short");
+}
+
+void WaterAnalysisPanel::ShortAnalysisCond()
+{
+    SetAnalysisType(kShortCond, "liquid/cond", "liquid/cond.short");
+}
+
+void WaterAnalysisPanel::CheckAnalysisType()
+{
+    const AnalysisType type = GetAnalysisType();
+    TvRadioButton* const button = type == AnalysisType::Full       ? m_full
+                                  : type == AnalysisType::ShortTds ? m_shortTds
+                                                                   : m_shortCond;
+    if (!button->GetValue())
+        button->SetValue(true);
+    EnableInputFields();
+    EnableDefaultUnitButton(type == AnalysisType::Full);
+}
+
+void WaterAnalysisPanel::EnableInputFields()
+{
+    const AnalysisType type = GetAnalysisType();
+    // What is mixed of other waters is typed there.
+    const bool isBlend = water::IsBlend(*m_liquid.GetDetails());
+    const bool full = type == AnalysisType::Full && !isBlend;
+    FindField("liquid/tds.short")->Enable(type == AnalysisType::ShortTds);
+    FindField("liquid/cond.short")->Enable(type == AnalysisType::ShortConductivity);
+    for (const auto& grid : m_grids) {
+        for (wateranalysis::IonGrid::Row& row : grid->Rows())
+            EnableRow(row, full);
+    }
+    const bool typedCo2 = !isBlend && !m_liquid.GetDetails()->At("liquid/calculate.co2").GetBoolValue();
+    m_temperatureField->Enable(!isBlend);
+    m_temperatureUnit->Enable(!isBlend);
+    FindField("liquid/co2.orig")->Enable(typedCo2);
+    m_co2Unit->Enable(typedCo2);
+    m_balance->Enable(full);
+}
+
+void WaterAnalysisPanel::EnableRow(wateranalysis::IonGrid::Row& row, bool enable)
+{
+    if (row.name != nullptr) {
+        row.name->Enable(enable);
+        wxString name = row.name->GetValue();
+        enable = enable && !name.Trim().empty();
+    }
+    if (row.ion->kind == wateranalysis::IonRowKind::Equivalent)
+        enable = enable && m_liquid.GetDetails()->At("liquid/balance.ph").GetBoolValue();
+    row.typed->Enable(enable);
+    row.unit->Enable(enable);
+}
+
+void WaterAnalysisPanel::DisableShortAnalysis(bool disable)
+{
+    m_shortTds->Enable(!disable);
+    m_shortCond->Enable(!disable);
+}
+
+void WaterAnalysisPanel::EnableDefaultUnitButton(bool enable)
+{
+    m_defaultUnit->Enable(enable);
+}
+
+TvTextCtrl* WaterAnalysisPanel::FindField(const std::string& key) const
+{
+    for (const FieldSet::Number& number : m_fields->Numbers()) {
+        if (number.spec.key == key)
+            return number.control;
+    }
+    for (const FieldSet::Text& text : m_fields->Texts()) {
+        if (text.detail->GetName() == key)
+            return text.control;
+    }
+    return nullptr;
+}
+
+tvUnitChoice* WaterAnalysisPanel::FindUnitChoice(const std::string& key) const
+{
+    for (tvUnitChoice* choice : m_fields->UnitChoices()) {
+        if (choice->GetDetail()->GetName() == key)
+            return choice;
+    }
+    return nullptr;
+}
+
+void WaterAnalysisPanel::StoreTypedValues(const std::vector<std::pair<std::string, double>>& values)
+{
+    for (const auto& [key, value] : values)
+        m_liquid.GetDetails()->At(key).SetValue(value);
+    TransferDetailsToWindow();
+    UpdateAndSignal();
+}
+
+void WaterAnalysisPanel::ShowHelp() const
+{
+    if (m_help != nullptr)
+        m_help->DisplayHelpSection("wateranalysis.html");
+}

@@ -1,0 +1,147 @@
+// SPDX-License-Identifier: MIT
+#include "gui_base/water/feedwater/feed_water_panel.h"
+
+#include "dbinterfaces/master_database.h"
+#include "gui_base/dialogs/gui_utils.h"
+#include "gui_base/input/controls/tv_staticboxsizer.h"
+#include "gui_base/support/translation.h"
+
+#include <wx/sizer.h>
+#include <wx/statbox.h>
+
+namespace {
+
+constexpr int kGap = 4;
+
+ChoiceCombination::Items WaterTypes()
+{
+    ChoiceCombination::Items items;
+    for (const auto& type : MasterDatabase::GetWaterTypes())
+        items.emplace_back(wxString::FromUTF8(type.code), wxString::FromUTF8(type.description));
+    return items;
+}
+
+}  // namespace
+
+FeedWaterPanel::FeedWaterPanel(Project* project, std::size_t detailIndex, wxWindow* parent, int id,
+                               TVHelpFileProvider* help)
+    : WaterAnalysisPanel(project, detailIndex, parent, id, help)
+{
+    CreateHeader(project, static_cast<int>(detailIndex));
+    AddToDetailContainerWindows(m_specification);
+    AddToDetailContainerWindows(m_metaInformation);
+    m_specification->SetStatusBar(GetStatusBar());
+    Bind(tvCHANGE_EVENT, [this](wxCommandEvent& event) {
+        if (event.GetId() == m_metaInformation->GetId())
+            GetProject()->SetChanged(true);
+        event.Skip();
+    });
+    Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
+        ArrangeHeader();
+        event.Skip();
+    });
+    // The blocks show their details from the start; only the room for them is missing.
+    Layout();
+    FitInside();
+}
+
+void FeedWaterPanel::CreateHeader(Project* project, int liquid)
+{
+    wxWindow* const first = GetChildren().empty() ? nullptr : GetChildren().front();
+    m_header = new wxBoxSizer(wxHORIZONTAL);
+    const wxSizerFlags spaced = wxSizerFlags().Border(wxALL, FromDIP(kGap));
+
+    auto* feed = AddLocalizable(new TvStaticBoxSizer(wxVERTICAL, this, wxTRANSLATE("Feed water")));
+    m_specification = new FeedWaterSpecification(project, liquid, feed->GetStaticBox());
+    feed->Add(m_specification, spaced);
+    auto* origin = AddLocalizable(new TvStaticBoxSizer(wxVERTICAL, this, wxTRANSLATE("Origin of the water")));
+    m_metaInformation = new FeedMetaInformation({.parent = origin->GetStaticBox(),
+                                                 .liquid = &GetLiquid(),
+                                                 .countries = gui_utils::GetCountries(),
+                                                 .waterTypes = WaterTypes()});
+    origin->Add(m_metaInformation, spaced);
+    auto* quantity = new wxBoxSizer(wxHORIZONTAL);
+    quantity->Add(feed, wxSizerFlags(spaced).Expand());
+    m_header->Add(quantity, wxSizerFlags().Expand());
+    m_header->Add(origin, wxSizerFlags(spaced).Expand());
+    if (liquid == 0) {
+        DetailList& details = project->GetDetails();
+        m_organics = new OrganicsInputPanel(&details.At("feed/medium"), &details.At("feed/organics"), this,
+                                            GetStatusBar());
+        m_organicsController = std::make_unique<OrganicsInputPanelController>(project, m_organics);
+        AddLocalizable(m_organics);
+        quantity->Add(m_organics, wxSizerFlags(spaced).Expand());
+    }
+    GetSizer()->Insert(0, m_header);
+    // What stands above comes first for the keyboard, too.
+    if (first != nullptr) {
+        feed->GetStaticBox()->MoveBeforeInTabOrder(first);
+        origin->GetStaticBox()->MoveBeforeInTabOrder(first);
+        if (m_organics != nullptr)
+            m_organics->MoveBeforeInTabOrder(origin->GetStaticBox());
+    }
+}
+
+void FeedWaterPanel::ArrangeHeader()
+{
+    int width = 0;
+    for (wxSizerItem* item : m_header->GetChildren())
+        width += item->CalcMin().x;
+    const int orientation = GetClientSize().x >= width ? wxHORIZONTAL : wxVERTICAL;
+    if (m_header->GetOrientation() == orientation)
+        return;
+    m_header->SetOrientation(orientation);
+    Layout();
+    FitInside();
+}
+
+void FeedWaterPanel::DoTransferDetailsToWindows()
+{
+    WaterAnalysisPanel::DoTransferDetailsToWindows();
+    if (m_organicsController)
+        m_organicsController->TransferToView();
+}
+
+void FeedWaterPanel::DoUpdateUnits()
+{
+    WaterAnalysisPanel::DoUpdateUnits();
+    if (m_specification != nullptr)
+        m_specification->UpdateUnit(GetCurrentDisplayUnitSystem());
+}
+
+void FeedWaterPanel::DoLocalize()
+{
+    WaterAnalysisPanel::DoLocalize();
+    if (m_metaInformation == nullptr)
+        return;
+    m_specification->Localize();
+    m_metaInformation->SetItems(gui_utils::GetCountries(), WaterTypes());
+    m_metaInformation->Localize(GetCurrentDisplayUnitSystem());
+}
+
+void FeedWaterPanel::ShowReplacedWater()
+{
+    TransferDetailsToWindow();
+    UpdateAnalysis();
+    UpdateUnits(false);
+    SignalChanges();
+}
+
+std::vector<ModulePanelBase::RangeViolation> FeedWaterPanel::GetRangeViolations() const
+{
+    std::vector<RangeViolation> violations;
+    if (m_specification != nullptr)
+        violations = m_specification->GetRangeViolations();
+    const std::vector<RangeViolation> analysis = WaterAnalysisPanel::GetRangeViolations();
+    violations.insert(violations.end(), analysis.begin(), analysis.end());
+    return violations;
+}
+
+bool FeedWaterPanel::FocusDetail(const std::string& key)
+{
+    TvTextCtrl* field = m_specification != nullptr ? m_specification->FindField(key) : nullptr;
+    if (field == nullptr)
+        return WaterAnalysisPanel::FocusDetail(key);
+    field->SetFocus();
+    return true;
+}

@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+/// The page of a feed water: its analysis, and above it how much of it there is and where it comes from.
+
+#include "gui_base/water/analysis/wateranalysis_panel.h"
+#include "gui_base/water/feedwater/feed_meta_information.h"
+#include "gui_base/water/feedwater/feed_water_specification.h"
+#include "gui_base/water/feedwater/organics_input_panel.h"
+
+class wxBoxSizer;
+
+class GUI_BASE_EXPORT FeedWaterPanel : public WaterAnalysisPanel
+{
+public:
+    FeedWaterPanel(Project* project, std::size_t detailIndex, wxWindow* parent, int id,
+                   TVHelpFileProvider* help);
+
+    /// Recalculates and shows a water whose values were replaced as a whole, and tells the host of one
+    /// change.
+    void ShowReplacedWater();
+
+    std::vector<RangeViolation> GetRangeViolations() const override;
+    bool FocusDetail(const std::string& key) override;
+    FeedWaterSpecification* GetSpecification() const { return m_specification; }
+    FeedMetaInformation* GetMetaInformation() const { return m_metaInformation; }
+    /// The organic load of the feed, which stands with the first water; null with the others.
+    OrganicsInputPanel* GetOrganics() const { return m_organics; }
+
+protected:
+    void DoTransferDetailsToWindows() override;
+    void DoUpdateUnits() override;
+    void DoLocalize() override;
+
+private:
+    void CreateHeader(Project* project, int liquid);
+    void ArrangeHeader();
+
+    FeedWaterSpecification* m_specification = nullptr;
+    FeedMetaInformation* m_metaInformation = nullptr;
+    OrganicsInputPanel* m_organics = nullptr;
+    std::unique_ptr<OrganicsInputPanelController> m_organicsController;
+    wxBoxSizer* m_header = nullptr;
+};

@@ -1,0 +1,177 @@
+// SPDX-License-Identifier: MIT
+// What the water library does when its controls are used.
+#include "dbinterfaces/master_database.h"
+#include "dbinterfaces/project_database.h"
+#include "gui_base/dialogs/questions.h"
+#include "gui_base/input/controls/tv_searchctrl.h"
+#include "gui_base/support/help_file_provider.h"
+#include "gui_base/support/image_loader.h"
+#include "gui_base/support/translation.h"
+#include "gui_base/water/library/water_lib_dialog.h"
+#include "gui_base/water/library/water_lib_list.h"
+
+#include <wx/button.h>
+#include <wx/menu.h>
+
+namespace {
+
+wxString Tr(const char* source)
+{
+    return i18n::Translated(source);
+}
+
+/// The key that opens a context menu, as lists and trees report it.
+bool IsMenuKey(int key, bool shift)
+{
+    return key == WXK_MENU || key == WXK_WINDOWS_MENU || (key == WXK_F10 && shift);
+}
+
+}  // namespace
+
+void WaterLibDialog::PopupRemove(wxWindow& window, const wxPoint& position,
+                                 void (WaterLibDialog::*handler)(wxCommandEvent&))
+{
+    wxMenu menu;
+    auto* item = new wxMenuItem(&menu, wxID_ANY, Tr("Remove"));
+    item->SetBitmap(ImageLoader::LoadBundle("icons/i16/delete.png", wxSize(16, 16)));
+    menu.Append(item);
+    menu.Bind(wxEVT_MENU, handler, this, item->GetId());
+    window.PopupMenu(&menu, position);
+}
+
+void WaterLibDialog::OnTreeItemSelected(wxTreeEvent& event)
+{
+    ShowSelectedNodes();
+    event.Skip();
+}
+
+void WaterLibDialog::OnListItemSelected(wxListEvent&)
+{
+    const WaterLibListViewItem* water = m_waters->GetSelectedWater();
+    if (water == nullptr || m_waters->IsArranging())
+        return;
+    const bool shown = Guarded([&] {
+        FillDetailList(water->IsUserEntry()
+                           ? ProjectDatabase::WaterLib_GetUserAnalysisById(water->GetIdentifier())
+                           : MasterDatabase::WaterLib_GetAnalysisById(water->GetIdentifier()));
+        const DetailList& details = *m_liquid->GetDetails();
+        SetGeneralInformationLabels(
+            water->GetCountry(), water->GetPlace(), water->GetSource(),
+            water_library::WaterTypeText(details.At("liquid/water.type").GetStdStringValue()),
+            water_library::SamplingDateText(*m_liquid), details.At("liquid/comments").GetStringValue());
+        m_use->Enable();
+    });
+    if (!shown)
+        ClearDetails();
+}
+
+void WaterLibDialog::OnColumnClick(wxListEvent& event)
+{
+    if (event.GetColumn() >= 0)
+        SortWaterListbyColumn(event.GetColumn());
+}
+
+void WaterLibDialog::OnKeyDownList(wxListEvent& event)
+{
+    const WaterLibListViewItem* water = m_waters->GetSelectedWater();
+    const bool removable = water != nullptr && ListItemIsUserEntry(*water);
+    if (removable && event.GetKeyCode() == WXK_DELETE)
+        OnListItemDelete(event);
+    else if (removable && IsMenuKey(event.GetKeyCode(), wxGetKeyState(WXK_SHIFT)))
+        PopupRemove(*m_waters, wxDefaultPosition, &WaterLibDialog::OnListItemDelete);
+    else
+        event.Skip();
+}
+
+void WaterLibDialog::OnKeyDownTree(wxTreeEvent& event)
+{
+    const wxTreeItemId node = m_tree->GetFocusedItem();
+    const WaterLibTreeItemData* data = NodeData(node);
+    const bool removable =
+        data != nullptr && data->IsUserEntry() && data->GetLevel() == WaterLibTreeItemData::kCountry;
+    m_menuNode = node;
+    if (removable && event.GetKeyCode() == WXK_DELETE)
+        OnTreeItemDelete(event);
+    else if (removable && IsMenuKey(event.GetKeyCode(), event.GetKeyEvent().ShiftDown()))
+        PopupRemove(*m_tree, wxDefaultPosition, &WaterLibDialog::OnTreeItemDelete);
+    else
+        event.Skip();
+}
+
+void WaterLibDialog::OnListItemRClicked(wxListEvent& event)
+{
+    wxListItem item;
+    item.SetId(event.GetIndex());
+    if (ListItemIsUserEntry(item))
+        PopupRemove(*m_waters, wxDefaultPosition, &WaterLibDialog::OnListItemDelete);
+}
+
+void WaterLibDialog::OnTreeItemRClicked(wxTreeEvent& event)
+{
+    // The category of the user's waters is there always; its countries come and go.
+    const WaterLibTreeItemData* data = NodeData(event.GetItem());
+    if (!TreeNodeisUserEntry(event.GetItem()) || data->GetLevel() != WaterLibTreeItemData::kCountry)
+        return;
+    m_menuNode = event.GetItem();
+    PopupRemove(*m_tree, wxDefaultPosition, &WaterLibDialog::OnTreeItemDelete);
+}
+
+void WaterLibDialog::OnListItemDelete(wxCommandEvent&)
+{
+    const WaterLibListViewItem* water = m_waters->GetSelectedWater();
+    if (water == nullptr || !water->IsUserEntry() || !ShowDeleteConfirmation())
+        return;
+    const int id = water->GetIdentifier();
+    bool removed = false;
+    Guarded([&] { removed = ProjectDatabase::WaterLib_DeleteUserWater(id); });
+    if (!removed)
+        return;
+    ClearDetails();
+    m_waters->RemoveWater(id);
+    ShowWaterCount();
+}
+
+void WaterLibDialog::OnTreeItemDelete(wxCommandEvent&)
+{
+    const wxTreeItemId node = m_menuNode;
+    const WaterLibTreeItemData* data = NodeData(node);
+    if (data == nullptr || !data->IsUserEntry() || data->GetLevel() != WaterLibTreeItemData::kCountry)
+        return;
+    if (!ShowDeleteConfirmation(wxString::Format(Tr("Its waters go with it: %d"), data->GetWaterCount())))
+        return;
+    bool removed = false;
+    Guarded([&] { removed = ProjectDatabase::WaterLib_DeleteUserCountry(data->GetIdentifier()); });
+    if (!removed)
+        return;
+    m_tree->Delete(node);
+    ShowSelectedNodes();
+}
+
+void WaterLibDialog::OnUseSelectedClick(wxCommandEvent&)
+{
+    if (!m_liquid)
+        return;
+    const int answer =
+        dialogs::AskYesNo(this, Tr("Overwrite current water analysis?"), Tr("Confirm"), wxICON_QUESTION);
+    if (answer == wxID_YES) {
+        m_accepted = true;
+        CloseWith(wxID_OK);
+    } else if (answer == wxID_NO) {
+        CloseWith(wxID_CANCEL);
+    }
+}
+
+void WaterLibDialog::OnSearch(wxCommandEvent&)
+{
+    ClearDetails();
+    m_waters->SetFilter(m_search->GetValue());
+    ShowWaterCount();
+}
+
+void WaterLibDialog::OnCharHook(wxKeyEvent& event)
+{
+    if (event.GetKeyCode() == WXK_F1 && m_help != nullptr)
+        m_help->DisplayHelpSection("waterlibrary.html");
+    else
+        event.Skip();
+}

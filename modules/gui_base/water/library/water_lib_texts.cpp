@@ -1,0 +1,121 @@
+// SPDX-License-Identifier: MIT
+#include "gui_base/water/library/water_lib_texts.h"
+
+#include "core/number_text.h"
+#include "dbinterfaces/master_database.h"
+#include "gui_base/dialogs/gui_utils.h"
+#include "gui_base/input/validation/numeric_validator.h"
+#include "gui_base/support/translation.h"
+#include "gui_base/water/library/water_lib_dialog.h"
+#include "gui_base/water/rows/ion_rows.h"
+#include "gui_base/water/rows/property_rows.h"
+#include "projectbase/units/unit_system_manager.h"
+
+#include <cmath>
+
+namespace water_library {
+
+namespace {
+
+/// Names that the databases give to nodes of their own.
+[[maybe_unused]] const char* const kNodeNames[]{wxTRANSLATE("User waters"), wxTRANSLATE("International")};
+
+wxString NumberText(double value, int precision)
+{
+    return wxString::FromUTF8(
+        numbertext::Format(value, {.precision = precision}, NumericValidator::LocaleSeparators()));
+}
+
+/// The user's name of an ion that has one, else its label.
+wxString IonName(const LiquidData& liquid, const std::string& key)
+{
+    const DetailData* name = liquid.FindDetail("liquid/" + key + ".name");
+    if (name != nullptr && !name->GetStringValue().empty())
+        return name->GetStringValue();
+    return i18n::Translated(WaterLibDialog::BuildDetailLabel(wxString::FromUTF8("liquid/" + key + ".orig")));
+}
+
+/// A number typed in a unit of its own.
+void AddTyped(std::vector<DetailLine>& lines, const LiquidData& liquid, const wxString& name,
+              const std::string& key, bool zeroCounts = false)
+{
+    const double value = liquid.GetDetails()->At("liquid/" + key + ".orig").GetDoubleValue();
+    if (std::isnan(value) || (value == 0.0 && !zeroCounts))
+        return;
+    lines.push_back(
+        {name, NumberText(value, 8), liquid.GetDetails()->At("liquid/" + key + ".unit").GetStringValue()});
+}
+
+template <typename Rows>
+void AddIons(std::vector<DetailLine>& lines, const LiquidData& liquid, const Rows& rows)
+{
+    for (const wateranalysis::IonRow& row : rows)
+        AddTyped(lines, liquid, IonName(liquid, row.key), row.key);
+}
+
+void AddNumber(std::vector<DetailLine>& lines, const LiquidData& liquid, const std::string& key,
+               const wxString& name, const char* unit, int precision)
+{
+    const double value = liquid.GetDetails()->At(key).GetDoubleValue();
+    if (!std::isnan(value))
+        lines.push_back({name, NumberText(value, precision),
+                         wxString::FromUTF8(UnitSystemManager::GetUnit(unit, "iso", true))});
+}
+
+}  // namespace
+
+CountryNames::CountryNames()
+{
+    std::unordered_map<std::string, wxString> byCode;
+    for (const auto& [code, name] : gui_utils::GetCountries())
+        byCode.emplace(code.utf8_string(), name);
+    for (const auto& country : MasterDatabase::GetCountries())
+        m_names.emplace(country.name, byCode[country.code]);
+}
+
+wxString CountryNames::operator()(const std::string& english) const
+{
+    if (english.empty())
+        return i18n::Translated("Not stated");
+    const auto found = m_names.find(english);
+    return found != m_names.end() ? found->second : i18n::Translated(wxString::FromUTF8(english));
+}
+
+std::vector<DetailLine> DetailLines(const LiquidData& liquid)
+{
+    std::vector<DetailLine> lines;
+    const std::string type = liquid.GetDetails()->At("liquid/analysis.type").GetStdStringValue();
+    if (type == "SHORT_TDS")
+        AddNumber(lines, liquid, "liquid/tds.short", i18n::Translated("TDS"), "mg/l", 8);
+    else if (type == "SHORT_COND")
+        AddNumber(lines, liquid, "liquid/cond.short", i18n::Translated("Conductivity"), "uS/cm", 8);
+    AddIons(lines, liquid, wateranalysis::kCationRows);
+    AddIons(lines, liquid, wateranalysis::kAnionRows);
+    AddTyped(lines, liquid, i18n::Translated("Temperature"), "temp", true);
+    for (const auto& row : wateranalysis::kMainProperties)
+        AddNumber(lines, liquid, row.key, i18n::Translated(row.label), row.unit, 8);
+    AddTyped(lines, liquid, "CO2", "co2");
+    for (const auto& row : wateranalysis::kFurtherProperties)
+        AddNumber(lines, liquid, row.key, i18n::Translated(row.label), row.unit, 8);
+    for (const auto& row : wateranalysis::kSummaryRows) {
+        wxString name = i18n::Translated(row.label) + wxString::FromUTF8(row.labelSuffix);
+        if (name.EndsWith(":"))
+            name.RemoveLast();
+        AddNumber(lines, liquid, row.key, name, row.unit, row.precision);
+    }
+    return lines;
+}
+
+wxString WaterTypeText(const std::string& code)
+{
+    const std::string description = MasterDatabase::GetWaterTypeDescription(code);
+    return description.empty() ? wxString::FromUTF8(code) : i18n::Translated(wxString::FromUTF8(description));
+}
+
+wxString SamplingDateText(const LiquidData& liquid)
+{
+    const wxDateTime date = liquid.GetDetails()->At("liquid/sampling.date").GetDateValue();
+    return date.IsValid() ? date.FormatDate() : wxString();
+}
+
+}  // namespace water_library

@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+/// The calculator of the carbon dioxide that a water of known pH, temperature and bicarbonate holds.
+///
+/// While it is open the water's CO2 is calculated. Cancel brings pH, temperature and the normalised
+/// bicarbonate back and switches the calculation off.
+
+#include "gui_base/water/tools/liquid_tool_dialog.h"
+
+class GUI_BASE_EXPORT tvCO2CalculatorPanel : public LiquidToolPanel
+{
+public:
+    tvCO2CalculatorPanel(Project* project, int liquid, wxWindow* parent, int id = wxID_ANY,
+                         const wxPoint& pos = wxDefaultPosition, const wxSize& size = wxDefaultSize,
+                         long style = wxTAB_TRAVERSAL, const wxString& name = wxASCII_STR(wxPanelNameStr));
+
+protected:
+    void DoCreateControls() override;
+
+private:
+    void UpdateTemperatureLimits();
+
+    InputCombinationUnitChoice* m_temperature = nullptr;
+};
+
+class GUI_BASE_EXPORT tvCO2CalculatorDialog : public LiquidToolDialog
+{
+public:
+    tvCO2CalculatorDialog(Project* project, int liquid, wxWindow* parent, int id = wxID_ANY,
+                          const wxString& title = {}, const wxPoint& pos = wxDefaultPosition,
+                          const wxSize& size = wxDefaultSize, long style = wxDEFAULT_DIALOG_STYLE,
+                          const wxString& name = wxASCII_STR(wxDialogNameStr));
+    ~tvCO2CalculatorDialog() override;
+
+    tvCO2CalculatorPanel* GetPanel() const { return static_cast<tvCO2CalculatorPanel*>(GetToolPanel()); }
+
+protected:
+    void RestoreData() override;
+
+private:
+    double m_pH;
+    double m_temperature;
+    double m_bicarbonate;
+};

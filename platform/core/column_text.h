@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+/// A column of numbers as a spreadsheet puts it on the clipboard, written with whatever decimal sign its
+/// program uses.
+
+#include "core/core_export.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace columntext {
+
+struct Cell
+{
+    std::string text;             ///< as pasted, without blanks around it
+    std::optional<double> value;  ///< nothing for a blank cell or a text that is no number
+};
+
+struct Column
+{
+    std::vector<Cell> cells;
+    char decimalSign = '.';
+};
+
+/// The column of `text` (rows in lines, cells parted by tabs) that holds the most numbers. The decimal sign
+/// is found from all cells together: a sign that stands after the other one, that stands twice nowhere, or
+/// that is not followed by exactly three digits. Where the cells do not tell ("1,234"), it is `preferred`.
+CORE_EXPORT Column Parse(std::string_view text, char preferred);
+
+}  // namespace columntext

@@ -1,0 +1,446 @@
+// SPDX-License-Identifier: MIT
+#include "core/laboratory_file.h"
+
+#include "core/delimited_text.h"
+#include "core/number_text.h"
+
+#include <algorithm>
+#include <array>
+#include <cctype>
+
+namespace laboratory {
+namespace {
+
+struct Name
+{
+    std::string_view target;
+    int charge;
+    /// Lower-case spellings, parted by "|".
+    std::string_view spellings;
+};
+
+// Charges only turn mmol/l into meq/l.
+constexpr std::array kNames{
+    Name{"na", 1, "na|sodium|natrium"},
+    Name{"ca", 2, "ca|calcium|kalzium"},
+    Name{"mg", 2, "mg|magnesium"},
+    Name{"k", 1, "k|potassium|kalium"},
+    Name{"sr", 2, "sr|strontium"},
+    Name{"ba", 2, "ba|barium"},
+    Name{"nh4", 1, "nh4|ammonium"},
+    Name{"fe2", 2, "fe2|fe(ii)|iron(ii)|ferrous iron|eisen(ii)"},
+    Name{"mn", 2, "mn|manganese|mangan"},
+    Name{"al", 3, "al|aluminium|aluminum"},
+    Name{"cl", 1, "cl|chloride|chlorid"},
+    Name{"so4", 2, "so4|sulfate|sulphate|sulfat"},
+    Name{"co3", 2, "co3|carbonate|carbonat|karbonat"},
+    Name{"hco3", 1,
+         "hco3|bicarbonate|hydrogencarbonate|hydrogen carbonate|bicarbonat|hydrogencarbonat|"
+         "hydrogenkarbonat"},
+    Name{"no3", 1, "no3|nitrate|nitrat"},
+    Name{"f", 1, "f|fluoride|fluorid"},
+    Name{"sio2", 0, "sio2|silica|silicon dioxide|reactive silica|kieselsäure|siliziumdioxid|siliciumdioxid"},
+    Name{"b", 0, "b|boron|bor"},
+    Name{"po4", 3, "po4|phosphate|orthophosphate|phosphat|orthophosphat"},
+    Name{"br", 1, "br|bromide|bromid"},
+    Name{"as3", 0, "as3|as(iii)|arsenic(iii)|arsen(iii)"},
+    Name{"as5", 0, "as5|as(v)|arsenic(v)|arsen(v)"},
+    Name{"co2", 0, "co2|carbon dioxide|free co2|kohlendioxid|freies co2|freie kohlensäure"},
+    Name{"ph", 0, "ph|ph value|ph-value|ph-wert|ph wert"},
+    Name{"temp", 0, "temp|temp.|temperature|temperatur|water temperature|wassertemperatur|t"},
+    Name{"turbidity", 0, "turbidity|trübung"},
+    Name{"sdi", 0, "sdi|sdi15|silt density index"},
+    Name{"tss", 0, "tss|suspended solids|total suspended solids|abfiltrierbare stoffe"},
+    Name{"toc", 0, "toc|total organic carbon|gesamter organischer kohlenstoff"},
+    Name{"fe.total", 0, "fe|fe total|total iron|iron|iron, total|eisen|eisen gesamt|gesamteisen"},
+    Name{"cl.free", 0, "free chlorine|chlorine, free|freies chlor"},
+    Name{"h2s", 0, "h2s|hydrogen sulfide|hydrogen sulphide|schwefelwasserstoff"},
+};
+
+/// Properties that are no concentration of an ion, with the unit of the analysis and its spellings.
+struct PropertyUnit
+{
+    std::string_view target;
+    std::string_view unit;
+    std::string_view spellings;
+};
+
+constexpr std::array kPropertyUnits{
+    PropertyUnit{"ph", "", "|-|ph"},
+    PropertyUnit{"temp", "\u00b0C", "|\u00b0c|c|degc|deg c|celsius"},
+    PropertyUnit{"temp", "\u00b0F", "\u00b0f|f|degf|deg f|fahrenheit"},
+    PropertyUnit{"temp", "K", "k|kelvin"},
+    PropertyUnit{"turbidity", "NTU", "|ntu|fnu|fnu/ntu|tef"},
+    PropertyUnit{"sdi", "", "|-|%/min"},
+    PropertyUnit{"tss", "mg/l", "|mg/l|ppm|g/m3"},
+    PropertyUnit{"toc", "mg/l", "|mg/l|mg/l c|ppm|g/m3"},
+    PropertyUnit{"fe.total", "mg/l", "|mg/l|ppm|g/m3"},
+    PropertyUnit{"cl.free", "mg/l", "|mg/l|ppm|g/m3"},
+    PropertyUnit{"h2s", "mg/l", "|mg/l|ppm|g/m3"},
+};
+
+struct IonUnit
+{
+    std::string_view unit;
+    double factor;
+    std::string_view spellings;
+};
+
+constexpr std::array kIonUnits{
+    IonUnit{"mg/l", 1.0, "mg/l|g/m3|g/m\u00b3|mg l-1"},
+    IonUnit{"mg/l", 1000.0, "g/l"},
+    IonUnit{"ppm", 1.0, "ppm|mg/kg"},
+    IonUnit{"ppb", 1.0, "ppb|\u00b5g/l|\u03bcg/l|ug/l|mcg/l|\u00b5g/kg"},
+    IonUnit{"meq/l", 1.0, "meq/l|mval/l|mmol(eq)/l|mmolc/l"},
+    IonUnit{"meq/l", 0.001, "\u00b5eq/l|\u03bceq/l|ueq/l"},
+    IonUnit{"ppm CaCO3", 1.0, "ppm caco3|mg/l caco3|mg caco3/l|mgcaco3/l|mg/l as caco3|ppm as caco3"},
+    IonUnit{"\u00b0d", 1.0, "\u00b0d|\u00b0dh|dh"},
+    IonUnit{"\u00b0f", 1.0, "\u00b0f|\u00b0fh"},
+    IonUnit{"\u00b0a", 1.0, "\u00b0a"},
+    IonUnit{"\u00b0e", 1.0, "\u00b0e|\u00b0eh|\u00b0clark"},
+};
+
+bool HasSpelling(std::string_view spellings, std::string_view text)
+{
+    for (std::size_t at = 0;;) {
+        const std::size_t end = std::min(spellings.find('|', at), spellings.size());
+        if (spellings.substr(at, end - at) == text)
+            return true;
+        if (end == spellings.size())
+            return false;
+        at = end + 1;
+    }
+}
+
+/// Small letters, also of German umlauts.
+std::string Lower(std::string_view text)
+{
+    std::string lower(text);
+    for (std::size_t i = 0; i < lower.size(); ++i) {
+        const auto byte = static_cast<unsigned char>(lower[i]);
+        if (byte < 0x80)
+            lower[i] = static_cast<char>(std::tolower(byte));
+        else if (byte == 0xc3 && i + 1 < lower.size()) {
+            const auto next = static_cast<unsigned char>(lower[i + 1]);
+            if (next >= 0x80 && next <= 0x9e)
+                lower[i + 1] = static_cast<char>(next + 0x20);
+            ++i;
+        }
+    }
+    return lower;
+}
+
+const Name* FindName(std::string_view spelling)
+{
+    const auto found = std::find_if(kNames.begin(), kNames.end(), [spelling](const Name& name) {
+        return HasSpelling(name.spellings, spelling);
+    });
+    return found == kNames.end() ? nullptr : &*found;
+}
+
+/// "ca2+", "so4--" and "na+" without their charge.
+std::string WithoutCharge(const std::string& name)
+{
+    const std::size_t sign = name.find_last_not_of("+-");
+    if (sign == std::string::npos || sign + 1 == name.size())
+        return name;
+    std::string plain = name.substr(0, sign + 1);
+    // The digit of the charge; "so42-" keeps that of the formula.
+    if (plain.size() > 1 && std::isdigit(static_cast<unsigned char>(plain.back())) != 0 &&
+        FindName(plain) == nullptr)
+        plain.pop_back();
+    return plain;
+}
+
+const Name* NameOf(std::string_view text)
+{
+    const std::string name = Lower(numbertext::Trim(text));
+    if (const Name* found = FindName(name))
+        return found;
+    if (const Name* found = FindName(WithoutCharge(name)))
+        return found;
+    // "calcium, dissolved", "Calcium gelöst": the first word, and what stands in brackets behind a name.
+    for (const char* end : {",", " (", " "}) {
+        const std::size_t at = name.find(end);
+        if (at == std::string::npos)
+            continue;
+        if (const Name* found = FindName(WithoutCharge(name.substr(0, at))))
+            return found;
+    }
+    const std::size_t open = name.find('(');
+    const std::size_t close = name.find(')');
+    if (open != std::string::npos && close != std::string::npos && close > open)
+        return FindName(WithoutCharge(name.substr(open + 1, close - open - 1)));
+    return nullptr;
+}
+
+struct Title
+{
+    std::string name;
+    std::string unit;
+};
+
+/// "Ca [mg/l]", "Ca (mg/l)", "Ca in mg/l", "Ca mg/l".
+Title SplitTitle(const std::string& title)
+{
+    for (const auto& [open, close] : {std::pair('[', ']'), std::pair('(', ')')}) {
+        const std::size_t from = title.rfind(open);
+        const std::size_t to = title.rfind(close);
+        if (from == std::string::npos || to == std::string::npos || to < from)
+            continue;
+        const std::string inside = numbertext::Trim(title.substr(from + 1, to - from - 1));
+        const bool isUnit = open == '[' || inside.find('/') != std::string::npos ||
+                            ReadIonUnit(inside, 0).has_value() || inside.starts_with("\u00b0");
+        if (isUnit)
+            return {numbertext::Trim(title.substr(0, from)), inside};
+    }
+    const std::size_t in = title.rfind(" in ");
+    if (in != std::string::npos)
+        return {numbertext::Trim(title.substr(0, in)), numbertext::Trim(title.substr(in + 4))};
+    const std::size_t blank = title.find(' ');
+    if (blank != std::string::npos && ReadIonUnit(title.substr(blank + 1), 1))
+        return {title.substr(0, blank), numbertext::Trim(title.substr(blank + 1))};
+    return {title, {}};
+}
+
+/// Sets target and unit; a name that is not known leaves both empty.
+void Interpret(Parameter& parameter, const std::string& name, const std::string& unit)
+{
+    const Name* known = NameOf(name);
+    if (known == nullptr)
+        return;
+    parameter.target = known->target;
+    const std::string spelling = Lower(unit);
+    bool isProperty = false;
+    for (const PropertyUnit& property : kPropertyUnits) {
+        if (property.target != known->target)
+            continue;
+        isProperty = true;
+        if (HasSpelling(property.spellings, spelling)) {
+            parameter.unit = property.unit;
+            return;
+        }
+    }
+    if (!isProperty) {
+        // Laboratories that state no unit mean mg/l.
+        if (const auto reading = ReadIonUnit(unit.empty() ? "mg/l" : unit, known->charge)) {
+            parameter.unit = reading->unit;
+            parameter.factor = reading->factor;
+            return;
+        }
+    }
+    parameter.unit = unit;
+    parameter.unitIsKnown = false;
+}
+
+char FindSeparator(std::string_view text)
+{
+    // The one that splits the first lines into the most columns, the same number in each as far as possible.
+    constexpr std::size_t kLooked = 20;
+    char best = ',';
+    std::size_t most = 0;
+    for (const char separator : {';', '\t', ',', '|'}) {
+        std::size_t end = 0;
+        for (std::size_t line = 0; line < kLooked && end != std::string_view::npos; ++line)
+            end = text.find('\n', end + (end > 0 ? 1 : 0));
+        const auto rows = delimited::Parse(text.substr(0, end), separator);
+        std::size_t columns = 0;
+        std::size_t agreeing = 0;
+        for (const auto& row : rows)
+            columns = std::max(columns, row.size());
+        for (const auto& row : rows)
+            agreeing += row.size() == columns ? 1 : 0;
+        const std::size_t score = columns > 1 ? columns * agreeing : 0;
+        if (score > most) {
+            most = score;
+            best = separator;
+        }
+    }
+    return best;
+}
+
+char FindDecimalSign(const std::vector<std::vector<std::string>>& samples, char separator)
+{
+    std::size_t points = 0;
+    std::size_t commas = 0;
+    for (const auto& sample : samples) {
+        for (const std::string& cell : sample) {
+            if (cell.find_first_not_of("0123456789.,+-eE ") != std::string::npos)
+                continue;
+            const std::size_t point = cell.rfind('.');
+            const std::size_t comma = cell.rfind(',');
+            if (point == std::string::npos && comma == std::string::npos)
+                continue;
+            const bool byComma = point == std::string::npos || (comma != std::string::npos && comma > point);
+            ++(byComma ? commas : points);
+        }
+    }
+    return separator != ',' && commas > points ? ',' : '.';
+}
+
+bool NamesParameter(const std::string& cell)
+{
+    return NameOf(SplitTitle(cell).name) != nullptr;
+}
+
+std::size_t CountParameters(const std::vector<std::string>& cells)
+{
+    return static_cast<std::size_t>(std::count_if(cells.begin(), cells.end(), NamesParameter));
+}
+
+using Table = std::vector<delimited::Row>;
+
+std::vector<std::string> FirstColumn(const Table& table, std::size_t column)
+{
+    std::vector<std::string> cells;
+    for (const auto& row : table)
+        cells.push_back(column < row.size() ? row[column] : std::string());
+    return cells;
+}
+
+void ReadAcross(File& file, const Table& table, std::size_t head)
+{
+    for (const std::string& cell : table[head]) {
+        Parameter& parameter = file.parameters.emplace_back();
+        parameter.title = numbertext::Trim(cell);
+        const Title title = SplitTitle(parameter.title);
+        Interpret(parameter, title.name, title.unit);
+    }
+    for (std::size_t i = head + 1; i < table.size(); ++i) {
+        auto sample = table[i];
+        if (std::all_of(sample.begin(), sample.end(),
+                        [](const std::string& cell) { return numbertext::Trim(cell).empty(); }))
+            continue;
+        sample.resize(file.parameters.size());
+        for (std::string& cell : sample)
+            cell = numbertext::Trim(cell);
+        file.samples.push_back(std::move(sample));
+    }
+}
+
+bool LooksLikeUnit(const std::string& text)
+{
+    return ReadIonUnit(text, 1).has_value() || Lower(text) == "ntu" || text.starts_with("\u00b0");
+}
+
+void ReadDown(File& file, const Table& table, std::size_t names)
+{
+    // The column of units is the one that holds some; every other column behind the names is a sample.
+    std::size_t columns = 0;
+    for (const auto& row : table)
+        columns = std::max(columns, row.size());
+    std::size_t units = columns;
+    for (std::size_t column = 0; column < columns && units == columns; ++column) {
+        const auto cells = FirstColumn(table, column);
+        if (column != names && std::any_of(cells.begin(), cells.end(), LooksLikeUnit))
+            units = column;
+    }
+    std::vector<std::size_t> sampleColumns;
+    for (std::size_t column = 0; column < columns; ++column)
+        if (column != names && column != units)
+            sampleColumns.push_back(column);
+    file.samples.resize(sampleColumns.size());
+    for (const auto& row : table) {
+        const std::string name = names < row.size() ? numbertext::Trim(row[names]) : std::string();
+        if (name.empty())
+            continue;
+        const Title title = SplitTitle(name);
+        const std::string unit = units < row.size() ? numbertext::Trim(row[units]) : title.unit;
+        Parameter& parameter = file.parameters.emplace_back();
+        parameter.title = unit.empty() || !title.unit.empty() ? name : name + " [" + unit + "]";
+        Interpret(parameter, title.name, unit);
+        for (std::size_t i = 0; i < sampleColumns.size(); ++i)
+            file.samples[i].push_back(sampleColumns[i] < row.size() ? numbertext::Trim(row[sampleColumns[i]])
+                                                                    : std::string());
+    }
+}
+
+}  // namespace
+
+std::optional<UnitReading> ReadIonUnit(std::string_view text, int charge)
+{
+    const std::string spelling = Lower(numbertext::Trim(text));
+    for (const IonUnit& unit : kIonUnits)
+        if (HasSpelling(unit.spellings, spelling))
+            return UnitReading{std::string(unit.unit), unit.factor};
+    if (charge > 0 && spelling == "mmol/l")
+        return UnitReading{"meq/l", static_cast<double>(charge)};
+    return std::nullopt;
+}
+
+std::string FindTarget(std::string_view name)
+{
+    const Name* found = NameOf(name);
+    return found != nullptr ? std::string(found->target) : std::string();
+}
+
+std::optional<double> File::GetNumber(std::size_t sample, std::size_t parameter) const
+{
+    const std::string& cell = samples.at(sample).at(parameter);
+    const auto separators =
+        decimalSign == ',' ? numbertext::Separators{",", "."} : numbertext::Separators{".", ","};
+    auto number = numbertext::Parse(cell, separators);
+    if (number)
+        *number *= parameters[parameter].factor;
+    return number;
+}
+
+File Read(std::string_view bytes)
+{
+    const std::string text = DecodeText(bytes);
+    File file;
+    file.separator = FindSeparator(text);
+    const Table table = delimited::Parse(text, file.separator);
+    // Files begin with lines about the laboratory: the head is the line that names the most parameters.
+    constexpr std::size_t kHeadLines = 50;
+    std::size_t head = 0;
+    std::size_t across = 0;
+    for (std::size_t i = 0; i < std::min(table.size(), kHeadLines); ++i) {
+        const std::size_t count = CountParameters(table[i]);
+        if (count > across) {
+            across = count;
+            head = i;
+        }
+    }
+    std::size_t names = 0;
+    std::size_t down = 0;
+    const Table top(table.begin(),
+                    table.begin() + static_cast<std::ptrdiff_t>(std::min<std::size_t>(table.size(), 500)));
+    for (std::size_t column = 0; column < 4; ++column) {
+        const std::size_t count = CountParameters(FirstColumn(top, column));
+        if (count > down) {
+            down = count;
+            names = column;
+        }
+    }
+    if (across == 0 && down == 0)
+        return file;
+    if (across >= down)
+        ReadAcross(file, table, head);
+    else
+        ReadDown(file, top, names);
+    file.decimalSign = FindDecimalSign(file.samples, file.separator);
+    return file;
+}
+
+std::string Write(const std::vector<std::pair<std::string, std::string>>& values)
+{
+    const auto quoted = [](const std::string& text) {
+        if (text.find_first_of(",\"\r\n") == std::string::npos)
+            return text;
+        std::string cell = "\"";
+        for (const char c : text)
+            cell += c == '"' ? std::string("\"\"") : std::string(1, c);
+        return cell + '"';
+    };
+    // The mark tells spreadsheets that the text is UTF-8.
+    std::string titles = "\xef\xbb\xbf";
+    std::string numbers;
+    for (std::size_t i = 0; i < values.size(); ++i) {
+        titles += (i > 0 ? "," : "") + quoted(values[i].first);
+        numbers += (i > 0 ? "," : "") + quoted(values[i].second);
+    }
+    return titles + "\r\n" + numbers + "\r\n";
+}
+
+}  // namespace laboratory

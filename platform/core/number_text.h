@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+/// Numbers as the user reads and types them: notation, precision and the separators of a locale.
+/// Pure functions; every text is UTF-8.
+
+#include "core/core_export.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+/// Notation of a displayed number.
+enum class TvTextCtrlFormat : int
+{
+    General = 0,     ///< fixed while the decimal exponent allows it, scientific otherwise
+    Fixed = 1,       ///< a fixed number of decimals
+    Scientific = 2,  ///< mantissa and exponent
+};
+
+namespace numbertext {
+
+/// The separators of a locale; either may take several bytes (a narrow no-break space), the grouping one may
+/// be empty.
+struct Separators
+{
+    std::string decimal = ".";
+    std::string thousands;
+};
+
+struct Style
+{
+    TvTextCtrlFormat format = TvTextCtrlFormat::General;
+    int precision = 6;  ///< decimals, or significant digits in General notation
+    bool trimZeros = false;
+    bool groupThousands = false;
+};
+
+/// `value` as text; empty for NaN and infinities. General notation uses d = precision significant digits (6
+/// when the precision is not positive, 15 at most): fixed while the exponent e satisfies -d <= e < d, where a
+/// negative e counts one lower, and "{:.{d}e}" otherwise.
+CORE_EXPORT std::string Format(double value, const Style& style, const Separators& separators);
+
+/// The number that `text` states, with grouping separators removed; blanks around it are ignored. A number
+/// too large for a double becomes the largest one. Nothing when the text as a whole is no number ("1,5" where
+/// the comma is no separator, "abc", "1e", "nan").
+CORE_EXPORT std::optional<double> Parse(std::string_view text, const Separators& separators);
+
+/// `text` without white space (also no-break spaces) at both ends.
+CORE_EXPORT std::string Trim(std::string_view text);
+
+/// ceil(value * 10^decimals) / 10^decimals: always upward, also for negative values.
+CORE_EXPORT double RoundUp(double value, int decimals);
+
+}  // namespace numbertext
