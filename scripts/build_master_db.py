@@ -2,11 +2,12 @@
 # SPDX-License-Identifier: MIT
 """Builds the master database that the program reads at run time.
 
-build_master_db.py OUTPUT CSV_DIR --waters FILE [--iso-codes DIR] [--locales DIR]
+build_master_db.py OUTPUT CSV_DIR --ions FILE --waters FILE [--iso-codes DIR] [--locales DIR]
 
-CSV_DIR holds details.csv, ions.csv, elements.csv, alkalizing_agents.csv, compounds.csv, feed_mediums.csv, plants.csv
-and water_types.csv; FILE the waters of the library. Countries and currencies come from the iso-codes package: their codes from its JSON files, their translated names from its message catalogues. The output is replaced as a whole or
-not at all, and equal inputs give equal bytes.
+CSV_DIR holds details.csv, elements.csv, alkalizing_agents.csv, compounds.csv, feed_mediums.csv, organics.csv, plants.csv
+and water_types.csv; the files are the rows of an analysis as list_ions writes them, and the waters of the library. Countries
+and currencies come from the iso-codes package: their codes from its JSON files, their translated names from its message
+catalogues. The output is replaced as a whole or not at all, and equal inputs give equal bytes.
 """
 import argparse
 import csv
@@ -33,7 +34,7 @@ WATER_COLUMNS = {
 ACID_BASE = ("neutral", "strong acid", "weak acid", "strong base", "weak base")
 EXCHANGERS = {"SAC_NA", "SAC_H", "WAC_H", "WBA", "SBA", "MB", "DEGAS"}
 NO_COUNTRY = "International"
-# Which rows of ions.csv a placeholder in a detail's key stands for.
+# Which kinds of ions a placeholder in a detail's key stands for.
 KEY_PLACEHOLDERS = {
     "{ion}": {"cation", "anion"},
     "{named}": {"named cation", "named anion"},
@@ -311,7 +312,7 @@ def build(path, arguments):
     db.execute(f"PRAGMA application_id = {APPLICATION_ID}")
     db.execute(f"PRAGMA user_version = {SCHEMA_VERSION}")
     db.executescript(SCHEMA)
-    ions = [row for _, row in read_csv(arguments.csv_dir / "ions.csv", ("key", "symbol", "name", "charge", "kind"))]
+    ions = [row for _, row in read_csv(arguments.ions, ("key", "symbol", "name", "charge", "kind"))]
     fill_ions(db, ions)
     fill_details(db, arguments.csv_dir, ions)
     fill_elements(db, arguments.csv_dir)
@@ -336,6 +337,7 @@ def main():
     parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
     parser.add_argument("output", type=Path)
     parser.add_argument("csv_dir", type=Path)
+    parser.add_argument("--ions", type=Path, required=True)
     parser.add_argument("--waters", type=Path, required=True)
     parser.add_argument("--iso-codes", type=Path, default=Path("/usr/share/iso-codes/json"))
     parser.add_argument("--locales", type=Path, default=Path("/usr/share/locale"))

@@ -11,9 +11,9 @@ temporary="$(mktemp -d)"
 trap 'rm -rf "$temporary"' EXIT
 cd "$root"
 
-# The header of the template, and texts that stand in data: kinds and categories of waters, names of ions, agents and
+# The header of the template, and texts that stand in data: kinds and categories of waters, names of agents and
 # organics, elements, categories of compounds, feed mediums, names of details.
-python3 - resources/examples/waters.csv:kind,category resources/master/ions.csv:name \
+python3 - resources/examples/waters.csv:kind,category \
     resources/master/water_types.csv:description resources/master/alkalizing_agents.csv:name \
     resources/master/organics.csv:label resources/master/elements.csv:name,class,state_25c \
     resources/master/compounds.csv:category resources/master/feed_mediums.csv:name \
@@ -45,7 +45,7 @@ PYTHON
 find app modules platform -name '*.cpp' -o -name '*.h' | LC_ALL=C sort |
     xgettext --files-from=- --output="$temporary/sources.pot" --language=C++ --from-code=UTF-8 \
         --package-name=tarnvik --add-location=file --add-comments=TRANSLATORS \
-        --keyword --keyword=wxTRANSLATE --keyword=Translated --keyword=Tr --keyword=AddLabel:2 \
+        --keyword --keyword=wxTRANSLATE --keyword=SourceText --keyword=Translated --keyword=Tr --keyword=AddLabel:2 \
         --keyword=TvStaticBoxSizer:3 --keyword=TvCheckBox:3 --keyword=TvRadioButton:3 --keyword=TvButton:3 \
         --keyword=TvStaticText:3 --keyword=SetTranslatableToolTip --keyword=SetTranslatableHint --keyword=CreateButtons:3
 msgcat --use-first --sort-output "$temporary/header.pot" "$temporary/sources.pot" >"$folder/tarnvik.pot"

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "core/ion_table.h"
 #include "projectbase/water/composition.h"
+
+#include "core/ion_table.h"
 
 #include <gtest/gtest.h>
 

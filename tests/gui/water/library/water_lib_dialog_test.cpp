@@ -2,7 +2,7 @@
 // The water library as its user drives it, with real databases behind it.
 #include "dbinterfaces/database_error.h"
 #include "gui_base/input/controls/tv_searchctrl.h"
-#include "tests/gui/water/water_lib_fixture.h"
+#include "tests/gui/water/library/water_lib_fixture.h"
 
 #include <wx/button.h>
 #include <wx/infobar.h>

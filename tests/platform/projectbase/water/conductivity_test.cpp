@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "projectbase/water/conductivity.h"
+
 #include "projectbase/water/short_analysis.h"
 
 #include <fmt/format.h>

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
+#include "projectbase/water/normalization.h"
+
 #include "projectbase/water/carbonic_acid.h"
 #include "projectbase/water/conductivity.h"
-#include "projectbase/water/normalization.h"
 #include "tests/support/water_fixture.h"
 
 #include <gtest/gtest.h>

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "core/ion_normalization.h"
+
 #include "core/ion_units.h"
 #include "core/polarization.h"
 

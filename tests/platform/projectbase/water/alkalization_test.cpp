@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
+#include "projectbase/water/alkalization.h"
+
 #include "dbinterfaces/master_database.h"
 #include "projectbase/project/iex_project.h"
-#include "projectbase/water/alkalization.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // What the water library stores, read back through SQL from both kinds of databases.
-#include "tests/gui/water/water_lib_fixture.h"
+#include "tests/gui/water/library/water_lib_fixture.h"
 
 #include <cmath>
 #include <limits>

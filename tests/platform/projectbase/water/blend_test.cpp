@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "projectbase/project/iex_project.h"
 #include "projectbase/water/blend.h"
+
+#include "projectbase/project/iex_project.h"
 #include "tests/support/water_fixture.h"
 
 #include <gtest/gtest.h>

@@ -20,7 +20,7 @@ TEST(IonTable, WeightsAreThoseOfTheElementsAndChargesAreWhole)
         const double charge = ion.molarMass / ion.equivalentWeight;
         EXPECT_NEAR(charge, std::round(charge), ion.key == "cu" ? 0.02 : 1.5e-3) << ion.key;
     }
-    EXPECT_EQ(keys.size(), 43u);
+    EXPECT_GE(keys.size(), 43u);
 }
 
 TEST(IonTable, KeepsRowsBeyondTheMainIons)

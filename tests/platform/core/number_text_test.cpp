@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
+#include "core/number_text.h"
+
 #include "core/column_text.h"
 #include "core/delimited_text.h"
-#include "core/number_text.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "projectbase/water/laboratory_import.h"
+
 #include "tests/support/water_fixture.h"
 
 #include <gtest/gtest.h>

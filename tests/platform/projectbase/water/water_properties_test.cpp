@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "projectbase/water/carbonic_acid.h"
 #include "projectbase/water/water_properties.h"
+
+#include "projectbase/water/carbonic_acid.h"
 
 #include <gtest/gtest.h>
 
