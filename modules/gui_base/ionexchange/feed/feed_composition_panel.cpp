@@ -280,7 +280,7 @@ bool FeedCompositionPanel::FocusDetail(const std::string& key)
         return true;
     }
     if (key == "feed/medium.temp") {
-        m_medium->GetTemperatureField()->SetFocus();
+        m_medium->FindField(FeedMediumBox::kTemperature)->SetFocus();
         return true;
     }
     return false;

@@ -16,12 +16,7 @@ public:
                          long style = wxTAB_TRAVERSAL, const wxString& name = wxASCII_STR(wxPanelNameStr));
 
 protected:
-    void DoCreateControls() override;
-
-private:
-    void UpdateTemperatureLimits();
-
-    InputCombinationUnitChoice* m_temperature = nullptr;
+    void DoCreateRows() override;
 };
 
 class GUI_BASE_EXPORT tvCO2CalculatorDialog : public LiquidToolDialog
