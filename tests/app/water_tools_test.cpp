@@ -114,14 +114,15 @@ TEST_F(WaterToolsTest, AWaterGoesThroughTheLibrary)
     Pump();
     m_dialogs.Expect([this](wxDialog& shown) {
         auto& library = dynamic_cast<WaterLibDialog&>(shown);
-        wxTreeCtrl& tree = library.GetTree();
+        auto& tree = gui_test::Find<wxTreeCtrl>(library);
         tree.UnselectAll();
         tree.SelectItem(tree.GetLastChild(tree.GetRootItem()));
         EXPECT_EQ(library.GetWaterList().GetItemCount(), 1);
         library.GetWaterList().Select(0);
         m_dialogs.Expect([](wxDialog&) { return wxID_YES; });
-        wxCommandEvent click(wxEVT_BUTTON, library.GetUseButton().GetId());
-        library.GetUseButton().GetEventHandler()->ProcessEvent(click);
+        wxWindow* use = wxWindow::FindWindowByLabel("Use current selection as feed water", &library);
+        wxCommandEvent click(wxEVT_BUTTON, use->GetId());
+        use->GetEventHandler()->ProcessEvent(click);
         return wxID_OK;
     });
     Menu("Tools", "Water library...");
@@ -189,7 +190,7 @@ TEST_F(WaterToolsTest, SpeaksGerman)
         EXPECT_EQ(library.GetTitle(), "Wasserbibliothek");
         EXPECT_EQ(library.GetWaterList().GetItemText(0, 0), "Brasilien");
         library.GetWaterList().Select(0);
-        EXPECT_EQ(library.GetDetailList().GetItemText(0, 0), "Natrium");
+        EXPECT_EQ(gui_test::Find<wxListView>(library, "Einzelheiten").GetItemText(0, 0), "Natrium");
         return wxID_CANCEL;
     });
     Menu("Extras", "Wasserbibliothek ...");

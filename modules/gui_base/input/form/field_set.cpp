@@ -59,6 +59,7 @@ NumberSpec SpecOf(const FormRow& row, const DetailData& detail)
             .precision = row.precision,
             .format = row.format,
             .width = row.width,
+            .inIsoUnits = row.inIsoUnits,
             .limits = row.limits};
 }
 
@@ -136,7 +137,7 @@ FormCells FieldSet::AddRow(wxWindow* parent, wxSizer& grid, const FormRow& row, 
     if (unit.empty()) {
         grid.AddSpacer(0);
     } else {
-        cells.unit = AddUnitLabel(parent, unit, true);
+        cells.unit = AddUnitLabel(parent, unit, !row.inIsoUnits);
         grid.Add(cells.unit, cell);
     }
     return cells;

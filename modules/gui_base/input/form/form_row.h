@@ -37,6 +37,7 @@ struct FormRow
     FormField field = FormField::Input;
     /// ISO unit that is shown behind the field; null for the unit of the detail, empty for none.
     const char* unit = nullptr;
+    bool inIsoUnits = false;  ///< value and unit stay in ISO units, whatever unit system is shown
     /// Detail with the unit that the user chose, and the units that are offered: a row with both has a choice
     /// of units behind its number, which no unit system converts.
     const char* unitKey = nullptr;

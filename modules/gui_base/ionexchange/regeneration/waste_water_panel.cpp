@@ -98,11 +98,13 @@ void TvWasteWaterAndComposition::AddField(wxWindow* parent, wxSizer& grid, Detai
                                           const wxString& name)
 {
     const std::string label = name.utf8_string();
-    grid.Add(
-        GetFields().CreateField(
-            parent, {.key = detail.GetName().c_str(), .label = label.c_str(), .field = FormField::Result},
-            detail),
-        wxSizerFlags().CentreVertical());
+    grid.Add(GetFields().CreateField(parent,
+                                     {.key = detail.GetName().c_str(),
+                                      .label = label.c_str(),
+                                      .field = FormField::Result,
+                                      .inIsoUnits = true},
+                                     detail),
+             wxSizerFlags().CentreVertical());
 }
 
 wxSizer* TvWasteWaterAndComposition::CreateSection(wxWindow* parent, const char* title,
