@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // Formulas, the composition of a feed, and compounds in the user database.
 #include "dbinterfaces/project_database.h"
-#include "projectbase/feed/compound_import.h"
 #include "projectbase/feed/compounds_importer.h"
 #include "projectbase/feed/known_elements.h"
+#include "projectbase/library/compound_import.h"
 #include "projectbase/project/iex_project.h"
 
 #include <benchmark/benchmark.h>

@@ -98,20 +98,21 @@ struct OpenDialog
     {
         dialog.Show();
         wxYield();
-        wxTreeCtrl& tree = dialog.GetTree();
+        tree = dynamic_cast<wxTreeCtrl*>(wxWindow::FindWindowByName("Library", &dialog));
         wxTreeItemIdValue cookie;
-        largest = tree.GetFirstChild(tree.GetLastChild(tree.GetRootItem()), cookie);
+        largest = tree->GetFirstChild(tree->GetLastChild(tree->GetRootItem()), cookie);
     }
     void SelectLargest()
     {
-        dialog.GetTree().UnselectAll();
-        dialog.GetTree().SelectItem(largest);
+        tree->UnselectAll();
+        tree->SelectItem(largest);
         if (dialog.GetWaterList().GetItemCount() != kLargest)
             std::abort();
         dialog.GetWaterList().Update();
         wxYield();
     }
     WaterLibDialog dialog;
+    wxTreeCtrl* tree = nullptr;
     wxTreeItemId largest;
 };
 

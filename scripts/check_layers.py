@@ -56,7 +56,7 @@ def stack(*names, below, also=()):
 
 
 INPUT = stack("support", "input", "input/validation", "input/binding", "input/controls", "input/combinations",
-              "input/panel", "dialogs", below=MODEL, also={REPORT, PRINTOUT, WATER_ROWS})
+              "input/panel", "input/form", "dialogs", below=MODEL, also={REPORT, PRINTOUT, WATER_ROWS})
 BESIDE = {GUI + "whatif", GUI + "graphics", GUI + "network"}
 stack("whatif", below=INPUT)
 stack("graphics", below=INPUT, also={WXCHARTDIR, CHARTDIR})

@@ -5,33 +5,72 @@
 #include "app/language/language.h"
 #include "gui_base/dialogs/dialog_buttons.h"
 #include "gui_base/input/controls/tv_searchctrl.h"
-#include "gui_base/input/controls/tv_validated_textctrl.h"
 #include "gui_base/input/panel/advanced_input_options.h"
 #include "gui_base/input/validation/validator.h"
-#include "gui_base/support/accessibility.h"
 #include "gui_base/support/translation.h"
 #include "projectbase/units/unit_system_manager.h"
 
+#include <wx/settings.h>
 #include <wx/stattext.h>
+
+#include <array>
 
 namespace app {
 namespace {
 
-constexpr double kMostMinutes = 240.0;
+constexpr const char* kLanguage = "language";
+constexpr const char* kUnitSystem = "unit.system";
+constexpr const char* kAutosave = "autosave";
+constexpr const char* kDatabase = "database";
+constexpr const char* kIso = "iso";
+
+tvChoiceAdv::Items Languages()
+{
+    tvChoiceAdv::Items items;
+    for (const Language& language : AvailableLanguages())
+        items.emplace_back(language.code, language.name);
+    return items;
+}
+
+tvChoiceAdv::Items UnitSystems()
+{
+    tvChoiceAdv::Items items;
+    for (const std::string& unitSystem : UnitSystemManager::GetUnitSystems())
+        items.emplace_back(wxString::FromUTF8(unitSystem), UnitSystemName(unitSystem));
+    return items;
+}
+
+struct SettingRow
+{
+    FormRow row;
+    const char* explanation;
+    bool isAdvanced = false;
+};
+
+constexpr std::array kRows{
+    SettingRow{
+        {.key = kLanguage, .label = wxTRANSLATE("Language"), .field = FormField::Choice, .items = Languages},
+        wxTRANSLATE("Of all texts, also of the messages")},
+    SettingRow{{.key = kUnitSystem,
+                .label = wxTRANSLATE("Unit system"),
+                .field = FormField::Choice,
+                .items = UnitSystems},
+               wxTRANSLATE("In which values are shown and typed")},
+    SettingRow{{.key = kAutosave,
+                .label = wxTRANSLATE("Minutes between recovery copies"),
+                .unit = "",
+                .limits = FormLimits{0.0, 240.0},
+                .format = TvTextCtrlFormat::Fixed,
+                .validatorFlags = ClampToLimits},
+               wxTRANSLATE("0 to 240; 0 writes no copies")},
+    SettingRow{{.key = kDatabase, .label = wxTRANSLATE("Database of the user"), .width = 360},
+               wxTRANSLATE("Empty for a file of your own; postgresql://... for one that a team shares"),
+               true},
+};
 
 wxString Tr(const char* source)
 {
     return i18n::Translated(source);
-}
-
-tvChoice* NewChoice(wxWindow* parent, const std::vector<wxString>& labels, std::size_t selected)
-{
-    tvChoice::Items items;
-    for (const wxString& label : labels)
-        items.emplace_back(static_cast<long>(items.size()), label);
-    auto* choice = new tvChoice(items, nullptr, parent, wxID_ANY);
-    choice->SetDefault(static_cast<long>(selected));
-    return choice;
 }
 
 wxFlexGridSizer* NewGrid(wxWindow* window)
@@ -41,59 +80,31 @@ wxFlexGridSizer* NewGrid(wxWindow* window)
     return grid;
 }
 
-template <typename Texts, typename Text>
-std::size_t IndexOf(const Texts& texts, const Text& text)
-{
-    const auto found = std::find(texts.begin(), texts.end(), text);
-    return found == texts.end() ? 0 : static_cast<std::size_t>(found - texts.begin());
-}
-
 }  // namespace
 
 SettingsDialog::SettingsDialog(wxWindow* parent, const ProgramSettings& settings)
     : wxDialog(parent, wxID_ANY, Tr("Settings"), wxDefaultPosition, wxDefaultSize,
                wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER)
 {
-    m_autosave.SetValue(settings.autosaveMinutes);
-    m_database.SetValue(settings.database);
+    m_values.Add(DetailData(kLanguage, DetailType::String)).SetValue(settings.language);
+    m_values.Add(DetailData(kUnitSystem, DetailType::String)).SetValue(settings.unitSystem);
+    m_values.Add(DetailData(kAutosave, DetailType::Long)).SetValue(settings.autosaveMinutes);
+    m_values.Add(DetailData(kDatabase, DetailType::String)).SetValue(settings.database);
 
     m_search = new TvSearchControl(this, wxID_ANY);
     m_search->SetTranslatableHint(wxTRANSLATE("Search settings"));
     m_search->Bind(wxEVT_TEXT, [this](wxCommandEvent&) { OnSearch(); });
     wxFlexGridSizer* grid = NewGrid(this);
-
-    std::vector<wxString> names;
-    for (const Language& language : AvailableLanguages()) {
-        m_languages.push_back(language.code);
-        names.push_back(language.name);
-    }
-    m_language = NewChoice(this, names, IndexOf(m_languages, settings.language));
-    AddRow(*grid, wxTRANSLATE("Language"), m_language, wxTRANSLATE("Of all texts, also of the messages"));
-
-    std::vector<wxString> unitSystems;
-    for (const std::string& unitSystem : UnitSystemManager::GetUnitSystems())
-        unitSystems.push_back(UnitSystemName(unitSystem));
-    m_unitSystem =
-        NewChoice(this, unitSystems, IndexOf(UnitSystemManager::GetUnitSystems(), settings.unitSystem));
-    AddRow(*grid, wxTRANSLATE("Unit system"), m_unitSystem,
-           wxTRANSLATE("In which values are shown and typed"));
-
-    m_autosaveField = new TvValidatedDoubleTextCtrl({.parent = this,
-                                                     .style = wxTE_RIGHT,
-                                                     .maxValue = kMostMinutes,
-                                                     .format = TvTextCtrlFormat::Fixed,
-                                                     .precision = 0,
-                                                     .detail = &m_autosave});
-    AddRow(*grid, wxTRANSLATE("Minutes between recovery copies"), m_autosaveField,
-           wxTRANSLATE("0 to 240; 0 writes no copies"));
-
     m_advanced = new AdvancedInputOptions(this);
     wxFlexGridSizer* advancedGrid = NewGrid(m_advanced->GetOptions());
     m_advanced->GetOptions()->SetSizer(advancedGrid);
-    m_databaseField = new TvValidatedTextCtrl(
-        {.parent = m_advanced->GetOptions(), .size = FromDIP(wxSize(360, -1)), .detail = &m_database});
-    AddRow(*advancedGrid, wxTRANSLATE("Database of the user"), m_databaseField,
-           wxTRANSLATE("Empty for a file of your own; postgresql://... for one that a team shares"));
+    for (const SettingRow& setting : kRows) {
+        wxWindow* const place = setting.isAdvanced ? m_advanced->GetOptions() : static_cast<wxWindow*>(this);
+        AddRow(place, setting.isAdvanced ? *advancedGrid : *grid, setting.row, setting.explanation);
+    }
+    m_fields.SetValidators();
+    m_fields.ShowDetails(kIso);
+    m_fields.UpdateNames(kIso);
 
     auto* outer = new wxBoxSizer(wxVERTICAL);
     const wxSizerFlags spaced = wxSizerFlags().Border(wxALL, FromDIP(12)).Expand();
@@ -105,26 +116,19 @@ SettingsDialog::SettingsDialog(wxWindow* parent, const ProgramSettings& settings
     CentreOnParent();
 }
 
-SettingsDialog::~SettingsDialog()
-{
-    // The fields are bound to details of this object.
-    DestroyChildren();
-}
-
-void SettingsDialog::AddRow(wxFlexGridSizer& grid, const char* label, wxWindow* control,
+void SettingsDialog::AddRow(wxWindow* parent, wxFlexGridSizer& grid, const FormRow& row,
                             const char* explanation)
 {
-    wxWindow* parent = control->GetParent();
-    auto* text = new wxStaticText(parent, wxID_ANY, Tr(label));
+    auto* text = new wxStaticText(parent, wxID_ANY, Tr(row.label));
+    wxWindow* field = m_fields.CreateField(parent, row);
     auto* hint = new wxStaticText(parent, wxID_ANY, Tr(explanation));
     hint->SetForegroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_GRAYTEXT));
-    accessibility::SetName(*control, Tr(label));
     auto* cell = new wxBoxSizer(wxVERTICAL);
-    cell->Add(control, wxSizerFlags().Expand());
+    cell->Add(field, wxSizerFlags().Expand());
     cell->Add(hint);
     grid.Add(text, wxSizerFlags().Top().Border(wxTOP, FromDIP(6)));
     grid.Add(cell, wxSizerFlags().Expand());
-    m_rows.push_back({{text, control, hint}, (Tr(label) + " " + Tr(explanation)).Lower(), parent != this});
+    m_rows.push_back({{text, field, hint}, (Tr(row.label) + " " + Tr(explanation)).Lower(), parent != this});
 }
 
 void SettingsDialog::OnSearch()
@@ -143,15 +147,11 @@ void SettingsDialog::OnSearch()
     Layout();
 }
 
-ProgramSettings SettingsDialog::GetSettings() const
+ProgramSettings SettingsDialog::GetSettings()
 {
-    for (TvTextCtrl* field :
-         {static_cast<TvTextCtrl*>(m_autosaveField), static_cast<TvTextCtrl*>(m_databaseField)})
-        field->TransferDataFromWindow();
-    return {m_languages[static_cast<std::size_t>(std::max(m_language->GetSelection(), 0))],
-            UnitSystemManager::GetUnitSystems()[static_cast<std::size_t>(
-                std::max(m_unitSystem->GetSelection(), 0))],
-            m_autosave.GetLongValue(), m_database.GetStdStringValue()};
+    m_fields.StoreFields(kIso);
+    return {m_values.At(kLanguage).GetStringValue(), m_values.At(kUnitSystem).GetStdStringValue(),
+            m_values.At(kAutosave).GetLongValue(), m_values.At(kDatabase).GetStdStringValue()};
 }
 
 }  // namespace app

@@ -1,19 +1,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "gui_base/input/controls/tv_choice.h"
-#include "projectbase/details/detail_data.h"
+#include "gui_base/input/form/field_set.h"
 
 #include <wx/dialog.h>
-#include <wx/sizer.h>
 
 #include <string>
 #include <vector>
 
 class AdvancedInputOptions;
 class TvSearchControl;
-class TvValidatedDoubleTextCtrl;
-class TvValidatedTextCtrl;
 
 namespace app {
 
@@ -32,9 +28,8 @@ class SettingsDialog : public wxDialog
 {
 public:
     SettingsDialog(wxWindow* parent, const ProgramSettings& settings);
-    ~SettingsDialog() override;
 
-    ProgramSettings GetSettings() const;
+    ProgramSettings GetSettings();
 
 private:
     struct Row
@@ -44,20 +39,15 @@ private:
         bool isAdvanced;
     };
 
-    /// A row of `grid`, in the window that the control stands in.
-    void AddRow(wxFlexGridSizer& grid, const char* label, wxWindow* control, const char* explanation);
+    /// A row of `grid`, in `parent`, with an explanation below its field.
+    void AddRow(wxWindow* parent, wxFlexGridSizer& grid, const FormRow& row, const char* explanation);
     void OnSearch();
 
-    std::vector<wxString> m_languages;
-    DetailData m_autosave{"autosave", DetailType::Long, "min"};
-    DetailData m_database{"database", DetailType::String};
+    DetailList m_values;
+    FieldSet m_fields{m_values};
     std::vector<Row> m_rows;
     AdvancedInputOptions* m_advanced;
     TvSearchControl* m_search;
-    tvChoice* m_language;
-    tvChoice* m_unitSystem;
-    TvValidatedDoubleTextCtrl* m_autosaveField;
-    TvValidatedTextCtrl* m_databaseField;
 };
 
 }  // namespace app

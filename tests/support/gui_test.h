@@ -13,6 +13,7 @@
 #include <deque>
 #include <filesystem>
 #include <functional>
+#include <stdexcept>
 #include <string>
 #include <utility>
 #include <vector>
@@ -35,8 +36,39 @@ void Click(wxWindow& window);
 /// Focuses the field, replaces its text by typing and leaves it with Tab.
 void Enter(wxTextCtrl& field, const wxString& asciiText);
 
+/// The control of that type and accessible name within a window, as a screen reader finds it; the first one
+/// of the type without a name, the `index`th where several fit. Throws when there is none.
+template <typename Control>
+Control& Find(wxWindow& window, const wxString& name = {}, int index = 0);
+
 /// Chooses a file as the user would; false, with a failed test, when the dialog does not take it.
 bool ChooseFile(wxFileDialog& dialog, const std::filesystem::path& path);
+
+namespace detail {
+
+template <typename Control>
+Control* FindBelow(wxWindow& window, const wxString& name, int& index)
+{
+    for (wxWindow* child : window.GetChildren()) {
+        auto* control = dynamic_cast<Control*>(child);
+        const bool fits = control != nullptr && (name.empty() || child->GetName() == name);
+        if (fits && index-- == 0)
+            return control;
+        if (Control* found = FindBelow<Control>(*child, name, index))
+            return found;
+    }
+    return nullptr;
+}
+
+}  // namespace detail
+
+template <typename Control>
+Control& Find(wxWindow& window, const wxString& name, int index)
+{
+    if (Control* found = detail::FindBelow<Control>(window, name, index))
+        return *found;
+    throw std::runtime_error("no control " + name.utf8_string());
+}
 
 /// A number locale of the C library ("de_DE.UTF-8") for the life of the object. Fails the test when there is
 /// none.

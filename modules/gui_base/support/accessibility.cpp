@@ -17,4 +17,9 @@ void SetName(wxWindow& window, const wxString& name)
 #endif
 }
 
+wxString NameWithUnit(const wxString& label, const wxString& unit)
+{
+    return unit.empty() ? label : label + " [" + unit + "]";
+}
+
 }  // namespace accessibility

@@ -10,4 +10,7 @@ namespace accessibility {
 /// Names a control for screen readers and automated tests: a field by its label and unit.
 GUI_BASE_EXPORT void SetName(wxWindow& window, const wxString& name);
 
+/// "Flow rate [m³/h]"; the label alone without a unit.
+GUI_BASE_EXPORT wxString NameWithUnit(const wxString& label, const wxString& unit);
+
 }  // namespace accessibility

@@ -113,13 +113,15 @@ class WatchedWrite
 public:
     explicit WatchedWrite(DetailData& detail) : m_watch(detail.GetWatch())
     {
-        if (m_watch != nullptr)
-            m_watch->BeforeWrite(detail);
+        if (m_watch == nullptr)
+            return;
+        m_watch->BeginEdit();
+        m_watch->BeforeWrite(detail);
     }
     ~WatchedWrite()
     {
         if (m_watch != nullptr)
-            m_watch->AfterWrite();
+            m_watch->EndEdit();
     }
     WatchedWrite(const WatchedWrite&) = delete;
     WatchedWrite& operator=(const WatchedWrite&) = delete;

@@ -50,8 +50,30 @@ public:
     void ClearValues();
     /// Lets `watch` know of every change of a detail, also of those added later; null for nobody. Not owned.
     void SetWatch(DetailWatch* watch);
+    DetailWatch* GetWatch() const { return m_watch; }
 
 private:
     Map m_details;
     DetailWatch* m_watch = nullptr;
+};
+
+/// Makes one edit of all that is written to a list in its life, whatever the list belongs to.
+class PROJECTBASE_EXPORT DetailListEdit
+{
+public:
+    explicit DetailListEdit(const DetailList& details) : m_watch(details.GetWatch())
+    {
+        if (m_watch != nullptr)
+            m_watch->BeginEdit();
+    }
+    ~DetailListEdit()
+    {
+        if (m_watch != nullptr)
+            m_watch->EndEdit();
+    }
+    DetailListEdit(const DetailListEdit&) = delete;
+    DetailListEdit& operator=(const DetailListEdit&) = delete;
+
+private:
+    DetailWatch* m_watch;
 };

@@ -2,6 +2,7 @@
 #include "projectbase/project/owner_node.h"
 
 #include "projectbase/project/project.h"
+#include "projectbase/project/project_journal.h"
 
 #include <algorithm>
 
@@ -118,16 +119,22 @@ std::size_t OwnerNode::GetPosition() const
     return static_cast<std::size_t>(found - siblings.begin());
 }
 
+void OwnerNode::BeginEdit()
+{
+    if (m_project != nullptr)
+        m_project->BeginEdit(EditKind::Typed, {});
+}
+
+void OwnerNode::EndEdit() noexcept
+{
+    if (m_project != nullptr)
+        m_project->EndEdit();
+}
+
 void OwnerNode::BeforeWrite(DetailData& detail)
 {
     if (!detail.IsDerived())
         m_outOfDate = true;
     if (m_project != nullptr)
-        m_project->BeforeWrite(*this, detail);
-}
-
-void OwnerNode::AfterWrite() noexcept
-{
-    if (m_project != nullptr)
-        m_project->AfterWrite();
+        m_project->m_journal->NoteValue(*this, detail);
 }

@@ -105,8 +105,9 @@ private:
     friend class Project;
     friend class ProjectJournal;
 
+    void BeginEdit() override;
+    void EndEdit() noexcept override;
     void BeforeWrite(DetailData& detail) override;
-    void AfterWrite() noexcept override;
     Nodes& ChildrenOf(OwnerKind kind) { return m_children[static_cast<std::size_t>(kind)]; }
     /// Calls `visit` with this node and all below it.
     template <typename Visit>

@@ -141,6 +141,8 @@ void Project::CalculateLiquid(std::size_t liquid)
     UpdateBlend(liquid);
     NormalizeLiquid(liquid);
     CalculateAlkalization(liquid);
+    // Inputs that the calculation settles (a reset, a blend) are not typed.
+    m_journal->TakeTyped();
     LiquidData& calculated = GetLiquid(liquid);
     calculated.SetOutOfDate(false);
     for (std::size_t i = liquid + 1; i < GetLiquidCount(); ++i) {

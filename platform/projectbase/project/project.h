@@ -150,12 +150,9 @@ private:
     void FinishEdit();
     void ApplyPendingRules();
     void Tell(const ProjectChanges& changes);
-    void BeforeWrite(OwnerNode& node, DetailData& detail);
-    void AfterWrite() noexcept;
     /// Takes a node and all below it into the project, or out of it.
     void Register(OwnerNode& node);
     void Unregister(OwnerNode& node);
-    bool IsObserved() const { return !m_observers.empty(); }
     void UpdateStatus(bool changed);
     /// Whether a water is mixed of another one that stands before it.
     bool IsBlendOf(std::size_t liquid, const LiquidData& source) const;

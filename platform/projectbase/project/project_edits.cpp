@@ -65,21 +65,6 @@ void Project::Tell(const ProjectChanges& changes)
     }
 }
 
-void Project::BeforeWrite(OwnerNode& node, DetailData& detail)
-{
-    // A write that nobody put into a scope is one of its own, so that no observer misses it.
-    if (IsObserved())
-        BeginEdit(EditKind::Typed, {});
-    if (m_journal->IsOpen())
-        m_journal->NoteValue(node, detail);
-}
-
-void Project::AfterWrite() noexcept
-{
-    if (IsObserved())
-        EndEdit();
-}
-
 void Project::UpdateStatus(bool changed)
 {
     const long reached = IsReadyToCalculate() ? StatusComplete : GetLiquidCount() > 0 ? StatusWaters : StatusNew;
@@ -91,14 +76,12 @@ void Project::ApplyPendingRules()
 {
     if (m_journal->GetKind() != EditKind::Typed)
         return;
-    // A rule may bring about what another one answers to.
-    constexpr int kMostRounds = 4;
-    for (int round = 0; round < kMostRounds; ++round) {
-        const std::vector<TypedInput> typed = m_journal->TakeTyped();
-        if (typed.empty())
-            return;
-        ApplyRules(typed);
-    }
+    const std::vector<TypedInput> typed = m_journal->TakeTyped();
+    if (typed.empty())
+        return;
+    ApplyRules(typed);
+    // What the rules brought about is not typed.
+    m_journal->TakeTyped();
 }
 
 void Project::ApplyRules(const std::vector<TypedInput>& typed)

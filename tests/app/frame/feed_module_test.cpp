@@ -75,7 +75,7 @@ TEST_F(FeedModuleTest, UnitSystemAndLanguageSwitchWhileItIsOpen)
     AddFirst();
     TypeFirstCell("12.5");
     Press(WXK_RETURN);
-    TvTextCtrl& temperature = *Panel().GetMediumBox().GetTemperatureField();
+    TvTextCtrl& temperature = gui_test::Find<TvTextCtrl>(gui_test::Find<FeedMediumBox>(Panel()));
     EXPECT_EQ(temperature.GetValue(), "20");
     m_frame->View().SetUnitSystem("us");
     EXPECT_EQ(temperature.GetValue(), "68");

@@ -52,7 +52,7 @@ TEST_F(WaterToolsTest, AWaterIsCopiedIntoAnotherProject)
     Pump();
     EXPECT_EQ(Water("na.orig").GetDoubleValue(), 1.8) << "one step takes all of it back";
     EXPECT_EQ(Water("place").GetStringValue(), "Amazon");
-    EXPECT_EQ(Panel().GetMetaInformation()->GetCountryPlace().GetPlace()->GetValue(), "Amazon");
+    EXPECT_EQ(gui_test::Find<wxTextCtrl>(Panel(), "Place").GetValue(), "Amazon");
     m_frame->Redo();
     EXPECT_EQ(Water("country").GetStringValue(), "DE");
     WaterClipboard::PutLiquid(nullptr);
@@ -69,14 +69,15 @@ TEST_F(WaterToolsTest, AWaterGoesThroughTheLibrary)
     Pump();
     m_dialogs.Expect([this](wxDialog& shown) {
         auto& library = dynamic_cast<WaterLibDialog&>(shown);
-        wxTreeCtrl& tree = library.GetTree();
+        auto& tree = gui_test::Find<wxTreeCtrl>(library);
         tree.UnselectAll();
         tree.SelectItem(tree.GetLastChild(tree.GetRootItem()));
         EXPECT_EQ(library.GetWaterList().GetItemCount(), 1);
         library.GetWaterList().Select(0);
         m_dialogs.Expect([](wxDialog&) { return wxID_YES; });
-        wxCommandEvent click(wxEVT_BUTTON, library.GetUseButton().GetId());
-        library.GetUseButton().GetEventHandler()->ProcessEvent(click);
+        wxWindow* use = wxWindow::FindWindowByLabel("Use current selection as feed water", &library);
+        wxCommandEvent click(wxEVT_BUTTON, use->GetId());
+        use->GetEventHandler()->ProcessEvent(click);
         return wxID_OK;
     });
     Menu("Tools", "Water library...");
@@ -99,11 +100,11 @@ TEST_F(WaterToolsTest, ALibraryThatCannotBeReachedIsReported)
 
 TEST_F(WaterToolsTest, TheFeedIsSavedAndUndone)
 {
-    FeedWaterSpecification& block = *Panel().GetSpecification();
+    auto& block = gui_test::Find<FeedWaterSpecification>(Panel());
     gui_test::Enter(*block.FindField("project/qbrutto"), "12");
     gui_test::Enter(*block.FindField("project/lz"), "10");
     gui_test::Enter(*block.FindField("project/nlines"), "2");
-    gui_test::Enter(*Panel().GetMetaInformation()->GetWaterSource(), "Well 7");
+    gui_test::Enter(gui_test::Find<wxTextCtrl>(Panel(), "Water source"), "Well 7");
     EXPECT_TRUE(m_frame->GetDocument().IsUnsaved());
     const auto path = m_folder / "feed.tarnvik";
     ASSERT_TRUE(m_frame->Files().SaveTo(path));
@@ -124,10 +125,10 @@ TEST_F(WaterToolsTest, TheFeedIsSavedAndUndone)
 
 TEST_F(WaterToolsTest, AFeedOutOfRangeIsListed)
 {
-    gui_test::Enter(*Panel().GetSpecification()->FindField("project/qbrutto"), "-1");
+    gui_test::Enter(*gui_test::Find<FeedWaterSpecification>(Panel()).FindField("project/qbrutto"), "-1");
     ASSERT_EQ(MessageCount(), 1);
     EXPECT_NE(m_frame->GetMessageArea().GetItemText(0, 1).Find("Source flow rate"), wxNOT_FOUND);
-    gui_test::Enter(*Panel().GetSpecification()->FindField("project/qbrutto"), "1");
+    gui_test::Enter(*gui_test::Find<FeedWaterSpecification>(Panel()).FindField("project/qbrutto"), "1");
     EXPECT_EQ(MessageCount(), 0);
 }
 
@@ -135,17 +136,16 @@ TEST_F(WaterToolsTest, SpeaksGerman)
 {
     m_frame->View().SetLanguage("de");
     Pump();
-    EXPECT_EQ(Panel().GetMetaInformation()->GetCountryPlace().GetChoice()->GetStringSelection(),
-              "Deutschland");
-    EXPECT_EQ(Panel().GetMetaInformation()->GetWaterType().GetChoice()->GetStringSelection(),
-              "Brunnenwasser");
-    EXPECT_EQ(Panel().GetSpecification()->FindField("project/lz")->GetName(), "Laufzeit [h]");
+    EXPECT_EQ(gui_test::Find<wxChoice>(Panel(), "Land").GetStringSelection(), "Deutschland");
+    EXPECT_EQ(gui_test::Find<wxChoice>(Panel(), "Wasserart").GetStringSelection(), "Brunnenwasser");
+    EXPECT_EQ(gui_test::Find<FeedWaterSpecification>(Panel()).FindField("project/lz")->GetName(),
+              "Laufzeit [h]");
     m_dialogs.Expect([](wxDialog& shown) {
         auto& library = dynamic_cast<WaterLibDialog&>(shown);
         EXPECT_EQ(library.GetTitle(), "Wasserbibliothek");
         EXPECT_EQ(library.GetWaterList().GetItemText(0, 0), "Brasilien");
         library.GetWaterList().Select(0);
-        EXPECT_EQ(library.GetDetailList().GetItemText(0, 0), "Natrium");
+        EXPECT_EQ(gui_test::Find<wxListView>(library, "Einzelheiten").GetItemText(0, 0), "Natrium");
         return wxID_CANCEL;
     });
     Menu("Extras", "Wasserbibliothek ...");

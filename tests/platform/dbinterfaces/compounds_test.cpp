@@ -2,8 +2,8 @@
 // The compounds in both kinds of databases, and the master data that they begin with.
 #include "dbinterfaces/master_database.h"
 #include "dbinterfaces/project_database.h"
-#include "projectbase/feed/compound_import.h"
 #include "projectbase/feed/known_elements.h"
+#include "projectbase/library/compound_import.h"
 #include "tests/support/user_database_fixture.h"
 
 #include <fmt/format.h>

@@ -3,6 +3,7 @@
 
 #include "core/ion_table.h"
 #include "core/ion_units.h"
+#include "gui_base/input/combinations/unit_conversion.h"
 #include "gui_base/input/events.h"
 #include "gui_base/input/validation/validator.h"
 #include "gui_base/support/accessibility.h"
@@ -28,6 +29,12 @@ std::string IonOfDetail(const std::string& name)
 {
     const std::string key = name.substr(name.rfind('/') + 1);
     return key.substr(0, key.rfind('.'));
+}
+
+/// `unit` where it is one of concentration, else meq/l.
+std::string KnownUnit(const std::string& unit)
+{
+    return ions::KindOf(unit) != ions::UnitKind::None ? unit : std::string(ions::kMeqPerLitre);
 }
 
 bool Differs(double a, double b)
@@ -163,8 +170,9 @@ void InputCombinationIonConcentrationCtrl::Localize(const std::string& unitSyste
     if (m_unitChoice)
         accessibility::SetName(*m_unitChoice, label + ", " + i18n::Translated("Unit"));
     if (m_output)
-        accessibility::SetName(
-            *m_output, label + " [" + wxString::FromUTF8(ConcentrationUnit(*m_config.outputDetail)) + "]");
+        accessibility::SetName(*m_output,
+                               accessibility::NameWithUnit(
+                                   label, wxString::FromUTF8(ConcentrationUnit(*m_config.outputDetail))));
 }
 
 void InputCombinationIonConcentrationCtrl::TransferDetailToWindow()
@@ -198,20 +206,14 @@ bool InputCombinationIonConcentrationCtrl::StoreInput()
 
 std::string InputCombinationIonConcentrationCtrl::ConcentrationUnit(const DetailData& detail)
 {
-    const bool isKnown = ions::KindOf(detail.GetUnit()) != ions::UnitKind::None;
-    return isKnown ? detail.GetUnit() : std::string(ions::kMeqPerLitre);
+    return KnownUnit(detail.GetUnit());
 }
 
 double InputCombinationIonConcentrationCtrl::ConvertConcentration(double value, const std::string& from,
                                                                   const std::string& to) const
 {
-    const bool isFromMass = ions::KindOf(from) == ions::UnitKind::Mass;
-    const bool isToMass = ions::KindOf(to) == ions::UnitKind::Mass;
-    // Within one kind the equivalent weight cancels out.
-    const double weight = isFromMass == isToMass ? 1.0 : GetEquivalentWeight();
-    if (!(weight > 0.0))
-        return kUnknown;
-    return ions::FromMeqPerLitre(ions::ToMeqPerLitre(value, from, weight), to, weight);
+    return combinations::ConvertUnit(value, KnownUnit(from), KnownUnit(to), GetEquivalentWeight())
+        .value_or(kUnknown);
 }
 
 void InputCombinationIonConcentrationCtrl::UpdateOutput()

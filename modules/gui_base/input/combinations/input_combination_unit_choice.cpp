@@ -1,15 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "gui_base/input/combinations/input_combination_unit_choice.h"
 
-#include "gui_base/input/combinations/limit_conversion.h"
+#include "gui_base/input/combinations/unit_conversion.h"
 #include "gui_base/input/events.h"
 #include "gui_base/input/validation/double_validator.h"
-#include "gui_base/support/accessibility.h"
 #include "gui_base/support/events.h"
 #include "gui_base/support/translation.h"
 
-#include <algorithm>
-#include <limits>
 #include <stdexcept>
 
 namespace {
@@ -46,12 +43,10 @@ InputCombinationUnitChoice::InputCombinationUnitChoice(
       m_isNamedByLabel(name.empty() || name == wxTextCtrlNameStr),
       m_unit(Required(unitDetail)->GetStringValue()),
       m_value(Required(valueDetail)->GetDoubleValue()),
-      m_minValue(min),
-      m_maxValue(max),
+      m_limits{min, max, Required(valueDetail)->GetLimitUnit()},
       m_unitSystem("iso"),
       m_unitDetail(unitDetail),
       m_valueDetail(valueDetail),
-      m_units(units),
       m_labelFlags(labelFlags),
       m_textFlags(textFlags),
       m_choiceFlags(choiceFlags),
@@ -59,10 +54,12 @@ InputCombinationUnitChoice::InputCombinationUnitChoice(
       m_text(new TvTextCtrl(
           parent, id, FirstText(m_value), wxDefaultPosition, size, style | wxTE_RIGHT | wxTE_RICH2,
           DoubleValidator(&m_value, format, precision, validatorFlags, min, max, 0.0), name)),
+      // After the field: the Tab key goes from the value to its unit.
+      m_choice(new tvUnitChoice(units, unitDetail, parent, wxID_ANY)),
+      m_chosen(m_text.get(), m_choice.get()),
       m_binding(TransferToDetail | TransferInIsoUnits, &m_value, m_text.get(), valueDetail)
 {
-    // The Tab key goes from the value to its unit.
-    m_choice = new tvChoice(units, unitDetail, parent, wxID_ANY);
+    m_choice->TranslateUnits();
     SelectUnit(defaultUnit);
     m_choice->Bind(tvCHANGE_EVENT, &InputCombinationUnitChoice::OnUnitChosen, this);
     m_text->Bind(wxEVT_TEXT_ENTER, &InputCombinationUnitChoice::OnText, this);
@@ -82,31 +79,27 @@ InputCombinationUnitChoice::~InputCombinationUnitChoice()
 
 void InputCombinationUnitChoice::SelectUnit(long defaultUnit)
 {
-    ShowUnitOfDetail();
     if (m_choice->GetSelection() == wxNOT_FOUND) {
         m_choice->SetDefault(defaultUnit);
-        if (m_choice->GetSelection() == wxNOT_FOUND && !m_units.empty())
-            m_choice->SetDefault(m_units.front().first);
+        if (m_choice->GetSelection() == wxNOT_FOUND && !m_choice->IsEmpty())
+            m_choice->SetSelection(0);
     }
+    TakeUnit();
+}
+
+void InputCombinationUnitChoice::TakeUnit()
+{
     m_unit = m_choice->GetStringUnlocalized();
     m_valueDetail->SetUnit(m_unit.utf8_string());
 }
 
-void InputCombinationUnitChoice::ShowUnitOfDetail()
+void InputCombinationUnitChoice::SetUnits(const tvChoice::Items& units)
 {
-    const bool isText = m_unitDetail->GetType() == DetailType::String;
-    const wxString unit = isText ? m_unitDetail->GetStringValue() : wxString();
-    const auto hasLabel = [&unit](const auto& item) { return item.second == unit; };
-    tvChoice::Items items = m_units;
-    if (!unit.empty() && std::none_of(items.begin(), items.end(), hasLabel)) {
-        long key = 0;
-        for (const auto& item : items)
-            key = std::max(key, item.first + 1);
-        items.emplace_back(key, unit);
-    }
-    if (items != m_choice->GetItems())
-        m_choice->Set(items);
-    m_choice->TransferDetailToWindow();
+    if (!m_choice)
+        return;
+    m_choice->SetOffered(units);
+    SelectUnit(wxNOT_FOUND);
+    UpdateValidator();
 }
 
 void InputCombinationUnitChoice::InitCtrls(const wxColour& colour)
@@ -130,20 +123,28 @@ DoubleValidator* InputCombinationUnitChoice::GetDoubleValidator() const
 
 void InputCombinationUnitChoice::UpdateValidator()
 {
-    DoubleValidator* validator = GetDoubleValidator();
-    if (validator == nullptr)
-        return;
-    constexpr double kNoLimit = std::numeric_limits<double>::infinity();
-    const std::string& limitUnit = m_valueDetail->GetLimitUnit();
-    const std::string unit = m_unit.utf8_string();
-    validator->SetMinValue(combinations::ConvertLimit(m_minValue, limitUnit, unit).value_or(-kNoLimit));
-    validator->SetMaxValue(combinations::ConvertLimit(m_maxValue, limitUnit, unit).value_or(kNoLimit));
+    m_chosen.SetLimits(m_limits);
+    if (m_isNamedByLabel)
+        m_chosen.UpdateNames(i18n::Translated(m_labelText));
+}
+
+void InputCombinationUnitChoice::SetLabelSuffix(const wxString& suffix)
+{
+    m_labelSuffix = suffix;
+    Localize(m_unitSystem);
 }
 
 void InputCombinationUnitChoice::SetMinMax(double min, double max)
 {
-    m_minValue = min;
-    m_maxValue = max;
+    m_limits.min = min;
+    m_limits.max = max;
+    UpdateValidator();
+    TransferDetailToWindow();
+}
+
+void InputCombinationUnitChoice::SetLimits(const AmountLimits& limits)
+{
+    m_limits = limits;
     UpdateValidator();
     TransferDetailToWindow();
 }
@@ -151,11 +152,9 @@ void InputCombinationUnitChoice::SetMinMax(double min, double max)
 void InputCombinationUnitChoice::Localize(const std::string& unitSystem)
 {
     m_unitSystem = unitSystem;
-    const wxString label = i18n::Translated(m_labelText);
+    const wxString label = i18n::Translated(m_labelText) + m_labelSuffix;
     if (m_label && m_label->GetLabelText() != label)
         m_label->SetLabelText(label);
-    if (m_text && m_isNamedByLabel)
-        accessibility::SetName(*m_text, label);
     if (m_choice)
         m_choice->Localize(unitSystem);
     UpdateValidator();
@@ -176,10 +175,9 @@ void InputCombinationUnitChoice::TransferDetailToWindow()
 {
     if (!m_choice || !m_text)
         return;
-    ShowUnitOfDetail();
+    m_choice->TransferDetailToWindow();
     if (m_choice->GetSelection() != wxNOT_FOUND && m_choice->GetStringUnlocalized() != m_unit) {
-        m_unit = m_choice->GetStringUnlocalized();
-        m_valueDetail->SetUnit(m_unit.utf8_string());
+        TakeUnit();
         UpdateValidator();
     } else if (m_choice->GetSelection() == wxNOT_FOUND) {
         m_choice->SetStringSelectionFromUnlocalized(m_unit);
@@ -220,13 +218,17 @@ void InputCombinationUnitChoice::OnUnitChosen(wxCommandEvent&)
     if (unit.empty())
         return;
     CommitText();
-    m_unit = unit;
+    const auto converted =
+        combinations::ConvertUnit(m_valueDetail->GetDoubleValue(), m_unit.utf8_string(), unit.utf8_string());
+    if (m_keepsAmount && converted)
+        m_valueDetail->SetValue(*converted);
+    TakeUnit();
     m_unitDetail->SetUnit(unit.utf8_string());
     m_unitDetail->SetValue(unit);
-    m_valueDetail->SetUnit(unit.utf8_string());
     // A value that is kept as a number is not touched by a text that is none.
     m_valueDetail->SetValue(unit);
     UpdateValidator();
+    ShowValue();
     events::SendEvent(m_parent, tvCHANGE_EVENT, GetControlId(), 0, wxString());
     events::SendEvent(m_parent, tvUNITCHANGED_EVENT, GetControlId(), 0, unit);
 }

@@ -4,10 +4,10 @@
 /// One row of a form: label, value field and unit choice, bound to a value detail and a unit detail.
 ///
 /// The number stands in the unit beside it: the unit that the user chose rules, whatever unit system is on
-/// display, and choosing another one leaves the number as it is. Whoever wants it converted listens to
-/// tvUNITCHANGED_EVENT. The limits are given in the limit unit of the value detail (without one, in the
-/// chosen unit) and are checked in the chosen unit; a unit into which they cannot be converted is not
-/// checked.
+/// display. Choosing another one leaves the number as it is, or with KeepAmount the amount, whose number is
+/// then converted. The limits are given in a unit of their own, or else in the limit unit of the value detail
+/// (without one, in the chosen unit), and are checked in the chosen unit; a unit into which they cannot be
+/// converted is not checked.
 ///
 /// The parent is told by queued events with the field's id: a changed value by one tvCHANGE_EVENT, a chosen
 /// unit by a tvCHANGE_EVENT and then a tvUNITCHANGED_EVENT with the unit's label. The choice's own
@@ -17,6 +17,7 @@
 #include "core/number_text.h"
 #include "gui_base/input/binding/database_combination.h"
 #include "gui_base/input/binding/transfer_detail.h"
+#include "gui_base/input/combinations/chosen_unit.h"
 #include "gui_base/input/controls/tv_choice.h"
 #include "gui_base/input/controls/tv_textctrl.h"
 
@@ -49,7 +50,15 @@ public:
     InputCombinationUnitChoice(const InputCombinationUnitChoice&) = delete;
     InputCombinationUnitChoice& operator=(const InputCombinationUnitChoice&) = delete;
 
+    /// Stands behind the label; not translated.
+    void SetLabelSuffix(const wxString& suffix);
     void SetMinMax(double min, double max);
+    /// Limits in a unit of their own.
+    void SetLimits(const AmountLimits& limits);
+    /// From now on another unit is another number for the same amount, where the units convert.
+    void KeepAmount() { m_keepsAmount = true; }
+    /// Replaces the units that are offered.
+    void SetUnits(const tvChoice::Items& units);
     void Localize(const std::string& unitSystem);
 
     void TransferDetailToWindow() override;
@@ -62,6 +71,7 @@ public:
     TvTextCtrl* GetTextCtrl() const { return m_text.get(); }
     tvChoice* GetChoice() const { return m_choice.get(); }
     double GetValue() const { return m_value; }
+    const DetailData& GetValueDetail() const { return *m_valueDetail; }
     const wxString& GetUnit() const { return m_unit; }
     const std::string& GetUnitSystem() const { return m_unitSystem; }
 
@@ -73,7 +83,8 @@ protected:
 private:
     DoubleValidator* GetDoubleValidator() const;
     void SelectUnit(long defaultUnit);
-    void ShowUnitOfDetail();
+    /// Takes the chosen unit for that of the value.
+    void TakeUnit();
     /// Stores a typed value; returns whether the detail changed.
     bool CommitText();
     void ShowValue();
@@ -83,20 +94,21 @@ private:
     wxWindow* m_parent;
     wxSizer* m_sizer;
     wxString m_labelText;
+    wxString m_labelSuffix;
     bool m_isNamedByLabel;
+    bool m_keepsAmount = false;
     wxString m_unit;
     double m_value;
-    double m_minValue;
-    double m_maxValue;
+    AmountLimits m_limits;
     std::string m_unitSystem;
     DetailData* m_unitDetail;
     DetailData* m_valueDetail;
-    tvChoice::Items m_units;
     wxSizerFlags m_labelFlags;
     wxSizerFlags m_textFlags;
     wxSizerFlags m_choiceFlags;
     wxWeakRef<wxStaticText> m_label;
-    wxWeakRef<tvChoice> m_choice;
     wxWeakRef<TvTextCtrl> m_text;
+    wxWeakRef<tvUnitChoice> m_choice;
+    ChosenUnit m_chosen;
     TransferDetailT<double> m_binding;
 };

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "gui_base/input/controls/tv_choice.h"
 
+#include <algorithm>
+
 namespace {
 
 tvChoice::Items Numbered(const std::vector<wxString>& labels)
@@ -68,6 +70,19 @@ tvUnitChoice::tvUnitChoice(const std::vector<wxString>& units, DetailData* unitD
     : tvUnitChoice(Numbered(units), unitDetail, parent, id, pos, size, style, name)
 {}
 
+void tvUnitChoice::TranslateUnits()
+{
+    m_translates = true;
+    Localize({});
+}
+
+void tvUnitChoice::SetOffered(const Items& units)
+{
+    m_offered = units.size();
+    Set(units);
+    TransferDetailToWindow();
+}
+
 bool tvUnitChoice::Offers(const wxString& unit) const
 {
     const int index = IndexOfLabel(unit);
@@ -76,14 +91,19 @@ bool tvUnitChoice::Offers(const wxString& unit) const
 
 void tvUnitChoice::TransferDetailToWindow()
 {
-    const wxString unit = GetDetail() != nullptr ? GetDetail()->GetStringValue() : wxString();
+    // A detail of another type holds the key of a unit that is offered.
+    const bool isText = GetDetail() != nullptr && GetDetail()->GetType() == DetailType::String;
+    const wxString unit = isText ? GetDetail()->GetStringValue() : wxString();
     const bool hasExtra = GetItems().size() > m_offered;
     const bool wantsExtra = !unit.empty() && !Offers(unit);
     const bool extraFits = hasExtra && wantsExtra && GetItems().back().second == unit;
     if ((hasExtra || wantsExtra) && !extraFits) {
         Items items(GetItems().begin(), GetItems().begin() + static_cast<std::ptrdiff_t>(m_offered));
+        long key = 0;
+        for (const Item& item : items)
+            key = std::max(key, item.first + 1);
         if (wantsExtra)
-            items.emplace_back(static_cast<long>(m_offered), unit);
+            items.emplace_back(key, unit);
         Set(items);
     }
     tvChoice::TransferDetailToWindow();

@@ -32,8 +32,8 @@ protected:
     wxString StoreChoice(const Item& item) override;
 };
 
-/// A choice of units. Units are not translated; a unit that the detail holds but the list does not offer is
-/// shown as a further item, so that a value never stands without its unit.
+/// A choice of units. Units are not translated unless they are words; a unit that the detail holds but the
+/// list does not offer is shown as a further item, so that a value never stands without its unit.
 class GUI_BASE_EXPORT tvUnitChoice : public tvChoice
 {
 public:
@@ -44,13 +44,21 @@ public:
                  const wxPoint& pos = wxDefaultPosition, const wxSize& size = wxDefaultSize, long style = 0,
                  const wxString& name = wxASCII_STR(wxChoiceNameStr));
 
+    /// Shows the translations of the units from now on.
+    void TranslateUnits();
+    /// Replaces the units that are offered and shows the detail again.
+    void SetOffered(const Items& units);
     /// Whether the list offers `unit`.
     bool Offers(const wxString& unit) const;
     void TransferDetailToWindow() override;
 
 protected:
-    wxString DisplayText(const wxString& label) const override { return label; }
+    wxString DisplayText(const wxString& label) const override
+    {
+        return m_translates ? tvChoice::DisplayText(label) : label;
+    }
 
 private:
     std::size_t m_offered;
+    bool m_translates = false;
 };

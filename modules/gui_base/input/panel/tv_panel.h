@@ -55,9 +55,9 @@ public:
     }
 
     /// Shows all texts and units in the present language and that unit system, and lays out again.
-    void Localize(const std::string& unitSystem);
+    virtual void Localize(const std::string& unitSystem);
     /// Shows the present values of all details.
-    void TransferDetailsToWindow();
+    virtual void TransferDetailsToWindow();
 
 private:
     std::vector<std::shared_ptr<LocalizableControl>> m_localizables;

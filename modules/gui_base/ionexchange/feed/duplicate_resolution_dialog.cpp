@@ -22,7 +22,9 @@ constexpr int kGap = 8;
 constexpr int kMostRows = 14;
 constexpr int kDecisionColumn = 3;
 
-/// By DuplicateDecision.
+using compound_import::Decision;
+
+/// By Decision.
 const std::array kDecisionTexts{wxTRANSLATE("Skip"), wxTRANSLATE("Replace"), wxTRANSLATE("Keep both")};
 const std::array kColumns{wxTRANSLATE("Name"), wxTRANSLATE("Formula"), wxTRANSLATE("Existing vs Incoming"),
                           wxTRANSLATE("Decision")};
@@ -30,6 +32,11 @@ const std::array kColumns{wxTRANSLATE("Name"), wxTRANSLATE("Formula"), wxTRANSLA
 wxString Tr(const char* source)
 {
     return i18n::Translated(source);
+}
+
+wxString DecisionText(Decision decision)
+{
+    return Tr(kDecisionTexts[static_cast<std::size_t>(decision)]);
 }
 
 std::vector<SelectionChoice> Decisions()
@@ -64,7 +71,7 @@ DuplicateResolutionDialog::DuplicateResolutionDialog(wxWindow* parent,
 {
     for (const SelectionChoice& choice : Decisions())
         m_common->Append(choice.text);
-    m_common->SetSelection(kSkipDuplicate);
+    m_common->SetSelection(static_cast<int>(Decision::Skip));
     accessibility::SetName(*m_common, m_applyToAll->GetLabel());
     FillGrid(duplicates);
     auto* buttons = new wxStdDialogButtonSizer;
@@ -109,7 +116,7 @@ void DuplicateResolutionDialog::FillGrid(const std::vector<DuplicateCompound>& d
         m_grid->SetCellValue(row, 0, wxString::FromUTF8(duplicate.incoming.name));
         m_grid->SetCellValue(row, 1, wxString::FromUTF8(duplicate.incoming.formula));
         m_grid->SetCellValue(row, 2, Difference(duplicate));
-        m_grid->SetCellValue(row, kDecisionColumn, Tr(kDecisionTexts[kSkipDuplicate]));
+        m_grid->SetCellValue(row, kDecisionColumn, DecisionText(Decision::Skip));
     }
     m_grid->AutoSizeColumns();
     // The editor needs room for its longest text and its arrow.
@@ -141,14 +148,14 @@ DuplicateResolutionResult DuplicateResolutionDialog::GetResult(int closedWith) c
         return result;
     result.cancelled = false;
     result.applyToAll = m_applyToAll->GetValue();
-    result.commonDecision = m_common->GetSelection();
+    result.commonDecision = static_cast<Decision>(m_common->GetSelection());
     for (int row = 0; row < m_grid->GetNumberRows(); ++row) {
         const wxString text = m_grid->GetCellValue(row, kDecisionColumn);
-        int decision = kSkipDuplicate;
-        if (text == Tr(kDecisionTexts[kReplaceDuplicate]))
-            decision = kReplaceDuplicate;
-        else if (text == Tr(kDecisionTexts[kKeepBothDuplicates]))
-            decision = kKeepBothDuplicates;
+        Decision decision = Decision::Skip;
+        for (const Decision other : {Decision::Replace, Decision::KeepBoth}) {
+            if (text == DecisionText(other))
+                decision = other;
+        }
         result.decisions.push_back(decision);
     }
     return result;

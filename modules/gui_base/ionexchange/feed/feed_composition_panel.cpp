@@ -286,7 +286,7 @@ bool FeedCompositionPanel::FocusDetail(const DetailAddress& address)
         return true;
     }
     if (key == "feed/medium.temp") {
-        m_medium->GetTemperatureField()->SetFocus();
+        m_medium->FindField(FeedMediumBox::kTemperature)->SetFocus();
         return true;
     }
     return false;

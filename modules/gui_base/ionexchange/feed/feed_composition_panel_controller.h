@@ -69,8 +69,6 @@ private:
     bool SaveCompoundToDB(const DBObjects::Compound& compound);
     /// Lets the user edit a compound, stores it and shows the list anew.
     void EditCompound(const DBObjects::Compound& record);
-    void StoreImported(const Compounds& fresh, const std::vector<DuplicateCompound>& duplicates,
-                       const DuplicateResolutionResult& resolution);
 
     void RegisterCallbacks();
     void OnViewEvent(FeedEvent& event);

@@ -5,17 +5,15 @@
 #include "gui_base/ionexchange/feed/feed_composition_panel_controller.h"
 #include "gui_base/support/translation.h"
 #include "projectbase/feed/compounds_importer.h"
+#include "projectbase/library/compound_import.h"
 #include "tncommon/zip_container.h"
 
 #include <algorithm>
-#include <map>
 #include <system_error>
 
 namespace {
 
 using Record = DBObjects::Compound;
-
-constexpr const char* kImportedSuffix = " (imported)";
 
 wxString Tr(const char* source)
 {
@@ -24,7 +22,7 @@ wxString Tr(const char* source)
 
 wxString Label(const Record& compound)
 {
-    return wxString::FromUTF8(compound.name + " (" + compound.formula + ")");
+    return wxString::FromUTF8(compound_import::Label(compound));
 }
 
 std::vector<wxString> Labels(const std::vector<Record>& compounds)
@@ -34,11 +32,6 @@ std::vector<wxString> Labels(const std::vector<Record>& compounds)
     for (const Record& compound : compounds)
         labels.push_back(Label(compound));
     return labels;
-}
-
-std::string Key(const Record& compound)
-{
-    return compound.name + "|" + compound.formula;
 }
 
 std::vector<Record> Chosen(const std::vector<Record>& compounds, const std::vector<int>& indices)
@@ -97,8 +90,9 @@ void FeedCompositionPanelController::ImportCompoundFromProjectCallback(FeedEvent
 {
     const Record compound = m_composition->GetEntries().at(event.row).ToRecord();
     const Compounds alike = ProjectDatabase::GetCompounds(std::string(), std::string(), compound.name);
-    const bool exists = std::any_of(alike.begin(), alike.end(),
-                                    [&](const Record& other) { return Key(other) == Key(compound); });
+    const bool exists = std::any_of(alike.begin(), alike.end(), [&](const Record& other) {
+        return compound_import::Key(other) == compound_import::Key(compound);
+    });
     if (exists) {
         m_view->ShowMessageBox(Tr(wxTRANSLATE("Duplicate Compound")),
                                Tr(wxTRANSLATE("This compound already exists: ")) + Label(compound));
@@ -180,53 +174,14 @@ void FeedCompositionPanelController::Import(const Compounds& incoming)
     const auto picked = m_view->ShowImportCompoundDialog(Labels(incoming));
     if (!picked || picked->empty())
         return;
-    std::map<std::string, Record> existing;
-    for (Record& compound : ProjectDatabase::GetCompounds())
-        existing.emplace(Key(compound), std::move(compound));
-    Compounds fresh;
-    std::vector<DuplicateCompound> duplicates;
-    for (const int index : *picked) {
-        const Record& compound = incoming.at(static_cast<std::size_t>(index));
-        const auto found = existing.find(Key(compound));
-        if (found == existing.end())
-            fresh.push_back(compound);
-        else
-            duplicates.push_back({compound, found->second, static_cast<std::size_t>(index)});
-    }
+    const auto plan = compound_import::MakePlan(Chosen(incoming, *picked), ProjectDatabase::GetCompounds());
     DuplicateResolutionResult resolution;
-    if (!duplicates.empty()) {
-        resolution = m_view->ShowDuplicateResolutionDialog(duplicates);
+    if (!plan.duplicates.empty()) {
+        resolution = m_view->ShowDuplicateResolutionDialog(plan.duplicates);
         if (resolution.cancelled)
             return;
     }
-    StoreImported(fresh, duplicates, resolution);
+    compound_import::CarryOut(plan, resolution.CountingDecisions());
     m_view->ShowInfoMessage(Tr(wxTRANSLATE("Compound import complete")));
     InitElementSelection();
-}
-
-void FeedCompositionPanelController::StoreImported(const Compounds& fresh,
-                                                   const std::vector<DuplicateCompound>& duplicates,
-                                                   const DuplicateResolutionResult& resolution)
-{
-    // All or nothing: half a file would be hard to tell apart from the whole one.
-    ProjectDatabase::Transaction transaction;
-    for (const Record& compound : fresh)
-        ProjectDatabase::InsertOrReplaceCompound(compound);
-    for (std::size_t i = 0; i < duplicates.size(); ++i) {
-        Record compound = duplicates[i].incoming;
-        switch (resolution.DecisionFor(i)) {
-            case kReplaceDuplicate:
-                compound.id = duplicates[i].existing.id;
-                ProjectDatabase::InsertOrReplaceCompound(compound);
-                break;
-            case kKeepBothDuplicates:
-                compound.id = -1;
-                compound.name += kImportedSuffix;
-                ProjectDatabase::InsertOrReplaceCompound(compound);
-                break;
-            default:
-                break;
-        }
-    }
-    transaction.Commit();
 }

@@ -297,7 +297,6 @@ void FeedCompositionPanel::NameControls()
     name(m_totalPh, "Total pH");
     name(m_effluentPh, "Total pH");
     accessibility::SetName(*m_adjustment, i18n::Translated("Base (+) or acid (-) dosed") + ", meq/l");
-    m_medium->UpdateNames();
     m_feedTotals->UpdateNames();
     m_effluentTotals->UpdateNames();
 }

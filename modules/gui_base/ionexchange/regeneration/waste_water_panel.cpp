@@ -3,14 +3,10 @@
 
 #include "gui_base/input/controls/tv_staticboxsizer.h"
 #include "gui_base/input/controls/tv_statictext.h"
-#include "gui_base/input/controls/tv_validated_textctrl.h"
-#include "gui_base/support/accessibility.h"
-#include "gui_base/support/translation.h"
 
-#include <wx/intl.h>
 #include <wx/statbox.h>
+#include <wx/translation.h>
 
-#include <algorithm>
 #include <array>
 
 namespace {
@@ -32,40 +28,47 @@ const std::span<const TvWasteWaterAndComposition::Row> TvWasteWaterAndCompositio
     return std::span<const Row>(rows);
 }();
 
+namespace {
+
+/// The details of an exchanger; where the line has none at that place, every value is unknown.
+DetailList& StepDetails(iex::IEXProject& project, std::size_t step)
+{
+    static OwnerNode unknown(OwnerKind::Exchanger);
+    return *(step < project.NumberSteps() ? project.GetStep(step) : unknown).GetDetails();
+}
+
+}  // namespace
+
 TvWasteWaterAndComposition::TvWasteWaterAndComposition(iex::IEXProject* project, wxWindow* parent,
                                                        const std::vector<WasteData>& regenerants,
                                                        const wxString& title, std::size_t step)
-    : ModulePanelBase(project, parent), m_step(step), m_regenerants(regenerants), m_title(title)
+    : FormPanel(project, StepDetails(*project, step), parent), m_regenerants(regenerants), m_title(title)
 {
-    m_unknown.LoadGroup("step", "BASE");
     m_unknown.LoadGroup("stepcomp", "BASE");
     Create();
 }
 
-TvWasteWaterAndComposition::~TvWasteWaterAndComposition()
+TvTextCtrl* TvWasteWaterAndComposition::FindField(const std::string& key, int regenerant) const
 {
-    // The fields are bound to details of this object.
-    DestroyChildren();
+    if (regenerant == kStep)
+        return GetFields().FindField(key);
+    const auto index = static_cast<std::size_t>(regenerant);
+    if (index >= m_regenerants.size())
+        return nullptr;
+    // Regenerants without a calculation share the details that they are bound to, and what these show.
+    const WasteData& data = m_regenerants[index];
+    const DetailData* detail = (data.details ? *data.details : m_unknown).GetDetail(key);
+    return detail != nullptr ? GetFields().FindField(*detail) : nullptr;
 }
 
-TvValidatedDoubleTextCtrl* TvWasteWaterAndComposition::FindField(const std::string& key, int regenerant) const
+DetailList& TvWasteWaterAndComposition::DetailsOf(const WasteData& regenerant)
 {
-    const auto found = std::find_if(m_fields.begin(), m_fields.end(), [&](const Field& field) {
-        return field.regenerant == regenerant && field.key == key;
-    });
-    return found == m_fields.end() ? nullptr : found->control;
+    return regenerant.details ? *regenerant.details : m_unknown;
 }
 
-DetailList& TvWasteWaterAndComposition::GetStep()
+void TvWasteWaterAndComposition::DoCreateForm()
 {
-    auto& project = static_cast<iex::IEXProject&>(*GetProject());
-    return m_step < project.NumberSteps() ? *project.GetStep(m_step).GetDetails()
-                                          : m_unknown;
-}
-
-void TvWasteWaterAndComposition::DoCreateControls()
-{
-    m_fields.clear();
+    GetFields().SetFieldWidth(kFieldWidth);
     auto* box = AddLocalizable(new TvStaticBoxSizer(wxVERTICAL, this, m_title));
     wxWindow* parent = box->GetStaticBox();
     const wxSizerFlags spaced = wxSizerFlags().Border(wxALL, FromDIP(2 * kGap));
@@ -77,7 +80,7 @@ void TvWasteWaterAndComposition::DoCreateControls()
     const wxString text = wxTRANSLATE("Neutralisation");
     neutral->Add(AddLocalizable(new TvStaticText(parent, wxID_ANY, text, wxString())),
                  wxSizerFlags().CentreVertical());
-    AddField(parent, *neutral, GetStep(), "step/neutral", text);
+    AddField(parent, *neutral, GetFields().Details().At("step/neutral"), text);
     neutral->Add(AddLocalizable(new TvStaticText(parent, wxID_ANY, wxTRANSLATE("eq"), wxString())),
                  wxSizerFlags().CentreVertical());
     anions->Add(neutral, wxSizerFlags().Border(wxTOP, FromDIP(2 * kGap)));
@@ -97,19 +100,17 @@ void TvWasteWaterAndComposition::AddHead(wxWindow* parent, wxSizer& grid, const 
     grid.Add(head, isNumber ? wxSizerFlags().Right() : wxSizerFlags());
 }
 
-void TvWasteWaterAndComposition::AddField(wxWindow* parent, wxSizer& grid, DetailList& details,
-                                          const std::string& key, const wxString& name, int regenerant)
+void TvWasteWaterAndComposition::AddField(wxWindow* parent, wxSizer& grid, DetailData& detail,
+                                          const wxString& name)
 {
-    auto* field = AddLocalizable(new TvValidatedDoubleTextCtrl({.parent = parent,
-                                                                .size = FromDIP(wxSize(kFieldWidth, -1)),
-                                                                .style = wxTE_RIGHT | wxTE_READONLY,
-                                                                .precision = 4,
-                                                                .validatorFlags = 0,
-                                                                .detail = &details.At(key)}));
-    accessibility::SetName(*field, i18n::Translated(name));
-    AddToDetailContainerWindows(field);
-    grid.Add(field, wxSizerFlags().CentreVertical());
-    m_fields.push_back({key, regenerant, field});
+    const std::string label = name.utf8_string();
+    grid.Add(GetFields().CreateField(parent,
+                                     {.key = detail.GetName().c_str(),
+                                      .label = label.c_str(),
+                                      .field = FormField::Result,
+                                      .inIsoUnits = true},
+                                     detail),
+             wxSizerFlags().CentreVertical());
 }
 
 wxSizer* TvWasteWaterAndComposition::CreateSection(wxWindow* parent, const char* title,
@@ -122,8 +123,8 @@ wxSizer* TvWasteWaterAndComposition::CreateSection(wxWindow* parent, const char*
     for (const Row& row : rows) {
         grid->Add(AddLocalizable(new TvStaticText(parent, wxID_ANY, row.label, wxString())),
                   wxSizerFlags().CentreVertical());
-        AddField(parent, *grid, GetStep(), std::string("step/m.") + row.key, row.label);
-        AddField(parent, *grid, GetStep(), std::string("step/c.") + row.key, row.label);
+        for (const char* prefix : {"step/m.", "step/c."})
+            AddField(parent, *grid, GetFields().Details().At(std::string(prefix) + row.key), row.label);
     }
     return grid;
 }
@@ -138,23 +139,21 @@ wxSizer* TvWasteWaterAndComposition::CreateRegenerants(wxWindow* parent)
     AddHead(parent, *grid, wxString(), false);
     for (const char* unit : {wxTRANSLATE("kg 100%"), wxTRANSLATE("kg 100%"), wxTRANSLATE("kg/m3")})
         AddHead(parent, *grid, unit, true);
-    for (std::size_t i = 0; i < m_regenerants.size(); ++i) {
-        const WasteData& regenerant = m_regenerants[i];
-        DetailList& details = regenerant.details ? *regenerant.details : m_unknown;
-        const int index = static_cast<int>(i);
+    for (const WasteData& regenerant : m_regenerants) {
+        DetailList& details = DetailsOf(regenerant);
         const wxString name = wxString::FromUTF8(regenerant.name);
         const auto label = [&](const wxString& text) {
             grid->Add(AddLocalizable(new TvStaticText(parent, wxID_ANY, text, wxString())),
                       wxSizerFlags().CentreVertical());
         };
         label(name);
-        AddField(parent, *grid, details, "stepcomp/rm", name, index);
-        AddField(parent, *grid, details, "stepcomp/m.neutral", name, index);
-        AddField(parent, *grid, details, "stepcomp/rb.spec", name, index);
+        AddField(parent, *grid, details.At("stepcomp/rm"), name);
+        AddField(parent, *grid, details.At("stepcomp/m.neutral"), name);
+        AddField(parent, *grid, details.At("stepcomp/rb.spec"), name);
         // What the base regenerant takes beyond, of which no consumption is stated.
         label(wxTRANSLATE("Base regenerant"));
-        AddField(parent, *grid, details, "stepcomp/rb.delta", name, index);
-        AddField(parent, *grid, details, "stepcomp/rb.neutral", name, index);
+        AddField(parent, *grid, details.At("stepcomp/rb.delta"), name);
+        AddField(parent, *grid, details.At("stepcomp/rb.neutral"), name);
         grid->AddSpacer(0);
     }
     return grid;

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "gui_base/gui_base_export.h"
-#include "gui_base/input/panel/field_set.h"
+#include "gui_base/input/form/field_set.h"
 
 #include <wx/panel.h>
 

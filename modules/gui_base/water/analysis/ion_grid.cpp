@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "gui_base/water/analysis/ion_grid.h"
 
+#include "core/ion_table.h"
+#include "core/ion_units.h"
 #include "gui_base/input/controls/tv_statictext.h"
 #include "gui_base/input/validation/validator.h"
 
@@ -81,6 +83,11 @@ void IonGrid::AddRow(wxWindow* parent, wxFlexGridSizer& grid, const IonRow& ion,
     row.unit = m_fields.AddUnitChoice(
         parent, prefix + ".unit", ion.kind == IonRowKind::Equivalent ? m_units.equivalent : m_units.ordinary,
         label);
+    const ions::Ion* known = ions::FindIon(ion.key);
+    m_fields.SetUnitLimits(prefix + ".orig",
+                           {.max = m_fields.Details().At(prefix + ".meql").GetMaxValue(),
+                            .unit = std::string(ions::kMeqPerLitre),
+                            .equivalentWeight = known != nullptr ? known->equivalentWeight : 1.0});
     grid.Add(row.unit, Cell().Expand());
     for (const wxString& result : {kMeql, kMgl}) {
         const std::string key = prefix + (result == kMeql ? ".meql" : ".mgl");

@@ -6,7 +6,7 @@
 /// typed values.
 
 #include "gui_base/gui_base_export.h"
-#include "gui_base/input/panel/field_set.h"
+#include "gui_base/input/form/field_set.h"
 #include "gui_base/water/rows/ion_rows.h"
 
 #include <wx/sizer.h>

@@ -1,14 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "gui_base/water/analysis/wateranalysis_panel.h"
 
-#include "core/ion_table.h"
-#include "core/ion_units.h"
 #include "core/polarization.h"
+#include "gui_base/input/binding/transfer_detail.h"
 #include "gui_base/input/controls/tv_checkbox.h"
 #include "gui_base/input/controls/tv_radiobutton.h"
-#include "gui_base/input/validation/double_validator.h"
 #include "gui_base/input/validation/temperature_validator.h"
-#include "gui_base/input/validation/text_enter_validator.h"
 #include "gui_base/support/events.h"
 #include "gui_base/support/help_file_provider.h"
 #include "gui_base/support/translation.h"
@@ -42,14 +39,6 @@ constexpr const char* kShortCond = "SHORT_COND";
 constexpr double kMinCelsius = 0.0;
 constexpr double kMaxCelsius = 100.0;
 
-/// Gives a field the limit `meqPerLitre` in the unit that is chosen for it.
-void SetMaximum(TvTextCtrl& field, double meqPerLitre, const tvUnitChoice& unit, double equivalentWeight)
-{
-    if (auto* validator = dynamic_cast<DoubleValidator*>(field.GetValidator()))
-        validator->SetMaxValue(
-            ions::FromMeqPerLitre(meqPerLitre, unit.GetDetail()->GetStdStringValue(), equivalentWeight));
-}
-
 LiquidData& RequireLiquid(Project* project, std::size_t index)
 {
     if (project == nullptr)
@@ -70,12 +59,6 @@ WaterAnalysisPanel::WaterAnalysisPanel(Project* project, std::size_t detailIndex
     Create();
 }
 
-WaterAnalysisPanel::~WaterAnalysisPanel()
-{
-    // The fields' variables belong to this class and must outlive the fields.
-    DestroyChildren();
-}
-
 void WaterAnalysisPanel::DoCreateControls()
 {
     // Recreated controls start from an empty set of variables.
@@ -91,41 +74,23 @@ void WaterAnalysisPanel::DoCreateControls()
 
 void WaterAnalysisPanel::SetTransferInfo()
 {
-    for (FieldSet::Number& number : m_fields->Numbers()) {
-        double* value =
-            number.control == m_temperatureField ? m_temperature.GetValueAddress() : &number.value;
-        AddTransfer(TransferDetail(number.transferFlags, value, number.control, number.detail));
-    }
-    for (FieldSet::Text& text : m_fields->Texts())
-        AddTransfer(TransferDetail(TransferToDetail | TransferCountsAsChange, &text.value, text.control,
-                                   text.detail));
+    m_fields->VisitBindings([this](const TransferDetail& binding) { AddTransfer(binding); });
 }
 
 void WaterAnalysisPanel::SetValidators(const std::string&)
 {
-    for (FieldSet::Number& number : m_fields->Numbers()) {
-        const NumberSpec& spec = number.spec;
-        if (number.control == m_temperatureField)
-            number.control->SetValidator(TemperatureValidator(&m_temperature, spec.format, spec.precision,
-                                                              spec.validatorFlags, {}, {}, {}));
-        else
-            number.control->SetValidator(DoubleValidator(&number.value, spec.format, spec.precision,
-                                                         spec.validatorFlags, number.detail->GetMinValue(),
-                                                         number.detail->GetMaxValue(), spec.undef));
-    }
-    for (FieldSet::Text& text : m_fields->Texts())
-        text.control->SetValidator(TextEnterValidator(&text.value));
+    m_fields->SetValidators();
 }
 
 void WaterAnalysisPanel::DoConnectTvTextCtrlsToStatusbar()
 {
     const TvTextCtrl* const tds = FindField("liquid/tds.short");
     const TvTextCtrl* const conductivity = FindField("liquid/cond.short");
-    for (const FieldSet::Number& number : m_fields->Numbers()) {
-        if (number.control->IsEditable() && number.control != tds && number.control != conductivity)
-            SetupInputControl(number.control);
+    for (TvTextCtrl* field : m_fields->GetNumbers()) {
+        if (field->IsEditable() && field != tds && field != conductivity)
+            SetupInputControl(field);
         else
-            ConnectControlToStatusBar(number.control);
+            ConnectControlToStatusBar(field);
     }
 }
 
@@ -157,24 +122,7 @@ void WaterAnalysisPanel::DoLocalize()
 void WaterAnalysisPanel::DoUpdateValidators()
 {
     UpdateTempOrigCtrlValidatorLimits();
-    UpdateIonLimits();
-}
-
-void WaterAnalysisPanel::UpdateIonLimits()
-{
-    // The limit of an ion is an amount; the same amount is another number in every unit.
-    DetailList& details = *m_liquid.GetDetails();
-    for (const auto& grid : m_grids) {
-        for (const wateranalysis::IonGrid::Row& row : grid->Rows()) {
-            const ions::Ion* ion = ions::FindIon(row.ion->key);
-            const DetailData& meql = details.At(std::string("liquid/") + row.ion->key + ".meql");
-            SetMaximum(*row.typed, meql.GetMaxValue(), *row.unit,
-                       ion != nullptr ? ion->equivalentWeight : 1.0);
-        }
-    }
-    const double co2Weight = ions::FindIon("co2")->equivalentWeight;
-    SetMaximum(*FindField("liquid/co2.orig"), details.At("liquid/co2.mgl").GetMaxValue() / co2Weight,
-               *m_co2Unit, co2Weight);
+    m_fields->ApplyUnitLimits();
 }
 
 void WaterAnalysisPanel::UpdateTempOrigCtrlValidatorLimits()
@@ -186,7 +134,8 @@ void WaterAnalysisPanel::UpdateTempOrigCtrlValidatorLimits()
     m_limitedTemperatureUnit = text;
     Temperature min(kMinCelsius, TemperatureUnit::Celsius);
     Temperature max(kMaxCelsius, TemperatureUnit::Celsius);
-    m_temperature.SetUnit(TemperatureUnit::Celsius);
+    Temperature& temperature = m_fields->TemperatureOf("liquid/temp.orig");
+    temperature.SetUnit(TemperatureUnit::Celsius);
     try {
         const auto unit = Temperature::UnitFromText(text);
         if (!unit)
@@ -196,20 +145,20 @@ void WaterAnalysisPanel::UpdateTempOrigCtrlValidatorLimits()
             min.SetValue(initial.GetMinValue());
         if (initial.HasMaxValue())
             max.SetValue(initial.GetMaxValue());
-        m_temperature.SetUnit(*unit);
+        temperature.SetUnit(*unit);
     } catch (const std::exception&) {
         GetProject()->GetLogger().Error(
             "Silent exception in  WaterAnalysisPanel::UpdateTempOrigCtrlValidatorLimits, set limits from "
             "Celsius as "
             "default.");
     }
-    validator->SetLimits(min.ConvertedTo(m_temperature.GetUnit()), max.ConvertedTo(m_temperature.GetUnit()));
+    validator->SetLimits(min.ConvertedTo(temperature.GetUnit()), max.ConvertedTo(temperature.GetUnit()));
 }
 
 void WaterAnalysisPanel::DoTransferDetailsToWindows()
 {
     ModulePanelBase::DoTransferDetailsToWindows();
-    if (!m_fields || m_fields->Numbers().empty())
+    if (!m_fields)
         return;
     TellAlkalization();
     CheckAnalysisType();
@@ -432,24 +381,12 @@ void WaterAnalysisPanel::EnableDefaultUnitButton(bool enable)
 
 TvTextCtrl* WaterAnalysisPanel::FindField(const std::string& key) const
 {
-    for (const FieldSet::Number& number : m_fields->Numbers()) {
-        if (number.spec.key == key)
-            return number.control;
-    }
-    for (const FieldSet::Text& text : m_fields->Texts()) {
-        if (text.detail->GetName() == key)
-            return text.control;
-    }
-    return nullptr;
+    return m_fields->FindField(key);
 }
 
 tvUnitChoice* WaterAnalysisPanel::FindUnitChoice(const std::string& key) const
 {
-    for (tvUnitChoice* choice : m_fields->UnitChoices()) {
-        if (choice->GetDetail()->GetName() == key)
-            return choice;
-    }
-    return nullptr;
+    return m_fields->FindUnitChoice(key);
 }
 
 void WaterAnalysisPanel::StoreTypedValues(const std::vector<std::pair<std::string, double>>& values)

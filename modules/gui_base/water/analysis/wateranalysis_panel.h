@@ -9,10 +9,9 @@
 /// the help provider are not owned and outlive the panel.
 
 #include "gui_base/gui_base_export.h"
-#include "gui_base/input/panel/field_set.h"
+#include "gui_base/input/form/field_set.h"
 #include "gui_base/input/panel/tv_modulepanelbase.h"
 #include "gui_base/water/analysis/ion_grid.h"
-#include "projectbase/units/temperature.h"
 
 #include <memory>
 #include <optional>
@@ -38,7 +37,6 @@ public:
                        TVHelpFileProvider* help, const wxPoint& pos = wxDefaultPosition,
                        const wxSize& size = wxDefaultSize,
                        long style = wxTAB_TRAVERSAL | wxHSCROLL | wxVSCROLL);
-    ~WaterAnalysisPanel() override;
 
     /// Normalises one ion; with `checkName` an unnamed row counts as unused. An exception is logged and
     /// passes on.
@@ -121,7 +119,6 @@ private:
     wateranalysis::IonGrid::Row* FindNamedRow(const wxObject* nameField);
     void EnableRow(wateranalysis::IonGrid::Row& row, bool enable);
     void UpdateTempOrigCtrlValidatorLimits();
-    void UpdateIonLimits();
     /// The dry residue and the balance error stand in the tooltips of the values that they belong to.
     void UpdateToolTips();
     /// Warns once of an alkalization that could not be calculated.
@@ -165,7 +162,6 @@ private:
     std::unique_ptr<FieldSet> m_fields;
     wateranalysis::IonGrid::UnitLists m_units;
     std::vector<std::unique_ptr<wateranalysis::IonGrid>> m_grids;
-    Temperature m_temperature;
     TvTextCtrl* m_temperatureField = nullptr;
     tvUnitChoice* m_temperatureUnit = nullptr;
     tvUnitChoice* m_co2Unit = nullptr;

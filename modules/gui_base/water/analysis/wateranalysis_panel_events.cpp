@@ -119,22 +119,13 @@ void WaterAnalysisPanel::OnAlkalizationClick(wxCommandEvent&)
 
 void WaterAnalysisPanel::OnCO2CalculatorClick(wxCommandEvent&)
 {
-    DetailList& details = *m_liquid.GetDetails();
-    const bool wasCalculated = details.At("liquid/calculate.co2").GetBoolValue();
+    const bool wasCalculated = m_liquid.GetDetails()->At("liquid/calculate.co2").GetBoolValue();
     bool accepted = false;
     {
         const ProjectEdit edit(*GetProject(), wxTRANSLATE("CO2 Calculator"));
-        // The dialog brings back the normalised values; what was typed comes back with them.
-        std::vector<std::pair<DetailData*, DetailData::Value>> typed;
-        for (const char* key : {"liquid/hco3.orig", "liquid/hco3.unit", "liquid/temp.unit"})
-            typed.emplace_back(&details.At(key), details.At(key).GetStoredValue());
-
         tvCO2CalculatorDialog dialog(GetProject(), static_cast<int>(GetLiquidIndex()), wxGetTopLevelParent(this),
                                      wxID_ANY, i18n::Translated("CO2 Calculator"));
         accepted = dialog.ShowModal() == wxID_OK;
-        if (!accepted)
-            for (const auto& [detail, value] : typed)
-                detail->RestoreValue(value);
     }
     TakeOverFromDialog(accepted || wasCalculated);
 }

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The controls of the water analysis panel.
+#include "core/ion_table.h"
 #include "gui_base/input/controls/tv_button.h"
 #include "gui_base/input/controls/tv_checkbox.h"
 #include "gui_base/input/controls/tv_radiobutton.h"
@@ -191,7 +192,8 @@ void WaterAnalysisPanel::CreateTemperatureRow(wxWindow* parent, wxSizer& grid)
                                                      .unitKey = "liquid/temp.unit",
                                                      .validatorFlags = CheckMin | CheckMax | ShowPreciseValue,
                                                      .precision = 4,
-                                                     .inIsoUnits = true});
+                                                     .inIsoUnits = true,
+                                                     .isTemperature = true});
     grid.Add(m_temperatureField, Cell());
     m_temperatureUnit =
         m_fields->AddUnitChoice(parent, "liquid/temp.unit", water_units::OfTemperatures(), "Temperature");
@@ -219,6 +221,10 @@ void WaterAnalysisPanel::CreateCo2Rows(wxWindow* parent, wxSizer& grid)
                                          .inIsoUnits = true}),
              Cell());
     m_co2Unit = m_fields->AddUnitChoice(parent, "liquid/co2.unit", m_units.ordinary, "CO2:");
+    const double co2Weight = ions::FindIon("co2")->equivalentWeight;
+    m_fields->SetUnitLimits("liquid/co2.orig", {.max = m_fields->Details().At("liquid/co2.mgl").GetMaxValue(),
+                                                .unit = "mg/l",
+                                                .equivalentWeight = co2Weight});
     grid.Add(m_co2Unit, Cell().Expand());
 
     m_calculateCo2 = m_fields->AddLocalizable(new TvCheckBox(

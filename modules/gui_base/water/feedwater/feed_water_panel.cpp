@@ -4,7 +4,6 @@
 #include "dbinterfaces/master_database.h"
 #include "gui_base/dialogs/gui_utils.h"
 #include "gui_base/input/controls/tv_staticboxsizer.h"
-#include "gui_base/input/controls/tv_validated_textctrl.h"
 #include "gui_base/support/translation.h"
 
 #include <wx/sizer.h>
@@ -119,7 +118,7 @@ bool FeedWaterPanel::FocusDetail(const DetailAddress& address)
 {
     const bool isProject = address.owner == DetailOwner();
     if (m_organics != nullptr && isProject && address.key == "feed/medium.temp") {
-        m_organics->GetTemperatureField()->SetFocus();
+        m_organics->FindField(FeedMediumForm::kTemperature)->SetFocus();
         return true;
     }
     TvTextCtrl* field = isProject ? m_specification->FindField(address.key) : nullptr;

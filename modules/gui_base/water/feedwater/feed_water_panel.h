@@ -17,10 +17,6 @@ public:
                    TVHelpFileProvider* help);
 
     bool FocusDetail(const DetailAddress& address) override;
-    FeedWaterSpecification* GetSpecification() const { return m_specification; }
-    FeedMetaInformation* GetMetaInformation() const { return m_metaInformation; }
-    /// The organic load of the feed, which stands with the first water; null with the others.
-    OrganicsInputPanel* GetOrganics() const { return m_organics; }
 
 protected:
     void DoTransferDetailsToWindows() override;

@@ -6,53 +6,24 @@
 /// controller's matter.
 ///
 /// The medium detail holds the identifier of the medium, the organics detail the key of the organics; neither
-/// is owned. An edit is told by a tvCHANGE_EVENT that climbs.
+/// is owned. An edit is told to the parent by one queued tvCHANGE_EVENT with the id of the panel.
 
-#include "gui_base/gui_base_export.h"
-#include "gui_base/input/combinations/choice_combination.h"
-#include "gui_base/input/panel/tv_panel.h"
-#include "projectbase/feed/feed_medium.h"
-
-#include <utility>
-#include <vector>
+#include "gui_base/water/feedwater/feed_medium_form.h"
 
 class Project;
-class TvStaticBoxSizer;
-class TvValidatedDoubleTextCtrl;
 
-class GUI_BASE_EXPORT OrganicsInputPanel : public TvPanel
+class GUI_BASE_EXPORT OrganicsInputPanel : public FeedMediumForm
 {
 public:
     OrganicsInputPanel(DetailData* mediumDetail, DetailData* organicsDetail, wxWindow* parent,
                        wxStatusBar* statusBar, int id = wxID_ANY, const wxPoint& pos = wxDefaultPosition,
                        const wxSize& size = wxDefaultSize, long style = wxTAB_TRAVERSAL);
-    ~OrganicsInputPanel() override;
 
-    FeedMedium::Data GetMedium() const;
-    void SetMedium(const FeedMedium::Data& medium);
-    void SetMediumSelection(const std::vector<std::pair<long, wxString>>& mediums);
     /// Replaces the entries, whose labels are source texts; the chosen key stays chosen.
     void SetOrganicsSelection(const std::vector<std::pair<wxString, wxString>>& organics);
-    /// Identifiers are those of TemperatureUnit.
-    void SetTemperatureUnitSelection(const std::vector<std::pair<long, wxString>>& units);
-
-    tvChoice* GetMediumChoice() const { return m_medium; }
-    tvChoiceAdv* GetOrganicsChoice() const { return m_organics; }
-    tvChoice* GetTemperatureUnitChoice() const { return m_temperatureUnit; }
-    TvValidatedDoubleTextCtrl* GetTemperatureField() const { return m_temperatureField; }
 
 private:
-    TemperatureUnit GetTemperatureUnit() const;
-    void ShowTemperature(const Temperature& temperature);
-    void OnTemperatureUnit(wxCommandEvent& event);
-
-    double m_density = 1.0;
-    DetailData m_temperature{"temperature"};
-    TemperatureUnit m_shownUnit = TemperatureUnit::Celsius;
-    tvChoice* m_medium;
     tvChoiceAdv* m_organics;
-    TvValidatedDoubleTextCtrl* m_temperatureField;
-    tvChoice* m_temperatureUnit;
 };
 
 /// Fills the panel from the databases and keeps its medium in the details of the project. Neither is owned;
@@ -69,7 +40,7 @@ public:
     void TransferToView();
 
 private:
-    void OnChanged(wxCommandEvent& event);
+    void OnChanged();
 
     Project* m_project;
     wxWeakRef<OrganicsInputPanel> m_panel;

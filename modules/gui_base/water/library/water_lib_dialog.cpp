@@ -1,22 +1,18 @@
 // SPDX-License-Identifier: MIT
 #include "gui_base/water/library/water_lib_dialog.h"
 
-#include "dbinterfaces/master_database.h"
-#include "dbinterfaces/project_database.h"
 #include "gui_base/dialogs/questions.h"
 #include "gui_base/input/controls/tv_searchctrl.h"
 #include "gui_base/support/translation.h"
+#include "gui_base/water/library/water_lib_arrangement.h"
+#include "gui_base/water/library/water_lib_details.h"
 #include "gui_base/water/library/water_lib_list.h"
-#include "projectbase/water/normalization.h"
+#include "gui_base/water/library/water_lib_tree.h"
 
 #include <wx/button.h>
 #include <wx/infobar.h>
 #include <wx/stattext.h>
-#include <wx/textctrl.h>
-#include <wx/uilocale.h>
-#include <wx/wupdlock.h>
 
-#include <algorithm>
 #include <stdexcept>
 #include <utility>
 
@@ -37,16 +33,14 @@ WaterLibDialog::WaterLibDialog(Logger& logger, wxWindow* parent, int id, const w
       m_logger(logger)
 {
     CreateControls();
-    RestoreArrangement();
+    m_arrangement = std::make_unique<water_library::Arrangement>(*this, *m_vertical, *m_horizontal, m_logger);
+    m_arrangement->Restore();
     if (pos == wxDefaultPosition)
         CentreOnParent();
     BindEvents();
     InitDataTree();
     ClearDetails();
-    wxTreeItemIdValue cookie;
-    const wxTreeItemId first = m_tree->GetFirstChild(m_tree->GetRootItem(), cookie);
-    if (first.IsOk())
-        m_tree->SelectItem(first);
+    m_tree->SelectFirst();
     m_tree->SetFocus();
 }
 
@@ -91,46 +85,12 @@ bool WaterLibDialog::Guarded(const std::function<void()>& action)
 
 void WaterLibDialog::InitDataTree()
 {
-    const wxWindowUpdateLocker frozen(m_tree);
-    m_tree->DeleteAllItems();
-    m_tree->AddRoot(Tr("Library"));
-    Guarded([this] {
-        m_countryNames = std::make_unique<water_library::CountryNames>();
-        for (const auto& category : MasterDatabase::WaterLib_GetCategories())
-            AddCategory(category, false, MasterDatabase::WaterLib_GetCountries(category.id));
-    });
-    Guarded([this] {
-        for (const auto& category : ProjectDatabase::WaterLib_GetUserCategories())
-            AddCategory(category, true, ProjectDatabase::WaterLib_GetUserCountries(category.id));
-    });
-    m_tree->Expand(m_tree->GetRootItem());
-}
-
-void WaterLibDialog::AddCategory(const DBObjects::WaterLibCategory& category, bool user,
-                                 const std::vector<DBObjects::WaterLibCountry>& countries)
-{
-    const wxTreeItemId node =
-        m_tree->AppendItem(m_tree->GetRootItem(), i18n::Translated(wxString::FromUTF8(category.name)), -1, -1,
-                           new WaterLibTreeItemData(category.id, WaterLibTreeItemData::kCategory, user));
-    for (const auto& country : countries) {
-        const wxString name =
-            m_countryNames ? (*m_countryNames)(country.name) : wxString::FromUTF8(country.name);
-        m_tree->AppendItem(
-            node, name, -1, -1,
-            new WaterLibTreeItemData(country.id, WaterLibTreeItemData::kCountry, user, country.waterCount));
-    }
-    m_tree->Expand(node);
-}
-
-const WaterLibTreeItemData* WaterLibDialog::NodeData(const wxTreeItemId& node) const
-{
-    return node.IsOk() ? dynamic_cast<const WaterLibTreeItemData*>(m_tree->GetItemData(node)) : nullptr;
+    m_tree->Fill([this](const auto& action) { return Guarded(action); });
 }
 
 bool WaterLibDialog::TreeNodeisUserEntry(const wxTreeItemId& node) const
 {
-    const WaterLibTreeItemData* data = NodeData(node);
-    return data != nullptr && data->IsUserEntry();
+    return m_tree->IsUserEntry(node);
 }
 
 bool WaterLibDialog::ListItemIsUserEntry(const wxListItem& item) const
@@ -143,24 +103,8 @@ bool WaterLibDialog::ListItemIsUserEntry(const wxListItem& item) const
 
 void WaterLibDialog::ShowSelectedNodes()
 {
-    std::vector<int> supplied;
-    std::vector<int> own;
-    wxArrayTreeItemIds selected;
-    m_tree->GetSelections(selected);
-    for (const wxTreeItemId node : selected) {
-        if (const WaterLibTreeItemData* data = NodeData(node))
-            (data->IsUserEntry() ? own : supplied).push_back(data->GetIdentifier());
-    }
     std::vector<DBObjects::WaterLibWater> waters;
-    const bool read = Guarded([&] {
-        if (!supplied.empty())
-            waters = MasterDatabase::WaterLib_GetWatersByCriteria(supplied);
-        if (own.empty())
-            return;
-        auto mine = ProjectDatabase::WaterLib_GetUserWatersByCriteria(own);
-        waters.insert(waters.end(), std::make_move_iterator(mine.begin()),
-                      std::make_move_iterator(mine.end()));
-    });
+    const bool read = Guarded([&] { waters = m_tree->ReadSelectedWaters(); });
     if (!Guarded([&] { FillWaterList(waters); }))
         FillWaterList({});
     else if (read)
@@ -174,11 +118,11 @@ void WaterLibDialog::FillWaterList(const std::vector<DBObjects::WaterLibWater>& 
     std::vector<std::unique_ptr<WaterLibListViewItem>> items;
     items.reserve(waters.size());
     std::string english;
-    wxString country = m_countryNames ? (*m_countryNames)(english) : wxString();
+    wxString country = m_tree->CountryName(english);
     for (const auto& water : waters) {
         if (water.country != english) {
             english = water.country;
-            country = m_countryNames ? (*m_countryNames)(english) : wxString::FromUTF8(english);
+            country = m_tree->CountryName(english);
         }
         items.push_back(std::make_unique<WaterLibListViewItem>(water.id, water.user != 0, country,
                                                                wxString::FromUTF8(water.place),
@@ -201,35 +145,12 @@ void WaterLibDialog::ShowWaterCount()
 
 void WaterLibDialog::FillDetailList(const std::vector<DBObjects::WaterLibAttr>& values)
 {
-    m_liquid = std::make_unique<LiquidData>();
-    DetailList& details = *m_liquid->GetDetails();
-    details.LoadGroup("liquid", "BASE");
-    // A number that is not stored is 0, whatever its default; one that is not known is stored without a text.
-    for (auto& [key, detail] : details) {
-        if (detail.GetType() == DetailType::Double)
-            detail.ClearValue();
-    }
-    for (const auto& value : values) {
-        if (DetailData* detail = details.GetDetail(value.key))
-            detail->SetValueFromString(wxString::FromUTF8(value.value));
-    }
-    water::NormalizeEveryIon(details);
-    water::UpdateDerivedValues(details);
-
-    const wxWindowUpdateLocker frozen(m_details);
-    m_details->DeleteAllItems();
-    for (const water_library::DetailLine& line : water_library::DetailLines(*m_liquid)) {
-        const long row = m_details->InsertItem(m_details->GetItemCount(), line.name);
-        m_details->SetItem(row, 1, line.value);
-        m_details->SetItem(row, 2, line.unit);
-    }
+    m_details->SetValues(values);
 }
 
 void WaterLibDialog::ClearDetails()
 {
-    m_liquid.reset();
-    m_details->DeleteAllItems();
-    SetGeneralInformationLabels({}, {}, {}, {}, {}, {});
+    m_details->Clear();
     m_use->Disable();
 }
 
@@ -237,9 +158,7 @@ void WaterLibDialog::SetGeneralInformationLabels(const wxString& country, const 
                                                  const wxString& source, const wxString& type,
                                                  const wxString& date, const wxString& comments)
 {
-    const wxString* const texts[]{&country, &place, &source, &type, &date, &comments};
-    for (std::size_t i = 0; i < m_general.size(); ++i)
-        m_general[i]->ChangeValue(*texts[i]);
+    m_details->SetTexts({country, place, source, type, date, comments});
 }
 
 void WaterLibDialog::SortWaterListbyColumn(int column)
@@ -257,16 +176,18 @@ bool WaterLibDialog::SelectLiquidData(LiquidData* liquid)
 {
     m_accepted = false;
     ShowModal();
-    KeepArrangement();
-    if (m_accepted && m_liquid && liquid != nullptr)
-        liquid->GetDetails()->CopyValues(*m_liquid->GetDetails());
+    m_arrangement->Keep();
+    if (m_accepted && m_details->GetLiquid() != nullptr && liquid != nullptr)
+        liquid->GetDetails()->CopyValues(*m_details->GetLiquid()->GetDetails());
     return m_accepted;
 }
 
 void WaterLibDialog::CloseWith(int code)
 {
-    if (IsModal())
+    if (IsModal()) {
         EndModal(code);
-    else
+    } else {
+        SetReturnCode(code);
         Hide();
+    }
 }

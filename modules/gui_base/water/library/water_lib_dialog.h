@@ -11,14 +11,13 @@
 
 #include "dbinterfaces/db_objects.h"
 #include "gui_base/gui_base_export.h"
-#include "gui_base/water/library/water_lib_texts.h"
 #include "projectbase/project/logger.h"
+#include "projectbase/water/liquid_data.h"
 
 #include <wx/dialog.h>
 #include <wx/listctrl.h>
 #include <wx/treectrl.h>
 
-#include <array>
 #include <functional>
 #include <memory>
 #include <string>
@@ -26,14 +25,18 @@
 
 class TvSearchControl;
 class TVHelpFileProvider;
+class WaterLibDetails;
 class WaterLibListView;
 class WaterLibListViewItem;
-class WaterLibTreeItemData;
+class WaterLibTree;
 class wxButton;
 class wxInfoBar;
 class wxSplitterWindow;
 class wxStaticText;
-class wxTextCtrl;
+
+namespace water_library {
+class Arrangement;
+}
 
 class GUI_BASE_EXPORT WaterLibDialog : public wxDialog
 {
@@ -82,28 +85,14 @@ public:
     bool TreeNodeisUserEntry(const wxTreeItemId& node) const;
     bool ShowDeleteConfirmation(const wxString& explanation = {});
 
-    wxTreeCtrl& GetTree() const { return *m_tree; }
     WaterLibListView& GetWaterList() const { return *m_waters; }
-    wxListView& GetDetailList() const { return *m_details; }
-    wxButton& GetUseButton() const { return *m_use; }
-    TvSearchControl& GetSearch() const { return *m_search; }
-    wxInfoBar& GetInfoBar() const { return *m_problem; }
-    /// Text of a label of the general information, 0 to 5 in the order of SetGeneralInformationLabels.
-    wxString GetGeneralInformation(std::size_t index) const { return m_general.at(index)->GetValue(); }
-    /// The selected water, or null.
-    const LiquidData* GetSelectedLiquid() const { return m_liquid.get(); }
-    bool IsAccepted() const { return m_accepted; }
 
 private:
     void CreateControls();
     wxWindow* CreateWaterPanel(wxWindow* parent);
-    wxWindow* CreateDetailPanel(wxWindow* parent);
     wxSizer* CreateButtonRow();
     void BindEvents();
     void FillWaterListView(std::vector<std::unique_ptr<WaterLibListViewItem>> items);
-    void AddCategory(const DBObjects::WaterLibCategory& category, bool user,
-                     const std::vector<DBObjects::WaterLibCountry>& countries);
-    const WaterLibTreeItemData* NodeData(const wxTreeItemId& node) const;
     /// Shows the waters of the selected nodes.
     void ShowSelectedNodes();
     void ShowWaterCount();
@@ -112,8 +101,6 @@ private:
     void PopupRemove(wxWindow& window, const wxPoint& position,
                      void (WaterLibDialog::*handler)(wxCommandEvent&));
     void CloseWith(int code);
-    void RestoreArrangement();
-    void KeepArrangement();
 
     void OnTreeItemSelected(wxTreeEvent& event);
     void OnListItemSelected(wxListEvent& event);
@@ -130,19 +117,17 @@ private:
 
     Logger& m_logger;
     const TVHelpFileProvider* m_help = nullptr;
-    std::unique_ptr<water_library::CountryNames> m_countryNames;
-    std::unique_ptr<LiquidData> m_liquid;
+    std::unique_ptr<water_library::Arrangement> m_arrangement;
     wxTreeItemId m_menuNode;
     bool m_accepted = false;
 
     wxInfoBar* m_problem = nullptr;
     wxSplitterWindow* m_vertical = nullptr;
     wxSplitterWindow* m_horizontal = nullptr;
-    wxTreeCtrl* m_tree = nullptr;
+    WaterLibTree* m_tree = nullptr;
     TvSearchControl* m_search = nullptr;
     WaterLibListView* m_waters = nullptr;
-    std::array<wxTextCtrl*, 6> m_general{};
-    wxListView* m_details = nullptr;
+    WaterLibDetails* m_details = nullptr;
     wxStaticText* m_count = nullptr;
     wxButton* m_use = nullptr;
 };

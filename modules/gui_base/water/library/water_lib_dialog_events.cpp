@@ -7,8 +7,10 @@
 #include "gui_base/support/help_file_provider.h"
 #include "gui_base/support/image_loader.h"
 #include "gui_base/support/translation.h"
+#include "gui_base/water/library/water_lib_details.h"
 #include "gui_base/water/library/water_lib_dialog.h"
 #include "gui_base/water/library/water_lib_list.h"
+#include "gui_base/water/library/water_lib_tree.h"
 
 #include <wx/button.h>
 #include <wx/menu.h>
@@ -54,11 +56,7 @@ void WaterLibDialog::OnListItemSelected(wxListEvent&)
         FillDetailList(water->IsUserEntry()
                            ? ProjectDatabase::WaterLib_GetUserAnalysisById(water->GetIdentifier())
                            : MasterDatabase::WaterLib_GetAnalysisById(water->GetIdentifier()));
-        const DetailList& details = *m_liquid->GetDetails();
-        SetGeneralInformationLabels(
-            water->GetCountry(), water->GetPlace(), water->GetSource(),
-            water_library::WaterTypeText(details.At("liquid/water.type").GetStdStringValue()),
-            water_library::SamplingDateText(*m_liquid), details.At("liquid/comments").GetStringValue());
+        m_details->ShowOrigin(*water);
         m_use->Enable();
     });
     if (!shown)
@@ -86,9 +84,7 @@ void WaterLibDialog::OnKeyDownList(wxListEvent& event)
 void WaterLibDialog::OnKeyDownTree(wxTreeEvent& event)
 {
     const wxTreeItemId node = m_tree->GetFocusedItem();
-    const WaterLibTreeItemData* data = NodeData(node);
-    const bool removable =
-        data != nullptr && data->IsUserEntry() && data->GetLevel() == WaterLibTreeItemData::kCountry;
+    const bool removable = m_tree->IsUserCountry(node);
     m_menuNode = node;
     if (removable && event.GetKeyCode() == WXK_DELETE)
         OnTreeItemDelete(event);
@@ -108,9 +104,7 @@ void WaterLibDialog::OnListItemRClicked(wxListEvent& event)
 
 void WaterLibDialog::OnTreeItemRClicked(wxTreeEvent& event)
 {
-    // The category of the user's waters is there always; its countries come and go.
-    const WaterLibTreeItemData* data = NodeData(event.GetItem());
-    if (!TreeNodeisUserEntry(event.GetItem()) || data->GetLevel() != WaterLibTreeItemData::kCountry)
+    if (!m_tree->IsUserCountry(event.GetItem()))
         return;
     m_menuNode = event.GetItem();
     PopupRemove(*m_tree, wxDefaultPosition, &WaterLibDialog::OnTreeItemDelete);
@@ -134,9 +128,9 @@ void WaterLibDialog::OnListItemDelete(wxCommandEvent&)
 void WaterLibDialog::OnTreeItemDelete(wxCommandEvent&)
 {
     const wxTreeItemId node = m_menuNode;
-    const WaterLibTreeItemData* data = NodeData(node);
-    if (data == nullptr || !data->IsUserEntry() || data->GetLevel() != WaterLibTreeItemData::kCountry)
+    if (!m_tree->IsUserCountry(node))
         return;
+    const WaterLibTreeItemData* data = m_tree->GetNode(node);
     if (!ShowDeleteConfirmation(wxString::Format(Tr("Its waters go with it: %d"), data->GetWaterCount())))
         return;
     bool removed = false;
@@ -149,7 +143,7 @@ void WaterLibDialog::OnTreeItemDelete(wxCommandEvent&)
 
 void WaterLibDialog::OnUseSelectedClick(wxCommandEvent&)
 {
-    if (!m_liquid)
+    if (m_details->GetLiquid() == nullptr)
         return;
     const int answer =
         dialogs::AskYesNo(this, Tr("Overwrite current water analysis?"), Tr("Confirm"), wxICON_QUESTION);

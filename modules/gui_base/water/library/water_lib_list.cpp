@@ -122,3 +122,16 @@ wxString WaterLibListView::OnGetItemText(long row, long column) const
     const WaterLibListViewItem* water = GetWater(row);
     return water != nullptr ? water->GetColumnText(column) : wxString();
 }
+
+void water_library::FillWidth(wxListView& list)
+{
+    list.Bind(wxEVT_SIZE, [&list](wxSizeEvent& event) {
+        int width = list.GetClientSize().x;
+        const int last = list.GetColumnCount() - 1;
+        for (int column = 0; column < last; ++column)
+            width -= list.GetColumnWidth(column);
+        if (width > list.FromDIP(40))
+            list.SetColumnWidth(last, width);
+        event.Skip();
+    });
+}

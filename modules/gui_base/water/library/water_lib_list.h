@@ -53,3 +53,10 @@ private:
     bool m_ascending = true;
     bool m_arranging = false;
 };
+
+namespace water_library {
+
+/// The last column takes the width that the others leave.
+GUI_BASE_EXPORT void FillWidth(wxListView& list);
+
+}  // namespace water_library

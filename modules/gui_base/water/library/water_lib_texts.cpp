@@ -6,12 +6,12 @@
 #include "gui_base/dialogs/gui_utils.h"
 #include "gui_base/input/validation/numeric_validator.h"
 #include "gui_base/support/translation.h"
-#include "gui_base/water/library/water_lib_dialog.h"
 #include "gui_base/water/rows/ion_rows.h"
 #include "gui_base/water/rows/property_rows.h"
 #include "projectbase/units/unit_system_manager.h"
 
 #include <cmath>
+#include <map>
 
 namespace water_library {
 
@@ -19,6 +19,40 @@ namespace {
 
 /// Names that the databases give to nodes of their own.
 [[maybe_unused]] const char* const kNodeNames[]{wxTRANSLATE("User waters"), wxTRANSLATE("International")};
+
+constexpr const char* kPrefix = "liquid/";
+
+template <typename Rows>
+void AddLabels(std::map<std::string, wxString>& labels, const Rows& rows)
+{
+    for (const auto& row : rows)
+        labels.emplace(row.key, row.label);
+}
+
+/// Labels of the properties that have a row in the analysis, by key.
+const std::map<std::string, wxString>& PropertyLabels()
+{
+    static const std::map<std::string, wxString> labels = [] {
+        std::map<std::string, wxString> result;
+        AddLabels(result, wateranalysis::kMainProperties);
+        AddLabels(result, wateranalysis::kFurtherProperties);
+        AddLabels(result, wateranalysis::kSummaryRows);
+        return result;
+    }();
+    return labels;
+}
+
+/// Symbols and names of the ions by key; the table never changes while the program runs.
+const std::map<std::string, wxString>& IonNames()
+{
+    static const std::map<std::string, wxString> names = [] {
+        std::map<std::string, wxString> result;
+        for (const DBObjects::Ion& ion : MasterDatabase::GetIons("%", "%", "%"))
+            result[ion.key] = wxString::FromUTF8(ion.name.empty() ? ion.symbol : ion.name);
+        return result;
+    }();
+    return names;
+}
 
 wxString NumberText(double value, int precision)
 {
@@ -32,7 +66,7 @@ wxString IonName(const LiquidData& liquid, const std::string& key)
     const DetailData* name = liquid.FindDetail("liquid/" + key + ".name");
     if (name != nullptr && !name->GetStringValue().empty())
         return name->GetStringValue();
-    return i18n::Translated(WaterLibDialog::BuildDetailLabel(wxString::FromUTF8("liquid/" + key + ".orig")));
+    return i18n::Translated(DetailLabel(wxString::FromUTF8(kPrefix + key + ".orig")));
 }
 
 /// A number typed in a unit of its own.
@@ -63,6 +97,21 @@ void AddNumber(std::vector<DetailLine>& lines, const LiquidData& liquid, const s
 }
 
 }  // namespace
+
+wxString DetailLabel(const wxString& key)
+{
+    if (key.Contains("temp"))
+        return wxTRANSLATE("Temperature");
+    wxString name = key;
+    name.StartsWith(kPrefix, &name);
+    if (name.EndsWith("orig")) {
+        name = name.BeforeLast('.');
+        const auto ion = IonNames().find(name.utf8_string());
+        return ion != IonNames().end() ? ion->second : name.Upper();
+    }
+    const auto label = PropertyLabels().find((kPrefix + name).utf8_string());
+    return label != PropertyLabels().end() ? label->second : name;
+}
 
 CountryNames::CountryNames()
 {

@@ -39,6 +39,9 @@ struct DetailLine
 /// from them. What is zero or not known is left out.
 GUI_BASE_EXPORT std::vector<DetailLine> DetailLines(const LiquidData& liquid);
 
+/// Source text that names the value of a detail, by its key with or without "liquid/".
+GUI_BASE_EXPORT wxString DetailLabel(const wxString& key);
+
 /// Description of the water's type; the code itself where there is none.
 GUI_BASE_EXPORT wxString WaterTypeText(const std::string& code);
 

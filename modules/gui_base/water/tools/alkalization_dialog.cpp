@@ -4,14 +4,12 @@
 #include "dbinterfaces/master_database.h"
 #include "gui_base/input/controls/tv_radiobutton.h"
 #include "gui_base/input/controls/tv_unitlabel.h"
-#include "gui_base/input/validation/validator.h"
-#include "gui_base/support/accessibility.h"
 #include "gui_base/support/translation.h"
 
-#include <wx/intl.h>
 #include <wx/stattext.h>
+#include <wx/translation.h>
 
-#include <limits>
+#include <array>
 
 namespace alkalization {
 
@@ -38,8 +36,23 @@ wxString Explain(water::AlkalizationResult result)
 
 namespace {
 
-constexpr double kMostPh = 14.0;
-constexpr double kMostDose = 10000.0;  // mg/l
+constexpr FormRow kTargetPh{.key = "liquid/alk.target", .label = wxTRANSLATE("Target pH")};
+constexpr FormRow kDose{.key = "liquid/alk.dose", .label = wxTRANSLATE("Dose")};
+
+constexpr FormRow Result(const char* key, const char* label)
+{
+    return {.key = key, .label = label, .field = FormField::Result};
+}
+
+constexpr std::array kResults{
+    Result("liquid/alk.ph", wxTRANSLATE("Resulting pH")),
+    Result("liquid/alk.dosed", wxTRANSLATE("Agent needed")),
+    Result("liquid/hco3.mgl", wxTRANSLATE("HCO3")),
+    Result("liquid/co3.mgl", wxTRANSLATE("CO3")),
+    Result("liquid/co2.mgl", wxTRANSLATE("CO2")),
+    Result("liquid/cond", wxTRANSLATE("Conductivity")),
+};
+
 constexpr int kMessageWidth = 320;
 
 }  // namespace
@@ -50,23 +63,21 @@ AlkalizationPanel::AlkalizationPanel(Project* project, int liquid, wxWindow* par
     Create();
 }
 
-void AlkalizationPanel::DoCreateControls()
+void AlkalizationPanel::DoCreateRows()
 {
-    CreateForm();
     CreateAgentChoice();
-    m_byPh = AddGoal(wxTRANSLATE("Target pH"), "liquid/alk.target", kMostPh, "PH", wxRB_GROUP);
-    GetForm().AddSpacer(0);
-    m_byDose = AddGoal(wxTRANSLATE("Dose"), "liquid/alk.dose", kMostDose, "DOSE", 0);
-    GetForm().Add(AddLocalizable(new TvUnitLabel(this, "mg/l", true, true)), Cell());
-    AddDoubleOutputCombinationControl(wxTRANSLATE("Resulting pH"), "liquid/alk.ph");
-    AddDoubleOutputCombinationControl(wxTRANSLATE("Agent needed"), "liquid/alk.dosed");
-    AddDoubleOutputCombinationControl(wxTRANSLATE("HCO3"), "liquid/hco3.mgl");
-    AddDoubleOutputCombinationControl(wxTRANSLATE("CO3"), "liquid/co3.mgl");
-    AddDoubleOutputCombinationControl(wxTRANSLATE("CO2"), "liquid/co2.mgl");
-    AddDoubleOutputCombinationControl(wxTRANSLATE("Conductivity"), "liquid/cond");
+    m_byPh = AddGoal(kTargetPh, "PH", wxRB_GROUP);
+    m_byDose = AddGoal(kDose, "DOSE", 0);
+    AddRows(kResults);
     m_message = new wxStaticText(this, wxID_ANY, wxString(), wxDefaultPosition,
                                  FromDIP(wxSize(kMessageWidth, 2 * GetCharHeight())), wxST_NO_AUTORESIZE);
     GetSizer()->Add(m_message, wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT, FromDIP(12)));
+}
+
+void AlkalizationPanel::DoPrepare()
+{
+    LiquidToolPanel::DoPrepare();
+    ShowGoal();
 }
 
 void AlkalizationPanel::CreateAgentChoice()
@@ -91,16 +102,19 @@ void AlkalizationPanel::CreateAgentChoice()
     BindControlToOnFieldUpdate(m_agent.get(), tvCHANGE_EVENT);
 }
 
-TvRadioButton* AlkalizationPanel::AddGoal(const char* label, const wxString& key, double max,
-                                          const char* mode, long style)
+TvRadioButton* AlkalizationPanel::AddGoal(const FormRow& row, const char* mode, long style)
 {
+    const wxSizerFlags cell = wxSizerFlags().CentreVertical();
     auto* button =
-        AddLocalizable(new TvRadioButton(this, wxID_ANY, label, wxDefaultPosition, wxDefaultSize, style));
-    GetForm().Add(button, Cell());
-    AddInputField(label, key, 0.0, max);
+        AddLocalizable(new TvRadioButton(this, wxID_ANY, row.label, wxDefaultPosition, wxDefaultSize, style));
+    GetForm().Add(button, cell);
+    GetForm().Add(GetFields().CreateField(this, row), wxSizerFlags().Expand());
+    const std::string& unit = GetLiquidDetail(row.key)->GetUnit();
+    GetForm().Add(GetFields().AddUnitLabel(this, wxString::FromUTF8(unit), true), cell);
     button->Bind(wxEVT_RADIOBUTTON, [this, mode](wxCommandEvent& event) {
         GetLiquidDetail("liquid/alk.mode")->SetValue(mode);
-        OnFieldUpdate(event);
+        Commit();
+        event.Skip();
     });
     return button;
 }

@@ -18,20 +18,14 @@ class GUI_BASE_EXPORT AlkalizationPanel : public LiquidToolPanel
 public:
     AlkalizationPanel(Project* project, int liquid, wxWindow* parent, int id = wxID_ANY);
 
-    ComboCombination* GetAgentChoice() const { return m_agent.get(); }
-    TvRadioButton* GetPhButton() const { return m_byPh; }
-    TvRadioButton* GetDoseButton() const { return m_byDose; }
-    /// What the user is told of the last calculation; empty after a success.
-    wxString GetMessage() const { return m_message->GetLabelText(); }
-
 protected:
-    void DoCreateControls() override;
-    void DoPrepare() override { ShowGoal(); }
+    void DoCreateRows() override;
+    void DoPrepare() override;
     void DoUpdateValues() override;
 
 private:
     void CreateAgentChoice();
-    TvRadioButton* AddGoal(const char* label, const wxString& key, double max, const char* mode, long style);
+    TvRadioButton* AddGoal(const FormRow& row, const char* mode, long style);
     /// Enables the field of the goal that is chosen and shows what came of it.
     void ShowGoal();
 

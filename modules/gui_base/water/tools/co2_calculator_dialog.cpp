@@ -3,15 +3,29 @@
 
 #include "gui_base/support/translation.h"
 #include "gui_base/water/rows/unit_lists.h"
+#include "projectbase/project/project_edit.h"
 #include "projectbase/settings/settings.h"
-#include "projectbase/units/temperature.h"
 
-#include <wx/intl.h>
+#include <wx/translation.h>
+
+#include <array>
 
 namespace {
 
-constexpr double kMostBicarbonate = 999999.0;
-constexpr double kMostPh = 14.0;
+constexpr std::array kRows{
+    FormRow{.key = "liquid/ph", .label = wxTRANSLATE("pH"), .limits = FormLimits{0.0, 14.0}},
+    FormRow{.key = "liquid/temp.orig",
+            .label = wxTRANSLATE("Temperature"),
+            .unitKey = "liquid/temp.unit",
+            .units = water_units::OfTemperatures,
+            .limits = FormLimits{0.0, 100.0}},
+    FormRow{.key = "liquid/hco3.orig",
+            .label = wxTRANSLATE("HCO3"),
+            .unitKey = "liquid/hco3.unit",
+            .units = water_units::OfIons,
+            .limits = FormLimits{0.0, 999999.0}},
+    FormRow{.key = "liquid/co2.mgl", .label = wxTRANSLATE("CO2"), .field = FormField::Result},
+};
 
 }  // namespace
 
@@ -23,33 +37,13 @@ tvCO2CalculatorPanel::tvCO2CalculatorPanel(Project* project, int liquid, wxWindo
     Create();
 }
 
-void tvCO2CalculatorPanel::DoCreateControls()
+void tvCO2CalculatorPanel::DoCreateRows()
 {
-    CreateForm();
-    AddInputCombinationControl(wxTRANSLATE("pH"), "liquid/ph", 0.0, kMostPh);
-    m_temperature =
-        AddInputCombinationUnitControl(wxTRANSLATE("Temperature"), "liquid/temp.orig", "liquid/temp.unit",
-                                       0.0, 0.0, water_units::OfTemperatures());
-    UpdateTemperatureLimits();
-    Bind(tvUNITCHANGED_EVENT, [this](wxCommandEvent& event) {
-        UpdateTemperatureLimits();
-        event.Skip();
-    });
-    AddInputCombinationUnitControl(wxTRANSLATE("HCO3"), "liquid/hco3.orig", "liquid/hco3.unit", 0.0,
-                                   kMostBicarbonate, water_units::OfIons());
-    AddDoubleOutputCombinationControl(wxTRANSLATE("CO2"), "liquid/co2.mgl");
-}
-
-void tvCO2CalculatorPanel::UpdateTemperatureLimits()
-{
+    AddRows(kRows);
     const DetailData limits = Settings::GetSetting("temp.init");
-    const auto unit = Temperature::UnitFromText(m_temperature->GetUnit().utf8_string());
-    if (!unit)
-        return;
-    const auto inUnit = [&](double celsius) {
-        return Temperature(celsius, TemperatureUnit::Celsius).In(*unit);
-    };
-    m_temperature->SetMinMax(inUnit(limits.GetMinValue()), inUnit(limits.GetMaxValue()));
+    GetFields().SetUnitLimits(
+        "liquid/temp.orig",
+        {.min = limits.GetMinValue(), .max = limits.GetMaxValue(), .unit = limits.GetUnit()});
 }
 
 tvCO2CalculatorDialog::tvCO2CalculatorDialog(Project* project, int liquid, wxWindow* parent, int id,
@@ -62,6 +56,8 @@ tvCO2CalculatorDialog::tvCO2CalculatorDialog(Project* project, int liquid, wxWin
       m_temperature(GetDetails().At("liquid/temp.orig").GetDoubleValue()),
       m_bicarbonate(GetDetails().At("liquid/hco3.meql").GetDoubleValue())
 {
+    for (const char* key : {"liquid/hco3.orig", "liquid/hco3.unit", "liquid/temp.unit"})
+        m_typed.emplace_back(&GetDetails().At(key), GetDetails().At(key).GetStoredValue());
     GetDetails().At("liquid/calculate.co2").SetValue(true);
     CreateControls(new tvCO2CalculatorPanel(project, liquid, this));
     BindEvents();
@@ -73,8 +69,11 @@ tvCO2CalculatorDialog::~tvCO2CalculatorDialog() = default;
 
 void tvCO2CalculatorDialog::RestoreData()
 {
+    const ProjectEdit edit(*GetProject());
     GetDetails().At("liquid/ph").SetValue(m_pH);
     GetDetails().At("liquid/temp.orig").SetValue(m_temperature);
     GetDetails().At("liquid/hco3.meql").SetValue(m_bicarbonate);
+    for (const auto& [detail, value] : m_typed)
+        detail->RestoreValue(value);
     GetDetails().At("liquid/calculate.co2").SetValue(false);
 }

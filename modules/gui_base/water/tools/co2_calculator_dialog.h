@@ -3,10 +3,13 @@
 
 /// The calculator of the carbon dioxide that a water of known pH, temperature and bicarbonate holds.
 ///
-/// While it is open the water's CO2 is calculated. Cancel brings pH, temperature and the normalised
-/// bicarbonate back and switches the calculation off.
+/// While it is open the water's CO2 is calculated. Cancel brings pH, temperature and bicarbonate back, also as
+/// they were typed, and switches the calculation off.
 
 #include "gui_base/water/tools/liquid_tool_dialog.h"
+
+#include <utility>
+#include <vector>
 
 class GUI_BASE_EXPORT tvCO2CalculatorPanel : public LiquidToolPanel
 {
@@ -16,12 +19,7 @@ public:
                          long style = wxTAB_TRAVERSAL, const wxString& name = wxASCII_STR(wxPanelNameStr));
 
 protected:
-    void DoCreateControls() override;
-
-private:
-    void UpdateTemperatureLimits();
-
-    InputCombinationUnitChoice* m_temperature = nullptr;
+    void DoCreateRows() override;
 };
 
 class GUI_BASE_EXPORT tvCO2CalculatorDialog : public LiquidToolDialog
@@ -42,4 +40,6 @@ private:
     double m_pH;
     double m_temperature;
     double m_bicarbonate;
+    /// What the normalised bicarbonate and the temperature were typed as: they follow from it.
+    std::vector<std::pair<DetailData*, DetailData::Value>> m_typed;
 };

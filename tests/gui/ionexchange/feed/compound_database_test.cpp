@@ -197,11 +197,11 @@ TEST_F(CompoundDatabaseTest, DuplicatesAreSkippedReplacedOrKeptEachAsDecided)
     ExpectImportChoice();
     ExpectDuplicates([](DuplicateResolutionDialog& dialog) {
         EXPECT_EQ(dialog.GetTitle(), "Resolve Duplicate Compounds");
-        wxGrid& grid = dialog.GetGrid();
+        auto& grid = gui_test::Find<wxGrid>(dialog);
         EXPECT_EQ(grid.GetNumberRows(), 2);
         EXPECT_THAT(grid.GetCellValue(0, 2).utf8_string(), HasSubstr("Incoming pKa: 3.25"));
         EXPECT_EQ(grid.GetCellValue(1, 3), "Skip");
-        EXPECT_FALSE(dialog.GetCommonChoice().IsThisEnabled());
+        EXPECT_FALSE(gui_test::Find<wxChoice>(dialog).IsThisEnabled());
         grid.SetCellValue(0, 3, "Replace");
         grid.SetCellValue(1, 3, "Keep both");
         return wxID_OK;
@@ -221,15 +221,16 @@ TEST_F(CompoundDatabaseTest, DuplicatesAreSkippedReplacedOrKeptEachAsDecided)
 
     // Now all three are duplicates, and one decision stands for all.
     const std::string before = Names();
-    for (const int decision : {kSkipDuplicate, kReplaceDuplicate}) {
+    constexpr int kSkip = static_cast<int>(compound_import::Decision::Skip);
+    for (const int decision : {kSkip, static_cast<int>(compound_import::Decision::Replace)}) {
         ExpectImportChoice();
         ExpectDuplicates([decision](DuplicateResolutionDialog& dialog) {
-            dialog.GetApplyToAllBox().SetValue(true);
-            dialog.GetCommonChoice().SetSelection(decision);
+            gui_test::Find<wxCheckBox>(dialog).SetValue(true);
+            gui_test::Find<wxChoice>(dialog).SetSelection(decision);
             return wxID_OK;
         });
         ImportPath(path);
-        EXPECT_EQ(Names() == before, decision == kSkipDuplicate);
+        EXPECT_EQ(Names() == before, decision == kSkip);
     }
     EXPECT_EQ(Named("calcium")[0].pKa, 12.5);
 }

@@ -35,16 +35,10 @@ protected:
         Pump();
         return *m_dialog;
     }
-    /// The control of that accessible name; the `index`th where several share it.
     template <typename Control>
     Control& Find(const wxString& name, int index = 0)
     {
-        for (wxWindow* child : m_dialog->GetPanel().GetChildren()) {
-            auto* control = dynamic_cast<Control*>(child);
-            if (control != nullptr && control->GetName() == name && index-- == 0)
-                return *control;
-        }
-        throw std::runtime_error("no control " + name.utf8_string());
+        return gui_test::Find<Control>(m_dialog->GetPanel(), name, index);
     }
     wxTextCtrl& Field(const wxString& name) { return Find<wxTextCtrl>(name); }
     std::string Text(const wxString& name) { return Field(name).GetValue().utf8_string(); }

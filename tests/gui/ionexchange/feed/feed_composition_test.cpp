@@ -252,24 +252,26 @@ TEST_F(FeedCompositionTest, TheTotalPhIsTypedWhileItIsAdjusted)
 
 TEST_F(FeedCompositionTest, TheMediumBringsItsDensityAndTheTemperatureItsUnit)
 {
-    FeedMediumBox& box = m_view->GetMediumBox();
+    auto& box = gui_test::Find<FeedMediumBox>(*m_view);
+    auto& medium = gui_test::Find<tvChoice>(box, "Feed medium");
+    auto& degrees = gui_test::Find<TvTextCtrl>(box);
     Add("sulfate");
     TypeCell(Grid(), 0, Column(Unit::MgPerLitre), "102.5");
-    ASSERT_TRUE(box.GetMediumChoice()->SetStringSelection("Sea water"));
-    wxCommandEvent chosen(wxEVT_CHOICE, box.GetMediumChoice()->GetId());
-    chosen.SetEventObject(box.GetMediumChoice());
-    box.GetMediumChoice()->ProcessWindowEvent(chosen);
+    ASSERT_TRUE(medium.SetStringSelection("Sea water"));
+    wxCommandEvent chosen(wxEVT_CHOICE, medium.GetId());
+    chosen.SetEventObject(&medium);
+    medium.ProcessWindowEvent(chosen);
     EXPECT_NEAR(Feed(0, Unit::MgPerKg), 100.0, 1e-9);
-    gui_test::Enter(*box.GetTemperatureField(), "25");
+    gui_test::Enter(degrees, "25");
     EXPECT_EQ(Stored().GetMedium().temperature.In(TemperatureUnit::Celsius), 25.0);
     const int changes = m_changes;
     m_project.SetUnitSystemDisplay("us");
     wxCommandEvent switched(tvCHANGEUNITSYSTEM_EVENT);
     m_view->ProcessWindowEvent(switched);
-    EXPECT_EQ(box.GetTemperatureField()->GetValue(), "77");
+    EXPECT_EQ(degrees.GetValue(), "77");
     EXPECT_EQ(m_changes, changes) << "another unit is no edit";
     EXPECT_EQ(Stored().GetMedium().temperature.In(TemperatureUnit::Celsius), 25.0);
-    gui_test::Enter(*box.GetTemperatureField(), "50");
+    gui_test::Enter(degrees, "50");
     EXPECT_NEAR(Stored().GetMedium().temperature.In(TemperatureUnit::Celsius), 10.0, 1e-9);
     EXPECT_EQ(Stored().GetMedium().density, 1.025);
 }

@@ -35,16 +35,23 @@ protected:
     {
         return m_project.GetLiquid(0).GetDetails()->At("liquid/" + key);
     }
-    FeedWaterSpecification& Block() { return *m_panel->GetSpecification(); }
-    FeedMetaInformation& Meta() { return *m_panel->GetMetaInformation(); }
+    FeedWaterSpecification& Block() { return Find<FeedWaterSpecification>(*m_panel); }
+    FeedMetaInformation& Meta() { return Find<FeedMetaInformation>(*m_panel); }
+    TvTextCtrl& Place() { return Find<TvTextCtrl>(Meta(), "Place"); }
+    TvTextCtrl& Source() { return Find<TvTextCtrl>(Meta(), "Water source"); }
+    TvDatePickerCtrl& Date() { return Find<TvDatePickerCtrl>(Meta(), "Date of sampling"); }
+    tvChoiceAdv& Choice(const wxString& name) { return Find<tvChoiceAdv>(Meta(), name); }
+    wxButton& Comments() { return Find<wxButton>(Meta(), "Comments"); }
     TvTextCtrl& Field(const std::string& key) { return *Block().FindField("project/" + key); }
+    /// Whether the button tells of a comment.
+    bool ShowsComment() { return Comments().GetToolTipText() != "Enter comments"; }
     int Notified() { return std::exchange(m_notified, 0); }
     /// Presses the comment button; `edit` drives the window that it opens.
     void EditComment(const std::function<int(CommentEntryDialog&)>& edit)
     {
         m_dialogs.Expect(
             [edit](wxDialog& dialog) { return edit(dynamic_cast<CommentEntryDialog&>(dialog)); });
-        Click(*Meta().GetCommentButton());
+        Click(Comments());
     }
 
     iex::IEXProject m_project;
@@ -125,8 +132,8 @@ TEST_F(FeedWaterTest, ValuesOutOfRangeAreColouredAndReported)
 
 TEST_F(FeedWaterTest, OriginIsStoredAtOnce)
 {
-    gui_test::Enter(*Meta().GetCountryPlace().GetPlace(), "Lyon");
-    gui_test::Enter(*Meta().GetWaterSource(), "Rhone");
+    gui_test::Enter(Place(), "Lyon");
+    gui_test::Enter(Source(), "Rhone");
     EXPECT_EQ(Water("place").GetStringValue(), "Lyon");
     EXPECT_EQ(Water("water.source").GetStringValue(), "Rhone");
     EXPECT_EQ(Notified(), 2);
@@ -139,8 +146,8 @@ TEST_F(FeedWaterTest, OriginIsStoredAtOnce)
         choice.GetEventHandler()->ProcessEvent(event);
         Pump();
     };
-    choose(*Meta().GetCountryPlace().GetChoice(), "FR");
-    choose(*Meta().GetWaterType().GetChoice(), "river");
+    choose(Choice("Country"), "FR");
+    choose(Choice("Water type"), "river");
     EXPECT_EQ(Water("country").GetStringValue(), "FR");
     EXPECT_EQ(Water("water.type").GetStringValue(), "river");
     EXPECT_EQ(Notified(), 2);
@@ -149,24 +156,24 @@ TEST_F(FeedWaterTest, OriginIsStoredAtOnce)
     Water("sampling.date").SetValue(wxDateTime(3, wxDateTime::May, 2021));
     Water("comments").SetValue("muddy");
     m_panel->TransferDetailsToWindow();
-    EXPECT_EQ(Meta().GetWaterSource()->GetValue(), "Saone");
-    EXPECT_TRUE(Meta().GetSamplingDate()->GetValue().IsSameDate(wxDateTime(3, wxDateTime::May, 2021)));
-    EXPECT_TRUE(Meta().ShowsComment());
+    EXPECT_EQ(Source().GetValue(), "Saone");
+    EXPECT_TRUE(Date().GetValue().IsSameDate(wxDateTime(3, wxDateTime::May, 2021)));
+    EXPECT_TRUE(ShowsComment());
     EXPECT_EQ(Notified(), 0);
 }
 
 TEST_F(FeedWaterTest, OriginStandsInTwoRowsOfColumns)
 {
     const auto at = [](const wxWindow* window) { return window->GetScreenPosition(); };
-    EXPECT_EQ(at(Meta().GetCountryPlace().GetPlace()).x, at(Meta().GetWaterSource()).x);
-    EXPECT_EQ(at(Meta().GetSamplingDate()).x, at(Meta().GetCommentButton()).x);
-    EXPECT_EQ(at(Meta().GetCountryPlace().GetChoice()).x, at(Meta().GetWaterType().GetChoice()).x);
-    EXPECT_LT(at(Meta().GetSamplingDate()).y, at(Meta().GetWaterSource()).y);
+    EXPECT_EQ(at(&Place()).x, at(&Source()).x);
+    EXPECT_EQ(at(&Date()).x, at(&Comments()).x);
+    EXPECT_EQ(at(&Choice("Country")).x, at(&Choice("Water type")).x);
+    EXPECT_LT(at(&Date()).y, at(&Source()).y);
 }
 
 TEST_F(FeedWaterTest, CommentsAreEditedBelowTheButton)
 {
-    const wxRect button = Meta().GetCommentButton()->GetScreenRect();
+    const wxRect button = Comments().GetScreenRect();
     EditComment([&button](CommentEntryDialog& dialog) {
         const wxSize size = dialog.FromDIP(wxSize(225, 100));
         EXPECT_EQ(dialog.GetSize(), size);
@@ -177,8 +184,8 @@ TEST_F(FeedWaterTest, CommentsAreEditedBelowTheButton)
         return dialog.GetReturnCode();
     });
     EXPECT_EQ(Water("comments").GetStringValue(), "first\nsecond");
-    EXPECT_TRUE(Meta().ShowsComment());
-    EXPECT_EQ(Meta().GetCommentButton()->GetToolTipText(), "first\nsecond");
+    EXPECT_TRUE(ShowsComment());
+    EXPECT_EQ(Comments().GetToolTipText(), "first\nsecond");
     Pump();
     EXPECT_EQ(Notified(), 1);
 
@@ -199,7 +206,7 @@ TEST_F(FeedWaterTest, CommentsAreEditedBelowTheButton)
         return wxID_OK;
     });
     EXPECT_EQ(Water("comments").GetStringValue(), "");
-    EXPECT_FALSE(Meta().ShowsComment());
+    EXPECT_FALSE(ShowsComment());
     Pump();
     EXPECT_EQ(Notified(), 1);
 }
@@ -236,10 +243,11 @@ TEST_F(FeedWaterTest, TabGoesFromTheFeedOverTheOriginToTheAnalysis)
     }
     names[6] = "date";  // a part of the date field has the focus, whatever its name
     names.back() = wxWindow::FindFocus() != nullptr ? wxWindow::FindFocus()->GetLabel().utf8_string() : "";
+    const std::string degrees = "Temperature [\u00b0C]";
     // The toolkit does not tell when a choice has the focus: those of medium, temperature unit, organics,
     // country and type.
-    EXPECT_EQ(names, (std::vector<std::string>{"", "Temperature", "", "", "", "Place", "date", "",
-                                               "Water source", "Comments", "Full analysis"}));
+    EXPECT_EQ(names, (std::vector<std::string>{"", degrees, "", "", "", "Place", "date", "", "Water source",
+                                               "Comments", "Full analysis"}));
 }
 
 TEST_F(FeedWaterTest, ClipboardKeepsAWater)
@@ -286,7 +294,7 @@ TEST_F(FeedWaterTest, AReplacedWaterIsShownAndCalculated)
     }
     EXPECT_EQ(m_panel->FindField("liquid/na.orig")->GetValue(), "23");
     EXPECT_NEAR(Water("tds").GetDoubleValue(), 58.45, 0.1);
-    EXPECT_EQ(Meta().GetCountryPlace().GetPlace()->GetValue(), "Lyon");
+    EXPECT_EQ(Place().GetValue(), "Lyon");
 }
 
 }  // namespace

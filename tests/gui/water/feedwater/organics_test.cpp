@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include "gui_base/input/controls/tv_validated_textctrl.h"
 #include "gui_base/input/events.h"
 #include "gui_base/ionexchange/regeneration/waste_water_panel.h"
 #include "gui_base/water/feedwater/organics_input_panel.h"
@@ -26,6 +25,10 @@ protected:
         m_controller = std::make_unique<OrganicsInputPanelController>(&m_project, m_panel);
         Pump();
     }
+    tvChoice& Medium() { return Find<tvChoice>(*m_panel, "Medium"); }
+    tvChoiceAdv& Organics() { return Find<tvChoiceAdv>(*m_panel, "Organics"); }
+    /// The one field of the panel.
+    TvTextCtrl& Degrees() { return Find<TvTextCtrl>(*m_panel); }
     DetailData& Detail(const char* key) { return m_project.GetDetails().At(key); }
 
     iex::IEXProject m_project;
@@ -36,25 +39,25 @@ protected:
 
 TEST_F(OrganicsTest, KeysChooseMediumOrganicsAndTemperature)
 {
-    EXPECT_GT(m_panel->GetMediumChoice()->GetCount(), 3u);
-    EXPECT_EQ(m_panel->GetOrganicsChoice()->GetStringSelection(), "None");
-    Focus(*m_panel->GetOrganicsChoice());
+    EXPECT_GT(Medium().GetCount(), 3u);
+    EXPECT_EQ(Organics().GetStringSelection(), "None");
+    Focus(Organics());
     Press(WXK_DOWN);
     EXPECT_EQ(Detail("feed/organics").GetStringValue(), "fulvic");
 
-    m_panel->GetMediumChoice()->SetSelection(static_cast<int>(m_panel->GetMediumChoice()->GetCount()) - 2);
-    Focus(*m_panel->GetMediumChoice());
+    Medium().SetSelection(static_cast<int>(Medium().GetCount()) - 2);
+    Focus(Medium());
     Press(WXK_DOWN);
     EXPECT_EQ(Detail("feed/medium").GetLongValue(), m_panel->GetMedium().id);
     EXPECT_NEAR(Detail("feed/density").GetDoubleValue(), 1.025, 1e-9) << "sea water brings its density";
 
-    Enter(*m_panel->GetTemperatureField(), "25");
+    Enter(Degrees(), "25");
     EXPECT_DOUBLE_EQ(Detail("feed/medium.temp").GetDoubleValue(), 25.0);
-    Focus(*m_panel->GetTemperatureUnitChoice());
+    Focus(Find<tvChoice>(*m_panel, "Temperature, Unit"));
     Press(WXK_DOWN);
-    EXPECT_EQ(m_panel->GetTemperatureField()->GetValue(), "77") << "the temperature stays what it is";
+    EXPECT_EQ(Degrees().GetValue(), "77") << "the temperature stays what it is";
     EXPECT_NEAR(Detail("feed/medium.temp").GetDoubleValue(), 25.0, 1e-9);
-    Enter(*m_panel->GetTemperatureField(), "50");
+    Enter(Degrees(), "50");
     EXPECT_NEAR(Detail("feed/medium.temp").GetDoubleValue(), 10.0, 1e-9);
     EXPECT_EQ(m_heard, std::vector<int>(5, m_panel->GetId())) << "one event an edit";
 }
@@ -65,9 +68,10 @@ TEST_F(OrganicsTest, LanguageKeepsTheChosenOrganics)
     m_controller->TransferToView();
     const TestCatalogue german({{"Humic acids", "Huminsäuren"}, {"Organics", "Organik"}});
     m_panel->Localize("us");
-    EXPECT_EQ(m_panel->GetOrganicsChoice()->GetStringSelection(), wxString::FromUTF8("Huminsäuren"));
+    tvChoiceAdv& organics = Find<tvChoiceAdv>(*m_panel, "Organik");
+    EXPECT_EQ(organics.GetStringSelection(), wxString::FromUTF8("Huminsäuren"));
     m_panel->SetOrganicsSelection({{"humic", "Humic acids"}});
-    EXPECT_EQ(m_panel->GetOrganicsChoice()->GetKey(), "humic");
+    EXPECT_EQ(organics.GetKey(), "humic");
     EXPECT_EQ(Detail("feed/organics").GetStringValue(), "humic");
     EXPECT_TRUE(m_heard.empty());
 }

@@ -2,6 +2,7 @@
 // The water library as its user drives it, with real databases behind it.
 #include "dbinterfaces/database_error.h"
 #include "gui_base/input/controls/tv_searchctrl.h"
+#include "gui_base/water/library/water_lib_details.h"
 #include "tests/gui/water/library/water_lib_fixture.h"
 
 #include <wx/button.h>
@@ -20,26 +21,26 @@ TEST_F(WaterLibTest, ShowsTheSuppliedWaters)
 {
     const WaterLibDialog& dialog = Open();
     EXPECT_EQ(dialog.GetTitle(), "Water library");
-    EXPECT_EQ(dialog.GetTree().GetItemText(dialog.GetTree().GetRootItem()), "Library");
+    EXPECT_EQ(Tree().GetItemText(Tree().GetRootItem()), "Library");
     EXPECT_GT(dialog.GetWaterList().GetItemCount(), 0) << "the first category is open";
     ClickNode({"Groundwaters and springs", "Germany"});
     EXPECT_EQ(Sources(), (std::vector<std::string>{"Groundwater 30a9e918", "Saline groundwater 603d9e1f"}));
-    EXPECT_FALSE(dialog.GetUseButton().IsEnabled());
+    EXPECT_FALSE(UseButton().IsEnabled());
     ClickRow(0);
-    EXPECT_TRUE(dialog.GetUseButton().IsEnabled());
-    EXPECT_EQ(dialog.GetGeneralInformation(0), "Germany");
-    EXPECT_EQ(dialog.GetGeneralInformation(1), "Brandenburg");
-    EXPECT_EQ(dialog.GetGeneralInformation(3), "Well water");
+    EXPECT_TRUE(UseButton().IsEnabled());
+    EXPECT_EQ(Shown("Country"), "Germany");
+    EXPECT_EQ(Shown("Place"), "Brandenburg");
+    EXPECT_EQ(Shown("Water type"), "Well water");
     EXPECT_EQ(DetailValue("Sodium"), "16.3 mg/l");
     EXPECT_EQ(DetailValue("Temperature"), "12.5 \u00b0C");
     EXPECT_EQ(DetailValue("Strontium"), "(none)");
     // Two nodes at once, with the keyboard.
     for (int i = 0; i < 2; ++i)
         Press(WXK_TAB, wxMOD_SHIFT);
-    EXPECT_TRUE(dialog.GetTree().HasFocus());
+    EXPECT_TRUE(Tree().HasFocus());
     Press(WXK_DOWN, wxMOD_SHIFT);
     EXPECT_EQ(dialog.GetWaterList().GetItemCount(), 6);
-    EXPECT_FALSE(dialog.GetUseButton().IsEnabled());
+    EXPECT_FALSE(UseButton().IsEnabled());
 }
 
 TEST_F(WaterLibTest, SortsAndSearches)
@@ -62,13 +63,13 @@ TEST_F(WaterLibTest, SortsAndSearches)
         EXPECT_EQ(Sources(), (std::vector<std::string>{"zulu", "mike", "Alpha"}));
         EXPECT_EQ(dialog.GetWaterList().GetFirstSelected(), 2) << "the selected water stays selected";
     }
-    dialog.GetSearch().SetFocus();
+    Find<wxSearchCtrl>(dialog).SetFocus();
     Pump();
     Type("MIK");
     EXPECT_EQ(Sources(), (std::vector<std::string>{"mike"}));
-    EXPECT_FALSE(dialog.GetUseButton().IsEnabled()) << "nothing is selected any more";
-    EXPECT_EQ(dialog.GetSelectedLiquid(), nullptr);
-    dialog.GetSearch().Clear();
+    EXPECT_FALSE(UseButton().IsEnabled()) << "nothing is selected any more";
+    EXPECT_EQ(Find<WaterLibDetails>(dialog).GetLiquid(), nullptr);
+    Find<wxSearchCtrl>(dialog).Clear();
     Pump();
     EXPECT_EQ(Sources().size(), 3u);
 }
@@ -91,24 +92,26 @@ TEST_F(WaterLibTest, UsesAWaterOnlyWhenTheUserSaysYes)
         ExpectBox({"Confirm|Overwrite current water analysis?"}, row.answer);
         Focus(m_dialog->GetWaterList());
         Press(WXK_RETURN);
-        EXPECT_EQ(m_dialog->IsAccepted(), row.accepted);
+        EXPECT_EQ(m_dialog->GetReturnCode() == wxID_OK, row.accepted);
         EXPECT_EQ(m_dialog->IsShown(), row.closedWith == 0);
     }
     // The whole way, as the program goes it.
     WaterLibDialog dialog(m_logger, m_frame);
     m_dialogs.Expect([this](wxDialog& shown) {
         auto& library = dynamic_cast<WaterLibDialog&>(shown);
-        const wxTreeItemId surface = [&library] {
+        auto& tree = Find<wxTreeCtrl>(library);
+        const wxTreeItemId surface = [&tree] {
             wxTreeItemIdValue cookie;
-            return library.GetTree().GetFirstChild(library.GetTree().GetRootItem(), cookie);
+            return tree.GetFirstChild(tree.GetRootItem(), cookie);
         }();
-        library.GetTree().UnselectAll();
-        library.GetTree().SelectItem(surface);
+        tree.UnselectAll();
+        tree.SelectItem(surface);
         library.GetWaterList().Select(0);
         ExpectBox({"Overwrite"}, wxID_YES);
-        wxCommandEvent click(wxEVT_BUTTON, library.GetUseButton().GetId());
-        click.SetEventObject(&library.GetUseButton());
-        library.GetUseButton().GetEventHandler()->ProcessEvent(click);
+        wxButton* use = FindUseButton(library);
+        wxCommandEvent click(wxEVT_BUTTON, use->GetId());
+        click.SetEventObject(use);
+        use->GetEventHandler()->ProcessEvent(click);
         return wxID_OK;
     });
     EXPECT_TRUE(dialog.SelectLiquidData(&target));
@@ -142,7 +145,7 @@ TEST_F(WaterLibTest, RemovesOnlyTheUsersWaters)
     Press(WXK_DELETE);
     EXPECT_EQ(Sources(), (std::vector<std::string>{"Rhone"}));
     EXPECT_EQ(Sql("SELECT group_concat(place) FROM tarnvik_water"), "Lyon");
-    EXPECT_FALSE(m_dialog->GetUseButton().IsEnabled());
+    EXPECT_FALSE(UseButton().IsEnabled());
 
     // A call that fails leaves the row.
     ClickRow(0);
@@ -152,14 +155,14 @@ TEST_F(WaterLibTest, RemovesOnlyTheUsersWaters)
     ExpectBox(question, wxID_YES);
     Press(WXK_DELETE);
     EXPECT_EQ(Sources(), (std::vector<std::string>{"Rhone"}));
-    EXPECT_TRUE(m_dialog->GetInfoBar().IsShown());
+    EXPECT_TRUE(TellsOfAProblem());
     m_database.Sql("DROP TRIGGER refuse");
 
     // The country from the tree, with all that it holds.
     ClickNode({"User waters", "France"});
     ExpectBox(question, wxID_YES);
     Press(WXK_DELETE);
-    EXPECT_EQ(m_dialog->GetTree().GetChildrenCount(Node({"User waters"})), 0u);
+    EXPECT_EQ(Tree().GetChildrenCount(Node({"User waters"})), 0u);
     EXPECT_EQ(Sql("SELECT CAST(count(*) AS TEXT) FROM tarnvik_water"), "0");
     EXPECT_TRUE(Sources().empty());
 }
@@ -196,16 +199,16 @@ TEST_F(WaterLibTest, TellsOfADatabaseThatIsGone)
     Open();
     ClickNode({"User waters", "France"});
     ClickRow(0);
-    ASSERT_FALSE(m_dialog->GetInfoBar().IsShown());
+    ASSERT_FALSE(TellsOfAProblem());
     std::filesystem::remove(m_database.File());
     ExpectBox({"Do you really want to delete"}, wxID_YES);
     Press(WXK_DELETE);
     EXPECT_EQ(Sources().size(), 1u);
-    EXPECT_TRUE(m_dialog->GetInfoBar().IsShown());
+    EXPECT_TRUE(TellsOfAProblem());
     // What was supplied is still there, and so is the dialog.
     ClickNode({"Sea waters"});
     EXPECT_EQ(m_dialog->GetWaterList().GetItemCount(), 3);
-    EXPECT_FALSE(m_dialog->GetInfoBar().IsShown());
+    EXPECT_FALSE(TellsOfAProblem());
 }
 
 TEST_F(WaterLibTest, RefusesAListThatIsTooLong)

@@ -9,7 +9,11 @@
 #include "tests/support/gui_test.h"
 #include "tests/support/user_database_fixture.h"
 
+#include <wx/button.h>
+#include <wx/infobar.h>
 #include <wx/msgdlg.h>
+#include <wx/textctrl.h>
+#include <wx/treectrl.h>
 #include <wx/uiaction.h>
 
 #include <memory>
@@ -70,10 +74,20 @@ protected:
         Pump();
         return *m_dialog;
     }
+    wxTreeCtrl& Tree() const { return Find<wxTreeCtrl>(*m_dialog); }
+    wxButton& UseButton() const { return *FindUseButton(*m_dialog); }
+    static wxButton* FindUseButton(wxWindow& dialog)
+    {
+        return dynamic_cast<wxButton*>(
+            wxWindow::FindWindowByLabel("Use current selection as feed water", &dialog));
+    }
+    bool TellsOfAProblem() const { return Find<wxInfoBar>(*m_dialog).IsShown(); }
+    /// A text of the general information, by its label.
+    wxString Shown(const wxString& label) const { return Find<wxTextCtrl>(*m_dialog, label).GetValue(); }
     /// The tree's node along these texts below the root.
     wxTreeItemId Node(const std::vector<wxString>& path)
     {
-        wxTreeCtrl& tree = m_dialog->GetTree();
+        wxTreeCtrl& tree = Tree();
         wxTreeItemId node = tree.GetRootItem();
         for (const wxString& text : path) {
             wxTreeItemIdValue cookie;
@@ -100,11 +114,11 @@ protected:
     void ClickNode(const std::vector<wxString>& path, int button = wxMOUSE_BTN_LEFT)
     {
         const wxTreeItemId node = Node(path);
-        m_dialog->GetTree().EnsureVisible(node);
+        Tree().EnsureVisible(node);
         Pump();
         wxRect area;
-        ASSERT_TRUE(m_dialog->GetTree().GetBoundingRect(node, area, true));
-        Mouse(m_dialog->GetTree(), area, button);
+        ASSERT_TRUE(Tree().GetBoundingRect(node, area, true));
+        Mouse(Tree(), area, button);
     }
     void ClickRow(long row, int button = wxMOUSE_BTN_LEFT)
     {
@@ -122,7 +136,7 @@ protected:
     }
     std::string DetailValue(const wxString& name) const
     {
-        const wxListView& list = m_dialog->GetDetailList();
+        const auto& list = Find<wxListView>(*m_dialog, "Details");
         for (long row = 0; row < list.GetItemCount(); ++row) {
             if (list.GetItemText(row, 0) == name)
                 return (list.GetItemText(row, 1) + " " + list.GetItemText(row, 2)).utf8_string();

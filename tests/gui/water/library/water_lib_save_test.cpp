@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // What the water library stores, read back through SQL from both kinds of databases.
+#include "gui_base/water/library/water_lib_details.h"
 #include "tests/gui/water/library/water_lib_fixture.h"
 
 #include <cmath>
@@ -54,11 +55,12 @@ TEST_P(WaterLibSave, BringsBackZerosAndWhatIsNotKnown)
     Open();
     ClickNode({"User waters", "France"});
     ClickRow(0);
-    EXPECT_EQ(m_dialog->GetGeneralInformation(3), "River water");
-    EXPECT_EQ(m_dialog->GetGeneralInformation(4), wxDateTime(29, wxDateTime::Feb, 2024).FormatDate());
-    EXPECT_EQ(m_dialog->GetGeneralInformation(5), "two\nlines");
-    ASSERT_NE(m_dialog->GetSelectedLiquid(), nullptr);
-    const DetailList& read = *m_dialog->GetSelectedLiquid()->GetDetails();
+    EXPECT_EQ(Shown("Water type"), "River water");
+    EXPECT_EQ(Shown("Date of sampling"), wxDateTime(29, wxDateTime::Feb, 2024).FormatDate());
+    EXPECT_EQ(Shown("Comments"), "two\nlines");
+    const LiquidData* selected = Find<WaterLibDetails>(*m_dialog).GetLiquid();
+    ASSERT_NE(selected, nullptr);
+    const DetailList& read = *selected->GetDetails();
     EXPECT_EQ(read.At("liquid/na.orig").GetDoubleValue(), 12.5);
     EXPECT_EQ(read.At("liquid/na.unit").GetStringValue(), "meq/l");
     EXPECT_EQ(read.At("liquid/temp.orig").GetDoubleValue(), 0.0);

@@ -7,6 +7,7 @@
 #include "tests/support/gui_test.h"
 
 #include <wx/button.h>
+#include <wx/combo.h>
 #include <wx/uiaction.h>
 
 #include <cmath>
@@ -40,6 +41,12 @@ protected:
         m_dialogs.Expect([](wxDialog&) { return static_cast<int>(wxID_NONE); });
         dialog.CallAfter([&] { use(dialog); });
         return dialog.ShowModal();
+    }
+    static wxComboCtrl& Agent(wxWindow& dialog) { return Find<wxComboCtrl>(dialog, "Alkalizing agent"); }
+    /// What the user is told below the rows.
+    static wxString Message(AlkalizationPanel& panel)
+    {
+        return dynamic_cast<wxStaticText&>(*panel.GetChildren().GetLast()->GetData()).GetLabelText();
     }
     static void Push(wxDialog& dialog, int id)
     {
@@ -113,22 +120,22 @@ TEST_F(WaterToolsTest, AlkalizingByPhAndByDose)
 {
     const int code = Run<AlkalizationDialog>([this](AlkalizationDialog& dialog) {
         AlkalizationPanel& panel = *dialog.GetPanel();
-        EXPECT_EQ(panel.GetAgentChoice()->GetCombo()->GetValue(), "None");
+        EXPECT_EQ(Agent(panel).GetValue(), "None");
         EXPECT_FALSE(panel.FindField("liquid/alk.target")->IsEnabled());
-        Focus(*panel.GetAgentChoice()->GetCombo());
+        Focus(Agent(panel));
         Press(WXK_DOWN);
         EXPECT_EQ(Details().At("liquid/alk.type").GetStringValue(), "naoh");
-        EXPECT_EQ(panel.GetMessage(), "Enter a pH or a dose.");
+        EXPECT_EQ(Message(panel), "Enter a pH or a dose.");
         Enter(*panel.FindField("liquid/alk.target"), "8.5");
-        EXPECT_EQ(panel.GetMessage(), "");
+        EXPECT_EQ(Message(panel), "");
         EXPECT_NEAR(Get("liquid/alk.ph"), 8.5, 1e-3);
         const double needed = Get("liquid/alk.dosed");
         EXPECT_GT(needed, 1.0);
 
         Enter(*panel.FindField("liquid/alk.target"), "7");
-        EXPECT_EQ(panel.GetMessage(), "This agent cannot bring the water there.");
+        EXPECT_EQ(Message(panel), "This agent cannot bring the water there.");
         EXPECT_EQ(panel.FindField("liquid/alk.ph")->GetValue(), "");
-        Click(*panel.GetDoseButton());
+        Click(*wxWindow::FindWindowByLabel("Dose", &panel));
         EXPECT_TRUE(panel.FindField("liquid/alk.dose")->IsEnabled());
         Enter(*panel.FindField("liquid/alk.dose"), wxString::FromCDouble(needed, 6));
         EXPECT_NEAR(Get("liquid/alk.ph"), 8.5, 1e-3);
@@ -145,7 +152,7 @@ TEST_F(WaterToolsTest, CancelledAlkalizationRestoresEveryValue)
     for (const auto& [name, detail] : Details())
         before.push_back(detail.GetStoredValue());
     Run<AlkalizationDialog>([this](AlkalizationDialog& dialog) {
-        Focus(*dialog.GetPanel()->GetAgentChoice()->GetCombo());
+        Focus(Agent(dialog));
         Press(WXK_DOWN);
         Enter(*dialog.GetPanel()->FindField("liquid/alk.target"), "9");
         EXPECT_NEAR(Get("liquid/alk.ph"), 9.0, 1e-3);

@@ -184,6 +184,10 @@ TEST_F(ProjectEdits, OfFlowTimeAndVolumeTheOneTypedLongestAgoFollows)
     Plant("project/qbrutto").SetValue(20.0);
     Plant("project/lz").SetValue(12.0);
     EXPECT_EQ(Plant("project/wbrutto").GetDoubleValue(), 240.0);
+    Plant("project/lz").SetValue(6.0);
+    EXPECT_EQ(Plant("project/qbrutto").GetDoubleValue(), 20.0) << "what follows is not typed";
+    EXPECT_EQ(Plant("project/wbrutto").GetDoubleValue(), 120.0);
+    Plant("project/lz").SetValue(12.0);
     Plant("project/wbrutto").SetValue(120.0);
     EXPECT_EQ(Plant("project/qbrutto").GetDoubleValue(), 10.0);
     EXPECT_EQ(Plant("project/lz").GetDoubleValue(), 12.0);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "projectbase/feed/compound_import.h"
+#include "projectbase/library/compound_import.h"
 
 #include "dbinterfaces/project_database.h"
 

@@ -1,0 +1,109 @@
+// SPDX-License-Identifier: MIT
+#include "gui_base/water/library/water_lib_details.h"
+
+#include "gui_base/support/accessibility.h"
+#include "gui_base/support/translation.h"
+#include "gui_base/water/library/water_lib_list.h"
+#include "gui_base/water/library/water_lib_texts.h"
+#include "projectbase/library/water_store.h"
+
+#include <wx/sizer.h>
+#include <wx/statbox.h>
+#include <wx/stattext.h>
+#include <wx/wupdlock.h>
+
+namespace {
+
+constexpr int kGap = 4;
+constexpr int kCommentHeight = 64;
+
+const std::array kLabels{wxTRANSLATE("Country"),          wxTRANSLATE("Place"),
+                         wxTRANSLATE("Water source"),     wxTRANSLATE("Water type"),
+                         wxTRANSLATE("Date of sampling"), wxTRANSLATE("Comments")};
+
+wxString Tr(const char* source)
+{
+    return i18n::Translated(source);
+}
+
+wxTextCtrl* NewShownText(wxWindow* parent, const wxString& name, bool severalLines)
+{
+    auto* text = new wxTextCtrl(parent, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
+                                wxTE_READONLY | (severalLines ? wxTE_MULTILINE : wxBORDER_NONE));
+    text->SetBackgroundColour(parent->GetBackgroundColour());
+    accessibility::SetName(*text, name);
+    if (severalLines)
+        text->SetMinSize(wxSize(-1, parent->FromDIP(kCommentHeight)));
+    else
+        text->DisableFocusFromKeyboard();
+    return text;
+}
+
+}  // namespace
+
+WaterLibDetails::WaterLibDetails(wxWindow* parent) : wxPanel(parent)
+{
+    CreateControls();
+}
+
+void WaterLibDetails::CreateControls()
+{
+    auto* box = new wxStaticBoxSizer(wxHORIZONTAL, this, Tr("Details"));
+    wxWindow* inside = box->GetStaticBox();
+    auto* grid = new wxFlexGridSizer(2, FromDIP(wxSize(2 * kGap, kGap)));
+    grid->AddGrowableCol(1);
+    for (std::size_t i = 0; i < m_texts.size(); ++i) {
+        const bool comments = i + 1 == m_texts.size();
+        grid->Add(new wxStaticText(inside, wxID_ANY, Tr(kLabels[i]) + ":"), wxSizerFlags().Top());
+        m_texts[i] = NewShownText(inside, Tr(kLabels[i]), comments);
+        grid->Add(m_texts[i], wxSizerFlags().Expand());
+        if (comments)
+            grid->AddGrowableRow(i);
+    }
+    m_values = new wxListView(inside, wxID_ANY);
+    accessibility::SetName(*m_values, Tr("Details"));
+    m_values->AppendColumn(Tr("Name"), wxLIST_FORMAT_LEFT, FromDIP(170));
+    m_values->AppendColumn(Tr("Value"), wxLIST_FORMAT_RIGHT, FromDIP(100));
+    m_values->AppendColumn(Tr("Unit"), wxLIST_FORMAT_LEFT, FromDIP(70));
+    water_library::FillWidth(*m_values);
+    const wxSizerFlags spaced = wxSizerFlags().Expand().Border(wxALL, FromDIP(kGap));
+    box->Add(grid, wxSizerFlags(spaced).Proportion(1));
+    box->Add(m_values, wxSizerFlags(spaced).Proportion(1));
+    auto* sizer = new wxBoxSizer(wxVERTICAL);
+    sizer->Add(box, wxSizerFlags().Expand().Proportion(1).Border(wxLEFT | wxTOP, FromDIP(kGap)));
+    SetSizer(sizer);
+}
+
+void WaterLibDetails::SetValues(const std::vector<DBObjects::WaterLibAttr>& values)
+{
+    m_liquid = std::make_unique<LiquidData>();
+    water_store::Apply(values, *m_liquid);
+    const wxWindowUpdateLocker frozen(m_values);
+    m_values->DeleteAllItems();
+    for (const water_library::DetailLine& line : water_library::DetailLines(*m_liquid)) {
+        const long row = m_values->InsertItem(m_values->GetItemCount(), line.name);
+        m_values->SetItem(row, 1, line.value);
+        m_values->SetItem(row, 2, line.unit);
+    }
+}
+
+void WaterLibDetails::ShowOrigin(const WaterLibListViewItem& water)
+{
+    const DetailList& details = *m_liquid->GetDetails();
+    SetTexts({water.GetCountry(), water.GetPlace(), water.GetSource(),
+              water_library::WaterTypeText(details.At("liquid/water.type").GetStdStringValue()),
+              water_library::SamplingDateText(*m_liquid), details.At("liquid/comments").GetStringValue()});
+}
+
+void WaterLibDetails::SetTexts(const Texts& texts)
+{
+    for (std::size_t i = 0; i < m_texts.size(); ++i)
+        m_texts[i]->ChangeValue(texts[i]);
+}
+
+void WaterLibDetails::Clear()
+{
+    m_liquid.reset();
+    m_values->DeleteAllItems();
+    SetTexts({});
+}
