@@ -117,7 +117,6 @@ void BM_EditOneOfThousand(benchmark::State& state)
             composition.SetFeed(static_cast<std::size_t>(i), FeedComposition::Unit::MgPerLitre, 1.0 + i % 7);
     }
     module.project.SaveFeedCompositionToDetails(composition);
-    module.controller->ReloadComposition();
     wxYield();
     FeedCompositionGrid& grid = module.view->GetFeedGrid();
     int number = 0;

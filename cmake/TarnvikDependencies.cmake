@@ -3,6 +3,7 @@
 include(TarnvikWx)
 
 find_package(fmt REQUIRED)
+find_package(nlohmann_json REQUIRED)
 find_package(Boost REQUIRED)
 find_package(SQLite3 REQUIRED)
 find_package(PkgConfig REQUIRED)

@@ -12,11 +12,12 @@ trap 'rm -rf "$temporary"' EXIT
 cd "$root"
 
 # The header of the template, and texts that stand in data: kinds and categories of waters, names of agents and
-# organics, elements, categories of compounds, feed mediums.
+# organics, elements, categories of compounds, feed mediums, names of details.
 python3 - resources/examples/waters.csv:kind,category \
     resources/master/water_types.csv:description resources/master/alkalizing_agents.csv:name \
     resources/master/organics.csv:label resources/master/elements.csv:name,class,state_25c \
-    resources/master/compounds.csv:category resources/master/feed_mediums.csv:name >"$temporary/header.pot" <<'PYTHON'
+    resources/master/compounds.csv:category resources/master/feed_mediums.csv:name \
+    resources/master/details.csv:label >"$temporary/header.pot" <<'PYTHON'
 import csv
 import sys
 
@@ -34,7 +35,7 @@ for argument in sys.argv[1:]:
     path, columns = argument.split(":")
     with open(path, encoding="utf-8", newline="") as file:
         for row in csv.DictReader(file):
-            for text in filter(None, map(row.get, columns.split(","))):
+            for text in filter(lambda text: text and "{" not in text, map(row.get, columns.split(","))):
                 places.setdefault(text, set()).add(path)
 for text, paths in sorted(places.items()):
     print("\n".join(f"#: {path}" for path in sorted(paths)) + f'\nmsgid "{text}"\nmsgstr ""\n')

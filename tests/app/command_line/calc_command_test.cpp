@@ -140,6 +140,11 @@ TEST_F(Calc, RefusesWhatItCannotSet)
         {"-1:na=5", 2},
         {"1:=5", 2},
         {"7:na=5", 1},
+        {"water:na=5", 2},
+        {"water.1.:na=5", 2},
+        {"water.9:na=5", 1},
+        {"ex.1:v.max=5", 1},
+        {"water.1:ph=7", 0},
         {"gold=5", 1},
         {"na=abc", 1},
         {"na=1,5", 1},
@@ -172,8 +177,8 @@ TEST_F(Calc, WarnsOfValuesOutOfTheirLimits)
 {
     const Result result = Run({m_path, "--set", "ph=15", "--set=temp=-20"});
     EXPECT_EQ(result.code, 0);
-    EXPECT_THAT(result.err, HasSubstr("liquid/ph is 15, above its limit of 14"));
-    EXPECT_THAT(result.err, HasSubstr("liquid/temp is -20, below its limit of 0 \u00b0C"));
+    EXPECT_THAT(result.err, HasSubstr("Feed water: pH 15 is above the maximum of 14"));
+    EXPECT_THAT(result.err, HasSubstr("Feed water: Temperature -20 \u00b0C is below the minimum of 0 \u00b0C"));
 }
 
 TEST_F(Calc, ReportsFilesAndWordsItCannotUse)
@@ -225,6 +230,42 @@ TEST_F(Calc, PrintsTheSameValidJsonEveryTime)
         "assert d['liquids'][0]['details']['liquid/na.orig'] == {'value': 22.99, 'unit': 'mg/l'}";
     const std::string command = "python3 -c \"" + program + "\" '" + (m_folder / "out.json").string() + "'";
     EXPECT_EQ(std::system(command.c_str()), 0);
+}
+
+TEST_F(Calc, SetsValuesOfEveryPartOfAPlantAndReadsThemBack)
+{
+    iex::IEXProject plant("MB");
+    FeedComposition feed;
+    DBObjects::Compound urea;
+    urea.name = "urea";
+    urea.formula = "CH4N2O";
+    feed.Add(urea);
+    feed.SetFeed(0, FeedComposition::Unit::MgPerLitre, 60.0);
+    plant.SaveFeedCompositionToDetails(feed);
+    const std::string path = (m_folder / "plant.tarnvik").string();
+    ProjectFile::Save(plant, path);
+    const Result set = Run({path, "--json", "--set", "ex.1.comp.2:stepcomp/level=80", "--set",
+                            "ex.1.comp.2.resin.1:resin=sba", "--set", "project/qbrutto=20", "--set", "project/lz=12",
+                            "--set", "water.1:na=10meq/l", "--set", "project/title=", "--set", "ex.1:v.max=500"});
+    ASSERT_EQ(set.code, 0) << set.err;
+    EXPECT_EQ(Value(set, "stepcomp/level", 4), "80");
+    EXPECT_THAT(set.out, HasSubstr("\"project/wbrutto\": {\"value\": 240,")) << "what follows from flow and time";
+    EXPECT_THAT(set.out, HasSubstr("\"address\": \"ex.1:step/v.max\""));
+    EXPECT_EQ(Run({path, "--set", "ex.1.comp.1:stepcomp/load=5"}).code, 1) << "derived";
+    // The text is a project: printed again it is the same.
+    support::WriteBytes(m_folder / "plant.json", set.out);
+    const Result again = Run({(m_folder / "plant.json").string(), "--json"});
+    ASSERT_EQ(again.code, 0) << again.err;
+    EXPECT_EQ(again.out.substr(again.out.find("\"module\"")), set.out.substr(set.out.find("\"module\"")));
+    EXPECT_THAT(again.out, HasSubstr("\"feedcompound/conc.typed\": {\"value\": 60}"));
+
+    for (const char* text : {"", "[", "{}", "{\"module\": \"nonsense\"}", "[[[[[[[[[[",
+                             "{\"module\": \"iex\", \"project\": {\"project/title\": {\"value\": []}}}"}) {
+        support::WriteBytes(m_folder / "bad.json", text);
+        const Result bad = Run({(m_folder / "bad.json").string()});
+        EXPECT_EQ(bad.code, 1) << text;
+        EXPECT_EQ(bad.out, "");
+    }
 }
 
 TEST_F(Calc, PrintsPointsInALocaleWithCommas)

@@ -1,58 +1,23 @@
 // SPDX-License-Identifier: MIT
 // The module of the feed composition in the program's window.
-#include "app/document/templates.h"
-#include "app/frame/main_frame.h"
-#include "app/frame/tarnvik_app.h"
-#include "app/language/language.h"
-#include "dbinterfaces/project_database.h"
 #include "gui_base/input/controls/tv_textctrl.h"
 #include "gui_base/input/panel/aui_notebook.h"
 #include "gui_base/ionexchange/feed/feed_composition_grid.h"
-#include "gui_base/ionexchange/feed/feed_composition_panel_controller.h"
 #include "gui_base/ionexchange/feed/feed_medium_box.h"
 #include "projectbase/project/project_file.h"
-#include "projectbase/settings/settings.h"
-#include "tests/support/gui_test.h"
-#include "tests/support/temp_folder.h"
+#include "tests/support/program_fixture.h"
 
 namespace {
 
 using namespace gui_test;
 
-class FeedModuleTest : public testing::Test
+class FeedModuleTest : public ProgramTest
 {
 protected:
-    void SetUp() override
-    {
-        std::string error;
-        app::InitProgram(error);
-        EXPECT_EQ(error, "");
-        Settings::Reset();
-        app::SwitchLanguage("en");
-        m_frame = new app::MainFrame(std::make_unique<app::Document>(app::NewEmptyProject()));
-        m_frame->SetPosition(wxPoint(0, 0));
-        m_frame->Show();
-        Pump();
-        ASSERT_NE(m_frame->GetFeedPanel(), nullptr);
-        ShowModule();
-    }
-    void TearDown() override
-    {
-        m_frame->GetDocument().GetProject().SetChanged(false);
-        m_frame->Close();
-        Pump();
-        app::SwitchLanguage("en");
-        ProjectDatabase::Close();
-    }
+    FeedModuleTest() : ProgramTest(nullptr) {}
 
-    FeedCompositionPanel& Panel() { return *m_frame->GetFeedPanel(); }
+    FeedCompositionPanel& Panel() { return FeedPage(); }
     FeedCompositionGrid& Grid() { return Panel().GetFeedGrid(); }
-    void ShowModule()
-    {
-        AuiNotebook& pages = m_frame->GetNotebook();
-        pages.SetSelection(static_cast<std::size_t>(pages.GetPageIndex(&Panel())));
-        Pump();
-    }
     void AddFirst()
     {
         Panel().GetCompoundList().Select(0);
@@ -67,10 +32,6 @@ protected:
         Type(text);
     }
     wxString FirstCell() { return Grid().GetCellValue(0, kFeedFirstUnit); }
-
-    app::MainFrame* m_frame = nullptr;
-    support::TempFolder m_folder;
-    DialogAnswers m_dialogs;
 };
 
 TEST_F(FeedModuleTest, EditsAreUndoneSavedAndReopened)
@@ -93,7 +54,7 @@ TEST_F(FeedModuleTest, EditsAreUndoneSavedAndReopened)
     // An undo goes to the module that it concerns.
     m_frame->GetNotebook().SetSelection(0);
     m_frame->Undo();
-    EXPECT_EQ(m_frame->GetNotebook().GetCurrentPage(), &Panel());
+    EXPECT_EQ(m_frame->GetBook().GetCurrent()->GetModule().id, "feed");
     m_frame->Redo();
 
     const auto path = m_folder / "feed.tarnvik";
@@ -116,16 +77,16 @@ TEST_F(FeedModuleTest, UnitSystemAndLanguageSwitchWhileItIsOpen)
     Press(WXK_RETURN);
     TvTextCtrl& temperature = *Panel().GetMediumBox().GetTemperatureField();
     EXPECT_EQ(temperature.GetValue(), "20");
-    m_frame->SetUnitSystem("us");
+    m_frame->View().SetUnitSystem("us");
     EXPECT_EQ(temperature.GetValue(), "68");
-    m_frame->SetLanguage("de");
+    m_frame->View().SetLanguage("de");
     EXPECT_EQ(Grid().GetColLabelValue(kFeedFormula), "Formel");
     EXPECT_EQ(temperature.GetValue(), "68");
-    m_frame->SetLanguage("en");
-    m_frame->SetUnitSystem("iso");
+    m_frame->View().SetLanguage("en");
+    m_frame->View().SetUnitSystem("iso");
     EXPECT_EQ(temperature.GetValue(), "20");
     EXPECT_EQ(FirstCell(), "12.5");
-    m_frame->GetDocument().GetProject().SetChanged(false);
+    m_frame->GetDocument().SetUnsaved(false);
 }
 
 }  // namespace

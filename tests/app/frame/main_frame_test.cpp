@@ -1,24 +1,15 @@
 // SPDX-License-Identifier: MIT
 // The program's window with real files, menus and keys.
-#include "app/frame/main_frame.h"
-
-#include "app/document/templates.h"
 #include "app/frame/results_text.h"
 #include "app/frame/settings_dialog.h"
-#include "app/frame/tarnvik_app.h"
 #include "app/frame/template_dialog.h"
-#include "app/language/language.h"
-#include "dbinterfaces/project_database.h"
 #include "gui_base/input/controls/tv_textctrl.h"
 #include "gui_base/input/events.h"
 #include "gui_base/input/panel/aui_notebook.h"
-#include "gui_base/water/analysis/wateranalysis_panel.h"
 #include "projectbase/project/project_file.h"
 #include "projectbase/project/recovery_file.h"
-#include "projectbase/settings/settings.h"
-#include "tests/support/gui_test.h"
 #include "tests/support/pdf.h"
-#include "tests/support/temp_folder.h"
+#include "tests/support/program_fixture.h"
 
 #include <gmock/gmock.h>
 #include <wx/filedlg.h>
@@ -40,61 +31,13 @@ std::string Bytes(const std::filesystem::path& path)
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
-class MainFrameTest : public testing::Test
+class MainFrameTest : public ProgramTest
 {
 protected:
-    void SetUp() override
-    {
-        std::string error;
-        app::InitProgram(error);
-        EXPECT_EQ(error, "");
-        Settings::Reset();
-        app::SwitchLanguage("en");
-        const app::WaterTemplate* river = app::FindWaterTemplate("world_river_livingstone");
-        ASSERT_NE(river, nullptr);
-        m_frame = new app::MainFrame(std::make_unique<app::Document>(app::NewProjectFrom(*river)));
-        m_frame->SetPosition(wxPoint(0, 0));
-        m_frame->Show();
-        Pump();
-    }
-    void TearDown() override
-    {
-        // As if the user discarded the changes.
-        m_frame->GetDocument().GetProject().SetChanged(false);
-        m_frame->Close();
-        Pump();
-        app::SwitchLanguage("en");
-        ProjectDatabase::Close();
-    }
+    MainFrameTest() : ProgramTest("world_river_livingstone") {}
 
-    WaterAnalysisPanel& Panel() { return *m_frame->GetWaterPanel(); }
-    TvTextCtrl& Field(const std::string& key) { return *Panel().FindField("liquid/" + key); }
-    double Value(const std::string& key)
-    {
-        return m_frame->GetDocument()
-            .GetProject()
-            .GetLiquid(0)
-            .GetDetails()
-            ->At("liquid/" + key)
-            .GetDoubleValue();
-    }
-    std::vector<std::string> Messages()
-    {
-        std::vector<std::string> texts;
-        const app::MessageArea& area = m_frame->GetMessageArea();
-        for (int i = 0; i < area.GetItemCount(); ++i)
-            texts.push_back(area.GetItemText(i, 1).utf8_string());
-        return texts;
-    }
-    void Menu(int id)
-    {
-        EXPECT_TRUE(m_frame->ProcessCommand(id));
-        Pump();
-    }
-
-    app::MainFrame* m_frame = nullptr;
-    support::TempFolder m_folder;
-    DialogAnswers m_dialogs;
+    TvTextCtrl& Field(const std::string& key) { return *WaterPage().FindField("liquid/" + key); }
+    double Value(const std::string& key) { return Water(key).GetDoubleValue(); }
 };
 
 TEST_F(MainFrameTest, ShowsARealWaterAtOnce)
@@ -111,10 +54,10 @@ TEST_F(MainFrameTest, SavesAndReopensEveryDigit)
     const auto path = m_folder / "water.tarnvik";
     gui_test::Enter(Field("na.orig"), "6.123456789012345");
     EXPECT_EQ(m_frame->GetTitle(), "*Untitled - Tarnvik");
-    ASSERT_TRUE(m_frame->SaveFile(path));
+    ASSERT_TRUE(m_frame->Files().SaveTo(path));
     EXPECT_EQ(m_frame->GetTitle(), "water - Tarnvik");
     gui_test::Enter(Field("na.orig"), "1");
-    ASSERT_TRUE(m_frame->OpenFile(path));
+    ASSERT_TRUE(m_frame->Files().Open(path));
     Pump();
     EXPECT_EQ(Value("na.orig"), 6.123456789012345);
     EXPECT_TRUE(std::isnan(Value("ph"))) << "what was not known still is not";
@@ -125,7 +68,7 @@ TEST_F(MainFrameTest, SavesAndReopensEveryDigit)
 TEST_F(MainFrameTest, SavingCommitsTheFieldThatIsBeingEdited)
 {
     const auto path = m_folder / "water.tarnvik";
-    ASSERT_TRUE(m_frame->SaveFile(path));
+    ASSERT_TRUE(m_frame->Files().SaveTo(path));
     Focus(Field("mg.orig"));
     Field("mg.orig").SelectAll();
     Type("9.75");
@@ -137,7 +80,7 @@ TEST_F(MainFrameTest, SavingCommitsTheFieldThatIsBeingEdited)
 TEST_F(MainFrameTest, BadFilesAreAnsweredInTheMessageArea)
 {
     const auto good = m_folder / "good.tarnvik";
-    ASSERT_TRUE(m_frame->SaveFile(good));
+    ASSERT_TRUE(m_frame->Files().SaveTo(good));
     const std::string bytes = Bytes(good);
     const auto write = [&](const char* name, const std::string& content) {
         std::ofstream(m_folder / name, std::ios::binary) << content;
@@ -154,7 +97,7 @@ TEST_F(MainFrameTest, BadFilesAreAnsweredInTheMessageArea)
           write("cut.tarnvik", bytes.substr(0, bytes.size() / 2)), write("flipped.tarnvik", flipped),
           m_folder / "missing.tarnvik", m_folder / "."}) {
         const auto before = Messages().size();
-        EXPECT_FALSE(m_frame->OpenFile(path)) << path;
+        EXPECT_FALSE(m_frame->Files().Open(path)) << path;
         ASSERT_EQ(Messages().size(), before + 1) << path;
         EXPECT_NE(Messages().back().find(path.string()), std::string::npos) << Messages().back();
         EXPECT_EQ(Value("na.orig"), sodium) << "the open project stays";
@@ -164,14 +107,14 @@ TEST_F(MainFrameTest, BadFilesAreAnsweredInTheMessageArea)
 TEST_F(MainFrameTest, AFailedSaveLeavesTheOldFileAndSaysSo)
 {
     const auto path = m_folder / "water.tarnvik";
-    ASSERT_TRUE(m_frame->SaveFile(path));
+    ASSERT_TRUE(m_frame->Files().SaveTo(path));
     const std::string before = Bytes(path);
     gui_test::Enter(Field("na.orig"), "77");
     const auto nowhere = m_folder / "no" / "such" / "folder.tarnvik";
-    EXPECT_FALSE(m_frame->SaveFile(nowhere));
+    EXPECT_FALSE(m_frame->Files().SaveTo(nowhere));
     EXPECT_NE(Messages().back().find(nowhere.string()), std::string::npos);
     EXPECT_EQ(Bytes(path), before);
-    EXPECT_TRUE(m_frame->GetDocument().GetProject().IsChanged());
+    EXPECT_TRUE(m_frame->GetDocument().IsUnsaved());
     EXPECT_EQ(m_frame->GetDocument().GetPath(), path);
 }
 
@@ -204,7 +147,7 @@ TEST_F(MainFrameTest, UnitSystemAndLanguageSwitchWithoutLosingADigit)
     gui_test::Enter(Field("temp.orig"), "12.3456789");
     const double temperature = Value("temp.orig");
     for (const char* system : {"us", "imperial", "iso", "us"}) {
-        m_frame->SetUnitSystem(system);
+        m_frame->View().SetUnitSystem(system);
         Pump();
     }
     EXPECT_EQ(Value("temp.orig"), temperature);
@@ -213,12 +156,12 @@ TEST_F(MainFrameTest, UnitSystemAndLanguageSwitchWithoutLosingADigit)
     const bool german = std::any_of(languages.begin(), languages.end(),
                                     [](const app::Language& language) { return language.code == "de"; });
     ASSERT_TRUE(german);
-    m_frame->SetLanguage("de");
+    m_frame->View().SetLanguage("de");
     Pump();
     EXPECT_EQ(m_frame->GetMenuBar()->GetMenuLabelText(0), "Datei");
     EXPECT_EQ(Field("na.orig").GetName(), "Natrium [mg/l]");
     EXPECT_EQ(m_frame->GetTitle(), "*Ohne Titel - Tarnvik");
-    m_frame->SetLanguage("en");
+    m_frame->View().SetLanguage("en");
     Pump();
     EXPECT_EQ(m_frame->GetMenuBar()->GetMenuLabelText(0), "File");
     EXPECT_EQ(Field("na.orig").GetName(), "Sodium [mg/l]");
@@ -229,7 +172,7 @@ TEST_F(MainFrameTest, ALineOfTheMessageAreaLeadsToItsField)
 {
     gui_test::Enter(Field("ph"), "15");
     Pump();
-    EXPECT_EQ(Messages(), std::vector<std::string>{"pH is above the maximum of 14"});
+    EXPECT_EQ(Messages(), std::vector<std::string>{"pH 15 is above the maximum of 14"});
     Focus(Field("na.orig"));
     app::MessageArea& area = m_frame->GetMessageArea();
     wxRect line;
@@ -242,7 +185,7 @@ TEST_F(MainFrameTest, ALineOfTheMessageAreaLeadsToItsField)
 
 TEST_F(MainFrameTest, ProgrammingErrorsAppearInTheMessageArea)
 {
-    EXPECT_THROW(Panel().NormalizeIon("nosuch", false), std::exception);
+    EXPECT_THROW(WaterPage().NormalizeIon("nosuch", false), std::exception);
     ASSERT_EQ(Messages().size(), 1u);
     EXPECT_EQ(Messages().front().find("Exception in  WaterAnalysisPanel::NormalizeIon: "), 0u);
     wxLogError("from the toolkit");
@@ -303,13 +246,13 @@ TEST_F(MainFrameTest, UnsavedWorkIsRecovered)
         crashed.Save(m_frame->GetDocument().GetProject());
     }
     ASSERT_EQ(RecoveryFile::List().size(), 1u);
-    m_frame->GetDocument().GetProject().SetChanged(false);
+    m_frame->GetDocument().SetUnsaved(false);
     m_frame->SetDocument(std::make_unique<app::Document>(app::NewEmptyProject()));
     m_dialogs.Expect([](wxDialog&) { return wxID_YES; });
-    m_frame->OfferRecovery();
+    m_frame->Files().OfferRecovery();
     Pump();
     EXPECT_EQ(Value("na.orig"), 12.5);
-    EXPECT_TRUE(m_frame->GetDocument().GetProject().IsChanged());
+    EXPECT_TRUE(m_frame->GetDocument().IsUnsaved());
     EXPECT_TRUE(RecoveryFile::List().empty());
 }
 
@@ -322,7 +265,7 @@ TEST_F(MainFrameTest, ResultsAreCopiedInTheirOwnUnits)
         }
         return {};
     };
-    const LiquidData& water = Panel().GetLiquid();
+    const LiquidData& water = WaterPage().GetLiquid();
     const wxString iso = app::ResultsText(water, "iso");
     EXPECT_EQ(line(iso, "Sodium"), "Sodium\t6.3\tmg/l\t0.274032\t6.3");
     EXPECT_EQ(line(iso, "Temperature"), "Temperature\t15\t\u00b0C");
@@ -373,12 +316,12 @@ TEST_F(MainFrameTest, SettingsTakeEffectTogetherOrNotAtAll)
     EXPECT_TRUE(minutes->IsShown());
     EXPECT_FALSE(wxWindow::FindWindowByName("Language", &dialog)->IsShown());
 
-    m_frame->ApplySettings(before, {"de", "us", 7, ""});
+    m_frame->View().ApplySettings(before, {"de", "us", 7, ""});
     Pump();
     EXPECT_EQ(Settings::GetSetting("autosave.minutes").GetLongValue(), 7);
     EXPECT_EQ(m_frame->GetDocument().GetProject().GetUnitSystemDisplay(), "us");
     EXPECT_EQ(m_frame->GetMenuBar()->GetMenuLabelText(0), "Datei");
-    m_frame->ApplySettings({"de", "us", 7, ""},
+    m_frame->View().ApplySettings({"de", "us", 7, ""},
                            {"en", "iso", 9, "postgresql://host=127.0.0.1 port=1 dbname=none"});
     EXPECT_THAT(Messages(), testing::ElementsAre(testing::HasSubstr("ProjectDatabase")));
     EXPECT_EQ(Settings::GetSetting("autosave.minutes").GetLongValue(), 7) << "nothing is applied";
@@ -402,7 +345,7 @@ TEST_F(MainFrameTest, PrintsWhatWasJustTyped)
     events::SendEvent(m_frame, tvCHANGEUNITSYSTEMPRINTOUT_EVENT, m_frame->GetId(), 0, "us");
     Pump();
     const auto path = m_folder / "report.pdf";
-    ASSERT_TRUE(m_frame->SaveFile(m_folder / "river.tarnvik"));
+    ASSERT_TRUE(m_frame->Files().SaveTo(m_folder / "river.tarnvik"));
     Focus(Field("na.orig"));
     Field("na.orig").SelectAll();
     Type("77");

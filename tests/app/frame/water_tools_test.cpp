@@ -1,20 +1,15 @@
 // SPDX-License-Identifier: MIT
 // Whole waters in the program's window: copying, the library, and what stands above the analysis.
-#include "app/document/templates.h"
-#include "app/frame/main_frame.h"
-#include "app/frame/tarnvik_app.h"
-#include "app/language/language.h"
-#include "dbinterfaces/project_database.h"
 #include "gui_base/input/panel/aui_notebook.h"
 #include "gui_base/water/analysis/laboratory_dialog.h"
-#include "gui_base/water/feedwater/feed_water_panel.h"
+
 #include "gui_base/water/feedwater/water_clipboard.h"
 #include "gui_base/water/library/water_lib_dialog.h"
 #include "gui_base/water/library/water_lib_list.h"
 #include "projectbase/project/project_file.h"
-#include "projectbase/settings/settings.h"
-#include "tests/support/gui_test.h"
-#include "tests/support/temp_folder.h"
+
+#include "tests/support/program_fixture.h"
+
 
 #include <wx/button.h>
 #include <wx/filedlg.h>
@@ -29,55 +24,15 @@ namespace {
 
 using namespace gui_test;
 
-class WaterToolsTest : public testing::Test
+class WaterToolsTest : public ProgramTest
 {
 protected:
-    void SetUp() override
-    {
-        std::string error;
-        app::InitProgram(error);
-        EXPECT_EQ(error, "");
-        Settings::Reset();
-        app::SwitchLanguage("en");
-        ProjectDatabase::Open(File());
-        m_frame = new app::MainFrame(MakeDocument("brandenburg_fresh"));
-        m_frame->SetPosition(wxPoint(0, 0));
-        m_frame->Show();
-        Pump();
-    }
-    void TearDown() override
-    {
-        m_frame->GetDocument().GetProject().SetChanged(false);
-        m_frame->Close();
-        Pump();
-        app::SwitchLanguage("en");
-        ProjectDatabase::Close();
-    }
+    WaterToolsTest() : ProgramTest("brandenburg_fresh") {}
 
-    static std::unique_ptr<app::Document> MakeDocument(const char* water)
-    {
-        return std::make_unique<app::Document>(app::NewProjectFrom(*app::FindWaterTemplate(water)));
-    }
     std::string File() const { return (m_folder / "user.db").string(); }
-    FeedWaterPanel& Panel() { return dynamic_cast<FeedWaterPanel&>(*m_frame->GetWaterPanel()); }
-    Project& OpenProject() { return m_frame->GetDocument().GetProject(); }
-    DetailData& Water(const std::string& key)
-    {
-        return OpenProject().GetLiquid(0).GetDetails()->At("liquid/" + key);
-    }
+    FeedWaterPanel& Panel() { return WaterPage(); }
     DetailData& Feed(const std::string& key) { return OpenProject().GetDetails().At("project/" + key); }
-    void Menu(const char* menu, const char* item)
-    {
-        const int id = m_frame->GetMenuBar()->FindMenuItem(menu, item);
-        ASSERT_NE(id, wxNOT_FOUND) << item;
-        EXPECT_TRUE(m_frame->ProcessCommand(id));
-        Pump();
-    }
     int MessageCount() { return m_frame->GetMessageArea().GetItemCount(); }
-
-    app::MainFrame* m_frame = nullptr;
-    support::TempFolder m_folder;
-    DialogAnswers m_dialogs;
 };
 
 TEST_F(WaterToolsTest, AWaterIsCopiedIntoAnotherProject)
@@ -92,7 +47,7 @@ TEST_F(WaterToolsTest, AWaterIsCopiedIntoAnotherProject)
     EXPECT_EQ(Water("na.orig").GetDoubleValue(), 16.3);
     EXPECT_EQ(Panel().FindField("liquid/na.orig")->GetValue(), "16.3");
     EXPECT_EQ(Water("place").GetStringValue(), "Brandenburg");
-    EXPECT_TRUE(OpenProject().IsChanged());
+    EXPECT_TRUE(m_frame->GetDocument().IsUnsaved());
     m_frame->Undo();
     Pump();
     EXPECT_EQ(Water("na.orig").GetDoubleValue(), 1.8) << "one step takes all of it back";
@@ -128,7 +83,7 @@ TEST_F(WaterToolsTest, AWaterGoesThroughTheLibrary)
     EXPECT_EQ(Water("water.source").GetStringValue(), "Groundwater 30a9e918");
     EXPECT_EQ(Water("nh4.orig").GetDoubleValue(), 0.1);
     EXPECT_TRUE(std::isnan(Water("turbidity").GetDoubleValue()));
-    EXPECT_TRUE(OpenProject().IsChanged());
+    EXPECT_TRUE(m_frame->GetDocument().IsUnsaved());
     m_frame->Undo();
     EXPECT_EQ(Water("water.source").GetStringValue(), "Amazon river");
 }
@@ -139,7 +94,7 @@ TEST_F(WaterToolsTest, ALibraryThatCannotBeReachedIsReported)
     Menu("Tools", "Save to water library");
     EXPECT_EQ(MessageCount(), 1);
     EXPECT_NE(m_frame->GetMessageArea().GetItemText(0, 1).Find("removed"), wxNOT_FOUND);
-    EXPECT_FALSE(OpenProject().IsChanged());
+    EXPECT_FALSE(m_frame->GetDocument().IsUnsaved());
 }
 
 TEST_F(WaterToolsTest, TheFeedIsSavedAndUndone)
@@ -149,9 +104,9 @@ TEST_F(WaterToolsTest, TheFeedIsSavedAndUndone)
     gui_test::Enter(*block.FindField("project/lz"), "10");
     gui_test::Enter(*block.FindField("project/nlines"), "2");
     gui_test::Enter(*Panel().GetMetaInformation()->GetWaterSource(), "Well 7");
-    EXPECT_TRUE(OpenProject().IsChanged());
+    EXPECT_TRUE(m_frame->GetDocument().IsUnsaved());
     const auto path = m_folder / "feed.tarnvik";
-    ASSERT_TRUE(m_frame->SaveFile(path));
+    ASSERT_TRUE(m_frame->Files().SaveTo(path));
     const auto loaded = ProjectFile::Load(path);
     EXPECT_EQ(loaded->GetDetails().At("project/wbrutto").GetDoubleValue(), 120.0);
     EXPECT_EQ(loaded->GetDetails().At("project/nlines").GetLongValue(), 2);
@@ -178,7 +133,7 @@ TEST_F(WaterToolsTest, AFeedOutOfRangeIsListed)
 
 TEST_F(WaterToolsTest, SpeaksGerman)
 {
-    m_frame->SetLanguage("de");
+    m_frame->View().SetLanguage("de");
     Pump();
     EXPECT_EQ(Panel().GetMetaInformation()->GetCountryPlace().GetChoice()->GetStringSelection(),
               "Deutschland");
@@ -194,7 +149,7 @@ TEST_F(WaterToolsTest, SpeaksGerman)
         return wxID_CANCEL;
     });
     Menu("Extras", "Wasserbibliothek ...");
-    EXPECT_FALSE(OpenProject().IsChanged());
+    EXPECT_FALSE(m_frame->GetDocument().IsUnsaved());
 }
 
 TEST_F(WaterToolsTest, ALaboratorysFileIsPreviewedAndTakenOver)
@@ -214,15 +169,15 @@ TEST_F(WaterToolsTest, ALaboratorysFileIsPreviewedAndTakenOver)
         look(dialog);
         return wxID_CANCEL;
     });
-    m_frame->ImportAnalysisFrom(path);
+    m_frame->Waters().ImportFrom(path);
     EXPECT_EQ(shown,
               wxString::FromUTF8("Probe=/Unknown parameter;Ca [mg/l]=40.5/;"
                                  "Uran [\u00b5g/l]=/Unknown parameter;pH=7.25/;Cl [mg/l]=/No number;"));
     EXPECT_EQ(Water("na.orig").GetDoubleValue(), sodium) << "nothing changes before OK";
-    EXPECT_FALSE(OpenProject().IsChanged());
+    EXPECT_FALSE(m_frame->GetDocument().IsUnsaved());
 
     m_dialogs.Expect([](wxDialog&) { return wxID_OK; });
-    m_frame->ImportAnalysisFrom(path);
+    m_frame->Waters().ImportFrom(path);
     Pump();
     EXPECT_EQ(Water("ca.orig").GetDoubleValue(), 40.5);
     EXPECT_EQ(Water("ph").GetDoubleValue(), 7.25);
@@ -233,8 +188,8 @@ TEST_F(WaterToolsTest, ALaboratorysFileIsPreviewedAndTakenOver)
     EXPECT_EQ(Water("na.orig").GetDoubleValue(), sodium);
 
     std::ofstream(m_folder / "letter.txt") << "Dear customer,\nthe results follow.\n";
-    m_frame->ImportAnalysisFrom(m_folder / "letter.txt");
-    m_frame->ImportAnalysisFrom(m_folder / "missing.csv");
+    m_frame->Waters().ImportFrom(m_folder / "letter.txt");
+    m_frame->Waters().ImportFrom(m_folder / "missing.csv");
     EXPECT_EQ(MessageCount(), 2);
 }
 
@@ -250,7 +205,7 @@ TEST_F(WaterToolsTest, AnExportedAnalysisCanBeImported)
     m_frame->SetDocument(MakeDocument("amazon"));
     Pump();
     m_dialogs.Expect([](wxDialog&) { return wxID_OK; });
-    m_frame->ImportAnalysisFrom(path);
+    m_frame->Waters().ImportFrom(path);
     Pump();
     EXPECT_EQ(Water("ca.orig").GetDoubleValue(), calcium);
 }
@@ -279,15 +234,10 @@ TEST_F(WaterToolsTest, WatersAreAddedBlendedAndRemoved)
     Pump();
     EXPECT_NEAR(blended("liquid/na.mgl"), 8.15, 1e-9);
 
-    m_frame->GetNotebook().SetSelection(1);
-    m_dialogs.Expect([](wxDialog&) { return wxID_NO; });
-    Menu("Tools", "Remove water");
-    EXPECT_EQ(OpenProject().GetLiquidCount(), 3u);
-    m_dialogs.Expect([](wxDialog&) { return wxID_YES; });
+    WaterPage(1);
     Menu("Tools", "Remove water");
     ASSERT_EQ(OpenProject().GetLiquidCount(), 2u);
     EXPECT_NEAR(OpenProject().GetLiquid(1).FindDetail("liquid/na.mgl")->GetDoubleValue(), 8.15, 1e-9);
-    m_dialogs.Expect([](wxDialog&) { return wxID_YES; });
     Menu("Tools", "Remove water");
     Menu("Tools", "Remove water");
     EXPECT_EQ(OpenProject().GetLiquidCount(), 1u) << "the last one stays";

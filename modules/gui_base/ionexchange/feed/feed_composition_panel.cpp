@@ -267,8 +267,14 @@ void FeedCompositionPanel::CancelTextSearch()
     m_search->ChangeValue(wxString());
 }
 
-bool FeedCompositionPanel::FocusDetail(const std::string& key)
+bool FeedCompositionPanel::FocusDetail(const DetailAddress& address)
 {
+    const std::string& key = address.key;
+    if (address.entry >= 0) {
+        ShowEntry(static_cast<std::size_t>(address.entry));
+        m_feedGrid->SetFocus();
+        return true;
+    }
     if (key == "feed/ph" || key == "feed/adjust.ph") {
         m_tabs->SetSelection(0);
         m_adjustPh->SetFocus();

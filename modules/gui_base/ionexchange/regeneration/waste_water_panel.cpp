@@ -34,9 +34,10 @@ const std::span<const TvWasteWaterAndComposition::Row> TvWasteWaterAndCompositio
 
 TvWasteWaterAndComposition::TvWasteWaterAndComposition(iex::IEXProject* project, wxWindow* parent,
                                                        const std::vector<WasteData>& regenerants,
-                                                       const wxString& title)
-    : ModulePanelBase(project, parent), m_regenerants(regenerants), m_title(title)
+                                                       const wxString& title, std::size_t step)
+    : ModulePanelBase(project, parent), m_step(step), m_regenerants(regenerants), m_title(title)
 {
+    m_unknown.LoadGroup("step", "BASE");
     m_unknown.LoadGroup("stepcomp", "BASE");
     Create();
 }
@@ -55,9 +56,11 @@ TvValidatedDoubleTextCtrl* TvWasteWaterAndComposition::FindField(const std::stri
     return found == m_fields.end() ? nullptr : found->control;
 }
 
-DetailList& TvWasteWaterAndComposition::GetStep() const
+DetailList& TvWasteWaterAndComposition::GetStep()
 {
-    return static_cast<iex::IEXProject*>(GetProject())->GetStepDetails();
+    auto& project = static_cast<iex::IEXProject&>(*GetProject());
+    return m_step < project.NumberSteps() ? *project.GetStep(m_step).GetDetails()
+                                          : m_unknown;
 }
 
 void TvWasteWaterAndComposition::DoCreateControls()

@@ -20,9 +20,11 @@ class TvValidatedDoubleTextCtrl;
 class GUI_BASE_EXPORT TvWasteWaterAndComposition : public ModulePanelBase
 {
 public:
-    /// One entry of `regenerants` for each regenerant; `title` is a source text.
+    /// One entry of `regenerants` for each regenerant; `title` is a source text. `step` is the place of the
+    /// exchanger in its line; where there is none, every value is unknown.
     TvWasteWaterAndComposition(iex::IEXProject* project, wxWindow* parent,
-                               const std::vector<WasteData>& regenerants, const wxString& title);
+                               const std::vector<WasteData>& regenerants, const wxString& title,
+                               std::size_t step = 0);
     ~TvWasteWaterAndComposition() override;
 
     static constexpr int kStep = -1;
@@ -56,13 +58,14 @@ private:
         TvValidatedDoubleTextCtrl* control;
     };
 
-    DetailList& GetStep() const;
+    DetailList& GetStep();
     wxSizer* CreateSection(wxWindow* parent, const char* title, std::span<const Row> rows);
     wxSizer* CreateRegenerants(wxWindow* parent);
     void AddHead(wxWindow* parent, wxSizer& grid, const wxString& text, bool isNumber);
     void AddField(wxWindow* parent, wxSizer& grid, DetailList& details, const std::string& key,
                   const wxString& name, int regenerant = kStep);
 
+    std::size_t m_step;
     std::vector<WasteData> m_regenerants;
     wxString m_title;
     /// What regenerants without a calculation are bound to: every value unknown.

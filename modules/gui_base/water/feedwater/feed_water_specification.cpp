@@ -8,6 +8,7 @@
 #include "gui_base/support/accessibility.h"
 #include "gui_base/support/events.h"
 #include "gui_base/support/translation.h"
+#include "projectbase/project/project_edit.h"
 #include "projectbase/units/unit_system_manager.h"
 
 #include <wx/sizer.h>
@@ -165,23 +166,12 @@ void FeedWaterSpecification::TransferDetailToWindow()
 
 bool FeedWaterSpecification::TransferDetailsFromWindow()
 {
+    const ProjectEdit edit(*m_project);
     for (const Row& row : m_rows)
         row.field->TransferDataFromWindow();
-    FeedQuantities::Values before{};
-    for (std::size_t i = 0; i < before.size(); ++i)
-        before[i] = m_rows[i].detail->GetDoubleValue();
     bool changed = false;
     m_transfers.TransferFromWindow(wxString::FromUTF8(m_project->GetUnitSystemDisplay()), changed,
                                    kNoCurrency);
-    m_quantities.SetValues(before);
-    for (std::size_t i = 0; i < before.size(); ++i) {
-        DetailData& detail = *m_rows[i].detail;
-        if (detail.changed)
-            m_quantities.Edit(static_cast<FeedQuantities::Quantity>(i), detail.GetDoubleValue());
-    }
-    // What the user did not touch keeps every digit, whatever the displayed unit made of it.
-    for (std::size_t i = 0; i < before.size(); ++i)
-        m_rows[i].detail->SetValue(m_quantities.GetValues()[i]);
     return changed;
 }
 
@@ -191,7 +181,6 @@ void FeedWaterSpecification::OnCommit(wxCommandEvent&)
     TransferDetailToWindow();
     if (!changed)
         return;
-    m_project->SetChanged(true);
     events::SendEvent(GetParent(), tvCHANGE_EVENT, GetId(), 0, wxString());
 }
 
@@ -199,16 +188,6 @@ void FeedWaterSpecification::SetStatusBar(wxStatusBar* statusBar)
 {
     for (const Row& row : m_rows)
         row.field->SetStatusBar(statusBar);
-}
-
-std::vector<ModulePanelBase::RangeViolation> FeedWaterSpecification::GetRangeViolations() const
-{
-    std::vector<ModulePanelBase::RangeViolation> violations;
-    for (const Row& row : m_rows) {
-        if (row.detail->GetRangeFlag() != 0)
-            violations.push_back({row.field, row.detail});
-    }
-    return violations;
 }
 
 TvTextCtrl* FeedWaterSpecification::FindField(const std::string& key) const

@@ -2,7 +2,7 @@
 #pragma once
 
 /// How much feed water a plant treats: flow rate, running time, volume and number of lines, as details of the
-/// project. Flow rate, time and volume stay consistent, see FeedQuantities. A committed edit is stored, marks
+/// project, which keeps flow rate, time and volume consistent. A committed edit is stored, marks
 /// the project as changed and is told to the parent by one queued tvCHANGE_EVENT with the id of the block.
 /// The project is not owned and outlives the block.
 
@@ -44,7 +44,6 @@ public:
     bool TransferDetailsFromWindow();
 
     void SetStatusBar(wxStatusBar* statusBar);
-    std::vector<ModulePanelBase::RangeViolation> GetRangeViolations() const;
     /// The field of a detail of the project, or null.
     TvTextCtrl* FindField(const std::string& key) const;
     int GetLiquidIndex() const { return m_liquid; }
@@ -72,5 +71,4 @@ private:
     std::array<double, FeedQuantities::kCount> m_values{};
     long m_lines = 0;
     TransferContainer m_transfers;
-    FeedQuantities m_quantities;
 };

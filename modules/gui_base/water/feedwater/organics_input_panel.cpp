@@ -165,15 +165,12 @@ void OrganicsInputPanelController::TransferToView()
     m_panel->SetMedium(medium);
 }
 
-void OrganicsInputPanelController::OnChanged(wxCommandEvent& event)
+void OrganicsInputPanelController::OnChanged(wxCommandEvent&)
 {
+    // Another medium has brought its own density; one that was entered for the present medium stays.
     FeedMedium::Data medium = m_panel->GetMedium();
-    const DBObjects::FeedMedium record = MasterDatabase::GetFeedMedium(static_cast<int>(medium.id));
-    // Another medium brings its own density; one that was entered for the present medium stays.
-    if (record.id != -1 && event.GetEventObject() == m_panel->GetMediumChoice())
-        medium.density = record.density;
+    medium.density = m_project->LoadFeedMediumFromDetails().density;
     m_project->SaveFeedMediumToDetails(medium);
-    m_project->SetChanged(true);
     TransferToView();
     events::SendEvent(m_panel->GetParent(), tvCHANGE_EVENT, m_panel->GetId(), 0, wxString());
 }

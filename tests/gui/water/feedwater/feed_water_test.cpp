@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The blocks above the analysis of a feed water, and copying from one water to another.
+#include "projectbase/project/project_edit.h"
+#include "projectbase/project/range_faults.h"
 #include "gui_base/input/controls/tv_datepickerctrl.h"
 #include "gui_base/input/events.h"
 #include "gui_base/water/feedwater/comment_entry_dialog.h"
@@ -113,13 +115,12 @@ TEST_F(FeedWaterTest, ValuesOutOfRangeAreColouredAndReported)
 {
     Enter(Field("qbrutto"), "1000000");
     EXPECT_EQ(Value("qbrutto"), 1e6) << "never refused";
-    const auto violations = m_panel->GetRangeViolations();
-    ASSERT_EQ(violations.size(), 1u);
-    EXPECT_EQ(violations[0].window, &Field("qbrutto"));
-    EXPECT_TRUE(m_panel->FocusDetail("project/qbrutto"));
+    const auto faults = RangeFaults(m_project);
+    ASSERT_EQ(faults.size(), 1u);
+    EXPECT_TRUE(m_panel->FocusDetail(faults[0].address));
     EXPECT_TRUE(PumpUntil([this] { return Field("qbrutto").HasFocus(); }));
     Enter(Field("qbrutto"), "5");
-    EXPECT_TRUE(m_panel->GetRangeViolations().empty());
+    EXPECT_TRUE(RangeFaults(m_project).empty());
 }
 
 TEST_F(FeedWaterTest, OriginIsStoredAtOnce)
@@ -277,15 +278,15 @@ TEST_F(FeedWaterTest, ClipboardKeepsAWater)
 
 TEST_F(FeedWaterTest, AReplacedWaterIsShownAndCalculated)
 {
-    Water("na.orig").SetValue(23.0);
-    Water("cl.orig").SetValue(35.45);
-    Water("place").SetValue("Lyon");
-    m_panel->ShowReplacedWater();
-    Pump();
+    {
+        const ProjectEdit edit(m_project);
+        Water("na.orig").SetValue(23.0);
+        Water("cl.orig").SetValue(35.45);
+        Water("place").SetValue("Lyon");
+    }
     EXPECT_EQ(m_panel->FindField("liquid/na.orig")->GetValue(), "23");
     EXPECT_NEAR(Water("tds").GetDoubleValue(), 58.45, 0.1);
     EXPECT_EQ(Meta().GetCountryPlace().GetPlace()->GetValue(), "Lyon");
-    EXPECT_EQ(Notified(), 1);
 }
 
 }  // namespace

@@ -76,8 +76,9 @@ using WasteWaterTest = GuiTest;
 
 TEST_F(WasteWaterTest, ShowsWhatTheDesignKnows)
 {
-    iex::IEXProject project;
-    project.GetStepDetails().At("step/m.th").SetValue(12.5);
+    iex::IEXProject project("SOFT");
+    DetailList& step = *project.GetStep(0).GetDetails();
+    step.At("step/m.th").SetValue(12.5);
     auto acid = std::make_shared<DetailList>();
     acid->LoadGroup("stepcomp", "BASE");
     acid->At("stepcomp/rm").SetValue(80.0);
@@ -88,7 +89,7 @@ TEST_F(WasteWaterTest, ShowsWhatTheDesignKnows)
     EXPECT_FALSE(panel->FindField("step/m.th")->IsEditable());
     EXPECT_EQ(panel->FindField("stepcomp/rm", 0)->GetValue(), "80");
     EXPECT_EQ(panel->FindField("stepcomp/rm", 1)->GetValue(), "");
-    project.GetStepDetails().At("step/neutral").SetValue(3.0);
+    step.At("step/neutral").SetValue(3.0);
     project.SetUnitSystemDisplay("us");
     panel->UpdateUnits(true);
     EXPECT_EQ(panel->FindField("step/neutral")->GetValue(), "3");
