@@ -118,7 +118,8 @@ def main():
                 findings.setdefault((match["place"], match["check"]), text.rstrip())
             elif text.strip():
                 print(text.rstrip())
-    print("\n".join(findings.values()))
+    for text in findings.values():
+        print(text)
     faults = sum(check.endswith(AS_ERROR) for _, check in findings)
     print(f"clang-tidy read {len(reports)} of {len(sources)} sources that differ from {base[:10]}: {len(findings)} findings, "
           f"{faults} of them faults")
