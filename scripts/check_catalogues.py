@@ -7,7 +7,8 @@ check_catalogues.py --self-test checks the checker
 
 Faults are: a template that lacks texts of the sources or has texts that went away (update_catalogues.sh mends that);
 a text without a translation, or with a fuzzy one; a translation whose placeholders, final blanks or accelerator
-differ from the source's; two entries of one menu with the same accelerator.
+differ from the source's; two entries of one menu with the same accelerator; a catalogue whose head states no decimal
+sign, which the reports in its language have.
 """
 import gettext
 import re
@@ -27,12 +28,17 @@ MENU_TEXT = re.compile(r'Tr\("([^"]*&[^"]*)"\)')
 
 
 def compiled(catalogue):
-    """The translations of a .po file by source text; untranslated and fuzzy ones are not among them."""
+    """A .po file as the program reads it."""
     with tempfile.TemporaryDirectory() as folder:
         mo = Path(folder) / "texts.mo"
         subprocess.run(["msgfmt", "--check-domain", "-o", str(mo), str(catalogue)], check=True)
         with open(mo, "rb") as file:
-            return {source: text for source, text in gettext.GNUTranslations(file)._catalog.items() if source}
+            return gettext.GNUTranslations(file)
+
+
+def translations_of(compiled_catalogue):
+    """The translations by source text; untranslated and fuzzy ones are not among them."""
+    return {source: text for source, text in compiled_catalogue._catalog.items() if source}
 
 
 def template_texts(template):
@@ -40,7 +46,7 @@ def template_texts(template):
     with tempfile.TemporaryDirectory() as folder:
         filled = Path(folder) / "texts.po"
         subprocess.run(["msgen", "-o", str(filled), str(template)], check=True)
-        return set(compiled(filled))
+        return set(translations_of(compiled(filled)))
 
 
 def current_texts():
@@ -96,7 +102,10 @@ def check(folder, sources, menu_code):
     if not catalogues:
         faults.append(f"{folder}: no catalogue")
     for path in catalogues:
-        translations = compiled(path)
+        catalogue = compiled(path)
+        if catalogue.info().get("x-decimal-sign", "") not in (".", ","):
+            faults.append(f"{path.name}: the head states no X-Decimal-Sign")
+        translations = translations_of(catalogue)
         faults += [f"{path.name}: no translation of '{text}'" for text in sorted(sources - set(translations))]
         for source, text in sorted(translations.items()):
             faults += [f"{path.name}: '{source}' has {fault}" for fault in faults_of_entry(source, text)]
@@ -108,7 +117,7 @@ def po_entry(source, text, fuzzy=False):
     return ("#, fuzzy\n" if fuzzy else "") + f'msgid "{source}"\nmsgstr "{text}"\n\n'
 
 
-SELF_TEST_HEADER = 'msgid ""\nmsgstr "Content-Type: text/plain; charset=UTF-8\\n"\n\n'
+SELF_TEST_HEADER = 'msgid ""\nmsgstr "Content-Type: text/plain; charset=UTF-8\\nX-Decimal-Sign: ,\\n"\n\n'
 
 
 def self_test():
@@ -136,6 +145,10 @@ def self_test():
                 po_entry(s, t, fuzzy=s == "Na:") for s, t in entries.items()))
             if len(check(folder, set(entries) | {"new"}, menu)) != 3:
                 bad.append(name + " with a fuzzy and a new text")
+            (folder / "xx.po").write_text(SELF_TEST_HEADER.replace("X-Decimal-Sign: ,\\n", "") + "".join(
+                po_entry(s, t) for s, t in entries.items()))
+            if len(check(folder, set(entries), menu)) != 1:
+                bad.append(name + " without a decimal sign")
     print("\n".join(bad) or "the checker finds its faults")
     return 1 if bad else 0
 

@@ -14,7 +14,6 @@
 #include <wx/translation.h>
 
 #include <algorithm>
-#include <array>
 #include <ostream>
 #include <stdexcept>
 
@@ -38,9 +37,6 @@ constexpr const char* kUsage =
     "  --help                prints this text\n";
 
 constexpr const char* kProgram = "Tarnvik " TARNVIK_VERSION;
-
-/// Languages that write a decimal comma; all others a point.
-constexpr std::array<std::string_view, 1> kCommaLanguages{"de"};
 
 struct Options
 {
@@ -133,14 +129,13 @@ Options ParseOptions(const std::vector<std::string>& args)
     return options;
 }
 
+/// In the language in effect.
 ReportContext MakeContext(const Options& options, const Project& project)
 {
     ReportContext context;
     context.unitSystem = options.units.empty() ? project.GetUnitSystemDisplay() : options.units;
     context.language = options.language;
-    const bool comma =
-        std::find(kCommaLanguages.begin(), kCommaLanguages.end(), options.language) != kCommaLanguages.end();
-    context.separators.decimal.assign(1, comma ? ',' : '.');
+    context.separators.decimal = DecimalSign();
     context.translate = [](const char* source) {
         const wxString text = wxString::FromUTF8(source);
         const wxTranslations* catalogue = wxTranslations::Get();

@@ -55,6 +55,14 @@ void SwitchLanguage(const wxString& code)
     g_current = code;
 }
 
+std::string DecimalSign()
+{
+    const wxTranslations* catalogue = wxTranslations::Get();
+    const wxString sign =
+        catalogue == nullptr ? wxString() : catalogue->GetHeaderValue("X-Decimal-Sign", kDomain);
+    return sign.empty() ? "." : sign.utf8_string();
+}
+
 wxString CurrentLanguage()
 {
     return g_current;

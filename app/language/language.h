@@ -6,6 +6,7 @@
 
 #include <wx/string.h>
 
+#include <string>
 #include <vector>
 
 namespace app {
@@ -22,6 +23,10 @@ std::vector<Language> AvailableLanguages();
 /// Loads the catalogue of `code`; without one the texts stay in English. Whoever shows texts localises
 /// afterwards.
 void SwitchLanguage(const wxString& code);
+
+/// The decimal sign of the language in effect, as its catalogue states it: for what is written in a language
+/// that need not be the user's own. A point in English.
+std::string DecimalSign();
 
 /// Code of the language in effect.
 wxString CurrentLanguage();

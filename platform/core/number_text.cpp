@@ -103,7 +103,7 @@ std::string Format(double value, const Style& style, const Separators& separator
 
 std::string Trim(std::string_view text)
 {
-    const auto strip = [&text](auto matches, auto remove) {
+    const auto strip = [](auto matches, auto remove) {
         for (std::string_view blank : {std::string_view(" "), std::string_view("\t"), std::string_view("\n"),
                                        std::string_view("\r"), kNoBreakSpace, kNarrowNoBreakSpace}) {
             if (matches(blank)) {

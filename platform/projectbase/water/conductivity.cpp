@@ -20,11 +20,12 @@ using ions::Conductance;
 /// At that temperature, S cm²/eq.
 double ConductanceAt(const Conductance& conductance, double celsius, double fluidity)
 {
-    const auto& [at25, a, b, c] = conductance;
-    if (c == 0.0)
-        return at25 * fluidity;
-    const auto shape = [a, b, c](double t) { return (a * t + b) * t + c; };
-    return at25 * shape(celsius) / shape(25.0);
+    if (conductance.c == 0.0)
+        return conductance.at25 * fluidity;
+    const auto shape = [&conductance](double t) {
+        return (conductance.a * t + conductance.b) * t + conductance.c;
+    };
+    return conductance.at25 * shape(celsius) / shape(25.0);
 }
 
 // In the order of IonPair; those of the carbonate pairs are estimates.
