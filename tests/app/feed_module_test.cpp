@@ -46,7 +46,7 @@ protected:
     }
 
     FeedCompositionPanel& Panel() { return *m_frame->GetFeedPanel(); }
-    FeedCompositionGrid& Grid() { return Panel().GetFeedGrid(); }
+    FeedCompositionGrid& Grid() { return gui_test::Find<FeedCompositionGrid>(Panel()); }
     void ShowModule()
     {
         AuiNotebook& pages = m_frame->GetNotebook();
