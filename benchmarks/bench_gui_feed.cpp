@@ -123,7 +123,6 @@ void BM_EditOneOfThousand(benchmark::State& state)
             composition.SetFeed(static_cast<std::size_t>(i), FeedComposition::Unit::MgPerLitre, 1.0 + i % 7);
     }
     module.project.SaveFeedCompositionToDetails(composition);
-    module.controller->ReloadComposition();
     wxYield();
     auto& grid = *dynamic_cast<FeedCompositionGrid*>(wxWindow::FindWindowByName("Feed", module.view));
     auto& total = *dynamic_cast<wxTextCtrl*>(wxWindow::FindWindowByName("Total, mg/l", module.view));

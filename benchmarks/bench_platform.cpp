@@ -2,8 +2,9 @@
 // What the platform adds to start, edit and save.
 #include "projectbase/project/iex_project.h"
 #include "projectbase/project/project_file.h"
-#include "projectbase/project/undo_redo_detail_stack.h"
 #include "projectbase/units/unit_system_manager.h"
+
+#include "tests/support/project_history.h"
 
 #include <benchmark/benchmark.h>
 
@@ -34,15 +35,23 @@ void BM_UndoStepOfOneEdit(benchmark::State& state)
 {
     iex::IEXProject project;
     DetailData& sodium = project.GetLiquid(0).GetDetails()->At("liquid/na.orig");
-    UndoRedoDetailStack stack(project);
+    support::History history(project);
     double value = 0.0;
-    for (auto _ : state) {
-        const DetailSnapshot before(project);
+    for (auto _ : state)
         sodium.SetValue(value += 1.0);
-        stack.Push(before.ChangesSince(project));
-    }
 }
 BENCHMARK(BM_UndoStepOfOneEdit);
+
+/// A copy of a demineralisation with a sequence of ten rows, as the what-if analysis takes it.
+void BM_CloneProject(benchmark::State& state)
+{
+    iex::IEXProject project("DEMI");
+    for (int i = 0; i < 10; ++i)
+        project.AddOwner(project.GetStep(0), OwnerKind::SequenceRow);
+    for (auto _ : state)
+        benchmark::DoNotOptimize(project.Clone());
+}
+BENCHMARK(BM_CloneProject)->Unit(benchmark::kMicrosecond);
 
 void BM_SaveProject(benchmark::State& state)
 {

@@ -3,6 +3,7 @@
 include(TarnvikWx)
 
 find_package(fmt REQUIRED)
+find_package(nlohmann_json REQUIRED)
 find_package(Boost REQUIRED)
 find_package(SQLite3 REQUIRED)
 find_package(PkgConfig REQUIRED)
@@ -21,3 +22,20 @@ foreach(part core sqlite3 postgresql)
   endif()
 endforeach()
 target_link_libraries(soci::postgresql INTERFACE PkgConfig::libpq)
+
+# What most sources include, by what they may use: the standard library, the toolkit without windows, the toolkit.
+set(standard_headers <algorithm> <array> <cmath> <cstdint> <filesystem> <functional> <map> <memory> <optional> <stdexcept>
+                     <string> <string_view> <vector> <fmt/format.h>)
+set(wx_base_headers ${standard_headers} <wx/string.h> <wx/datetime.h> <wx/translation.h>)
+set(wx_headers ${wx_base_headers} <wx/wx.h>)
+tarnvik_precompiled_headers(standard LIBS fmt::fmt HEADERS ${standard_headers})
+tarnvik_precompiled_headers(wx_base LIBS fmt::fmt wx::base HEADERS ${wx_base_headers})
+tarnvik_precompiled_headers(wx LIBS fmt::fmt wx::gui HEADERS ${wx_headers})
+if(TARNVIK_TESTS)
+  find_package(GTest REQUIRED)
+  set(test_headers <gtest/gtest.h> <gmock/gmock.h> <fstream> <sstream>)
+  tarnvik_precompiled_headers(test UNOPTIMIZED LIBS fmt::fmt wx::base GTest::gtest GTest::gmock
+                              HEADERS ${wx_base_headers} ${test_headers})
+  tarnvik_precompiled_headers(gui_test UNOPTIMIZED LIBS fmt::fmt wx::gui GTest::gtest GTest::gmock
+                              HEADERS ${wx_headers} ${test_headers})
+endif()

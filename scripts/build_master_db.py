@@ -2,11 +2,12 @@
 # SPDX-License-Identifier: MIT
 """Builds the master database that the program reads at run time.
 
-build_master_db.py OUTPUT CSV_DIR --waters FILE [--iso-codes DIR] [--locales DIR]
+build_master_db.py OUTPUT CSV_DIR --ions FILE --waters FILE [--iso-codes DIR] [--locales DIR]
 
-CSV_DIR holds details.csv, ions.csv, elements.csv, alkalizing_agents.csv, compounds.csv, feed_mediums.csv and
-water_types.csv; FILE the waters of the library. Countries and currencies come from the iso-codes package: their codes from its JSON files, their translated names from its message catalogues. The output is replaced as a whole or
-not at all, and equal inputs give equal bytes.
+CSV_DIR holds details.csv, elements.csv, alkalizing_agents.csv, compounds.csv, feed_mediums.csv, organics.csv, plants.csv
+and water_types.csv; the files are the rows of an analysis as list_ions writes them, and the waters of the library. Countries
+and currencies come from the iso-codes package: their codes from its JSON files, their translated names from its message
+catalogues. The output is replaced as a whole or not at all, and equal inputs give equal bytes.
 """
 import argparse
 import csv
@@ -20,7 +21,7 @@ import tempfile
 from pathlib import Path
 
 APPLICATION_ID = 0x54564D44  # "TVMD"
-SCHEMA_VERSION = 6
+SCHEMA_VERSION = 7
 ROLES = {"input", "derived"}
 TYPES = {"double", "long", "bool", "date", "string"}
 # Columns of the waters that are details by another name; a column that bears the name of an ion is its amount in mg/l.
@@ -31,8 +32,9 @@ WATER_COLUMNS = {
 }
 # Kinds of compounds in the order of their numbers.
 ACID_BASE = ("neutral", "strong acid", "weak acid", "strong base", "weak base")
+EXCHANGERS = {"SAC_NA", "SAC_H", "WAC_H", "WBA", "SBA", "MB", "DEGAS"}
 NO_COUNTRY = "International"
-# Which rows of ions.csv a placeholder in a detail's key stands for.
+# Which kinds of ions a placeholder in a detail's key stands for.
 KEY_PLACEHOLDERS = {
     "{ion}": {"cation", "anion"},
     "{named}": {"named cation", "named anion"},
@@ -42,7 +44,7 @@ KEY_PLACEHOLDERS = {
 SCHEMA = """
 CREATE TABLE detail (grp TEXT NOT NULL, variant TEXT NOT NULL, name TEXT NOT NULL, derived INTEGER NOT NULL,
     type TEXT NOT NULL, unit TEXT NOT NULL, min_value REAL, max_value REAL, limit_unit TEXT NOT NULL,
-    default_value TEXT NOT NULL,
+    default_value TEXT NOT NULL, label TEXT NOT NULL,
     PRIMARY KEY (grp, variant, name)) WITHOUT ROWID;
 CREATE TABLE ion (id INTEGER PRIMARY KEY, name TEXT NOT NULL UNIQUE, symbol TEXT NOT NULL, label TEXT NOT NULL,
     charge INTEGER NOT NULL, kind TEXT NOT NULL);
@@ -65,6 +67,10 @@ CREATE TABLE compound (id INTEGER PRIMARY KEY, base_element TEXT NOT NULL, name 
 CREATE TABLE feed_medium (id INTEGER PRIMARY KEY, name TEXT NOT NULL UNIQUE, density REAL NOT NULL);
 CREATE TABLE feed_medium_usage (medium_id INTEGER NOT NULL, module TEXT NOT NULL, usage TEXT NOT NULL,
     PRIMARY KEY (module, usage, medium_id)) WITHOUT ROWID;
+-- The exchangers of a plant in flow order; an optional one may be left out.
+CREATE TABLE plant_type (id INTEGER PRIMARY KEY, type TEXT NOT NULL UNIQUE, name TEXT NOT NULL);
+CREATE TABLE plant_exchanger (type TEXT NOT NULL, position INTEGER NOT NULL, kind TEXT NOT NULL,
+    optional INTEGER NOT NULL, PRIMARY KEY (type, position)) WITHOUT ROWID;
 CREATE TABLE organic (id INTEGER PRIMARY KEY, code TEXT NOT NULL UNIQUE, label TEXT NOT NULL, acidity REAL NOT NULL,
     carbon REAL NOT NULL);
 CREATE TABLE water_type (id INTEGER PRIMARY KEY, code TEXT NOT NULL UNIQUE, description TEXT NOT NULL);
@@ -111,15 +117,17 @@ def check_default(kind, text, where):
         sys.exit(f"{where}: default '{text}' is no bool")
 
 
-def expand_key(key, ions):
+def expand_key(key, label, ions):
+    """The keys that a row stands for, each with its label."""
     for placeholder, kinds in KEY_PLACEHOLDERS.items():
         if placeholder in key:
-            return [key.replace(placeholder, ion["key"]) for ion in ions if ion["kind"] in kinds]
-    return [key]
+            return [(key.replace(placeholder, ion["key"]), label.replace("{name}", ion["name"]))
+                    for ion in ions if ion["kind"] in kinds]
+    return [(key, label)]
 
 
 def fill_details(db, csv_dir, ions):
-    columns = ("group", "variant", "key", "role", "type", "unit", "min", "max", "limit_unit", "default")
+    columns = ("group", "variant", "key", "role", "type", "unit", "min", "max", "limit_unit", "default", "label")
     for where, row in read_csv(csv_dir / "details.csv", columns):
         if row["type"] not in TYPES:
             sys.exit(f"{where}: unknown type '{row['type']}'")
@@ -129,11 +137,11 @@ def fill_details(db, csv_dir, ions):
         if low is not None and high is not None and low > high:
             sys.exit(f"{where}: the minimum lies above the maximum")
         check_default(row["type"], row["default"], where)
-        for key in expand_key(row["key"], ions):
+        for key, label in expand_key(row["key"], row["label"], ions):
             try:
-                db.execute("INSERT INTO detail VALUES (?,?,?,?,?,?,?,?,?,?)",
+                db.execute("INSERT INTO detail VALUES (?,?,?,?,?,?,?,?,?,?,?)",
                            (row["group"], row["variant"], key, row["role"] == "derived", row["type"], row["unit"],
-                            low, high, row["limit_unit"], row["default"]))
+                            low, high, row["limit_unit"], row["default"], label))
             except sqlite3.IntegrityError:
                 sys.exit(f"{where}: '{key}' is there already")
 
@@ -207,12 +215,27 @@ def fill_compounds(db, csv_dir):
             sys.exit(f"{where}: '{row['name']}' is there already")
 
 
-def fill_feed_mediums(db, csv_dir):
+def fill_feed_mediums(db, csv_dir, plants):
     rows = read_csv(csv_dir / "feed_mediums.csv", ("name", "density", "usages"))
     for identifier, (where, row) in enumerate(rows, start=1):
         db.execute("INSERT INTO feed_medium VALUES (?,?,?)", (identifier, row["name"], number(row["density"], where)))
         db.executemany("INSERT INTO feed_medium_usage VALUES (?,?,?)",
-                       [(identifier, "iex", usage) for usage in row["usages"].split()])
+                       [(identifier, plant, usage) for plant in plants for usage in row["usages"].split()])
+
+
+def fill_plants(db, csv_dir):
+    """Returns the types."""
+    types = []
+    for identifier, (where, row) in enumerate(read_csv(csv_dir / "plants.csv", ("type", "name", "exchangers")), start=1):
+        db.execute("INSERT INTO plant_type VALUES (?,?,?)", (identifier, row["type"], row["name"]))
+        for position, word in enumerate(row["exchangers"].split()):
+            kind = word.removesuffix("?")
+            if kind not in EXCHANGERS:
+                sys.exit(f"{where}: unknown exchanger '{kind}'")
+            db.execute("INSERT INTO plant_exchanger VALUES (?,?,?,?)",
+                       (row["type"], position, kind, kind != word))
+        types.append(row["type"])
+    return types
 
 
 def fill_organics(db, csv_dir):
@@ -289,7 +312,7 @@ def build(path, arguments):
     db.execute(f"PRAGMA application_id = {APPLICATION_ID}")
     db.execute(f"PRAGMA user_version = {SCHEMA_VERSION}")
     db.executescript(SCHEMA)
-    ions = [row for _, row in read_csv(arguments.csv_dir / "ions.csv", ("key", "symbol", "name", "charge", "kind"))]
+    ions = [row for _, row in read_csv(arguments.ions, ("key", "symbol", "name", "charge", "kind"))]
     fill_ions(db, ions)
     fill_details(db, arguments.csv_dir, ions)
     fill_elements(db, arguments.csv_dir)
@@ -301,7 +324,7 @@ def build(path, arguments):
         fill_iso_codes(db, table, entries, arguments.locales, domain)
     fill_alkalizing_agents(db, arguments.csv_dir, ions)
     fill_compounds(db, arguments.csv_dir)
-    fill_feed_mediums(db, arguments.csv_dir)
+    fill_feed_mediums(db, arguments.csv_dir, fill_plants(db, arguments.csv_dir))
     fill_organics(db, arguments.csv_dir)
     fill_water_types(db, arguments.csv_dir)
     fill_waters(db, arguments.waters, ions)
@@ -314,6 +337,7 @@ def main():
     parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
     parser.add_argument("output", type=Path)
     parser.add_argument("csv_dir", type=Path)
+    parser.add_argument("--ions", type=Path, required=True)
     parser.add_argument("--waters", type=Path, required=True)
     parser.add_argument("--iso-codes", type=Path, default=Path("/usr/share/iso-codes/json"))
     parser.add_argument("--locales", type=Path, default=Path("/usr/share/locale"))

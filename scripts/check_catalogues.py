@@ -18,7 +18,7 @@ import tempfile
 from pathlib import Path
 
 ROOT = Path(__file__).resolve().parent.parent
-MENUS = ROOT / "app/frame/main_frame_menus.cpp"
+MENUS = ROOT / "app/frame/menu_table.cpp"
 
 PLACEHOLDER = re.compile(r"%(?:\d+\$)?[-+ #0]*\d*(?:\.\d+)?(?:l|ll|z)?[a-zA-Z%]|\{\w*\}")
 ACCELERATOR = re.compile(r"&(\w)")

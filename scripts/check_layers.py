@@ -63,8 +63,11 @@ stack("graphics", below=INPUT, also={WXCHARTDIR, CHARTDIR})
 stack("network", below=INPUT, also={WXCURL})
 EVERYTHING = stack("water/library", "water/tools", "water/analysis", "water/feedwater", "ionexchange", below=INPUT | BESIDE, also={WXCHARTDIR})
 LAYERS["app"] = EVERYTHING | {CHARTDIR, WXCURL, LANGUAGE, "app/command_line"}
+# What a module is, without the windows of its pages.
+LAYERS["app/modules/base"] = MODEL | {PRINTOUT}
+LAYERS["app"] |= {"app/modules/base"}
 # What runs without a display.
-LAYERS["app/command_line"] = MODEL | {REPORT, CHARTDIR, PRINTOUT, LANGUAGE}
+LAYERS["app/command_line"] = MODEL | {REPORT, CHARTDIR, PRINTOUT, LANGUAGE, "app/modules/base"}
 
 # System headers that a layer must not use.
 FORBIDDEN_SYSTEM = {CORE: r"wx/", DBINTERFACES: r"wx/", CHARTDIR: r"wx/", REPORT: r"wx/",

@@ -11,12 +11,13 @@ temporary="$(mktemp -d)"
 trap 'rm -rf "$temporary"' EXIT
 cd "$root"
 
-# The header of the template, and texts that stand in data: kinds and categories of waters, names of ions, agents and
-# organics, elements, categories of compounds, feed mediums.
-python3 - resources/examples/waters.csv:kind,category resources/master/ions.csv:name \
+# The header of the template, and texts that stand in data: kinds and categories of waters, names of agents and
+# organics, elements, categories of compounds, feed mediums, names of details.
+python3 - resources/examples/waters.csv:kind,category \
     resources/master/water_types.csv:description resources/master/alkalizing_agents.csv:name \
     resources/master/organics.csv:label resources/master/elements.csv:name,class,state_25c \
-    resources/master/compounds.csv:category resources/master/feed_mediums.csv:name >"$temporary/header.pot" <<'PYTHON'
+    resources/master/compounds.csv:category resources/master/feed_mediums.csv:name \
+    resources/master/details.csv:label >"$temporary/header.pot" <<'PYTHON'
 import csv
 import sys
 
@@ -34,7 +35,7 @@ for argument in sys.argv[1:]:
     path, columns = argument.split(":")
     with open(path, encoding="utf-8", newline="") as file:
         for row in csv.DictReader(file):
-            for text in filter(None, map(row.get, columns.split(","))):
+            for text in filter(lambda text: text and "{" not in text, map(row.get, columns.split(","))):
                 places.setdefault(text, set()).add(path)
 for text, paths in sorted(places.items()):
     print("\n".join(f"#: {path}" for path in sorted(paths)) + f'\nmsgid "{text}"\nmsgstr ""\n')
@@ -44,7 +45,7 @@ PYTHON
 find app modules platform -name '*.cpp' -o -name '*.h' | LC_ALL=C sort |
     xgettext --files-from=- --output="$temporary/sources.pot" --language=C++ --from-code=UTF-8 \
         --package-name=tarnvik --add-location=file --add-comments=TRANSLATORS \
-        --keyword --keyword=wxTRANSLATE --keyword=Translated --keyword=Tr --keyword=AddLabel:2 \
+        --keyword --keyword=wxTRANSLATE --keyword=SourceText --keyword=Translated --keyword=Tr --keyword=AddLabel:2 \
         --keyword=TvStaticBoxSizer:3 --keyword=TvCheckBox:3 --keyword=TvRadioButton:3 --keyword=TvButton:3 \
         --keyword=TvStaticText:3 --keyword=SetTranslatableToolTip --keyword=SetTranslatableHint --keyword=CreateButtons:3
 msgcat --use-first --sort-output "$temporary/header.pot" "$temporary/sources.pot" >"$folder/tarnvik.pot"

@@ -2,6 +2,7 @@
 #include "app/command_line/calc_command.h"
 
 #include "app/command_line/project_output.h"
+#include "app/command_line/project_source.h"
 #include "app/command_line/project_setting.h"
 #include "projectbase/project/project.h"
 #include "projectbase/project/project_file.h"
@@ -15,15 +16,18 @@ namespace app {
 namespace {
 
 constexpr const char* kUsage =
-    "usage: tarnvik calc FILE [--set [WATER:]KEY=VALUE[UNIT]]... [--json]\n"
+    "usage: tarnvik calc FILE [--set [OWNER:]KEY=VALUE[UNIT]]... [--json]\n"
     "\n"
     "Calculates the project in FILE and prints the results. FILE is not changed.\n"
     "\n"
     "  --set na=12mg/l       sets a value first; the number has a decimal point.\n"
     "                        An empty value means that it is not known.\n"
-    "        1:ph=7.4        ... of the second water; without a number it is the first\n"
+    "        water.2:ph=7.4  ... of the second water; without an owner it is the first\n"
+    "        ex.1.comp.1:level=80\n"
+    "                        ... of a part of the plant: exchanger, compartment, row\n"
     "        balance.auto=true\n"
-    "  --json                prints everything the project knows, in ISO units\n"
+    "  --json                prints everything the project knows, in ISO units; FILE may\n"
+    "                        be such a text\n"
     "  --help                prints this text\n";
 
 struct Options
@@ -72,12 +76,11 @@ Options ParseOptions(const std::vector<std::string>& args)
 
 void Calculate(const Options& options, std::ostream& out, std::ostream& err)
 {
-    const auto project = ProjectFile::Load(options.file);
+    const auto project = LoadProject(options.file);
     project->GetLogger().SetSink(
         [&err](const Logger::Entry& entry) { err << "tarnvik: " << entry.text << '\n'; });
     for (const std::string& text : options.settings)
         ApplySetting(*project, ParseSetting(text));
-    project->CalculateDesign();
     for (const std::string& warning : RangeWarnings(*project))
         err << "tarnvik: warning: " << warning << '\n';
     if (options.json)

@@ -2,8 +2,11 @@
 #include "app/command_line/project_output.h"
 
 #include "dbinterfaces/master_database.h"
+#include "gui_base/report/range_sentence.h"
 #include "projectbase/details/detail_display.h"
 #include "projectbase/project/project.h"
+#include "projectbase/project/project_json.h"
+#include "projectbase/project/range_faults.h"
 
 #include <fmt/format.h>
 #include <fmt/ostream.h>
@@ -71,73 +74,19 @@ void PrintSummary(const DetailList& details, const std::string& unitSystem, std:
     }
 }
 
-std::string Quoted(const std::string& utf8)
+/// English, ISO units, a decimal point.
+ReportContext PlainContext()
 {
-    std::string text = "\"";
-    for (const char c : utf8) {
-        if (c == '"' || c == '\\')
-            text += {'\\', c};
-        else if (static_cast<unsigned char>(c) < 0x20)
-            text += fmt::format("\\u{:04x}", static_cast<unsigned>(c));
-        else
-            text += c;
-    }
-    return text + '"';
+    return {};
 }
 
-std::string JsonValue(const DetailData& detail)
+/// "water.1:liquid/ph", "project/qbrutto", "feedcompound.3:feedcompound/conc.meql".
+std::string AddressText(const DetailAddress& address, const Project& project)
 {
-    switch (detail.GetType()) {
-        case DetailType::Double:
-            return std::isfinite(detail.GetDoubleValue()) ? fmt::format("{}", detail.GetDoubleValue())
-                                                          : "null";
-        case DetailType::Long:
-        case DetailType::Bool:
-            return detail.GetValueAsString().utf8_string();
-        case DetailType::Date:
-            return detail.GetDateValue().IsValid() ? Quoted(detail.GetValueAsString().utf8_string()) : "null";
-        case DetailType::String:
-            break;
-    }
-    return Quoted(detail.GetStdStringValue());
-}
-
-/// A value that is typed in a unit of choice has that unit.
-std::string JsonUnit(const DetailList& details, const std::string& name, const DetailData& detail)
-{
-    if (!name.ends_with(".orig"))
-        return detail.GetUnit();
-    const DetailData* unit = details.GetDetail(name.substr(0, name.size() - 5) + ".unit");
-    return unit == nullptr ? detail.GetUnit() : unit->GetStdStringValue();
-}
-
-void PrintJsonDetails(const DetailList& details, const std::string& indent, std::ostream& out)
-{
-    const char* separator = "";
-    out << '{';
-    for (const auto& [name, detail] : details) {
-        const std::string unit = JsonUnit(details, name, detail);
-        out << separator << '\n' << indent << "  " << Quoted(name) << ": {\"value\": " << JsonValue(detail);
-        if (!unit.empty())
-            out << ", \"unit\": " << Quoted(unit);
-        out << '}';
-        separator = ",";
-    }
-    out << '\n' << indent << '}';
-}
-
-void AddWarnings(const DetailList& details, const std::string& where, std::vector<std::string>& warnings)
-{
-    for (const auto& [name, detail] : details) {
-        const double value = detail.GetDoubleValue();
-        const bool below = detail.HasMinValue() && value < detail.GetMinValue();
-        const bool above = detail.HasMaxValue() && value > detail.GetMaxValue();
-        if (!below && !above)
-            continue;
-        warnings.push_back(
-            fmt::format("{}{} is {}, {} its limit of {} {}", where, name, value, below ? "below" : "above",
-                        below ? detail.GetMinValue() : detail.GetMaxValue(), detail.GetLimitUnit()));
-    }
+    std::string path = project.PathOf(address.owner);
+    if (address.entry >= 0)
+        path = address.key.substr(0, address.key.find('/')) + "." + std::to_string(address.entry + 1);
+    return path.empty() ? address.key : path + ":" + address.key;
 }
 
 }  // namespace
@@ -154,26 +103,19 @@ void PrintTable(const Project& project, std::ostream& out)
 
 void PrintJson(const Project& project, const std::string& file, std::ostream& out)
 {
-    out << "{\n  \"file\": " << Quoted(file) << ",\n  \"module\": " << Quoted(project.GetModuleType())
-        << ",\n  \"project\": ";
-    PrintJsonDetails(project.GetDetails(), "  ", out);
-    out << ",\n  \"liquids\": [";
-    for (std::size_t i = 0; i < project.GetLiquidCount(); ++i) {
-        const LiquidData& liquid = project.GetLiquid(i);
-        out << (i == 0 ? "\n" : ",\n") << "    {\n      \"name\": " << Quoted(liquid.GetName())
-            << ",\n      \"details\": ";
-        PrintJsonDetails(*liquid.GetDetails(), "      ", out);
-        out << "\n    }";
+    std::vector<JsonMessage> messages;
+    for (const RangeFault& fault : RangeFaults(project)) {
+        messages.push_back({AddressText(fault.address, project), RangeSentence(fault, project, PlainContext()),
+                            fault.value, fault.limit});
     }
-    out << "\n  ]\n}\n";
+    out << ProjectToJson(project, file, messages);
 }
 
 std::vector<std::string> RangeWarnings(const Project& project)
 {
     std::vector<std::string> warnings;
-    AddWarnings(project.GetDetails(), "", warnings);
-    for (std::size_t i = 0; i < project.GetLiquidCount(); ++i)
-        AddWarnings(*project.GetLiquid(i).GetDetails(), fmt::format("water {}: ", i), warnings);
+    for (const RangeFault& fault : RangeFaults(project))
+        warnings.push_back(RangeSentence(fault, project, PlainContext()));
     return warnings;
 }
 

@@ -14,8 +14,7 @@ namespace app {
 /// One table for each water, in the unit system of the project. What is not known is shown as a dash.
 void PrintTable(const Project& project, std::ostream& out);
 
-/// Every detail in ISO units, in the order of the names, with doubles in the shortest form that reads back as
-/// the same value. What is not known is null.
+/// See ProjectToJson.
 void PrintJson(const Project& project, const std::string& file, std::ostream& out);
 
 /// One sentence for each value that lies outside its limits.

@@ -3,6 +3,7 @@
 
 #include "core/ion_units.h"
 #include "projectbase/project/project.h"
+#include "projectbase/project/project_edit.h"
 #include "projectbase/units/temperature.h"
 #include "projectbase/units/unit_system_manager.h"
 
@@ -11,6 +12,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <cctype>
 #include <cmath>
 #include <limits>
 
@@ -76,24 +78,85 @@ struct Target
     DetailData* detail = nullptr;
 };
 
+/// What the keys of an owner begin with.
+std::string_view PrefixOf(OwnerKind kind)
+{
+    switch (kind) {
+        case OwnerKind::Project:
+            return "project/";
+        case OwnerKind::Water:
+            return "liquid/";
+        case OwnerKind::Exchanger:
+            return "step/";
+        case OwnerKind::Compartment:
+            return "stepcomp/";
+        case OwnerKind::Resin:
+            return "compcomp/";
+        case OwnerKind::SequenceRow:
+            break;
+    }
+    return "regseqstep/";
+}
+
+/// Whether a text has the form of an owner: "1", or "ex.1.comp.2", whatever the project has.
+bool IsOwnerText(std::string_view text)
+{
+    const auto all = [](std::string_view part, int (*is)(int)) {
+        return !part.empty() && std::all_of(part.begin(), part.end(), [is](char c) {
+            return is(static_cast<unsigned char>(c)) != 0;
+        });
+    };
+    if (text.empty() || all(text, std::isdigit))
+        return !text.empty();
+    while (!text.empty()) {
+        const auto word = text.find('.');
+        const auto end = word == std::string_view::npos ? word : text.find('.', word + 1);
+        if (word == std::string_view::npos || !all(text.substr(0, word), std::isalpha) ||
+            !all(text.substr(word + 1, end - word - 1), std::isdigit))
+            return false;
+        text.remove_prefix(end == std::string_view::npos ? text.size() : end + 1);
+        if (end != std::string_view::npos && text.empty())
+            return false;
+    }
+    return true;
+}
+
+/// The owner that a setting names; the first water where it names none.
+OwnerNode& FindOwner(Project& project, const std::string& owner)
+{
+    std::size_t number = 0;
+    const char* const end = owner.data() + owner.size();
+    const auto parsed = std::from_chars(owner.data(), end, number);
+    const bool isNumber = owner.empty() || (parsed.ec == std::errc() && parsed.ptr == end);
+    if (isNumber) {
+        if (number >= project.GetLiquidCount())
+            throw SettingError(
+                fmt::format("there is no water {}: the project has {}", number, project.GetLiquidCount()));
+        return project.GetLiquid(number);
+    }
+    OwnerNode* found = project.FindOwner(owner);
+    if (found == nullptr)
+        throw SettingError(fmt::format("there is no '{}' in the project", owner));
+    return *found;
+}
+
 Target FindTarget(Project& project, const ProjectSetting& setting)
 {
-    if (DetailData* detail = project.GetDetails().GetDetail(setting.key))
-        return {&project.GetDetails(), setting.key, detail};
-    if (setting.liquid >= project.GetLiquidCount()) {
-        throw SettingError(fmt::format("there is no water {}: the project has {}", setting.liquid,
-                                       project.GetLiquidCount()));
+    if (setting.owner.empty()) {
+        if (DetailData* detail = project.GetDetails().GetDetail(setting.key))
+            return {&project.GetDetails(), setting.key, detail};
     }
-    DetailList* list = project.GetLiquid(setting.liquid).GetDetails();
-    std::string name = setting.key.starts_with("liquid/") ? setting.key : "liquid/" + setting.key;
+    OwnerNode& owner = FindOwner(project, setting.owner);
+    DetailList* list = owner.GetDetails();
+    const std::string_view prefix = PrefixOf(owner.GetKind());
+    std::string name =
+        setting.key.find('/') != std::string::npos ? setting.key : std::string(prefix) + setting.key;
     // "temp" stands for what is typed, not for the temperature in °C that follows from it.
     if (DetailData* typed = list->GetDetail(name + std::string(kOrig)))
         return {list, name + std::string(kOrig), typed};
     DetailData* detail = list->GetDetail(name);
     if (detail == nullptr)
         throw SettingError(fmt::format("there is no value '{}'", setting.key));
-    if (detail->IsDerived())
-        throw SettingError(fmt::format("'{}' is calculated and cannot be set", setting.key));
     return {list, name, detail};
 }
 
@@ -159,14 +222,13 @@ ProjectSetting ParseSetting(const std::string& text)
     const auto equals = text.find('=');
     if (equals == std::string::npos || equals == 0)
         throw SettingError(fmt::format("'{}' is not of the form KEY=VALUE", text), true);
-    ProjectSetting setting{.liquid = 0, .key = text.substr(0, equals), .value = text.substr(equals + 1)};
+    ProjectSetting setting{.owner = {}, .key = text.substr(0, equals), .value = text.substr(equals + 1)};
     const auto colon = setting.key.find(':');
     if (colon == std::string::npos)
         return setting;
-    const char* const end = setting.key.data() + colon;
-    const auto parsed = std::from_chars(setting.key.data(), end, setting.liquid);
-    if (parsed.ec != std::errc() || parsed.ptr != end || colon + 1 == setting.key.size())
-        throw SettingError(fmt::format("'{}' is not of the form WATER:KEY=VALUE", text), true);
+    if (!IsOwnerText(setting.key.substr(0, colon)) || colon + 1 == setting.key.size())
+        throw SettingError(fmt::format("'{}' is not of the form OWNER:KEY=VALUE", text), true);
+    setting.owner = setting.key.substr(0, colon);
     setting.key.erase(0, colon + 1);
     return setting;
 }
@@ -174,6 +236,9 @@ ProjectSetting ParseSetting(const std::string& text)
 void ApplySetting(Project& project, const ProjectSetting& setting)
 {
     const Target target = FindTarget(project, setting);
+    if (target.detail->IsDerived())
+        throw SettingError(fmt::format("'{}' is calculated and cannot be set", setting.key));
+    const ProjectEdit edit(project);
     if (target.detail->GetType() == DetailType::Double)
         SetNumber(target, setting);
     else

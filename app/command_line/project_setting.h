@@ -1,13 +1,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-/// A value given on the command line: "[WATER:]KEY=VALUE[UNIT]".
+/// A value given on the command line: "[OWNER:]KEY=VALUE[UNIT]".
 ///
-/// KEY is the name of a detail ("liquid/na.orig", "project/title"); "liquid/" may be left out, and so may
-/// ".orig" of what is entered in a unit of choice: "na=12mg/l" sets the number and the unit, "na=12" the
+/// OWNER is the path of an owner ("water.2", "ex.1.comp.1", "ex.1.seq.3"), or the number of a water counted
+/// from 0; without one the key is the project's or the first water's.
+/// KEY is the name of a detail ("liquid/na.orig", "project/title"); what all keys of the owner begin with
+/// ("liquid/", "stepcomp/") may be left out, and so may ".orig" of what is entered in a unit of choice: "na=12mg/l" sets the number and the unit, "na=12" the
 /// number alone.
 
-#include <cstddef>
 #include <stdexcept>
 #include <string>
 
@@ -25,7 +26,7 @@ struct SettingError : std::runtime_error
 
 struct ProjectSetting
 {
-    std::size_t liquid = 0;
+    std::string owner;  ///< empty: see above
     std::string key;
     std::string value;
 };

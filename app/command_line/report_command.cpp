@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "app/command_line/report_command.h"
 
+#include "app/command_line/project_source.h"
 #include "app/language/language.h"
-#include "gui_base/report/feed_report.h"
+#include "app/modules/base/module.h"
 #include "gui_base/report/report_builder.h"
 #include "gui_base/report/report_file.h"
-#include "gui_base/report/water_report.h"
 #include "projectbase/project/project.h"
 #include "projectbase/project/project_file.h"
 #include "projectbase/units/unit_system_manager.h"
@@ -177,15 +177,17 @@ void CheckOutput(const Options& options)
 
 void Write(const Options& options, std::ostream& err)
 {
-    const auto project = ProjectFile::Load(options.file);
+    const auto project = LoadProject(options.file);
     project->GetLogger().SetSink(
         [&err](const Logger::Entry& entry) { err << "tarnvik: " << entry.text << '\n'; });
-    project->CalculateDesign();
     CheckOutput(options);
     SwitchLanguage(wxString::FromUTF8(options.language));
-    const WaterReport waters(*project);
-    const FeedReport feed(*project);
-    const ReportPageSource* const sources[] = {&waters, &feed};
+    std::vector<std::unique_ptr<ReportPageSource>> owned;
+    std::vector<const ReportPageSource*> sources;
+    for (const Module& module : Modules()) {
+        if (module.makeReport != nullptr && module.isFor(*project))
+            sources.push_back(owned.emplace_back(module.makeReport(*project)).get());
+    }
     const ReportBuilder builder(sources, MakeContext(options, *project));
     const std::string name = std::filesystem::path(options.file).stem().string();
     report::Document document =

@@ -8,10 +8,23 @@ namespace app {
 Document::Document(std::unique_ptr<Project> project) : Document(std::move(project), {}) {}
 
 Document::Document(std::unique_ptr<Project> project, std::filesystem::path path)
-    : m_project(std::move(project)), m_path(std::move(path)), m_snapshot(*m_project), m_undo(*m_project)
-{}
+    : m_project(std::move(project)), m_path(std::move(path)), m_undo(*m_project)
+{
+    m_project->SetChanged(false);
+    m_project->AddObserver(*this);
+}
 
-Document::~Document() = default;
+Document::~Document()
+{
+    m_project->RemoveObserver(*this);
+}
+
+void Document::OnProjectChanged(const ProjectChanges& changes)
+{
+    m_unsaved = true;
+    if (changes.GetKind() != EditKind::History)
+        m_undo.Push(changes);
+}
 
 std::string Document::GetName() const
 {
@@ -22,13 +35,13 @@ void Document::Save(const std::filesystem::path& path)
 {
     ProjectFile::Save(*m_project, path);
     m_path = path;
-    m_project->SetChanged(false);
+    m_unsaved = false;
     DiscardRecovery();
 }
 
 void Document::Autosave()
 {
-    if (!m_project->IsChanged())
+    if (!m_unsaved)
         return;
     if (!m_recovery)
         m_recovery = std::make_unique<RecoveryFile>(m_path);
@@ -40,41 +53,6 @@ void Document::DiscardRecovery()
     if (m_recovery)
         m_recovery->Discard();
     m_recovery.reset();
-}
-
-void Document::RecordEdit()
-{
-    m_undo.Push(m_snapshot.ChangesSince(*m_project));
-    m_snapshot = DetailSnapshot(*m_project);
-}
-
-void Document::ForgetEdits()
-{
-    m_undo.Clear();
-    m_snapshot = DetailSnapshot(*m_project);
-}
-
-std::vector<DetailAddress> Document::Undo()
-{
-    return Applied(m_undo.Undo());
-}
-
-std::vector<DetailAddress> Document::Redo()
-{
-    return Applied(m_undo.Redo());
-}
-
-std::vector<DetailAddress> Document::Applied(const UndoStep* step)
-{
-    std::vector<DetailAddress> changed;
-    if (step == nullptr)
-        return changed;
-    for (const StackElement& element : *step)
-        changed.push_back(element.address);
-    m_project->CalculateDesign();
-    m_project->SetChanged(true);
-    m_snapshot = DetailSnapshot(*m_project);
-    return changed;
 }
 
 }  // namespace app

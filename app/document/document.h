@@ -13,7 +13,7 @@
 
 namespace app {
 
-class Document
+class Document : private ProjectObserver
 {
 public:
     /// A project without a file yet.
@@ -24,10 +24,15 @@ public:
     Document& operator=(const Document&) = delete;
 
     Project& GetProject() { return *m_project; }
+    const Project& GetProject() const { return *m_project; }
     /// Empty until the project was saved.
     const std::filesystem::path& GetPath() const { return m_path; }
     /// File name without its ending, or an empty text.
     std::string GetName() const;
+
+    /// Whether the project holds what its file does not.
+    bool IsUnsaved() const { return m_unsaved; }
+    void SetUnsaved(bool unsaved) { m_unsaved = unsaved; }
 
     /// Saves to `path`, which becomes the document's file, and drops the recovery copy. Throws
     /// ProjectFileError.
@@ -37,23 +42,17 @@ public:
     void Autosave();
     void DiscardRecovery();
 
-    /// Makes one undo step of every input that changed since the last one.
-    void RecordEdit();
-    /// Starts the history anew, after waters came or went: its steps name them by number.
-    void ForgetEdits();
-    bool CanUndo() const { return m_undo.CanUndo(); }
-    bool CanRedo() const { return m_undo.CanRedo(); }
-    /// Takes the last edit back and recalculates. Returns the keys of the details that changed.
-    std::vector<DetailAddress> Undo();
-    std::vector<DetailAddress> Redo();
+    /// Every edit of the project is a step of it.
+    UndoRedoDetailStack& GetHistory() { return m_undo; }
+    const UndoRedoDetailStack& GetHistory() const { return m_undo; }
 
 private:
-    std::vector<DetailAddress> Applied(const UndoStep* step);
+    void OnProjectChanged(const ProjectChanges& changes) override;
 
     std::unique_ptr<Project> m_project;
     std::filesystem::path m_path;
-    DetailSnapshot m_snapshot;
     UndoRedoDetailStack m_undo;
+    bool m_unsaved = false;
     /// Made by the first autosave.
     std::unique_ptr<RecoveryFile> m_recovery;
 };

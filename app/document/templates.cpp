@@ -5,6 +5,7 @@
 #include "core/ion_table.h"
 #include "core/number_text.h"
 #include "projectbase/project/iex_project.h"
+#include "projectbase/project/project_edit.h"
 #include "tncommon/data_dir.h"
 
 #include <algorithm>
@@ -94,6 +95,7 @@ const WaterTemplate* FindWaterTemplate(const std::string& id)
 std::unique_ptr<Project> NewProjectFrom(const WaterTemplate& water)
 {
     auto project = std::make_unique<iex::IEXProject>();
+    const ProjectEdit edit(*project, {}, EditKind::Copied);
     LiquidData& liquid = project->GetLiquid(0);
     liquid.SetName(water.name);
     for (const auto& [key, value] : water.values)
@@ -104,7 +106,6 @@ std::unique_ptr<Project> NewProjectFrom(const WaterTemplate& water)
         title->SetValue(water.name);
     if (DetailData* comments = project->GetDetails().GetDetail("project/comments"))
         comments->SetValue(water.source);
-    project->CalculateDesign();
     return project;
 }
 

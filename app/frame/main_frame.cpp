@@ -1,22 +1,24 @@
 // SPDX-License-Identifier: MIT
 #include "app/frame/main_frame.h"
 
+#include "app/frame/menu_table.h"
 #include "app/frame/message_log.h"
-#include "app/language/language.h"
+#include "app/frame/report_context.h"
 #include "dbinterfaces/project_database.h"
+#include "gui_base/dialogs/tv_report_controller.h"
 #include "gui_base/input/controls/tv_statusbar.h"
 #include "gui_base/input/events.h"
 #include "gui_base/input/panel/aui_notebook.h"
 #include "gui_base/input/validation/commit.h"
-#include "gui_base/input/validation/numeric_validator.h"
-#include "gui_base/ionexchange/feed/feed_composition_panel_controller.h"
+#include "gui_base/report/range_sentence.h"
+#include "gui_base/report/report_builder.h"
 #include "gui_base/support/translation.h"
-#include "gui_base/water/feedwater/feed_water_panel.h"
+#include "projectbase/project/range_faults.h"
 #include "projectbase/settings/settings.h"
 #include "tncommon/data_dir.h"
 
+#include <wx/aboutdlg.h>
 #include <wx/display.h>
-#include <wx/sizer.h>
 #include <wx/splitter.h>
 #include <wx/wupdlock.h>
 
@@ -27,17 +29,6 @@ constexpr int kStatusFields = 3;
 constexpr int kTreeWidth = 240;
 constexpr int kMessageHeight = 110;
 
-/// What the user reads about a field out of range.
-wxString RangeText(const ModulePanelBase::RangeViolation& violation)
-{
-    const bool below = violation.detail->GetRangeFlag() < 0;
-    auto* validator = dynamic_cast<NumericValidator*>(violation.window->GetValidator());
-    const wxString limit = validator != nullptr ? validator->GetLimitText(below) : wxString();
-    const wxString text = i18n::Translated(below ? wxTRANSLATE("%s is below the minimum of %s")
-                                                 : wxTRANSLATE("%s is above the maximum of %s"));
-    return wxString::Format(text, violation.window->GetName(), limit);
-}
-
 /// Wide enough for all columns of a water analysis, where the screen is.
 wxSize InitialSize(const wxWindow& window)
 {
@@ -46,16 +37,37 @@ wxSize InitialSize(const wxWindow& window)
     return size;
 }
 
-/// Extra data of a tree item: the page that it stands for.
-class PageItem : public wxTreeItemData
+/// The pages of every module that the project has.
+std::vector<std::unique_ptr<ReportPageSource>> ReportSources(const Project& project)
 {
-public:
-    explicit PageItem(std::size_t page) : m_page(page) {}
-    std::size_t GetPage() const { return m_page; }
+    std::vector<std::unique_ptr<ReportPageSource>> sources;
+    for (const Module& module : Modules()) {
+        if (module.makeReport != nullptr && module.isFor(project))
+            sources.push_back(module.makeReport(project));
+    }
+    return sources;
+}
 
-private:
-    std::size_t m_page;
-};
+/// "Undo change of Sodium", "Undo add water".
+wxString HistoryText(const char* bare, const char* change, const char* edit, const UndoStep* step)
+{
+    if (step == nullptr || step->name.empty())
+        return i18n::Translated(bare);
+    return wxString::Format(i18n::Translated(step->isNamed ? edit : change),
+                            i18n::Translated(wxString::FromUTF8(step->name)));
+}
+
+/// Where the first value of a step lives.
+std::optional<DetailAddress> PlaceOf(const UndoStep& step)
+{
+    for (const StackElement& element : step.elements) {
+        if (const auto* value = std::get_if<ValueChange>(&element))
+            return value->address;
+        if (const auto* groups = std::get_if<GroupsChange>(&element))
+            return DetailAddress{{}, groups->kind};
+    }
+    return std::nullopt;
+}
 
 }  // namespace
 
@@ -69,31 +81,24 @@ MainFrame::MainFrame(std::unique_ptr<Document> document)
     } catch (const std::exception& error) {
         ReportError(wxString::FromUTF8(error.what()));
     }
-    BuildModules();
-    Bind(tvCHANGE_EVENT, &MainFrame::OnProjectChanged, this);
-    Bind(tvVISUALIZE_MESSAGE, &MainFrame::OnVisualize, this);
+    Bind(tvVISUALIZE_MESSAGE, [this](VisualizeMessageEvent&) { UpdateRangeMessages(); });
     Bind(tv_MESSAGE, &MainFrame::OnMessage, this);
     Bind(tvCHANGEWINDOWNAME_EVENT, [this](wxCommandEvent&) { UpdateTitle(); });
-    Bind(tvUPDATEPROJECTLIST_EVENT, [this](wxCommandEvent&) { FillRecentMenu(); });
-    Bind(tvCHANGEUNITSYSTEMPRINTOUT_EVENT, [](wxCommandEvent& event) {
-        Settings::GetSetting("unit.system.printout").SetValue(event.GetString());
+    Bind(tvCLOSEPROJECT_EVENT, [this](wxCommandEvent&) { m_files.New(); });
+    Bind(tvACTIVATECURRENTTREEITEM_EVENT, [this](wxCommandEvent& event) {
+        m_book->ShowPlace(static_cast<std::size_t>(event.GetInt()));
     });
-    Bind(tvCLOSEPROJECT_EVENT, &MainFrame::OnCloseProject, this);
-    Bind(tvACTIVATECURRENTTREEITEM_EVENT,
-         [this](wxCommandEvent& event) { ShowModule(static_cast<std::size_t>(event.GetInt())); });
     Bind(wxEVT_CLOSE_WINDOW, &MainFrame::OnClose, this);
-    Bind(wxEVT_TIMER, &MainFrame::OnAutosave, this);
-    RestartAutosave();
-    UpdateTitle();
+    m_files.RestartAutosave();
     SetSize(InitialSize(*this));
+    OpenPages();
 }
 
 MainFrame::~MainFrame()
 {
-    m_document->GetProject().GetLogger().SetSink({});
-    // The panels hold on to the project, which goes with this object's members.
+    ClosePages();
+    // What is left of the windows holds on to this object's members.
     DestroyChildren();
-    m_feed.reset();
 }
 
 void MainFrame::BuildWindows()
@@ -116,48 +121,53 @@ void MainFrame::BuildWindows()
     vertical->SetMinimumPaneSize(FromDIP(48));
     vertical->SetSashGravity(1.0);
     vertical->SplitHorizontally(horizontal, m_messages, -FromDIP(kMessageHeight));
-    m_messages->SetOnActivate([this](const std::string& key) { FocusDetail(key); });
-    m_tree->Bind(wxEVT_TREE_SEL_CHANGED, &MainFrame::OnTreeSelection, this);
+    m_book = std::make_unique<ModuleBook>(*m_tree, *m_notebook);
+    m_messages->SetOnActivate([this](const DetailAddress& address) { m_book->ShowDetail(address); });
     RedirectLog(*m_messages);
 }
 
-void MainFrame::BuildModules()
+void MainFrame::OpenPages()
 {
     const wxWindowUpdateLocker frozen(this);
-    ClearModules();
-    Project& project = m_document->GetProject();
+    Project& project = GetProject();
     project.GetLogger().SetSink([this](const Logger::Entry& entry) {
         m_messages->AddMessage(static_cast<MessageArea::Severity>(entry.level),
                                i18n::Translated(wxString::FromUTF8(entry.text)));
     });
-    for (std::size_t i = 0; i < project.GetLiquidCount(); ++i) {
-        auto* panel = new FeedWaterPanel(&project, i, m_notebook, wxID_ANY, m_help.get());
-        m_panels.push_back(panel);
-        m_notebook->AddPage(panel, wxString());
+    try {
+        m_book->Open(project, m_help.get(), m_statusBar);
+    } catch (const std::exception& error) {
+        ReportError(wxString::FromUTF8(error.what()));
     }
-    BuildFeedComposition();
-    NameModules();
     RestoreArrangement();
+    project.AddObserver(*this);
     UpdateRangeMessages();
+    UpdateTitle();
 }
 
-void MainFrame::NameModules()
+void MainFrame::ClosePages()
 {
-    m_tree->DeleteAllItems();
-    const wxTreeItemId root = m_tree->AddRoot(wxString());
-    const wxTreeItemId waters = m_tree->AppendItem(root, i18n::Translated("Water analysis"));
-    const Project& project = m_document->GetProject();
-    for (std::size_t i = 0; i < project.GetLiquidCount(); ++i) {
-        const wxString name = i18n::Translated(wxString::FromUTF8(project.GetLiquid(i).GetName()));
-        m_tree->AppendItem(waters, name, -1, -1, new PageItem(i));
-        m_notebook->SetPageText(static_cast<std::size_t>(m_notebook->GetPageIndex(m_panels[i])), name);
-    }
-    if (m_feedPanel != nullptr) {
-        const wxString name = i18n::Translated("Feed composition");
-        m_tree->AppendItem(root, name, -1, -1, new PageItem(project.GetLiquidCount()));
-        m_notebook->SetPageText(static_cast<std::size_t>(m_notebook->GetPageIndex(m_feedPanel)), name);
-    }
-    m_tree->ExpandAll();
+    GetProject().RemoveObserver(*this);
+    GetProject().GetLogger().SetSink({});
+    m_book->Close();
+}
+
+void MainFrame::SetDocument(std::unique_ptr<Document> document)
+{
+    m_document->DiscardRecovery();
+    // The pages go before the project that they show.
+    ClosePages();
+    m_messages->ClearMessages();
+    m_document = std::move(document);
+    OpenPages();
+}
+
+void MainFrame::OnProjectChanged(const ProjectChanges& changes)
+{
+    if (changes.HasStructure())
+        m_book->Follow();
+    UpdateRangeMessages();
+    UpdateTitle();
 }
 
 std::string MainFrame::ArrangementParameter() const
@@ -181,132 +191,124 @@ void MainFrame::RestoreArrangement()
     }
 }
 
-void MainFrame::SetDocument(std::unique_ptr<Document> document)
+void MainFrame::BuildMenus()
 {
-    m_document->GetProject().GetLogger().SetSink({});
-    m_document->DiscardRecovery();
-    // The panels go before the project that they show.
-    ClearModules();
-    m_messages->ClearMessages();
-    m_document = std::move(document);
-    BuildModules();
-    UpdateTitle();
-}
-
-WaterAnalysisPanel* MainFrame::GetWaterPanel() const
-{
-    return m_panels.empty() ? nullptr : dynamic_cast<WaterAnalysisPanel*>(m_panels.front());
-}
-
-ModulePanelBase* MainFrame::CurrentPanel() const
-{
-    return dynamic_cast<ModulePanelBase*>(m_notebook->GetCurrentPage());
+    wxMenuBar* old = GetMenuBar();
+    SetMenuBar(BuildMenuBar(*this));
+    delete old;
 }
 
 void MainFrame::UpdateTitle()
 {
     const std::string name = m_document->GetName();
     wxString title = name.empty() ? i18n::Translated("Untitled") : wxString::FromUTF8(name);
-    if (m_document->GetProject().IsChanged())
+    if (m_document->IsUnsaved())
         title.Prepend("*");
-    SetTitle(title + " - Tarnvik");
+    title += " - Tarnvik";
+    if (title != GetTitle())
+        SetTitle(title);
 }
 
 void MainFrame::UpdateRangeMessages()
 {
+    ReportContext context = WindowContext();
+    context.unitSystem = GetProject().GetUnitSystemDisplay();
     std::vector<MessageArea::RangeMessage> messages;
-    for (const ModulePanelBase* panel : m_panels) {
-        for (const auto& violation : panel->GetRangeViolations())
-            messages.push_back({RangeText(violation), violation.detail->GetName()});
-    }
+    for (const RangeFault& fault : RangeFaults(GetProject()))
+        messages.push_back({wxString::FromUTF8(RangeSentence(fault, GetProject(), context)), fault.address});
     m_messages->SetRangeMessages(messages);
 }
 
-void MainFrame::ShowModule(std::size_t module)
+void MainFrame::Localize()
 {
-    if (module >= m_panels.size())
-        return;
-    // The user may have dragged the pages into another order.
-    m_notebook->SetSelection(static_cast<std::size_t>(m_notebook->GetPageIndex(m_panels[module])));
-    m_panels[module]->SetFocus();
-}
-
-void MainFrame::FocusDetail(const std::string& key)
-{
-    for (std::size_t i = 0; i < m_panels.size(); ++i) {
-        for (const auto& violation : m_panels[i]->GetRangeViolations()) {
-            if (violation.detail->GetName() != key)
-                continue;
-            ShowModule(i);
-            m_panels[i]->FocusDetail(key);
-            return;
-        }
-    }
-}
-
-void MainFrame::SendToPanels(wxEventType type)
-{
-    for (ModulePanelBase* panel : m_panels) {
-        wxCommandEvent event(type, panel->GetId());
-        // To the panel alone: it would climb back to this frame.
-        event.StopPropagation();
-        panel->GetEventHandler()->ProcessEvent(event);
-    }
-}
-
-void MainFrame::SetUnitSystem(const std::string& unitSystem)
-{
-    CommitFocusedField();
-    Settings::GetSetting("unit.system").SetValue(unitSystem);
-    m_document->GetProject().SetUnitSystemDisplay(unitSystem);
-    SendToPanels(tvCHANGEUNITSYSTEM_EVENT);
-    UpdateRangeMessages();
-}
-
-void MainFrame::SetLanguage(const wxString& code)
-{
-    CommitFocusedField();
     const wxWindowUpdateLocker frozen(this);
-    Settings::GetSetting("language").SetValue(code);
-    SwitchLanguage(code);
     BuildMenus();
     m_statusBar->Localize();
     m_messages->Localize();
-    NameModules();
-    SendToPanels(tvLOCALIZE_EVENT);
+    m_book->Localize();
+    m_book->SendToPages(tvLOCALIZE_EVENT);
     UpdateTitle();
     UpdateRangeMessages();
+}
+
+wxString MainFrame::UndoText() const
+{
+    return HistoryText(wxTRANSLATE("&Undo"), wxTRANSLATE("&Undo change of %s"), wxTRANSLATE("&Undo %s"),
+                       m_document->GetHistory().GetUndoStep());
+}
+
+wxString MainFrame::RedoText() const
+{
+    return HistoryText(wxTRANSLATE("&Redo"), wxTRANSLATE("&Redo change of %s"), wxTRANSLATE("&Redo %s"),
+                       m_document->GetHistory().GetRedoStep());
 }
 
 void MainFrame::Undo()
 {
     CommitFocusedField();
-    // A commit queues its change event; the step must be there before it is undone.
-    m_document->RecordEdit();
-    AfterUndo(m_document->Undo());
+    StepHistory(&UndoRedoDetailStack::Undo, m_document->GetHistory().GetUndoStep());
 }
 
 void MainFrame::Redo()
 {
     CommitFocusedField();
-    m_document->RecordEdit();
-    AfterUndo(m_document->Redo());
+    StepHistory(&UndoRedoDetailStack::Redo, m_document->GetHistory().GetRedoStep());
 }
 
-void MainFrame::AfterUndo(const std::vector<DetailAddress>& changed)
+void MainFrame::StepHistory(bool (UndoRedoDetailStack::*step)(), const UndoStep* taken)
 {
-    if (changed.empty())
-        return;
-    for (ModulePanelBase* panel : m_panels)
-        panel->UpdateUnits(true);
-    if (m_feed)
-        m_feed->ReloadComposition();
-    const std::size_t module = ModuleOf(changed.front());
-    if (module < m_panels.size()) {
-        ShowModule(module);
-        m_panels[module]->FocusDetail(changed.front().name);
+    const auto place = taken == nullptr ? std::nullopt : PlaceOf(*taken);
+    if ((m_document->GetHistory().*step)() && place)
+        m_book->ShowDetail(*place);
+}
+
+void MainFrame::PrintReport()
+{
+    CommitFocusedField();
+    const std::string name = m_document->GetName();
+    const wxString title = name.empty() ? i18n::Translated("Untitled") : wxString::FromUTF8(name);
+    const ReportHead head = MakeReportHead(GetProject(), title.utf8_string(), "Tarnvik " TARNVIK_VERSION);
+    const wxFileName proposed(wxString::FromUTF8(m_document->GetPath().parent_path().string()), title, "pdf");
+    const auto sources = ReportSources(GetProject());
+    std::vector<const ReportPageSource*> pages;
+    for (const auto& source : sources)
+        pages.push_back(source.get());
+    try {
+        TvReportController(this).Print(pages, WindowContext(), head, proposed);
+    } catch (const std::exception& error) {
+        ReportError(wxString::FromUTF8(error.what()));
     }
-    UpdateTitle();
+}
+
+void MainFrame::ShowHelp()
+{
+    if (!m_help)
+        return;
+    if (const PageHost* page = m_book->GetCurrent())
+        m_help->DisplayHelpSection(page->GetModule().helpPage);
+    else
+        m_help->DisplayHelpContent();
+}
+
+void MainFrame::ShowHelpContents()
+{
+    if (m_help)
+        m_help->DisplayHelpContent();
+}
+
+void MainFrame::ShowAbout()
+{
+    wxAboutDialogInfo info;
+    info.SetName("Tarnvik");
+    info.SetVersion(TARNVIK_VERSION);
+    info.SetDescription(i18n::Translated("Design of ion-exchange water-treatment plants"));
+    info.SetLicence("MIT");
+    wxAboutBox(info, this);
+}
+
+void MainFrame::ClearMessages()
+{
+    m_messages->ClearMessages();
     UpdateRangeMessages();
 }
 
@@ -315,37 +317,21 @@ void MainFrame::ReportError(const wxString& text)
     m_messages->AddMessage(MessageArea::Severity::Error, text);
 }
 
-void MainFrame::OnProjectChanged(wxCommandEvent&)
+void MainFrame::ReportNote(const wxString& text)
 {
-    FollowBlends();
-    m_document->RecordEdit();
-    UpdateRangeMessages();
-    events::SendEvent(this, tvCHANGEWINDOWNAME_EVENT, GetId(), 0, wxString());
-}
-
-void MainFrame::OnVisualize(VisualizeMessageEvent&)
-{
-    UpdateRangeMessages();
+    m_messages->AddMessage(MessageArea::Severity::Info, text);
 }
 
 void MainFrame::OnMessage(MessageEvent& event)
 {
     for (const std::string& message : event.GetMessages())
-        m_messages->AddMessage(MessageArea::Severity::Info, wxString::FromUTF8(message));
-}
-
-void MainFrame::OnTreeSelection(wxTreeEvent& event)
-{
-    const auto* item = dynamic_cast<PageItem*>(m_tree->GetItemData(event.GetItem()));
-    if (item != nullptr)
-        events::SendEvent(this, tvACTIVATECURRENTTREEITEM_EVENT, GetId(), static_cast<int>(item->GetPage()),
-                          {});
+        ReportNote(wxString::FromUTF8(message));
 }
 
 void MainFrame::OnClose(wxCloseEvent& event)
 {
     CommitFocusedField();
-    if (event.CanVeto() && !ConfirmDiscard()) {
+    if (event.CanVeto() && !m_files.ConfirmDiscard()) {
         event.Veto();
         return;
     }

@@ -1,39 +1,32 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-/// The main window: the tree of modules, their panels in a notebook, the message area and the status bar.
+/// The main window: the pages of the open project with the tree that leads to them, the message area and the
+/// status bar. It knows modules only as values; what the menus do with files, waters and the display is in
+/// parts of its own.
 ///
-/// It owns the document; panels hold on to the document's project and are closed before it goes. Everything
+/// It owns the document; pages hold on to the document's project and are closed before it goes. Everything
 /// that saves, undoes or switches first commits the field that is being edited.
 
 #include "app/document/document.h"
+#include "app/frame/file_commands.h"
 #include "app/frame/message_area.h"
+#include "app/frame/module_book.h"
+#include "app/frame/view_commands.h"
+#include "app/frame/water_commands.h"
 #include "gui_base/support/events.h"
 #include "gui_base/support/help_file_provider.h"
 
 #include <wx/frame.h>
-#include <wx/timer.h>
-#include <wx/treectrl.h>
 
-#include <filesystem>
 #include <memory>
-#include <vector>
 
 class AuiNotebook;
-class FeedCompositionPanel;
-class FeedCompositionPanelController;
-class FeedWaterPanel;
-class ModulePanelBase;
 class TvStatusBar;
-class WaterAnalysisPanel;
-class wxSplitterWindow;
-struct BlendRecipe;
 
 namespace app {
 
-struct ProgramSettings;
-
-class MainFrame : public wxFrame
+class MainFrame : public wxFrame, private ProjectObserver
 {
 public:
     explicit MainFrame(std::unique_ptr<Document> document);
@@ -42,102 +35,50 @@ public:
     /// Replaces the open project, without asking.
     void SetDocument(std::unique_ptr<Document> document);
     Document& GetDocument() { return *m_document; }
-    /// Opens a file; a file that cannot be opened is answered in the message area and changes nothing.
-    bool OpenFile(const std::filesystem::path& path);
-    /// Saves to the document's file, or to `path`; false, with a message, when that fails.
-    bool SaveFile(const std::filesystem::path& path);
-    /// Offers what a program that ended unexpectedly left behind.
-    void OfferRecovery();
-    /// Shows what a laboratory's file would make of the water in front, and takes it over after OK.
-    void ImportAnalysisFrom(const std::filesystem::path& path);
-    void SetUnitSystem(const std::string& unitSystem);
-    void SetLanguage(const wxString& code);
-    void Undo();
-    void Redo();
+    const Document& GetDocument() const { return *m_document; }
+    Project& GetProject() { return m_document->GetProject(); }
 
-    /// Puts what the settings dialog gave into effect; a database that cannot be opened is reported and
-    /// changes nothing.
-    void ApplySettings(const ProgramSettings& before, const ProgramSettings& wanted);
-
-    /// The panel of the first water.
-    WaterAnalysisPanel* GetWaterPanel() const;
-    /// The module of the feed composition; null for a project without one.
-    FeedCompositionPanel* GetFeedPanel() const { return m_feedPanel; }
-    FeedCompositionPanelController* GetFeedController() const { return m_feed.get(); }
+    FileCommands& Files() { return m_files; }
+    WaterCommands& Waters() { return m_waters; }
+    const WaterCommands& Waters() const { return m_waters; }
+    ViewCommands& View() { return m_view; }
+    ModuleBook& GetBook() { return *m_book; }
+    const ModuleBook& GetBook() const { return *m_book; }
     MessageArea& GetMessageArea() { return *m_messages; }
     AuiNotebook& GetNotebook() { return *m_notebook; }
+    TVHelpFileProvider* GetHelp() { return m_help.get(); }
 
-private:
-    void BuildWindows();
-    void BuildMenus();
-    wxMenu* BuildFileMenu();
-    wxMenu* BuildEditMenu();
-    wxMenu* BuildViewMenu();
-    wxMenu* BuildToolsMenu();
-    void AppendWaterItems(wxMenu& editMenu);
-    wxMenu* BuildHelpMenu();
-    void FillRecentMenu();
-    void BuildModules();
-    void BuildFeedComposition();
-    void ClearModules();
-    /// The panel that shows a detail; what belongs to no water is the feed composition's.
-    std::size_t ModuleOf(const DetailAddress& address) const;
+    void Undo();
+    void Redo();
+    /// "Undo change of Sodium", in the present language.
+    wxString UndoText() const;
+    wxString RedoText() const;
+    void PrintReport();
+    void ShowHelp();
+    void ShowHelpContents();
+    void ShowAbout();
+    void ClearMessages();
+    void ReportError(const wxString& text);
+    void ReportNote(const wxString& text);
+
+    /// All texts in the present language.
+    void Localize();
     void UpdateTitle();
     void UpdateRangeMessages();
-    /// `module` is the index of a panel, which is that of its water; the other modules follow.
-    void ShowModule(std::size_t module);
-    void FocusDetail(const std::string& key);
-    void SendToPanels(wxEventType type);
-    ModulePanelBase* CurrentPanel() const;
-    void AfterUndo(const std::vector<DetailAddress>& changed);
-    void NameModules();
-    void RestartAutosave();
+    void BuildMenus();
+
+private:
+    void OnProjectChanged(const ProjectChanges& changes) override;
+    void BuildWindows();
+    void OpenPages();
+    void ClosePages();
     /// The arrangement of the pages outlives the program, one for each type of project.
     void KeepArrangement();
     void RestoreArrangement();
     std::string ArrangementParameter() const;
-    void NewProject();
-    void ShowNew(std::unique_ptr<Project> project);
-    void ShowTemplateDialog();
-    void AskAndOpen();
-    bool SaveCurrent();
-    bool AskAndSaveAs();
-    /// Whether the open project may go: it has no changes, they were saved, or the user gives them up.
-    bool ConfirmDiscard();
-    void PasteColumn();
-    void CopyResults();
-    void ShowWaterLibrary();
-    void SaveToWaterLibrary();
-    void CopyWater();
-    void PasteWater();
-    void AppendAnalysisItems(wxMenu& fileMenu);
-    void ImportAnalysis();
-    void ExportAnalysis();
-    void AddWater();
-    void BlendWaters();
-    /// Makes a blend, or gives one another recipe.
-    void StoreBlend(LiquidData* blend, const BlendRecipe& recipe);
-    void RemoveWater();
-    /// Builds the pages anew after a water came or went.
-    void ShowChangedWaters(std::size_t shown);
-    /// Calculates and shows the blends of the waters again.
-    void FollowBlends();
-    FeedWaterPanel* CurrentWater() const;
-    void PrintReport();
-    void ShowSettings();
-    bool OpenDatabase(const std::string& connection);
-    void ShowHelp();
-    void ShowAbout();
-    void Restore(const RecoverableFile& file);
-    void RememberFile(const std::filesystem::path& path);
-    void ReportError(const wxString& text);
-
-    void OnCloseProject(wxCommandEvent& event);
-    void OnProjectChanged(wxCommandEvent& event);
-    void OnVisualize(VisualizeMessageEvent& event);
+    /// Runs an undo or a redo and shows what it changed.
+    void StepHistory(bool (UndoRedoDetailStack::*step)(), const UndoStep* taken);
     void OnMessage(MessageEvent& event);
-    void OnTreeSelection(wxTreeEvent& event);
-    void OnAutosave(wxTimerEvent& event);
     void OnClose(wxCloseEvent& event);
 
     std::unique_ptr<Document> m_document;
@@ -146,11 +87,10 @@ private:
     AuiNotebook* m_notebook = nullptr;
     MessageArea* m_messages = nullptr;
     TvStatusBar* m_statusBar = nullptr;
-    wxMenu* m_recentMenu = nullptr;
-    wxTimer m_autosave;
-    std::vector<ModulePanelBase*> m_panels;
-    FeedCompositionPanel* m_feedPanel = nullptr;
-    std::unique_ptr<FeedCompositionPanelController> m_feed;
+    std::unique_ptr<ModuleBook> m_book;
+    FileCommands m_files{*this};
+    WaterCommands m_waters{*this};
+    ViewCommands m_view{*this};
 };
 
 }  // namespace app

@@ -41,7 +41,7 @@ MessageArea::MessageArea(wxWindow* parent)
 void MessageArea::SetRangeMessages(const std::vector<RangeMessage>& messages)
 {
     const auto same = [](const RangeMessage& a, const RangeMessage& b) {
-        return a.key == b.key && a.text == b.text;
+        return a.address == b.address && a.text == b.text;
     };
     if (std::equal(messages.begin(), messages.end(), m_ranges.begin(), m_ranges.end(), same))
         return;
@@ -55,7 +55,7 @@ void MessageArea::AddMessage(Severity severity, const wxString& text)
         if (line.text == text)
             return;
     }
-    m_messages.push_back({severity, text, {}});
+    m_messages.push_back({severity, text});
     if (m_messages.size() > kMostMessages)
         m_messages.erase(m_messages.begin());
     ShowLines();
@@ -102,9 +102,9 @@ void MessageArea::OnActivated(wxListEvent& event)
 {
     const auto index = static_cast<std::size_t>(event.GetIndex());
     if (m_onActivate && index < m_ranges.size()) {
-        const std::string key = m_ranges[index].key;
+        const DetailAddress address = m_ranges[index].address;
         // The list still has the focus while it reports the click.
-        CallAfter([this, key] { m_onActivate(key); });
+        CallAfter([this, address] { m_onActivate(address); });
     }
     event.Skip();
 }

@@ -4,6 +4,8 @@
 /// The list at the foot of the window: which inputs are out of range, and what the program has to tell.
 /// Activating a line (double click, Enter) takes the user to the field that it speaks of.
 
+#include "projectbase/project/owner_node.h"
+
 #include <wx/listctrl.h>
 #include <wx/panel.h>
 
@@ -27,13 +29,13 @@ public:
     struct RangeMessage
     {
         wxString text;
-        std::string key;  ///< of the detail
+        DetailAddress address;
     };
 
     explicit MessageArea(wxWindow* parent);
 
-    /// Called with the key of the detail whose line was activated.
-    void SetOnActivate(std::function<void(const std::string&)> onActivate)
+    /// Called with the address of the value whose line was activated.
+    void SetOnActivate(std::function<void(const DetailAddress&)> onActivate)
     {
         m_onActivate = std::move(onActivate);
     }
@@ -49,7 +51,6 @@ private:
     {
         Severity severity;
         wxString text;
-        std::string key;
     };
 
     void ShowLines();
@@ -58,7 +59,7 @@ private:
 
     std::vector<RangeMessage> m_ranges;
     std::vector<Line> m_messages;
-    std::function<void(const std::string&)> m_onActivate;
+    std::function<void(const DetailAddress&)> m_onActivate;
 };
 
 }  // namespace app

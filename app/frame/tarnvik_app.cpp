@@ -66,12 +66,12 @@ bool TarnvikApp::OnInit()
         m_frame->GetMessageArea().AddMessage(MessageArea::Severity::Error,
                                              wxString::FromUTF8(m_databaseError));
     if (!m_file.empty())
-        m_frame->OpenFile(m_file);
+        m_frame->Files().Open(m_file);
     m_frame->Show();
     if (m_measureStart)
         m_frame->CallAfter([this] { ReportStart(); });
     else
-        m_frame->CallAfter([frame = m_frame] { frame->OfferRecovery(); });
+        m_frame->CallAfter([frame = m_frame] { frame->Files().OfferRecovery(); });
     return true;
 }
 

@@ -6,6 +6,7 @@
 #include "app/frame/settings_dialog.h"
 #include "app/frame/template_dialog.h"
 #include "app/language/language.h"
+#include "app/modules/base/module.h"
 #include "app/tour/control_gallery.h"
 #include "dbinterfaces/project_database.h"
 #include "gui_base/dialogs/info_message_dialog.h"
@@ -13,7 +14,6 @@
 #include "gui_base/dialogs/tv_multichoicedialog.h"
 #include "gui_base/input/panel/aui_notebook.h"
 #include "gui_base/ionexchange/feed/compound_editor_dialog.h"
-#include "gui_base/ionexchange/feed/feed_composition_panel_controller.h"
 #include "gui_base/ionexchange/regeneration/waste_water_panel.h"
 #include "gui_base/support/translation.h"
 #include "gui_base/support/window_picture.h"
@@ -72,16 +72,17 @@ std::unique_ptr<Project> NewExample()
     return river != nullptr ? NewProjectFrom(*river) : NewEmptyProject();
 }
 
-/// The module with a water of some compounds, one of which is out of range.
-void ShowFeedComposition(MainFrame& frame)
+/// A water with a feed of some compounds, one of which is out of range, so that every module has something to
+/// show.
+std::unique_ptr<Project> NewPictured()
 {
-    FeedCompositionPanel* panel = frame.GetFeedPanel();
-    auto* project = dynamic_cast<iex::IEXProject*>(&frame.GetDocument().GetProject());
-    if (panel == nullptr || project == nullptr || frame.GetFeedController() == nullptr)
-        return;
+    auto project = NewExample();
+    auto* plant = dynamic_cast<iex::IEXProject*>(project.get());
+    if (plant == nullptr)
+        return project;
     constexpr std::array<std::pair<const char*, double>, 5> kFeed{
         {{"calcium", 80.0}, {"sodium", 46.0}, {"chloride", 71.0}, {"bicarbonate", 244.0}, {"nitrate", -1.0}}};
-    FeedComposition composition = project->LoadFeedCompositionFromDetails();
+    FeedComposition composition = plant->LoadFeedCompositionFromDetails();
     for (const auto& [name, concentration] : kFeed) {
         const auto found = ProjectDatabase::GetCompounds({}, {}, name);
         if (found.empty())
@@ -90,10 +91,28 @@ void ShowFeedComposition(MainFrame& frame)
         composition.SetFeed(composition.GetEntries().size() - 1, FeedComposition::Unit::MgPerLitre,
                             concentration);
     }
-    project->SaveFeedCompositionToDetails(composition);
-    frame.GetFeedController()->ReloadComposition();
-    frame.GetNotebook().SetSelection(static_cast<std::size_t>(frame.GetNotebook().GetPageIndex(panel)));
-    panel->GetCompoundList().Select(1);
+    plant->SaveFeedCompositionToDetails(composition);
+    return project;
+}
+
+/// How a module is pictured.
+struct ModuleLook
+{
+    const char* suffix;
+    wxSize size;
+    const char* language = nullptr;
+    const char* unitSystem = nullptr;
+};
+
+const std::array<ModuleLook, 4>& ModuleLooks()
+{
+    static const std::array<ModuleLook, 4> looks{{
+        {"", {1440, 960}},
+        {"_narrow", {820, 620}},
+        {"_us_units", {1440, 960}, nullptr, "us"},
+        {"_german", {1440, 960}, "de"},
+    }};
+    return looks;
 }
 
 class Tour
@@ -126,8 +145,7 @@ private:
     }
 
     void TakeExhibit(const Exhibit& exhibit);
-    void TakeFrame(const std::string& name, const wxSize& size,
-                   const std::function<void(MainFrame&)>& prepare);
+    void TakeModule(const Module& module, const ModuleLook& look);
 
     void TakeDialog(wxDialog& dialog, const std::string& name)
     {
@@ -178,36 +196,35 @@ void Tour::TakeExhibit(const Exhibit& exhibit)
     frame->Destroy();
 }
 
-void Tour::TakeFrame(const std::string& name, const wxSize& size,
-                     const std::function<void(MainFrame&)>& prepare)
+void Tour::TakeModule(const Module& module, const ModuleLook& look)
 {
-    const WaterTemplate* river = FindWaterTemplate("world_river_livingstone");
-    auto* frame =
-        new MainFrame(std::make_unique<Document>(river ? NewProjectFrom(*river) : NewEmptyProject()));
-    frame->SetClientSize(size);
+    auto* frame = new MainFrame(std::make_unique<Document>(NewPictured()));
+    frame->SetClientSize(look.size);
     frame->Show();
-    prepare(*frame);
-    Save(*frame, "module_" + name);
-    frame->GetDocument().GetProject().SetChanged(false);
+    const wxString language = CurrentLanguage();
+    const OwnerNode& root = frame->GetProject().GetRoot();
+    const bool isProject = module.pageOf == OwnerKind::Project;
+    frame->GetBook().Show(module.id, isProject ? DetailOwner() : root.GetChildren(module.pageOf)[0]->GetOwner());
+    if (look.language != nullptr)
+        frame->View().SetLanguage(look.language);
+    if (look.unitSystem != nullptr)
+        frame->View().SetUnitSystem(look.unitSystem);
+    Save(*frame, "module_" + module.id + look.suffix);
+    frame->GetDocument().SetUnsaved(false);
     frame->Close(true);
+    SwitchLanguage(language);
     Settle();
 }
 
 void Tour::TakeModules()
 {
-    const wxSize wide(1440, 960);
-    TakeFrame("water_analysis", wide, [](MainFrame&) {});
-    TakeFrame("water_analysis_narrow", wxSize(820, 620), [](MainFrame&) {});
-    TakeFrame("water_analysis_us_units", wide, [](MainFrame& frame) { frame.SetUnitSystem("us"); });
-    const wxString language = CurrentLanguage();
-    TakeFrame("feed_composition", wide, ShowFeedComposition);
-    TakeFrame("feed_composition_narrow", wxSize(820, 620), ShowFeedComposition);
-    TakeFrame("water_analysis_german", wide, [](MainFrame& frame) { frame.SetLanguage("de"); });
-    TakeFrame("feed_composition_german", wide, [](MainFrame& frame) {
-        frame.SetLanguage("de");
-        ShowFeedComposition(frame);
-    });
-    SwitchLanguage(language);
+    const auto project = NewExample();
+    for (const Module& module : Modules()) {
+        if (!module.isFor(*project))
+            continue;
+        for (const ModuleLook& look : ModuleLooks())
+            TakeModule(module, look);
+    }
 }
 
 /// One whose formula is partly unreadable, so that the picture shows how that looks.
@@ -262,10 +279,12 @@ void Tour::TakeDialogs()
 
 void Tour::TakeWasteWater(wxWindow& owner)
 {
-    iex::IEXProject project;
+    iex::IEXProject project("SOFT");
     double value = 0.0;
-    for (auto& [name, detail] : project.GetStepDetails())
-        detail.SetValue(value += 12.5);
+    for (auto& [name, detail] : *project.GetStep(0).GetDetails()) {
+        if (detail.IsDerived())
+            detail.SetValue(value += 12.5);
+    }
     auto acid = std::make_shared<DetailList>();
     acid->LoadGroup("stepcomp", "BASE");
     for (auto& [name, detail] : *acid)

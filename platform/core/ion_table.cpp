@@ -2,60 +2,61 @@
 #include "core/ion_table.h"
 
 #include <algorithm>
+#include <functional>
 #include <unordered_map>
 
 namespace ions {
 
 namespace {
 
-// clang-format off
-constexpr std::array kIons{
-    Ion{"na", 22.99, 22.99, 50.1},
-    Ion{"ca", 20.04, 40.08, 59.5},
-    Ion{"mg", 12.16, 24.31, 53.0},
-    Ion{"k", 39.1, 39.1, 73.5},
-    Ion{"sr", 43.81, 87.62, 59.5},
-    Ion{"ba", 68.67, 137.33, 63.6},
-    Ion{"nh4", 18.04, 18.04, 73.5},
-    Ion{"fe2", 27.92, 55.85, 53.5},
-    Ion{"mn", 27.47, 54.94, 53.5},
-    Ion{"al", 8.99, 26.98, 63.0},
-    Ion{"h.plus", 1.01, 1.01, 349.8},
-    Ion{"cl", 35.45, 35.45, 76.3},
-    Ion{"so4", 48.03, 96.06, 80.0},
-    Ion{"co3", 30.0, 60.01, 69.3},
-    Ion{"hco3", 61.02, 61.02, 44.5},
-    Ion{"no3", 62.0, 62.0, 71.5},
-    Ion{"f", 19.0, 19.0, 55.4},
-    Ion{"sio2", 60.08, 60.08, 1.0},
-    Ion{"b", 10.81, 10.81, 1.0},
-    Ion{"po4", 31.66, 94.97, 69.0},
-    Ion{"br", 79.9, 79.9, 78.4},
-    Ion{"as3", 40.97, 122.92, 34.0},
-    Ion{"as5", 46.31, 138.92, 34.0},
-    Ion{"oh.minus", 17.01, 17.01, 198.3},
-    Ion{"co2", 44.01, 44.01, 1.0},
-    Ion{"nh3", 17.03, 17.03, 73.5},
-    Ion{"eta", 61.08, 61.08, 42.2},
-    Ion{"mor", 87.12, 87.12, 37.2},
-    Ion{"eta.plus", 62.09, 62.09, 42.2},
-    Ion{"mor.plus", 88.13, 88.13, 37.2},
-    // The weight is 1 % below half the molar mass; stored analyses were made with it.
-    Ion{"cu", 31.47, 63.55, 59.0},
-    Ion{"si", 28.09, 28.09, 0.001},
-    Ion{"li", 6.94, 6.94, 1.0},
-    Ion{"sn", 118.71, 118.71, 1.0},
-    Ion{"i", 126.9, 126.9, 5e-08},
-    Ion{"cs", 132.91, 132.91, 4e-06},
-    Ion{"hg", 200.59, 200.59, 4.0},
-    Ion{"tl", 204.38, 204.38, 0.0002},
-    Ion{"pb", 207.2, 207.2, 5e-06},
-    Ion{"bi", 208.98, 208.98, 2e-06},
-    Ion{"ra", 226.03, 226.03, 1.0},
-    Ion{"th", 232.04, 232.04, 0.5},
-    Ion{"u", 238.03, 238.03, 0.001},
-};
-// clang-format on
+// What a line of the table must state, by what the ion is in an analysis; one that lacks it does not compile.
+
+constexpr bool IsRow(const Ion& ion)
+{
+    return ion.kind != IonKind::Neutral && ion.kind != IonKind::Other;
+}
+
+/// Whether the rule holds for every line.
+template <typename Rule>
+consteval bool Every(Rule rule)
+{
+    return std::ranges::all_of(kIonTable, rule);
+}
+
+constexpr bool IsChargeOfWeights(const Ion& ion)
+{
+    const double valency = ion.molarMass / ion.equivalentWeight;
+    const double charge = ion.charge == 0 ? 1.0 : ion.charge < 0 ? -ion.charge : ion.charge;
+    return valency - charge < 2e-3 && charge - valency < 2e-3;
+}
+
+static_assert(Every([](const Ion& ion) { return std::ranges::count(kIonTable, ion.key, &Ion::key) == 1; }),
+              "a key is listed twice");
+static_assert(std::ranges::is_partitioned(kIonTable, std::not_fn(IsNamed)), "named ions come last");
+static_assert(Every([](const Ion& ion) { return IsNamed(ion) == !(ion.equivalentWeight > 0.0); }),
+              "an ion has no weight");
+static_assert(Every([](const Ion& ion) {
+                  return IsNamed(ion) || ion.kind == IonKind::Other || IsChargeOfWeights(ion);
+              }),
+              "a charge differs from molar mass by equivalent weight");
+static_assert(Every([](const Ion& ion) { return !IsRow(ion) || (*ion.label != 0 && !ion.symbol.empty()); }),
+              "a row has no label or symbol");
+static_assert(Every([](const Ion& ion) { return !IsRow(ion) || IsNamed(ion) == (*ion.name == 0); }),
+              "a row has no name, or a named one has");
+static_assert(Every([](const Ion& ion) {
+                  return (ion.kind != IonKind::Cation && ion.kind != IonKind::Anion) ||
+                         !ion.spellings.empty();
+              }),
+              "laboratories' names of an ion are missing");
+static_assert(Every([](const Ion& ion) {
+                  return IsNamed(ion) || (ion.charge != 0) == (ion.conductance.at25 > 0.0);
+              }),
+              "an ion with a charge has no conductance");
+static_assert(std::ranges::all_of(kCations, [](const Ion* ion) { return ion->charge > 0; }) &&
+                  std::ranges::all_of(kAnions, [](const Ion* ion) { return ion->charge <= 0; }),
+              "an ion stands on the wrong side");
+
+constexpr auto kNamedCount = static_cast<std::size_t>(std::ranges::count_if(kIonTable, IsNamed));
 
 using Table = std::unordered_map<std::string_view, const Ion*>;
 
@@ -63,8 +64,8 @@ const Table& IonTable()
 {
     // Never deleted: other objects may still ask for ions while the process ends.
     static const Table& table = *[] {
-        auto* built = new Table(kIons.size());
-        for (const Ion& ion : kIons)
+        auto* built = new Table(AllIons().size());
+        for (const Ion& ion : AllIons())
             built->emplace(ion.key, &ion);
         return built;
     }();
@@ -88,17 +89,19 @@ const Ion* FindIon(std::string_view key)
 
 std::span<const Ion> AllIons()
 {
-    return kIons;
+    return std::span(kIonTable).first(kIonTable.size() - kNamedCount);
 }
 
 bool IsNamedIon(std::string_view key)
 {
-    return key == "x1" || key == "x2" || key == "y1" || key == "y2";
+    const auto named = std::span(kIonTable).last(kNamedCount);
+    return std::ranges::find(named, key, &Ion::key) != named.end();
 }
 
 bool CountsAsCharge(std::string_view key)
 {
-    return key != "sio2" && key != "b" && key != "co2";
+    const Ion* ion = FindIon(key);
+    return ion == nullptr || ion->charge != 0 || ion->kind == IonKind::Other;
 }
 
 std::string_view ReferenceKey(std::string_view key, std::string_view name)

@@ -2,62 +2,46 @@
 #include "core/laboratory_file.h"
 
 #include "core/delimited_text.h"
+#include "core/ion_table.h"
+#include "core/ion_units.h"
 #include "core/number_text.h"
 
 #include <algorithm>
 #include <array>
 #include <cctype>
+#include <cstdlib>
+#include <utility>
 
 namespace laboratory {
 namespace {
 
-struct Name
+/// What a name in a file means.
+struct Known
 {
     std::string_view target;
-    int charge;
-    /// Lower-case spellings, parted by "|".
+    const ions::Ion* ion = nullptr;  ///< null for a property that is no ion
+};
+
+/// Properties that are no ions, with their lower-case spellings, parted by "|".
+struct Property
+{
+    std::string_view target;
     std::string_view spellings;
 };
 
-// Charges only turn mmol/l into meq/l.
-constexpr std::array kNames{
-    Name{"na", 1, "na|sodium|natrium"},
-    Name{"ca", 2, "ca|calcium|kalzium"},
-    Name{"mg", 2, "mg|magnesium"},
-    Name{"k", 1, "k|potassium|kalium"},
-    Name{"sr", 2, "sr|strontium"},
-    Name{"ba", 2, "ba|barium"},
-    Name{"nh4", 1, "nh4|ammonium"},
-    Name{"fe2", 2, "fe2|fe(ii)|iron(ii)|ferrous iron|eisen(ii)"},
-    Name{"mn", 2, "mn|manganese|mangan"},
-    Name{"al", 3, "al|aluminium|aluminum"},
-    Name{"cl", 1, "cl|chloride|chlorid"},
-    Name{"so4", 2, "so4|sulfate|sulphate|sulfat"},
-    Name{"co3", 2, "co3|carbonate|carbonat|karbonat"},
-    Name{"hco3", 1,
-         "hco3|bicarbonate|hydrogencarbonate|hydrogen carbonate|bicarbonat|hydrogencarbonat|"
-         "hydrogenkarbonat"},
-    Name{"no3", 1, "no3|nitrate|nitrat"},
-    Name{"f", 1, "f|fluoride|fluorid"},
-    Name{"sio2", 0, "sio2|silica|silicon dioxide|reactive silica|kieselsäure|siliziumdioxid|siliciumdioxid"},
-    Name{"b", 0, "b|boron|bor"},
-    Name{"po4", 3, "po4|phosphate|orthophosphate|phosphat|orthophosphat"},
-    Name{"br", 1, "br|bromide|bromid"},
-    Name{"as3", 0, "as3|as(iii)|arsenic(iii)|arsen(iii)"},
-    Name{"as5", 0, "as5|as(v)|arsenic(v)|arsen(v)"},
-    Name{"co2", 0, "co2|carbon dioxide|free co2|kohlendioxid|freies co2|freie kohlensäure"},
-    Name{"ph", 0, "ph|ph value|ph-value|ph-wert|ph wert"},
-    Name{"temp", 0, "temp|temp.|temperature|temperatur|water temperature|wassertemperatur|t"},
-    Name{"turbidity", 0, "turbidity|trübung"},
-    Name{"sdi", 0, "sdi|sdi15|silt density index"},
-    Name{"tss", 0, "tss|suspended solids|total suspended solids|abfiltrierbare stoffe"},
-    Name{"toc", 0, "toc|total organic carbon|gesamter organischer kohlenstoff"},
-    Name{"fe.total", 0, "fe|fe total|total iron|iron|iron, total|eisen|eisen gesamt|gesamteisen"},
-    Name{"cl.free", 0, "free chlorine|chlorine, free|freies chlor"},
-    Name{"h2s", 0, "h2s|hydrogen sulfide|hydrogen sulphide|schwefelwasserstoff"},
+constexpr std::array kProperties{
+    Property{"ph", "ph|ph value|ph-value|ph-wert|ph wert"},
+    Property{"temp", "temp|temp.|temperature|temperatur|water temperature|wassertemperatur|t"},
+    Property{"turbidity", "turbidity|trübung"},
+    Property{"sdi", "sdi|sdi15|silt density index"},
+    Property{"tss", "tss|suspended solids|total suspended solids|abfiltrierbare stoffe"},
+    Property{"toc", "toc|total organic carbon|gesamter organischer kohlenstoff"},
+    Property{"fe.total", "fe|fe total|total iron|iron|iron, total|eisen|eisen gesamt|gesamteisen"},
+    Property{"cl.free", "free chlorine|chlorine, free|freies chlor"},
+    Property{"h2s", "h2s|hydrogen sulfide|hydrogen sulphide|schwefelwasserstoff"},
 };
 
-/// Properties that are no concentration of an ion, with the unit of the analysis and its spellings.
+/// The units of such properties in an analysis, with their spellings.
 struct PropertyUnit
 {
     std::string_view target;
@@ -100,6 +84,10 @@ constexpr std::array kIonUnits{
     IonUnit{"\u00b0e", 1.0, "\u00b0e|\u00b0eh|\u00b0clark"},
 };
 
+/// Amounts of substance, in mmol/l.
+constexpr std::array<std::pair<std::string_view, double>, 2> kMolarUnits{
+    {{"mmol/l|mol/m3|mol/m\u00b3", 1.0}, {"\u00b5mol/l|\u03bcmol/l|umol/l", 1e-3}}};
+
 bool HasSpelling(std::string_view spellings, std::string_view text)
 {
     for (std::size_t at = 0;;) {
@@ -130,12 +118,17 @@ std::string Lower(std::string_view text)
     return lower;
 }
 
-const Name* FindName(std::string_view spelling)
+std::optional<Known> FindName(std::string_view spelling)
 {
-    const auto found = std::find_if(kNames.begin(), kNames.end(), [spelling](const Name& name) {
-        return HasSpelling(name.spellings, spelling);
-    });
-    return found == kNames.end() ? nullptr : &*found;
+    if (spelling.empty())
+        return std::nullopt;
+    for (const ions::Ion& ion : ions::kIonTable)
+        if (HasSpelling(ion.spellings, spelling))
+            return Known{ion.key, &ion};
+    for (const Property& property : kProperties)
+        if (HasSpelling(property.spellings, spelling))
+            return Known{property.target};
+    return std::nullopt;
 }
 
 /// "ca2+", "so4--" and "na+" without their charge.
@@ -146,32 +139,61 @@ std::string WithoutCharge(const std::string& name)
         return name;
     std::string plain = name.substr(0, sign + 1);
     // The digit of the charge; "so42-" keeps that of the formula.
-    if (plain.size() > 1 && std::isdigit(static_cast<unsigned char>(plain.back())) != 0 &&
-        FindName(plain) == nullptr)
+    if (plain.size() > 1 && std::isdigit(static_cast<unsigned char>(plain.back())) != 0 && !FindName(plain))
         plain.pop_back();
     return plain;
 }
 
-const Name* NameOf(std::string_view text)
+std::optional<Known> NameOf(std::string_view text)
 {
     const std::string name = Lower(numbertext::Trim(text));
-    if (const Name* found = FindName(name))
+    if (const auto found = FindName(name))
         return found;
-    if (const Name* found = FindName(WithoutCharge(name)))
+    if (const auto found = FindName(WithoutCharge(name)))
         return found;
     // "calcium, dissolved", "Calcium gelöst": the first word, and what stands in brackets behind a name.
     for (const char* end : {",", " (", " "}) {
         const std::size_t at = name.find(end);
         if (at == std::string::npos)
             continue;
-        if (const Name* found = FindName(WithoutCharge(name.substr(0, at))))
+        if (const auto found = FindName(WithoutCharge(name.substr(0, at))))
             return found;
     }
     const std::size_t open = name.find('(');
     const std::size_t close = name.find(')');
     if (open != std::string::npos && close != std::string::npos && close > open)
         return FindName(WithoutCharge(name.substr(open + 1, close - open - 1)));
-    return nullptr;
+    return std::nullopt;
+}
+
+/// A unit in the spelling of the analysis, with the factor that a number of the file takes.
+struct UnitReading
+{
+    std::string unit;
+    double factor = 1.0;
+};
+
+/// The unit of that ion's concentration; nothing where the text is no such unit.
+std::optional<UnitReading> ReadIonUnit(std::string_view text, const ions::Ion& ion)
+{
+    const std::string spelling = Lower(numbertext::Trim(text));
+    for (const IonUnit& unit : kIonUnits)
+        if (HasSpelling(unit.spellings, spelling))
+            return UnitReading{std::string(unit.unit), unit.factor};
+    for (const auto& [spellings, millimoles] : kMolarUnits) {
+        if (!HasSpelling(spellings, spelling))
+            continue;
+        // What carries no charge has no equivalents: its amount is given as a mass.
+        if (ion.charge == 0)
+            return UnitReading{std::string(ions::kMgPerLitre), millimoles * ion.molarMass};
+        return UnitReading{std::string(ions::kMeqPerLitre), millimoles * std::abs(ion.charge)};
+    }
+    return std::nullopt;
+}
+
+bool IsIonUnit(std::string_view text)
+{
+    return ReadIonUnit(text, ions::kIonTable.front()).has_value();
 }
 
 struct Title
@@ -189,8 +211,8 @@ Title SplitTitle(const std::string& title)
         if (from == std::string::npos || to == std::string::npos || to < from)
             continue;
         const std::string inside = numbertext::Trim(title.substr(from + 1, to - from - 1));
-        const bool isUnit = open == '[' || inside.find('/') != std::string::npos ||
-                            ReadIonUnit(inside, 0).has_value() || inside.starts_with("\u00b0");
+        const bool isUnit = open == '[' || inside.find('/') != std::string::npos || IsIonUnit(inside) ||
+                            inside.starts_with("\u00b0");
         if (isUnit)
             return {numbertext::Trim(title.substr(0, from)), inside};
     }
@@ -198,7 +220,7 @@ Title SplitTitle(const std::string& title)
     if (in != std::string::npos)
         return {numbertext::Trim(title.substr(0, in)), numbertext::Trim(title.substr(in + 4))};
     const std::size_t blank = title.find(' ');
-    if (blank != std::string::npos && ReadIonUnit(title.substr(blank + 1), 1))
+    if (blank != std::string::npos && IsIonUnit(title.substr(blank + 1)))
         return {title.substr(0, blank), numbertext::Trim(title.substr(blank + 1))};
     return {title, {}};
 }
@@ -206,24 +228,20 @@ Title SplitTitle(const std::string& title)
 /// Sets target and unit; a name that is not known leaves both empty.
 void Interpret(Parameter& parameter, const std::string& name, const std::string& unit)
 {
-    const Name* known = NameOf(name);
-    if (known == nullptr)
+    const auto known = NameOf(name);
+    if (!known)
         return;
     parameter.target = known->target;
     const std::string spelling = Lower(unit);
-    bool isProperty = false;
     for (const PropertyUnit& property : kPropertyUnits) {
-        if (property.target != known->target)
-            continue;
-        isProperty = true;
-        if (HasSpelling(property.spellings, spelling)) {
+        if (property.target == known->target && HasSpelling(property.spellings, spelling)) {
             parameter.unit = property.unit;
             return;
         }
     }
-    if (!isProperty) {
+    if (known->ion != nullptr) {
         // Laboratories that state no unit mean mg/l.
-        if (const auto reading = ReadIonUnit(unit.empty() ? "mg/l" : unit, known->charge)) {
+        if (const auto reading = ReadIonUnit(unit.empty() ? "mg/l" : unit, *known->ion)) {
             parameter.unit = reading->unit;
             parameter.factor = reading->factor;
             return;
@@ -280,7 +298,7 @@ char FindDecimalSign(const std::vector<std::vector<std::string>>& samples, char 
 
 bool NamesParameter(const std::string& cell)
 {
-    return NameOf(SplitTitle(cell).name) != nullptr;
+    return NameOf(SplitTitle(cell).name).has_value();
 }
 
 std::size_t CountParameters(const std::vector<std::string>& cells)
@@ -320,7 +338,7 @@ void ReadAcross(File& file, const Table& table, std::size_t head)
 
 bool LooksLikeUnit(const std::string& text)
 {
-    return ReadIonUnit(text, 1).has_value() || Lower(text) == "ntu" || text.starts_with("\u00b0");
+    return IsIonUnit(text) || Lower(text) == "ntu" || text.starts_with("\u00b0");
 }
 
 void ReadDown(File& file, const Table& table, std::size_t names)
@@ -357,21 +375,10 @@ void ReadDown(File& file, const Table& table, std::size_t names)
 
 }  // namespace
 
-std::optional<UnitReading> ReadIonUnit(std::string_view text, int charge)
-{
-    const std::string spelling = Lower(numbertext::Trim(text));
-    for (const IonUnit& unit : kIonUnits)
-        if (HasSpelling(unit.spellings, spelling))
-            return UnitReading{std::string(unit.unit), unit.factor};
-    if (charge > 0 && spelling == "mmol/l")
-        return UnitReading{"meq/l", static_cast<double>(charge)};
-    return std::nullopt;
-}
-
 std::string FindTarget(std::string_view name)
 {
-    const Name* found = NameOf(name);
-    return found != nullptr ? std::string(found->target) : std::string();
+    const auto found = NameOf(name);
+    return found ? std::string(found->target) : std::string();
 }
 
 std::optional<double> File::GetNumber(std::size_t sample, std::size_t parameter) const

@@ -48,15 +48,6 @@ struct File
 /// A file without any parameter that is known has no samples.
 CORE_EXPORT File Read(std::string_view bytes);
 
-/// The unit of an ion in the spelling of the analysis, with the factor that a number in `text` takes; nothing
-/// where it is no unit of concentration. `charge` turns mmol/l into meq/l; 0 where the ion carries none.
-struct UnitReading
-{
-    std::string unit;
-    double factor = 1.0;
-};
-CORE_EXPORT std::optional<UnitReading> ReadIonUnit(std::string_view text, int charge);
-
 /// The target of a parameter's name ("Ca", "Calcium", "Ca2+", "calcium, dissolved"); empty when not known.
 CORE_EXPORT std::string FindTarget(std::string_view name);
 

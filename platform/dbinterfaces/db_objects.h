@@ -8,6 +8,7 @@
 #include <limits>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace DBObjects {
 
@@ -22,6 +23,7 @@ struct DetailDefinition
     std::optional<double> max;
     std::string limitUnit;
     std::string defaultValue;  ///< empty: nothing is known yet
+    std::string label;         ///< what the user calls it, as source text
 };
 
 /// An ion of the water analysis.
@@ -107,6 +109,21 @@ struct FeedMedium
     int id = -1;
     std::string name;      ///< English
     double density = 0.0;  ///< kg/l at 20 °C
+};
+
+/// A place in the line of a plant.
+struct PlantExchanger
+{
+    std::string kind;       ///< "SAC_NA", "SAC_H", "WAC_H", "WBA", "SBA", "MB" or "DEGAS"
+    bool optional = false;  ///< may be left out
+};
+
+/// A type of plant that a project can be.
+struct PlantType
+{
+    std::string type;  ///< "iex", "SOFT", "DEMI", ...
+    std::string name;  ///< English
+    std::vector<PlantExchanger> exchangers;  ///< in flow order
 };
 
 /// What the organic load of a water consists of. Typical figures of aquatic humic substances, Thurman 1985,

@@ -17,7 +17,7 @@ namespace {
 
 constexpr water_queries::Tables kMasterWaters{"", 0};
 constexpr int kApplicationId = 0x54564D44;  // "TVMD", as the build script writes it
-constexpr int kSchemaVersion = 6;
+constexpr int kSchemaVersion = 7;
 
 struct State
 {
@@ -138,11 +138,11 @@ std::vector<DBObjects::DetailDefinition> MasterDatabase::GetDetailDefinitions(co
         soci::indicator maxKnown = soci::i_null;
         soci::statement statement =
             (session.prepare << "SELECT name, derived, type, unit, min_value, max_value, limit_unit, "
-                                "default_value FROM detail "
+                                "default_value, label FROM detail "
                                 "WHERE grp = :grp AND variant = :variant ORDER BY name",
              soci::use(group), soci::use(variant), soci::into(row.name), soci::into(derived),
              soci::into(row.type), soci::into(row.unit), soci::into(min, minKnown), soci::into(max, maxKnown),
-             soci::into(row.limitUnit), soci::into(row.defaultValue));
+             soci::into(row.limitUnit), soci::into(row.defaultValue), soci::into(row.label));
         statement.execute();
         while (statement.fetch()) {
             row.derived = derived != 0;
@@ -277,6 +277,24 @@ DBObjects::FeedMedium MasterDatabase::GetFeedMedium(int id)
         session << "SELECT id, name, density FROM feed_medium WHERE id = :id", soci::use(id),
             soci::into(medium.id), soci::into(medium.name), soci::into(medium.density);
         return session.got_data() ? medium : DBObjects::FeedMedium();
+    });
+}
+
+std::vector<DBObjects::PlantType> MasterDatabase::GetPlantTypes()
+{
+    return Run("GetPlantTypes", [](soci::session& session) {
+        std::vector<DBObjects::PlantType> types;
+        const soci::rowset<soci::row> rows =
+            (session.prepare << "SELECT t.type, t.name, e.kind, e.optional FROM plant_type t "
+                                "LEFT JOIN plant_exchanger e ON e.type = t.type ORDER BY t.id, e.position");
+        for (const soci::row& row : rows) {
+            const auto type = row.get<std::string>(0);
+            if (types.empty() || types.back().type != type)
+                types.push_back({type, row.get<std::string>(1), {}});
+            if (row.get_indicator(2) == soci::i_ok)
+                types.back().exchangers.push_back({row.get<std::string>(2), row.get<int>(3) != 0});
+        }
+        return types;
     });
 }
 

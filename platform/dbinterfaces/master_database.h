@@ -58,6 +58,9 @@ public:
     /// The feed medium with that identifier; identifier -1 where there is none.
     static DBObjects::FeedMedium GetFeedMedium(int id);
 
+    /// The types of plants in the order in which they are offered.
+    static std::vector<DBObjects::PlantType> GetPlantTypes();
+
     /// What the organic load of a water can consist of, by a pattern of the key in which "%" stands for any
     /// text; "none" is first.
     static std::vector<DBObjects::Organic> GetOrganics(const std::string& pattern = "%");

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-# cmake -DBUILD=... -DSOURCE=... -DFLAGS=... -DTYPE=... -P check_installation.cmake
+# cmake -DBUILD=... -DSOURCE=... -DTYPE=... -P check_installation.cmake
 # Installs the build into a fresh folder, runs the installed program from there, and builds and runs a project that uses the
 # installed libraries.
 set(work "${BUILD}/package_test")
@@ -32,7 +32,7 @@ foreach(file applications/tarnvik.desktop mime/packages/tarnvik.xml icons/hicolo
 endforeach()
 
 run("${CMAKE_COMMAND}" -G Ninja -S "${SOURCE}/tests/package" -B "${work}/consumer" "-DCMAKE_PREFIX_PATH=${prefix}"
-    "-DCMAKE_CXX_FLAGS=${FLAGS}" "-DCMAKE_BUILD_TYPE=${TYPE}")
+    "-DCMAKE_BUILD_TYPE=${TYPE}")
 run("${CMAKE_COMMAND}" --build "${work}/consumer")
 set(ENV{TARNVIK_DATA} "${prefix}/share/tarnvik")
 run("${work}/consumer/consumer")

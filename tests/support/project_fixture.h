@@ -17,7 +17,6 @@ inline std::unique_ptr<Project> MakeSampleProject()
 {
     auto project = std::make_unique<iex::IEXProject>();
     project->SetUnitSystemDisplay("us");
-    project->ResetStatus(3);
     DetailList& details = project->GetDetails();
     details.At("project/title").SetValue("Kesselspeisewasser Gr\u00f6\u00dfe \u6c34");
     details.At("project/comments").SetValue(std::string("two\nlines, a \"quote\" and a nul: ") + '\0' + "!");
@@ -42,6 +41,8 @@ inline std::unique_ptr<Project> MakeSampleProject()
             .SetValue(values[i]);
     project->GetLiquid(0).GetDetails()->At("liquid/na.unit").SetValue("\u00b0d");
     project->GetLiquid(0).GetDetails()->At("liquid/balance.auto").SetValue(true);
+    project->CalculateDesign();
+    project->ResetStatus(3);
     return project;
 }
 

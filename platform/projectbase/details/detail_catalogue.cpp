@@ -20,6 +20,7 @@ DetailData FromDefinition(const DBObjects::DetailDefinition& definition)
                                  definition.type + "'");
     DetailData detail(definition.name, *type, definition.unit);
     detail.SetDerived(definition.derived);
+    detail.SetLabel(definition.label);
     detail.SetLimits(definition.min, definition.max, definition.limitUnit);
     const bool keepEmpty = definition.defaultValue.empty() && *type != DetailType::Double;
     if (!keepEmpty && !detail.SetValueFromString(wxString::FromUTF8(definition.defaultValue))) {

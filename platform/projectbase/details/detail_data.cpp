@@ -96,18 +96,82 @@ DetailData::Value DetailData::EmptyValue(DetailType type)
     return wxString();
 }
 
-DetailData::DetailData(std::string name, DetailType type, std::string unit)
-    : m_name(std::move(name)), m_type(type), m_unit(std::move(unit)), m_value(EmptyValue(type))
-{}
+DetailData::DetailData(std::string name, DetailType type, std::string unit) : m_value(EmptyValue(type))
+{
+    auto info = std::make_shared<Info>();
+    info->name = std::move(name);
+    info->type = type;
+    info->unit = std::move(unit);
+    m_info = std::move(info);
+}
+
+namespace {
+
+/// The life of one change, for the watch of the detail.
+class WatchedWrite
+{
+public:
+    explicit WatchedWrite(DetailData& detail) : m_watch(detail.GetWatch())
+    {
+        if (m_watch != nullptr)
+            m_watch->BeforeWrite(detail);
+    }
+    ~WatchedWrite()
+    {
+        if (m_watch != nullptr)
+            m_watch->AfterWrite();
+    }
+    WatchedWrite(const WatchedWrite&) = delete;
+    WatchedWrite& operator=(const WatchedWrite&) = delete;
+
+private:
+    DetailWatch* m_watch;
+};
+
+}  // namespace
+
+void DetailData::Store(Value value)
+{
+    if (SameDetailValue(m_value, value))
+        return;
+    const WatchedWrite write(*this);
+    m_value = std::move(value);
+}
+
+template <typename Change>
+void DetailData::ChangeInfo(Change change)
+{
+    auto info = std::make_shared<Info>(*m_info);
+    change(*info);
+    m_info = std::move(info);
+}
+
+void DetailData::SetUnit(const std::string& unit)
+{
+    if (unit == m_info->unit)
+        return;
+    const WatchedWrite write(*this);
+    ChangeInfo([&unit](Info& info) { info.unit = unit; });
+}
+
+void DetailData::SetLabel(const std::string& label)
+{
+    ChangeInfo([&label](Info& info) { info.label = label; });
+}
+
+void DetailData::SetDerived(bool derived)
+{
+    ChangeInfo([derived](Info& info) { info.derived = derived; });
+}
 
 const std::string& DetailData::GetTypeName() const
 {
-    return kTypeNames[static_cast<std::size_t>(m_type)];
+    return kTypeNames[static_cast<std::size_t>(m_info->type)];
 }
 
 double DetailData::GetDoubleValue() const
 {
-    switch (m_type) {
+    switch (m_info->type) {
         case DetailType::Double:
             return std::get<double>(m_value);
         case DetailType::Long:
@@ -126,14 +190,14 @@ double DetailData::GetDoubleValue() const
 
 long DetailData::GetLongValue() const
 {
-    return m_type == DetailType::Long ? std::get<long>(m_value) : TruncateToLong(GetDoubleValue());
+    return m_info->type == DetailType::Long ? std::get<long>(m_value) : TruncateToLong(GetDoubleValue());
 }
 
 bool DetailData::GetBoolValue() const
 {
-    if (m_type == DetailType::Bool)
+    if (m_info->type == DetailType::Bool)
         return std::get<bool>(m_value);
-    if (m_type == DetailType::String && std::get<wxString>(m_value).IsSameAs("true", false))
+    if (m_info->type == DetailType::String && std::get<wxString>(m_value).IsSameAs("true", false))
         return true;
     const double value = GetDoubleValue();
     return value != 0.0 && !std::isnan(value);
@@ -141,10 +205,10 @@ bool DetailData::GetBoolValue() const
 
 wxDateTime DetailData::GetDateValue() const
 {
-    if (m_type == DetailType::Date)
+    if (m_info->type == DetailType::Date)
         return std::get<wxDateTime>(m_value);
     wxDateTime date;
-    if (m_type == DetailType::String) {
+    if (m_info->type == DetailType::String) {
         const wxString& text = std::get<wxString>(m_value);
         if (!date.ParseISOCombined(text) && !date.ParseISODate(text))
             return {};
@@ -154,7 +218,7 @@ wxDateTime DetailData::GetDateValue() const
 
 wxString DetailData::GetStringValue() const
 {
-    return m_type == DetailType::String ? std::get<wxString>(m_value) : GetValueAsString();
+    return m_info->type == DetailType::String ? std::get<wxString>(m_value) : GetValueAsString();
 }
 
 std::string DetailData::GetStdStringValue() const
@@ -164,7 +228,7 @@ std::string DetailData::GetStdStringValue() const
 
 wxString DetailData::GetValueAsString() const
 {
-    switch (m_type) {
+    switch (m_info->type) {
         case DetailType::Double: {
             const double value = std::get<double>(m_value);
             return std::isnan(value) ? wxString() : wxString::FromAscii(FormatScientific(value).c_str());
@@ -185,18 +249,18 @@ wxString DetailData::GetValueAsString() const
 
 void DetailData::SetValue(double value)
 {
-    switch (m_type) {
+    switch (m_info->type) {
         case DetailType::Double:
-            m_value = value;
+            Store(value);
             break;
         case DetailType::Long:
-            m_value = TruncateToLong(value);
+            Store(TruncateToLong(value));
             break;
         case DetailType::Bool:
-            m_value = value != 0.0 && !std::isnan(value);
+            Store(value != 0.0 && !std::isnan(value));
             break;
         case DetailType::String:
-            m_value = std::isnan(value) ? wxString() : wxString::FromAscii(FormatScientific(value).c_str());
+            Store(std::isnan(value) ? wxString() : wxString::FromAscii(FormatScientific(value).c_str()));
             break;
         case DetailType::Date:
             break;
@@ -205,47 +269,47 @@ void DetailData::SetValue(double value)
 
 void DetailData::SetValue(long value)
 {
-    if (m_type == DetailType::Long)
-        m_value = value;
-    else if (m_type == DetailType::String)
-        m_value = wxString::FromAscii(std::to_string(value).c_str());
+    if (m_info->type == DetailType::Long)
+        Store(value);
+    else if (m_info->type == DetailType::String)
+        Store(wxString::FromAscii(std::to_string(value).c_str()));
     else
         SetValue(static_cast<double>(value));
 }
 
 void DetailData::SetValue(bool value)
 {
-    if (m_type == DetailType::String)
-        m_value = value ? wxString("true") : wxString("false");
+    if (m_info->type == DetailType::String)
+        Store(value ? wxString("true") : wxString("false"));
     else
         SetValue(value ? 1.0 : 0.0);
 }
 
 void DetailData::SetValue(const wxDateTime& value)
 {
-    if (m_type == DetailType::Date)
-        m_value = value;
-    else if (m_type == DetailType::String)
-        m_value = value.IsValid() ? value.FormatISOCombined() : wxString();
+    if (m_info->type == DetailType::Date)
+        Store(value);
+    else if (m_info->type == DetailType::String)
+        Store(value.IsValid() ? value.FormatISOCombined() : wxString());
 }
 
 void DetailData::SetValue(const wxString& value)
 {
-    if (m_type == DetailType::String)
-        m_value = value;
+    if (m_info->type == DetailType::String)
+        Store(value);
     else
         SetValueFromString(value);
 }
 
 bool DetailData::SetValueFromString(const wxString& text)
 {
-    switch (m_type) {
+    switch (m_info->type) {
         case DetailType::Double: {
             double value = 0.0;
             if (text.empty())
-                m_value = kUnknown;
+                Store(kUnknown);
             else if (ParseDouble(text, value))
-                m_value = value;
+                Store(value);
             else
                 return false;
             return true;
@@ -254,9 +318,9 @@ bool DetailData::SetValueFromString(const wxString& text)
             wxLongLong_t value = 0;
             double asDouble = 0.0;
             if (text.ToLongLong(&value))
-                m_value = static_cast<long>(value);
+                Store(static_cast<long>(value));
             else if (ParseDouble(text, asDouble))
-                m_value = TruncateToLong(asDouble);
+                Store(TruncateToLong(asDouble));
             else
                 return false;
             return true;
@@ -265,42 +329,42 @@ bool DetailData::SetValueFromString(const wxString& text)
             const wxString lower = text.Lower();
             if (lower != "true" && lower != "false" && lower != "1" && lower != "0")
                 return false;
-            m_value = lower == "true" || lower == "1";
+            Store(lower == "true" || lower == "1");
             return true;
         }
         case DetailType::Date: {
             wxDateTime date;
             if (!text.empty() && !date.ParseISOCombined(text) && !date.ParseISODate(text))
                 return false;
-            m_value = date;
+            Store(date);
             return true;
         }
         case DetailType::String:
             break;
     }
-    m_value = text;
+    Store(text);
     return true;
 }
 
 void DetailData::ClearValue()
 {
-    m_value = EmptyValue(m_type);
+    Store(EmptyValue(m_info->type));
 }
 
 void DetailData::CopyValue(const DetailData& other)
 {
-    if (m_type == other.m_type)
-        m_value = other.m_value;
+    if (m_info->type == other.m_info->type)
+        Store(other.m_value);
     else
         SetValueFromString(other.GetValueAsString());
-    m_unit = other.m_unit;
+    SetUnit(other.GetUnit());
 }
 
 void DetailData::RestoreValue(const Value& value)
 {
     if (value.index() != m_value.index())
-        throw std::runtime_error("DetailData::RestoreValue: '" + m_name + "' holds another type");
-    m_value = value;
+        throw std::runtime_error("DetailData::RestoreValue: '" + GetName() + "' holds another type");
+    Store(value);
 }
 
 bool DetailData::HasSameValue(const DetailData& other) const
@@ -310,7 +374,9 @@ bool DetailData::HasSameValue(const DetailData& other) const
 
 void DetailData::SetLimits(std::optional<double> min, std::optional<double> max, std::string limitUnit)
 {
-    m_min = min;
-    m_max = max;
-    m_limitUnit = std::move(limitUnit);
+    ChangeInfo([&](Info& info) {
+        info.min = min;
+        info.max = max;
+        info.limitUnit = std::move(limitUnit);
+    });
 }

@@ -7,14 +7,21 @@
 /// gives the empty value of that type; writing converts in the same way, so that a detail never changes its
 /// type. Numbers are kept in the ISO unit of the detail. A double that is not a number means "not known" and
 /// prints as an empty text. Not thread-safe: details belong to the thread of their project.
+///
+/// What never changes (name, type, limits, ...) is shared by all copies, so that copying a project costs
+/// little. A detail that belongs to an object of a project tells its watch before it changes.
 
+#include "projectbase/details/detail_watch.h"
 #include "projectbase/projectbase_export.h"
 
 #include <wx/datetime.h>
 #include <wx/string.h>
 
+#include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 #include <variant>
 
 enum class DetailType
@@ -38,14 +45,18 @@ public:
     /// A detail holding the empty value of its type: 0, false, no date or an empty text.
     explicit DetailData(std::string name, DetailType type = DetailType::Double, std::string unit = {});
 
-    const std::string& GetName() const { return m_name; }
-    DetailType GetType() const { return m_type; }
+    const std::string& GetName() const { return m_info->name; }
+    DetailType GetType() const { return m_info->type; }
     /// "double", "long", "bool", "date" or "string".
     const std::string& GetTypeName() const;
 
     /// ISO unit as UTF-8; a unit that begins with "EUR" is a currency.
-    const std::string& GetUnit() const { return m_unit; }
-    void SetUnit(const std::string& unit) { m_unit = unit; }
+    const std::string& GetUnit() const { return m_info->unit; }
+    void SetUnit(const std::string& unit);
+
+    /// What the user calls the value, as English source text; empty where the catalogue gives no name.
+    const std::string& GetLabel() const { return m_info->label; }
+    void SetLabel(const std::string& label);
 
     double GetDoubleValue() const;
     long GetLongValue() const;
@@ -85,33 +96,62 @@ public:
     int GetRangeFlag() const { return m_rangeFlag; }
     void SetRangeFlag(int flag) { m_rangeFlag = flag; }
 
-    bool HasMinValue() const { return m_min.has_value(); }
-    bool HasMaxValue() const { return m_max.has_value(); }
+    bool HasMinValue() const { return m_info->min.has_value(); }
+    bool HasMaxValue() const { return m_info->max.has_value(); }
     /// Limits in the detail's ISO unit; 0 where there is none.
-    double GetMinValue() const { return m_min.value_or(0.0); }
-    double GetMaxValue() const { return m_max.value_or(0.0); }
-    const std::string& GetLimitUnit() const { return m_limitUnit; }
+    double GetMinValue() const { return m_info->min.value_or(0.0); }
+    double GetMaxValue() const { return m_info->max.value_or(0.0); }
+    const std::string& GetLimitUnit() const { return m_info->limitUnit; }
     void SetLimits(std::optional<double> min, std::optional<double> max, std::string limitUnit);
 
     /// Computed by the project from other details, hence no input.
-    bool IsDerived() const { return m_derived; }
-    void SetDerived(bool derived) { m_derived = derived; }
+    bool IsDerived() const { return m_info->derived; }
+    void SetDerived(bool derived);
+
+    /// Who is told before the value or the unit changes; null for nobody. Not owned, and not copied with the
+    /// detail.
+    void SetWatch(DetailWatch* watch) { m_watched.by = watch; }
+    DetailWatch* GetWatch() const { return m_watched.by; }
+    /// Marks the detail as noted under `serial`. Returns whether it was not so before.
+    bool NoteUnder(std::uint64_t serial) { return std::exchange(m_watched.noted, serial) != serial; }
+    bool IsNotedUnder(std::uint64_t serial) const { return m_watched.noted == serial; }
 
     /// Set by the bindings: whether the last transfer from a window changed the stored value.
     bool changed = false;
 
 private:
-    static Value EmptyValue(DetailType type);
+    struct Info
+    {
+        std::string name;
+        DetailType type = DetailType::Double;
+        std::string unit;
+        std::optional<double> min;
+        std::optional<double> max;
+        std::string limitUnit;
+        std::string label;
+        bool derived = false;
+    };
+    /// Stays with the detail when values are copied.
+    struct Watched
+    {
+        Watched() = default;
+        Watched(const Watched&) noexcept {}
+        Watched& operator=(const Watched&) noexcept { return *this; }
 
-    std::string m_name;
-    DetailType m_type;
-    std::string m_unit;
+        DetailWatch* by = nullptr;
+        std::uint64_t noted = 0;
+    };
+
+    static Value EmptyValue(DetailType type);
+    /// Every change of the value goes through here.
+    void Store(Value value);
+    template <typename Change>
+    void ChangeInfo(Change change);
+
+    std::shared_ptr<const Info> m_info;
     Value m_value;
-    std::optional<double> m_min;
-    std::optional<double> m_max;
-    std::string m_limitUnit;
     int m_rangeFlag = 0;
-    bool m_derived = false;
+    Watched m_watched;
 };
 
 /// Whether two values are of the same type and equal, bit by bit for doubles (two unknown ones are equal).

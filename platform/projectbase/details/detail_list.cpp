@@ -31,15 +31,20 @@ const DetailData& DetailList::At(std::string_view name) const
 DetailData& DetailList::Add(DetailData detail)
 {
     std::string name = detail.GetName();
-    return m_details.try_emplace(std::move(name), std::move(detail)).first->second;
+    DetailData& added = m_details.try_emplace(std::move(name), std::move(detail)).first->second;
+    added.SetWatch(m_watch);
+    return added;
 }
 
 void DetailList::LoadGroup(const std::string& group, const std::string& variant)
 {
     // Both sides are sorted by name, so the place of each detail is next to that of the one before.
     auto hint = m_details.begin();
-    for (const DetailData& prototype : *CatalogueGroup(group, variant))
-        hint = std::next(m_details.try_emplace(hint, prototype.GetName(), prototype));
+    for (const DetailData& prototype : *CatalogueGroup(group, variant)) {
+        const auto added = m_details.try_emplace(hint, prototype.GetName(), prototype);
+        added->second.SetWatch(m_watch);
+        hint = std::next(added);
+    }
 }
 
 void DetailList::CopyValues(const DetailList& other)
@@ -54,4 +59,11 @@ void DetailList::ClearValues()
 {
     for (auto& [name, detail] : m_details)
         detail.ClearValue();
+}
+
+void DetailList::SetWatch(DetailWatch* watch)
+{
+    m_watch = watch;
+    for (auto& [name, detail] : m_details)
+        detail.SetWatch(watch);
 }

@@ -18,7 +18,8 @@ public:
     using Map = std::map<std::string, DetailData, std::less<>>;
 
     DetailList() = default;
-    DetailList(const DetailList&) = delete;
+    /// The same details, which nobody watches yet.
+    DetailList(const DetailList& other) : m_details(other.m_details) {}
     DetailList& operator=(const DetailList&) = delete;
 
     Map::iterator Begin() { return m_details.begin(); }
@@ -47,7 +48,10 @@ public:
     void CopyValues(const DetailList& other);
     /// Sets every value to the empty value of its type, not to its default.
     void ClearValues();
+    /// Lets `watch` know of every change of a detail, also of those added later; null for nobody. Not owned.
+    void SetWatch(DetailWatch* watch);
 
 private:
     Map m_details;
+    DetailWatch* m_watch = nullptr;
 };

@@ -66,6 +66,7 @@ void FollowAmount(const Entry& entry, Concentration& block)
 void Fill(const Entry& entry, Concentration& block, Unit base, double value, double density)
 {
     block[base] = value;
+    block.typed = base;
     switch (base) {
         case Unit::MgPerLitre:
             // A compound without a molar mass keeps the amounts that were stated for it.

@@ -44,6 +44,9 @@ public:
         std::array<double, kUnitCount> values{};
         /// Of a solution of this compound alone; NaN where there is none (an ion alone is no solution).
         double pH = std::numeric_limits<double>::quiet_NaN();
+        /// The unit that was typed last; its value brings back what equivalents alone cannot hold. Never one
+        /// per mass of solution, which the density changes.
+        Unit typed = Unit::MeqPerLitre;
 
         double operator[](Unit unit) const { return values[static_cast<std::size_t>(unit)]; }
         double& operator[](Unit unit) { return values[static_cast<std::size_t>(unit)]; }

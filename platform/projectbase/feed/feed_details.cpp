@@ -3,8 +3,10 @@
 #include "projectbase/details/detail_catalogue.h"
 #include "projectbase/feed/known_elements.h"
 #include "projectbase/project/iex_project.h"
+#include "projectbase/project/project_edit.h"
 
 #include <algorithm>
+#include <cmath>
 #include <limits>
 #include <stdexcept>
 
@@ -67,6 +69,32 @@ Entry ReadEntry(const GroupReader& reader)
     return entry;
 }
 
+/// What was typed beside the equivalents; not known where they were typed themselves.
+double TypedAmount(const FeedComposition::Concentration& block)
+{
+    return block.typed == Unit::MeqPerLitre ? std::numeric_limits<double>::quiet_NaN() : block[block.typed];
+}
+
+std::string TypedUnit(const FeedComposition::Concentration& block)
+{
+    return block.typed == Unit::MeqPerLitre
+               ? std::string()
+               : FeedComposition::kUnitTexts[static_cast<std::size_t>(block.typed)];
+}
+
+/// Brings a concentration back: the equivalents first, which know what a compound without a molar mass has,
+/// then what was typed.
+template <typename Set>
+void ReadConcentration(const GroupReader& reader, const std::string& key, Set set)
+{
+    set(Unit::MeqPerLitre, reader.Number((key + ".meql").c_str()));
+    const std::string unit = reader.Text((key + ".unit").c_str());
+    const auto known = std::ranges::find(FeedComposition::kUnitTexts, unit);
+    const double amount = reader.Number((key + ".typed").c_str());
+    if (known != FeedComposition::kUnitTexts.end() && std::isfinite(amount))
+        set(static_cast<Unit>(known - FeedComposition::kUnitTexts.begin()), amount);
+}
+
 /// Every stored value of an entry with the name of its detail.
 template <typename Visit>
 void ForEachValue(const Entry& entry, Visit visit)
@@ -81,6 +109,10 @@ void ForEachValue(const Entry& entry, Visit visit)
     visit("feedcompound/pka", entry.pKa);
     visit("feedcompound/conc.meql", entry.feed[Unit::MeqPerLitre]);
     visit("feedcompound/conc.effluent.meql", entry.effluent[Unit::MeqPerLitre]);
+    visit("feedcompound/conc.typed", TypedAmount(entry.feed));
+    visit("feedcompound/conc.unit", TypedUnit(entry.feed));
+    visit("feedcompound/conc.effluent.typed", TypedAmount(entry.effluent));
+    visit("feedcompound/conc.effluent.unit", TypedUnit(entry.effluent));
 }
 
 DetailGroup WriteEntry(const Entry& entry)
@@ -133,8 +165,12 @@ void AddCompounds(const DetailGroupsPtr& groups, FeedComposition& composition)
         const GroupReader reader(*group);
         const std::size_t index = composition.GetEntries().size();
         composition.Add(ReadEntry(reader));
-        composition.SetFeed(index, Unit::MeqPerLitre, reader.Number("feedcompound/conc.meql"));
-        composition.SetEffluent(index, Unit::MeqPerLitre, reader.Number("feedcompound/conc.effluent.meql"));
+        ReadConcentration(reader, "feedcompound/conc", [&](Unit unit, double value) {
+            composition.SetFeed(index, unit, value);
+        });
+        ReadConcentration(reader, "feedcompound/conc.effluent", [&](Unit unit, double value) {
+            composition.SetEffluent(index, unit, value);
+        });
     }
 }
 
@@ -156,6 +192,7 @@ FeedComposition IEXProject::LoadFeedCompositionFromDetails() const
 
 void IEXProject::SaveFeedCompositionToDetails(const FeedComposition& composition)
 {
+    const ProjectEdit edit(*this);
     static const DetailGroups kNone;
     const DetailGroupsPtr former = GetDetailGroups(kCompounds);
     const DetailGroups& old = former ? *former : kNone;

@@ -13,11 +13,29 @@ double Quotient(double volume, double divisor)
     return divisor != 0.0 ? volume / divisor : kUnknown;
 }
 
+constexpr std::string_view kLetters = "QTV";  // by Quantity
+
 }  // namespace
 
 FeedQuantities::FeedQuantities()
 {
     m_values.fill(kUnknown);
+}
+
+FeedQuantities::FeedQuantities(std::string_view order) : FeedQuantities()
+{
+    if (!std::is_permutation(order.begin(), order.end(), kLetters.begin(), kLetters.end()))
+        return;
+    std::transform(order.begin(), order.end(), m_order.begin(),
+                   [](char letter) { return static_cast<Quantity>(kLetters.find(letter)); });
+}
+
+std::string FeedQuantities::GetOrder() const
+{
+    std::string order;
+    for (const Quantity quantity : m_order)
+        order += kLetters[quantity];
+    return order;
 }
 
 void FeedQuantities::Edit(Quantity quantity, double value)

@@ -9,6 +9,8 @@
 #include <array>
 #include <cstddef>
 #include <limits>
+#include <string>
+#include <string_view>
 
 class PROJECTBASE_EXPORT FeedQuantities
 {
@@ -24,6 +26,10 @@ public:
 
     /// Nothing is known; the volume counts as edited before the others, so that it follows first.
     FeedQuantities();
+    /// The same, remembering in which order they were edited; a text that GetOrder did not give is no order.
+    explicit FeedQuantities(std::string_view order);
+    /// The order in which the quantities were edited, the last one first: "QTV" and the like.
+    std::string GetOrder() const;
 
     double Get(Quantity quantity) const { return m_values[quantity]; }
     const Values& GetValues() const { return m_values; }

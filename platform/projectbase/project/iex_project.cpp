@@ -1,14 +1,113 @@
 // SPDX-License-Identifier: MIT
 #include "projectbase/project/iex_project.h"
 
+#include "dbinterfaces/master_database.h"
+
 #include <wx/translation.h>
+
+#include <algorithm>
+#include <cmath>
+#include <stdexcept>
 
 namespace iex {
 
-IEXProject::IEXProject() : Project("iex")
+namespace {
+
+constexpr const char* kDegasser = "DEGAS";
+
+bool IsPositive(const DetailList& details, const char* key)
 {
+    // False, too, for what is not known.
+    return details.At(key).GetDoubleValue() > 0.0;
+}
+
+/// Parts of an exchanger with a regenerant of their own; a degasser has none.
+std::size_t CompartmentsOf(const std::string& kind)
+{
+    if (kind == kDegasser)
+        return 0;
+    return kind == "MB" ? 2 : 1;
+}
+
+bool IsComplete(const OwnerNode& compartment)
+{
+    const auto resins = compartment.GetChildren(OwnerKind::Resin);
+    const bool chosen = std::ranges::any_of(resins, [](const auto& resin) {
+        return !resin->GetDetails()->At("compcomp/resin").GetStringValue().empty();
+    });
+    return chosen && IsPositive(*compartment.GetDetails(), "stepcomp/level");
+}
+
+}  // namespace
+
+IEXProject::IEXProject(std::string type) : Project(std::move(type))
+{
+    const auto plant = FindType(GetModuleType());
+    if (!plant)
+        throw std::invalid_argument("IEXProject::IEXProject: there is no type of plant '" + GetModuleType() + "'");
+    const ProjectEdit edit(*this);
     AddLiquid(wxTRANSLATE("Feed water"));
-    m_stepDetails.LoadGroup("step", "BASE");
+    for (const DBObjects::PlantExchanger& exchanger : plant->exchangers) {
+        if (!exchanger.optional)
+            AddStep(exchanger.kind, NumberSteps());
+    }
+    SetChanged(false);
+}
+
+std::optional<DBObjects::PlantType> IEXProject::FindType(const std::string& type)
+{
+    const auto types = MasterDatabase::GetPlantTypes();
+    const auto found = std::ranges::find(types, type, &DBObjects::PlantType::type);
+    return found == types.end() ? std::nullopt : std::optional(*found);
+}
+
+std::unique_ptr<Project> IEXProject::Clone() const
+{
+    return std::unique_ptr<Project>(new IEXProject(*this));
+}
+
+OwnerNode& IEXProject::GetStep(std::size_t index)
+{
+    const auto steps = GetRoot().GetChildren(OwnerKind::Exchanger);
+    if (index >= steps.size())
+        throw std::out_of_range("IEXProject::GetStep: there is no exchanger of that number");
+    return *steps[index];
+}
+
+const OwnerNode& IEXProject::GetStep(std::size_t index) const
+{
+    return const_cast<IEXProject*>(this)->GetStep(index);
+}
+
+OwnerNode& IEXProject::AddStep(const std::string& kind, std::size_t position)
+{
+    const ProjectEdit edit(*this, wxTRANSLATE("add exchanger"));
+    OwnerNode& step = AddOwner(GetRoot(), std::make_shared<OwnerNode>(OwnerKind::Exchanger), position);
+    step.GetDetails()->At("step/kind").SetValue(kind);
+    for (std::size_t i = 0; i < CompartmentsOf(kind); ++i)
+        AddOwner(AddOwner(step, OwnerKind::Compartment), OwnerKind::Resin);
+    return step;
+}
+
+bool IEXProject::IsFeedKnown() const
+{
+    if (IsOfType("FOODC"))
+        return GetDetailGroups("feedcompound") != nullptr;
+    const long water = GetDetails().At("project/water").GetLongValue();
+    return water >= 1 && static_cast<std::size_t>(water) <= GetLiquidCount();
+}
+
+bool IEXProject::IsReadyToCalculate() const
+{
+    const auto steps = GetRoot().GetChildren(OwnerKind::Exchanger);
+    const DetailList& details = GetDetails();
+    const bool amount = IsPositive(details, "project/qbrutto") || IsPositive(details, "project/wbrutto");
+    if (steps.empty() || !IsFeedKnown() || !amount || !IsPositive(details, "project/lz"))
+        return false;
+    return std::ranges::all_of(steps, [](const auto& step) {
+        return std::ranges::all_of(step->GetChildren(OwnerKind::Compartment),
+                                   [](const auto& compartment) { return IsComplete(*compartment); });
+    });
 }
 
 }  // namespace iex

@@ -1,32 +1,53 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-/// The project of an ion-exchange plant.
+/// The project of an ion-exchange plant: its exchangers in flow order, each with compartments, their resins
+/// and the rows of its regeneration sequence, as owners of details.
 
 #include "projectbase/feed/feed_composition.h"
+#include "dbinterfaces/db_objects.h"
 #include "projectbase/project/project.h"
+#include "projectbase/project/project_edit.h"
 
 namespace iex {
 
 class PROJECTBASE_EXPORT IEXProject : public Project
 {
 public:
-    /// A project with one water, named "Feed water", at the defaults of the catalogue.
-    IEXProject();
+    /// A project with one water, named "Feed water", at the defaults of the catalogue, and the exchangers that
+    /// its type of plant cannot do without. "iex" has waters and feeds only. Throws std::invalid_argument for
+    /// a type that the master database does not hold.
+    explicit IEXProject(std::string type = "iex");
 
-    /// What the regeneration step in hand sends to waste, the details "step/…": unknown until the
-    /// regeneration is designed.
-    DetailList& GetStepDetails() { return m_stepDetails; }
+    /// The type of that name; nothing where there is none.
+    static std::optional<DBObjects::PlantType> FindType(const std::string& type);
+    /// Whether the type names this plant or a variant of it: "MBX" is a "MB".
+    bool IsOfType(std::string_view type) const { return GetModuleType().starts_with(type); }
+
+    std::unique_ptr<Project> Clone() const override;
+    bool IsReadyToCalculate() const override;
+
+    /// The exchangers of a line in flow order, here called steps of the treatment.
+    std::size_t NumberSteps() const { return GetRoot().GetChildren(OwnerKind::Exchanger).size(); }
+    /// Throws std::out_of_range.
+    OwnerNode& GetStep(std::size_t index);
+    const OwnerNode& GetStep(std::size_t index) const;
+    /// Adds an exchanger ("SAC_H", ...) with its compartments, each with one resin yet to be chosen.
+    OwnerNode& AddStep(const std::string& kind, std::size_t position);
 
     /// The compounds of the feed as the project stores them: the details of the group "feedcompound", one
-    /// group for each, of concentrations only meq/l; the molar mass follows from the formula. Throws
+    /// group for each: meq/l, and what was typed beside it; the molar mass follows from the formula. Throws
     /// DatabaseError when the elements cannot be read.
     FeedComposition LoadFeedCompositionFromDetails() const;
-    /// Stores entries, medium, density, flags and the stated pH. Equal compositions leave equal bytes.
+    /// Stores entries, medium, density, flags and the stated pH in one edit. Equal compositions leave equal
+    /// bytes.
     void SaveFeedCompositionToDetails(const FeedComposition& composition);
 
+protected:
+    IEXProject(const IEXProject&) = default;
+
 private:
-    DetailList m_stepDetails;
+    bool IsFeedKnown() const;
 };
 
 }  // namespace iex

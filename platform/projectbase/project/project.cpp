@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "projectbase/project/project.h"
 
+#include "projectbase/project/project_edit.h"
+#include "projectbase/project/project_journal.h"
 #include "projectbase/water/blend.h"
 #include "projectbase/water/normalization.h"
 
@@ -11,36 +13,56 @@ namespace {
 constexpr const char* kMediumId = "feed/medium";
 constexpr const char* kMediumTemperature = "feed/medium.temp";
 constexpr const char* kMediumDensity = "feed/density";
+constexpr const char* kFirstBlended = "liquid/blend.first";
+constexpr const char* kSecondBlended = "liquid/blend.second";
 
 }  // namespace
 
-Project::Project(std::string moduleType) : m_moduleType(std::move(moduleType))
+Project::Project(std::string moduleType)
+    : m_moduleType(std::move(moduleType)), m_journal(std::make_unique<ProjectJournal>())
 {
-    m_details.LoadGroup("project", "BASE");
-    m_details.LoadGroup("arrangement", "BASE");
-    m_details.LoadGroup("feed", "BASE");
+    Register(m_root);
+}
+
+Project::Project(const Project& other)
+    : m_moduleType(other.m_moduleType),
+      m_unitSystem(other.m_unitSystem),
+      m_changed(other.m_changed),
+      m_status(other.m_status),
+      m_root(other.m_root),
+      m_lastOwner(other.m_lastOwner),
+      m_groups(other.m_groups),
+      m_journal(std::make_unique<ProjectJournal>())
+{
+    Register(m_root);
 }
 
 Project::~Project() = default;
 
+std::unique_ptr<Project> Project::Clone() const
+{
+    return std::unique_ptr<Project>(new Project(*this));
+}
+
 LiquidData& Project::GetLiquid(std::size_t index)
 {
-    return *m_liquids.at(index);
+    return static_cast<LiquidData&>(*m_root.ChildrenOf(OwnerKind::Water).at(index));
 }
 
 const LiquidData& Project::GetLiquid(std::size_t index) const
 {
-    return *m_liquids.at(index);
+    return const_cast<Project*>(this)->GetLiquid(index);
 }
 
 LiquidData& Project::AddLiquid(const std::string& name)
 {
-    return *m_liquids.emplace_back(std::make_unique<LiquidData>(name));
+    return static_cast<LiquidData&>(
+        AddOwner(m_root, std::make_shared<LiquidData>(name), GetLiquidCount()));
 }
 
 void Project::RemoveLiquid(std::size_t index)
 {
-    m_liquids.erase(m_liquids.begin() + static_cast<std::ptrdiff_t>(index));
+    RemoveOwner(GetLiquid(index));
 }
 
 DetailGroupsPtr Project::GetDetailGroups(const std::string& kind) const
@@ -56,6 +78,8 @@ void Project::SetDetailGroups(const std::string& kind, std::vector<DetailGroup> 
 
 void Project::RestoreDetailGroups(const std::string& kind, const DetailGroupsPtr& groups)
 {
+    const ProjectEdit edit(*this);
+    m_journal->NoteGroups(kind, GetDetailGroups(kind));
     if (groups && !groups->empty())
         m_groups[kind] = groups;
     else
@@ -64,16 +88,19 @@ void Project::RestoreDetailGroups(const std::string& kind, const DetailGroupsPtr
 
 FeedMedium::Data Project::LoadFeedMediumFromDetails() const
 {
-    return {m_details.At(kMediumId).GetLongValue(),
-            {m_details.At(kMediumTemperature).GetDoubleValue(), TemperatureUnit::Celsius},
-            m_details.At(kMediumDensity).GetDoubleValue()};
+    const DetailList& details = GetDetails();
+    return {details.At(kMediumId).GetLongValue(),
+            {details.At(kMediumTemperature).GetDoubleValue(), TemperatureUnit::Celsius},
+            details.At(kMediumDensity).GetDoubleValue()};
 }
 
 void Project::SaveFeedMediumToDetails(const FeedMedium::Data& medium)
 {
-    m_details.At(kMediumId).SetValue(medium.id);
-    m_details.At(kMediumTemperature).SetValue(medium.temperature.In(TemperatureUnit::Celsius));
-    m_details.At(kMediumDensity).SetValue(medium.density);
+    const ProjectEdit edit(*this);
+    DetailList& details = GetDetails();
+    details.At(kMediumId).SetValue(medium.id);
+    details.At(kMediumTemperature).SetValue(medium.temperature.In(TemperatureUnit::Celsius));
+    details.At(kMediumDensity).SetValue(medium.density);
 }
 
 void Project::NormalizeIon(std::size_t liquid, const std::string& ion, bool checkName)
@@ -91,20 +118,51 @@ void Project::NormalizeIons(std::size_t liquid, bool derived)
 
 water::AlkalizationResult Project::CalculateAlkalization(std::size_t liquid)
 {
-    return water::CalculateAlkalization(*GetLiquid(liquid).GetDetails());
+    LiquidData& water = GetLiquid(liquid);
+    water.SetAlkalization(water::CalculateAlkalization(*water.GetDetails()));
+    return water.GetAlkalization();
 }
 
 void Project::CalculateDesign()
 {
-    for (std::size_t i = 0; i < m_liquids.size(); ++i)
-        CalculateLiquid(i);
+    const ProjectEdit edit(*this);
+    ApplyPendingRules();
+    // A blend is made of waters before it, which are calculated first and put it out of date.
+    for (std::size_t i = 0; i < GetLiquidCount(); ++i) {
+        if (GetLiquid(i).IsOutOfDate())
+            CalculateLiquid(i);
+    }
 }
 
 void Project::CalculateLiquid(std::size_t liquid)
 {
+    const ProjectEdit edit(*this);
+    ApplyPendingRules();
     UpdateBlend(liquid);
     NormalizeLiquid(liquid);
     CalculateAlkalization(liquid);
+    LiquidData& calculated = GetLiquid(liquid);
+    calculated.SetOutOfDate(false);
+    for (std::size_t i = liquid + 1; i < GetLiquidCount(); ++i) {
+        if (IsBlendOf(i, calculated))
+            GetLiquid(i).SetOutOfDate(true);
+    }
+}
+
+const LiquidData* Project::FindBlended(std::size_t blend, const char* key) const
+{
+    const std::string name = GetLiquid(blend).GetDetails()->At(key).GetStdStringValue();
+    for (std::size_t i = 0; i < blend; ++i) {
+        if (GetLiquid(i).GetName() == name)
+            return &GetLiquid(i);
+    }
+    return nullptr;
+}
+
+bool Project::IsBlendOf(std::size_t liquid, const LiquidData& source) const
+{
+    return water::IsBlend(*GetLiquid(liquid).GetDetails()) &&
+           (FindBlended(liquid, kFirstBlended) == &source || FindBlended(liquid, kSecondBlended) == &source);
 }
 
 bool Project::UpdateBlend(std::size_t liquid)
@@ -112,18 +170,11 @@ bool Project::UpdateBlend(std::size_t liquid)
     DetailList& details = *GetLiquid(liquid).GetDetails();
     if (!water::IsBlend(details))
         return false;
-    // A blend is made of waters before it, which are calculated first.
-    const auto find = [&](const char* key) -> const LiquidData* {
-        const std::string name = details.At(key).GetStdStringValue();
-        const auto end = m_liquids.begin() + static_cast<std::ptrdiff_t>(liquid);
-        const auto found = std::find_if(m_liquids.begin(), end,
-                                        [&name](const auto& water) { return water->GetName() == name; });
-        return found == end ? nullptr : found->get();
-    };
-    const LiquidData* first = find("liquid/blend.first");
-    const LiquidData* second = find("liquid/blend.second");
+    const LiquidData* first = FindBlended(liquid, kFirstBlended);
+    const LiquidData* second = FindBlended(liquid, kSecondBlended);
     if (first == nullptr || second == nullptr)
         return false;
+    const ProjectEdit edit(*this);
     water::Blend(*first->GetDetails(), *second->GetDetails(),
                  details.At("liquid/blend.share").GetDoubleValue() / 100.0, details);
     return true;

@@ -1,21 +1,42 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-/// A project: its waters, the unit system on display, how far it is calculated and whether it has unsaved
-/// changes. It knows no file; project_file.h loads and saves it. One thread at a time.
+/// A project: its waters and its plant, the unit system on display and how far it is calculated. It knows no
+/// file; project_file.h loads and saves it. One thread at a time.
+///
+/// The project tells, its observers follow: everything is written inside a ProjectEdit, whose end calculates
+/// and tells once. See project_edit.h.
 
 #include "projectbase/details/detail_groups.h"
 #include "projectbase/details/detail_list.h"
 #include "projectbase/feed/feed_medium.h"
 #include "projectbase/project/logger.h"
+#include "projectbase/project/owner_node.h"
+#include "projectbase/project/project_changes.h"
 #include "projectbase/projectbase_export.h"
 #include "projectbase/water/alkalization.h"
 #include "projectbase/water/liquid_data.h"
 
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
+#include <string_view>
+#include <unordered_map>
 #include <vector>
+
+class ProjectJournal;
+struct TypedInput;
+
+/// How far a project has come; what each level means for the panels is theirs to say.
+enum ProjectStatus : long
+{
+    StatusNew = 0,
+    StatusWaters = 1,    ///< its waters are normalised
+    StatusComplete = 2,  ///< the inputs of the design are complete
+    StatusDesigned = 3,
+    StatusCosts = 4
+};
 
 class PROJECTBASE_EXPORT Project
 {
@@ -23,7 +44,6 @@ public:
     /// A project of a module type (for example "iex") with no water yet, shown in ISO units.
     explicit Project(std::string moduleType);
     virtual ~Project();
-    Project(const Project&) = delete;
     Project& operator=(const Project&) = delete;
 
     const std::string& GetModuleType() const { return m_moduleType; }
@@ -32,18 +52,51 @@ public:
     const std::string& GetUnitSystemDisplay() const { return m_unitSystem; }
     void SetUnitSystemDisplay(const std::string& unitSystem) { m_unitSystem = unitSystem; }
 
+    /// Whether anything was written since the flag was cleared. What is unsaved, the document knows.
     bool IsChanged() const { return m_changed; }
     void SetChanged(bool changed) { m_changed = changed; }
 
-    /// Level up to which the design is calculated.
+    /// Level up to which the design is calculated; see ProjectStatus.
     long GetStatus() const { return m_status; }
     void ResetStatus(long level) { m_status = level; }
+    /// Whether all inputs of a design are there: exchangers, a water or a feed, how much of it and for how
+    /// long, resins and regenerant levels.
+    virtual bool IsReadyToCalculate() const { return false; }
 
     Logger& GetLogger() { return m_logger; }
 
+    /// An independent project with the same values under the same addresses. Nobody observes it.
+    virtual std::unique_ptr<Project> Clone() const;
+
+    /// Observers are told in the order in which they came. Not owned; they leave before they go.
+    void AddObserver(ProjectObserver& observer);
+    void RemoveObserver(ProjectObserver& observer);
+
     /// Details of the project itself (title, customer, arrangement, ...).
-    DetailList& GetDetails() { return m_details; }
-    const DetailList& GetDetails() const { return m_details; }
+    DetailList& GetDetails() { return *m_root.GetDetails(); }
+    const DetailList& GetDetails() const { return *m_root.GetDetails(); }
+
+    /// The project as the owner above all others.
+    OwnerNode& GetRoot() { return m_root; }
+    const OwnerNode& GetRoot() const { return m_root; }
+    /// The owner of that identity, or null.
+    OwnerNode* FindOwner(DetailOwner owner);
+    const OwnerNode* FindOwner(DetailOwner owner) const;
+    /// The owner of a written path ("water.1", "ex.2.comp.1.resin.1", "ex.2.seq.4", "" for the project), or
+    /// null. Places count from 1.
+    OwnerNode* FindOwner(std::string_view path);
+    /// The path of an owner at its present place; empty for the project.
+    std::string PathOf(DetailOwner owner) const;
+    /// The detail at an address, or null; of a list's entry there is none.
+    DetailData* FindDetail(const DetailAddress& address);
+
+    /// Adds an owner of a kind that its parent can have, at a place (at the end when there are fewer).
+    OwnerNode& AddOwner(OwnerNode& parent, std::shared_ptr<OwnerNode> node, std::size_t position);
+    OwnerNode& AddOwner(OwnerNode& parent, OwnerKind kind);
+    void RemoveOwner(OwnerNode& node);
+    void MoveOwner(OwnerNode& node, std::size_t position);
+    /// A blend goes on using a water under its new name.
+    void RenameOwner(OwnerNode& node, const std::string& name);
 
     /// Details that occur many times, each time as a group: kind "feedcompound" and the like. Null where
     /// there are none.
@@ -59,7 +112,7 @@ public:
     /// Takes the temperature in whatever unit it has.
     void SaveFeedMediumToDetails(const FeedMedium::Data& medium);
 
-    std::size_t GetLiquidCount() const { return m_liquids.size(); }
+    std::size_t GetLiquidCount() const { return m_root.GetChildren(OwnerKind::Water).size(); }
     /// The water with that index; throws std::out_of_range. Its address is stable until it is removed.
     LiquidData& GetLiquid(std::size_t index);
     const LiquidData& GetLiquid(std::size_t index) const;
@@ -77,18 +130,46 @@ public:
     /// Mixes a water that is a blend anew; false when it is none, or when its waters are no longer there or
     /// stand behind it (it then stays as it is). See water/blend.h.
     bool UpdateBlend(std::size_t liquid);
-    /// Blends, normalises and alkalises one water.
+    /// Blends, normalises and alkalises one water, whether or not it is out of date.
     void CalculateLiquid(std::size_t liquid);
-    /// Recalculates whatever depends on the inputs of the project.
+    /// Recalculates whatever an input was changed of since it was calculated, and what follows from that. Runs
+    /// by itself at the end of an edit.
     virtual void CalculateDesign();
 
+protected:
+    Project(const Project& other);
+    /// What typed inputs bring about in others; runs before anything is calculated from them.
+    virtual void ApplyRules(const std::vector<TypedInput>& typed);
+
 private:
+    friend class OwnerNode;
+    friend class ProjectEdit;
+
+    void BeginEdit(EditKind kind, std::string name);
+    void EndEdit() noexcept;
+    void FinishEdit();
+    void ApplyPendingRules();
+    void Tell(const ProjectChanges& changes);
+    void BeforeWrite(OwnerNode& node, DetailData& detail);
+    void AfterWrite() noexcept;
+    /// Takes a node and all below it into the project, or out of it.
+    void Register(OwnerNode& node);
+    void Unregister(OwnerNode& node);
+    bool IsObserved() const { return !m_observers.empty(); }
+    void UpdateStatus(bool changed);
+    /// Whether a water is mixed of another one that stands before it.
+    bool IsBlendOf(std::size_t liquid, const LiquidData& source) const;
+    const LiquidData* FindBlended(std::size_t blend, const char* key) const;
+
     std::string m_moduleType;
     std::string m_unitSystem = "iso";
     bool m_changed = false;
     long m_status = 0;
     Logger m_logger;
-    DetailList m_details;
+    OwnerNode m_root{OwnerKind::Project};
+    std::unordered_map<std::uint32_t, OwnerNode*> m_owners;
+    std::uint32_t m_lastOwner = 0;
     std::map<std::string, DetailGroupsPtr> m_groups;  ///< by kind; no empty ones
-    std::vector<std::unique_ptr<LiquidData>> m_liquids;
+    std::unique_ptr<ProjectJournal> m_journal;
+    std::vector<ProjectObserver*> m_observers;
 };

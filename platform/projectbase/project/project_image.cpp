@@ -2,6 +2,7 @@
 #include "projectbase/project/project_image.h"
 
 #include "projectbase/project/iex_project.h"
+#include "projectbase/project/project_edit.h"
 #include "projectbase/project/project_image_values.h"
 #include "projectbase/project/sqlite_image.h"
 
@@ -16,12 +17,15 @@ constexpr std::int64_t kMajor = 1;
 constexpr std::int64_t kFirstVersion = kMajor * 100;
 /// The groups of details came with minor version 1.
 constexpr std::int64_t kVersionWithGroups = kMajor * 100 + 1;
-constexpr std::int64_t kSchemaVersion = kVersionWithGroups;
+/// The owners of a plant came with minor version 2.
+constexpr std::int64_t kVersionWithOwners = kMajor * 100 + 2;
+constexpr std::int64_t kSchemaVersion = kVersionWithOwners;
 constexpr std::string_view kHeader{"SQLite format 3\0", 16};
 
 // Bounds of what a file may hold, far above any real project.
 constexpr std::int64_t kMaxLiquids = 1'000;
 constexpr std::int64_t kMaxDetails = 500'000;
+constexpr std::int64_t kMaxOwners = 20'000;
 
 constexpr const char* kSchema =
     "CREATE TABLE note (name TEXT PRIMARY KEY, text TEXT NOT NULL) WITHOUT ROWID;"
@@ -31,12 +35,17 @@ constexpr const char* kSchema =
     "NULL, value, "
     "PRIMARY KEY (liquid, name)) WITHOUT ROWID;"
     "CREATE TABLE detail_group (kind TEXT NOT NULL, position INTEGER NOT NULL, name TEXT NOT NULL, "
-    "type TEXT NOT NULL, unit TEXT NOT NULL, value, PRIMARY KEY (kind, position, name)) WITHOUT ROWID;";
+    "type TEXT NOT NULL, unit TEXT NOT NULL, value, PRIMARY KEY (kind, position, name)) WITHOUT ROWID;"
+    // Parents stand before their children; 0 is the project.
+    "CREATE TABLE owner (id INTEGER PRIMARY KEY, parent INTEGER NOT NULL, kind TEXT NOT NULL);"
+    "CREATE TABLE owner_detail (owner INTEGER NOT NULL, name TEXT NOT NULL, type TEXT NOT NULL, "
+    "unit TEXT NOT NULL, value, PRIMARY KEY (owner, name)) WITHOUT ROWID;";
 
 constexpr const char* kModule = "module";
 constexpr const char* kUnitSystem = "unit.system";
 constexpr const char* kStatus = "status";
 constexpr const char* kChecksum = "checksum";
+constexpr const char* kOwnerChecksum = "checksum.owners";
 constexpr const char* kGroupChecksum = "checksum.groups";  // apart, so that version 1.0 reads the rest
 constexpr int kProjectDetails = -1;
 
@@ -88,6 +97,14 @@ std::string ComputeGroupChecksum(SqliteImage& image)
     return checksum.Text();
 }
 
+std::string ComputeOwnerChecksum(SqliteImage& image)
+{
+    Checksum checksum;
+    AddRows(image, checksum, "SELECT id, parent, kind FROM owner ORDER BY id", 3);
+    AddRows(image, checksum, "SELECT owner, name, type, unit, value FROM owner_detail ORDER BY owner, name", 5);
+    return checksum.Text();
+}
+
 void WriteNotes(SqliteImage& image, const ImageNotes& notes)
 {
     SqliteStatement insert = image.Prepare("INSERT INTO note (name, text) VALUES (?, ?)");
@@ -99,10 +116,10 @@ void WriteNotes(SqliteImage& image, const ImageNotes& notes)
     }
 }
 
-void WriteDetails(SqliteStatement& insert, std::int64_t liquid, const DetailList& details)
+void WriteDetails(SqliteStatement& insert, std::int64_t owner, const DetailList& details)
 {
     for (const auto& [name, detail] : details) {
-        insert.Bind(1, liquid);
+        insert.Bind(1, owner);
         insert.Bind(2, name);
         insert.Bind(3, detail.GetTypeName());
         insert.Bind(4, detail.GetUnit());
@@ -126,6 +143,35 @@ void WriteLiquids(SqliteImage& image, const Project& project)
         liquid.Reset();
         WriteDetails(detail, id, *project.GetLiquid(i).GetDetails());
     }
+}
+
+/// Writes the owners below a node; waters have tables of their own. Returns the last identifier.
+std::int64_t WriteOwners(SqliteStatement& owner, SqliteStatement& detail, const OwnerNode& parent,
+                         std::int64_t parentId, std::int64_t lastId)
+{
+    for (std::size_t kind = 0; kind < kOwnerKinds; ++kind) {
+        if (static_cast<OwnerKind>(kind) == OwnerKind::Water)
+            continue;
+        for (const auto& node : parent.GetChildren(static_cast<OwnerKind>(kind))) {
+            const std::int64_t id = ++lastId;
+            owner.Bind(1, id);
+            owner.Bind(2, parentId);
+            owner.Bind(3, OwnerWord(node->GetKind()));
+            owner.Step();
+            owner.Reset();
+            WriteDetails(detail, id, *node->GetDetails());
+            lastId = WriteOwners(owner, detail, *node, id, lastId);
+        }
+    }
+    return lastId;
+}
+
+void WriteOwners(SqliteImage& image, const Project& project)
+{
+    SqliteStatement owner = image.Prepare("INSERT INTO owner (id, parent, kind) VALUES (?, ?, ?)");
+    SqliteStatement detail =
+        image.Prepare("INSERT INTO owner_detail (owner, name, type, unit, value) VALUES (?, ?, ?, ?, ?)");
+    WriteOwners(owner, detail, project.GetRoot(), 0, 0);
 }
 
 void WriteGroups(SqliteImage& image, const Project& project)
@@ -168,15 +214,17 @@ std::int64_t CheckVersion(SqliteImage& image)
     return version;
 }
 
-void CheckBounds(SqliteImage& image, bool hasGroups)
+void CheckBounds(SqliteImage& image, std::int64_t version)
 {
     const auto count = [&image](const char* table) {
         SqliteStatement rows = image.Prepare(fmt::format("SELECT count(*) FROM {}", table));
         return rows.Step() ? rows.Integer(0) : 0;
     };
-    const std::int64_t inGroups = hasGroups ? count("detail_group") : 0;
-    if (count("liquid") > kMaxLiquids || count("detail") + inGroups > kMaxDetails ||
-        count("note") > kMaxDetails)
+    const std::int64_t inGroups = version >= kVersionWithGroups ? count("detail_group") : 0;
+    const bool hasOwners = version >= kVersionWithOwners;
+    const std::int64_t inOwners = hasOwners ? count("owner_detail") : 0;
+    if (count("liquid") > kMaxLiquids || count("detail") + inGroups + inOwners > kMaxDetails ||
+        count("note") > kMaxDetails || (hasOwners && count("owner") > kMaxOwners))
         throw ImageError(ProjectFileProblem::TooLarge, {});
 }
 
@@ -198,13 +246,15 @@ std::string Extract(ImageNotes& notes, const char* name)
     return node.mapped();
 }
 
-std::unique_ptr<Project> MakeProject(const std::string& module)
+std::unique_ptr<Project> MakeProject(const std::string& type)
 {
-    if (module != "iex")
-        throw ImageError(ProjectFileProblem::UnknownModule, module);
-    auto project = std::make_unique<iex::IEXProject>();
+    if (!iex::IEXProject::FindType(type))
+        throw ImageError(ProjectFileProblem::UnknownModule, type);
+    auto project = std::make_unique<iex::IEXProject>(type);
     while (project->GetLiquidCount() > 0)
         project->RemoveLiquid(0);
+    while (project->NumberSteps() > 0)
+        project->RemoveOwner(project->GetStep(0));
     return project;
 }
 
@@ -235,6 +285,36 @@ void ReadDetails(SqliteImage& image, Project& project)
     }
 }
 
+/// By the identifiers of the file.
+using Owners = std::map<std::int64_t, OwnerNode*>;
+
+Owners ReadOwners(SqliteImage& image, Project& project)
+{
+    Owners owners{{0, &project.GetRoot()}};
+    SqliteStatement rows = image.Prepare("SELECT id, parent, kind FROM owner ORDER BY id");
+    while (rows.Step()) {
+        const auto parent = owners.find(rows.Integer(1));
+        const auto kind = OwnerKindFromWord(rows.Text(2));
+        if (rows.Integer(0) < 1 || parent == owners.end() || !kind || *kind == OwnerKind::Water ||
+            ParentKind(*kind) != parent->second->GetKind())
+            Damaged("a part of the plant belongs nowhere");
+        owners[rows.Integer(0)] = &project.AddOwner(*parent->second, *kind);
+    }
+    return owners;
+}
+
+void ReadOwnerDetails(SqliteImage& image, const Owners& owners)
+{
+    SqliteStatement rows = image.Prepare("SELECT owner, name, type, unit, value FROM owner_detail");
+    while (rows.Step()) {
+        const auto owner = owners.find(rows.Integer(0));
+        const auto detail = ReadDetail(rows, 1);
+        if (owner == owners.end() || !detail)
+            Damaged(fmt::format("the value of '{}' cannot be read", rows.Text(1)));
+        owner->second->GetDetails()->Add(DetailData(*detail)).CopyValue(*detail);
+    }
+}
+
 void ReadGroups(SqliteImage& image, Project& project)
 {
     std::map<std::string, std::vector<DetailGroup>> kinds;
@@ -259,22 +339,35 @@ void ReadGroups(SqliteImage& image, Project& project)
 
 LoadedImage Read(SqliteImage& image)
 {
-    const bool hasGroups = CheckVersion(image) >= kVersionWithGroups;
-    CheckBounds(image, hasGroups);
+    const std::int64_t version = CheckVersion(image);
+    const bool hasGroups = version >= kVersionWithGroups;
+    const bool hasOwners = version >= kVersionWithOwners;
+    CheckBounds(image, version);
     LoadedImage loaded;
     loaded.notes = ReadNotes(image);
     if (Extract(loaded.notes, kChecksum) != ComputeChecksum(image))
         Damaged("its checksum does not match its contents");
     if (hasGroups && Extract(loaded.notes, kGroupChecksum) != ComputeGroupChecksum(image))
         Damaged("the checksum of its lists does not match their contents");
+    if (hasOwners && Extract(loaded.notes, kOwnerChecksum) != ComputeOwnerChecksum(image))
+        Damaged("the checksum of its plant does not match its contents");
     loaded.notes.erase(kGroupChecksum);
+    loaded.notes.erase(kOwnerChecksum);
     loaded.project = MakeProject(Extract(loaded.notes, kModule));
     loaded.project->SetUnitSystemDisplay(Extract(loaded.notes, kUnitSystem));
-    loaded.project->ResetStatus(std::strtol(Extract(loaded.notes, kStatus).c_str(), nullptr, 10));
-    ReadLiquids(image, *loaded.project);
-    ReadDetails(image, *loaded.project);
-    if (hasGroups)
-        ReadGroups(image, *loaded.project);
+    const long status = std::strtol(Extract(loaded.notes, kStatus).c_str(), nullptr, 10);
+    {
+        // The values belong together as they are.
+        const ProjectEdit edit(*loaded.project, {}, EditKind::Copied);
+        ReadLiquids(image, *loaded.project);
+        ReadDetails(image, *loaded.project);
+        if (hasGroups)
+            ReadGroups(image, *loaded.project);
+        if (hasOwners)
+            ReadOwnerDetails(image, ReadOwners(image, *loaded.project));
+    }
+    loaded.project->ResetStatus(status);
+    loaded.project->SetChanged(false);
     return loaded;
 }
 
@@ -292,6 +385,8 @@ std::string ToImage(const Project& project, const ImageNotes& notes)
     all[kStatus] = std::to_string(project.GetStatus());
     WriteGroups(image, project);
     all[kGroupChecksum] = ComputeGroupChecksum(image);
+    WriteOwners(image, project);
+    all[kOwnerChecksum] = ComputeOwnerChecksum(image);
     WriteNotes(image, all);
     WriteLiquids(image, project);
     WriteNotes(image, {{kChecksum, ComputeChecksum(image)}});

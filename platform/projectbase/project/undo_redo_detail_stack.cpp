@@ -2,110 +2,98 @@
 #include "projectbase/project/undo_redo_detail_stack.h"
 
 #include "projectbase/project/project.h"
+#include "projectbase/project/project_edit.h"
 
 #include <algorithm>
+#include <ranges>
 
 namespace {
 
-DetailList* FindList(Project& project, int liquid)
+enum class Direction
 {
-    if (liquid < 0)
-        return &project.GetDetails();
-    const auto index = static_cast<std::size_t>(liquid);
-    return index < project.GetLiquidCount() ? project.GetLiquid(index).GetDetails() : nullptr;
+    Back,
+    Forth
+};
+
+/// Applies one element of a step to a project.
+class Applier
+{
+public:
+    Applier(Project& project, Direction direction) : m_project(project), m_back(direction == Direction::Back) {}
+
+    void operator()(const ValueChange& change) const
+    {
+        DetailData* detail = m_project.FindDetail(change.address);
+        if (detail == nullptr)
+            return;
+        detail->RestoreValue(m_back ? change.before : change.after);
+        detail->SetUnit(m_back ? change.unitBefore : change.unitAfter);
+    }
+
+    void operator()(const GroupsChange& change) const
+    {
+        m_project.RestoreDetailGroups(change.kind, m_back ? change.before : change.after);
+    }
+
+    void operator()(const StructureChange& change) const
+    {
+        switch (change.what) {
+            case StructureChange::What::Added:
+                m_back ? m_project.RemoveOwner(*change.node) : Add(change, change.after);
+                break;
+            case StructureChange::What::Removed:
+                m_back ? Add(change, change.before) : m_project.RemoveOwner(*change.node);
+                break;
+            case StructureChange::What::Moved:
+                m_project.MoveOwner(*change.node, m_back ? change.before : change.after);
+                break;
+            case StructureChange::What::Renamed:
+                m_project.RenameOwner(*change.node, m_back ? change.nameBefore : change.nameAfter);
+                break;
+        }
+    }
+
+private:
+    void Add(const StructureChange& change, std::size_t place) const
+    {
+        if (OwnerNode* parent = m_project.FindOwner(change.parent))
+            m_project.AddOwner(*parent, change.node, place);
+    }
+
+    Project& m_project;
+    bool m_back;
+};
+
+void Apply(Project& project, const UndoStep& step, Direction direction)
+{
+    const ProjectEdit edit(project, step.name, EditKind::History);
+    const Applier apply(project, direction);
+    if (direction == Direction::Forth) {
+        for (const StackElement& element : step.elements)
+            std::visit(apply, element);
+    } else {
+        for (const StackElement& element : std::views::reverse(step.elements))
+            std::visit(apply, element);
+    }
 }
 
-void Apply(Project& project, const DetailAddress& address, const DetailData::Value& value,
-           const std::string& unit)
+bool IsInput(const StackElement& element)
 {
-    DetailList* list = FindList(project, address.liquid);
-    DetailData* detail = list == nullptr ? nullptr : list->GetDetail(address.name);
-    if (detail == nullptr)
-        return;
-    detail->RestoreValue(value);
-    detail->SetUnit(unit);
+    const auto* value = std::get_if<ValueChange>(&element);
+    return value == nullptr || !value->derived;
 }
 
 }  // namespace
-
-DetailSnapshot::DetailSnapshot(const Project& project)
-    : m_project(Capture(project.GetDetails())), m_groups(project.GetAllDetailGroups())
-{
-    for (std::size_t i = 0; i < project.GetLiquidCount(); ++i)
-        m_liquids.push_back(Capture(*project.GetLiquid(i).GetDetails()));
-}
-
-DetailSnapshot::Entries DetailSnapshot::Capture(const DetailList& details)
-{
-    Entries entries;
-    entries.reserve(details.Size());
-    for (const auto& [name, detail] : details) {
-        if (!detail.IsDerived())
-            entries.push_back({name, detail.GetStoredValue(), detail.GetUnit()});
-    }
-    return entries;
-}
-
-void DetailSnapshot::AddChanges(const Entries& before, const DetailList& now, int liquid, UndoStep& step)
-{
-    // Both are sorted by name.
-    auto entry = before.begin();
-    for (const auto& [name, detail] : now) {
-        while (entry != before.end() && entry->name < name)
-            ++entry;
-        if (entry == before.end())
-            return;
-        if (entry->name != name || entry->value.index() != detail.GetStoredValue().index())
-            continue;
-        if (!SameDetailValue(entry->value, detail.GetStoredValue()) || entry->unit != detail.GetUnit()) {
-            step.push_back({.address = {liquid, name},
-                            .before = entry->value,
-                            .after = detail.GetStoredValue(),
-                            .unitBefore = entry->unit,
-                            .unitAfter = detail.GetUnit()});
-        }
-    }
-}
-
-void DetailSnapshot::AddGroupChanges(const Project& project, UndoStep& step) const
-{
-    // Equal groups are the same ones; see ShareGroups.
-    std::map<std::string, DetailGroupsPtr> kinds = m_groups;
-    kinds.insert(project.GetAllDetailGroups().begin(), project.GetAllDetailGroups().end());
-    for (const auto& [kind, unused] : kinds) {
-        const auto found = m_groups.find(kind);
-        const DetailGroupsPtr before = found == m_groups.end() ? nullptr : found->second;
-        const DetailGroupsPtr after = project.GetDetailGroups(kind);
-        if (before != after)
-            step.push_back({.address = {-1, kind},
-                            .before = {},
-                            .after = {},
-                            .unitBefore = {},
-                            .unitAfter = {},
-                            .isGroups = true,
-                            .groupsBefore = before,
-                            .groupsAfter = after});
-    }
-}
-
-UndoStep DetailSnapshot::ChangesSince(const Project& project) const
-{
-    UndoStep step;
-    AddChanges(m_project, project.GetDetails(), -1, step);
-    AddGroupChanges(project, step);
-    const std::size_t liquids = std::min(m_liquids.size(), project.GetLiquidCount());
-    for (std::size_t i = 0; i < liquids; ++i)
-        AddChanges(m_liquids[i], *project.GetLiquid(i).GetDetails(), static_cast<int>(i), step);
-    return step;
-}
 
 UndoRedoDetailStack::UndoRedoDetailStack(Project& project, std::size_t depth)
     : m_project(project), m_depth(std::max<std::size_t>(depth, 1))
 {}
 
-void UndoRedoDetailStack::Push(UndoStep step)
+void UndoRedoDetailStack::Push(const ProjectChanges& changes)
 {
-    if (step.empty())
+    UndoStep step{changes.GetName(), changes.IsNamed(), {}};
+    std::ranges::copy_if(changes.GetElements(), std::back_inserter(step.elements), IsInput);
+    if (step.elements.empty())
         return;
     m_steps.resize(m_done);
     if (m_steps.size() == m_depth)
@@ -114,43 +102,33 @@ void UndoRedoDetailStack::Push(UndoStep step)
     m_done = m_steps.size();
 }
 
-const UndoStep* UndoRedoDetailStack::Undo()
+bool UndoRedoDetailStack::Undo()
 {
     if (!CanUndo())
-        return nullptr;
-    const UndoStep& step = m_steps[--m_done];
-    // Backwards, in case a detail occurs twice in a step.
-    for (auto element = step.rbegin(); element != step.rend(); ++element) {
-        if (element->isGroups)
-            m_project.RestoreDetailGroups(element->address.name, element->groupsBefore);
-        else
-            Apply(m_project, element->address, element->before, element->unitBefore);
-    }
-    return &step;
+        return false;
+    Apply(m_project, m_steps[--m_done], Direction::Back);
+    return true;
 }
 
-const UndoStep* UndoRedoDetailStack::Redo()
+bool UndoRedoDetailStack::Redo()
 {
     if (!CanRedo())
-        return nullptr;
-    const UndoStep& step = m_steps[m_done++];
-    for (const StackElement& element : step)
-        if (element.isGroups)
-            m_project.RestoreDetailGroups(element.address.name, element.groupsAfter);
-        else
-            Apply(m_project, element.address, element.after, element.unitAfter);
-    return &step;
+        return false;
+    Apply(m_project, m_steps[m_done++], Direction::Forth);
+    return true;
 }
 
 void UndoRedoDetailStack::UndoAll()
 {
-    while (Undo() != nullptr) {
+    const ProjectEdit edit(m_project, {}, EditKind::History);
+    while (Undo()) {
     }
 }
 
 void UndoRedoDetailStack::RedoAll()
 {
-    while (Redo() != nullptr) {
+    const ProjectEdit edit(m_project, {}, EditKind::History);
+    while (Redo()) {
     }
 }
 

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "projectbase/water/composition.h"
 
-#include "core/ion_table.h"
-
 #include <algorithm>
 #include <cmath>
 #include <numeric>
@@ -27,13 +25,8 @@ double IonicStrength(const Composition& composition)
 
 double DissolvedMass(const Composition& composition)
 {
-    static const auto molarMasses = [] {
-        std::array<double, kSpeciesCount> masses{};
-        std::ranges::transform(kSpeciesKeys, masses.begin(),
-                               [](std::string_view key) { return ions::FindIon(key)->molarMass; });
-        return masses;
-    }();
-    return std::inner_product(molarMasses.begin(), molarMasses.end(), composition.amounts.begin(), 0.0);
+    constexpr auto kMolarMasses = ions::MembersOf(kSpecies, &ions::Ion::molarMass);
+    return std::inner_product(kMolarMasses.begin(), kMolarMasses.end(), composition.amounts.begin(), 0.0);
 }
 
 ChargeSums SumCharges(const Composition& composition)

@@ -3,55 +3,62 @@
 
 /// What is dissolved in a water, as amounts per volume, and what follows from the amounts alone.
 
+#include "core/ion_table.h"
 #include "projectbase/projectbase_export.h"
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string_view>
+#include <utility>
 
 namespace water {
 
-/// Cations, anions, then the species without charge.
+/// The dissolved species: cations, anions, then those without charge, each in the order of the ion table.
+inline constexpr auto kSpecies = [] {
+    using ions::IonKind;
+    auto species = ions::SelectIons<IonKind::Cation, IonKind::EquivalentCation, IonKind::Anion,
+                                    IonKind::EquivalentAnion, IonKind::Neutral>();
+    const auto place = [](const ions::Ion* ion) { return ion->charge > 0 ? 0 : ion->charge < 0 ? 1 : 2; };
+    std::ranges::sort(species, {}, [place](const ions::Ion* ion) { return std::pair(place(ion), ion); });
+    return species;
+}();
+
+inline constexpr std::size_t kSpeciesCount = kSpecies.size();
+inline constexpr auto kSpeciesKeys = ions::MembersOf(kSpecies, &ions::Ion::key);
+inline constexpr auto kCharges = ions::MembersOf(kSpecies, &ions::Ion::charge);
+
+/// Place of an ion among the species; a key that is none of them does not compile.
+consteval std::uint8_t PlaceOfSpecies(std::string_view key)
+{
+    std::size_t place = 0;
+    while (kSpeciesKeys.at(place) != key)
+        ++place;
+    return static_cast<std::uint8_t>(place);
+}
+
+/// A species by its place in kSpecies. Those that formulas speak of have names.
 enum class Species : std::uint8_t
 {
-    Na,
-    Ca,
-    Mg,
-    K,
-    Sr,
-    Ba,
-    Nh4,
-    Fe2,
-    Mn,
-    Al,
-    H,
-    Cl,
-    So4,
-    Co3,
-    Hco3,
-    No3,
-    F,
-    Po4,
-    Br,
-    As3,
-    As5,
-    Oh,
-    Sio2,
-    B,
-    Co2
+    Na = PlaceOfSpecies("na"),
+    Ca = PlaceOfSpecies("ca"),
+    Mg = PlaceOfSpecies("mg"),
+    K = PlaceOfSpecies("k"),
+    Al = PlaceOfSpecies("al"),
+    H = PlaceOfSpecies("h.plus"),
+    Cl = PlaceOfSpecies("cl"),
+    So4 = PlaceOfSpecies("so4"),
+    Co3 = PlaceOfSpecies("co3"),
+    Hco3 = PlaceOfSpecies("hco3"),
+    No3 = PlaceOfSpecies("no3"),
+    F = PlaceOfSpecies("f"),
+    Br = PlaceOfSpecies("br"),
+    Oh = PlaceOfSpecies("oh.minus"),
+    Sio2 = PlaceOfSpecies("sio2"),
+    Co2 = PlaceOfSpecies("co2")
 };
-
-inline constexpr std::size_t kSpeciesCount = 25;
-
-/// Charge numbers as the ion table has them: phosphate and arsenic count as trivalent whatever the pH.
-inline constexpr std::array<int, kSpeciesCount> kCharges{1,  2,  2,  1,  2,  2,  1,  2,  2,  3, 1, -1, -2,
-                                                         -2, -1, -1, -1, -3, -1, -3, -3, -1, 0, 0, 0};
-
-inline constexpr std::array<std::string_view, kSpeciesCount> kSpeciesKeys{
-    "na",  "ca",   "mg",  "k", "sr",  "ba", "nh4", "fe2", "mn",       "al",   "h.plus", "cl", "so4",
-    "co3", "hco3", "no3", "f", "po4", "br", "as3", "as5", "oh.minus", "sio2", "b",      "co2"};
 
 constexpr int Charge(Species species)
 {

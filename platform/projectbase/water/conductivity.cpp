@@ -15,50 +15,17 @@ namespace {
 
 constexpr double kUnknown = std::numeric_limits<double>::quiet_NaN();
 
-/// Limiting conductance of a species: the equivalent one at 25 °C (S cm²/eq), and the shape a t² + b t + c of
-/// its change with temperature, all zero where only that of the viscosity is known.
-struct Conductance
+using ions::Conductance;
+
+/// At that temperature, S cm²/eq.
+double ConductanceAt(const Conductance& conductance, double celsius, double fluidity)
 {
-    double at25;
-    double a, b, c;
-
-    double At(double celsius, double fluidity) const
-    {
-        if (c == 0.0)
-            return at25 * fluidity;
-        const auto shape = [this](double t) { return (a * t + b) * t + c; };
-        return at25 * shape(celsius) / shape(25.0);
-    }
-};
-
-// In the order of Species. Phosphate and arsenic: the figures of the ion table.
-constexpr std::array<Conductance, kSpeciesCount> kIons{{
-    {50.10, 0.003763, 0.8770, 26.23},
-    {59.50, 0.009645, 1.984, 62.28},
-    {53.05, 0.01068, 1.695, 57.16},
-    {73.50, 0.003046, 1.261, 40.70},
-    {59.45, 0.006649, 2.069, 61.63},
-    {63.9, 0.01059, 2.090, 68.10},
-    {73.5, 0.003341, 1.285, 39.04},
-    {54.0, 0.009939, 1.878, 54.80},
-    {53.5, 0.01275, 2.109, 46.19},
-    {63.0, 0.02376, 3.227, 90.24},
-    {349.8, -0.01414, 5.355, 224.2},
-    {76.35, 0.003817, 1.337, 40.99},
-    {80.0, 0.01037, 2.838, 82.37},
-    {69.3, -0.000326, 2.998, 64.03},
-    {44.5, 0.000614, 0.9048, 21.14},
-    {71.46, 0.001925, 1.214, 39.90},
-    {55.4, 0.002764, 1.087, 26.66},
-    {69.0, 0.0, 0.0, 0.0},
-    {78.1, 0.000709, 1.477, 40.91},
-    {34.0, 0.0, 0.0, 0.0},
-    {34.0, 0.0, 0.0, 0.0},
-    {198.3, 0.003396, 2.925, 121.3},
-    {0.0, 0.0, 0.0, 0.0},
-    {0.0, 0.0, 0.0, 0.0},
-    {0.0, 0.0, 0.0, 0.0},
-}};
+    const auto& [at25, a, b, c] = conductance;
+    if (c == 0.0)
+        return at25 * fluidity;
+    const auto shape = [a, b, c](double t) { return (a * t + b) * t + c; };
+    return at25 * shape(celsius) / shape(25.0);
+}
 
 // In the order of IonPair; those of the carbonate pairs are estimates.
 constexpr std::array<Conductance, kIonPairCount> kPairs{{
@@ -112,10 +79,11 @@ double Conductivity(const Speciation& speciation, double celsius)
     double sum = 0.0;  // mol/l × S cm²/mol
     const auto add = [&](double amount, int charge, const Conductance& conductance) {
         if (amount > 0.0 && charge != 0)
-            sum += amount * std::abs(charge) * conductance.At(celsius, fluidity) * attenuation.For(charge);
+            sum += amount * std::abs(charge) * ConductanceAt(conductance, celsius, fluidity) *
+                   attenuation.For(charge);
     };
     for (std::size_t i = 0; i < kSpeciesCount; ++i)
-        add(speciation.free[i], kCharges[i], kIons[i]);
+        add(speciation.free[i], kCharges[i], kSpecies[i]->conductance);
     for (std::size_t p = 0; p < kIonPairCount; ++p)
         add(speciation.pairs[p], kPairCharges[p], kPairs[p]);
     return 1e3 * sum;

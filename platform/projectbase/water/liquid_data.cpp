@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "projectbase/water/liquid_data.h"
 
-LiquidData::LiquidData(std::string name) : m_name(std::move(name))
+LiquidData::LiquidData(std::string name) : OwnerNode(OwnerKind::Water, std::move(name)) {}
+
+std::shared_ptr<OwnerNode> LiquidData::Clone() const
 {
-    m_details.LoadGroup("liquid", "BASE");
+    return std::shared_ptr<OwnerNode>(new LiquidData(*this));
 }

@@ -3,27 +3,26 @@
 
 /// One water of a project: its details, all of which have keys that begin with "liquid/".
 
-#include "projectbase/details/detail_list.h"
+#include "projectbase/project/owner_node.h"
 #include "projectbase/projectbase_export.h"
+#include "projectbase/water/alkalization.h"
 
 #include <string>
 
-class PROJECTBASE_EXPORT LiquidData
+class PROJECTBASE_EXPORT LiquidData : public OwnerNode
 {
 public:
     /// A water with every detail of the catalogue group "liquid", variant "BASE", at its default.
     explicit LiquidData(std::string name = {});
 
-    DetailList* GetDetails() { return &m_details; }
-    const DetailList* GetDetails() const { return &m_details; }
-    /// The detail of that key, or null.
-    DetailData* FindDetail(const std::string& key) { return m_details.GetDetail(key); }
-    const DetailData* FindDetail(const std::string& key) const { return m_details.GetDetail(key); }
+    /// How the alkalization of the water went when it was calculated last.
+    water::AlkalizationResult GetAlkalization() const { return m_alkalization; }
+    void SetAlkalization(water::AlkalizationResult result) { m_alkalization = result; }
 
-    const std::string& GetName() const { return m_name; }
-    void SetName(std::string name) { m_name = std::move(name); }
+protected:
+    LiquidData(const LiquidData&) = default;
+    std::shared_ptr<OwnerNode> Clone() const override;
 
 private:
-    std::string m_name;
-    DetailList m_details;
+    water::AlkalizationResult m_alkalization = water::AlkalizationResult::None;
 };

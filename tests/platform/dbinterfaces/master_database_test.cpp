@@ -23,7 +23,7 @@ std::string NameOf(const std::vector<Record>& records, const std::string& code)
 TEST(MasterDatabase, ListsIonsByPattern)
 {
     const auto ions = MasterDatabase::GetIons("%", "%", "%");
-    ASSERT_EQ(ions.size(), 28U);
+    ASSERT_GE(ions.size(), 28U);
     EXPECT_EQ(ions.front().key, "na");
     EXPECT_EQ(ions.back().key, "oh.minus");
     EXPECT_EQ(MasterDatabase::GetIons("%", "named %", "%").size(), 4U);

@@ -53,25 +53,6 @@ bool Differs(const T& a, const T& b)
     return !(a == b);
 }
 
-/// Window to detail, for both families of bindings.
-template <typename T>
-bool Store(int flags, T value, DetailData& detail, const wxString& unitSystem, bool& changed,
-           double currencyFactor)
-{
-    if ((flags & TransferToDetail) == 0)
-        return false;
-    if constexpr (std::is_same_v<T, double>) {
-        if (IsCurrency(detail))
-            value /= currencyFactor;
-        value = UnitSystemManager::ToISO(detail.GetUnit(), EffectiveUnitSystem(flags, unitSystem), value);
-    }
-    detail.changed = Differs(value, Read<T>(detail));
-    if ((flags & TransferCountsAsChange) != 0)
-        changed = changed || detail.changed;
-    detail.SetValue(value);
-    return detail.changed;
-}
-
 /// Detail to window, for both families of bindings.
 template <typename T>
 T Display(int flags, const DetailData& detail, const wxString& unitSystem, double currencyFactor)
@@ -83,6 +64,31 @@ T Display(int flags, const DetailData& detail, const wxString& unitSystem, doubl
             value *= currencyFactor;
     }
     return value;
+}
+
+/// Window to detail, for both families of bindings.
+template <typename T>
+bool Store(int flags, T value, DetailData& detail, const wxString& unitSystem, bool& changed,
+           double currencyFactor)
+{
+    if ((flags & TransferToDetail) == 0)
+        return false;
+    if constexpr (std::is_same_v<T, double>) {
+        // A value that nobody touched keeps every digit, whatever the displayed unit made of it.
+        if (const T shown = Display<T>(flags, detail, unitSystem, currencyFactor);
+            shown == value || (std::isnan(shown) && std::isnan(value))) {
+            detail.changed = false;
+            return false;
+        }
+        if (IsCurrency(detail))
+            value /= currencyFactor;
+        value = UnitSystemManager::ToISO(detail.GetUnit(), EffectiveUnitSystem(flags, unitSystem), value);
+    }
+    detail.changed = Differs(value, Read<T>(detail));
+    if ((flags & TransferCountsAsChange) != 0)
+        changed = changed || detail.changed;
+    detail.SetValue(value);
+    return detail.changed;
 }
 
 void HandOverRangeFlag(wxWindow* window, DetailData& detail)

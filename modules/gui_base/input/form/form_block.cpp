@@ -59,16 +59,6 @@ void FormBlock::SetStatusBar(wxStatusBar* statusBar)
         field->SetStatusBar(statusBar);
 }
 
-std::vector<ModulePanelBase::RangeViolation> FormBlock::GetRangeViolations() const
-{
-    std::vector<ModulePanelBase::RangeViolation> violations;
-    m_fields.VisitBindings([&violations](const TransferDetail& binding) {
-        if (binding.GetDetail()->GetRangeFlag() != 0)
-            violations.push_back({binding.GetWindow(), binding.GetDetail()});
-    });
-    return violations;
-}
-
 void FormBlock::OnCommit()
 {
     const bool changed = TransferDetailsFromWindow();

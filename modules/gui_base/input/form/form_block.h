@@ -9,7 +9,6 @@
 
 #include "gui_base/input/form/field_set.h"
 #include "gui_base/input/form/form_grid.h"
-#include "gui_base/input/panel/tv_modulepanelbase.h"
 #include "gui_base/input/panel/tv_panel.h"
 
 class GUI_BASE_EXPORT FormBlock : public TvPanel, public DetailContainerWindow
@@ -26,7 +25,6 @@ public:
     void SetStatusBar(wxStatusBar* statusBar);
     /// Called after a change was stored, in place of telling the parent.
     void SetOnChange(std::function<void()> handler) { m_onChange = std::move(handler); }
-    std::vector<ModulePanelBase::RangeViolation> GetRangeViolations() const;
     /// The number or text field of a detail, or null.
     TvTextCtrl* FindField(const std::string& key) const { return m_fields.FindField(key); }
 

@@ -2,6 +2,7 @@
 #include "gui_base/input/panel/tv_modulepanelbase.h"
 
 #include "gui_base/support/events.h"
+#include "projectbase/project/project_edit.h"
 
 #include <wx/bookctrl.h>
 #include <wx/log.h>
@@ -10,6 +11,7 @@
 #include <wx/wupdlock.h>
 
 #include <algorithm>
+#include <optional>
 #include <utility>
 
 namespace {
@@ -22,10 +24,15 @@ constexpr int kWheelStep = 60;
 ModulePanelBase::ModulePanelBase(Project* project, wxWindow* parent, int id, const wxPoint& pos,
                                  const wxSize& size, long style, const wxString& name)
     : wxScrolled<wxPanel>(parent, id, pos, size, style, name), m_project(project)
-{}
+{
+    if (m_project != nullptr)
+        m_project->AddObserver(*this);
+}
 
 ModulePanelBase::~ModulePanelBase()
 {
+    if (m_project != nullptr)
+        m_project->RemoveObserver(*this);
     // Fields tell of a lost focus while they go; the panel must still be whole then.
     DestroyChildren();
 }
@@ -95,6 +102,11 @@ void ModulePanelBase::BindBaseEvents()
     Bind(tvLOCALIZE_EVENT, &ModulePanelBase::OnLocalize, this);
     Bind(tvCHANGE_EVENT, &ModulePanelBase::OnChildChanged, this);
     Bind(wxEVT_MOUSEWHEEL, &ModulePanelBase::OnWheel, this);
+    Bind(wxEVT_SHOW, [this](wxShowEvent& event) {
+        event.Skip();
+        if (event.IsShown() && m_stale)
+            FollowProject();
+    });
 }
 
 void ModulePanelBase::DoTransferDetailsToWindows()
@@ -124,20 +136,60 @@ void ModulePanelBase::CalculateDesign()
         m_project->CalculateDesign();
 }
 
+bool ModulePanelBase::IsInView() const
+{
+    // Whatever the frame is: it may be shown later than its pages.
+    for (const wxWindow* window = this; window != nullptr && !window->IsTopLevel(); window = window->GetParent()) {
+        if (!window->IsShown())
+            return false;
+    }
+    return true;
+}
+
+void ModulePanelBase::OnProjectChanged(const ProjectChanges& changes)
+{
+    if (m_synchronizing || IsBeingDeleted() || !DoConcerns(changes))
+        return;
+    if (IsInView())
+        FollowProject();
+    else
+        m_stale = true;
+}
+
+void ModulePanelBase::FollowProject()
+{
+    m_stale = false;
+    const wxWindowUpdateLocker frozen(this);
+    DoFollowProject();
+}
+
+void ModulePanelBase::DoFollowProject()
+{
+    DoUpdateValidators();
+    DoTransferDetailsToWindows();
+}
+
 void ModulePanelBase::SynchronizeProject()
 {
     const wxWindowUpdateLocker frozen(this);
+    const bool outer = std::exchange(m_synchronizing, true);
     try {
-        TransferDataFromWindow();
-        TransferDetailsFromWindow();
-        DoResetMessages();
-        DoUpdateValidators();
-        DoUpdateValues();
-        DoUpdateValidators();
-        ResetProjectStatus();
-        DoResetPanelStatus();
+        {
+            std::optional<ProjectEdit> edit;
+            if (m_project != nullptr)
+                edit.emplace(*m_project);
+            TransferDataFromWindow();
+            TransferDetailsFromWindow();
+            DoResetMessages();
+            DoUpdateValidators();
+            DoUpdateValues();
+            DoUpdateValidators();
+            ResetProjectStatus();
+            DoResetPanelStatus();
+        }
         DoSendVisualizeMessageEvent();
         DoTransferDetailsToWindows();
+        m_stale = false;
     } catch (const std::exception& error) {
         const std::string message = std::string("ModulePanelBase::SynchronizeProject: ") + error.what();
         if (m_project != nullptr)
@@ -145,6 +197,7 @@ void ModulePanelBase::SynchronizeProject()
         else
             wxLogError("%s", wxString::FromUTF8(message));
     }
+    m_synchronizing = outer;
 }
 
 void ModulePanelBase::OnFieldUpdate(wxCommandEvent& event)
@@ -277,7 +330,10 @@ void ModulePanelBase::FitAndLayout()
 
 bool ModulePanelBase::IsBookPage() const
 {
-    return dynamic_cast<wxBookCtrlBase*>(GetParent()) != nullptr;
+    // A page may stand in a place holder that its book knows instead.
+    const wxWindow* parent = GetParent();
+    return dynamic_cast<const wxBookCtrlBase*>(parent) != nullptr ||
+           (parent != nullptr && dynamic_cast<const wxBookCtrlBase*>(parent->GetParent()) != nullptr);
 }
 
 void ModulePanelBase::ForwardWheelOf(wxWindow& parent)

@@ -8,6 +8,9 @@
 ///
 /// The project is not owned and outlives the panel; the panel owns its bindings. GUI thread only. An
 /// exception of a synchronisation is logged and swallowed, so that the panel stays usable.
+///
+/// A panel follows its project: what others change it shows at once while it is in view, and else when it comes
+/// into view.
 
 #include "gui_base/gui_base_export.h"
 #include "gui_base/input/binding/database_combination.h"
@@ -26,7 +29,7 @@
 #include <string>
 #include <vector>
 
-class GUI_BASE_EXPORT ModulePanelBase : public wxScrolled<wxPanel>
+class GUI_BASE_EXPORT ModulePanelBase : public wxScrolled<wxPanel>, private ProjectObserver
 {
 public:
     /// `project` may be null; the panel then shows ISO units and recalculates nothing.
@@ -62,16 +65,9 @@ public:
     /// The status bar of the frame around the panel, or null.
     wxStatusBar* GetStatusBar();
 
-    /// A numeric input outside its limits.
-    struct RangeViolation
-    {
-        wxWindow* window;
-        const DetailData* detail;
-    };
-    /// The violations of the bindings, in the order of the bindings.
-    virtual std::vector<RangeViolation> GetRangeViolations() const;
-    /// Puts the focus into the field bound to that detail; false when there is none that can take it.
-    virtual bool FocusDetail(const std::string& key);
+    /// Puts the focus into the field bound to the detail at that address; false when there is none that can
+    /// take it.
+    virtual bool FocusDetail(const DetailAddress& address);
 
 protected:
     virtual void DoTransferDetailsToWindows();
@@ -97,6 +93,10 @@ protected:
     /// Refreshes the limits of validators, for example with UpdateLimitsFromDetail.
     virtual void DoUpdateValidators() {}
     virtual bool DoHasWhatIf() { return false; }
+    /// Whether the panel shows anything of what changed.
+    virtual bool DoConcerns(const ProjectChanges&) { return true; }
+    /// Shows what others changed in the project.
+    virtual void DoFollowProject();
 
     /// Runs the creation sequence; called once, by the most derived constructor.
     void Create();
@@ -148,6 +148,9 @@ protected:
     void OnFieldUpdate(wxCommandEvent& event);
 
 private:
+    void OnProjectChanged(const ProjectChanges& changes) override;
+    void FollowProject();
+    bool IsInView() const;
     void BindBaseEvents();
     void Prepare();
     void LocalizeControls();
@@ -168,6 +171,8 @@ private:
     std::vector<std::shared_ptr<LocalizableControl>> m_localizableControls;
     std::vector<DetailContainerWindow*> m_detailContainerWindows;
     bool m_baseEventsBound = false;
+    bool m_synchronizing = false;
+    bool m_stale = false;  ///< what others changed is still to be shown
     int m_wheelTurn = 0;
     /// The event that OnFieldUpdate answered last, while it still travels; only compared, never read.
     const wxEvent* m_answeredEvent = nullptr;

@@ -89,22 +89,12 @@ wxStatusBar* ModulePanelBase::GetStatusBar()
     return m_statusBar.get();
 }
 
-std::vector<ModulePanelBase::RangeViolation> ModulePanelBase::GetRangeViolations() const
+bool ModulePanelBase::FocusDetail(const DetailAddress& address)
 {
-    std::vector<RangeViolation> violations;
+    const DetailData* const wanted = m_project != nullptr ? m_project->FindDetail(address) : nullptr;
     for (const auto& binding : m_transfers.GetBindings()) {
         const auto* transfer = dynamic_cast<const TransferDetail*>(binding.get());
-        if (transfer != nullptr && transfer->GetDetail()->GetRangeFlag() != 0)
-            violations.push_back({transfer->GetWindow(), transfer->GetDetail()});
-    }
-    return violations;
-}
-
-bool ModulePanelBase::FocusDetail(const std::string& key)
-{
-    for (const auto& binding : m_transfers.GetBindings()) {
-        const auto* transfer = dynamic_cast<const TransferDetail*>(binding.get());
-        if (transfer == nullptr || transfer->GetDetail()->GetName() != key ||
+        if (transfer == nullptr || wanted == nullptr || transfer->GetDetail() != wanted ||
             transfer->GetWindow() == nullptr || !transfer->GetWindow()->CanAcceptFocus())
             continue;
         transfer->GetWindow()->SetFocus();

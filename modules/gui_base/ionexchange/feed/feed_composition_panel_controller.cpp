@@ -36,11 +36,24 @@ FeedCompositionPanelController::FeedCompositionPanelController(iex::IEXProject& 
     LoadCompositionFromDetails();
     TransferCompositionToView();
     RegisterCallbacks();
+    m_project.AddObserver(*this);
     if (m_view->IsShown())
         RefreshCompounds();
 }
 
-FeedCompositionPanelController::~FeedCompositionPanelController() = default;
+FeedCompositionPanelController::~FeedCompositionPanelController()
+{
+    m_project.RemoveObserver(*this);
+}
+
+void FeedCompositionPanelController::OnProjectChanged(const ProjectChanges& changes)
+{
+    if (m_saving || !changes.Any([](const DetailAddress& address) { return address.key.starts_with("feed"); }))
+        return;
+    m_stale = true;
+    if (m_view && m_view->IsShown())
+        Guarded([this] { ReloadComposition(); });
+}
 
 void FeedCompositionPanelController::RegisterCallbacks()
 {
@@ -143,6 +156,7 @@ void FeedCompositionPanelController::OnUnitSystemChanged(wxCommandEvent& event)
 void FeedCompositionPanelController::LoadCompositionFromDetails()
 {
     *m_composition = m_project.LoadFeedCompositionFromDetails();
+    m_stale = false;
 }
 
 void FeedCompositionPanelController::ReloadComposition()
@@ -153,7 +167,9 @@ void FeedCompositionPanelController::ReloadComposition()
 
 void FeedCompositionPanelController::SaveFeedCompositionToDetails()
 {
+    m_saving = true;
     m_project.SaveFeedCompositionToDetails(*m_composition);
+    m_saving = false;
 }
 
 void FeedCompositionPanelController::TransferCompositionToView()
@@ -164,7 +180,6 @@ void FeedCompositionPanelController::TransferCompositionToView()
 
 void FeedCompositionPanelController::SendTvChangeEventToView()
 {
-    m_project.SetChanged(true);
     if (m_view)
         m_view->SendTvChangeEvent();
 }
@@ -272,16 +287,13 @@ void FeedCompositionPanelController::CallbackEffluentCompositionChanged(FeedEven
 void FeedCompositionPanelController::UpdatePhAdjustment(FeedEvent&)
 {
     const FeedCompositionPanel::Data data = m_view->GetData();
-    const bool begins = data.adjustPh && !m_composition->IsPhAdjusted();
-    if (begins) {
-        // It begins with what was stated before, or else with what the feed has of itself.
-        if (std::isnan(m_composition->GetStatedPh()))
-            m_composition->SetStatedPh(m_composition->GetFeedTotals().pH);
-    } else if (data.adjustPh) {
+    if (data.adjustPh && m_composition->IsPhAdjusted())
         m_composition->SetStatedPh(data.totalPh);
-    }
     m_composition->SetPhAdjusted(data.adjustPh);
-    CompositionChanged();
+    SaveFeedCompositionToDetails();
+    // With which pH an adjustment begins, the project knows.
+    ReloadComposition();
+    SendTvChangeEventToView();
 }
 
 void FeedCompositionPanelController::UpdateUseEffluentInput(FeedEvent&)
@@ -305,5 +317,8 @@ void FeedCompositionPanelController::CallbackViewShown(FeedEvent&)
     // A large database is read when its compounds are first seen.
     if (!m_compoundsShown)
         RefreshCompounds();
-    TransferCompositionToView();
+    if (m_stale)
+        ReloadComposition();
+    else
+        TransferCompositionToView();
 }

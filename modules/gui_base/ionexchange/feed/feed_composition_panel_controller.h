@@ -3,7 +3,7 @@
 
 /// The controller of the feed composition: it answers what the view tells, talks to the project and to the
 /// databases, and gives the view what is to be seen. After every change the composition is saved in the
-/// project, shown, and the host is told.
+/// project, shown, and the host is told; what others change in the project the view follows.
 ///
 /// Project and view are not owned; the project outlives the controller, the view may go before it. What a
 /// database refuses is shown as an error and leaves everything as it was. GUI thread only.
@@ -21,7 +21,7 @@
 #include <string>
 #include <vector>
 
-class GUI_BASE_EXPORT FeedCompositionPanelController : public wxEvtHandler
+class GUI_BASE_EXPORT FeedCompositionPanelController : public wxEvtHandler, private ProjectObserver
 {
 public:
     using Compounds = std::vector<DBObjects::Compound>;
@@ -32,9 +32,6 @@ public:
     ~FeedCompositionPanelController() override;
 
     const FeedComposition& GetComposition() const { return *m_composition; }
-    /// Takes what the project now holds, for example after an undo, and shows it.
-    void ReloadComposition();
-
     /// Reads categories and compounds of the user database again, after it changed or was replaced. The first
     /// time this happens by itself when the view is seen.
     void RefreshCompounds();
@@ -48,6 +45,9 @@ public:
     void ImportFile(const wxString& path);
 
 private:
+    void OnProjectChanged(const ProjectChanges& changes) override;
+    /// Takes what the project now holds and shows it.
+    void ReloadComposition();
     using Handler = void (FeedCompositionPanelController::*)(FeedEvent&);
 
     void InitCategorySelection();
@@ -100,4 +100,6 @@ private:
     wxWeakRef<FeedCompositionPanel> m_view;
     std::vector<std::pair<wxEventType, Handler>> m_handlers;
     bool m_compoundsShown = false;
+    bool m_saving = false;
+    bool m_stale = false;  ///< others changed the feed while the view was out of sight
 };

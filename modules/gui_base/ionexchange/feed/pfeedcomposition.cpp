@@ -282,8 +282,14 @@ CompoundList& FeedCompositionPanel::GetCompoundList() const
     return m_browser->GetList();
 }
 
-bool FeedCompositionPanel::FocusDetail(const std::string& key)
+bool FeedCompositionPanel::FocusDetail(const DetailAddress& address)
 {
+    const std::string& key = address.key;
+    if (address.entry >= 0) {
+        ShowEntry(static_cast<std::size_t>(address.entry));
+        m_feed->GetGrid().SetFocus();
+        return true;
+    }
     if (key == "feed/ph" || key == "feed/adjust.ph") {
         m_tabs->SetSelection(0);
         m_feed->FocusPh();

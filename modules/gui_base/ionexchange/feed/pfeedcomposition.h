@@ -94,7 +94,7 @@ public:
     void SendTvChangeEvent() { SendChangeEvent(); }
 
     void SetStatusBar(wxStatusBar* statusBar) override;
-    bool FocusDetail(const std::string& key) override;
+    bool FocusDetail(const DetailAddress& address) override;
 
     CompoundList& GetCompoundList() const;
 

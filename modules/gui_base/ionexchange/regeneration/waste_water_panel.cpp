@@ -30,9 +30,13 @@ const std::span<const TvWasteWaterAndComposition::Row> TvWasteWaterAndCompositio
 
 TvWasteWaterAndComposition::TvWasteWaterAndComposition(iex::IEXProject* project, wxWindow* parent,
                                                        const std::vector<WasteData>& regenerants,
-                                                       const wxString& title)
-    : FormPanel(project, project->GetStepDetails(), parent), m_regenerants(regenerants), m_title(title)
+                                                       const wxString& title, std::size_t step)
+    : FormPanel(project, project->GetDetails(), parent),
+      m_step(step),
+      m_regenerants(regenerants),
+      m_title(title)
 {
+    m_unknown.LoadGroup("step", "BASE");
     m_unknown.LoadGroup("stepcomp", "BASE");
     Create();
 }
@@ -55,9 +59,10 @@ DetailList& TvWasteWaterAndComposition::DetailsOf(const WasteData& regenerant)
     return regenerant.details ? *regenerant.details : m_unknown;
 }
 
-DetailList& TvWasteWaterAndComposition::GetStep() const
+DetailList& TvWasteWaterAndComposition::GetStep()
 {
-    return static_cast<iex::IEXProject*>(GetProject())->GetStepDetails();
+    auto& project = static_cast<iex::IEXProject&>(*GetProject());
+    return m_step < project.NumberSteps() ? *project.GetStep(m_step).GetDetails() : m_unknown;
 }
 
 void TvWasteWaterAndComposition::DoCreateForm()

@@ -16,9 +16,11 @@
 class GUI_BASE_EXPORT TvWasteWaterAndComposition : public FormPanel
 {
 public:
-    /// One entry of `regenerants` for each regenerant; `title` is a source text.
+    /// One entry of `regenerants` for each regenerant; `title` is a source text. `step` is the place of the
+    /// exchanger in its line; where there is none, every value is unknown.
     TvWasteWaterAndComposition(iex::IEXProject* project, wxWindow* parent,
-                               const std::vector<WasteData>& regenerants, const wxString& title);
+                               const std::vector<WasteData>& regenerants, const wxString& title,
+                               std::size_t step = 0);
 
     static constexpr int kStep = -1;
     /// The field of a detail of the step ("step/m.th") or of a regenerant ("stepcomp/rm"), or null.
@@ -34,13 +36,14 @@ private:
         const char* key;  ///< without "step/m." and "step/c."
     };
 
-    DetailList& GetStep() const;
+    DetailList& GetStep();
     wxSizer* CreateSection(wxWindow* parent, const char* title, std::span<const Row> rows);
     wxSizer* CreateRegenerants(wxWindow* parent);
     void AddHead(wxWindow* parent, wxSizer& grid, const wxString& text, bool isNumber);
     void AddField(wxWindow* parent, wxSizer& grid, DetailData& detail, const wxString& name);
     DetailList& DetailsOf(const WasteData& regenerant);
 
+    std::size_t m_step;
     std::vector<WasteData> m_regenerants;
     wxString m_title;
     /// What regenerants without a calculation are bound to: every value unknown.

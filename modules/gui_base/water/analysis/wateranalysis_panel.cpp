@@ -11,6 +11,8 @@
 #include "gui_base/support/translation.h"
 #include "gui_base/water/analysis/balance_panel.h"
 #include "gui_base/water/tools/alkalization_dialog.h"
+#include "projectbase/project/project_edit.h"
+#include "projectbase/project/range_faults.h"
 #include "projectbase/settings/settings.h"
 #include "projectbase/units/unit_system_manager.h"
 #include "projectbase/water/blend.h"
@@ -22,6 +24,7 @@
 #include <wx/log.h>
 
 #include <stdexcept>
+#include <utility>
 
 namespace {
 
@@ -49,7 +52,6 @@ WaterAnalysisPanel::WaterAnalysisPanel(Project* project, std::size_t detailIndex
                                        TVHelpFileProvider* help, const wxPoint& pos, const wxSize& size,
                                        long style)
     : ModulePanelBase(project, parent, id, pos, size, style, "water analysis"),
-      m_index(detailIndex),
       m_liquid(RequireLiquid(project, detailIndex)),
       m_help(help)
 {
@@ -158,6 +160,7 @@ void WaterAnalysisPanel::DoTransferDetailsToWindows()
     ModulePanelBase::DoTransferDetailsToWindows();
     if (!m_fields)
         return;
+    TellAlkalization();
     CheckAnalysisType();
     ShowAlkalization();
 }
@@ -189,11 +192,17 @@ void WaterAnalysisPanel::UpdateToolTips()
     show("liquid/sum.a.meql", balance);
 }
 
+bool WaterAnalysisPanel::DoConcerns(const ProjectChanges& changes)
+{
+    // What belongs to the project beside its waters: the arrangement.
+    return changes.Touches(m_liquid.GetOwner()) || changes.Touches({});
+}
+
 void WaterAnalysisPanel::DoSendVisualizeMessageEvent()
 {
     std::vector<std::string> keys;
-    for (const RangeViolation& violation : GetRangeViolations())
-        keys.push_back(violation.detail->GetName());
+    for (const RangeFault& fault : RangeFaults(*m_liquid.GetDetails()))
+        keys.push_back(fault.address.key);
     if (m_sentViolations == keys)
         return;
     m_sentViolations = keys;
@@ -206,7 +215,7 @@ void WaterAnalysisPanel::DoSendVisualizeMessageEvent()
 void WaterAnalysisPanel::NormalizeIon(const wxString& ion, bool checkName)
 {
     try {
-        GetProject()->NormalizeIon(m_index, ion.utf8_string(), checkName);
+        GetProject()->NormalizeIon(GetLiquidIndex(), ion.utf8_string(), checkName);
     } catch (const std::exception& error) {
         GetProject()->GetLogger().Error(std::string("Exception in  WaterAnalysisPanel::NormalizeIon: ") +
                                         error.what());
@@ -216,17 +225,21 @@ void WaterAnalysisPanel::NormalizeIon(const wxString& ion, bool checkName)
 
 void WaterAnalysisPanel::NormalizeLiquid()
 {
-    GetProject()->UpdateBlend(m_index);
-    GetProject()->NormalizeIons(m_index, true);
-    CalculateAlkalization();
+    GetProject()->CalculateLiquid(GetLiquidIndex());
+    TellAlkalization();
 }
 
 void WaterAnalysisPanel::CalculateAlkalization()
 {
-    const water::AlkalizationResult before = m_alkalizationResult;
-    m_alkalizationResult = GetProject()->CalculateAlkalization(m_index);
-    const wxString reason = alkalization::Explain(m_alkalizationResult);
-    if (m_alkalizationResult != before && !reason.empty())
+    GetProject()->CalculateAlkalization(GetLiquidIndex());
+    TellAlkalization();
+}
+
+void WaterAnalysisPanel::TellAlkalization()
+{
+    const water::AlkalizationResult result = m_liquid.GetAlkalization();
+    const wxString reason = alkalization::Explain(result);
+    if (std::exchange(m_toldAlkalization, result) != result && !reason.empty())
         GetProject()->GetLogger().Warning(
             (wxString(wxTRANSLATE("Alkalization")) + ": " + reason).utf8_string());
 }
@@ -235,8 +248,8 @@ void WaterAnalysisPanel::ShowAlkalization()
 {
     const DetailList& details = *m_liquid.GetDetails();
     const std::string agent = details.At("liquid/alk.type").GetStdStringValue();
-    wxString text = i18n::Translated(alkalization::Explain(m_alkalizationResult));
-    if (m_alkalizationResult == water::AlkalizationResult::Done) {
+    wxString text = i18n::Translated(alkalization::Explain(m_liquid.GetAlkalization()));
+    if (m_liquid.GetAlkalization() == water::AlkalizationResult::Done) {
         const auto number = [](double value, int decimals) {
             return wxString::FromUTF8(
                 numbertext::Format(value, {.format = TvTextCtrlFormat::Fixed, .precision = decimals},
@@ -268,14 +281,6 @@ void WaterAnalysisPanel::UpdateAnalysis()
     CheckAnalysisType();
 }
 
-void WaterAnalysisPanel::SynchronizeProject()
-{
-    ModulePanelBase::SynchronizeProject();
-    const DetailData* blend = GetProject()->GetDetails().GetDetail("arrangement/calculate.blend");
-    const bool blended = blend != nullptr && blend->GetBoolValue();
-    DisableShortAnalysis(blended);
-}
-
 void WaterAnalysisPanel::SignalChanges()
 {
     SendChangeEvent();
@@ -294,15 +299,9 @@ WaterAnalysisPanel::AnalysisType WaterAnalysisPanel::GetAnalysisType() const
     return type == kShortCond ? AnalysisType::ShortConductivity : AnalysisType::Full;
 }
 
-void WaterAnalysisPanel::SetAnalysisType(const char* type, const char* source, const char* typed)
+void WaterAnalysisPanel::SetAnalysisType(const char* type)
 {
-    DetailList& details = *m_liquid.GetDetails();
-    details.At(kTypeKey).SetValue(type);
-    // A short analysis starts from what the ions gave, so that switching to it does not change the water at
-    // once.
-    if (source != nullptr && details.At(typed).GetDoubleValue() == 0.0)
-        details.At(typed).SetValue(details.At(source).GetDoubleValue());
-    TransferDetailsToWindow();
+    m_liquid.GetDetails()->At(kTypeKey).SetValue(type);
     UpdateAndSignal();
 }
 
@@ -314,12 +313,12 @@ void WaterAnalysisPanel::UpdateAndSignal()
 
 void WaterAnalysisPanel::ShortAnalysisTDS()
 {
-    SetAnalysisType(kShortTds, "liquid/tds", "liquid/tds.short");
+    SetAnalysisType(kShortTds);
 }
 
 void WaterAnalysisPanel::ShortAnalysisCond()
 {
-    SetAnalysisType(kShortCond, "liquid/cond", "liquid/cond.short");
+    SetAnalysisType(kShortCond);
 }
 
 void WaterAnalysisPanel::CheckAnalysisType()
@@ -340,6 +339,8 @@ void WaterAnalysisPanel::EnableInputFields()
     // What is mixed of other waters is typed there.
     const bool isBlend = water::IsBlend(*m_liquid.GetDetails());
     const bool full = type == AnalysisType::Full && !isBlend;
+    // Blends ask for every ion of the waters that they are made of.
+    DisableShortAnalysis(GetProject()->GetDetails().At("arrangement/calculate.blend").GetBoolValue());
     FindField("liquid/tds.short")->Enable(type == AnalysisType::ShortTds);
     FindField("liquid/cond.short")->Enable(type == AnalysisType::ShortConductivity);
     for (const auto& grid : m_grids) {
@@ -390,9 +391,11 @@ tvUnitChoice* WaterAnalysisPanel::FindUnitChoice(const std::string& key) const
 
 void WaterAnalysisPanel::StoreTypedValues(const std::vector<std::pair<std::string, double>>& values)
 {
-    for (const auto& [key, value] : values)
-        m_liquid.GetDetails()->At(key).SetValue(value);
-    TransferDetailsToWindow();
+    {
+        const ProjectEdit edit(*GetProject(), wxTRANSLATE("paste column"));
+        for (const auto& [key, value] : values)
+            m_liquid.GetDetails()->At(key).SetValue(value);
+    }
     UpdateAndSignal();
 }
 

@@ -48,7 +48,6 @@ public:
     void CheckAnalysisType();
     /// Stores every input, recalculates, shows the results and settles which fields can be edited.
     void UpdateAnalysis();
-    void SynchronizeProject();
     /// Marks the project as changed and tells the host.
     void SignalChanges();
     /// Resets H+ and OH-: all values 0, the unit meq/l.
@@ -85,6 +84,7 @@ protected:
     void DoConnectTvTextCtrlsToStatusbar() override;
     void DoSendVisualizeMessageEvent() override;
     void DoTransferDetailsToWindows() override;
+    bool DoConcerns(const ProjectChanges& changes) override;
 
     virtual void SetTransferInfo();
     virtual void SetValidators(const std::string& unitSystem);
@@ -110,7 +110,7 @@ private:
     void FillLists();
 
     AnalysisType GetAnalysisType() const;
-    void SetAnalysisType(const char* type, const char* source, const char* typed);
+    void SetAnalysisType(const char* type);
     void ShortAnalysisTDS();
     void ShortAnalysisCond();
     void EnableInputFields();
@@ -121,6 +121,10 @@ private:
     void UpdateTempOrigCtrlValidatorLimits();
     /// The dry residue and the balance error stand in the tooltips of the values that they belong to.
     void UpdateToolTips();
+    /// Warns once of an alkalization that could not be calculated.
+    void TellAlkalization();
+    /// The present place of the water: others may come and go before it.
+    std::size_t GetLiquidIndex() const { return m_liquid.GetPosition(); }
     /// Says beside the button what the water is alkalised with, or why it is not.
     void ShowAlkalization();
     void ArrangeColumns();
@@ -153,7 +157,6 @@ private:
     void OnPhUpdate(wxUpdateUIEvent& event);
     void OnSize(wxSizeEvent& event);
 
-    std::size_t m_index;
     LiquidData& m_liquid;
     TVHelpFileProvider* m_help;
     std::unique_ptr<FieldSet> m_fields;
@@ -176,7 +179,8 @@ private:
     wxBoxSizer* m_rightColumn = nullptr;
     /// Unit for which the limits of the temperature were set last.
     std::string m_limitedTemperatureUnit;
-    water::AlkalizationResult m_alkalizationResult = water::AlkalizationResult::None;
+    /// What the user was told last about the alkalization.
+    water::AlkalizationResult m_toldAlkalization = water::AlkalizationResult::None;
     /// Keys of the details out of range that the host was told last.
     std::optional<std::vector<std::string>> m_sentViolations;
 };

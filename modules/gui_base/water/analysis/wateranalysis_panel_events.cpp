@@ -8,6 +8,7 @@
 #include "gui_base/water/analysis/wateranalysis_panel.h"
 #include "gui_base/water/tools/alkalization_dialog.h"
 #include "gui_base/water/tools/co2_calculator_dialog.h"
+#include "projectbase/project/project_edit.h"
 #include "projectbase/water/blend.h"
 #include "projectbase/water/normalization.h"
 
@@ -72,7 +73,7 @@ void WaterAnalysisPanel::OnCheckBoxClicked(wxCommandEvent& event)
 
 void WaterAnalysisPanel::OnAnalysisFullSelected(wxCommandEvent&)
 {
-    SetAnalysisType("FULL", nullptr, nullptr);
+    SetAnalysisType("FULL");
 }
 
 void WaterAnalysisPanel::OnAnalysisShortTdsSelected(wxCommandEvent&)
@@ -100,21 +101,19 @@ void WaterAnalysisPanel::OnBalanceAutoClick(wxCommandEvent&)
     UpdateAndSignal();
 }
 
-void WaterAnalysisPanel::OnBalancePHClick(wxCommandEvent& event)
+void WaterAnalysisPanel::OnBalancePHClick(wxCommandEvent&)
 {
-    if (event.IsChecked())
-        water::FillHydrogenAndHydroxide(*m_liquid.GetDetails());
-    else
-        InitializeExtended();
-    // The fields follow before they are read again.
-    TransferDetailsToWindow();
     UpdateAndSignal();
 }
 
 void WaterAnalysisPanel::OnAlkalizationClick(wxCommandEvent&)
 {
-    AlkalizationDialog dialog(GetProject(), static_cast<int>(m_index), wxGetTopLevelParent(this));
-    const bool accepted = dialog.ShowModal() == wxID_OK;
+    bool accepted = false;
+    {
+        const ProjectEdit edit(*GetProject(), wxTRANSLATE("alkalization"));
+        AlkalizationDialog dialog(GetProject(), static_cast<int>(GetLiquidIndex()), wxGetTopLevelParent(this));
+        accepted = dialog.ShowModal() == wxID_OK;
+    }
     TakeOverFromDialog(accepted);
 }
 
@@ -122,29 +121,29 @@ void WaterAnalysisPanel::OnCO2CalculatorClick(wxCommandEvent&)
 {
     DetailList& details = *m_liquid.GetDetails();
     const bool wasCalculated = details.At("liquid/calculate.co2").GetBoolValue();
-    // The dialog brings back the normalised values; what was typed comes back with them.
-    std::vector<std::pair<DetailData*, DetailData::Value>> typed;
-    for (const char* key : {"liquid/hco3.orig", "liquid/hco3.unit", "liquid/temp.unit"})
-        typed.emplace_back(&details.At(key), details.At(key).GetStoredValue());
+    bool accepted = false;
+    {
+        const ProjectEdit edit(*GetProject(), wxTRANSLATE("CO2 Calculator"));
+        // The dialog brings back the normalised values; what was typed comes back with them.
+        std::vector<std::pair<DetailData*, DetailData::Value>> typed;
+        for (const char* key : {"liquid/hco3.orig", "liquid/hco3.unit", "liquid/temp.unit"})
+            typed.emplace_back(&details.At(key), details.At(key).GetStoredValue());
 
-    tvCO2CalculatorDialog dialog(GetProject(), static_cast<int>(m_index), wxGetTopLevelParent(this), wxID_ANY,
-                                 i18n::Translated("CO2 Calculator"));
-    const bool accepted = dialog.ShowModal() == wxID_OK;
-    if (!accepted)
-        for (const auto& [detail, value] : typed)
-            detail->RestoreValue(value);
+        tvCO2CalculatorDialog dialog(GetProject(), static_cast<int>(GetLiquidIndex()), wxGetTopLevelParent(this),
+                                     wxID_ANY, i18n::Translated("CO2 Calculator"));
+        accepted = dialog.ShowModal() == wxID_OK;
+        if (!accepted)
+            for (const auto& [detail, value] : typed)
+                detail->RestoreValue(value);
+    }
     TakeOverFromDialog(accepted || wasCalculated);
 }
 
 void WaterAnalysisPanel::TakeOverFromDialog(bool changed)
 {
-    // The fields follow before they are read again.
-    TransferDetailsToWindow();
+    UpdateAnalysis();
     if (changed)
-        UpdateAndSignal();
-    else
-        UpdateAnalysis();
-    TransferDetailsToWindow();
+        SignalChanges();
 }
 
 void WaterAnalysisPanel::OnCalculateCO2Click(wxCommandEvent&)
@@ -154,14 +153,15 @@ void WaterAnalysisPanel::OnCalculateCO2Click(wxCommandEvent&)
 
 void WaterAnalysisPanel::OnDefaultUnitClicked(wxCommandEvent&)
 {
-    const wxString unit = m_liquid.GetDetails()->At("liquid/na.unit").GetStringValue();
-    for (const auto& grid : m_grids) {
-        for (wateranalysis::IonGrid::Row& row : grid->Rows()) {
-            // A row that does not offer the unit keeps its own.
-            if (!row.unit->Offers(unit))
-                continue;
-            row.unit->GetDetail()->SetValue(unit);
-            NormalizeIon(row.ion->key, row.name != nullptr);
+    {
+        const ProjectEdit edit(*GetProject(), wxTRANSLATE("default unit"));
+        const wxString unit = m_liquid.GetDetails()->At("liquid/na.unit").GetStringValue();
+        for (const auto& grid : m_grids) {
+            for (wateranalysis::IonGrid::Row& row : grid->Rows()) {
+                // A row that does not offer the unit keeps its own.
+                if (row.unit->Offers(unit))
+                    row.unit->GetDetail()->SetValue(unit);
+            }
         }
     }
     m_fields->UpdateNames(GetCurrentDisplayUnitSystem());
@@ -179,6 +179,7 @@ void WaterAnalysisPanel::OnNameChange(wxCommandEvent& event)
 void WaterAnalysisPanel::OnNameUpdate(wxCommandEvent& event)
 {
     try {
+        const ProjectEdit edit(*GetProject());
         TransferDataFromWindow();
         TransferDetailsFromWindow();
         if (const wateranalysis::IonGrid::Row* row = FindNamedRow(event.GetEventObject()))

@@ -31,11 +31,6 @@ FeedWaterPanel::FeedWaterPanel(Project* project, std::size_t detailIndex, wxWind
     AddToDetailContainerWindows(m_specification);
     AddToDetailContainerWindows(m_metaInformation);
     m_specification->SetStatusBar(GetStatusBar());
-    Bind(tvCHANGE_EVENT, [this](wxCommandEvent& event) {
-        if (event.GetId() == m_metaInformation->GetId())
-            GetProject()->SetChanged(true);
-        event.Skip();
-    });
     Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
         ArrangeHeader();
         event.Skip();
@@ -119,29 +114,16 @@ void FeedWaterPanel::DoLocalize()
     m_metaInformation->Localize(GetCurrentDisplayUnitSystem());
 }
 
-void FeedWaterPanel::ShowReplacedWater()
+bool FeedWaterPanel::FocusDetail(const DetailAddress& address)
 {
-    TransferDetailsToWindow();
-    UpdateAnalysis();
-    UpdateUnits(false);
-    SignalChanges();
-}
-
-std::vector<ModulePanelBase::RangeViolation> FeedWaterPanel::GetRangeViolations() const
-{
-    std::vector<RangeViolation> violations;
-    if (m_specification != nullptr)
-        violations = m_specification->GetRangeViolations();
-    const std::vector<RangeViolation> analysis = WaterAnalysisPanel::GetRangeViolations();
-    violations.insert(violations.end(), analysis.begin(), analysis.end());
-    return violations;
-}
-
-bool FeedWaterPanel::FocusDetail(const std::string& key)
-{
-    TvTextCtrl* field = m_specification != nullptr ? m_specification->FindField(key) : nullptr;
+    const bool isProject = address.owner == DetailOwner();
+    if (m_organics != nullptr && isProject && address.key == "feed/medium.temp") {
+        m_organics->FindField(OrganicsInputPanel::kTemperature)->SetFocus();
+        return true;
+    }
+    TvTextCtrl* field = isProject ? m_specification->FindField(address.key) : nullptr;
     if (field == nullptr)
-        return WaterAnalysisPanel::FocusDetail(key);
+        return WaterAnalysisPanel::FocusDetail(address);
     field->SetFocus();
     return true;
 }

@@ -16,12 +16,7 @@ public:
     FeedWaterPanel(Project* project, std::size_t detailIndex, wxWindow* parent, int id,
                    TVHelpFileProvider* help);
 
-    /// Recalculates and shows a water whose values were replaced as a whole, and tells the host of one
-    /// change.
-    void ShowReplacedWater();
-
-    std::vector<RangeViolation> GetRangeViolations() const override;
-    bool FocusDetail(const std::string& key) override;
+    bool FocusDetail(const DetailAddress& address) override;
 
 protected:
     void DoTransferDetailsToWindows() override;

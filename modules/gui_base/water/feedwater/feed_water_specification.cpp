@@ -2,7 +2,9 @@
 #include "gui_base/water/feedwater/feed_water_specification.h"
 
 #include "gui_base/input/validation/validator.h"
+#include "projectbase/feed/feed_quantities.h"
 #include "projectbase/project/project.h"
+#include "projectbase/project/project_edit.h"
 
 #include <wx/translation.h>
 
@@ -68,11 +70,6 @@ FeedWaterSpecification::FeedWaterSpecification(Project* project, int liquid, wxW
     UpdateUnit(m_project->GetUnitSystemDisplay());
 }
 
-DetailData& FeedWaterSpecification::Quantity(std::size_t quantity)
-{
-    return m_project->GetDetails().At(kRows[quantity].key);
-}
-
 bool FeedWaterSpecification::Check() const
 {
     const DetailList& details = m_project->GetDetails();
@@ -93,19 +90,6 @@ void FeedWaterSpecification::Localize()
 
 bool FeedWaterSpecification::TransferDetailsFromWindow()
 {
-    FeedQuantities::Values before{};
-    for (std::size_t i = 0; i < before.size(); ++i)
-        before[i] = Quantity(i).GetDoubleValue();
-    const bool changed = FormBlock::TransferDetailsFromWindow();
-    m_quantities.SetValues(before);
-    for (std::size_t i = 0; i < before.size(); ++i) {
-        if (Quantity(i).changed)
-            m_quantities.Edit(static_cast<FeedQuantities::Quantity>(i), Quantity(i).GetDoubleValue());
-    }
-    // What the user did not touch keeps every digit, whatever the displayed unit made of it.
-    for (std::size_t i = 0; i < before.size(); ++i)
-        Quantity(i).SetValue(m_quantities.GetValues()[i]);
-    if (changed)
-        m_project->SetChanged(true);
-    return changed;
+    const ProjectEdit edit(*m_project);
+    return FormBlock::TransferDetailsFromWindow();
 }

@@ -2,12 +2,11 @@
 #pragma once
 
 /// How much feed water a plant treats: flow rate, running time, volume and number of lines, as details of the
-/// project. Flow rate, time and volume stay consistent, see FeedQuantities. A committed edit is stored, marks
-/// the project as changed and is told to the parent by one queued tvCHANGE_EVENT with the id of the block.
-/// The project is not owned and outlives the block.
+/// project, which keeps flow rate, time and volume consistent. A committed edit is stored and told to the
+/// parent by one queued tvCHANGE_EVENT with the id of the block. The project is not owned and outlives the
+/// block.
 
 #include "gui_base/input/form/form_block.h"
-#include "projectbase/feed/feed_quantities.h"
 
 class Project;
 
@@ -30,10 +29,7 @@ public:
     int GetLiquidIndex() const { return m_liquid; }
 
 private:
-    DetailData& Quantity(std::size_t quantity);
-
     Project* m_project;
     int m_liquid;
     bool m_flowRateOnly;
-    FeedQuantities m_quantities;
 };

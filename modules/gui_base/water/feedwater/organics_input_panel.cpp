@@ -73,20 +73,15 @@ void OrganicsInputPanelController::TransferToView()
     if (!m_panel)
         return;
     m_panel->TransferDetailsToWindow();
-    const FeedMedium::Data medium = m_project->LoadFeedMediumFromDetails();
-    m_shownMedium = medium.id;
-    m_panel->SetMedium(medium);
+    m_panel->SetMedium(m_project->LoadFeedMediumFromDetails());
 }
 
 void OrganicsInputPanelController::OnChanged()
 {
+    // Another medium has brought its own density; one that was entered for the present medium stays.
     FeedMedium::Data medium = m_panel->GetMedium();
-    const DBObjects::FeedMedium record = MasterDatabase::GetFeedMedium(static_cast<int>(medium.id));
-    // Another medium brings its own density; one that was entered for the present medium stays.
-    if (record.id != -1 && medium.id != m_shownMedium)
-        medium.density = record.density;
+    medium.density = m_project->LoadFeedMediumFromDetails().density;
     m_project->SaveFeedMediumToDetails(medium);
-    m_project->SetChanged(true);
     TransferToView();
     events::SendEvent(m_panel->GetParent(), tvCHANGE_EVENT, m_panel->GetId(), 0, wxString());
 }

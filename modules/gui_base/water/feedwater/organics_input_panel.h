@@ -43,7 +43,5 @@ private:
     void OnChanged();
 
     Project* m_project;
-    /// Identifier of the medium that the panel showed last.
-    long m_shownMedium = wxNOT_FOUND;
     wxWeakRef<OrganicsInputPanel> m_panel;
 };

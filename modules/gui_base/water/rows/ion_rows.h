@@ -1,12 +1,16 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-/// The rows of a water analysis, one line each: the key says where the values live, the rest how they are
-/// shown.
+/// The rows of a water analysis, as the ion table has them: the key says where the values live, the rest how
+/// they are shown.
+
+#include "core/ion_table.h"
 
 #include <wx/translation.h>
 
+#include <algorithm>
 #include <array>
+#include <cstddef>
 
 namespace wateranalysis {
 
@@ -24,39 +28,25 @@ struct IonRow
     IonRowKind kind = IonRowKind::Ordinary;
 };
 
-inline constexpr std::array kCationRows{
-    IonRow{"na", wxTRANSLATE("Sodium:")},
-    IonRow{"ca", wxTRANSLATE("Calcium:")},
-    IonRow{"mg", wxTRANSLATE("Magnesium:")},
-    IonRow{"k", wxTRANSLATE("Potassium:")},
-    IonRow{"sr", wxTRANSLATE("Strontium:")},
-    IonRow{"ba", wxTRANSLATE("Barium:")},
-    IonRow{"nh4", wxTRANSLATE("NH4:")},
-    IonRow{"fe2", wxTRANSLATE("Fe(II):")},
-    IonRow{"mn", wxTRANSLATE("Manganese:")},
-    IonRow{"al", wxTRANSLATE("Aluminium:")},
-    IonRow{"x1", wxTRANSLATE("Cation 1"), IonRowKind::Named},
-    IonRow{"x2", wxTRANSLATE("Cation 2"), IonRowKind::Named},
-    IonRow{"h.plus", wxTRANSLATE("H+"), IonRowKind::Equivalent},
-};
+/// The rows of these ions.
+template <std::size_t Count>
+consteval auto RowsOf(const std::array<const ions::Ion*, Count>& selected)
+{
+    using ions::IonKind;
+    std::array<IonRow, Count> rows{};
+    std::ranges::transform(selected, rows.begin(), [](const ions::Ion* ion) {
+        const bool isEquivalent =
+            ion->kind == IonKind::EquivalentCation || ion->kind == IonKind::EquivalentAnion;
+        return IonRow{ion->key.data(), ion->label,
+                      ions::IsNamed(*ion) ? IonRowKind::Named
+                      : isEquivalent      ? IonRowKind::Equivalent
+                                          : IonRowKind::Ordinary};
+    });
+    return rows;
+}
 
-inline constexpr std::array kAnionRows{
-    IonRow{"cl", wxTRANSLATE("Chloride:")},
-    IonRow{"so4", wxTRANSLATE("SO4:")},
-    IonRow{"co3", wxTRANSLATE("CO3:")},
-    IonRow{"hco3", wxTRANSLATE("HCO3:")},
-    IonRow{"no3", wxTRANSLATE("NO3:")},
-    IonRow{"f", wxTRANSLATE("Fluoride:")},
-    IonRow{"sio2", wxTRANSLATE("SiO2:")},
-    IonRow{"b", wxTRANSLATE("Boron:")},
-    IonRow{"po4", wxTRANSLATE("PO4:")},
-    IonRow{"br", wxTRANSLATE("Bromide:")},
-    IonRow{"as3", wxTRANSLATE("As(III):")},
-    IonRow{"as5", wxTRANSLATE("As(V):")},
-    IonRow{"y1", wxTRANSLATE("Anion 1"), IonRowKind::Named},
-    IonRow{"y2", wxTRANSLATE("Anion 2"), IonRowKind::Named},
-    IonRow{"oh.minus", wxTRANSLATE("OH-"), IonRowKind::Equivalent},
-};
+inline constexpr auto kCationRows = RowsOf(ions::kCations);
+inline constexpr auto kAnionRows = RowsOf(ions::kAnions);
 
 /// A line below a grid with one value in meq/l.
 struct TotalRow

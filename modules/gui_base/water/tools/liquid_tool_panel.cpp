@@ -46,7 +46,5 @@ void LiquidToolPanel::AddRows(std::span<const FormRow> rows)
 
 void LiquidToolPanel::DoUpdateValues()
 {
-    const auto index = static_cast<std::size_t>(m_liquid);
-    GetProject()->NormalizeIons(index, true);
-    GetProject()->CalculateAlkalization(index);
+    GetProject()->CalculateLiquid(static_cast<std::size_t>(m_liquid));
 }

@@ -287,7 +287,6 @@ TEST_F(CompoundDatabaseTest, ACompoundOfTheProjectIsTakenIntoTheDatabaseOnce)
     salt.valency = 2;
     composition.Add(salt);
     m_project.SaveFeedCompositionToDetails(composition);
-    m_controller->ReloadComposition();
     const auto import = [this] {
         FeedEvent event(tvFEED_ENTRY_IMPORTED, m_view->GetId());
         m_view->ProcessWindowEvent(event);

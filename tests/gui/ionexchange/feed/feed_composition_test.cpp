@@ -279,7 +279,6 @@ TEST_F(FeedCompositionTest, ShowsWhatTheProjectHoldsAndSpeaksTheUsersLanguage)
     FeedComposition changed = Stored();
     changed.SetFeed(0, Unit::MgPerLitre, 122.0);
     m_project.SaveFeedCompositionToDetails(changed);
-    m_controller->ReloadComposition();
     EXPECT_EQ(Grid().GetCellValue(0, Column(Unit::MgPerLitre)), "122");
 
     const std::vector<std::pair<std::string, std::string>> texts{

@@ -2,6 +2,8 @@
 #include "projectbase/project/undo_redo_detail_stack.h"
 
 #include "projectbase/project/iex_project.h"
+#include "projectbase/project/project_edit.h"
+#include "tests/support/project_history.h"
 
 #include <gtest/gtest.h>
 
@@ -16,78 +18,79 @@ protected:
     {
         return m_project.GetLiquid(liquid).GetDetails()->At(key);
     }
-
-    template <typename Edit>
-    UndoStep StepOf(Edit edit)
+    std::vector<std::string> Names()
     {
-        const DetailSnapshot before(m_project);
-        edit();
-        return before.ChangesSince(m_project);
+        std::vector<std::string> names;
+        for (std::size_t i = 0; i < m_project.GetLiquidCount(); ++i)
+            names.push_back(m_project.GetLiquid(i).GetName());
+        return names;
     }
 
     iex::IEXProject m_project;
-    UndoRedoDetailStack m_stack{m_project, 3};
+    support::History m_history{m_project, 6};
+    UndoRedoDetailStack& m_stack = m_history.stack;
 };
 
 TEST_F(UndoRedo, BringsBackEveryTypeExactly)
 {
-    m_project.GetDetails().LoadGroup("project", "BASE");
-    m_project.AddLiquid("Second");
     const double exact = 0.1 + 0.2;
+    m_project.AddLiquid("Second");
     At("liquid/na.orig").SetValue(exact);
-    const UndoStep step = StepOf([this] {
+    {
+        const ProjectEdit edit(m_project);
         At("liquid/na.orig").SetValue(5.0);
         At("liquid/na.unit").SetValue("°d");
         At("liquid/ph").SetValue(7.0);  // was not known
         At("liquid/balance.auto", 1).SetValue(true);
-        At("liquid/temp.orig").SetUnit("K");  // the unit alone
+        At("liquid/turbidity").SetUnit("FNU");  // the unit alone
         m_project.GetDetails().At("project/date").SetValue(wxDateTime(1, wxDateTime::Mar, 2024));
-        At("liquid/tds").SetValue(100.0);  // computed, hence not part of the step
-    });
-    EXPECT_EQ(step.size(), 6U);
-    m_stack.Push(step);
+    }
+    ASSERT_TRUE(m_stack.CanUndo());
+    EXPECT_EQ(m_stack.GetUndoStep()->elements.size(), 6u) << "what is calculated is no part of a step";
+    EXPECT_EQ(m_stack.GetUndoStep()->name, "Sodium");
 
-    ASSERT_NE(m_stack.Undo(), nullptr);
+    ASSERT_TRUE(m_stack.Undo());
     EXPECT_EQ(At("liquid/na.orig").GetDoubleValue(), exact);
     EXPECT_EQ(At("liquid/na.unit").GetStdStringValue(), "mg/l");
     EXPECT_TRUE(std::isnan(At("liquid/ph").GetDoubleValue()));
     EXPECT_FALSE(At("liquid/balance.auto", 1).GetBoolValue());
-    EXPECT_EQ(At("liquid/temp.orig").GetUnit(), "");
+    EXPECT_EQ(At("liquid/turbidity").GetUnit(), "NTU");
     EXPECT_FALSE(m_project.GetDetails().At("project/date").GetDateValue().IsValid());
-    EXPECT_EQ(At("liquid/tds").GetDoubleValue(), 100.0);
+    EXPECT_NEAR(At("liquid/na.mgl").GetDoubleValue(), exact, 1e-15) << "what follows is calculated";
 
-    ASSERT_NE(m_stack.Redo(), nullptr);
+    ASSERT_TRUE(m_stack.Redo());
     EXPECT_EQ(At("liquid/na.unit").GetStdStringValue(), "°d");
     EXPECT_EQ(At("liquid/ph").GetDoubleValue(), 7.0);
     EXPECT_TRUE(At("liquid/balance.auto", 1).GetBoolValue());
-    EXPECT_EQ(m_stack.Redo(), nullptr);
+    EXPECT_FALSE(m_stack.Redo());
 }
 
 TEST_F(UndoRedo, AnEditThatChangesNothingIsNoStep)
 {
-    const UndoStep step = StepOf([this] {
-        At("liquid/na.orig").SetValue(At("liquid/na.orig").GetDoubleValue());
+    {
+        const ProjectEdit edit(m_project);
+        At("liquid/na.orig").SetValue(7.0);
+        At("liquid/na.orig").SetValue(0.0);
         At("liquid/ph").SetValue(-std::nan(""));
-    });
-    EXPECT_TRUE(step.empty());
-    m_stack.Push(step);
+    }
     EXPECT_FALSE(m_stack.CanUndo());
+    EXPECT_EQ(m_history.told, 0);
 }
 
 TEST_F(UndoRedo, WalksThroughABoundedHistory)
 {
-    for (int value = 1; value <= 5; ++value)
-        m_stack.Push(StepOf([&] { At("liquid/ca.orig").SetValue(value); }));
+    for (int value = 1; value <= 8; ++value)
+        At("liquid/ca.orig").SetValue(value);
     const auto now = [this] { return At("liquid/ca.orig").GetDoubleValue(); };
 
-    m_stack.UndoAll();  // only three steps are remembered
+    m_stack.UndoAll();  // only six steps are remembered
     EXPECT_EQ(now(), 2.0);
     EXPECT_FALSE(m_stack.CanUndo());
-    EXPECT_EQ(m_stack.Undo(), nullptr);
+    EXPECT_FALSE(m_stack.Undo());
     m_stack.Redo();
     EXPECT_EQ(now(), 3.0);
 
-    m_stack.Push(StepOf([this] { At("liquid/ca.orig").SetValue(30.0); }));  // forgets what was undone
+    At("liquid/ca.orig").SetValue(30.0);  // forgets what was undone
     EXPECT_FALSE(m_stack.CanRedo());
     m_stack.Undo();
     EXPECT_EQ(now(), 3.0);
@@ -97,16 +100,51 @@ TEST_F(UndoRedo, WalksThroughABoundedHistory)
     EXPECT_FALSE(m_stack.CanUndo() || m_stack.CanRedo());
 }
 
-TEST_F(UndoRedo, SkipsWhatIsNoLongerThere)
+TEST_F(UndoRedo, StructureIsAStepLikeAnyOther)
 {
-    m_project.AddLiquid("Second");
-    m_stack.Push(StepOf([this] {
-        At("liquid/k.orig", 1).SetValue(4.0);
-        At("liquid/k.orig", 0).SetValue(3.0);
-    }));
-    m_project.RemoveLiquid(1);
-    EXPECT_NO_THROW(m_stack.Undo());
-    EXPECT_EQ(At("liquid/k.orig").GetDoubleValue(), 0.0);
+    const std::string first = Names().front();
+    LiquidData& second = m_project.AddLiquid("Second");
+    const DetailOwner owner = second.GetOwner();
+    second.GetDetails()->At("liquid/k.orig").SetValue(4.0);
+    m_project.RenameOwner(second, "Well");
+    m_project.MoveOwner(second, 0);
+    const DetailData* const potassium = &second.GetDetails()->At("liquid/k.orig");
+    m_project.RemoveOwner(second);
+    EXPECT_EQ(Names(), (std::vector<std::string>{first}));
+    EXPECT_EQ(m_project.FindOwner(owner), nullptr);
+
+    using List = std::vector<std::string>;
+    const std::vector<List> states{{first}, {first, "Second"}, {first, "Second"}, {first, "Well"}, {"Well", first}};
+    for (std::size_t i = states.size(); i-- > 0;) {
+        ASSERT_TRUE(m_stack.Undo());
+        EXPECT_EQ(Names(), states[i]) << i;
+        if (i == 4) {
+            ASSERT_NE(m_project.FindOwner(owner), nullptr);
+            EXPECT_EQ(m_project.FindDetail({owner, "liquid/k.orig"}), potassium) << "bindings hold on to it";
+            EXPECT_EQ(potassium->GetDoubleValue(), 4.0);
+        }
+    }
+    m_stack.RedoAll();
+    EXPECT_EQ(Names(), (List{first}));
+    EXPECT_FALSE(m_stack.CanRedo());
+}
+
+TEST_F(UndoRedo, TouchesOnlyWhatItsStepNames)
+{
+    FeedComposition feed = m_project.LoadFeedCompositionFromDetails();
+    DBObjects::Compound urea;
+    urea.name = "urea";
+    urea.formula = "CH4N2O";
+    feed.Add(urea);
+    feed.SetFeed(0, FeedComposition::Unit::MgPerLitre, 60.0);
+    m_project.SaveFeedCompositionToDetails(feed);
+    At("liquid/toc").SetValue(2.0);
+    ASSERT_TRUE(m_stack.Undo());
+    const FeedComposition after = m_project.LoadFeedCompositionFromDetails();
+    ASSERT_EQ(after.GetEntries().size(), 1u);
+    EXPECT_EQ(after.GetEntries()[0].feed[FeedComposition::Unit::MgPerLitre], 60.0)
+        << "equivalents cannot hold a compound without valency";
+    EXPECT_TRUE(std::isnan(At("liquid/toc").GetDoubleValue()));
 }
 
 }  // namespace

@@ -1,0 +1,235 @@
+// SPDX-License-Identifier: MIT
+#include "app/frame/module_book.h"
+
+#include "gui_base/input/panel/aui_notebook.h"
+#include "gui_base/input/panel/tv_modulepanelbase.h"
+#include "gui_base/support/image_loader.h"
+#include "gui_base/support/translation.h"
+#include "projectbase/project/project.h"
+
+#include <algorithm>
+
+namespace app {
+
+namespace {
+
+constexpr int kIconSize = 16;
+
+/// Extra data of a tree item: the page that it stands for.
+class PageItem : public wxTreeItemData
+{
+public:
+    explicit PageItem(PageHost& host) : m_host(host) {}
+    PageHost& GetHost() const { return m_host; }
+
+private:
+    PageHost& m_host;
+};
+
+}  // namespace
+
+struct ModuleBook::Item
+{
+    const Module* module;
+    DetailOwner owner;
+};
+
+ModuleBook::ModuleBook(wxTreeCtrl& tree, AuiNotebook& notebook) : m_tree(tree), m_notebook(notebook)
+{
+    m_tree.Bind(wxEVT_TREE_SEL_CHANGED, &ModuleBook::OnTreeSelection, this);
+}
+
+void ModuleBook::Open(Project& project, TVHelpFileProvider* help, wxStatusBar* statusBar)
+{
+    m_project = &project;
+    m_help = help;
+    m_statusBar = statusBar;
+    Follow();
+}
+
+void ModuleBook::Close()
+{
+    // The items of the tree point to the pages.
+    m_filling = true;
+    m_tree.DeleteAllItems();
+    m_filling = false;
+    m_hosts.clear();
+    m_notebook.DeleteAllPages();
+    m_project = nullptr;
+}
+
+std::vector<ModuleBook::Item> ModuleBook::WantedItems() const
+{
+    std::vector<Item> items;
+    for (const Module& module : Modules()) {
+        if (!module.isFor(*m_project))
+            continue;
+        if (module.pageOf == OwnerKind::Project) {
+            items.push_back({&module, {}});
+            continue;
+        }
+        for (const auto& owner : m_project->GetRoot().GetChildren(module.pageOf))
+            items.push_back({&module, owner->GetOwner()});
+    }
+    return items;
+}
+
+void ModuleBook::AddPage(const Item& item, std::size_t place)
+{
+    auto* host = new PageHost(&m_notebook, *item.module, item.owner, [this, item](wxWindow* parent) {
+        return item.module->makePage({*m_project, parent, m_help, m_statusBar}, *m_project->FindOwner(item.owner));
+    });
+    m_hosts.insert(m_hosts.begin() + static_cast<std::ptrdiff_t>(place), host);
+    m_notebook.InsertPage(std::min(place, m_notebook.GetPageCount()), host, NameOf(*host));
+}
+
+void ModuleBook::Follow()
+{
+    const std::vector<Item> wanted = WantedItems();
+    const auto is = [](const PageHost& host, const Item& item) {
+        return &host.GetModule() == item.module && host.GetOwner() == item.owner;
+    };
+    m_filling = true;
+    m_tree.DeleteAllItems();
+    m_filling = false;
+    const std::vector<PageHost*> before = m_hosts;
+    for (PageHost* host : before) {
+        if (std::ranges::any_of(wanted, [&](const Item& item) { return is(*host, item); }))
+            continue;
+        std::erase(m_hosts, host);
+        m_notebook.DeletePage(static_cast<std::size_t>(m_notebook.GetPageIndex(host)));
+    }
+    for (std::size_t place = 0; place < wanted.size(); ++place) {
+        const auto found = std::ranges::find_if(
+            m_hosts, [&](const PageHost* host) { return is(*host, wanted[place]); });
+        if (found == m_hosts.end())
+            AddPage(wanted[place], place);
+        else
+            std::rotate(m_hosts.begin() + static_cast<std::ptrdiff_t>(place), found, found + 1);
+    }
+    if (m_notebook.GetSelection() == wxNOT_FOUND && !m_hosts.empty())
+        m_notebook.SetSelection(0);
+    Localize();
+}
+
+wxString ModuleBook::NameOf(const PageHost& host) const
+{
+    const OwnerNode* owner = m_project->FindOwner(host.GetOwner());
+    const bool named = owner != nullptr && !owner->GetName().empty();
+    return i18n::Translated(named ? wxString::FromUTF8(owner->GetName()) : wxString(host.GetModule().title));
+}
+
+void ModuleBook::Localize()
+{
+    for (PageHost* host : m_hosts)
+        m_notebook.SetPageText(static_cast<std::size_t>(m_notebook.GetPageIndex(host)), NameOf(*host));
+    FillTree();
+}
+
+void ModuleBook::FillTree()
+{
+    m_filling = true;
+    m_tree.DeleteAllItems();
+    wxVector<wxBitmapBundle> images;
+    const wxTreeItemId root = m_tree.AddRoot(wxString());
+    const Module* last = nullptr;
+    wxTreeItemId branch;
+    for (PageHost* host : m_hosts) {
+        const Module& module = host->GetModule();
+        if (&module != last) {
+            images.push_back(ImageLoader::LoadBundle(module.icon, wxSize(kIconSize, kIconSize)));
+            const int image = static_cast<int>(images.size()) - 1;
+            const bool isPage = module.pageOf == OwnerKind::Project;
+            branch = m_tree.AppendItem(root, i18n::Translated(module.title), image, image,
+                                       isPage ? new PageItem(*host) : nullptr);
+            last = &module;
+        }
+        if (module.pageOf != OwnerKind::Project)
+            m_tree.AppendItem(branch, NameOf(*host), -1, -1, new PageItem(*host));
+    }
+    m_tree.SetImages(images);
+    m_tree.ExpandAll();
+    m_filling = false;
+}
+
+PageHost* ModuleBook::Find(const std::string& module, DetailOwner owner) const
+{
+    const auto found = std::ranges::find_if(m_hosts, [&](const PageHost* host) {
+        return host->GetModule().id == module && host->GetOwner() == owner;
+    });
+    return found == m_hosts.end() ? nullptr : *found;
+}
+
+void ModuleBook::Select(PageHost& host)
+{
+    m_notebook.SetSelection(static_cast<std::size_t>(m_notebook.GetPageIndex(&host)));
+    host.MakePage().SetFocus();
+}
+
+ModulePanelBase* ModuleBook::Show(const std::string& module, DetailOwner owner)
+{
+    PageHost* host = Find(module, owner);
+    if (host == nullptr)
+        return nullptr;
+    Select(*host);
+    return host->GetPanel();
+}
+
+bool ModuleBook::ShowDetail(const DetailAddress& address)
+{
+    const auto found = std::ranges::find_if(m_hosts, [&](const PageHost* host) {
+        const OwnerNode* owner = m_project->FindOwner(host->GetOwner());
+        return owner != nullptr && host->GetModule().holds(*m_project, *owner, address);
+    });
+    if (found == m_hosts.end())
+        return false;
+    Select(**found);
+    return (*found)->GetPanel()->FocusDetail(address);
+}
+
+void ModuleBook::ShowPlace(std::size_t place)
+{
+    if (place < m_hosts.size())
+        Select(*m_hosts[place]);
+}
+
+const PageHost* ModuleBook::GetCurrent() const
+{
+    return dynamic_cast<const PageHost*>(m_notebook.GetCurrentPage());
+}
+
+ModulePanelBase* ModuleBook::GetCurrentPanel() const
+{
+    const PageHost* host = GetCurrent();
+    return host == nullptr ? nullptr : host->GetPanel();
+}
+
+void ModuleBook::SendToPages(wxEventType type)
+{
+    for (const PageHost* host : m_hosts) {
+        ModulePanelBase* panel = host->GetPanel();
+        if (panel == nullptr)
+            continue;
+        wxCommandEvent event(type, panel->GetId());
+        // To the panel alone: it would climb back to the frame.
+        event.StopPropagation();
+        panel->GetEventHandler()->ProcessEvent(event);
+    }
+}
+
+void ModuleBook::RefreshDatabase()
+{
+    for (const PageHost* host : m_hosts) {
+        if (host->GetPage().refreshDatabase)
+            host->GetPage().refreshDatabase();
+    }
+}
+
+void ModuleBook::OnTreeSelection(wxTreeEvent& event)
+{
+    const auto* item = m_filling ? nullptr : dynamic_cast<PageItem*>(m_tree.GetItemData(event.GetItem()));
+    if (item != nullptr)
+        Select(item->GetHost());
+}
+
+}  // namespace app

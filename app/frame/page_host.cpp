@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: MIT
+#include "app/frame/page_host.h"
+
+#include "gui_base/input/panel/tv_modulepanelbase.h"
+
+namespace app {
+
+PageHost::PageHost(wxWindow* parent, const Module& module, DetailOwner owner,
+                   std::function<ModulePage(wxWindow*)> make)
+    : m_module(&module), m_owner(owner), m_make(std::move(make))
+{
+    // Hidden from the start, so that a page behind others is not taken for one in view.
+    Hide();
+    Create(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxTAB_TRAVERSAL, "page");
+    Bind(wxEVT_SHOW, [this](wxShowEvent& event) {
+        event.Skip();
+        if (event.IsShown())
+            MakePage();
+        // The page follows the project only while it is in view.
+        if (m_page.panel != nullptr)
+            m_page.panel->Show(event.IsShown());
+    });
+    Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
+        event.Skip();
+        FitPage();
+    });
+}
+
+PageHost::~PageHost()
+{
+    DestroyChildren();
+}
+
+ModulePanelBase& PageHost::MakePage()
+{
+    if (m_page.panel == nullptr) {
+        m_page = m_make(this);
+        FitPage();
+    }
+    return *m_page.panel;
+}
+
+void PageHost::FitPage()
+{
+    if (m_page.panel != nullptr)
+        m_page.panel->SetSize(GetClientSize());
+}
+
+}  // namespace app

@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+/// The place of a page in the notebook. The page itself is made when the place is first shown.
+
+#include "app/modules/base/module.h"
+
+#include <wx/panel.h>
+
+#include <functional>
+
+namespace app {
+
+class PageHost : public wxPanel
+{
+public:
+    /// `make` makes the page as a child of the host it is given.
+    PageHost(wxWindow* parent, const Module& module, DetailOwner owner,
+             std::function<ModulePage(wxWindow*)> make);
+    ~PageHost() override;
+
+    const Module& GetModule() const { return *m_module; }
+    DetailOwner GetOwner() const { return m_owner; }
+    /// The page, or null while nobody has seen it.
+    ModulePanelBase* GetPanel() const { return m_page.panel; }
+    const ModulePage& GetPage() const { return m_page; }
+    /// Makes the page if it was not made yet.
+    ModulePanelBase& MakePage();
+
+private:
+    void FitPage();
+
+    const Module* m_module;
+    DetailOwner m_owner;
+    std::function<ModulePage(wxWindow*)> m_make;
+    ModulePage m_page;
+};
+
+}  // namespace app

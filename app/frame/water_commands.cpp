@@ -1,0 +1,288 @@
+// SPDX-License-Identifier: MIT
+#include "app/frame/water_commands.h"
+
+#include "app/frame/main_frame.h"
+#include "app/frame/results_text.h"
+#include "gui_base/dialogs/file_name_creator.h"
+#include "gui_base/dialogs/line_entry_dialog.h"
+#include "gui_base/dialogs/questions.h"
+#include "gui_base/input/validation/commit.h"
+#include "gui_base/support/translation.h"
+#include "gui_base/water/analysis/laboratory_dialog.h"
+#include "gui_base/water/feedwater/water_clipboard.h"
+#include "gui_base/water/library/water_lib_dialog.h"
+#include "gui_base/water/tools/blend_dialog.h"
+#include "projectbase/project/project_edit.h"
+#include "projectbase/settings/settings.h"
+#include "projectbase/water/blend.h"
+#include "tncommon/atomic_file.h"
+
+#include <wx/clipbrd.h>
+#include <wx/dataobj.h>
+#include <wx/filedlg.h>
+
+namespace app {
+namespace {
+
+/// Of a file that is read as an analysis.
+constexpr std::size_t kMostAnalysisBytes = 64u << 20;
+constexpr unsigned long kMostNameLength = 100;
+
+wxString Tr(const char* source)
+{
+    return i18n::Translated(source);
+}
+
+bool IsTaken(const Project& project, const std::string& name)
+{
+    for (std::size_t i = 0; i < project.GetLiquidCount(); ++i) {
+        if (project.GetLiquid(i).GetName() == name)
+            return true;
+    }
+    return false;
+}
+
+/// A name that no water of the project has: "Water", "Water 2", …
+std::string NewWaterName(const Project& project, const std::string& wanted)
+{
+    std::string name = wanted;
+    for (int number = 2; IsTaken(project, name); ++number)
+        name = wanted + " " + std::to_string(number);
+    return name;
+}
+
+wxString AnalysisWildcard()
+{
+    return Tr("Analyses") + " (*.csv;*.txt)|*.csv;*.txt|" + Tr("All files") + "|*";
+}
+
+wxString ShownName(const LiquidData& water)
+{
+    return i18n::Translated(wxString::FromUTF8(water.GetName()));
+}
+
+}  // namespace
+
+LiquidData* WaterCommands::GetCurrent() const
+{
+    const PageHost* page = m_frame.GetBook().GetCurrent();
+    OwnerNode* owner = page == nullptr ? nullptr : m_frame.GetProject().FindOwner(page->GetOwner());
+    return dynamic_cast<LiquidData*>(owner);
+}
+
+void WaterCommands::Show(const LiquidData& water)
+{
+    m_frame.GetBook().Show("water", water.GetOwner());
+}
+
+void WaterCommands::ShowLibrary()
+{
+    CommitFocusedField();
+    WaterLibDialog dialog(m_frame.GetProject().GetLogger(), &m_frame);
+    dialog.SetHelp(m_frame.GetHelp());
+    const ProjectEdit edit(m_frame.GetProject(), wxTRANSLATE("water of the library"), EditKind::Copied);
+    dialog.SelectLiquidData(GetCurrent());
+}
+
+void WaterCommands::SaveToLibrary()
+{
+    CommitFocusedField();
+    std::string problem;
+    LiquidData* water = GetCurrent();
+    if (water != nullptr && !WaterLibDialog::SaveLiquidData(water, &problem) && !problem.empty())
+        m_frame.ReportError(Tr("Analysis could not be saved") + ": " + wxString::FromUTF8(problem));
+}
+
+void WaterCommands::Copy()
+{
+    CommitFocusedField();
+    if (const LiquidData* water = GetCurrent())
+        WaterClipboard::PutLiquid(water);
+}
+
+void WaterCommands::Paste()
+{
+    CommitFocusedField();
+    LiquidData* water = GetCurrent();
+    if (water == nullptr)
+        return;
+    const ProjectEdit edit(m_frame.GetProject(), wxTRANSLATE("paste water"), EditKind::Copied);
+    if (!WaterClipboard::GetLiquid(water))
+        m_frame.ReportNote(Tr("No water has been copied yet"));
+}
+
+void WaterCommands::PasteColumn()
+{
+    CommitFocusedField();
+    const PageHost* page = m_frame.GetBook().GetCurrent();
+    if (page != nullptr && page->GetPage().pasteColumn)
+        page->GetPage().pasteColumn();
+}
+
+void WaterCommands::CopyResults()
+{
+    CommitFocusedField();
+    const LiquidData* water = GetCurrent();
+    if (water == nullptr || !wxTheClipboard->Open())
+        return;
+    wxTheClipboard->SetData(new wxTextDataObject(
+        ResultsText(*water, Settings::GetSetting("unit.system.printout").GetStdStringValue())));
+    wxTheClipboard->Close();
+}
+
+void WaterCommands::Import()
+{
+    CommitFocusedField();
+    if (GetCurrent() == nullptr)
+        return;
+    wxFileDialog dialog(&m_frame, Tr("Import analysis"), wxString(), wxString(), AnalysisWildcard(),
+                        wxFD_OPEN | wxFD_FILE_MUST_EXIST);
+    if (dialog.ShowModal() == wxID_OK)
+        ImportFrom(dialog.GetPath().utf8_string());
+}
+
+void WaterCommands::ImportFrom(const std::filesystem::path& path)
+{
+    const wxString name = wxString::FromUTF8(path.string());
+    laboratory::File file;
+    try {
+        file = laboratory::Read(tncommon::ReadWholeFile(path, kMostAnalysisBytes));
+    } catch (const std::exception& error) {
+        m_frame.ReportError(
+            wxString::Format(Tr("%s cannot be read: %s"), name, wxString::FromUTF8(error.what())));
+        return;
+    }
+    LiquidData* water = GetCurrent();
+    if (file.samples.empty() || water == nullptr) {
+        m_frame.ReportError(wxString::Format(Tr("%s holds no analysis that can be understood"), name));
+        return;
+    }
+    LaboratoryDialog preview(&m_frame, file, *water->GetDetails());
+    if (preview.ShowModal() != wxID_OK)
+        return;
+    const ProjectEdit edit(m_frame.GetProject(), wxTRANSLATE("import of an analysis"));
+    water::StoreSample(preview.GetValues(), *water->GetDetails(), preview.ClearsOthers());
+}
+
+void WaterCommands::Export()
+{
+    CommitFocusedField();
+    const LiquidData* water = GetCurrent();
+    if (water == nullptr)
+        return;
+    const wxFileName file = FileNameCreator()(&m_frame, Tr("Export analysis"), wxString(),
+                                              Tr("Water analysis"), AnalysisWildcard(), "csv");
+    if (!file.IsOk())
+        return;
+    try {
+        tncommon::ReplaceFile(file.GetFullPath().utf8_string(),
+                              water::WriteLaboratoryFile(*water->GetDetails()));
+    } catch (const std::exception& error) {
+        m_frame.ReportError(wxString::Format(Tr("%s cannot be written: %s"), file.GetFullPath(),
+                                             wxString::FromUTF8(error.what())));
+    }
+}
+
+void WaterCommands::Add()
+{
+    CommitFocusedField();
+    Project& project = m_frame.GetProject();
+    const LiquidData* added = nullptr;
+    {
+        const ProjectEdit edit(project, wxTRANSLATE("add water"));
+        added = &project.AddLiquid(NewWaterName(project, Tr("Water").utf8_string()));
+    }
+    Show(*added);
+}
+
+void WaterCommands::Blend()
+{
+    CommitFocusedField();
+    Project& project = m_frame.GetProject();
+    // On the page of a blend its own recipe is changed, elsewhere a new one is made.
+    LiquidData* current = GetCurrent();
+    LiquidData* blend = current != nullptr && water::IsBlend(*current->GetDetails()) ? current : nullptr;
+    std::vector<std::string> waters;
+    for (std::size_t i = 0; i < project.GetLiquidCount() && &project.GetLiquid(i) != blend; ++i)
+        waters.push_back(project.GetLiquid(i).GetName());
+    if (waters.size() < 2) {
+        m_frame.ReportNote(Tr("A blend needs two waters: add one first"));
+        return;
+    }
+    BlendRecipe recipe{waters[0], waters[1], 50.0};
+    if (blend != nullptr)
+        recipe = {blend->FindDetail("liquid/blend.first")->GetStdStringValue(),
+                  blend->FindDetail("liquid/blend.second")->GetStdStringValue(),
+                  blend->FindDetail("liquid/blend.share")->GetDoubleValue()};
+    BlendDialog dialog(&m_frame, waters, recipe);
+    if (dialog.ShowModal() == wxID_OK)
+        StoreBlend(blend, dialog.GetRecipe());
+}
+
+void WaterCommands::StoreBlend(LiquidData* blend, const BlendRecipe& recipe)
+{
+    Project& project = m_frame.GetProject();
+    {
+        const ProjectEdit edit(project, wxTRANSLATE("blend waters"));
+        if (blend == nullptr)
+            blend = &project.AddLiquid(NewWaterName(project, Tr("Blend").utf8_string()));
+        blend->FindDetail("liquid/blend.first")->SetValue(recipe.first);
+        blend->FindDetail("liquid/blend.second")->SetValue(recipe.second);
+        blend->FindDetail("liquid/blend.share")->SetValue(recipe.share);
+    }
+    Show(*blend);
+}
+
+void WaterCommands::Rename()
+{
+    CommitFocusedField();
+    LiquidData* water = GetCurrent();
+    if (water == nullptr)
+        return;
+    LineEntryDialog dialog(&m_frame, Tr("Rename water"), Tr("Name"), ShownName(*water), kMostNameLength);
+    if (dialog.ShowModal() != wxID_OK || dialog.GetText() == ShownName(*water))
+        return;
+    const ProjectEdit edit(m_frame.GetProject(), wxTRANSLATE("rename water"));
+    m_frame.GetProject().RenameOwner(*water, NewWaterName(m_frame.GetProject(), dialog.GetText().utf8_string()));
+}
+
+void WaterCommands::Remove()
+{
+    CommitFocusedField();
+    Project& project = m_frame.GetProject();
+    LiquidData* water = GetCurrent();
+    if (water == nullptr)
+        return;
+    if (project.GetLiquidCount() < 2) {
+        m_frame.ReportNote(Tr("The last water of a project stays"));
+        return;
+    }
+    const std::size_t place = water->GetPosition();
+    {
+        const ProjectEdit edit(project, wxTRANSLATE("remove water"));
+        project.RemoveOwner(*water);
+    }
+    Show(project.GetLiquid(place > 0 ? place - 1 : 0));
+}
+
+bool WaterCommands::CanMove(int direction) const
+{
+    const LiquidData* water = GetCurrent();
+    if (water == nullptr)
+        return false;
+    const std::size_t place = water->GetPosition();
+    return direction < 0 ? place > 0 : place + 1 < m_frame.GetProject().GetLiquidCount();
+}
+
+void WaterCommands::Move(int direction)
+{
+    CommitFocusedField();
+    if (!CanMove(direction))
+        return;
+    LiquidData& water = *GetCurrent();
+    const std::size_t place = water.GetPosition();
+    const ProjectEdit edit(m_frame.GetProject(), wxTRANSLATE("move water"));
+    m_frame.GetProject().MoveOwner(water, direction < 0 ? place - 1 : place + 1);
+}
+
+}  // namespace app

@@ -1,0 +1,107 @@
+// SPDX-License-Identifier: MIT
+// How a project is written: edits, what follows from them, and who is told.
+#include "projectbase/project/project.h"
+#include "projectbase/project/project_edit.h"
+#include "projectbase/project/project_journal.h"
+#include "projectbase/project/project_rules.h"
+
+#include <algorithm>
+#include <exception>
+
+void Project::AddObserver(ProjectObserver& observer)
+{
+    m_observers.push_back(&observer);
+}
+
+void Project::RemoveObserver(ProjectObserver& observer)
+{
+    std::erase(m_observers, &observer);
+}
+
+void Project::BeginEdit(EditKind kind, std::string name)
+{
+    m_journal->Begin(kind, std::move(name));
+}
+
+void Project::EndEdit() noexcept
+{
+    if (m_journal->IsOutermost()) {
+        try {
+            FinishEdit();
+            return;
+        } catch (const std::exception& error) {
+            m_logger.Error(std::string("Project::EndEdit: ") + error.what());
+        }
+    }
+    if (m_journal->IsOpen())
+        m_journal->End();
+}
+
+void Project::FinishEdit()
+{
+    try {
+        CalculateDesign();
+    } catch (const std::exception& error) {
+        // The inputs are written; whoever follows them must know.
+        m_logger.Error(std::string("Project::FinishEdit: ") + error.what());
+    }
+    const ProjectChanges changes = m_journal->Close(m_groups);
+    const bool changed = !changes.GetElements().empty();
+    UpdateStatus(changed);
+    m_journal->End();
+    if (!changed)
+        return;
+    m_changed = true;
+    Tell(changes);
+}
+
+void Project::Tell(const ProjectChanges& changes)
+{
+    // Whoever is told may leave, and take others along.
+    const std::vector<ProjectObserver*> told = m_observers;
+    for (ProjectObserver* observer : told) {
+        if (std::ranges::find(m_observers, observer) != m_observers.end())
+            observer->OnProjectChanged(changes);
+    }
+}
+
+void Project::BeforeWrite(OwnerNode& node, DetailData& detail)
+{
+    // A write that nobody put into a scope is one of its own, so that no observer misses it.
+    if (IsObserved())
+        BeginEdit(EditKind::Typed, {});
+    if (m_journal->IsOpen())
+        m_journal->NoteValue(node, detail);
+}
+
+void Project::AfterWrite() noexcept
+{
+    if (IsObserved())
+        EndEdit();
+}
+
+void Project::UpdateStatus(bool changed)
+{
+    const long reached = IsReadyToCalculate() ? StatusComplete : GetLiquidCount() > 0 ? StatusWaters : StatusNew;
+    if (changed || m_status < reached)
+        m_status = reached;
+}
+
+void Project::ApplyPendingRules()
+{
+    if (m_journal->GetKind() != EditKind::Typed)
+        return;
+    // A rule may bring about what another one answers to.
+    constexpr int kMostRounds = 4;
+    for (int round = 0; round < kMostRounds; ++round) {
+        const std::vector<TypedInput> typed = m_journal->TakeTyped();
+        if (typed.empty())
+            return;
+        ApplyRules(typed);
+    }
+}
+
+void Project::ApplyRules(const std::vector<TypedInput>& typed)
+{
+    rules::Apply(*this, typed);
+}

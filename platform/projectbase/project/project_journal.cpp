@@ -1,0 +1,116 @@
+// SPDX-License-Identifier: MIT
+#include "projectbase/project/project_journal.h"
+
+#include <algorithm>
+#include <atomic>
+
+namespace {
+
+/// Serial numbers of edits are never used twice in a process, so that a mark on a detail that moved to another
+/// project means nothing there.
+std::uint64_t NextSerial()
+{
+    static std::atomic<std::uint64_t> last{0};
+    return ++last;
+}
+
+bool IsUnchanged(const StructureChange& change)
+{
+    using enum StructureChange::What;
+    return (change.what == Moved && change.before == change.after) ||
+           (change.what == Renamed && change.nameBefore == change.nameAfter);
+}
+
+/// What the user calls a value: a row that the user names has that name.
+std::string NameOf(const OwnerNode& node, const DetailData& detail)
+{
+    const std::string& key = detail.GetName();
+    const auto suffix = key.rfind('.');
+    const DetailData* name =
+        suffix == std::string::npos ? nullptr : node.GetDetails()->GetDetail(key.substr(0, suffix) + ".name");
+    const std::string given = name == nullptr ? std::string() : name->GetStdStringValue();
+    return given.empty() ? detail.GetLabel() : given;
+}
+
+}  // namespace
+
+bool ProjectJournal::NotedValue::HasChanged() const
+{
+    return unitBefore != detail->GetUnit() || !SameDetailValue(before, detail->GetStoredValue());
+}
+
+void ProjectJournal::Begin(EditKind kind, std::string name)
+{
+    if (m_depth++ > 0) {
+        if (m_name.empty())
+            m_name = std::move(name);
+        return;
+    }
+    m_serial = NextSerial();
+    m_kind = kind;
+    m_name = std::move(name);
+}
+
+void ProjectJournal::NoteValue(OwnerNode& node, DetailData& detail)
+{
+    if (detail.NoteUnder(m_serial))
+        m_elements.emplace_back(NotedValue{&node, &detail, detail.GetStoredValue(), detail.GetUnit(),
+                                           detail.GetStoredValue()});
+}
+
+void ProjectJournal::NoteGroups(const std::string& kind, const DetailGroupsPtr& before)
+{
+    const bool known = std::ranges::any_of(m_elements, [&kind](const Element& element) {
+        const auto* groups = std::get_if<GroupsChange>(&element);
+        return groups != nullptr && groups->kind == kind;
+    });
+    if (!known)
+        m_elements.emplace_back(GroupsChange{kind, before, nullptr});
+}
+
+std::vector<TypedInput> ProjectJournal::TakeTyped()
+{
+    std::vector<TypedInput> typed;
+    for (Element& element : m_elements) {
+        auto* value = std::get_if<NotedValue>(&element);
+        if (value == nullptr || value->detail->IsDerived() ||
+            SameDetailValue(value->seen, value->detail->GetStoredValue()))
+            continue;
+        typed.push_back({*value->node, *value->detail, value->seen});
+        value->seen = value->detail->GetStoredValue();
+    }
+    return typed;
+}
+
+ProjectChanges ProjectJournal::Close(const std::map<std::string, DetailGroupsPtr>& groups)
+{
+    std::vector<StackElement> elements;
+    elements.reserve(m_elements.size());
+    std::string name = std::move(m_name);
+    const bool isNamed = !name.empty();
+    for (Element& element : m_elements) {
+        if (auto* value = std::get_if<NotedValue>(&element)) {
+            if (!value->HasChanged())
+                continue;
+            const DetailData& detail = *value->detail;
+            if (name.empty() && !detail.IsDerived())
+                name = NameOf(*value->node, detail);
+            elements.emplace_back(ValueChange{{value->node->GetOwner(), detail.GetName()},
+                                              std::move(value->before),
+                                              detail.GetStoredValue(),
+                                              std::move(value->unitBefore),
+                                              detail.GetUnit(),
+                                              detail.IsDerived()});
+        } else if (auto* change = std::get_if<GroupsChange>(&element)) {
+            const auto found = groups.find(change->kind);
+            change->after = found == groups.end() ? nullptr : found->second;
+            if (change->after != change->before)
+                elements.emplace_back(std::move(*change));
+        } else if (auto& structure = std::get<StructureChange>(element); !IsUnchanged(structure)) {
+            elements.emplace_back(std::move(structure));
+        }
+    }
+    m_elements.clear();
+    m_serial = 0;
+    return {m_kind, std::move(name), isNamed, std::move(elements)};
+}

@@ -1,0 +1,321 @@
+// SPDX-License-Identifier: MIT
+#include "projectbase/project/project_json.h"
+
+#include "projectbase/project/iex_project.h"
+#include "projectbase/project/project_edit.h"
+
+#include <fmt/format.h>
+#include <nlohmann/json.hpp>
+
+#include <cmath>
+#include <limits>
+#include <stdexcept>
+
+namespace {
+
+using nlohmann::json;
+
+// Bounds of what a text may hold, as those of a project's file.
+constexpr std::size_t kMostLists = 20'000;
+constexpr std::size_t kMostDetails = 500'000;
+
+constexpr double kUnknown = std::numeric_limits<double>::quiet_NaN();
+constexpr std::string_view kOrig = ".orig";
+
+std::string Quoted(const std::string& utf8)
+{
+    return json(utf8).dump(-1, ' ', false, json::error_handler_t::replace);
+}
+
+std::string JsonValue(const DetailData& detail)
+{
+    switch (detail.GetType()) {
+        case DetailType::Double:
+            return std::isfinite(detail.GetDoubleValue()) ? fmt::format("{}", detail.GetDoubleValue())
+                                                          : "null";
+        case DetailType::Long:
+        case DetailType::Bool:
+            return detail.GetValueAsString().utf8_string();
+        case DetailType::Date:
+            return detail.GetDateValue().IsValid() ? Quoted(detail.GetValueAsString().utf8_string()) : "null";
+        case DetailType::String:
+            break;
+    }
+    return Quoted(detail.GetStdStringValue());
+}
+
+/// Writes the project line by line: every object of details stands alike at each depth.
+class Writer
+{
+public:
+    std::string Write(const Project& project, const std::string& file, const std::vector<JsonMessage>& messages)
+    {
+        m_text = "{\n  \"file\": " + Quoted(file) + ",\n  \"module\": " + Quoted(project.GetModuleType()) +
+                 ",\n  \"type\": " + Quoted(project.GetModuleType()) +
+                 fmt::format(",\n  \"status\": {}", project.GetStatus()) +
+                 ",\n  \"unitSystem\": " + Quoted(project.GetUnitSystemDisplay()) + ",\n  \"project\": ";
+        Details(project.GetDetails(), "  ");
+        Nodes(",\n  \"liquids\": ", project.GetRoot(), OwnerKind::Water, "  ");
+        Nodes(",\n  \"exchangers\": ", project.GetRoot(), OwnerKind::Exchanger, "  ");
+        Groups(project);
+        Messages(messages);
+        return m_text + "\n}\n";
+    }
+
+private:
+    /// A value that is typed in a unit of choice has that unit.
+    static std::string UnitOf(const DetailList& details, const std::string& name, const DetailData& detail)
+    {
+        if (!name.ends_with(kOrig))
+            return detail.GetUnit();
+        const DetailData* unit = details.GetDetail(name.substr(0, name.size() - kOrig.size()) + ".unit");
+        return unit == nullptr ? detail.GetUnit() : unit->GetStdStringValue();
+    }
+
+    void Detail(const std::string& name, const DetailData& detail, const std::string& unit)
+    {
+        m_text += Quoted(name) + ": {\"value\": " + JsonValue(detail);
+        if (!unit.empty())
+            m_text += ", \"unit\": " + Quoted(unit);
+        m_text += '}';
+    }
+
+    void Details(const DetailList& details, const std::string& indent)
+    {
+        const char* separator = "\n";
+        m_text += '{';
+        for (const auto& [name, detail] : details) {
+            m_text += separator + indent + "  ";
+            Detail(name, detail, UnitOf(details, name, detail));
+            separator = ",\n";
+        }
+        m_text += '\n' + indent + '}';
+    }
+
+    void Nodes(const std::string& head, const OwnerNode& parent, OwnerKind kind, const std::string& indent)
+    {
+        const auto nodes = parent.GetChildren(kind);
+        m_text += head + '[';
+        const char* separator = "\n";
+        for (const auto& node : nodes) {
+            const std::string inner = indent + "    ";
+            m_text += separator + indent + "  {\n" + inner;
+            if (kind == OwnerKind::Water)
+                m_text += "\"name\": " + Quoted(node->GetName()) + ",\n" + inner;
+            m_text += "\"details\": ";
+            Details(*node->GetDetails(), inner);
+            if (kind == OwnerKind::Exchanger) {
+                Nodes(",\n" + inner + "\"compartments\": ", *node, OwnerKind::Compartment, inner);
+                Nodes(",\n" + inner + "\"sequence\": ", *node, OwnerKind::SequenceRow, inner);
+            }
+            if (kind == OwnerKind::Compartment)
+                Nodes(",\n" + inner + "\"resins\": ", *node, OwnerKind::Resin, inner);
+            m_text += "\n" + indent + "  }";
+            separator = ",\n";
+        }
+        m_text += nodes.empty() ? "]" : "\n" + indent + "]";
+    }
+
+    void Groups(const Project& project)
+    {
+        m_text += ",\n  \"groups\": {";
+        const char* kindSeparator = "\n";
+        for (const auto& [kind, groups] : project.GetAllDetailGroups()) {
+            m_text += kindSeparator + ("    " + Quoted(kind)) + ": [";
+            const char* separator = "\n";
+            for (const DetailGroupPtr& group : *groups) {
+                m_text += std::string(separator) + "      {";
+                const char* between = "";
+                for (const DetailData& detail : *group) {
+                    m_text += between;
+                    Detail(detail.GetName(), detail, detail.GetUnit());
+                    between = ", ";
+                }
+                m_text += '}';
+                separator = ",\n";
+            }
+            m_text += "\n    ]";
+            kindSeparator = ",\n";
+        }
+        m_text += project.GetAllDetailGroups().empty() ? "}" : "\n  }";
+    }
+
+    void Messages(const std::vector<JsonMessage>& messages)
+    {
+        m_text += ",\n  \"messages\": [";
+        const char* separator = "\n";
+        for (const JsonMessage& message : messages) {
+            m_text += fmt::format("{}    {{\"address\": {}, \"text\": {}, \"value\": {}, \"limit\": {}}}", separator,
+                                  Quoted(message.address), Quoted(message.text), message.value, message.limit);
+            separator = ",\n";
+        }
+        m_text += messages.empty() ? "]" : "\n  ]";
+    }
+
+    std::string m_text;
+};
+
+[[noreturn]] void Unreadable(const std::string& what)
+{
+    throw std::runtime_error("ProjectFromJson: " + what);
+}
+
+/// Reads a project; whatever is missing is as it is in a new one.
+class Reader
+{
+public:
+    std::unique_ptr<Project> Read(const json& root)
+    {
+        if (!root.is_object() || !root.contains("module") || !root.at("module").is_string())
+            Unreadable("the text is no project");
+        const auto type = root.at("module").get<std::string>();
+        if (!iex::IEXProject::FindType(type))
+            Unreadable("there is no type of plant '" + type + "'");
+        auto project = std::make_unique<iex::IEXProject>(type);
+        {
+            const ProjectEdit edit(*project, {}, EditKind::Copied);
+            while (project->GetLiquidCount() > 0)
+                project->RemoveLiquid(0);
+            while (project->NumberSteps() > 0)
+                project->RemoveOwner(project->GetStep(0));
+            ReadDetails(Member(root, "project"), project->GetDetails());
+            ReadNodes(*project, project->GetRoot(), Member(root, "liquids"), OwnerKind::Water);
+            ReadNodes(*project, project->GetRoot(), Member(root, "exchangers"), OwnerKind::Exchanger);
+            ReadGroups(*project, Member(root, "groups"));
+        }
+        if (const json& unitSystem = Member(root, "unitSystem"); unitSystem.is_string())
+            project->SetUnitSystemDisplay(unitSystem.get<std::string>());
+        project->SetChanged(false);
+        return project;
+    }
+
+private:
+    static const json& Member(const json& object, const char* name)
+    {
+        static const json kNone;
+        const auto found = object.is_object() ? object.find(name) : object.end();
+        return found == object.end() ? kNone : *found;
+    }
+
+    static void Take(const json& value, DetailData& detail)
+    {
+        const std::string& name = detail.GetName();
+        bool taken = true;
+        if (value.is_number() && detail.GetType() == DetailType::Long)
+            detail.SetValue(value.get<long>());
+        else if (value.is_number())
+            detail.SetValue(value.get<double>());
+        else if (value.is_boolean())
+            detail.SetValue(value.get<bool>());
+        else if (value.is_string())
+            taken = detail.SetValueFromString(wxString::FromUTF8(value.get<std::string>()));
+        else if (value.is_null() && detail.GetType() == DetailType::Double)
+            detail.SetValue(kUnknown);
+        else if (value.is_null())
+            detail.ClearValue();
+        else
+            taken = false;
+        if (!taken)
+            Unreadable("the value of '" + name + "' cannot be read");
+    }
+
+    static DetailType TypeOf(const json& value)
+    {
+        if (value.is_boolean())
+            return DetailType::Bool;
+        return value.is_string() ? DetailType::String : DetailType::Double;
+    }
+
+    void ReadDetails(const json& object, DetailList& details)
+    {
+        if (!object.is_object())
+            return;
+        for (const auto& [name, entry] : object.items()) {
+            CountDetail();
+            const json& value = Member(entry, "value");
+            DetailData* known = details.GetDetail(name);
+            DetailData& detail = known != nullptr ? *known : details.Add(DetailData(name, TypeOf(value)));
+            if (detail.IsDerived())
+                continue;
+            Take(value, detail);
+            const json& unit = Member(entry, "unit");
+            const bool isTyped =
+                name.ends_with(kOrig) &&
+                details.GetDetail(name.substr(0, name.size() - kOrig.size()) + ".unit") != nullptr;
+            if (unit.is_string() && !isTyped)
+                detail.SetUnit(unit.get<std::string>());
+        }
+    }
+
+    void ReadNodes(Project& project, OwnerNode& parent, const json& list, OwnerKind kind)
+    {
+        if (!list.is_array())
+            return;
+        for (const json& entry : list) {
+            if (++m_lists > kMostLists)
+                Unreadable(fmt::format("it has more than {} waters and parts", kMostLists));
+            OwnerNode& node = project.AddOwner(parent, kind);
+            if (const json& name = Member(entry, "name"); name.is_string())
+                node.SetName(name.get<std::string>());
+            ReadDetails(Member(entry, "details"), *node.GetDetails());
+            ReadNodes(project, node, kind == OwnerKind::Exchanger ? Member(entry, "compartments") : json(),
+                      OwnerKind::Compartment);
+            ReadNodes(project, node, kind == OwnerKind::Exchanger ? Member(entry, "sequence") : json(),
+                      OwnerKind::SequenceRow);
+            ReadNodes(project, node, kind == OwnerKind::Compartment ? Member(entry, "resins") : json(),
+                      OwnerKind::Resin);
+        }
+    }
+
+    void ReadGroups(Project& project, const json& kinds)
+    {
+        if (!kinds.is_object())
+            return;
+        for (const auto& [kind, list] : kinds.items()) {
+            std::vector<DetailGroup> groups;
+            for (const json& entry : list) {
+                if (++m_lists > kMostLists)
+                    Unreadable(fmt::format("it has more than {} entries of lists", kMostLists));
+                // The catalogue knows the types; what it does not know is kept after its kind.
+                DetailList details;
+                try {
+                    details.LoadGroup(kind, "BASE");
+                } catch (const std::exception&) {
+                }
+                ReadDetails(entry, details);
+                DetailGroup group;
+                for (const auto& [name, detail] : details)
+                    group.push_back(detail);
+                groups.push_back(std::move(group));
+            }
+            project.SetDetailGroups(kind, std::move(groups));
+        }
+    }
+
+    void CountDetail()
+    {
+        if (++m_details > kMostDetails)
+            Unreadable(fmt::format("it has more than {} values", kMostDetails));
+    }
+
+    std::size_t m_lists = 0;
+    std::size_t m_details = 0;
+};
+
+}  // namespace
+
+std::string ProjectToJson(const Project& project, const std::string& file,
+                          const std::vector<JsonMessage>& messages)
+{
+    return Writer().Write(project, file, messages);
+}
+
+std::unique_ptr<Project> ProjectFromJson(std::string_view text)
+{
+    if (text.size() > kMostJsonBytes)
+        Unreadable(fmt::format("the text is longer than {} bytes", kMostJsonBytes));
+    const json root = json::parse(text, nullptr, false);
+    if (root.is_discarded())
+        Unreadable("the text is no JSON");
+    return Reader().Read(root);
+}

@@ -1,0 +1,163 @@
+// SPDX-License-Identifier: MIT
+#include "projectbase/project/project_rules.h"
+
+#include "dbinterfaces/master_database.h"
+#include "projectbase/feed/feed_quantities.h"
+#include "projectbase/project/iex_project.h"
+#include "projectbase/project/project.h"
+#include "projectbase/water/normalization.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <string_view>
+
+namespace rules {
+
+namespace {
+
+/// Inputs that were typed together, as the rules look at them.
+struct Context
+{
+    Project& project;
+    const std::vector<TypedInput>& typed;
+
+    const TypedInput* Find(const OwnerNode& node, std::string_view key) const
+    {
+        const auto found = std::ranges::find_if(typed, [&](const TypedInput& input) {
+            return &input.node == &node && input.detail.GetName() == key;
+        });
+        return found == typed.end() ? nullptr : &*found;
+    }
+    bool IsTyped(const OwnerNode& node, std::string_view key) const { return Find(node, key) != nullptr; }
+};
+
+using Rule = void (*)(const Context& context, const TypedInput& input);
+
+/// H+ and OH- take part in the balance: they begin as they follow from pH and temperature.
+void FillWaterIons(const Context& context, const TypedInput& input)
+{
+    const bool given =
+        context.IsTyped(input.node, "liquid/h.plus.orig") || context.IsTyped(input.node, "liquid/oh.minus.orig");
+    if (!input.detail.GetBoolValue() || given)
+        return;
+    // The pH and the ions may have been typed in the same breath.
+    water::NormalizeEveryIon(*input.node.GetDetails());
+    water::FillHydrogenAndHydroxide(*input.node.GetDetails());
+}
+
+bool BlendsAreCalculated(const Project& project)
+{
+    return project.GetDetails().At("arrangement/calculate.blend").GetBoolValue();
+}
+
+/// A short analysis starts from what the ions gave, so that switching to it does not change the water at once.
+/// Where blends are calculated there is none: they ask for every ion.
+void BeginShortAnalysis(const Context& context, const TypedInput& input)
+{
+    DetailList& details = *input.node.GetDetails();
+    const std::string type = input.detail.GetStdStringValue();
+    if (type != "SHORT_TDS" && type != "SHORT_COND")
+        return;
+    if (BlendsAreCalculated(context.project)) {
+        input.detail.SetValue("FULL");
+        return;
+    }
+    const bool byTds = type == "SHORT_TDS";
+    const char* const given = byTds ? "liquid/tds.short" : "liquid/cond.short";
+    DetailData& typed = details.At(given);
+    if (typed.GetDoubleValue() == 0.0 && !context.IsTyped(input.node, given))
+        typed.SetValue(details.At(byTds ? "liquid/tds" : "liquid/cond").GetDoubleValue());
+}
+
+void EndShortAnalyses(const Context& context, const TypedInput& input)
+{
+    if (!input.detail.GetBoolValue())
+        return;
+    for (std::size_t i = 0; i < context.project.GetLiquidCount(); ++i)
+        context.project.GetLiquid(i).GetDetails()->At("liquid/analysis.type").SetValue("FULL");
+}
+
+/// A medium brings its density along.
+void TakeDensity(const Context& context, const TypedInput& input)
+{
+    if (context.IsTyped(input.node, "feed/density"))
+        return;
+    const auto medium = MasterDatabase::GetFeedMedium(static_cast<int>(input.detail.GetLongValue()));
+    if (medium.id >= 0)
+        input.node.GetDetails()->At("feed/density").SetValue(medium.density);
+}
+
+/// The adjustment of a feed's pH begins with what was stated before, or else with what the feed has of itself.
+void BeginPhAdjustment(const Context& context, const TypedInput& input)
+{
+    DetailData& stated = input.node.GetDetails()->At("feed/ph");
+    const auto* project = dynamic_cast<const iex::IEXProject*>(&context.project);
+    if (!input.detail.GetBoolValue() || !std::isnan(stated.GetDoubleValue()) || project == nullptr)
+        return;
+    stated.SetValue(project->LoadFeedCompositionFromDetails().GetFeedTotals().pH);
+}
+
+constexpr std::array<const char*, FeedQuantities::kCount> kQuantities{"project/qbrutto", "project/lz",
+                                                                      "project/wbrutto"};
+
+/// Of flow, time and volume the one that was typed longest ago follows.
+void FollowQuantities(const Context& context, const TypedInput& input)
+{
+    DetailList& details = *input.node.GetDetails();
+    // All that were typed together are answered at the first of them.
+    const auto isQuantity = [](const TypedInput& each) {
+        return std::ranges::find(kQuantities, each.detail.GetName()) != kQuantities.end();
+    };
+    if (&*std::ranges::find_if(context.typed, isQuantity) != &input)
+        return;
+    FeedQuantities quantities(details.At("project/quantities.typed").GetStdStringValue());
+    FeedQuantities::Values before{};
+    for (std::size_t i = 0; i < kQuantities.size(); ++i) {
+        const TypedInput* typed = context.Find(input.node, kQuantities[i]);
+        before[i] = typed != nullptr ? std::get<double>(typed->before)
+                                     : details.At(kQuantities[i]).GetDoubleValue();
+    }
+    quantities.SetValues(before);
+    for (const TypedInput& each : context.typed) {
+        const auto quantity = std::ranges::find(kQuantities, each.detail.GetName());
+        if (quantity != kQuantities.end())
+            quantities.Edit(static_cast<FeedQuantities::Quantity>(quantity - kQuantities.begin()),
+                            each.detail.GetDoubleValue());
+    }
+    for (std::size_t i = 0; i < kQuantities.size(); ++i) {
+        if (!context.IsTyped(input.node, kQuantities[i]))
+            details.At(kQuantities[i]).SetValue(quantities.GetValues()[i]);
+    }
+    details.At("project/quantities.typed").SetValue(quantities.GetOrder());
+}
+
+struct RuleOfKey
+{
+    std::string_view key;
+    Rule rule;
+};
+constexpr std::array kRules{
+    RuleOfKey{"liquid/balance.ph", &FillWaterIons},
+    RuleOfKey{"liquid/analysis.type", &BeginShortAnalysis},
+    RuleOfKey{"arrangement/calculate.blend", &EndShortAnalyses},
+    RuleOfKey{"feed/medium", &TakeDensity},
+    RuleOfKey{"feed/adjust.ph", &BeginPhAdjustment},
+    RuleOfKey{"project/qbrutto", &FollowQuantities},
+    RuleOfKey{"project/lz", &FollowQuantities},
+    RuleOfKey{"project/wbrutto", &FollowQuantities},
+};
+
+}  // namespace
+
+void Apply(Project& project, const std::vector<TypedInput>& typed)
+{
+    const Context context{project, typed};
+    for (const TypedInput& input : typed) {
+        const auto rule = std::ranges::find(kRules, input.detail.GetName(), &RuleOfKey::key);
+        if (rule != kRules.end())
+            rule->rule(context, input);
+    }
+}
+
+}  // namespace rules

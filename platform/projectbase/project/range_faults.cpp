@@ -1,0 +1,181 @@
+// SPDX-License-Identifier: MIT
+#include "projectbase/project/range_faults.h"
+
+#include "core/ion_table.h"
+#include "core/ion_units.h"
+#include "projectbase/project/project.h"
+#include "projectbase/units/temperature.h"
+#include "projectbase/water/ion_rows.h"
+
+#include <cmath>
+#include <optional>
+
+namespace {
+
+constexpr std::string_view kOrig = ".orig";
+
+/// Where a value is typed whose limit stands with another detail, and how a limit reads in the typed unit.
+struct TypedPlace
+{
+    std::string orig;
+    std::string unit;
+    double equivalentWeight = 1.0;
+    bool isTemperature = false;
+    bool isMass = false;  ///< the limit is a mass per volume, not an equivalent amount
+};
+
+double WeightOf(std::string_view ion)
+{
+    const ions::Ion* found = ions::FindIon(ion);
+    return found == nullptr ? 1.0 : found->equivalentWeight;
+}
+
+std::optional<TypedPlace> TypedPlaceOf(const std::string& key)
+{
+    if (key == "liquid/temp")
+        return TypedPlace{.orig = "liquid/temp.orig", .unit = "liquid/temp.unit", .isTemperature = true};
+    if (key == "liquid/co2.mgl")
+        return TypedPlace{"liquid/co2.orig", "liquid/co2.unit", WeightOf("co2"), false, true};
+    for (const water::IonRow& row : water::IonRows()) {
+        if (row.meql == key)
+            return TypedPlace{row.orig, row.unit, WeightOf(row.ion), false, false};
+    }
+    return std::nullopt;
+}
+
+double InTypedUnit(double limit, const TypedPlace& place, const std::string& unit)
+{
+    if (place.isTemperature) {
+        const auto known = Temperature::UnitFromText(unit);
+        return Temperature(limit, TemperatureUnit::Celsius).In(known.value_or(TemperatureUnit::Celsius));
+    }
+    return ions::FromMeqPerLitre(place.isMass ? limit / place.equivalentWeight : limit, unit,
+                                 place.equivalentWeight);
+}
+
+bool IsIonOf(const std::string& key)
+{
+    for (const water::IonRow& row : water::IonRows()) {
+        if (row.meql == key || row.orig == key)
+            return true;
+    }
+    return false;
+}
+
+/// Whether the calculation looks at a value: nobody has to mend what is switched off.
+bool IsUsed(const DetailList& details, const std::string& key)
+{
+    const DetailData* type = details.GetDetail("liquid/analysis.type");
+    if (type == nullptr)
+        return true;
+    const std::string analysis = type->GetStdStringValue();
+    if (key == "liquid/tds.short")
+        return analysis == "SHORT_TDS";
+    if (key == "liquid/cond.short")
+        return analysis == "SHORT_COND";
+    if (key == "liquid/co2.orig")
+        return !details.At("liquid/calculate.co2").GetBoolValue();
+    const bool isShort = analysis == "SHORT_TDS" || analysis == "SHORT_COND";
+    return !isShort || !(IsIonOf(key) || key == "liquid/ph" || key == "liquid/co2.mgl");
+}
+
+/// What the user calls a value; a row that the user names has that name.
+std::string LabelOf(const DetailList& details, const DetailData& detail)
+{
+    const std::string& key = detail.GetName();
+    const std::string stem = key.ends_with(kOrig) ? key.substr(0, key.size() - kOrig.size()) : key;
+    const DetailData* name = details.GetDetail(stem + ".name");
+    const std::string given = name == nullptr ? std::string() : name->GetStdStringValue();
+    return given.empty() ? detail.GetLabel() : given;
+}
+
+/// The limit that the value breaks.
+std::optional<RangeFault> FaultOf(const DetailData& detail)
+{
+    const bool isNumber = detail.GetType() == DetailType::Double || detail.GetType() == DetailType::Long;
+    const double value = isNumber ? detail.GetDoubleValue() : std::nan("");
+    if (std::isnan(value))
+        return std::nullopt;
+    const bool below = detail.HasMinValue() && value < detail.GetMinValue();
+    const bool above = detail.HasMaxValue() && value > detail.GetMaxValue();
+    if (!below && !above)
+        return std::nullopt;
+    return RangeFault{.address = {{}, detail.GetName()},
+                      .label = detail.GetLabel(),
+                      .value = value,
+                      .limit = below ? detail.GetMinValue() : detail.GetMaxValue(),
+                      .isBelow = below,
+                      .unit = detail.GetUnit()};
+}
+
+/// Brings a fault to where its value is typed.
+void MoveToTypedPlace(RangeFault& fault, const TypedPlace& place, const DetailList& details)
+{
+    fault.address.key = place.orig;
+    fault.unit = details.At(place.unit).GetStdStringValue();
+    fault.isTypedUnit = true;
+    fault.value = details.At(place.orig).GetDoubleValue();
+    fault.limit = InTypedUnit(fault.limit, place, fault.unit);
+    fault.label = LabelOf(details, details.At(place.orig));
+}
+
+/// The entries of lists that occur many times; the user calls each by its name.
+void AddGroupFaults(const Project& project, std::vector<RangeFault>& faults)
+{
+    for (const auto& [kind, groups] : project.GetAllDetailGroups()) {
+        for (std::size_t entry = 0; entry < groups->size(); ++entry) {
+            const DetailGroup& group = *(*groups)[entry];
+            const DetailData* name = FindDetail(group, kind + "/name");
+            for (const DetailData& detail : group) {
+                auto fault = FaultOf(detail);
+                if (!fault)
+                    continue;
+                fault->address.entry = static_cast<int>(entry);
+                if (name != nullptr && !name->GetStringValue().empty())
+                    fault->label = name->GetStdStringValue();
+                faults.push_back(std::move(*fault));
+            }
+        }
+    }
+}
+
+void AddNodeFaults(const OwnerNode& node, std::vector<RangeFault>& faults)
+{
+    for (RangeFault& fault : RangeFaults(*node.GetDetails(), node.GetOwner()))
+        faults.push_back(std::move(fault));
+    for (std::size_t kind = 0; kind < kOwnerKinds; ++kind) {
+        for (const auto& child : node.GetChildren(static_cast<OwnerKind>(kind)))
+            AddNodeFaults(*child, faults);
+    }
+}
+
+}  // namespace
+
+std::vector<RangeFault> RangeFaults(const DetailList& details, DetailOwner owner)
+{
+    std::vector<RangeFault> faults;
+    for (const auto& [key, detail] : details) {
+        auto fault = FaultOf(detail);
+        if (!fault || !IsUsed(details, key))
+            continue;
+        if (const auto place = TypedPlaceOf(key)) {
+            MoveToTypedPlace(*fault, *place, details);
+        } else if (key.ends_with(kOrig)) {
+            const DetailData* unit = details.GetDetail(key.substr(0, key.size() - kOrig.size()) + ".unit");
+            fault->unit = unit == nullptr ? fault->unit : unit->GetStdStringValue();
+            fault->isTypedUnit = unit != nullptr;
+            fault->label = LabelOf(details, detail);
+        }
+        fault->address.owner = owner;
+        faults.push_back(std::move(*fault));
+    }
+    return faults;
+}
+
+std::vector<RangeFault> RangeFaults(const Project& project)
+{
+    std::vector<RangeFault> faults;
+    AddNodeFaults(project.GetRoot(), faults);
+    AddGroupFaults(project, faults);
+    return faults;
+}

@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+/// The one check of limits: which values of a project lie outside of what the catalogue allows. Everyone who
+/// tells of it, the message area, the report and the command line, asks here.
+
+#include "projectbase/project/owner_node.h"
+#include "projectbase/projectbase_export.h"
+
+#include <string>
+#include <vector>
+
+class DetailList;
+class Project;
+
+struct RangeFault
+{
+    /// Where the value is typed, also when its limit stands with what follows from it: the limit of an ion is
+    /// an amount, whatever unit it is typed in.
+    DetailAddress address;
+    std::string label;  ///< source text, or the name that the user gave
+    double value = 0.0;
+    double limit = 0.0;
+    bool isBelow = false;
+    /// Unit of value and limit: an ISO unit that the displayed system converts, or the one that is typed in.
+    std::string unit;
+    bool isTypedUnit = false;
+};
+
+/// By owner in the order of the project, then by key. A value that is not known has no limits, and what a
+/// calculation does not use cannot be wrong: the ions of a short analysis, say.
+PROJECTBASE_EXPORT std::vector<RangeFault> RangeFaults(const Project& project);
+
+/// The faults of one list, all with the address of `owner`.
+PROJECTBASE_EXPORT std::vector<RangeFault> RangeFaults(const DetailList& details, DetailOwner owner = {});

@@ -1,0 +1,280 @@
+// SPDX-License-Identifier: MIT
+#include "app/command_line/calc_command.h"
+
+#include "projectbase/project/iex_project.h"
+#include "projectbase/project/project_file.h"
+#include "tests/support/locale_scope.h"
+#include "tests/support/temp_folder.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <clocale>
+#include <cmath>
+#include <sstream>
+
+namespace {
+
+using testing::ContainsRegex;
+using testing::HasSubstr;
+
+struct Result
+{
+    int code = -1;
+    std::string out;
+    std::string err;
+};
+
+class Calc : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        iex::IEXProject project;
+        project.GetDetails().At("project/title").SetValue("A \"quoted\"\ttitle \u00e4\\");
+        project.AddLiquid("Second water");
+        DetailList& details = *project.GetLiquid(0).GetDetails();
+        details.At("liquid/na.orig").SetValue(22.99);
+        details.At("liquid/cl.orig").SetValue(35.45);
+        ProjectFile::Save(project, m_path);
+    }
+
+    Result Run(std::vector<std::string> args) const
+    {
+        const std::string before = support::ReadBytes(m_path);
+        std::ostringstream out;
+        std::ostringstream err;
+        Result result;
+        result.code = app::RunCalc(args, out, err);
+        result.out = out.str();
+        result.err = err.str();
+        EXPECT_EQ(support::ReadBytes(m_path), before);
+        return result;
+    }
+    Result RunSet(const std::string& setting) const { return Run({m_path, "--json", "--set", setting}); }
+
+    /// The value of a detail of a water in the JSON text; the text itself when it has none.
+    static std::string Value(const Result& result, const std::string& name, std::size_t water = 0)
+    {
+        std::size_t start = result.out.find("\"liquids\"");
+        for (std::size_t i = 0; i <= water; ++i)
+            start = result.out.find("\"details\"", start + 1);
+        const std::string key = '"' + name + "\": {\"value\": ";
+        const std::size_t found = result.out.find(key, start);
+        if (start == std::string::npos || found == std::string::npos)
+            return result.out + result.err;
+        return result.out.substr(found + key.size(),
+                                 result.out.find_first_of(",}", found) - found - key.size());
+    }
+
+    support::TempFolder m_folder;
+    std::string m_path = (m_folder / "plant.tarnvik").string();
+};
+
+TEST_F(Calc, PrintsATableOfWhatIsThere)
+{
+    const Result result = Run({m_path});
+    EXPECT_EQ(result.code, 0) << result.err;
+    EXPECT_THAT(result.out, HasSubstr("Feed water\n"));
+    EXPECT_THAT(result.out, HasSubstr("\nSecond water\n"));
+    EXPECT_THAT(result.out, ContainsRegex("\n  Na +1 +22.99\n"));
+    EXPECT_THAT(result.out, ContainsRegex("\n  pH +- *\n"));
+    EXPECT_EQ(result.out.find("  Mg"), std::string::npos);
+    EXPECT_EQ(result.err, "");
+}
+
+TEST_F(Calc, ShowsTheUnitSystemOfTheProject)
+{
+    const auto project = ProjectFile::Load(m_path);
+    project->SetUnitSystemDisplay("us");
+    ProjectFile::Save(*project, m_path);
+    EXPECT_THAT(Run({m_path}).out, HasSubstr(" 59 \u00b0F\n"));
+    EXPECT_EQ(Value(Run({m_path, "--json"}), "liquid/temp"), "15");
+}
+
+TEST_F(Calc, SetsValuesInTheirUnits)
+{
+    const struct
+    {
+        const char* setting;
+        const char* name;
+        const char* value;
+        std::size_t water;
+    } cases[] = {
+        {"na=2meq/l", "liquid/na.meql", "2", 0},
+        {"na=45.98", "liquid/na.meql", "2", 0},
+        {"liquid/na.orig=2 meq/l", "liquid/na.mgl", "45.98", 0},
+        {"1:na.orig=22.99", "liquid/na.meql", "1", 1},
+        {"ca=2\u00b0f", "liquid/ca.meql", "0.4", 0},
+        {"mg=+1e1mgCaCO3/l", "liquid/mg.meql", "0.2", 0},
+        {"temp=68\u00b0F", "liquid/temp", "20", 0},
+        {"temp.orig=293.15 K", "liquid/temp", "20", 0},
+        {"temp=20", "liquid/temp", "20", 0},
+        {"ph=7.5", "liquid/ph", "7.5", 0},
+        {"ph=", "liquid/ph", "null", 0},
+        {"tss=5mg/l", "liquid/tss", "5", 0},
+        {"x1.name=Li=1", "liquid/x1.name", "\"Li=1\"", 0},
+        {"balance.auto=true", "liquid/balance.auto", "true", 0},
+        {"na.unit=ppm", "liquid/na.unit", "\"ppm\"", 0},
+        {"analysis.type=SHORT_TDS", "liquid/analysis.type", "\"SHORT_TDS\"", 0},
+    };
+    for (const auto& row : cases) {
+        const Result result = RunSet(row.setting);
+        EXPECT_EQ(result.code, 0) << row.setting << ": " << result.err;
+        EXPECT_EQ(Value(result, row.name, row.water), row.value) << row.setting;
+    }
+    EXPECT_THAT(RunSet("project/title=New").out, HasSubstr("\"project/title\": {\"value\": \"New\"}"));
+}
+
+TEST_F(Calc, RefusesWhatItCannotSet)
+{
+    const struct
+    {
+        const char* setting;
+        int code;
+    } cases[] = {
+        {"na", 2},
+        {"=5", 2},
+        {"x:na=5", 2},
+        {":na=5", 2},
+        {"-1:na=5", 2},
+        {"1:=5", 2},
+        {"7:na=5", 1},
+        {"water:na=5", 2},
+        {"water.1.:na=5", 2},
+        {"water.9:na=5", 1},
+        {"ex.1:v.max=5", 1},
+        {"water.1:ph=7", 0},
+        {"gold=5", 1},
+        {"na=abc", 1},
+        {"na=1,5", 1},
+        {"na=1e400", 1},
+        {"na=nan", 1},
+        {"na=-inf", 1},
+        {"na=5furlong", 1},
+        {"ph=7pH", 1},
+        {"na.meql=1", 1},
+        {"tds=100", 1},
+        {"balance.auto=2", 1},
+        {"na.unit=oz", 1},
+        {"h.plus=1mg/l", 1},
+        {"temp=5mg/l", 1},
+        {"tss=5psi", 1},
+        {"analysis.type=LONG", 1},
+        {"na=", 0},
+        {"x1.name=\xff\xfe", 1},
+        {"na=+-5", 1},
+    };
+    for (const auto& row : cases) {
+        const Result result = RunSet(row.setting);
+        EXPECT_EQ(result.code, row.code) << row.setting << ": " << result.err;
+        EXPECT_EQ(result.out.empty(), row.code != 0) << row.setting;
+        EXPECT_EQ(result.err.empty(), row.code == 0) << row.setting;
+    }
+}
+
+TEST_F(Calc, WarnsOfValuesOutOfTheirLimits)
+{
+    const Result result = Run({m_path, "--set", "ph=15", "--set=temp=-20"});
+    EXPECT_EQ(result.code, 0);
+    EXPECT_THAT(result.err, HasSubstr("Feed water: pH 15 is above the maximum of 14"));
+    EXPECT_THAT(result.err, HasSubstr("Feed water: Temperature -20 \u00b0C is below the minimum of 0 \u00b0C"));
+}
+
+TEST_F(Calc, ReportsFilesAndWordsItCannotUse)
+{
+    support::WriteBytes(m_folder / "letter", "Dear reader");
+    const struct
+    {
+        std::vector<std::string> args;
+        int code;
+    } cases[] = {
+        {{}, 2},
+        {{m_path, "other"}, 2},
+        {{m_path, "--xml"}, 2},
+        {{m_path, "--set"}, 2},
+        {{"--json"}, 2},
+        {{(m_folder / "missing").string()}, 1},
+        {{(m_folder / "letter").string()}, 1},
+        {{m_folder.Path().string()}, 1},
+        {{"--", "--json"}, 1},
+    };
+    for (const auto& row : cases) {
+        const Result result = Run(row.args);
+        EXPECT_EQ(result.code, row.code) << testing::PrintToString(row.args);
+        EXPECT_EQ(result.out, "");
+        EXPECT_TRUE(result.err.starts_with("tarnvik calc: ")) << result.err;
+        EXPECT_EQ(result.err.find("usage:") != std::string::npos, row.code == 2);
+    }
+    EXPECT_THAT(Run({(m_folder / "letter").string()}).err, HasSubstr("letter is not a project file"));
+    EXPECT_EQ(Run({"--help"}).code, 0);
+
+    std::ostringstream err;
+    std::ostringstream closed;
+    closed.setstate(std::ios::badbit);
+    EXPECT_EQ(app::RunCalc({m_path}, closed, err), 1);
+}
+
+TEST_F(Calc, PrintsTheSameValidJsonEveryTime)
+{
+    const Result result = Run({m_path, "--json"});
+    EXPECT_EQ(result.out, Run({m_path, "--json"}).out);
+    support::WriteBytes(m_folder / "out.json", result.out);
+    const std::string program =
+        "import json, sys; d = json.load(open(sys.argv[1], encoding='utf-8')); "
+        "keys = list(d['liquids'][0]['details']); "
+        "assert keys == sorted(keys) and len(keys) > 100; "
+        "assert d['project']['project/title']['value'] == 'A \\\"quoted\\\"\\ttitle \u00e4\\\\\\\\'; "
+        "assert d['liquids'][1]['name'] == 'Second water'; "
+        "assert d['liquids'][0]['details']['liquid/ph']['value'] is None; "
+        "assert d['liquids'][0]['details']['liquid/na.orig'] == {'value': 22.99, 'unit': 'mg/l'}";
+    const std::string command = "python3 -c \"" + program + "\" '" + (m_folder / "out.json").string() + "'";
+    EXPECT_EQ(std::system(command.c_str()), 0);
+}
+
+TEST_F(Calc, SetsValuesOfEveryPartOfAPlantAndReadsThemBack)
+{
+    iex::IEXProject plant("MB");
+    FeedComposition feed;
+    DBObjects::Compound urea;
+    urea.name = "urea";
+    urea.formula = "CH4N2O";
+    feed.Add(urea);
+    feed.SetFeed(0, FeedComposition::Unit::MgPerLitre, 60.0);
+    plant.SaveFeedCompositionToDetails(feed);
+    const std::string path = (m_folder / "plant.tarnvik").string();
+    ProjectFile::Save(plant, path);
+    const Result set = Run({path, "--json", "--set", "ex.1.comp.2:stepcomp/level=80", "--set",
+                            "ex.1.comp.2.resin.1:resin=sba", "--set", "project/qbrutto=20", "--set", "project/lz=12",
+                            "--set", "water.1:na=10meq/l", "--set", "project/title=", "--set", "ex.1:v.max=500"});
+    ASSERT_EQ(set.code, 0) << set.err;
+    EXPECT_EQ(Value(set, "stepcomp/level", 4), "80");
+    EXPECT_THAT(set.out, HasSubstr("\"project/wbrutto\": {\"value\": 240,")) << "what follows from flow and time";
+    EXPECT_THAT(set.out, HasSubstr("\"address\": \"ex.1:step/v.max\""));
+    EXPECT_EQ(Run({path, "--set", "ex.1.comp.1:stepcomp/load=5"}).code, 1) << "derived";
+    // The text is a project: printed again it is the same.
+    support::WriteBytes(m_folder / "plant.json", set.out);
+    const Result again = Run({(m_folder / "plant.json").string(), "--json"});
+    ASSERT_EQ(again.code, 0) << again.err;
+    EXPECT_EQ(again.out.substr(again.out.find("\"module\"")), set.out.substr(set.out.find("\"module\"")));
+    EXPECT_THAT(again.out, HasSubstr("\"feedcompound/conc.typed\": {\"value\": 60}"));
+
+    for (const char* text : {"", "[", "{}", "{\"module\": \"nonsense\"}", "[[[[[[[[[[",
+                             "{\"module\": \"iex\", \"project\": {\"project/title\": {\"value\": []}}}"}) {
+        support::WriteBytes(m_folder / "bad.json", text);
+        const Result bad = Run({(m_folder / "bad.json").string()});
+        EXPECT_EQ(bad.code, 1) << text;
+        EXPECT_EQ(bad.out, "");
+    }
+}
+
+TEST_F(Calc, PrintsPointsInALocaleWithCommas)
+{
+    const std::string plain = Run({m_path}).out;
+    const support::LocaleScope german("de_DE.UTF-8");
+    EXPECT_EQ(std::string(std::localeconv()->decimal_point), ",");
+    EXPECT_EQ(Run({m_path}).out, plain);
+    EXPECT_EQ(Value(RunSet("na=2.5meq/l"), "liquid/na.meql"), "2.5");
+}
+
+}  // namespace

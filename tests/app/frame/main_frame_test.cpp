@@ -1,0 +1,368 @@
+// SPDX-License-Identifier: MIT
+// The program's window with real files, menus and keys.
+#include "app/frame/results_text.h"
+#include "app/frame/settings_dialog.h"
+#include "app/frame/template_dialog.h"
+#include "gui_base/input/controls/tv_textctrl.h"
+#include "gui_base/input/events.h"
+#include "gui_base/input/panel/aui_notebook.h"
+#include "projectbase/project/project_file.h"
+#include "projectbase/project/recovery_file.h"
+#include "tests/support/pdf.h"
+#include "tests/support/program_fixture.h"
+
+#include <gmock/gmock.h>
+#include <wx/filedlg.h>
+#include <wx/menu.h>
+#include <wx/msgdlg.h>
+#include <wx/srchctrl.h>
+
+#include <cmath>
+#include <cstdlib>
+#include <fstream>
+
+namespace {
+
+using namespace gui_test;
+
+std::string Bytes(const std::filesystem::path& path)
+{
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+class MainFrameTest : public ProgramTest
+{
+protected:
+    MainFrameTest() : ProgramTest("world_river_livingstone") {}
+
+    TvTextCtrl& Field(const std::string& key) { return *WaterPage().FindField("liquid/" + key); }
+    double Value(const std::string& key) { return Water(key).GetDoubleValue(); }
+};
+
+TEST_F(MainFrameTest, ShowsARealWaterAtOnce)
+{
+    EXPECT_EQ(Field("na.orig").GetValue(), "6.3");
+    EXPECT_NEAR(Value("tds"), 120.0, 0.5);
+    EXPECT_EQ(Field("ph").GetValue(), "") << "the source states no pH";
+    EXPECT_EQ(m_frame->GetTitle(), "Untitled - Tarnvik");
+    EXPECT_TRUE(Messages().empty());
+}
+
+TEST_F(MainFrameTest, SavesAndReopensEveryDigit)
+{
+    const auto path = m_folder / "water.tarnvik";
+    gui_test::Enter(Field("na.orig"), "6.123456789012345");
+    EXPECT_EQ(m_frame->GetTitle(), "*Untitled - Tarnvik");
+    ASSERT_TRUE(m_frame->Files().SaveTo(path));
+    EXPECT_EQ(m_frame->GetTitle(), "water - Tarnvik");
+    gui_test::Enter(Field("na.orig"), "1");
+    ASSERT_TRUE(m_frame->Files().Open(path));
+    Pump();
+    EXPECT_EQ(Value("na.orig"), 6.123456789012345);
+    EXPECT_TRUE(std::isnan(Value("ph"))) << "what was not known still is not";
+    EXPECT_EQ(m_frame->GetTitle(), "water - Tarnvik");
+    EXPECT_EQ(m_frame->GetMenuBar()->GetMenu(0)->FindItemByPosition(3)->GetSubMenu()->GetMenuItemCount(), 1u);
+}
+
+TEST_F(MainFrameTest, SavingCommitsTheFieldThatIsBeingEdited)
+{
+    const auto path = m_folder / "water.tarnvik";
+    ASSERT_TRUE(m_frame->Files().SaveTo(path));
+    Focus(Field("mg.orig"));
+    Field("mg.orig").SelectAll();
+    Type("9.75");
+    Menu(wxID_SAVE);
+    const auto loaded = ProjectFile::Load(path);
+    EXPECT_EQ(loaded->GetLiquid(0).GetDetails()->At("liquid/mg.orig").GetDoubleValue(), 9.75);
+}
+
+TEST_F(MainFrameTest, BadFilesAreAnsweredInTheMessageArea)
+{
+    const auto good = m_folder / "good.tarnvik";
+    ASSERT_TRUE(m_frame->Files().SaveTo(good));
+    const std::string bytes = Bytes(good);
+    const auto write = [&](const char* name, const std::string& content) {
+        std::ofstream(m_folder / name, std::ios::binary) << content;
+        return m_folder / name;
+    };
+    // Pages have room that nothing is kept in: a byte of a detail's name is in use.
+    std::string flipped = bytes;
+    const std::size_t at = flipped.find("liquid/ca.orig");
+    ASSERT_NE(at, std::string::npos);
+    flipped[at + 7] = static_cast<char>(flipped[at + 7] ^ 0x55);
+    const double sodium = Value("na.orig");
+    for (const auto& path :
+         {write("empty.tarnvik", ""), write("foreign.tarnvik", "hello"),
+          write("cut.tarnvik", bytes.substr(0, bytes.size() / 2)), write("flipped.tarnvik", flipped),
+          m_folder / "missing.tarnvik", m_folder / "."}) {
+        const auto before = Messages().size();
+        EXPECT_FALSE(m_frame->Files().Open(path)) << path;
+        ASSERT_EQ(Messages().size(), before + 1) << path;
+        EXPECT_NE(Messages().back().find(path.string()), std::string::npos) << Messages().back();
+        EXPECT_EQ(Value("na.orig"), sodium) << "the open project stays";
+    }
+}
+
+TEST_F(MainFrameTest, AFailedSaveLeavesTheOldFileAndSaysSo)
+{
+    const auto path = m_folder / "water.tarnvik";
+    ASSERT_TRUE(m_frame->Files().SaveTo(path));
+    const std::string before = Bytes(path);
+    gui_test::Enter(Field("na.orig"), "77");
+    const auto nowhere = m_folder / "no" / "such" / "folder.tarnvik";
+    EXPECT_FALSE(m_frame->Files().SaveTo(nowhere));
+    EXPECT_NE(Messages().back().find(nowhere.string()), std::string::npos);
+    EXPECT_EQ(Bytes(path), before);
+    EXPECT_TRUE(m_frame->GetDocument().IsUnsaved());
+    EXPECT_EQ(m_frame->GetDocument().GetPath(), path);
+}
+
+TEST_F(MainFrameTest, UndoAndRedoGoStepByStep)
+{
+    gui_test::Enter(Field("na.orig"), "10");
+    gui_test::Enter(Field("ca.orig"), "20");
+    Focus(Field("mg.orig"));
+    Field("mg.orig").SelectAll();
+    Type("30");
+    m_frame->Undo();
+    EXPECT_NEAR(Value("mg.orig"), 4.1, 1e-12) << "the edit that was going on is the last step";
+    EXPECT_EQ(Field("mg.orig").GetValue(), "4.1");
+    m_frame->Undo();
+    m_frame->Undo();
+    EXPECT_EQ(Value("ca.orig"), 15.0);
+    EXPECT_EQ(Value("na.orig"), 6.3);
+    EXPECT_NEAR(Value("na.meql"), 6.3 / 22.99, 1e-12) << "recalculated";
+    m_frame->Undo();
+    EXPECT_EQ(Value("na.orig"), 6.3);
+    m_frame->Redo();
+    m_frame->Redo();
+    EXPECT_EQ(Value("na.orig"), 10.0);
+    EXPECT_EQ(Field("ca.orig").GetValue(), "20");
+    EXPECT_TRUE(PumpUntil([this] { return Field("ca.orig").HasFocus(); }));
+}
+
+TEST_F(MainFrameTest, UnitSystemAndLanguageSwitchWithoutLosingADigit)
+{
+    gui_test::Enter(Field("temp.orig"), "12.3456789");
+    const double temperature = Value("temp.orig");
+    for (const char* system : {"us", "imperial", "iso", "us"}) {
+        m_frame->View().SetUnitSystem(system);
+        Pump();
+    }
+    EXPECT_EQ(Value("temp.orig"), temperature);
+    EXPECT_NEAR(wxAtof(Field("temp").GetValue()), 54.22, 0.01);
+    const auto languages = app::AvailableLanguages();
+    const bool german = std::any_of(languages.begin(), languages.end(),
+                                    [](const app::Language& language) { return language.code == "de"; });
+    ASSERT_TRUE(german);
+    m_frame->View().SetLanguage("de");
+    Pump();
+    EXPECT_EQ(m_frame->GetMenuBar()->GetMenuLabelText(0), "Datei");
+    EXPECT_EQ(Field("na.orig").GetName(), "Natrium [mg/l]");
+    EXPECT_EQ(m_frame->GetTitle(), "*Ohne Titel - Tarnvik");
+    m_frame->View().SetLanguage("en");
+    Pump();
+    EXPECT_EQ(m_frame->GetMenuBar()->GetMenuLabelText(0), "File");
+    EXPECT_EQ(Field("na.orig").GetName(), "Sodium [mg/l]");
+    EXPECT_EQ(Value("temp.orig"), temperature);
+}
+
+TEST_F(MainFrameTest, ALineOfTheMessageAreaLeadsToItsField)
+{
+    gui_test::Enter(Field("ph"), "15");
+    Pump();
+    EXPECT_EQ(Messages(), std::vector<std::string>{"pH 15 is above the maximum of 14"});
+    Focus(Field("na.orig"));
+    app::MessageArea& area = m_frame->GetMessageArea();
+    wxRect line;
+    area.GetItemRect(0, line);
+    area.Select(0);
+    EXPECT_TRUE(PumpUntil([this] { return Field("ph").HasFocus(); }));
+    gui_test::Enter(Field("ph"), "7");
+    EXPECT_TRUE(Messages().empty());
+}
+
+TEST_F(MainFrameTest, ProgrammingErrorsAppearInTheMessageArea)
+{
+    EXPECT_THROW(WaterPage().NormalizeIon("nosuch", false), std::exception);
+    ASSERT_EQ(Messages().size(), 1u);
+    EXPECT_EQ(Messages().front().find("Exception in  WaterAnalysisPanel::NormalizeIon: "), 0u);
+    wxLogError("from the toolkit");
+    wxLog::FlushActive();
+    EXPECT_EQ(Messages().back(), "from the toolkit");
+}
+
+TEST_F(MainFrameTest, ClosingAsksAboutChanges)
+{
+    gui_test::Enter(Field("na.orig"), "10");
+    m_dialogs.Expect([](wxDialog& dialog) {
+        EXPECT_EQ(dialog.GetTitle(), "Confirm");
+        return wxID_CANCEL;
+    });
+    EXPECT_FALSE(m_frame->Close());
+    EXPECT_EQ(Value("na.orig"), 10.0);
+    m_dialogs.Expect([](wxDialog&) { return wxID_CANCEL; });
+    Menu(wxID_NEW);
+    EXPECT_EQ(Value("na.orig"), 10.0);
+    m_dialogs.Expect([](wxDialog&) { return wxID_NO; });
+    Menu(wxID_NEW);
+    EXPECT_EQ(Value("na.orig"), 0.0);
+    EXPECT_EQ(m_frame->GetTitle(), "Untitled - Tarnvik");
+}
+
+TEST_F(MainFrameTest, TheArrangementOfThePagesOutlivesTheProgram)
+{
+    const auto twoWaters = [] {
+        auto project = app::NewEmptyProject();
+        project->AddLiquid("Second");
+        return std::make_unique<app::Document>(std::move(project));
+    };
+    m_frame->SetDocument(twoWaters());
+    m_frame->GetNotebook().Split(1, wxRIGHT);
+    Pump();
+    const wxString arranged = m_frame->GetNotebook().SavePerspective();
+    m_frame->Close();
+    Pump();
+    m_frame = new app::MainFrame(twoWaters());
+    m_frame->Show();
+    Pump();
+    EXPECT_EQ(m_frame->GetNotebook().SavePerspective().BeforeFirst('@'), arranged.BeforeFirst('@'));
+    EXPECT_EQ(m_frame->GetNotebook().GetPageCount(), 3u) << "two waters and the feed composition";
+    // A project with fewer pages takes what fits.
+    m_frame->SetDocument(std::make_unique<app::Document>(app::NewEmptyProject()));
+    EXPECT_EQ(m_frame->GetNotebook().GetPageCount(), 2u);
+    EXPECT_TRUE(Messages().empty());
+}
+
+TEST_F(MainFrameTest, UnsavedWorkIsRecovered)
+{
+    gui_test::Enter(Field("na.orig"), "12.5");
+    m_frame->GetDocument().Autosave();
+    EXPECT_TRUE(RecoveryFile::List().empty()) << "this program is still running";
+    {
+        // Another program that ended without saving.
+        RecoveryFile crashed;
+        crashed.Save(m_frame->GetDocument().GetProject());
+    }
+    ASSERT_EQ(RecoveryFile::List().size(), 1u);
+    m_frame->GetDocument().SetUnsaved(false);
+    m_frame->SetDocument(std::make_unique<app::Document>(app::NewEmptyProject()));
+    m_dialogs.Expect([](wxDialog&) { return wxID_YES; });
+    m_frame->Files().OfferRecovery();
+    Pump();
+    EXPECT_EQ(Value("na.orig"), 12.5);
+    EXPECT_TRUE(m_frame->GetDocument().IsUnsaved());
+    EXPECT_TRUE(RecoveryFile::List().empty());
+}
+
+TEST_F(MainFrameTest, ResultsAreCopiedInTheirOwnUnits)
+{
+    const auto line = [](const wxString& text, const wxString& label) -> std::string {
+        for (const wxString& candidate : wxSplit(text, '\n', '\0')) {
+            if (candidate.StartsWith(label + "\t"))
+                return candidate.utf8_string();
+        }
+        return {};
+    };
+    const LiquidData& water = WaterPage().GetLiquid();
+    const wxString iso = app::ResultsText(water, "iso");
+    EXPECT_EQ(line(iso, "Sodium"), "Sodium\t6.3\tmg/l\t0.274032\t6.3");
+    EXPECT_EQ(line(iso, "Temperature"), "Temperature\t15\t\u00b0C");
+    EXPECT_EQ(line(iso, "pH"), "pH\t\t") << "not known";
+    EXPECT_EQ(line(iso, "Barium"), "") << "not analysed";
+    EXPECT_EQ(line(app::ResultsText(water, "us"), "Temperature"), "Temperature\t59\t\u00b0F");
+
+    events::SendEvent(m_frame, tvCHANGEUNITSYSTEMPRINTOUT_EVENT, m_frame->GetId(), 0, "us");
+    Pump();
+    EXPECT_EQ(Settings::GetSetting("unit.system.printout").GetStringValue(), "us");
+}
+
+TEST_F(MainFrameTest, AUserDatabaseThatCannotBeUsedIsSaidAndDoesNotStopTheProgram)
+{
+    ProjectDatabase::Close();
+    const char* old = std::getenv("TARNVIK_USER_DATA");
+    const std::string previous = old != nullptr ? old : "";
+    std::ofstream(m_folder / "file") << "no folder";
+    setenv("TARNVIK_USER_DATA", (m_folder / "file").c_str(), 1);
+    std::string error;
+    app::InitProgram(error);
+    EXPECT_NE(error, "");
+    setenv("TARNVIK_USER_DATA", previous.c_str(), 1);
+    EXPECT_EQ(Value("na.orig"), 6.3);
+}
+
+TEST_F(MainFrameTest, SettingsTakeEffectTogetherOrNotAtAll)
+{
+    const app::ProgramSettings before{"en", "iso", 5, ""};
+    app::SettingsDialog dialog(m_frame, before);
+    const auto unchanged = dialog.GetSettings();
+    EXPECT_EQ(unchanged.language, "en");
+    EXPECT_EQ(unchanged.unitSystem, "iso");
+    EXPECT_EQ(unchanged.autosaveMinutes, 5);
+    EXPECT_EQ(unchanged.database, "");
+
+    dialog.Show();
+    Pump();
+    auto* minutes =
+        dynamic_cast<wxTextCtrl*>(wxWindow::FindWindowByName("Minutes between recovery copies", &dialog));
+    ASSERT_NE(minutes, nullptr);
+    gui_test::Enter(*minutes, "1000");
+    EXPECT_EQ(dialog.GetSettings().autosaveMinutes, 240) << "at the limit";
+    auto* search = wxWindow::FindWindowByName(wxASCII_STR(wxSearchCtrlNameStr), &dialog);
+    ASSERT_NE(search, nullptr);
+    dynamic_cast<wxSearchCtrl*>(search)->SetValue("RECOVERY");
+    Pump();
+    EXPECT_TRUE(minutes->IsShown());
+    EXPECT_FALSE(wxWindow::FindWindowByName("Language", &dialog)->IsShown());
+
+    m_frame->View().ApplySettings(before, {"de", "us", 7, ""});
+    Pump();
+    EXPECT_EQ(Settings::GetSetting("autosave.minutes").GetLongValue(), 7);
+    EXPECT_EQ(m_frame->GetDocument().GetProject().GetUnitSystemDisplay(), "us");
+    EXPECT_EQ(m_frame->GetMenuBar()->GetMenuLabelText(0), "Datei");
+    m_frame->View().ApplySettings({"de", "us", 7, ""},
+                           {"en", "iso", 9, "postgresql://host=127.0.0.1 port=1 dbname=none"});
+    EXPECT_THAT(Messages(), testing::ElementsAre(testing::HasSubstr("ProjectDatabase")));
+    EXPECT_EQ(Settings::GetSetting("autosave.minutes").GetLongValue(), 7) << "nothing is applied";
+    EXPECT_EQ(app::CurrentLanguage(), "de");
+}
+
+TEST_F(MainFrameTest, EveryExampleOpens)
+{
+    EXPECT_GE(app::WaterTemplates().size(), 19u);
+    for (const app::WaterTemplate& water : app::WaterTemplates()) {
+        EXPECT_FALSE(water.source.empty()) << water.name;
+        m_frame->SetDocument(std::make_unique<app::Document>(app::NewProjectFrom(water)));
+        EXPECT_GT(Value("tds"), 0.0) << water.name;
+        EXPECT_TRUE(Messages().empty()) << water.name << ": " << Messages().front();
+    }
+}
+
+TEST_F(MainFrameTest, PrintsWhatWasJustTyped)
+{
+    ProjectDatabase::SetUserParameter("/Report/hide.disclaimer", true);
+    events::SendEvent(m_frame, tvCHANGEUNITSYSTEMPRINTOUT_EVENT, m_frame->GetId(), 0, "us");
+    Pump();
+    const auto path = m_folder / "report.pdf";
+    ASSERT_TRUE(m_frame->Files().SaveTo(m_folder / "river.tarnvik"));
+    Focus(Field("na.orig"));
+    Field("na.orig").SelectAll();
+    Type("77");
+    m_dialogs.Expect([](wxDialog&) { return wxID_OK; });  // all pages
+    m_dialogs.Expect([&path](wxDialog& window) {
+        auto& dialog = dynamic_cast<wxFileDialog&>(window);
+        EXPECT_EQ(dialog.GetFilename(), "river.pdf");
+        return ChooseFile(dialog, path) ? wxID_OK : wxID_CANCEL;
+    });
+    m_dialogs.Expect([](wxDialog&) { return wxID_NO; });  // open it?
+    Press('P', wxMOD_CONTROL);
+    ASSERT_TRUE(PumpUntil([&path] { return std::filesystem::exists(path); }));
+    const std::string text = support::PdfFile(support::ReadBytes(path)).Text();
+    EXPECT_THAT(text, testing::ContainsRegex("Sodium +77 +mg/l"));
+    EXPECT_THAT(text, testing::HasSubstr("\u00b0F"));
+    EXPECT_THAT(text, testing::HasSubstr("Page 1 of 2"));
+    ProjectDatabase::RemoveUserParameter("/Report/hide.disclaimer");
+}
+
+}  // namespace

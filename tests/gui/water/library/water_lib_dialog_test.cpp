@@ -1,0 +1,266 @@
+// SPDX-License-Identifier: MIT
+// The water library as its user drives it, with real databases behind it.
+#include "dbinterfaces/database_error.h"
+#include "gui_base/input/controls/tv_searchctrl.h"
+#include "gui_base/water/library/water_lib_details.h"
+#include "tests/gui/water/library/water_lib_fixture.h"
+
+#include <wx/button.h>
+#include <wx/infobar.h>
+#include <wx/menu.h>
+#include <wx/timer.h>
+
+#include <filesystem>
+#include <stdexcept>
+
+namespace {
+
+using namespace gui_test;
+
+TEST_F(WaterLibTest, ShowsTheSuppliedWaters)
+{
+    const WaterLibDialog& dialog = Open();
+    EXPECT_EQ(dialog.GetTitle(), "Water library");
+    EXPECT_EQ(Tree().GetItemText(Tree().GetRootItem()), "Library");
+    EXPECT_GT(dialog.GetWaterList().GetItemCount(), 0) << "the first category is open";
+    ClickNode({"Groundwaters and springs", "Germany"});
+    EXPECT_EQ(Sources(), (std::vector<std::string>{"Groundwater 30a9e918", "Saline groundwater 603d9e1f"}));
+    EXPECT_FALSE(UseButton().IsEnabled());
+    ClickRow(0);
+    EXPECT_TRUE(UseButton().IsEnabled());
+    EXPECT_EQ(Shown("Country"), "Germany");
+    EXPECT_EQ(Shown("Place"), "Brandenburg");
+    EXPECT_EQ(Shown("Water type"), "Well water");
+    EXPECT_EQ(DetailValue("Sodium"), "16.3 mg/l");
+    EXPECT_EQ(DetailValue("Temperature"), "12.5 \u00b0C");
+    EXPECT_EQ(DetailValue("Strontium"), "(none)");
+    // Two nodes at once, with the keyboard.
+    for (int i = 0; i < 2; ++i)
+        Press(WXK_TAB, wxMOD_SHIFT);
+    EXPECT_TRUE(Tree().HasFocus());
+    Press(WXK_DOWN, wxMOD_SHIFT);
+    EXPECT_EQ(dialog.GetWaterList().GetItemCount(), 6);
+    EXPECT_FALSE(UseButton().IsEnabled());
+}
+
+TEST_F(WaterLibTest, SortsAndSearches)
+{
+    Describe("FR", "A", "zulu");
+    EXPECT_TRUE(Save());
+    Describe("DE", "C", "Alpha");
+    EXPECT_TRUE(Save());
+    Describe("DE", "B", "mike");
+    EXPECT_TRUE(Save());
+    WaterLibDialog& dialog = Open();
+    ClickNode({"User waters"});
+    EXPECT_EQ(Sources(), (std::vector<std::string>{"zulu", "mike", "Alpha"})) << "France before Germany";
+    {
+        const LocaleGuard locale("de_DE.UTF-8");
+        dialog.SortWaterListbyColumn(2);
+        EXPECT_EQ(Sources(), (std::vector<std::string>{"Alpha", "mike", "zulu"}));
+        ClickRow(0);
+        dialog.SortWaterListbyColumn(2);
+        EXPECT_EQ(Sources(), (std::vector<std::string>{"zulu", "mike", "Alpha"}));
+        EXPECT_EQ(dialog.GetWaterList().GetFirstSelected(), 2) << "the selected water stays selected";
+    }
+    Find<wxSearchCtrl>(dialog).SetFocus();
+    Pump();
+    Type("MIK");
+    EXPECT_EQ(Sources(), (std::vector<std::string>{"mike"}));
+    EXPECT_FALSE(UseButton().IsEnabled()) << "nothing is selected any more";
+    EXPECT_EQ(Find<WaterLibDetails>(dialog).GetLiquid(), nullptr);
+    Find<wxSearchCtrl>(dialog).Clear();
+    Pump();
+    EXPECT_EQ(Sources().size(), 3u);
+}
+
+TEST_F(WaterLibTest, UsesAWaterOnlyWhenTheUserSaysYes)
+{
+    LiquidData target;
+    target.GetDetails()->At("liquid/na.orig").SetValue(99.0);
+    struct Case
+    {
+        int answer;
+        int closedWith;  ///< or 0 while the dialog stays open
+        bool accepted;
+    };
+    for (const Case& row :
+         {Case{wxID_YES, wxID_OK, true}, Case{wxID_NO, wxID_CANCEL, false}, Case{wxID_CANCEL, 0, false}}) {
+        Open();
+        ClickNode({"Surface waters", "Brazil"});
+        ClickRow(0);
+        ExpectBox({"Confirm|Overwrite current water analysis?"}, row.answer);
+        Focus(m_dialog->GetWaterList());
+        Press(WXK_RETURN);
+        EXPECT_EQ(m_dialog->GetReturnCode() == wxID_OK, row.accepted);
+        EXPECT_EQ(m_dialog->IsShown(), row.closedWith == 0);
+    }
+    // The whole way, as the program goes it.
+    WaterLibDialog dialog(m_logger, m_frame);
+    m_dialogs.Expect([this](wxDialog& shown) {
+        auto& library = dynamic_cast<WaterLibDialog&>(shown);
+        auto& tree = Find<wxTreeCtrl>(library);
+        const wxTreeItemId surface = [&tree] {
+            wxTreeItemIdValue cookie;
+            return tree.GetFirstChild(tree.GetRootItem(), cookie);
+        }();
+        tree.UnselectAll();
+        tree.SelectItem(surface);
+        library.GetWaterList().Select(0);
+        ExpectBox({"Overwrite"}, wxID_YES);
+        wxButton* use = FindUseButton(library);
+        wxCommandEvent click(wxEVT_BUTTON, use->GetId());
+        click.SetEventObject(use);
+        use->GetEventHandler()->ProcessEvent(click);
+        return wxID_OK;
+    });
+    EXPECT_TRUE(dialog.SelectLiquidData(&target));
+    EXPECT_EQ(target.GetDetails()->At("liquid/place").GetStringValue(), "Amazon");
+    EXPECT_EQ(target.GetDetails()->At("liquid/na.orig").GetDoubleValue(), 1.8);
+}
+
+TEST_F(WaterLibTest, RemovesOnlyTheUsersWaters)
+{
+    Describe("FR", "Lyon", "Rhone");
+    EXPECT_TRUE(Save());
+    Describe("FR", "Caen", "Orne");
+    EXPECT_TRUE(Save());
+    Open();
+    // Supplied ones: nothing happens, no menu opens.
+    ClickNode({"Surface waters", "Brazil"});
+    ClickRow(0);
+    Press(WXK_DELETE);
+    ClickRow(0, wxMOUSE_BTN_RIGHT);
+    ClickNode({"Surface waters", "Brazil"}, wxMOUSE_BTN_RIGHT);
+    Press(WXK_DELETE);
+    EXPECT_EQ(m_dialog->GetWaterList().GetItemCount(), 1);
+
+    ClickNode({"User waters", "France"});
+    ClickRow(0);
+    const std::vector<std::string> question{"Confirm|Do you really want to delete the selected entry?"};
+    ExpectBox(question, wxID_NO);
+    Press(WXK_DELETE);
+    EXPECT_EQ(Sources(), (std::vector<std::string>{"Orne", "Rhone"}));
+    ExpectBox(question, wxID_YES);
+    Press(WXK_DELETE);
+    EXPECT_EQ(Sources(), (std::vector<std::string>{"Rhone"}));
+    EXPECT_EQ(Sql("SELECT group_concat(place) FROM tarnvik_water"), "Lyon");
+    EXPECT_FALSE(UseButton().IsEnabled());
+
+    // A call that fails leaves the row.
+    ClickRow(0);
+    m_database.Sql(
+        "CREATE TRIGGER refuse BEFORE DELETE ON tarnvik_water BEGIN SELECT RAISE(ABORT, "
+        "'locked'); END");
+    ExpectBox(question, wxID_YES);
+    Press(WXK_DELETE);
+    EXPECT_EQ(Sources(), (std::vector<std::string>{"Rhone"}));
+    EXPECT_TRUE(TellsOfAProblem());
+    m_database.Sql("DROP TRIGGER refuse");
+
+    // The country from the tree, with all that it holds.
+    ClickNode({"User waters", "France"});
+    ExpectBox(question, wxID_YES);
+    Press(WXK_DELETE);
+    EXPECT_EQ(Tree().GetChildrenCount(Node({"User waters"})), 0u);
+    EXPECT_EQ(Sql("SELECT CAST(count(*) AS TEXT) FROM tarnvik_water"), "0");
+    EXPECT_TRUE(Sources().empty());
+}
+
+TEST_F(WaterLibTest, OffersRemoveInAMenu)
+{
+    Describe("FR", "Lyon", "Rhone");
+    EXPECT_TRUE(Save());
+    Open();
+    ClickNode({"User waters"});
+    ClickRow(0);
+    // The menu has a loop of its own, in which the keys arrive.
+    wxTimer timer;
+    std::string opened;
+    m_dialog->Bind(wxEVT_MENU_OPEN, [&opened](wxMenuEvent& event) {
+        opened = event.GetMenu()->FindItemByPosition(0)->GetItemLabelText().utf8_string();
+    });
+    timer.Bind(wxEVT_TIMER, [](wxTimerEvent&) {
+        wxUIActionSimulator simulator;
+        simulator.Char(WXK_DOWN);
+        simulator.Char(WXK_RETURN);
+    });
+    ExpectBox({"Do you really want to delete the selected entry?"}, wxID_YES);
+    timer.StartOnce(500);
+    ClickRow(0, wxMOUSE_BTN_RIGHT);
+    EXPECT_TRUE(PumpUntil([this] { return Sources().empty(); }));
+    EXPECT_EQ(opened, "Remove");
+}
+
+TEST_F(WaterLibTest, TellsOfADatabaseThatIsGone)
+{
+    Describe("FR", "Lyon", "Rhone");
+    EXPECT_TRUE(Save());
+    Open();
+    ClickNode({"User waters", "France"});
+    ClickRow(0);
+    ASSERT_FALSE(TellsOfAProblem());
+    std::filesystem::remove(m_database.File());
+    ExpectBox({"Do you really want to delete"}, wxID_YES);
+    Press(WXK_DELETE);
+    EXPECT_EQ(Sources().size(), 1u);
+    EXPECT_TRUE(TellsOfAProblem());
+    // What was supplied is still there, and so is the dialog.
+    ClickNode({"Sea waters"});
+    EXPECT_EQ(m_dialog->GetWaterList().GetItemCount(), 3);
+    EXPECT_FALSE(TellsOfAProblem());
+}
+
+TEST_F(WaterLibTest, RefusesAListThatIsTooLong)
+{
+    WaterLibDialog& dialog = Open();
+    const int before = dialog.GetWaterList().GetItemCount();
+    const std::vector<DBObjects::WaterLibWater> waters(WaterLibListView::kMostWaters + 1);
+    try {
+        dialog.FillWaterList(waters);
+        ADD_FAILURE();
+    } catch (const std::length_error& error) {
+        EXPECT_STREQ(error.what(), "list too long");
+    }
+    EXPECT_EQ(dialog.GetWaterList().GetItemCount(), before);
+}
+
+TEST_F(WaterLibTest, LabelsTheValues)
+{
+    const std::pair<const char*, const char*> cases[]{
+        {"liquid/na.orig", "Sodium"},
+        {"na.orig", "Sodium"},
+        {"liquid/hco3.orig", "Bicarbonate"},
+        {"liquid/x1.orig", "X1"},
+        {"liquid/temp.orig", "Temperature"},
+        {"liquid/temp", "Temperature"},
+        {"liquid/turbidity", "Turbidity"},
+        {"liquid/fe.total", "Fe (total)"},
+        {"liquid/cl.free", "Free chlorine"},
+        {"liquid/balance.auto", "balance.auto"},
+        {"liquid/ph", "pH"},
+        {"liquid/co2.orig", "CO2"},
+    };
+    for (const auto& [key, label] : cases)
+        EXPECT_EQ(WaterLibDialog::BuildDetailLabel(key), label) << key;
+}
+
+TEST_F(WaterLibTest, RemembersItsSize)
+{
+    const auto showAndResize = [this](const wxSize& size) {
+        WaterLibDialog dialog(m_logger, m_frame);
+        const wxSize found = dialog.GetSize();
+        m_dialogs.Expect([&size](wxDialog& shown) {
+            if (size != wxDefaultSize)
+                shown.SetSize(size);
+            return wxID_CANCEL;
+        });
+        LiquidData target;
+        EXPECT_FALSE(dialog.SelectLiquidData(&target));
+        return found;
+    };
+    showAndResize(wxSize(777, 555));
+    EXPECT_EQ(showAndResize(wxDefaultSize), wxSize(777, 555));
+}
+
+}  // namespace

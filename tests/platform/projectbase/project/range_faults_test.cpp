@@ -1,0 +1,116 @@
+// SPDX-License-Identifier: MIT
+#include "projectbase/project/range_faults.h"
+
+#include "projectbase/project/iex_project.h"
+#include "projectbase/project/project_edit.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+struct Case
+{
+    const char* owner;
+    const char* key;
+    double value;
+    const char* typedUnit;  ///< set first where the value is typed in a unit of choice
+    const char* address;    ///< where the fault is found; null for none
+    const char* label;
+    double limit;
+};
+
+TEST(RangeFaults, NamesEveryValueWhereItIsTyped)
+{
+    const Case cases[]{
+        {"water.1", "liquid/ph", 14.0, nullptr, nullptr, "", 0},
+        {"water.1", "liquid/ph", 15.0, nullptr, "liquid/ph", "pH", 14.0},
+        {"water.2", "liquid/temp.orig", 150.0, "°C", "liquid/temp.orig", "Temperature", 100.0},
+        {"water.2", "liquid/temp.orig", 213.0, "°F", "liquid/temp.orig", "Temperature", 212.0},
+        {"water.1", "liquid/na.orig", 230000.0, "mg/l", "liquid/na.orig", "Sodium", 229900.0},
+        {"water.1", "liquid/na.orig", 10001.0, "meq/l", "liquid/na.orig", "Sodium", 10000.0},
+        {"water.1", "liquid/cl.orig", -1.0, "mg/l", "liquid/cl.orig", "Chloride", 0.0},
+        {"water.1", "liquid/co2.orig", 200.0, "g/l", "liquid/co2.orig", "CO2", 100.0},
+        {"", "feed/ph", -1.0, nullptr, "feed/ph", "Total pH", 0.0},
+        {"", "feed/medium.temp", 120.0, nullptr, "feed/medium.temp", "Temperature of the feed medium", 100.0},
+        {"", "project/nlines", 0.0, nullptr, "project/nlines", "Number of lines", 1.0},
+        {"ex.1", "step/v.max", 500.0, nullptr, "step/v.max", "Greatest velocity", 200.0},
+        {"ex.1.comp.1", "stepcomp/level", -5.0, nullptr, "stepcomp/level", "Regenerant level", 0.0},
+    };
+    for (const Case& c : cases) {
+        iex::IEXProject project("SOFT");
+        project.AddLiquid("Second");
+        OwnerNode& owner = *project.FindOwner(c.owner);
+        {
+            const ProjectEdit edit(project);
+            if (c.typedUnit != nullptr)
+                owner.GetDetails()
+                    ->At(std::string(c.key, std::string(c.key).size() - 4) + "unit")
+                    .SetValue(c.typedUnit);
+            owner.GetDetails()->At(c.key).SetValue(c.value);
+        }
+        const auto faults = RangeFaults(project);
+        if (c.address == nullptr) {
+            EXPECT_TRUE(faults.empty()) << c.key;
+            continue;
+        }
+        ASSERT_EQ(faults.size(), 1u) << c.key;
+        EXPECT_EQ(faults[0].address, (DetailAddress{owner.GetOwner(), c.address}));
+        EXPECT_EQ(faults[0].label, c.label);
+        EXPECT_NEAR(faults[0].limit, c.limit, 1e-9 * c.limit) << c.key;
+        EXPECT_EQ(faults[0].value, c.value);
+        EXPECT_EQ(faults[0].isBelow, c.value < c.limit);
+        if (c.typedUnit != nullptr) {
+            EXPECT_EQ(faults[0].unit, c.typedUnit);
+        }
+    }
+}
+
+TEST(RangeFaults, LeavesOutWhatIsSwitchedOff)
+{
+    iex::IEXProject project;
+    DetailList& water = *project.GetLiquid(0).GetDetails();
+    const auto keys = [&] {
+        std::vector<std::string> found;
+        for (const RangeFault& fault : RangeFaults(project))
+            found.push_back(fault.address.key);
+        return found;
+    };
+    using Keys = std::vector<std::string>;
+    {
+        const ProjectEdit edit(project);
+        water.At("liquid/x1.name").SetValue("Lithium");
+        water.At("liquid/x1.orig").SetValue(-1.0);
+        water.At("liquid/tds.short").SetValue(-2.0);
+        water.At("liquid/co2.orig").SetValue(-3.0);
+    }
+    EXPECT_EQ(keys(), (Keys{"liquid/co2.orig", "liquid/x1.orig"}));
+    EXPECT_EQ(RangeFaults(project)[1].label, "Lithium") << "as the user calls it";
+    {
+        const ProjectEdit edit(project);
+        water.At("liquid/analysis.type").SetValue("SHORT_TDS");
+        water.At("liquid/calculate.co2").SetValue(true);
+    }
+    EXPECT_EQ(keys(), (Keys{"liquid/tds.short"}));
+}
+
+TEST(RangeFaults, KnowsTheEntriesOfTheFeed)
+{
+    iex::IEXProject project;
+    FeedComposition feed;
+    for (const char* name : {"first", "second"}) {
+        DBObjects::Compound compound;
+        compound.name = name;
+        compound.formula = "NaCl";
+        compound.valency = 1;
+        feed.Add(compound);
+    }
+    feed.SetFeed(0, FeedComposition::Unit::MeqPerLitre, 1.0);
+    feed.SetFeed(1, FeedComposition::Unit::MeqPerLitre, -1.0);
+    project.SaveFeedCompositionToDetails(feed);
+    const auto faults = RangeFaults(project);
+    ASSERT_EQ(faults.size(), 1u);
+    EXPECT_EQ(faults[0].label, "second");
+    EXPECT_EQ(faults[0].address, (DetailAddress{{}, "feedcompound/conc.meql", 1}));
+}
+
+}  // namespace

@@ -1,0 +1,92 @@
+// SPDX-License-Identifier: MIT
+#include "projectbase/water/composition.h"
+
+#include "core/ion_table.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+using water::Composition;
+using water::Species;
+
+TEST(Composition, ChargesAgreeWithTheIonTable)
+{
+    for (std::size_t i = 0; i < water::kSpeciesCount; ++i) {
+        const auto* ion = ions::FindIon(water::kSpeciesKeys[i]);
+        ASSERT_NE(ion, nullptr) << water::kSpeciesKeys[i];
+        const int charge = std::abs(water::kCharges[i]);
+        if (ions::CountsAsCharge(ion->key))
+            EXPECT_NEAR(ion->molarMass / ion->equivalentWeight, charge, 2e-3) << ion->key;
+        else
+            EXPECT_EQ(charge, 0) << ion->key;
+        EXPECT_EQ(water::SpeciesOfKey(ion->key), static_cast<Species>(i));
+    }
+    for (const auto key : ions::kCationKeys) {
+        if (!ions::IsNamedIon(key)) {
+            EXPECT_GT(water::Charge(water::SpeciesOfKey(key).value()), 0) << key;
+        }
+    }
+    EXPECT_FALSE(water::SpeciesOfKey("x1"));
+}
+
+TEST(Composition, IonicStrengthWeighsBySquareOfCharge)
+{
+    Composition gypsum;
+    gypsum[Species::Ca] = gypsum[Species::So4] = 10.0;
+    EXPECT_NEAR(water::IonicStrength(gypsum), 0.04, 1e-15);
+    Composition alum;
+    alum[Species::Al] = 2.0;
+    alum[Species::So4] = 3.0;
+    alum[Species::Sio2] = 99.0;
+    EXPECT_NEAR(water::IonicStrength(alum), 0.015, 1e-15);
+}
+
+TEST(Composition, BalanceIsJudgedByTheSizeOfTheAnalysis)
+{
+    struct Case
+    {
+        double cations, anions, error;
+        bool acceptable;
+    };
+    constexpr Case kCases[]{
+        {0.0, 0.0, 0.0, true},       {1.443, 1.426, 0.59, true},   {0.386, 0.427, -5.04, true},
+        {2.3, 2.0, 6.98, false},     {5.776, 6.235, -3.82, false}, {9.636, 9.736, -0.52, true},
+        {66.07, 62.586, 2.71, true}, {112.0, 100.0, 5.66, false},  {1.0, 0.0, 100.0, false},
+    };
+    for (const auto& c : kCases) {
+        EXPECT_NEAR(water::ElectroneutralityError({c.cations, c.anions}), c.error, 0.01) << c.cations;
+        EXPECT_EQ(water::IsBalanceAcceptable({c.cations, c.anions}), c.acceptable) << c.cations;
+    }
+}
+
+TEST(Composition, HardnessAndAlkalinityOfAGroundwater)
+{
+    Composition water;
+    water[Species::Ca] = 2.0;
+    water[Species::Mg] = 0.5;
+    water[Species::Na] = 1.0;
+    water[Species::Hco3] = 3.0;
+    water[Species::Co3] = 0.1;
+    water[Species::Cl] = 0.8;
+    water[Species::So4] = 1.0;
+    water[Species::Co2] = 0.3;
+    EXPECT_DOUBLE_EQ(water::TotalHardness(water), 2.5);
+    EXPECT_DOUBLE_EQ(water::AlkalinityM(water), 3.2);
+    EXPECT_DOUBLE_EQ(water::CarbonateHardness(water), 1.6);
+    EXPECT_DOUBLE_EQ(water::AlkalinityP(water), -0.2);
+    EXPECT_DOUBLE_EQ(water::EquivalentMineralAcidity(water), 2.8);
+    // m - p is the total of inorganic carbon, whatever the pH.
+    EXPECT_DOUBLE_EQ(water::AlkalinityM(water) - water::AlkalinityP(water), 3.4);
+
+    water[Species::H] = 10.0;
+    EXPECT_EQ(water::CarbonateHardness(water), 0.0) << "acid water holds no carbonate hardness";
+    EXPECT_DOUBLE_EQ(water::SumCharges(water).cations, 16.0);
+    EXPECT_DOUBLE_EQ(water::SumCharges(water).anions, 6.0);
+}
+
+TEST(Composition, DryResidueCountsBicarbonateAsCarbonate)
+{
+    // Mean river water of the world: 120 mg/l as a sum, about 90 as a residue (Livingstone 1963).
+    EXPECT_NEAR(water::DryResidue(119.9, 58.4), 90.2, 0.1);
+}
