@@ -3,7 +3,6 @@
 #include "projectbase/project/iex_project.h"
 #include "projectbase/project/project_file.h"
 #include "projectbase/units/unit_system_manager.h"
-
 #include "tests/support/project_history.h"
 
 #include <benchmark/benchmark.h>

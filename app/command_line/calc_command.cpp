@@ -2,8 +2,8 @@
 #include "app/command_line/calc_command.h"
 
 #include "app/command_line/project_output.h"
-#include "app/command_line/project_source.h"
 #include "app/command_line/project_setting.h"
+#include "app/command_line/project_source.h"
 #include "projectbase/project/project.h"
 #include "projectbase/project/project_file.h"
 

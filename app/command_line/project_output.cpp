@@ -105,8 +105,8 @@ void PrintJson(const Project& project, const std::string& file, std::ostream& ou
 {
     std::vector<JsonMessage> messages;
     for (const RangeFault& fault : RangeFaults(project)) {
-        messages.push_back({AddressText(fault.address, project), RangeSentence(fault, project, PlainContext()),
-                            fault.value, fault.limit});
+        messages.push_back({AddressText(fault.address, project),
+                            RangeSentence(fault, project, PlainContext()), fault.value, fault.limit});
     }
     out << ProjectToJson(project, file, messages);
 }

@@ -11,8 +11,8 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <cctype>
+#include <charconv>
 #include <cmath>
 #include <limits>
 
@@ -102,9 +102,8 @@ std::string_view PrefixOf(OwnerKind kind)
 bool IsOwnerText(std::string_view text)
 {
     const auto all = [](std::string_view part, int (*is)(int)) {
-        return !part.empty() && std::all_of(part.begin(), part.end(), [is](char c) {
-            return is(static_cast<unsigned char>(c)) != 0;
-        });
+        return !part.empty() && std::all_of(part.begin(), part.end(),
+                                            [is](char c) { return is(static_cast<unsigned char>(c)) != 0; });
     };
     if (text.empty() || all(text, std::isdigit))
         return !text.empty();

@@ -85,9 +85,8 @@ MainFrame::MainFrame(std::unique_ptr<Document> document)
     Bind(tv_MESSAGE, &MainFrame::OnMessage, this);
     Bind(tvCHANGEWINDOWNAME_EVENT, [this](wxCommandEvent&) { UpdateTitle(); });
     Bind(tvCLOSEPROJECT_EVENT, [this](wxCommandEvent&) { m_files.New(); });
-    Bind(tvACTIVATECURRENTTREEITEM_EVENT, [this](wxCommandEvent& event) {
-        m_book->ShowPlace(static_cast<std::size_t>(event.GetInt()));
-    });
+    Bind(tvACTIVATECURRENTTREEITEM_EVENT,
+         [this](wxCommandEvent& event) { m_book->ShowPlace(static_cast<std::size_t>(event.GetInt())); });
     Bind(wxEVT_CLOSE_WINDOW, &MainFrame::OnClose, this);
     m_files.RestartAutosave();
     SetSize(InitialSize(*this));

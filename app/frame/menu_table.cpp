@@ -30,20 +30,35 @@ constexpr MenuRow Submenu(const char* text, void (*fill)(MainFrame&, wxMenu&))
 }
 
 constexpr std::array kFileMenu{
-    Row(wxTRANSLATE("&New project"), "Ctrl+N", [](MainFrame& frame) { frame.Files().New(); }, wxID_NEW),
-    Row(wxTRANSLATE("New from &example..."), "Ctrl+Shift+N", [](MainFrame& frame) { frame.Files().NewFromExample(); }),
-    Row(wxTRANSLATE("&Open..."), "Ctrl+O", [](MainFrame& frame) { frame.Files().AskAndOpen(); }, wxID_OPEN),
-    Submenu(wxTRANSLATE("Open &recent"), [](MainFrame& frame, wxMenu& menu) { frame.Files().FillRecentMenu(menu); }),
+    Row(
+        wxTRANSLATE("&New project"), "Ctrl+N", [](MainFrame& frame) { frame.Files().New(); }, wxID_NEW),
+    Row(wxTRANSLATE("New from &example..."), "Ctrl+Shift+N",
+        [](MainFrame& frame) { frame.Files().NewFromExample(); }),
+    Row(
+        wxTRANSLATE("&Open..."), "Ctrl+O", [](MainFrame& frame) { frame.Files().AskAndOpen(); }, wxID_OPEN),
+    Submenu(wxTRANSLATE("Open &recent"),
+            [](MainFrame& frame, wxMenu& menu) { frame.Files().FillRecentMenu(menu); }),
     kSeparator,
-    Row(wxTRANSLATE("&Save"), "Ctrl+S", [](MainFrame& frame) { frame.Files().Save(); }, wxID_SAVE),
-    Row(wxTRANSLATE("Save &as..."), "Ctrl+Shift+S", [](MainFrame& frame) { frame.Files().SaveAs(); }, wxID_SAVEAS),
+    Row(
+        wxTRANSLATE("&Save"), "Ctrl+S", [](MainFrame& frame) { frame.Files().Save(); }, wxID_SAVE),
+    Row(
+        wxTRANSLATE("Save &as..."), "Ctrl+Shift+S", [](MainFrame& frame) { frame.Files().SaveAs(); },
+        wxID_SAVEAS),
     kSeparator,
-    Row(wxTRANSLATE("&Import analysis..."), "Ctrl+I", [](MainFrame& frame) { frame.Waters().Import(); }, wxID_ANY, &HasWater),
-    Row(wxTRANSLATE("Ex&port analysis..."), "Ctrl+E", [](MainFrame& frame) { frame.Waters().Export(); }, wxID_ANY, &HasWater),
-    Row(wxTRANSLATE("Print &to PDF..."), "Ctrl+P", [](MainFrame& frame) { frame.PrintReport(); }, wxID_PRINT),
+    Row(
+        wxTRANSLATE("&Import analysis..."), "Ctrl+I", [](MainFrame& frame) { frame.Waters().Import(); },
+        wxID_ANY, &HasWater),
+    Row(
+        wxTRANSLATE("Ex&port analysis..."), "Ctrl+E", [](MainFrame& frame) { frame.Waters().Export(); },
+        wxID_ANY, &HasWater),
+    Row(
+        wxTRANSLATE("Print &to PDF..."), "Ctrl+P", [](MainFrame& frame) { frame.PrintReport(); }, wxID_PRINT),
     kSeparator,
-    Row(wxTRANSLATE("&Close project"), "Ctrl+W", [](MainFrame& frame) { frame.Files().CloseProject(); }, wxID_CLOSE),
-    Row(wxTRANSLATE("E&xit"), "Ctrl+Q", [](MainFrame& frame) { frame.Close(); }, wxID_EXIT),
+    Row(
+        wxTRANSLATE("&Close project"), "Ctrl+W", [](MainFrame& frame) { frame.Files().CloseProject(); },
+        wxID_CLOSE),
+    Row(
+        wxTRANSLATE("E&xit"), "Ctrl+Q", [](MainFrame& frame) { frame.Close(); }, wxID_EXIT),
 };
 
 constexpr std::array kEditMenu{
@@ -60,40 +75,64 @@ constexpr std::array kEditMenu{
             .enabled = [](const MainFrame& frame) { return frame.GetDocument().GetHistory().CanRedo(); },
             .label = [](const MainFrame& frame) { return frame.RedoText(); }},
     kSeparator,
-    Row(wxTRANSLATE("&Paste column..."), "Ctrl+Shift+V", [](MainFrame& frame) { frame.Waters().PasteColumn(); }, wxID_ANY, &HasWater),
-    Row(wxTRANSLATE("&Copy results"), "Ctrl+Shift+C", [](MainFrame& frame) { frame.Waters().CopyResults(); }, wxID_ANY, &HasWater),
+    Row(
+        wxTRANSLATE("&Paste column..."), "Ctrl+Shift+V",
+        [](MainFrame& frame) { frame.Waters().PasteColumn(); }, wxID_ANY, &HasWater),
+    Row(
+        wxTRANSLATE("&Copy results"), "Ctrl+Shift+C", [](MainFrame& frame) { frame.Waters().CopyResults(); },
+        wxID_ANY, &HasWater),
     kSeparator,
-    Row(wxTRANSLATE("Copy &water"), "Ctrl+Alt+C", [](MainFrame& frame) { frame.Waters().Copy(); }, wxID_ANY, &HasWater),
-    Row(wxTRANSLATE("Paste w&ater"), "Ctrl+Alt+V", [](MainFrame& frame) { frame.Waters().Paste(); }, wxID_ANY, &HasWater),
+    Row(
+        wxTRANSLATE("Copy &water"), "Ctrl+Alt+C", [](MainFrame& frame) { frame.Waters().Copy(); }, wxID_ANY,
+        &HasWater),
+    Row(
+        wxTRANSLATE("Paste w&ater"), "Ctrl+Alt+V", [](MainFrame& frame) { frame.Waters().Paste(); }, wxID_ANY,
+        &HasWater),
 };
 
 constexpr std::array kViewMenu{
-    Submenu(wxTRANSLATE("&Unit system"), [](MainFrame& frame, wxMenu& menu) { frame.View().FillUnitMenu(menu); }),
-    Submenu(wxTRANSLATE("Units of &reports and copied results"), [](MainFrame& frame, wxMenu& menu) { frame.View().FillPrintoutUnitMenu(menu); }),
-    Submenu(wxTRANSLATE("&Language"), [](MainFrame& frame, wxMenu& menu) { frame.View().FillLanguageMenu(menu); }),
+    Submenu(wxTRANSLATE("&Unit system"),
+            [](MainFrame& frame, wxMenu& menu) { frame.View().FillUnitMenu(menu); }),
+    Submenu(wxTRANSLATE("Units of &reports and copied results"),
+            [](MainFrame& frame, wxMenu& menu) { frame.View().FillPrintoutUnitMenu(menu); }),
+    Submenu(wxTRANSLATE("&Language"),
+            [](MainFrame& frame, wxMenu& menu) { frame.View().FillLanguageMenu(menu); }),
     kSeparator,
-    Row(wxTRANSLATE("&Settings..."), "Ctrl+,", [](MainFrame& frame) { frame.View().ShowSettings(); }, wxID_PREFERENCES),
+    Row(
+        wxTRANSLATE("&Settings..."), "Ctrl+,", [](MainFrame& frame) { frame.View().ShowSettings(); },
+        wxID_PREFERENCES),
     Row(wxTRANSLATE("Clear &messages"), "", [](MainFrame& frame) { frame.ClearMessages(); }),
 };
 
 constexpr std::array kToolsMenu{
     Row(wxTRANSLATE("&Water library..."), "Ctrl+L", [](MainFrame& frame) { frame.Waters().ShowLibrary(); }),
-    Row(wxTRANSLATE("&Save to water library"), "Ctrl+Shift+L", [](MainFrame& frame) { frame.Waters().SaveToLibrary(); }, wxID_ANY,
-        &HasWater),
+    Row(
+        wxTRANSLATE("&Save to water library"), "Ctrl+Shift+L",
+        [](MainFrame& frame) { frame.Waters().SaveToLibrary(); }, wxID_ANY, &HasWater),
     kSeparator,
     Row(wxTRANSLATE("&Add water"), "", [](MainFrame& frame) { frame.Waters().Add(); }),
     Row(wxTRANSLATE("&Blend waters..."), "Ctrl+B", [](MainFrame& frame) { frame.Waters().Blend(); }),
-    Row(wxTRANSLATE("Re&name water..."), "", [](MainFrame& frame) { frame.Waters().Rename(); }, wxID_ANY, &HasWater),
-    Row(wxTRANSLATE("Move water &up"), "", [](MainFrame& frame) { frame.Waters().Move(-1); }, wxID_ANY, [](const MainFrame& frame) { return frame.Waters().CanMove(-1); }),
-    Row(wxTRANSLATE("Move water &down"), "", [](MainFrame& frame) { frame.Waters().Move(1); }, wxID_ANY, [](const MainFrame& frame) { return frame.Waters().CanMove(1); }),
-    Row(wxTRANSLATE("&Remove water"), "", [](MainFrame& frame) { frame.Waters().Remove(); }, wxID_ANY, &HasWater),
+    Row(
+        wxTRANSLATE("Re&name water..."), "", [](MainFrame& frame) { frame.Waters().Rename(); }, wxID_ANY,
+        &HasWater),
+    Row(
+        wxTRANSLATE("Move water &up"), "", [](MainFrame& frame) { frame.Waters().Move(-1); }, wxID_ANY,
+        [](const MainFrame& frame) { return frame.Waters().CanMove(-1); }),
+    Row(
+        wxTRANSLATE("Move water &down"), "", [](MainFrame& frame) { frame.Waters().Move(1); }, wxID_ANY,
+        [](const MainFrame& frame) { return frame.Waters().CanMove(1); }),
+    Row(
+        wxTRANSLATE("&Remove water"), "", [](MainFrame& frame) { frame.Waters().Remove(); }, wxID_ANY,
+        &HasWater),
 };
 
 constexpr std::array kHelpMenu{
-    Row(wxTRANSLATE("Help on this &page"), "F1", [](MainFrame& frame) { frame.ShowHelp(); }, wxID_HELP),
+    Row(
+        wxTRANSLATE("Help on this &page"), "F1", [](MainFrame& frame) { frame.ShowHelp(); }, wxID_HELP),
     Row(wxTRANSLATE("&Contents"), "", [](MainFrame& frame) { frame.ShowHelpContents(); }),
     kSeparator,
-    Row(wxTRANSLATE("&About Tarnvik"), "", [](MainFrame& frame) { frame.ShowAbout(); }, wxID_ABOUT),
+    Row(
+        wxTRANSLATE("&About Tarnvik"), "", [](MainFrame& frame) { frame.ShowAbout(); }, wxID_ABOUT),
 };
 
 void AppendRow(wxMenu& menu, const MenuRow& row, MainFrame& frame)
@@ -132,8 +171,8 @@ void AppendRow(wxMenu& menu, const MenuRow& row, MainFrame& frame)
 std::span<const MenuTable> Menus()
 {
     static const std::array menus{
-        MenuTable{wxTRANSLATE("&File"), kFileMenu},   MenuTable{wxTRANSLATE("&Edit"), kEditMenu},
-        MenuTable{wxTRANSLATE("&View"), kViewMenu},   MenuTable{wxTRANSLATE("&Tools"), kToolsMenu},
+        MenuTable{wxTRANSLATE("&File"), kFileMenu}, MenuTable{wxTRANSLATE("&Edit"), kEditMenu},
+        MenuTable{wxTRANSLATE("&View"), kViewMenu}, MenuTable{wxTRANSLATE("&Tools"), kToolsMenu},
         MenuTable{wxTRANSLATE("&Help"), kHelpMenu},
     };
     return menus;

@@ -77,7 +77,8 @@ std::vector<ModuleBook::Item> ModuleBook::WantedItems() const
 void ModuleBook::AddPage(const Item& item, std::size_t place)
 {
     auto* host = new PageHost(&m_notebook, *item.module, item.owner, [this, item](wxWindow* parent) {
-        return item.module->makePage({*m_project, parent, m_help, m_statusBar}, *m_project->FindOwner(item.owner));
+        return item.module->makePage({*m_project, parent, m_help, m_statusBar},
+                                     *m_project->FindOwner(item.owner));
     });
     m_hosts.insert(m_hosts.begin() + static_cast<std::ptrdiff_t>(place), host);
     m_notebook.InsertPage(std::min(place, m_notebook.GetPageCount()), host, NameOf(*host));
@@ -100,8 +101,8 @@ void ModuleBook::Follow()
         m_notebook.DeletePage(static_cast<std::size_t>(m_notebook.GetPageIndex(host)));
     }
     for (std::size_t place = 0; place < wanted.size(); ++place) {
-        const auto found = std::ranges::find_if(
-            m_hosts, [&](const PageHost* host) { return is(*host, wanted[place]); });
+        const auto found =
+            std::ranges::find_if(m_hosts, [&](const PageHost* host) { return is(*host, wanted[place]); });
         if (found == m_hosts.end())
             AddPage(wanted[place], place);
         else

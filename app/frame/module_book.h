@@ -2,8 +2,8 @@
 #pragma once
 
 /// The pages of the open project: a notebook, and the tree that leads to them. It follows the project: a page
-/// for each module, or for each water of it, comes and goes with its owner. Pages are made when they are first
-/// shown. The windows belong to their parents; the book goes before them and before the project.
+/// for each module, or for each water of it, comes and goes with its owner. Pages are made when they are
+/// first shown. The windows belong to their parents; the book goes before them and before the project.
 
 #include "app/frame/page_host.h"
 
@@ -35,8 +35,8 @@ public:
 
     /// Brings the page of a module and an owner to the front; null where there is none.
     ModulePanelBase* Show(const std::string& module, DetailOwner owner);
-    /// Brings the page to the front on which a value is edited, and puts the focus into its field; false where
-    /// no page has it.
+    /// Brings the page to the front on which a value is edited, and puts the focus into its field; false
+    /// where no page has it.
     bool ShowDetail(const DetailAddress& address);
     /// Brings the page at a place of the tree to the front, counted from 0; nothing where there is none.
     void ShowPlace(std::size_t place);

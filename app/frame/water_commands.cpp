@@ -243,7 +243,8 @@ void WaterCommands::Rename()
     if (dialog.ShowModal() != wxID_OK || dialog.GetText() == ShownName(*water))
         return;
     const ProjectEdit edit(m_frame.GetProject(), wxTRANSLATE("rename water"));
-    m_frame.GetProject().RenameOwner(*water, NewWaterName(m_frame.GetProject(), dialog.GetText().utf8_string()));
+    m_frame.GetProject().RenameOwner(*water,
+                                     NewWaterName(m_frame.GetProject(), dialog.GetText().utf8_string()));
 }
 
 void WaterCommands::Remove()

@@ -25,8 +25,8 @@ ModulePage MakePage(const PageContext& context, OwnerNode&)
 {
     auto& project = dynamic_cast<iex::IEXProject&>(context.project);
     auto* panel = new FeedCompositionPanel(context.parent, wxID_ANY, context.statusBar);
-    auto controller =
-        std::make_shared<FeedCompositionPanelController>(project, std::make_unique<FeedComposition>(), *panel);
+    auto controller = std::make_shared<FeedCompositionPanelController>(
+        project, std::make_unique<FeedComposition>(), *panel);
     FeedCompositionPanelController* const raw = controller.get();
     return {.panel = panel, .controller = std::move(controller), .refreshDatabase = [raw] {
                 raw->RefreshCompounds();

@@ -204,7 +204,8 @@ void Tour::TakeModule(const Module& module, const ModuleLook& look)
     const wxString language = CurrentLanguage();
     const OwnerNode& root = frame->GetProject().GetRoot();
     const bool isProject = module.pageOf == OwnerKind::Project;
-    frame->GetBook().Show(module.id, isProject ? DetailOwner() : root.GetChildren(module.pageOf)[0]->GetOwner());
+    frame->GetBook().Show(module.id,
+                          isProject ? DetailOwner() : root.GetChildren(module.pageOf)[0]->GetOwner());
     if (look.language != nullptr)
         frame->View().SetLanguage(look.language);
     if (look.unitSystem != nullptr)

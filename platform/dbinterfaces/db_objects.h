@@ -121,8 +121,8 @@ struct PlantExchanger
 /// A type of plant that a project can be.
 struct PlantType
 {
-    std::string type;  ///< "iex", "SOFT", "DEMI", ...
-    std::string name;  ///< English
+    std::string type;                        ///< "iex", "SOFT", "DEMI", ...
+    std::string name;                        ///< English
     std::vector<PlantExchanger> exchangers;  ///< in flow order
 };
 

@@ -8,7 +8,7 @@
 #include "app/frame/tarnvik_app.h"
 #include "app/language/language.h"
 #include "dbinterfaces/project_database.h"
-#include "gui_base/ionexchange/feed/feed_composition_panel.h"
+#include "gui_base/ionexchange/feed/pfeedcomposition.h"
 #include "gui_base/water/feedwater/feed_water_panel.h"
 #include "projectbase/settings/settings.h"
 #include "tests/support/gui_test.h"
@@ -56,9 +56,8 @@ protected:
 
     static std::unique_ptr<app::Document> MakeDocument(const char* water)
     {
-        return std::make_unique<app::Document>(water == nullptr
-                                                   ? app::NewEmptyProject()
-                                                   : app::NewProjectFrom(*app::FindWaterTemplate(water)));
+        return std::make_unique<app::Document>(
+            water == nullptr ? app::NewEmptyProject() : app::NewProjectFrom(*app::FindWaterTemplate(water)));
     }
 
     Project& OpenProject() { return m_frame->GetProject(); }

@@ -16,7 +16,8 @@ std::string WithUnit(double value, const RangeFault& fault, const ReportContext&
     // What is typed in a unit of its own keeps it in every system.
     const std::string system = fault.isTypedUnit ? "iso" : context.unitSystem;
     const std::string unit = UnitSystemManager::GetUnit(fault.unit, system, true);
-    return fmt::format("{}{}{}", context.Number(UnitSystemManager::FromISO(fault.unit, system, value), kDigits),
+    return fmt::format("{}{}{}",
+                       context.Number(UnitSystemManager::FromISO(fault.unit, system, value), kDigits),
                        unit.empty() ? "" : " ", unit);
 }
 
@@ -37,7 +38,8 @@ std::string RangeSentence(const RangeFault& fault, const ReportContext& context)
 {
     std::string text = context.Translated(fault.isBelow ? wxTRANSLATE("%s is below the minimum of %s")
                                                         : wxTRANSLATE("%s is above the maximum of %s"));
-    const std::string label = fault.label.empty() ? fault.address.key : context.Translated(fault.label.c_str());
+    const std::string label =
+        fault.label.empty() ? fault.address.key : context.Translated(fault.label.c_str());
     for (const std::string& part :
          {label + " " + WithUnit(fault.value, fault, context), WithUnit(fault.limit, fault, context)}) {
         const auto at = text.find("%s");

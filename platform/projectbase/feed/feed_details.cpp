@@ -165,12 +165,10 @@ void AddCompounds(const DetailGroupsPtr& groups, FeedComposition& composition)
         const GroupReader reader(*group);
         const std::size_t index = composition.GetEntries().size();
         composition.Add(ReadEntry(reader));
-        ReadConcentration(reader, "feedcompound/conc", [&](Unit unit, double value) {
-            composition.SetFeed(index, unit, value);
-        });
-        ReadConcentration(reader, "feedcompound/conc.effluent", [&](Unit unit, double value) {
-            composition.SetEffluent(index, unit, value);
-        });
+        ReadConcentration(reader, "feedcompound/conc",
+                          [&](Unit unit, double value) { composition.SetFeed(index, unit, value); });
+        ReadConcentration(reader, "feedcompound/conc.effluent",
+                          [&](Unit unit, double value) { composition.SetEffluent(index, unit, value); });
     }
 }
 

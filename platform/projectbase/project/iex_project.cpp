@@ -44,7 +44,8 @@ IEXProject::IEXProject(std::string type) : Project(std::move(type))
 {
     const auto plant = FindType(GetModuleType());
     if (!plant)
-        throw std::invalid_argument("IEXProject::IEXProject: there is no type of plant '" + GetModuleType() + "'");
+        throw std::invalid_argument("IEXProject::IEXProject: there is no type of plant '" + GetModuleType() +
+                                    "'");
     const ProjectEdit edit(*this);
     AddLiquid(wxTRANSLATE("Feed water"));
     for (const DBObjects::PlantExchanger& exchanger : plant->exchangers) {

@@ -4,8 +4,8 @@
 /// The project of an ion-exchange plant: its exchangers in flow order, each with compartments, their resins
 /// and the rows of its regeneration sequence, as owners of details.
 
-#include "projectbase/feed/feed_composition.h"
 #include "dbinterfaces/db_objects.h"
+#include "projectbase/feed/feed_composition.h"
 #include "projectbase/project/project.h"
 #include "projectbase/project/project_edit.h"
 
@@ -14,9 +14,9 @@ namespace iex {
 class PROJECTBASE_EXPORT IEXProject : public Project
 {
 public:
-    /// A project with one water, named "Feed water", at the defaults of the catalogue, and the exchangers that
-    /// its type of plant cannot do without. "iex" has waters and feeds only. Throws std::invalid_argument for
-    /// a type that the master database does not hold.
+    /// A project with one water, named "Feed water", at the defaults of the catalogue, and the exchangers
+    /// that its type of plant cannot do without. "iex" has waters and feeds only. Throws
+    /// std::invalid_argument for a type that the master database does not hold.
     explicit IEXProject(std::string type = "iex");
 
     /// The type of that name; nothing where there is none.

@@ -4,9 +4,9 @@
 /// The objects of a project that own details: the project itself, each water, each exchanger of a line with
 /// its compartments, their resins, and the rows of its regeneration sequence.
 ///
-/// An owner keeps its identity while others come, go or move, and so do the addresses of its details: bindings
-/// and undo steps hold on to them. A node belongs to its parent, or, once it was removed, to the step of the
-/// history that can bring it back.
+/// An owner keeps its identity while others come, go or move, and so do the addresses of its details:
+/// bindings and undo steps hold on to them. A node belongs to its parent, or, once it was removed, to the
+/// step of the history that can bring it back.
 
 #include "projectbase/details/detail_list.h"
 #include "projectbase/projectbase_export.h"

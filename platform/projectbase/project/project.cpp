@@ -56,8 +56,7 @@ const LiquidData& Project::GetLiquid(std::size_t index) const
 
 LiquidData& Project::AddLiquid(const std::string& name)
 {
-    return static_cast<LiquidData&>(
-        AddOwner(m_root, std::make_shared<LiquidData>(name), GetLiquidCount()));
+    return static_cast<LiquidData&>(AddOwner(m_root, std::make_shared<LiquidData>(name), GetLiquidCount()));
 }
 
 void Project::RemoveLiquid(std::size_t index)

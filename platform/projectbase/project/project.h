@@ -132,8 +132,8 @@ public:
     bool UpdateBlend(std::size_t liquid);
     /// Blends, normalises and alkalises one water, whether or not it is out of date.
     void CalculateLiquid(std::size_t liquid);
-    /// Recalculates whatever an input was changed of since it was calculated, and what follows from that. Runs
-    /// by itself at the end of an edit.
+    /// Recalculates whatever an input was changed of since it was calculated, and what follows from that.
+    /// Runs by itself at the end of an edit.
     virtual void CalculateDesign();
 
 protected:

@@ -7,9 +7,9 @@
 ///     ...
 ///
 /// Scopes nest. The end of the outermost one applies the rules of the model to what was typed, recalculates
-/// what depends on it, marks the project as changed and tells the observers once. An exception that leaves the
-/// scope ends it in the same way: what was written until then is part of the project. A single write outside
-/// of a scope is one of its own.
+/// what depends on it, marks the project as changed and tells the observers once. An exception that leaves
+/// the scope ends it in the same way: what was written until then is part of the project. A single write
+/// outside of a scope is one of its own.
 
 #include "projectbase/project/project_changes.h"
 #include "projectbase/projectbase_export.h"

@@ -67,7 +67,9 @@ void Project::Tell(const ProjectChanges& changes)
 
 void Project::UpdateStatus(bool changed)
 {
-    const long reached = IsReadyToCalculate() ? StatusComplete : GetLiquidCount() > 0 ? StatusWaters : StatusNew;
+    const long reached = IsReadyToCalculate()   ? StatusComplete
+                         : GetLiquidCount() > 0 ? StatusWaters
+                                                : StatusNew;
     if (changed || m_status < reached)
         m_status = reached;
 }

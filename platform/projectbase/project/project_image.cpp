@@ -101,7 +101,8 @@ std::string ComputeOwnerChecksum(SqliteImage& image)
 {
     Checksum checksum;
     AddRows(image, checksum, "SELECT id, parent, kind FROM owner ORDER BY id", 3);
-    AddRows(image, checksum, "SELECT owner, name, type, unit, value FROM owner_detail ORDER BY owner, name", 5);
+    AddRows(image, checksum, "SELECT owner, name, type, unit, value FROM owner_detail ORDER BY owner, name",
+            5);
     return checksum.Text();
 }
 

@@ -6,8 +6,8 @@
 
 namespace {
 
-/// Serial numbers of edits are never used twice in a process, so that a mark on a detail that moved to another
-/// project means nothing there.
+/// Serial numbers of edits are never used twice in a process, so that a mark on a detail that moved to
+/// another project means nothing there.
 std::uint64_t NextSerial()
 {
     static std::atomic<std::uint64_t> last{0};
@@ -54,8 +54,8 @@ void ProjectJournal::Begin(EditKind kind, std::string name)
 void ProjectJournal::NoteValue(OwnerNode& node, DetailData& detail)
 {
     if (detail.NoteUnder(m_serial))
-        m_elements.emplace_back(NotedValue{&node, &detail, detail.GetStoredValue(), detail.GetUnit(),
-                                           detail.GetStoredValue()});
+        m_elements.emplace_back(
+            NotedValue{&node, &detail, detail.GetStoredValue(), detail.GetUnit(), detail.GetStoredValue()});
 }
 
 void ProjectJournal::NoteGroups(const std::string& kind, const DetailGroupsPtr& before)

@@ -5,10 +5,10 @@
 #include "projectbase/project/project_edit.h"
 
 #include <fmt/format.h>
-#include <nlohmann/json.hpp>
 
 #include <cmath>
 #include <limits>
+#include <nlohmann/json.hpp>
 #include <stdexcept>
 
 namespace {
@@ -48,7 +48,8 @@ std::string JsonValue(const DetailData& detail)
 class Writer
 {
 public:
-    std::string Write(const Project& project, const std::string& file, const std::vector<JsonMessage>& messages)
+    std::string Write(const Project& project, const std::string& file,
+                      const std::vector<JsonMessage>& messages)
     {
         m_text = "{\n  \"file\": " + Quoted(file) + ",\n  \"module\": " + Quoted(project.GetModuleType()) +
                  ",\n  \"type\": " + Quoted(project.GetModuleType()) +
@@ -145,8 +146,9 @@ private:
         m_text += ",\n  \"messages\": [";
         const char* separator = "\n";
         for (const JsonMessage& message : messages) {
-            m_text += fmt::format("{}    {{\"address\": {}, \"text\": {}, \"value\": {}, \"limit\": {}}}", separator,
-                                  Quoted(message.address), Quoted(message.text), message.value, message.limit);
+            m_text += fmt::format("{}    {{\"address\": {}, \"text\": {}, \"value\": {}, \"limit\": {}}}",
+                                  separator, Quoted(message.address), Quoted(message.text), message.value,
+                                  message.limit);
             separator = ",\n";
         }
         m_text += messages.empty() ? "]" : "\n  ]";

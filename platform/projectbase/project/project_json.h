@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-/// A project as JSON text: everything that it knows, in ISO units, readable by other programs, and by this one
-/// as a project.
+/// A project as JSON text: everything that it knows, in ISO units, readable by other programs, and by this
+/// one as a project.
 
 #include "projectbase/projectbase_export.h"
 
@@ -26,8 +26,8 @@ struct JsonMessage
     double limit = 0.0;
 };
 
-/// Details in the order of their names, doubles in the shortest form that reads back as the same value; what is
-/// not known is null. `file` says where the project comes from.
+/// Details in the order of their names, doubles in the shortest form that reads back as the same value; what
+/// is not known is null. `file` says where the project comes from.
 PROJECTBASE_EXPORT std::string ProjectToJson(const Project& project, const std::string& file,
                                              const std::vector<JsonMessage>& messages);
 

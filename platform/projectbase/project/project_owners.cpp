@@ -76,7 +76,8 @@ OwnerNode* Project::FindOwner(std::string_view path)
 std::string Project::PathOf(DetailOwner owner) const
 {
     std::string path;
-    for (const OwnerNode* node = FindOwner(owner); node != nullptr && node != &m_root; node = node->GetParent()) {
+    for (const OwnerNode* node = FindOwner(owner); node != nullptr && node != &m_root;
+         node = node->GetParent()) {
         const std::string word =
             std::string(OwnerWord(node->GetKind())) + "." + std::to_string(node->GetPosition() + 1);
         path = path.empty() ? word : word + "." + path;
@@ -92,8 +93,8 @@ DetailData* Project::FindDetail(const DetailAddress& address)
 
 OwnerNode& Project::AddOwner(OwnerNode& parent, std::shared_ptr<OwnerNode> node, std::size_t position)
 {
-    if (ParentKind(node->GetKind()) != parent.GetKind() || node->GetKind() == OwnerKind::Project || parent.m_project != this ||
-        node->m_project != nullptr)
+    if (ParentKind(node->GetKind()) != parent.GetKind() || node->GetKind() == OwnerKind::Project ||
+        parent.m_project != this || node->m_project != nullptr)
         throw std::logic_error("Project::AddOwner: the owner does not belong there");
     const ProjectEdit edit(*this);
     OwnerNode::Nodes& siblings = parent.ChildrenOf(node->GetKind());
@@ -102,10 +103,8 @@ OwnerNode& Project::AddOwner(OwnerNode& parent, std::shared_ptr<OwnerNode> node,
     node->m_parent = &parent;
     Register(*node);
     node->SetOutOfDate(true);
-    m_journal->NoteStructure({.what = StructureChange::What::Added,
-                              .parent = parent.GetOwner(),
-                              .node = node,
-                              .after = place});
+    m_journal->NoteStructure(
+        {.what = StructureChange::What::Added, .parent = parent.GetOwner(), .node = node, .after = place});
     return *node;
 }
 
@@ -127,10 +126,8 @@ void Project::RemoveOwner(OwnerNode& node)
     siblings.erase(siblings.begin() + static_cast<std::ptrdiff_t>(place));
     Unregister(node);
     node.m_parent = nullptr;
-    m_journal->NoteStructure({.what = StructureChange::What::Removed,
-                              .parent = parent.GetOwner(),
-                              .node = kept,
-                              .before = place});
+    m_journal->NoteStructure(
+        {.what = StructureChange::What::Removed, .parent = parent.GetOwner(), .node = kept, .before = place});
 }
 
 void Project::MoveOwner(OwnerNode& node, std::size_t position)

@@ -37,8 +37,8 @@ using Rule = void (*)(const Context& context, const TypedInput& input);
 /// H+ and OH- take part in the balance: they begin as they follow from pH and temperature.
 void FillWaterIons(const Context& context, const TypedInput& input)
 {
-    const bool given =
-        context.IsTyped(input.node, "liquid/h.plus.orig") || context.IsTyped(input.node, "liquid/oh.minus.orig");
+    const bool given = context.IsTyped(input.node, "liquid/h.plus.orig") ||
+                       context.IsTyped(input.node, "liquid/oh.minus.orig");
     if (!input.detail.GetBoolValue() || given)
         return;
     // The pH and the ions may have been typed in the same breath.
@@ -51,8 +51,8 @@ bool BlendsAreCalculated(const Project& project)
     return project.GetDetails().At("arrangement/calculate.blend").GetBoolValue();
 }
 
-/// A short analysis starts from what the ions gave, so that switching to it does not change the water at once.
-/// Where blends are calculated there is none: they ask for every ion.
+/// A short analysis starts from what the ions gave, so that switching to it does not change the water at
+/// once. Where blends are calculated there is none: they ask for every ion.
 void BeginShortAnalysis(const Context& context, const TypedInput& input)
 {
     DetailList& details = *input.node.GetDetails();
@@ -88,7 +88,8 @@ void TakeDensity(const Context& context, const TypedInput& input)
         input.node.GetDetails()->At("feed/density").SetValue(medium.density);
 }
 
-/// The adjustment of a feed's pH begins with what was stated before, or else with what the feed has of itself.
+/// The adjustment of a feed's pH begins with what was stated before, or else with what the feed has of
+/// itself.
 void BeginPhAdjustment(const Context& context, const TypedInput& input)
 {
     DetailData& stated = input.node.GetDetails()->At("feed/ph");
@@ -115,8 +116,8 @@ void FollowQuantities(const Context& context, const TypedInput& input)
     FeedQuantities::Values before{};
     for (std::size_t i = 0; i < kQuantities.size(); ++i) {
         const TypedInput* typed = context.Find(input.node, kQuantities[i]);
-        before[i] = typed != nullptr ? std::get<double>(typed->before)
-                                     : details.At(kQuantities[i]).GetDoubleValue();
+        before[i] =
+            typed != nullptr ? std::get<double>(typed->before) : details.At(kQuantities[i]).GetDoubleValue();
     }
     quantities.SetValues(before);
     for (const TypedInput& each : context.typed) {

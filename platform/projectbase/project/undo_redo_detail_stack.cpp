@@ -19,7 +19,8 @@ enum class Direction
 class Applier
 {
 public:
-    Applier(Project& project, Direction direction) : m_project(project), m_back(direction == Direction::Back) {}
+    Applier(Project& project, Direction direction) : m_project(project), m_back(direction == Direction::Back)
+    {}
 
     void operator()(const ValueChange& change) const
     {

@@ -178,7 +178,8 @@ TEST_F(Calc, WarnsOfValuesOutOfTheirLimits)
     const Result result = Run({m_path, "--set", "ph=15", "--set=temp=-20"});
     EXPECT_EQ(result.code, 0);
     EXPECT_THAT(result.err, HasSubstr("Feed water: pH 15 is above the maximum of 14"));
-    EXPECT_THAT(result.err, HasSubstr("Feed water: Temperature -20 \u00b0C is below the minimum of 0 \u00b0C"));
+    EXPECT_THAT(result.err,
+                HasSubstr("Feed water: Temperature -20 \u00b0C is below the minimum of 0 \u00b0C"));
 }
 
 TEST_F(Calc, ReportsFilesAndWordsItCannotUse)
@@ -244,12 +245,14 @@ TEST_F(Calc, SetsValuesOfEveryPartOfAPlantAndReadsThemBack)
     plant.SaveFeedCompositionToDetails(feed);
     const std::string path = (m_folder / "plant.tarnvik").string();
     ProjectFile::Save(plant, path);
-    const Result set = Run({path, "--json", "--set", "ex.1.comp.2:stepcomp/level=80", "--set",
-                            "ex.1.comp.2.resin.1:resin=sba", "--set", "project/qbrutto=20", "--set", "project/lz=12",
-                            "--set", "water.1:na=10meq/l", "--set", "project/title=", "--set", "ex.1:v.max=500"});
+    const Result set =
+        Run({path, "--json", "--set", "ex.1.comp.2:stepcomp/level=80", "--set",
+             "ex.1.comp.2.resin.1:resin=sba", "--set", "project/qbrutto=20", "--set", "project/lz=12",
+             "--set", "water.1:na=10meq/l", "--set", "project/title=", "--set", "ex.1:v.max=500"});
     ASSERT_EQ(set.code, 0) << set.err;
     EXPECT_EQ(Value(set, "stepcomp/level", 4), "80");
-    EXPECT_THAT(set.out, HasSubstr("\"project/wbrutto\": {\"value\": 240,")) << "what follows from flow and time";
+    EXPECT_THAT(set.out, HasSubstr("\"project/wbrutto\": {\"value\": 240,"))
+        << "what follows from flow and time";
     EXPECT_THAT(set.out, HasSubstr("\"address\": \"ex.1:step/v.max\""));
     EXPECT_EQ(Run({path, "--set", "ex.1.comp.1:stepcomp/load=5"}).code, 1) << "derived";
     // The text is a project: printed again it is the same.

@@ -17,7 +17,7 @@ protected:
     FeedModuleTest() : ProgramTest(nullptr) {}
 
     FeedCompositionPanel& Panel() { return FeedPage(); }
-    FeedCompositionGrid& Grid() { return Panel().GetFeedGrid(); }
+    FeedCompositionGrid& Grid() { return gui_test::Find<FeedCompositionGrid>(Panel()); }
     void AddFirst()
     {
         Panel().GetCompoundList().Select(0);

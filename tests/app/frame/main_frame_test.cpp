@@ -322,7 +322,7 @@ TEST_F(MainFrameTest, SettingsTakeEffectTogetherOrNotAtAll)
     EXPECT_EQ(m_frame->GetDocument().GetProject().GetUnitSystemDisplay(), "us");
     EXPECT_EQ(m_frame->GetMenuBar()->GetMenuLabelText(0), "Datei");
     m_frame->View().ApplySettings({"de", "us", 7, ""},
-                           {"en", "iso", 9, "postgresql://host=127.0.0.1 port=1 dbname=none"});
+                                  {"en", "iso", 9, "postgresql://host=127.0.0.1 port=1 dbname=none"});
     EXPECT_THAT(Messages(), testing::ElementsAre(testing::HasSubstr("ProjectDatabase")));
     EXPECT_EQ(Settings::GetSetting("autosave.minutes").GetLongValue(), 7) << "nothing is applied";
     EXPECT_EQ(app::CurrentLanguage(), "de");

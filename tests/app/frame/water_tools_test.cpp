@@ -2,14 +2,11 @@
 // Whole waters in the program's window: copying, the library, and what stands above the analysis.
 #include "gui_base/input/panel/aui_notebook.h"
 #include "gui_base/water/analysis/laboratory_dialog.h"
-
 #include "gui_base/water/feedwater/water_clipboard.h"
 #include "gui_base/water/library/water_lib_dialog.h"
 #include "gui_base/water/library/water_lib_list.h"
 #include "projectbase/project/project_file.h"
-
 #include "tests/support/program_fixture.h"
-
 
 #include <wx/button.h>
 #include <wx/filedlg.h>

@@ -9,7 +9,6 @@
 
 #include "gui_base/input/form/field_set.h"
 #include "gui_base/input/form/form_grid.h"
-#include "gui_base/input/panel/tv_modulepanelbase.h"
 #include "gui_base/input/panel/tv_panel.h"
 
 class GUI_BASE_EXPORT FormBlock : public TvPanel, public DetailContainerWindow

@@ -139,7 +139,8 @@ void ModulePanelBase::CalculateDesign()
 bool ModulePanelBase::IsInView() const
 {
     // Whatever the frame is: it may be shown later than its pages.
-    for (const wxWindow* window = this; window != nullptr && !window->IsTopLevel(); window = window->GetParent()) {
+    for (const wxWindow* window = this; window != nullptr && !window->IsTopLevel();
+         window = window->GetParent()) {
         if (!window->IsShown())
             return false;
     }

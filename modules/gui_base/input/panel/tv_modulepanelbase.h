@@ -9,8 +9,8 @@
 /// The project is not owned and outlives the panel; the panel owns its bindings. GUI thread only. An
 /// exception of a synchronisation is logged and swallowed, so that the panel stays usable.
 ///
-/// A panel follows its project: what others change it shows at once while it is in view, and else when it comes
-/// into view.
+/// A panel follows its project: what others change it shows at once while it is in view, and else when it
+/// comes into view.
 
 #include "gui_base/gui_base_export.h"
 #include "gui_base/input/binding/database_combination.h"

@@ -48,7 +48,8 @@ FeedCompositionPanelController::~FeedCompositionPanelController()
 
 void FeedCompositionPanelController::OnProjectChanged(const ProjectChanges& changes)
 {
-    if (m_saving || !changes.Any([](const DetailAddress& address) { return address.key.starts_with("feed"); }))
+    if (m_saving ||
+        !changes.Any([](const DetailAddress& address) { return address.key.starts_with("feed"); }))
         return;
     m_stale = true;
     if (m_view && m_view->IsShown())

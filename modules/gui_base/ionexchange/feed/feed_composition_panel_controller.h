@@ -10,7 +10,7 @@
 
 #include "dbinterfaces/db_objects.h"
 #include "gui_base/gui_base_export.h"
-#include "gui_base/ionexchange/feed/feed_composition_panel.h"
+#include "gui_base/ionexchange/feed/pfeedcomposition.h"
 #include "projectbase/project/iex_project.h"
 
 #include <wx/event.h>

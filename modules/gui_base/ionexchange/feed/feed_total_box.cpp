@@ -99,6 +99,12 @@ void FeedTotalBox::SetTotals(const FeedComposition::Totals& totals)
     ShowNumber(*m_anions, totals.anions);
 }
 
+void FeedTotalBox::Localize(const std::string& unitSystem)
+{
+    UpdateNames();
+    TvPanel::Localize(unitSystem);
+}
+
 void FeedTotalBox::UpdateNames()
 {
     const wxString total = i18n::Translated(wxTRANSLATE("Total"));

@@ -18,9 +18,7 @@ public:
     explicit FeedTotalBox(wxWindow* parent, int id = wxID_ANY);
 
     void SetTotals(const FeedComposition::Totals& totals);
-    TvTextCtrl* GetField(FeedComposition::Unit unit) const { return m_units[static_cast<std::size_t>(unit)]; }
-    /// Names the fields in the present language.
-    void UpdateNames();
+    void Localize(const std::string& unitSystem) override;
 
     /// Takes as many columns as have room in that width.
     void ArrangeFor(int width);
@@ -33,6 +31,7 @@ public:
 
 private:
     TvTextCtrl* AddField(const wxString& text);
+    void UpdateNames();
 
     wxFlexGridSizer* m_grid;
     std::array<TvTextCtrl*, FeedComposition::kUnitCount> m_units{};

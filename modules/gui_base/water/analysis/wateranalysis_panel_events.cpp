@@ -111,7 +111,8 @@ void WaterAnalysisPanel::OnAlkalizationClick(wxCommandEvent&)
     bool accepted = false;
     {
         const ProjectEdit edit(*GetProject(), wxTRANSLATE("alkalization"));
-        AlkalizationDialog dialog(GetProject(), static_cast<int>(GetLiquidIndex()), wxGetTopLevelParent(this));
+        AlkalizationDialog dialog(GetProject(), static_cast<int>(GetLiquidIndex()),
+                                  wxGetTopLevelParent(this));
         accepted = dialog.ShowModal() == wxID_OK;
     }
     TakeOverFromDialog(accepted);
@@ -123,8 +124,8 @@ void WaterAnalysisPanel::OnCO2CalculatorClick(wxCommandEvent&)
     bool accepted = false;
     {
         const ProjectEdit edit(*GetProject(), wxTRANSLATE("CO2 Calculator"));
-        tvCO2CalculatorDialog dialog(GetProject(), static_cast<int>(GetLiquidIndex()), wxGetTopLevelParent(this),
-                                     wxID_ANY, i18n::Translated("CO2 Calculator"));
+        tvCO2CalculatorDialog dialog(GetProject(), static_cast<int>(GetLiquidIndex()),
+                                     wxGetTopLevelParent(this), wxID_ANY, i18n::Translated("CO2 Calculator"));
         accepted = dialog.ShowModal() == wxID_OK;
     }
     TakeOverFromDialog(accepted || wasCalculated);

@@ -2,6 +2,7 @@
 #include "gui_base/water/feedwater/feed_water_specification.h"
 
 #include "gui_base/input/validation/validator.h"
+#include "projectbase/feed/feed_quantities.h"
 #include "projectbase/project/project.h"
 
 #include <wx/translation.h>

@@ -2,12 +2,11 @@
 #pragma once
 
 /// How much feed water a plant treats: flow rate, running time, volume and number of lines, as details of the
-/// project, which keeps flow rate, time and volume consistent. A committed edit is stored, marks
-/// the project as changed and is told to the parent by one queued tvCHANGE_EVENT with the id of the block.
-/// The project is not owned and outlives the block.
+/// project, which keeps flow rate, time and volume consistent. A committed edit is stored and told to the
+/// parent by one queued tvCHANGE_EVENT with the id of the block. The project is not owned and outlives the
+/// block.
 
 #include "gui_base/input/form/form_block.h"
-#include "projectbase/feed/feed_quantities.h"
 
 class Project;
 

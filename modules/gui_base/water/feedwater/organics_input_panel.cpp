@@ -73,8 +73,7 @@ void OrganicsInputPanelController::TransferToView()
     if (!m_panel)
         return;
     m_panel->TransferDetailsToWindow();
-    const FeedMedium::Data medium = m_project->LoadFeedMediumFromDetails();
-    m_panel->SetMedium(medium);
+    m_panel->SetMedium(m_project->LoadFeedMediumFromDetails());
 }
 
 void OrganicsInputPanelController::OnChanged()

@@ -3,8 +3,8 @@
 
 /// The calculator of the carbon dioxide that a water of known pH, temperature and bicarbonate holds.
 ///
-/// While it is open the water's CO2 is calculated. Cancel brings pH, temperature and bicarbonate back, also as
-/// they were typed, and switches the calculation off.
+/// While it is open the water's CO2 is calculated. Cancel brings pH, temperature and bicarbonate back, also
+/// as they were typed, and switches the calculation off.
 
 #include "gui_base/water/tools/liquid_tool_dialog.h"
 

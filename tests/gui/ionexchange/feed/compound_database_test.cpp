@@ -101,20 +101,20 @@ TEST_F(CompoundDatabaseTest, DeletesAfterTheQuestionThatFits)
     const auto before = ProjectDatabase::GetCompounds().size();
     SelectRow(Find("sulfate"));
     ExpectBox("Delete entry|Do you really want to delete this entry?", wxID_NO);
-    Click(m_view->GetButton(tvFEED_COMPOUND_DELETE));
+    Click(Labelled("Delete"));
     EXPECT_EQ(ProjectDatabase::GetCompounds().size(), before);
     ExpectBox("Delete entry|Do you really want to delete this entry?", wxID_YES);
     Focus(List());
     Press(WXK_DELETE);
     EXPECT_TRUE(Named("sulfate").empty());
-    EXPECT_FALSE(m_view->GetButton(tvFEED_COMPOUND_DELETE).IsEnabled());
+    EXPECT_FALSE(Labelled("Delete").IsEnabled());
     m_view->CancelTextSearch();
     m_controller->RefreshCompounds();
     List().Select(0);
     List().Select(3);
     Pump();
     ExpectBox("Delete entries|Do you really want to delete these entries?", wxID_YES);
-    Click(m_view->GetButton(tvFEED_COMPOUND_DELETE));
+    Click(Labelled("Delete"));
     EXPECT_EQ(ProjectDatabase::GetCompounds().size(), before - 3);
     EXPECT_EQ(static_cast<std::size_t>(List().GetItemCount()), before - 3);
 }
@@ -133,12 +133,12 @@ TEST_F(CompoundDatabaseTest, NewAndEditedCompoundsAreStored)
         editor.GetPanel().ProcessWindowEvent(save);
         return editor.GetReturnCode();
     });
-    Click(m_view->GetButton(tvFEED_COMPOUND_NEW));
+    Click(Labelled("New"));
     ASSERT_EQ(Named("test salt").size(), 1u);
     const int id = Named("test salt")[0].id;
-    m_view->SelectCategory("Test category");
+    Choose(CategoryChoice(), "Test category");
     EXPECT_EQ(m_view->GetSelectedCategory(), "Test category") << "the new category is offered";
-    m_view->SelectCategory("All categories");
+    Choose(CategoryChoice(), "All categories");
     SelectRow(Find("test salt"));
     m_dialogs.Expect([](wxDialog& dialog) {
         auto& editor = dynamic_cast<CompoundEditorDialog&>(dialog);
@@ -150,7 +150,7 @@ TEST_F(CompoundDatabaseTest, NewAndEditedCompoundsAreStored)
         editor.GetPanel().ProcessWindowEvent(save);
         return editor.GetReturnCode();
     });
-    Click(m_view->GetButton(tvFEED_COMPOUND_EDIT));
+    Click(Labelled("Edit"));
     ASSERT_EQ(Named("test salt 2").size(), 1u);
     EXPECT_EQ(Named("test salt 2")[0].id, id);
     EXPECT_TRUE(Named("test salt").empty());
@@ -172,7 +172,7 @@ TEST_F(CompoundDatabaseTest, ExportsWhatIsListedAndReadsItBack)
         EXPECT_EQ(files.GetWildcard(), "mvcf files (*.mvcf)|*.mvcf");
         return ChooseFile(files, path) ? wxID_OK : wxID_CANCEL;
     });
-    Click(m_view->GetButton(tvFEED_EXPORT));
+    Click(Labelled("Export"));
     EXPECT_EQ(LastLog(), "Compounds exported to:\n " + path.string());
     EXPECT_EQ(LastLevel(), wxLOG_Info);
     const auto read = LoadCompoundFile(path);
@@ -183,10 +183,10 @@ TEST_F(CompoundDatabaseTest, ExportsWhatIsListedAndReadsItBack)
     m_controller->Export({0}, listed, wxString::FromUTF8(nowhere.string()));
     EXPECT_EQ(LastLog(), "Couldn't open file to write: " + nowhere.string());
     EXPECT_EQ(LastLevel(), wxLOG_Error);
-    Focus(m_view->GetSearch());
+    Focus(Search());
     Type("zzzz");
     ASSERT_EQ(List().GetItemCount(), 0);
-    Click(m_view->GetButton(tvFEED_EXPORT));
+    Click(Labelled("Export"));
     EXPECT_EQ(LastLog(), "There are no compounds in your list which can be exported.");
 }
 
@@ -216,7 +216,7 @@ TEST_F(CompoundDatabaseTest, DuplicatesAreSkippedReplacedOrKeptEachAsDecided)
     ASSERT_EQ(Named("calcium (imported)").size(), 1u);
     EXPECT_EQ(Named("calcium (imported)")[0].pKa, 12.5);
     EXPECT_EQ(Named("magic salt").size(), 1u);
-    m_view->SelectCategory("Magic");
+    Choose(CategoryChoice(), "Magic");
     EXPECT_EQ(m_view->GetSelectedCategory(), "Magic") << "new categories are offered at once";
 
     // Now all three are duplicates, and one decision stands for all.
@@ -306,7 +306,7 @@ TEST_F(CompoundDatabaseTest, WhatTheDatabaseRefusesIsShown)
         << "DROP TABLE tarnvik_compound";
     const int listed = List().GetItemCount();
     ExpectBox("Delete entry|Do you really want to delete this entry?", wxID_YES);
-    Click(m_view->GetButton(tvFEED_COMPOUND_DELETE));
+    Click(Labelled("Delete"));
     EXPECT_EQ(LastLevel(), wxLogLevel{wxLOG_Error});
     EXPECT_EQ(List().GetItemCount(), listed) << "what is shown stays";
     TypeCell(Grid(), 0, kFeedFirstUnit, "5");

@@ -44,53 +44,46 @@ TEST_F(FeedCompositionTest, FindsACompoundAsTheUserTypesAndAddsIt)
     EXPECT_EQ(Stored().GetEntries().size(), 2u) << "it is in the project at once";
     EXPECT_EQ(m_changes, 2) << "the host hears of each change once";
     EXPECT_TRUE(m_project.IsChanged());
-    EXPECT_EQ(m_view->GetEffluentGrid().GetNumberRows(), 2);
+    EXPECT_EQ(EffluentGrid().GetNumberRows(), 2);
 }
 
 TEST_F(FeedCompositionTest, FiltersByElementCategoryAndText)
 {
-    const auto choose = [](tvChoice& choice, const wxString& label) {
-        ASSERT_TRUE(choice.SetStringSelection(label)) << label.utf8_string();
-        wxCommandEvent event(wxEVT_CHOICE, choice.GetId());
-        event.SetEventObject(&choice);
-        choice.ProcessWindowEvent(event);
-        Pump();
-    };
-    EXPECT_EQ(m_view->GetElementChoice().GetString(0), "All elements");
-    EXPECT_EQ(m_view->GetCategoryChoice().GetString(0), "All categories");
-    choose(m_view->GetElementChoice(), "S");
+    EXPECT_EQ(ElementChoice().GetString(0), "All elements");
+    EXPECT_EQ(CategoryChoice().GetString(0), "All categories");
+    Choose(ElementChoice(), "S");
     const int sulfur = List().GetItemCount();
     ASSERT_GT(sulfur, 1);
     for (const auto& compound : List().GetCompounds())
         EXPECT_EQ(compound.baseElement, "S");
-    choose(m_view->GetCategoryChoice(), "Anion");
+    Choose(CategoryChoice(), "Anion");
     EXPECT_LT(List().GetItemCount(), sulfur);
     for (const auto& compound : List().GetCompounds())
         EXPECT_EQ(compound.category, "Anion");
-    Focus(m_view->GetSearch());
+    Focus(Search());
     Type("SO4");
     ASSERT_GT(List().GetItemCount(), 0);
     for (const auto& compound : List().GetCompounds())
         EXPECT_NE(compound.formula.find("SO4"), std::string::npos);
-    wxCommandEvent cancelled(wxEVT_SEARCH_CANCEL, m_view->GetSearch().GetId());
-    m_view->GetSearch().ProcessWindowEvent(cancelled);
-    choose(m_view->GetElementChoice(), "All elements");
-    choose(m_view->GetCategoryChoice(), "All categories");
+    wxCommandEvent cancelled(wxEVT_SEARCH_CANCEL, Search().GetId());
+    Search().ProcessWindowEvent(cancelled);
+    Choose(ElementChoice(), "All elements");
+    Choose(CategoryChoice(), "All categories");
     EXPECT_GT(List().GetItemCount(), 100);
     EXPECT_EQ(m_changes, 0) << "a filter is no edit";
 }
 
 TEST_F(FeedCompositionTest, ASelectedCompoundShowsItsDetailsAndCanBeEdited)
 {
-    const TvButton& edit = m_view->GetButton(tvFEED_COMPOUND_EDIT);
-    const TvButton& remove = m_view->GetButton(tvFEED_COMPOUND_DELETE);
+    const wxWindow& edit = Labelled("Edit");
+    const wxWindow& remove = Labelled("Delete");
     EXPECT_FALSE(edit.IsEnabled());
     EXPECT_FALSE(remove.IsEnabled());
     SelectRow(Find("sulfate"));
     EXPECT_TRUE(edit.IsEnabled());
     EXPECT_TRUE(remove.IsEnabled());
-    EXPECT_EQ(m_view->GetDetailText(0), "-2");
-    EXPECT_EQ(m_view->GetDetailText(1).BeforeFirst('.'), "96");
+    EXPECT_EQ(CompoundDetail("Ionic Charge"), "-2");
+    EXPECT_EQ(CompoundDetail("Molweight").BeforeFirst('.'), "96");
     List().Select(0);
     List().Select(1);
     Pump();
@@ -99,7 +92,7 @@ TEST_F(FeedCompositionTest, ASelectedCompoundShowsItsDetailsAndCanBeEdited)
     Type("x");
     Find("calcium");
     EXPECT_FALSE(remove.IsEnabled()) << "another list has no selection";
-    EXPECT_EQ(m_view->GetDetailText(0), "");
+    EXPECT_EQ(CompoundDetail("Ionic Charge"), "");
 }
 
 TEST_F(FeedCompositionTest, EachUnitBringsTheOtherSix)
@@ -124,7 +117,10 @@ TEST_F(FeedCompositionTest, EachUnitBringsTheOtherSix)
             EXPECT_NEAR(Feed(0, other), expected, 1e-9 * expected);
             EXPECT_EQ(Grid().GetCellValue(0, Column(other)), FeedTotalBox::NumberText(Feed(0, other)));
         }
-        EXPECT_EQ(m_view->GetFeedTotals().GetField(unit)->GetValue(), FeedTotalBox::NumberText(value));
+        EXPECT_EQ(FeedField(wxString("Total, ") +
+                            wxString::FromUTF8(FeedComposition::kUnitTexts[static_cast<std::size_t>(unit)]))
+                      .GetValue(),
+                  FeedTotalBox::NumberText(value));
     }
     EXPECT_NEAR(Stored().GetEntries()[0].feed[Unit::MgPerLitre], mass, 1e-9);
 }
@@ -159,7 +155,7 @@ TEST_F(FeedCompositionTest, KeysWalkTheCellsAndWhatIsNoNumberIsIgnored)
     Grid().GoToCell(1, Column(Unit::Ppt));
     Focus(*Grid().GetGridWindow());
     Press(WXK_TAB);
-    EXPECT_TRUE(PumpUntil([&] { return m_view->GetAdjustPhBox().HasFocus(); }));
+    EXPECT_TRUE(PumpUntil([&] { return Labelled("Adjust pH").HasFocus(); }));
 }
 
 TEST_F(FeedCompositionTest, NegativeFeedsAreColouredAndNumbersFollowTheLocale)
@@ -183,12 +179,12 @@ TEST_F(FeedCompositionTest, TheEffluentIsHeldWithinTheFeed)
 {
     Add("sulfate");
     TypeCell(Grid(), 0, Column(Unit::MgPerLitre), "100");
-    EffluentCompositionGrid& effluent = m_view->GetEffluentGrid();
-    m_view->GetTabs().SetSelection(1);
+    EffluentCompositionGrid& effluent = EffluentGrid();
+    Tabs().SetSelection(1);
     Pump();
     EXPECT_FALSE(effluent.IsThisEnabled());
     EXPECT_TRUE(effluent.IsReadOnly(0, Column(Unit::MgPerLitre)));
-    Click(m_view->GetUseEffluentBox());
+    Click(Labelled("Enable effluent composition input"));
     EXPECT_TRUE(effluent.IsThisEnabled());
     EXPECT_TRUE(Stored().UsesEffluent());
     const std::vector<std::pair<wxString, double>> cases{{"40", 40.0}, {"150", 100.0}, {"-3", 0.0}};
@@ -227,7 +223,7 @@ TEST_F(FeedCompositionTest, EntriesAreRemovedAfterAQuestion)
 
 TEST_F(FeedCompositionTest, TheTotalPhIsTypedWhileItIsAdjusted)
 {
-    TvTextCtrl& field = m_view->GetTotalPhField();
+    TvTextCtrl& field = FeedField("Total pH");
     EXPECT_FALSE(field.IsEditable());
     EXPECT_FALSE(Grid().IsPhVisible());
     Add("sodium");
@@ -235,18 +231,18 @@ TEST_F(FeedCompositionTest, TheTotalPhIsTypedWhileItIsAdjusted)
     Add("chloride");
     TypeCell(Grid(), 1, Column(Unit::MeqPerLitre), "1");
     EXPECT_NEAR(m_controller->GetComposition().GetTotalPh(), 7.08, 0.05);
-    Click(m_view->GetAdjustPhBox());
+    Click(Labelled("Adjust pH"));
     EXPECT_TRUE(field.IsEditable());
     EXPECT_TRUE(Grid().IsPhVisible());
-    EXPECT_TRUE(m_view->GetEffluentGrid().IsPhVisible());
+    EXPECT_TRUE(EffluentGrid().IsPhVisible());
     gui_test::Enter(field, "9");
     EXPECT_EQ(m_controller->GetComposition().GetTotalPh(), 9.0);
     EXPECT_GT(m_controller->GetComposition().GetFeedTotals().adjustment, 0.0) << "a base is needed";
     EXPECT_EQ(Stored().GetStatedPh(), 9.0);
-    Click(m_view->GetAdjustPhBox());
+    Click(Labelled("Adjust pH"));
     EXPECT_FALSE(Grid().IsPhVisible());
     EXPECT_NEAR(m_controller->GetComposition().GetTotalPh(), 7.08, 0.05);
-    Click(m_view->GetAdjustPhBox());
+    Click(Labelled("Adjust pH"));
     EXPECT_EQ(field.GetValue(), "9.00") << "what was stated comes back";
 }
 
@@ -291,17 +287,17 @@ TEST_F(FeedCompositionTest, ShowsWhatTheProjectHoldsAndSpeaksTheUsersLanguage)
     {
         const TestCatalogue catalogue(texts);
         m_view->Localize("iso");
-        EXPECT_EQ(m_view->GetTabs().GetPageText(0), "Zulauf");
+        EXPECT_EQ(Tabs().GetPageText(0), "Zulauf");
         EXPECT_EQ(Grid().GetCellValue(0, kFeedAcidBase), "Schwache Base");
         EXPECT_EQ(Grid().GetColLabelValue(kFeedFormula), "Formel");
-        EXPECT_EQ(m_view->GetElementChoice().GetString(0), "Alle Elemente");
-        EXPECT_EQ(m_view->GetElementChoice().GetString(102), "No") << "nobelium is no answer";
-        EXPECT_EQ(m_view->GetAdjustPhBox().GetLabel(), "pH einstellen");
+        EXPECT_EQ(ElementChoice().GetString(0), "Alle Elemente");
+        EXPECT_EQ(ElementChoice().GetString(102), "No") << "nobelium is no answer";
+        EXPECT_NE(wxWindow::FindWindowByLabel("pH einstellen", m_view), nullptr);
         EXPECT_EQ(m_view->GetSelectedElement(), "All elements");
         EXPECT_EQ(Grid().GetName(), "Zulauf");
     }
     m_view->Localize("iso");
-    EXPECT_EQ(m_view->GetTabs().GetPageText(0), "Feed");
+    EXPECT_EQ(Tabs().GetPageText(0), "Feed");
 }
 
 TEST_F(FeedCompositionTest, ARemoveImageThatIsMissingIsSaidSo)

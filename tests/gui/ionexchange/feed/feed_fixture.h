@@ -5,16 +5,22 @@
 
 #include "dbinterfaces/project_database.h"
 #include "gui_base/input/controls/tv_button.h"
+#include "gui_base/input/controls/tv_choice.h"
 #include "gui_base/input/controls/tv_searchctrl.h"
+#include "gui_base/input/controls/tv_textctrl.h"
 #include "gui_base/input/events.h"
+#include "gui_base/ionexchange/feed/compound_browser.h"
 #include "gui_base/ionexchange/feed/feed_composition_grid.h"
 #include "gui_base/ionexchange/feed/feed_composition_panel_controller.h"
+#include "gui_base/ionexchange/feed/feed_tab.h"
 #include "tests/support/gui_test.h"
 #include "tests/support/temp_folder.h"
 
 #include <wx/log.h>
 #include <wx/msgdlg.h>
+#include <wx/notebook.h>
 #include <wx/sizer.h>
+#include <wx/srchctrl.h>
 #include <wx/uiaction.h>
 
 #include <memory>
@@ -75,7 +81,42 @@ protected:
     }
 
     CompoundList& List() { return m_view->GetCompoundList(); }
-    FeedCompositionGrid& Grid() { return m_view->GetFeedGrid(); }
+    FeedCompositionGrid& Grid() { return gui_test::Find<FeedCompositionGrid>(*m_view); }
+    EffluentCompositionGrid& EffluentGrid() { return gui_test::Find<EffluentCompositionGrid>(*m_view); }
+    wxSearchCtrl& Search() { return gui_test::Find<wxSearchCtrl>(*m_view); }
+    tvChoice& ElementChoice() { return gui_test::Find<tvChoice>(gui_test::Find<CompoundBrowser>(*m_view)); }
+    tvChoice& CategoryChoice()
+    {
+        return gui_test::Find<tvChoice>(gui_test::Find<CompoundBrowser>(*m_view), {}, 1);
+    }
+    wxNotebook& Tabs() { return gui_test::Find<wxNotebook>(*m_view); }
+    /// A button or check box, by its label.
+    wxWindow& Labelled(const wxString& label)
+    {
+        wxWindow* found = wxWindow::FindWindowByLabel(label, m_view);
+        if (found == nullptr)
+            throw std::runtime_error("no control " + label.utf8_string());
+        return *found;
+    }
+    TvTextCtrl& FeedField(const wxString& name)
+    {
+        return gui_test::Find<TvTextCtrl>(gui_test::Find<FeedTab>(*m_view), name);
+    }
+    /// What is shown of the selected compound; empty while nothing is.
+    wxString CompoundDetail(const wxString& name)
+    {
+        const auto& text = gui_test::Find<wxStaticText>(*m_view, name);
+        return text.IsShown() ? text.GetLabel() : wxString();
+    }
+    /// Chooses an entry of a filter as the user does.
+    static void Choose(tvChoice& choice, const wxString& label)
+    {
+        ASSERT_TRUE(choice.SetStringSelection(label)) << label.utf8_string();
+        wxCommandEvent event(wxEVT_CHOICE, choice.GetId());
+        event.SetEventObject(&choice);
+        choice.ProcessWindowEvent(event);
+        Pump();
+    }
     const std::vector<FeedComposition::CompoundEntry>& Entries()
     {
         return m_controller->GetComposition().GetEntries();
@@ -86,8 +127,8 @@ protected:
     /// Searches for a compound by typing and gives its row, which is -1 when it was not found.
     long Find(const wxString& name)
     {
-        Focus(m_view->GetSearch());
-        m_view->GetSearch().SelectAll();
+        Focus(Search());
+        Search().SelectAll();
         Type(name);
         for (long row = 0; row < List().GetItemCount(); ++row) {
             if (List().GetItemText(row) == name)

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 // The blocks above the analysis of a feed water, and copying from one water to another.
-#include "projectbase/project/project_edit.h"
-#include "projectbase/project/range_faults.h"
 #include "gui_base/input/controls/tv_datepickerctrl.h"
 #include "gui_base/input/events.h"
 #include "gui_base/water/feedwater/comment_entry_dialog.h"
 #include "gui_base/water/feedwater/feed_water_panel.h"
 #include "gui_base/water/feedwater/water_clipboard.h"
 #include "projectbase/project/iex_project.h"
+#include "projectbase/project/project_edit.h"
+#include "projectbase/project/range_faults.h"
 #include "projectbase/units/unit_system_manager.h"
 #include "tests/support/gui_test.h"
 

@@ -79,13 +79,13 @@ TEST(FeedDetails, AreOneGroupForEachCompoundWithMeqAndWhatWasTyped)
     std::set<std::string> names;
     for (const DetailData& detail : *groups->front())
         names.insert(detail.GetName());
-    const std::set<std::string> expected{"feedcompound/category",  "feedcompound/ioniccharge",
-                                         "feedcompound/acid_base", "feedcompound/oxidationNrCommon",
-                                         "feedcompound/valency",   "feedcompound/pka",
-                                         "feedcompound/formula",   "feedcompound/name",
-                                         "feedcompound/conc.meql", "feedcompound/conc.effluent.meql",
+    const std::set<std::string> expected{"feedcompound/category",   "feedcompound/ioniccharge",
+                                         "feedcompound/acid_base",  "feedcompound/oxidationNrCommon",
+                                         "feedcompound/valency",    "feedcompound/pka",
+                                         "feedcompound/formula",    "feedcompound/name",
+                                         "feedcompound/conc.meql",  "feedcompound/conc.effluent.meql",
                                          "feedcompound/conc.typed", "feedcompound/conc.effluent.typed",
-                                         "feedcompound/conc.unit", "feedcompound/conc.effluent.unit"};
+                                         "feedcompound/conc.unit",  "feedcompound/conc.effluent.unit"};
     EXPECT_EQ(names, expected);
     ExpectSame(project.LoadFeedCompositionFromDetails(), Sample());
     EXPECT_TRUE(iex::IEXProject().LoadFeedCompositionFromDetails().GetEntries().empty());
@@ -139,7 +139,8 @@ TEST(FeedDetails, AreUndoneAndRedone)
     EXPECT_EQ(history.told, 4);
     for (std::size_t i = states.size() - 1; i-- > 0;) {
         ASSERT_TRUE(stack.Undo());
-        EXPECT_TRUE(history.last->Any([](const DetailAddress& address) { return address.key == "feedcompound"; }));
+        EXPECT_TRUE(
+            history.last->Any([](const DetailAddress& address) { return address.key == "feedcompound"; }));
         ExpectSame(project.LoadFeedCompositionFromDetails(), states[i]);
     }
     stack.RedoAll();

@@ -47,9 +47,9 @@ TEST_F(ProjectEdits, TheEndOfTheOutermostScopeCalculatesAndTellsOnce)
     const DetailOwner owner = m_project.GetLiquid(0).GetOwner();
     EXPECT_TRUE(m_history.last->Touches(owner));
     EXPECT_FALSE(m_history.last->Touches({})) << "nothing of the plant";
-    EXPECT_TRUE(m_history.last->Any(
-        [&](const DetailAddress& address) { return address == DetailAddress{owner, "liquid/tds"}; }))
-        << "what follows is told, too";
+    EXPECT_TRUE(m_history.last->Any([&](const DetailAddress& address) {
+        return address == DetailAddress{owner, "liquid/tds"};
+    })) << "what follows is told, too";
     EXPECT_EQ(m_history.last->GetName(), "salt");
 }
 
@@ -208,7 +208,8 @@ TEST_F(ProjectEdits, AMediumBringsItsDensityAndAnAdjustmentItsPh)
     }
     EXPECT_EQ(Plant("feed/density").GetDoubleValue(), 1.1);
     Plant("feed/adjust.ph").SetValue(true);
-    EXPECT_EQ(Plant("feed/ph").GetDoubleValue(), m_project.LoadFeedCompositionFromDetails().GetFeedTotals().pH);
+    EXPECT_EQ(Plant("feed/ph").GetDoubleValue(),
+              m_project.LoadFeedCompositionFromDetails().GetFeedTotals().pH);
     EXPECT_TRUE(std::isfinite(Plant("feed/ph").GetDoubleValue()));
 }
 

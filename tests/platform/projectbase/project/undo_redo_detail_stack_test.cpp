@@ -114,7 +114,8 @@ TEST_F(UndoRedo, StructureIsAStepLikeAnyOther)
     EXPECT_EQ(m_project.FindOwner(owner), nullptr);
 
     using List = std::vector<std::string>;
-    const std::vector<List> states{{first}, {first, "Second"}, {first, "Second"}, {first, "Well"}, {"Well", first}};
+    const std::vector<List> states{
+        {first}, {first, "Second"}, {first, "Second"}, {first, "Well"}, {"Well", first}};
     for (std::size_t i = states.size(); i-- > 0;) {
         ASSERT_TRUE(m_stack.Undo());
         EXPECT_EQ(Names(), states[i]) << i;

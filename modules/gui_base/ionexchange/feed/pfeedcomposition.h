@@ -4,8 +4,10 @@
 /// The view of the feed composition: the list of compounds to choose from, their concentrations in feed and
 /// effluent, the medium and the totals.
 ///
-/// It knows neither project nor databases: what the user does it tells by the events of feed_events.h, and
-/// what is to be seen it is given. Lists of pairs hold keys and source labels. GUI thread only.
+/// Its parts are the compound browser, the info box of the selected compound, the medium box, and a tab each
+/// for feed and effluent. It knows neither project nor databases: what the user does it tells by the events
+/// of feed_events.h, and what is to be seen it is given. Lists of pairs hold keys and source labels. GUI
+/// thread only.
 
 #include "gui_base/input/panel/tv_modulepanelbase.h"
 #include "gui_base/ionexchange/feed/compound_list.h"
@@ -18,23 +20,14 @@
 #include <utility>
 #include <vector>
 
-class EffluentCompositionGrid;
+class CompoundBrowser;
+class CompoundInfoBox;
+class EffluentTab;
 class FeedCompositionGrid;
-class FeedCompositionGridBase;
 class FeedMediumBox;
-class FeedTotalBox;
-class TvButton;
-class TvCheckBox;
+class FeedTab;
 class TvNotebook;
-class TvSearchControl;
-class TvStaticBoxSizer;
-class TvStaticText;
-class TvTextCtrl;
-class tvChoice;
 class wxBoxSizer;
-class wxSizer;
-class wxSizer;
-class wxStaticText;
 
 class GUI_BASE_EXPORT FeedCompositionPanel : public ModulePanelBase
 {
@@ -73,7 +66,6 @@ public:
     void UnSelectedCompound();
     /// Chooses an element of the filter, without an event; one that is not offered changes nothing.
     void SelectElement(const wxString& element);
-    void SelectCategory(const wxString& category);
     Data GetData() const;
     /// Source label and key of the chosen filter; key 0 stands for all.
     wxString GetSelectedElement() const;
@@ -104,21 +96,7 @@ public:
     void SetStatusBar(wxStatusBar* statusBar) override;
     bool FocusDetail(const DetailAddress& address) override;
 
-    CompoundList& GetCompoundList() const { return *m_list; }
-    FeedCompositionGrid& GetFeedGrid() const { return *m_feedGrid; }
-    EffluentCompositionGrid& GetEffluentGrid() const { return *m_effluentGrid; }
-    FeedMediumBox& GetMediumBox() const { return *m_medium; }
-    FeedTotalBox& GetFeedTotals() const { return *m_feedTotals; }
-    FeedTotalBox& GetEffluentTotals() const { return *m_effluentTotals; }
-    TvNotebook& GetTabs() const { return *m_tabs; }
-    TvSearchControl& GetSearch() const { return *m_search; }
-    tvChoice& GetElementChoice() const { return *m_element; }
-    tvChoice& GetCategoryChoice() const { return *m_category; }
-    TvButton& GetButton(wxEventType event) const;
-    TvCheckBox& GetAdjustPhBox() const { return *m_adjustPh; }
-    TvCheckBox& GetUseEffluentBox() const { return *m_useEffluent; }
-    TvTextCtrl& GetTotalPhField() const { return *m_totalPh; }
-    wxString GetDetailText(std::size_t row) const;
+    CompoundList& GetCompoundList() const;
 
 protected:
     long GetPanelProjectStatus() override { return 0; }
@@ -135,82 +113,30 @@ protected:
     void DoSendVisualizeMessageEvent() override {}
 
 private:
-    struct Button
-    {
-        wxEventType event;
-        TvButton* button;
-    };
-
     void CreateControls();
     void AddTopSizer();
     void AddStatBoxTop();
-    void AddFilterRow(wxWindow* box);
-    void AddCompoundList();
-    void AddButtonRow(wxWindow* box);
     void AddCompoundInfoBox();
     void AddMediumBox();
     void AddTableNotebook();
-    void AddFeedTabPanel();
-    void AddFeedGridCtrl(wxWindow* page);
-    void AddFeedTotalBox(wxWindow* page);
-    void AddEffluentTabPanel();
-    void AddEffluentGridCtrl(wxWindow* page);
-    void AddEffluentTotalBox(wxWindow* page);
-    void AddPhRow(wxWindow* box, wxSizer& sizer);
     void ArrangeTop();
-    void NameControls();
 
-    void Post(wxEventType type) { PostFeedEvent(FeedEvent(type)); }
+    /// To the controller alone, which has bound itself to this panel.
     void PostFeedEvent(FeedEvent event);
-    void PostCompoundAddedEvent(std::vector<int> compounds);
-    void PostCompoundSelectedEvent(int compound);
-    void PostCompoundEditEvent(int compound);
-    void PostCompoundDeleteEvent(std::vector<int> compounds);
-    void PostElementChoiceEvent() { Post(tvFEED_ELEMENT_CHOSEN); }
-    void PostCategoryChoiceEvent() { Post(tvFEED_CATEGORY_CHOSEN); }
-    void PostCompositionChangedEvent(wxEventType type, std::size_t row);
-    void BindGrid(FeedCompositionGridBase& grid, wxEventType edited);
-    void EnableEditAndDeleteCompoundButtons(bool edit, bool remove);
-    void UpdateTotalPhInputMode();
-
-    void OnCompoundAddedToComposition(wxListEvent& event);
-    void OnCompoundSelected();
-    void OnEditCompoundClick();
-    void OnDeleteCompoundClick();
-    void OnChoice(wxCommandEvent& event);
-    void OnAdjustPhChecked(wxCommandEvent& event);
-    void OnTotalPhEnter(wxCommandEvent& event);
-    void OnUseEffluentChecked(wxCommandEvent& event);
+    void Post(wxEventType type) { PostFeedEvent(FeedEvent(type)); }
+    void OnCompoundSelected(std::size_t selected);
     void OnFeedMediumChanged() { Post(tvFEED_MEDIUM_CHANGED); }
-    void OnListContextMenu(wxListEvent& event);
-    void OnListKey(wxListEvent& event);
 
     FeedComposition m_composition;  ///< what is shown
     bool m_closing = false;
-    double m_phValue = 0.0;  ///< behind the field of the total pH
 
     wxBoxSizer* m_outer = nullptr;
     wxBoxSizer* m_top = nullptr;
     wxBoxSizer* m_side = nullptr;
-    wxBoxSizer* m_phRow = nullptr;
-    TvStaticBoxSizer* m_selectionBox = nullptr;
-    tvChoice* m_element = nullptr;
-    tvChoice* m_category = nullptr;
-    TvSearchControl* m_search = nullptr;
-    CompoundList* m_list = nullptr;
-    std::vector<Button> m_buttons;
-    TvStaticText* m_noSelection = nullptr;
-    std::vector<std::pair<TvStaticText*, wxStaticText*>> m_details;
+    CompoundBrowser* m_browser = nullptr;
+    CompoundInfoBox* m_info = nullptr;
     FeedMediumBox* m_medium = nullptr;
     TvNotebook* m_tabs = nullptr;
-    FeedCompositionGrid* m_feedGrid = nullptr;
-    EffluentCompositionGrid* m_effluentGrid = nullptr;
-    TvCheckBox* m_adjustPh = nullptr;
-    TvTextCtrl* m_totalPh = nullptr;
-    TvStaticText* m_adjustmentLabel = nullptr;
-    TvTextCtrl* m_adjustment = nullptr;
-    TvCheckBox* m_useEffluent = nullptr;
-    FeedTotalBox* m_feedTotals = nullptr;
-    FeedTotalBox* m_effluentTotals = nullptr;
-    TvTextCtrl* m_effluentPh = nullptr;
+    FeedTab* m_feed = nullptr;
+    EffluentTab* m_effluent = nullptr;
 };

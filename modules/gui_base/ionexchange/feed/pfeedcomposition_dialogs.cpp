@@ -4,7 +4,7 @@
 #include "gui_base/dialogs/tv_multichoicedialog.h"
 #include "gui_base/ionexchange/feed/compound_editor_dialog.h"
 #include "gui_base/ionexchange/feed/compound_editor_panel.h"
-#include "gui_base/ionexchange/feed/feed_composition_panel.h"
+#include "gui_base/ionexchange/feed/pfeedcomposition.h"
 #include "gui_base/support/translation.h"
 
 #include <wx/filedlg.h>
