@@ -23,8 +23,11 @@ MENUS = ROOT / "app/frame/menu_table.cpp"
 
 PLACEHOLDER = re.compile(r"%(?:\d+\$)?[-+ #0]*\d*(?:\.\d+)?(?:l|ll|z)?[a-zA-Z%]|\{\w*\}")
 ACCELERATOR = re.compile(r"&(\w)")
-MENU_BUILDER = re.compile(r"^[^\s].*MainFrame::(Build\w*)\(\)\s*\{(.*?)^\}", re.MULTILINE | re.DOTALL)
-MENU_TEXT = re.compile(r'Tr\("([^"]*&[^"]*)"\)')
+# The rows of each menu, and the titles of the menu bar.
+MENU_ROWS = re.compile(r"^constexpr std::array (k\w+Menu)\{(.*?)^\};|^\s*static const std::array (menus)\{(.*?)^\s*\};",
+                       re.MULTILINE | re.DOTALL)
+MENU_TEXT = re.compile(r'wxTRANSLATE\("([^"]*&[^"]*)"\)')
+MENU_KEY = re.compile(r'"((?:Ctrl\+|Alt\+|Shift\+)+[^"]+|F\d+)"')
 
 
 def compiled(catalogue):
@@ -81,8 +84,12 @@ def faults_of_entry(source, text):
 
 
 def menu_clashes(code, translations):
-    """Accelerators that two entries of the same menu share."""
-    for builder, body in MENU_BUILDER.findall(code):
+    """Accelerators that two entries of the same menu share, and keys that two entries of any menu share."""
+    keys = MENU_KEY.findall(code)
+    for key in sorted({key for key in keys if keys.count(key) > 1}):
+        yield f"the key {key} stands for {keys.count(key)} entries"
+    for rows, body, bar, titles in MENU_ROWS.findall(code):
+        builder, body = rows or bar, body or titles
         taken = {}
         for source in MENU_TEXT.findall(body):
             text = translations.get(source, source)
@@ -121,7 +128,7 @@ SELF_TEST_HEADER = 'msgid ""\nmsgstr "Content-Type: text/plain; charset=UTF-8\\n
 
 
 def self_test():
-    menu = 'wxMenu* MainFrame::BuildX()\n{\n    Tr("&Open"); Tr("&Save");\n}\n'
+    menu = 'constexpr std::array kXMenu{\n    Row(wxTRANSLATE("&Open"), "Ctrl+O"), Row(wxTRANSLATE("&Save"), "Ctrl+S"),\n};\n'
     good = {"&Open": "Ö&ffnen", "&Save": "&Speichern", "%s of {path}": "{path} von %s", "Max: ": "Max.: ", "Na:": "Na:"}
     cases = [
         ("complete", good, {}, 0),

@@ -108,9 +108,18 @@ void ModuleBook::Follow()
         else
             std::rotate(m_hosts.begin() + static_cast<std::ptrdiff_t>(place), found, found + 1);
     }
-    if (m_notebook.GetSelection() == wxNOT_FOUND && !m_hosts.empty())
-        m_notebook.SetSelection(0);
+    if (m_notebook.GetSelection() == wxNOT_FOUND)
+        SelectFirst();
     Localize();
+}
+
+void ModuleBook::SelectFirst()
+{
+    // Work begins with a water.
+    const auto water = std::ranges::find_if(
+        m_hosts, [](const PageHost* host) { return host->GetModule().pageOf == OwnerKind::Water; });
+    if (water != m_hosts.end())
+        m_notebook.SetSelection(static_cast<std::size_t>(m_notebook.GetPageIndex(*water)));
 }
 
 wxString ModuleBook::NameOf(const PageHost& host) const

@@ -53,6 +53,7 @@ private:
 
     std::vector<Item> WantedItems() const;
     void AddPage(const Item& item, std::size_t place);
+    void SelectFirst();
     void FillTree();
     wxString NameOf(const PageHost& host) const;
     PageHost* Find(const std::string& module, DetailOwner owner) const;

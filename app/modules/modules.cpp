@@ -5,12 +5,13 @@
 
 namespace app {
 
+Module ProjectModule();
 Module WaterModule();
 Module FeedModule();
 
 std::span<const Module> Modules()
 {
-    static const std::array modules{WaterModule(), FeedModule()};
+    static const std::array modules{ProjectModule(), WaterModule(), FeedModule()};
     return modules;
 }
 

@@ -52,7 +52,7 @@ TEST_F(FeedModuleTest, EditsAreUndoneSavedAndReopened)
     m_frame->Redo();
     EXPECT_EQ(FirstCell(), "12.5");
     // An undo goes to the module that it concerns.
-    m_frame->GetNotebook().SetSelection(0);
+    WaterPage();
     m_frame->Undo();
     EXPECT_EQ(m_frame->GetBook().GetCurrent()->GetModule().id, "feed");
     m_frame->Redo();

@@ -219,7 +219,7 @@ TEST_F(MainFrameTest, TheArrangementOfThePagesOutlivesTheProgram)
         return std::make_unique<app::Document>(std::move(project));
     };
     m_frame->SetDocument(twoWaters());
-    m_frame->GetNotebook().Split(1, wxRIGHT);
+    m_frame->GetNotebook().Split(2, wxRIGHT);
     Pump();
     const wxString arranged = m_frame->GetNotebook().SavePerspective();
     m_frame->Close();
@@ -228,10 +228,10 @@ TEST_F(MainFrameTest, TheArrangementOfThePagesOutlivesTheProgram)
     m_frame->Show();
     Pump();
     EXPECT_EQ(m_frame->GetNotebook().SavePerspective().BeforeFirst('@'), arranged.BeforeFirst('@'));
-    EXPECT_EQ(m_frame->GetNotebook().GetPageCount(), 3u) << "two waters and the feed composition";
+    EXPECT_EQ(m_frame->GetNotebook().GetPageCount(), 4u) << "project, two waters and the feed composition";
     // A project with fewer pages takes what fits.
     m_frame->SetDocument(std::make_unique<app::Document>(app::NewEmptyProject()));
-    EXPECT_EQ(m_frame->GetNotebook().GetPageCount(), 2u);
+    EXPECT_EQ(m_frame->GetNotebook().GetPageCount(), 3u);
     EXPECT_TRUE(Messages().empty());
 }
 

@@ -223,7 +223,7 @@ TEST_F(WaterToolsTest, WatersAreAddedBlendedAndRemoved)
     EXPECT_NEAR(blended("liquid/na.mgl"), 8.15, 1e-9);
 
     // An edit of the first water shows in the blend at once, and is undone with it.
-    m_frame->GetNotebook().SetSelection(0);
+    WaterPage();
     Enter(*Panel().FindField("liquid/na.orig"), "100");
     Pump();
     EXPECT_NEAR(blended("liquid/na.mgl"), 50.0, 1e-9);
