@@ -45,6 +45,7 @@ void ModuleBook::Open(Project& project, TVHelpFileProvider* help, wxStatusBar* s
     m_help = help;
     m_statusBar = statusBar;
     Follow();
+    SelectFirst();
 }
 
 void ModuleBook::Close()
@@ -108,8 +109,6 @@ void ModuleBook::Follow()
         else
             std::rotate(m_hosts.begin() + static_cast<std::ptrdiff_t>(place), found, found + 1);
     }
-    if (m_notebook.GetSelection() == wxNOT_FOUND)
-        SelectFirst();
     Localize();
 }
 

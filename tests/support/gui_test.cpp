@@ -6,9 +6,11 @@
 #include "tncommon/data_dir.h"
 
 #include <wx/app.h>
+#include <wx/checkbox.h>
 #include <wx/evtloop.h>
 #include <wx/filedlg.h>
 #include <wx/panel.h>
+#include <wx/radiobut.h>
 #include <wx/stopwatch.h>
 #include <wx/textctrl.h>
 #include <wx/translation.h>
@@ -81,6 +83,13 @@ void Enter(wxTextCtrl& field, const wxString& asciiText)
         Type(asciiText);
     Press(WXK_TAB);
     EXPECT_TRUE(PumpUntil([&field] { return !field.HasFocus(); })) << field.GetName();
+}
+
+wxString detail::AccessibleName(const wxWindow& window)
+{
+    const bool isLabelled = dynamic_cast<const wxCheckBox*>(&window) != nullptr ||
+                            dynamic_cast<const wxRadioButton*>(&window) != nullptr;
+    return isLabelled ? wxControl::RemoveMnemonics(window.GetLabel()) : window.GetName();
 }
 
 bool ChooseFile(wxFileDialog& dialog, const std::filesystem::path& path)

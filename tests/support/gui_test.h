@@ -46,12 +46,15 @@ bool ChooseFile(wxFileDialog& dialog, const std::filesystem::path& path);
 
 namespace detail {
 
+/// A check box or a radio button is known by its label.
+wxString AccessibleName(const wxWindow& window);
+
 template <typename Control>
 Control* FindBelow(wxWindow& window, const wxString& name, int& index)
 {
     for (wxWindow* child : window.GetChildren()) {
         auto* control = dynamic_cast<Control*>(child);
-        const bool fits = control != nullptr && (name.empty() || child->GetName() == name);
+        const bool fits = control != nullptr && (name.empty() || AccessibleName(*child) == name);
         if (fits && index-- == 0)
             return control;
         if (Control* found = FindBelow<Control>(*child, name, index))

@@ -38,6 +38,12 @@ protected:
         Enter(Find<wxTextCtrl>(WaterPage(), name), text);
     }
 
+    static void Toggle(wxWindow& box)
+    {
+        Focus(box);
+        Press(WXK_SPACE);
+    }
+
     /// The texts of all fields in view, in the order of the windows.
     static void AddShown(const wxWindow& window, std::vector<wxString>& texts)
     {
@@ -63,15 +69,15 @@ TEST_F(OnePathTest, TheSameEditsGiveTheSameProject)
     ASSERT_TRUE(m_frame->Files().SaveTo(path));
     EnterField("liquid/na.orig", "20.5");
     EnterField("liquid/ph", "5.25");
-    Click(Find<TvCheckBox>(WaterPage(), "Include H+ and OH- in automatic balancing"));
+    Toggle(Find<TvCheckBox>(WaterPage(), "Include H+ and OH- in automatic balancing"));
     EnterField("liquid/mg.orig", "11");
     EnterNamed("Source flow rate [m\u00b3/h]", "12");
     EnterNamed("Running time [h]", "10");
     EnterNamed("Water volume [m\u00b3]", "60");
     Enter(Find<wxTextCtrl>(Find<OrganicsInputPanel>(WaterPage()), "Temperature [\u00b0C]"), "35");
     FeedPage();
-    Click(Find<TvCheckBox>(FeedPage(), "Adjust pH"));
-    Click(Find<TvRadioButton>(WaterPage(), "Short analysis based on TDS"));
+    Toggle(Find<TvCheckBox>(FeedPage(), "Adjust pH"));
+    Toggle(Find<TvRadioButton>(WaterPage(), "Short analysis based on TDS"));
     Pump();
 
     std::ostringstream out;
@@ -96,7 +102,7 @@ TEST_F(OnePathTest, NoModuleKeepsACopyOfTheProject)
 {
     Enter(Find<wxTextCtrl>(Find<OrganicsInputPanel>(WaterPage()), "Temperature [\u00b0C]"), "35");
     EXPECT_EQ(FeedPage().GetData().medium.temperature.In(TemperatureUnit::Celsius), 35.0);
-    Click(Find<TvCheckBox>(FeedPage(), "Adjust pH"));
+    Toggle(Find<TvCheckBox>(FeedPage(), "Adjust pH"));
     EXPECT_EQ(OpenProject().GetDetails().At("feed/medium.temp").GetDoubleValue(), 35.0);
     EXPECT_EQ(Find<wxTextCtrl>(Find<OrganicsInputPanel>(WaterPage()), "Temperature [\u00b0C]").GetValue(),
               "35");
