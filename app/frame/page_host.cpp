@@ -42,8 +42,9 @@ ModulePanelBase& PageHost::MakePage()
 
 void PageHost::FitPage()
 {
+    // A new panel stands in the middle of its parent, wherever that is.
     if (m_page.panel != nullptr)
-        m_page.panel->SetSize(GetClientSize());
+        m_page.panel->SetSize(wxRect(GetClientSize()));
 }
 
 }  // namespace app

@@ -212,8 +212,9 @@ void Tour::TakeModule(const Module& module, const ModuleLook& look)
         frame->View().SetUnitSystem(look.unitSystem);
     Save(*frame, "module_" + module.id + look.suffix);
     frame->GetDocument().SetUnsaved(false);
+    frame->View().SetLanguage(language);
+    frame->View().SetUnitSystem("iso");
     frame->Close(true);
-    SwitchLanguage(language);
     Settle();
 }
 

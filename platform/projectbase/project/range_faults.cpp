@@ -119,6 +119,23 @@ void MoveToTypedPlace(RangeFault& fault, const TypedPlace& place, const DetailLi
     fault.label = LabelOf(details, details.At(place.orig));
 }
 
+/// A value of an entry that was typed in a unit of its own stands in ".typed" and ".unit", and then the one
+/// in
+/// ".meql" only follows.
+struct EntryPlace
+{
+    const DetailData* typed = nullptr;
+    const DetailData* unit = nullptr;
+
+    EntryPlace(const DetailGroup& group, const std::string& key)
+    {
+        const std::string stem = key.substr(0, key.rfind('.'));
+        typed = FindDetail(group, stem + ".typed");
+        unit = FindDetail(group, stem + ".unit");
+    }
+    bool IsTyped() const { return typed != nullptr && !std::isnan(typed->GetDoubleValue()); }
+};
+
 /// The entries of lists that occur many times; the user calls each by its name.
 void AddGroupFaults(const Project& project, std::vector<RangeFault>& faults)
 {
@@ -130,6 +147,13 @@ void AddGroupFaults(const Project& project, std::vector<RangeFault>& faults)
                 auto fault = FaultOf(detail);
                 if (!fault)
                     continue;
+                const EntryPlace place(group, detail.GetName());
+                if (place.IsTyped() && place.typed != &detail)
+                    continue;
+                if (place.IsTyped() && place.unit != nullptr) {
+                    fault->unit = place.unit->GetStdStringValue();
+                    fault->isTypedUnit = true;
+                }
                 fault->address.entry = static_cast<int>(entry);
                 if (name != nullptr && !name->GetStringValue().empty())
                     fault->label = name->GetStdStringValue();

@@ -111,6 +111,20 @@ TEST(RangeFaults, KnowsTheEntriesOfTheFeed)
     ASSERT_EQ(faults.size(), 1u);
     EXPECT_EQ(faults[0].label, "second");
     EXPECT_EQ(faults[0].address, (DetailAddress{{}, "feedcompound/conc.meql", 1}));
+
+    // In the unit that was typed, also where equivalents cannot hold it.
+    feed.SetFeed(1, FeedComposition::Unit::MeqPerLitre, 1.0);
+    DBObjects::Compound urea;
+    urea.name = "urea";
+    urea.formula = "CH4N2O";
+    feed.Add(urea);
+    feed.SetFeed(2, FeedComposition::Unit::MgPerLitre, -60.0);
+    project.SaveFeedCompositionToDetails(feed);
+    const auto typed = RangeFaults(project);
+    ASSERT_EQ(typed.size(), 1u);
+    EXPECT_EQ(typed[0].label, "urea");
+    EXPECT_EQ(typed[0].value, -60.0);
+    EXPECT_EQ(typed[0].unit, "mg/l");
 }
 
 }  // namespace
