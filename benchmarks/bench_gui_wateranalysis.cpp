@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The water analysis panel beside the same work on the bare toolkit, and the start of the program.
 #include "app/language/language.h"
-#include "core/ion_units.h"
 #include "gui_base/input/controls/tv_textctrl.h"
 #include "gui_base/input/events.h"
 #include "gui_base/input/validation/validator.h"
@@ -11,8 +10,10 @@
 
 #include <benchmark/benchmark.h>
 #include <fmt/format.h>
+#include <wx/button.h>
 #include <wx/checkbox.h>
 #include <wx/choice.h>
+#include <wx/datectrl.h>
 #include <wx/filename.h>
 #include <wx/frame.h>
 #include <wx/radiobut.h>
@@ -72,18 +73,22 @@ struct BarePanel
 
     struct Counts
     {
-        int texts = 0, choices = 0, labels = 0, checks = 0, radios = 0, boxes = 0;
+        int texts = 0, labels = 0, checks = 0, radios = 0, boxes = 0, dates = 0, buttons = 0;
+        std::vector<wxArrayString> choices;  ///< the items of each
     };
 
     static void CountChildren(const wxWindow& window, Counts& counts)
     {
         for (const wxWindow* child : window.GetChildren()) {
             counts.texts += dynamic_cast<const wxTextCtrl*>(child) != nullptr;
-            counts.choices += dynamic_cast<const wxChoice*>(child) != nullptr;
+            if (const auto* choice = dynamic_cast<const wxChoice*>(child))
+                counts.choices.push_back(choice->GetStrings());
             counts.labels += dynamic_cast<const wxStaticText*>(child) != nullptr;
             counts.checks += dynamic_cast<const wxCheckBox*>(child) != nullptr;
             counts.radios += dynamic_cast<const wxRadioButton*>(child) != nullptr;
             counts.boxes += dynamic_cast<const wxStaticBox*>(child) != nullptr;
+            counts.dates += dynamic_cast<const wxDatePickerCtrl*>(child) != nullptr;
+            counts.buttons += dynamic_cast<const wxAnyButton*>(child) != nullptr;
             CountChildren(*child, counts);
         }
     }
@@ -109,14 +114,15 @@ struct BarePanel
             texts.push_back(text);
             sizer->Add(text);
         }
-        wxArrayString units;
-        for (std::string_view unit : ions::kIonUnits)
-            units.push_back(wxString::FromUTF8(unit.data(), unit.size()));
-        for (int i = 0; i < counts.choices; ++i) {
-            auto* choice = new wxChoice(panel, wxID_ANY, wxDefaultPosition, wxDefaultSize, units);
-            choice->SetSelection(1);
+        for (const wxArrayString& items : counts.choices) {
+            auto* choice = new wxChoice(panel, wxID_ANY, wxDefaultPosition, wxDefaultSize, items);
+            choice->SetSelection(0);
             sizer->Add(choice);
         }
+        for (int i = 0; i < counts.dates; ++i)
+            sizer->Add(new wxDatePickerCtrl(panel, wxID_ANY));
+        for (int i = 0; i < counts.buttons; ++i)
+            sizer->Add(new wxButton(panel, wxID_ANY, "Button"));
         for (int i = 0; i < counts.checks; ++i)
             sizer->Add(new wxCheckBox(panel, wxID_ANY, "check"));
         for (int i = 0; i < counts.radios; ++i)
@@ -164,8 +170,8 @@ void PanelCreation(benchmark::State& state)
     }
     state.counters["bare_ms"] = 1e3 * bare / static_cast<double>(state.iterations());
     state.counters["ratio"] = ours / bare;
-    state.counters["controls"] =
-        counts.texts + counts.choices + counts.labels + counts.checks + counts.radios;
+    state.counters["controls"] = counts.texts + static_cast<int>(counts.choices.size()) + counts.labels +
+                                 counts.checks + counts.radios;
 }
 BENCHMARK(PanelCreation)->UseManualTime()->Iterations(25)->Unit(benchmark::kMillisecond);
 
@@ -239,6 +245,7 @@ void PageCreation(benchmark::State& state)
     double ours = 0.0;
     double bare = 0.0;
     double made = 0.0;
+    double bareMade = 0.0;
     for (auto _ : state) {
         auto start = Clock::now();
         FeedWaterPanel* page = make();
@@ -249,6 +256,7 @@ void PageCreation(benchmark::State& state)
         wxYield();
         start = Clock::now();
         BarePanel plain(counts, window.frame);
+        bareMade += Seconds(start);
         show(*plain.panel);
         bare += Seconds(start);
         plain.panel->Destroy();
@@ -257,6 +265,7 @@ void PageCreation(benchmark::State& state)
         state.SetIterationTime(seconds);
     }
     state.counters["bare_ms"] = 1e3 * bare / static_cast<double>(state.iterations());
+    state.counters["bare_made_ms"] = 1e3 * bareMade / static_cast<double>(state.iterations());
     state.counters["made_ms"] = 1e3 * made / static_cast<double>(state.iterations());
     state.counters["ratio"] = ours / bare;
 }
