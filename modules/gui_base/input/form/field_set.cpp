@@ -269,7 +269,6 @@ tvUnitChoice* FieldSet::AddUnitChoice(wxWindow* parent, const std::string& key,
                                       const std::vector<wxString>& units, const wxString& label)
 {
     auto* choice = new tvUnitChoice(units, &m_details.At(key), parent, wxID_ANY);
-    m_unitChoices.push_back(choice);
     AddSelfRefreshing(choice);
     for (const auto& field : m_fields) {
         if (field->spec.unitKey == key)
@@ -428,14 +427,6 @@ TvTextCtrl* FieldSet::FindField(const DetailData& detail) const
     const auto found = std::find_if(m_fields.begin(), m_fields.end(),
                                     [&detail](const auto& field) { return field->detail == &detail; });
     return found == m_fields.end() ? nullptr : (*found)->control.get();
-}
-
-tvUnitChoice* FieldSet::FindUnitChoice(const std::string& key) const
-{
-    const auto found = std::find_if(m_unitChoices.begin(), m_unitChoices.end(), [&key](const auto* choice) {
-        return choice->GetDetail()->GetName() == key;
-    });
-    return found == m_unitChoices.end() ? nullptr : *found;
 }
 
 InputCombinationUnitChoice* FieldSet::FindUnitRow(const std::string& key) const

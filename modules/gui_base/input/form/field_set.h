@@ -132,7 +132,6 @@ public:
     /// The number or text field of a detail, or null.
     TvTextCtrl* FindField(const std::string& key) const;
     TvTextCtrl* FindField(const DetailData& detail) const;
-    tvUnitChoice* FindUnitChoice(const std::string& key) const;
     /// The row with a unit of choice of a detail, or null.
     InputCombinationUnitChoice* FindUnitRow(const std::string& key) const;
     /// The variable of a field with `isTemperature`; throws std::runtime_error when there is none.
@@ -166,7 +165,6 @@ private:
     wxString m_labelSuffix;
     int m_fieldWidth = 0;
     std::vector<std::shared_ptr<Field>> m_fields;
-    std::vector<tvUnitChoice*> m_unitChoices;
     std::vector<std::unique_ptr<InputCombinationUnitChoice>> m_unitRows;
     /// Controls that store and tell of an edit themselves.
     std::vector<Named> m_selfStoring;

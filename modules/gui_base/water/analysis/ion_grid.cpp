@@ -118,13 +118,32 @@ void IonGrid::AddTotal(wxWindow* parent, wxFlexGridSizer& grid, const TotalRow& 
     grid.AddSpacer(0);
 }
 
-IonGrid::Row* IonGrid::Find(const std::string& ion)
+const IonGrid::Row* IonGrid::FindNamed(const wxObject* nameField) const
 {
-    for (Row& row : m_rows) {
-        if (row.ion->key == ion)
+    for (const Row& row : m_rows) {
+        if (row.name != nullptr && row.name == nameField)
             return &row;
     }
     return nullptr;
+}
+
+void IonGrid::EnableRow(const Row& row, bool enable)
+{
+    if (row.name != nullptr) {
+        row.name->Enable(enable);
+        wxString name = row.name->GetValue();
+        enable = enable && !name.Trim().empty();
+    }
+    if (row.ion->kind == IonRowKind::Equivalent)
+        enable = enable && m_fields.Details().At("liquid/balance.ph").GetBoolValue();
+    row.typed->Enable(enable);
+    row.unit->Enable(enable);
+}
+
+void IonGrid::EnableRows(bool enable)
+{
+    for (const Row& row : m_rows)
+        EnableRow(row, enable);
 }
 
 int IonGrid::FocusedRow() const

@@ -46,12 +46,15 @@ public:
                     const std::vector<wxString>& labels, std::span<const TotalRow> totals,
                     wxWindow* headTool);
 
-    std::vector<Row>& Rows() { return m_rows; }
     const std::vector<Row>& Rows() const { return m_rows; }
-    /// The row of an ion, or null.
-    Row* Find(const std::string& ion);
+    /// The row of a name field, or null.
+    const Row* FindNamed(const wxObject* nameField) const;
     /// Index of the row that holds the focus, or -1.
     int FocusedRow() const;
+    /// Settles whether a row can be typed: an unnamed one cannot, and those of H+ and OH- only while they
+    /// take part in the balance.
+    void EnableRow(const Row& row, bool enable);
+    void EnableRows(bool enable);
 
 private:
     void AddHeads(wxWindow* parent, wxFlexGridSizer& grid, const wxString& title, wxWindow* headTool);

@@ -32,15 +32,6 @@ char LocaleDecimalSign()
     return NumericValidator::LocaleSeparators().decimal == "," ? ',' : '.';
 }
 
-const IonGrid& FocusedGrid(const WaterAnalysisPanel& panel)
-{
-    for (const auto& grid : panel.GetIonGrids()) {
-        if (grid->FocusedRow() >= 0)
-            return *grid;
-    }
-    return *panel.GetIonGrids().front();
-}
-
 bool HasNumbers(const std::vector<PasteLine>& lines)
 {
     return std::any_of(lines.begin(), lines.end(),
@@ -51,7 +42,7 @@ bool HasNumbers(const std::vector<PasteLine>& lines)
 
 std::vector<PasteLine> PairCells(const WaterAnalysisPanel& panel, const columntext::Column& column)
 {
-    const IonGrid& grid = FocusedGrid(panel);
+    const IonGrid& grid = panel.GetFocusedGrid();
     std::vector<PasteLine> lines;
     auto row = static_cast<std::size_t>(std::max(grid.FocusedRow(), 0));
     for (const columntext::Cell& cell : column.cells) {

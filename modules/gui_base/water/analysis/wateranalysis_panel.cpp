@@ -2,26 +2,20 @@
 #include "gui_base/water/analysis/wateranalysis_panel.h"
 
 #include "core/polarization.h"
-#include "gui_base/input/binding/transfer_detail.h"
-#include "gui_base/input/controls/tv_checkbox.h"
-#include "gui_base/input/controls/tv_radiobutton.h"
-#include "gui_base/input/validation/temperature_validator.h"
+#include "gui_base/input/form/form_grid.h"
 #include "gui_base/support/events.h"
 #include "gui_base/support/help_file_provider.h"
-#include "gui_base/support/translation.h"
+#include "gui_base/water/analysis/analysis_type_box.h"
 #include "gui_base/water/analysis/balance_panel.h"
+#include "gui_base/water/analysis/ions_box.h"
+#include "gui_base/water/analysis/others_box.h"
+#include "gui_base/water/analysis/summary_box.h"
+#include "gui_base/water/rows/unit_lists.h"
 #include "gui_base/water/tools/alkalization_dialog.h"
 #include "projectbase/project/project_edit.h"
 #include "projectbase/project/range_faults.h"
-#include "projectbase/settings/settings.h"
-#include "projectbase/units/unit_system_manager.h"
 #include "projectbase/water/blend.h"
-#include "projectbase/water/composition.h"
 #include "projectbase/water/normalization.h"
-
-#include <wx/bmpbuttn.h>
-#include <wx/collpane.h>
-#include <wx/log.h>
 
 #include <stdexcept>
 #include <utility>
@@ -31,14 +25,6 @@ namespace {
 /// Level of the calculation to which the waters of a project belong: everything else follows from them.
 constexpr long kWaterStatus = 1;
 
-constexpr const char* kTypeKey = "liquid/analysis.type";
-constexpr const char* kFull = "FULL";
-constexpr const char* kShortTds = "SHORT_TDS";
-constexpr const char* kShortCond = "SHORT_COND";
-
-constexpr double kMinCelsius = 0.0;
-constexpr double kMaxCelsius = 100.0;
-
 LiquidData& RequireLiquid(Project* project, std::size_t index)
 {
     if (project == nullptr)
@@ -46,48 +32,92 @@ LiquidData& RequireLiquid(Project* project, std::size_t index)
     return project->GetLiquid(index);
 }
 
+template <typename Rows>
+std::vector<wxString> Labels(const Rows& rows)
+{
+    std::vector<wxString> labels;
+    for (const auto& row : rows)
+        labels.push_back(wxString::FromUTF8(row.label));
+    return labels;
+}
+
 }  // namespace
 
 WaterAnalysisPanel::WaterAnalysisPanel(Project* project, std::size_t detailIndex, wxWindow* parent, int id,
                                        TVHelpFileProvider* help, const wxPoint& pos, const wxSize& size,
                                        long style)
-    : ModulePanelBase(project, parent, id, pos, size, style, "water analysis"),
-      m_liquid(RequireLiquid(project, detailIndex)),
-      m_help(help)
+    : FormPanel(project, *RequireLiquid(project, detailIndex).GetDetails(), parent, id, pos, size, style,
+                "water analysis"),
+      m_liquid(project->GetLiquid(detailIndex)),
+      m_help(help),
+      m_units{.ordinary = water_units::OfIons(), .equivalent = water_units::OfEquivalents()}
 {
-    BindPanelEvents();
+    // On the panel itself, which outlives a recreation of its controls.
+    Bind(wxEVT_SIZE, &WaterAnalysisPanel::OnSize, this);
     Create();
 }
 
-void WaterAnalysisPanel::DoCreateControls()
+void WaterAnalysisPanel::CreateControls()
 {
-    // Recreated controls start from an empty set of variables.
-    m_grids.clear();
-    m_fields = std::make_unique<FieldSet>(*m_liquid.GetDetails());
-    m_limitedTemperatureUnit.clear();
-    CreateControls();
-    for (const auto& holder : m_fields->Localizables())
-        AddLocalizable(holder);
-    for (DetailContainerWindow* window : m_fields->SelfRefreshing())
-        AddToDetailContainerWindows(window);
+    using namespace wateranalysis;
+    const wxSizerFlags spaced = wxSizerFlags().Border(wxALL, FromDIP(form::kGap));
+    auto* outer = new wxBoxSizer(wxVERTICAL);
+    auto* top = new wxBoxSizer(wxHORIZONTAL);
+    m_typeBox = new AnalysisTypeBox(this, GetFields());
+    top->Add(m_typeBox, spaced);
+    m_balance = new BalancePanel(this, GetFields());
+    top->Add(m_balance, wxSizerFlags(spaced).Expand());
+    outer->Add(top);
+
+    m_columns = new wxBoxSizer(wxHORIZONTAL);
+    m_ions = new IonsBox(this, GetFields(), m_units);
+    CreateCationGrid(wxTRANSLATE("Cations"), Labels(kCationRows));
+    CreateAnionGrid(wxTRANSLATE("Anions"), Labels(kAnionRows));
+    m_columns->Add(m_ions, wxSizerFlags(spaced).Top());
+    m_rightColumn = new wxBoxSizer(wxVERTICAL);
+    m_rightColumn->Add(CreateOthersPanel(), wxSizerFlags(spaced).Expand());
+    m_rightColumn->Add(CreateSummaryPanel(), wxSizerFlags(spaced).Expand());
+    m_columns->Add(m_rightColumn);
+    outer->Add(m_columns);
+    SetSizer(outer);
+}
+
+wxSizer* WaterAnalysisPanel::CreateCationGrid(const wxString& title, const std::vector<wxString>& labels)
+{
+    return m_ions->AddCations(title, labels);
+}
+
+wxSizer* WaterAnalysisPanel::CreateAnionGrid(const wxString& title, const std::vector<wxString>& labels)
+{
+    return m_ions->AddAnions(title, labels);
+}
+
+wxSizer* WaterAnalysisPanel::CreateOthersPanel()
+{
+    m_others = new wateranalysis::OthersBox(this, GetFields(), m_units.ordinary);
+    return m_others;
+}
+
+wxSizer* WaterAnalysisPanel::CreateSummaryPanel()
+{
+    return new wateranalysis::SummaryBox(this, GetFields());
 }
 
 void WaterAnalysisPanel::SetTransferInfo()
 {
-    m_fields->VisitBindings([this](const TransferDetail& binding) { AddTransfer(binding); });
+    FormPanel::DoSetTransferDetails();
 }
 
 void WaterAnalysisPanel::SetValidators(const std::string&)
 {
-    m_fields->SetValidators();
+    FormPanel::DoSetValidators();
 }
 
 void WaterAnalysisPanel::DoConnectTvTextCtrlsToStatusbar()
 {
-    const TvTextCtrl* const tds = FindField("liquid/tds.short");
-    const TvTextCtrl* const conductivity = FindField("liquid/cond.short");
-    for (TvTextCtrl* field : m_fields->GetNumbers()) {
-        if (field->IsEditable() && field != tds && field != conductivity)
+    // What a short analysis is based on has a handler of its own.
+    for (TvTextCtrl* field : GetFields().GetNumbers()) {
+        if (field->IsEditable() && field != &m_typeBox->GetTds() && field != &m_typeBox->GetConductivity())
             SetupInputControl(field);
         else
             ConnectControlToStatusBar(field);
@@ -97,7 +127,7 @@ void WaterAnalysisPanel::DoConnectTvTextCtrlsToStatusbar()
 void WaterAnalysisPanel::DoPrepare()
 {
     NormalizeLiquid();
-    DoLocalize();
+    FormPanel::DoPrepare();
 }
 
 long WaterAnalysisPanel::GetPanelProjectStatus()
@@ -105,91 +135,35 @@ long WaterAnalysisPanel::GetPanelProjectStatus()
     return kWaterStatus;
 }
 
-void WaterAnalysisPanel::DoResetPanelStatus() {}
-
-void WaterAnalysisPanel::DoUpdateUnits()
-{
-    m_fields->UpdateNames(GetCurrentDisplayUnitSystem());
-}
-
 void WaterAnalysisPanel::DoLocalize()
 {
-    m_furtherPane->SetLabel(i18n::Translated("Further properties"));
-    m_defaultUnit->SetToolTip(i18n::Translated("Set default unit (based on 'Na' unit)"));
-    m_fields->UpdateNames(GetCurrentDisplayUnitSystem());
+    m_ions->Localize();
+    m_others->Localize();
+    FormPanel::DoLocalize();
 }
 
 void WaterAnalysisPanel::DoUpdateValidators()
 {
     UpdateTempOrigCtrlValidatorLimits();
-    m_fields->ApplyUnitLimits();
+    GetFields().ApplyUnitLimits();
 }
 
 void WaterAnalysisPanel::UpdateTempOrigCtrlValidatorLimits()
 {
-    const std::string text = m_temperatureUnit->GetDetail()->GetStdStringValue();
-    auto* validator = dynamic_cast<TemperatureValidator*>(m_temperatureField->GetValidator());
-    if (text == m_limitedTemperatureUnit || validator == nullptr)
-        return;
-    m_limitedTemperatureUnit = text;
-    Temperature min(kMinCelsius, TemperatureUnit::Celsius);
-    Temperature max(kMaxCelsius, TemperatureUnit::Celsius);
-    Temperature& temperature = m_fields->TemperatureOf("liquid/temp.orig");
-    temperature.SetUnit(TemperatureUnit::Celsius);
-    try {
-        const auto unit = Temperature::UnitFromText(text);
-        if (!unit)
-            throw std::runtime_error("unknown temperature unit");
-        const DetailData& initial = Settings::GetSetting("temp.init");
-        if (initial.HasMinValue())
-            min.SetValue(initial.GetMinValue());
-        if (initial.HasMaxValue())
-            max.SetValue(initial.GetMaxValue());
-        temperature.SetUnit(*unit);
-    } catch (const std::exception&) {
+    if (!m_others->UpdateTemperatureLimits())
         GetProject()->GetLogger().Error(
             "Silent exception in  WaterAnalysisPanel::UpdateTempOrigCtrlValidatorLimits, set limits from "
-            "Celsius as "
-            "default.");
-    }
-    validator->SetLimits(min.ConvertedTo(temperature.GetUnit()), max.ConvertedTo(temperature.GetUnit()));
+            "Celsius as default.");
 }
 
 void WaterAnalysisPanel::DoTransferDetailsToWindows()
 {
-    ModulePanelBase::DoTransferDetailsToWindows();
-    if (!m_fields)
+    FormPanel::DoTransferDetailsToWindows();
+    if (m_others == nullptr)
         return;
     TellAlkalization();
     CheckAnalysisType();
-    ShowAlkalization();
-}
-
-void WaterAnalysisPanel::UpdateToolTips()
-{
-    const DetailList& details = *m_liquid.GetDetails();
-    const auto show = [this](const char* key, const wxString& text) {
-        TvTextCtrl* field = FindField(key);
-        if (field->GetToolTipText() != text)
-            field->SetToolTip(text);
-    };
-    const auto number = [](double value) {
-        return wxString::FromUTF8(
-            numbertext::Format(value, {.precision = 4}, NumericValidator::LocaleSeparators()));
-    };
-    const double residue = water::DryResidue(details.At("liquid/tds").GetDoubleValue(),
-                                             details.At("liquid/hco3.mgl").GetDoubleValue());
-    show("liquid/tds",
-         wxString::Format(i18n::Translated("Sum of all constituents; dry residue at 180 %s: %s mg/l"),
-                          wxString::FromUTF8("\u00b0C"), number(residue)));
-    const double error =
-        water::ElectroneutralityError({.cations = details.At("liquid/sum.c.meql").GetDoubleValue(),
-                                       .anions = details.At("liquid/sum.a.meql").GetDoubleValue()});
-    const wxString balance = wxString::Format(
-        i18n::Translated("Balance error: %s %%, the difference of both sums in percent of their total"),
-        number(error));
-    show("liquid/sum.c.meql", balance);
-    show("liquid/sum.a.meql", balance);
+    m_others->ShowAlkalization(m_liquid, GetCurrentDisplayUnitSystem());
 }
 
 bool WaterAnalysisPanel::DoConcerns(const ProjectChanges& changes)
@@ -215,7 +189,7 @@ void WaterAnalysisPanel::DoSendVisualizeMessageEvent()
 void WaterAnalysisPanel::NormalizeIon(const wxString& ion, bool checkName)
 {
     try {
-        GetProject()->NormalizeIon(GetLiquidIndex(), ion.utf8_string(), checkName);
+        GetProject()->NormalizeIon(m_liquid.GetPosition(), ion.utf8_string(), checkName);
     } catch (const std::exception& error) {
         GetProject()->GetLogger().Error(std::string("Exception in  WaterAnalysisPanel::NormalizeIon: ") +
                                         error.what());
@@ -225,13 +199,13 @@ void WaterAnalysisPanel::NormalizeIon(const wxString& ion, bool checkName)
 
 void WaterAnalysisPanel::NormalizeLiquid()
 {
-    GetProject()->CalculateLiquid(GetLiquidIndex());
+    GetProject()->CalculateLiquid(m_liquid.GetPosition());
     TellAlkalization();
 }
 
 void WaterAnalysisPanel::CalculateAlkalization()
 {
-    GetProject()->CalculateAlkalization(GetLiquidIndex());
+    GetProject()->CalculateAlkalization(m_liquid.GetPosition());
     TellAlkalization();
 }
 
@@ -242,32 +216,6 @@ void WaterAnalysisPanel::TellAlkalization()
     if (std::exchange(m_toldAlkalization, result) != result && !reason.empty())
         GetProject()->GetLogger().Warning(
             (wxString(wxTRANSLATE("Alkalization")) + ": " + reason).utf8_string());
-}
-
-void WaterAnalysisPanel::ShowAlkalization()
-{
-    const DetailList& details = *m_liquid.GetDetails();
-    const std::string agent = details.At("liquid/alk.type").GetStdStringValue();
-    wxString text = i18n::Translated(alkalization::Explain(m_liquid.GetAlkalization()));
-    if (m_liquid.GetAlkalization() == water::AlkalizationResult::Done) {
-        const auto number = [](double value, int decimals) {
-            return wxString::FromUTF8(
-                numbertext::Format(value, {.format = TvTextCtrlFormat::Fixed, .precision = decimals},
-                                   NumericValidator::LocaleSeparators()));
-        };
-        const std::string unitSystem = GetCurrentDisplayUnitSystem();
-        const double dose =
-            UnitSystemManager::FromISO("mg/l", unitSystem, details.At("liquid/alk.dosed").GetDoubleValue());
-        text = wxString::Format(i18n::Translated("%s: %s %s, pH %s"),
-                                i18n::Translated(wxString::FromUTF8(water::AlkalizingAgentName(agent))),
-                                number(dose, 2),
-                                wxString::FromUTF8(UnitSystemManager::GetUnit("mg/l", unitSystem, true)),
-                                number(details.At("liquid/alk.ph").GetDoubleValue(), 2));
-    }
-    if (m_alkalization->GetLabelText() == text)
-        return;
-    m_alkalization->SetLabelText(text);
-    m_alkalization->GetContainingSizer()->Layout();
 }
 
 double WaterAnalysisPanel::ReversePolarizationEffect(double conductivity)
@@ -291,17 +239,17 @@ void WaterAnalysisPanel::InitializeExtended()
     water::ResetHydrogenAndHydroxide(*m_liquid.GetDetails());
 }
 
-WaterAnalysisPanel::AnalysisType WaterAnalysisPanel::GetAnalysisType() const
+bool WaterAnalysisPanel::IsFull() const
 {
-    const wxString type = m_liquid.GetDetails()->At(kTypeKey).GetStringValue();
-    if (type == kShortTds)
-        return AnalysisType::ShortTds;
-    return type == kShortCond ? AnalysisType::ShortConductivity : AnalysisType::Full;
+    const DetailList& liquid = *m_liquid.GetDetails();
+    // What is mixed of other waters is typed there.
+    return wateranalysis::GetAnalysisType(liquid) == wateranalysis::AnalysisType::Full &&
+           !water::IsBlend(liquid);
 }
 
-void WaterAnalysisPanel::SetAnalysisType(const char* type)
+void WaterAnalysisPanel::StoreType(wateranalysis::AnalysisType type)
 {
-    m_liquid.GetDetails()->At(kTypeKey).SetValue(type);
+    wateranalysis::SetAnalysisType(*m_liquid.GetDetails(), type);
     UpdateAndSignal();
 }
 
@@ -313,80 +261,44 @@ void WaterAnalysisPanel::UpdateAndSignal()
 
 void WaterAnalysisPanel::ShortAnalysisTDS()
 {
-    SetAnalysisType(kShortTds);
+    StoreType(wateranalysis::AnalysisType::ShortTds);
 }
 
 void WaterAnalysisPanel::ShortAnalysisCond()
 {
-    SetAnalysisType(kShortCond);
+    StoreType(wateranalysis::AnalysisType::ShortConductivity);
 }
 
 void WaterAnalysisPanel::CheckAnalysisType()
 {
-    const AnalysisType type = GetAnalysisType();
-    TvRadioButton* const button = type == AnalysisType::Full       ? m_full
-                                  : type == AnalysisType::ShortTds ? m_shortTds
-                                                                   : m_shortCond;
-    if (!button->GetValue())
-        button->SetValue(true);
+    const wateranalysis::AnalysisType type = wateranalysis::GetAnalysisType(*m_liquid.GetDetails());
+    m_typeBox->ShowType(type);
     EnableInputFields();
-    EnableDefaultUnitButton(type == AnalysisType::Full);
+    EnableDefaultUnitButton(type == wateranalysis::AnalysisType::Full);
 }
 
 void WaterAnalysisPanel::EnableInputFields()
 {
-    const AnalysisType type = GetAnalysisType();
-    // What is mixed of other waters is typed there.
-    const bool isBlend = water::IsBlend(*m_liquid.GetDetails());
-    const bool full = type == AnalysisType::Full && !isBlend;
     // Blends ask for every ion of the waters that they are made of.
     DisableShortAnalysis(GetProject()->GetDetails().At("arrangement/calculate.blend").GetBoolValue());
-    FindField("liquid/tds.short")->Enable(type == AnalysisType::ShortTds);
-    FindField("liquid/cond.short")->Enable(type == AnalysisType::ShortConductivity);
-    for (const auto& grid : m_grids) {
-        for (wateranalysis::IonGrid::Row& row : grid->Rows())
-            EnableRow(row, full);
-    }
-    const bool typedCo2 = !isBlend && !m_liquid.GetDetails()->At("liquid/calculate.co2").GetBoolValue();
-    m_temperatureField->Enable(!isBlend);
-    m_temperatureUnit->Enable(!isBlend);
-    FindField("liquid/co2.orig")->Enable(typedCo2);
-    m_co2Unit->Enable(typedCo2);
-    m_balance->Enable(full);
-}
-
-void WaterAnalysisPanel::EnableRow(wateranalysis::IonGrid::Row& row, bool enable)
-{
-    if (row.name != nullptr) {
-        row.name->Enable(enable);
-        wxString name = row.name->GetValue();
-        enable = enable && !name.Trim().empty();
-    }
-    if (row.ion->kind == wateranalysis::IonRowKind::Equivalent)
-        enable = enable && m_liquid.GetDetails()->At("liquid/balance.ph").GetBoolValue();
-    row.typed->Enable(enable);
-    row.unit->Enable(enable);
+    m_ions->EnableRows(IsFull());
+    m_others->EnableInputs(!water::IsBlend(*m_liquid.GetDetails()));
+    m_balance->Enable(IsFull());
 }
 
 void WaterAnalysisPanel::DisableShortAnalysis(bool disable)
 {
-    m_shortTds->Enable(!disable);
-    m_shortCond->Enable(!disable);
+    m_typeBox->EnableShortTypes(!disable);
 }
 
 void WaterAnalysisPanel::EnableDefaultUnitButton(bool enable)
 {
-    m_defaultUnit->Enable(enable);
+    m_ions->GetDefaultUnitButton().Enable(enable);
 }
 
-TvTextCtrl* WaterAnalysisPanel::FindField(const std::string& key) const
+const wateranalysis::IonGrid& WaterAnalysisPanel::GetFocusedGrid() const
 {
-    return m_fields->FindField(key);
-}
-
-tvUnitChoice* WaterAnalysisPanel::FindUnitChoice(const std::string& key) const
-{
-    return m_fields->FindUnitChoice(key);
+    return m_ions->GetFocusedGrid();
 }
 
 void WaterAnalysisPanel::StoreTypedValues(const std::vector<std::pair<std::string, double>>& values)

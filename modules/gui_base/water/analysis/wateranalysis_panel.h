@@ -4,16 +4,15 @@
 /// The input panel of one water analysis: cations and anions typed in the laboratory's units with their
 /// values in meq/l and mg/l, the other properties of the water, and a summary of what follows from them.
 ///
-/// The panel only shows and stores: the chemistry is the project's normalisation. Typed values stay in the
-/// unit that was chosen for them; whatever is not known is shown empty. Built once per water; the project and
-/// the help provider are not owned and outlive the panel.
+/// The panel is a frame around its boxes, each of which knows its own controls; it stores what was committed
+/// in them, lets the project calculate and tells the host. Typed values stay in the unit that was chosen for
+/// them; whatever is not known is shown empty. Built once per water; the project and the help provider are
+/// not owned and outlive the panel.
 
 #include "gui_base/gui_base_export.h"
-#include "gui_base/input/form/field_set.h"
-#include "gui_base/input/panel/tv_modulepanelbase.h"
+#include "gui_base/input/form/form_panel.h"
 #include "gui_base/water/analysis/ion_grid.h"
 
-#include <memory>
 #include <optional>
 #include <string>
 #include <utility>
@@ -21,15 +20,16 @@
 
 class BalancePanel;
 class TVHelpFileProvider;
-class TvButton;
-class TvCheckBox;
-class TvRadioButton;
-class wxBitmapButton;
-class wxCollapsiblePane;
 class wxCollapsiblePaneEvent;
-class wxStaticText;
 
-class GUI_BASE_EXPORT WaterAnalysisPanel : public ModulePanelBase
+namespace wateranalysis {
+enum class AnalysisType;
+class AnalysisTypeBox;
+class IonsBox;
+class OthersBox;
+}  // namespace wateranalysis
+
+class GUI_BASE_EXPORT WaterAnalysisPanel : public FormPanel
 {
 public:
     /// `detailIndex` is the index of the water in the project. `help` may be null.
@@ -62,22 +62,19 @@ public:
     /// Opens the page of this module in the user guide.
     void ShowHelp() const;
     LiquidData& GetLiquid() const { return m_liquid; }
-    const std::vector<std::unique_ptr<wateranalysis::IonGrid>>& GetIonGrids() const { return m_grids; }
-    BalancePanel* GetBalancePanel() const { return m_balance; }
-    /// The typed value of an ion's row, or of a property, by its detail key; null when the panel has none.
-    TvTextCtrl* FindField(const std::string& key) const;
-    tvUnitChoice* FindUnitChoice(const std::string& key) const;
+    /// The grid of ions that holds the focus, otherwise that of the cations.
+    const wateranalysis::IonGrid& GetFocusedGrid() const;
+    /// The number or text field of a detail, or null.
+    TvTextCtrl* FindField(const std::string& key) const { return GetFields().FindField(key); }
 
 protected:
     long GetPanelProjectStatus() override;
-    void DoResetPanelStatus() override;
     void DoResetMessages() override { m_sentViolations.reset(); }
-    void DoCreateControls() override;
+    void DoCreateForm() override { CreateControls(); }
     void DoSetTransferDetails() override { SetTransferInfo(); }
     void DoSetValidators() override { SetValidators(GetCurrentDisplayUnitSystem()); }
     void DoBindEvents() override;
     void DoPrepare() override;
-    void DoUpdateUnits() override;
     void DoLocalize() override;
     void DoUpdateValues() override { NormalizeLiquid(); }
     void DoUpdateValidators() override;
@@ -90,52 +87,24 @@ protected:
     virtual void SetValidators(const std::string& unitSystem);
 
 private:
-    enum class AnalysisType
-    {
-        Full,
-        ShortTds,
-        ShortConductivity
-    };
-
     void CreateControls();
-    wxSizer* CreateAnalysisTypeBox();
-    wxSizer* CreateIonsBox();
-    wxSizer* CreateCationGrid(wxWindow* parent, const wxString& title, const std::vector<wxString>& labels);
-    wxSizer* CreateAnionGrid(wxWindow* parent, const wxString& title, const std::vector<wxString>& labels);
+    wxSizer* CreateCationGrid(const wxString& title, const std::vector<wxString>& labels);
+    wxSizer* CreateAnionGrid(const wxString& title, const std::vector<wxString>& labels);
     wxSizer* CreateOthersPanel();
-    void CreateTemperatureRow(wxWindow* parent, wxSizer& grid);
-    void CreateCo2Rows(wxWindow* parent, wxSizer& grid);
-    void CreateFurtherPropertiesPane(wxWindow* parent, wxSizer& box);
     wxSizer* CreateSummaryPanel();
-    void FillLists();
 
-    AnalysisType GetAnalysisType() const;
-    void SetAnalysisType(const char* type);
+    void StoreType(wateranalysis::AnalysisType type);
     void ShortAnalysisTDS();
     void ShortAnalysisCond();
     void EnableInputFields();
     void DisableShortAnalysis(bool disable);
     void EnableDefaultUnitButton(bool enable);
-    wateranalysis::IonGrid::Row* FindNamedRow(const wxObject* nameField);
-    void EnableRow(wateranalysis::IonGrid::Row& row, bool enable);
     void UpdateTempOrigCtrlValidatorLimits();
-    /// The dry residue and the balance error stand in the tooltips of the values that they belong to.
-    void UpdateToolTips();
     /// Warns once of an alkalization that could not be calculated.
     void TellAlkalization();
-    /// The present place of the water: others may come and go before it.
-    std::size_t GetLiquidIndex() const { return m_liquid.GetPosition(); }
-    /// Says beside the button what the water is alkalised with, or why it is not.
-    void ShowAlkalization();
-    void ArrangeColumns();
     void UpdateAndSignal();
-    /// Shows, recalculates and tells what a dialog changed in the water.
-    void TakeOverFromDialog(bool changed);
+    bool IsFull() const;
 
-    /// Bindings on the panel itself, which outlive a recreation of its controls.
-    void BindPanelEvents();
-
-    void OnCheckBoxClicked(wxCommandEvent& event);
     void OnAnalysisFullSelected(wxCommandEvent& event);
     void OnAnalysisShortTdsSelected(wxCommandEvent& event);
     void OnAnalysisShortCondSelected(wxCommandEvent& event);
@@ -159,26 +128,15 @@ private:
 
     LiquidData& m_liquid;
     TVHelpFileProvider* m_help;
-    std::unique_ptr<FieldSet> m_fields;
-    wateranalysis::IonGrid::UnitLists m_units;
-    std::vector<std::unique_ptr<wateranalysis::IonGrid>> m_grids;
-    TvTextCtrl* m_temperatureField = nullptr;
-    tvUnitChoice* m_temperatureUnit = nullptr;
-    tvUnitChoice* m_co2Unit = nullptr;
-    TvRadioButton* m_full = nullptr;
-    TvRadioButton* m_shortTds = nullptr;
-    TvRadioButton* m_shortCond = nullptr;
+    /// The choices of units, built once.
+    const wateranalysis::IonGrid::UnitLists m_units;
+    /// The boxes belong to the layout.
+    wateranalysis::AnalysisTypeBox* m_typeBox = nullptr;
     BalancePanel* m_balance = nullptr;
-    TvButton* m_alkalize = nullptr;
-    TvButton* m_co2Calculator = nullptr;
-    wxStaticText* m_alkalization = nullptr;
-    TvCheckBox* m_calculateCo2 = nullptr;
-    wxBitmapButton* m_defaultUnit = nullptr;
-    wxCollapsiblePane* m_furtherPane = nullptr;
+    wateranalysis::IonsBox* m_ions = nullptr;
+    wateranalysis::OthersBox* m_others = nullptr;
     wxBoxSizer* m_columns = nullptr;
     wxBoxSizer* m_rightColumn = nullptr;
-    /// Unit for which the limits of the temperature were set last.
-    std::string m_limitedTemperatureUnit;
     /// What the user was told last about the alkalization.
     water::AlkalizationResult m_toldAlkalization = water::AlkalizationResult::None;
     /// Keys of the details out of range that the host was told last.

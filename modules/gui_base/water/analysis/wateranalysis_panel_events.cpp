@@ -4,76 +4,57 @@
 #include "gui_base/input/controls/tv_checkbox.h"
 #include "gui_base/input/controls/tv_radiobutton.h"
 #include "gui_base/support/translation.h"
+#include "gui_base/water/analysis/analysis_type_box.h"
 #include "gui_base/water/analysis/balance_panel.h"
+#include "gui_base/water/analysis/ions_box.h"
+#include "gui_base/water/analysis/others_box.h"
 #include "gui_base/water/analysis/wateranalysis_panel.h"
 #include "gui_base/water/tools/alkalization_dialog.h"
 #include "gui_base/water/tools/co2_calculator_dialog.h"
 #include "projectbase/project/project_edit.h"
-#include "projectbase/water/blend.h"
-#include "projectbase/water/normalization.h"
 
-#include <wx/bmpbuttn.h>
-#include <wx/collpane.h>
-#include <wx/sizer.h>
+#include <wx/statbox.h>
 
 #include <algorithm>
 
+using wateranalysis::AnalysisType;
+
 void WaterAnalysisPanel::DoBindEvents()
 {
-    m_full->Bind(wxEVT_RADIOBUTTON, &WaterAnalysisPanel::OnAnalysisFullSelected, this);
-    m_shortTds->Bind(wxEVT_RADIOBUTTON, &WaterAnalysisPanel::OnAnalysisShortTdsSelected, this);
-    m_shortCond->Bind(wxEVT_RADIOBUTTON, &WaterAnalysisPanel::OnAnalysisShortCondSelected, this);
-    FindField("liquid/tds.short")->Bind(wxEVT_TEXT_ENTER, &WaterAnalysisPanel::OnShortTDSChanged, this);
-    FindField("liquid/cond.short")->Bind(wxEVT_TEXT_ENTER, &WaterAnalysisPanel::OnShortCondChanged, this);
-    m_alkalize->Bind(wxEVT_BUTTON, &WaterAnalysisPanel::OnAlkalizationClick, this);
-    m_co2Calculator->Bind(wxEVT_BUTTON, &WaterAnalysisPanel::OnCO2CalculatorClick, this);
-    m_defaultUnit->Bind(wxEVT_BUTTON, &WaterAnalysisPanel::OnDefaultUnitClicked, this);
-    m_furtherPane->Bind(wxEVT_COLLAPSIBLEPANE_CHANGED, &WaterAnalysisPanel::OnCollPaneChanged, this);
-    for (const auto& grid : m_grids) {
+    using Panel = WaterAnalysisPanel;
+    const auto type = [this](AnalysisType which) -> wxWindow& { return m_typeBox->GetButton(which); };
+    type(AnalysisType::Full).Bind(wxEVT_RADIOBUTTON, &Panel::OnAnalysisFullSelected, this);
+    type(AnalysisType::ShortTds).Bind(wxEVT_RADIOBUTTON, &Panel::OnAnalysisShortTdsSelected, this);
+    type(AnalysisType::ShortConductivity).Bind(wxEVT_RADIOBUTTON, &Panel::OnAnalysisShortCondSelected, this);
+    m_typeBox->GetTds().Bind(wxEVT_TEXT_ENTER, &Panel::OnShortTDSChanged, this);
+    m_typeBox->GetConductivity().Bind(wxEVT_TEXT_ENTER, &Panel::OnShortCondChanged, this);
+    // The check boxes store their state first and let the click climb.
+    m_balance->Bind(wxEVT_CHECKBOX, &Panel::OnBalanceAutoClick, this, m_balance->GetAutoCheckBox()->GetId());
+    m_balance->Bind(wxEVT_CHECKBOX, &Panel::OnBalancePHClick, this, m_balance->GetPhCheckBox()->GetId());
+    m_others->GetStaticBox()->Bind(wxEVT_CHECKBOX, &Panel::OnCalculateCO2Click, this);
+    m_others->GetAlkalizeButton().Bind(wxEVT_BUTTON, &Panel::OnAlkalizationClick, this);
+    m_others->GetCo2CalculatorButton().Bind(wxEVT_BUTTON, &Panel::OnCO2CalculatorClick, this);
+    m_others->GetFurtherProperties().Bind(wxEVT_COLLAPSIBLEPANE_CHANGED, &Panel::OnCollPaneChanged, this);
+    m_others->GetCo2Unit().Bind(tvCHANGE_EVENT, &Panel::OnUnitChanged, this);
+    m_others->GetTemperatureUnit().Bind(tvCHANGE_EVENT, &Panel::OnTemparatureUnitChanged, this);
+    m_others->GetPh().Bind(wxEVT_UPDATE_UI, &Panel::OnPhUpdate, this);
+    m_ions->GetDefaultUnitButton().Bind(wxEVT_BUTTON, &Panel::OnDefaultUnitClicked, this);
+    for (const auto& grid : m_ions->GetGrids()) {
         for (const wateranalysis::IonGrid::Row& row : grid->Rows()) {
-            row.unit->Bind(tvCHANGE_EVENT, &WaterAnalysisPanel::OnUnitChanged, this);
+            row.unit->Bind(tvCHANGE_EVENT, &Panel::OnUnitChanged, this);
             if (row.name == nullptr)
                 continue;
-            row.name->Bind(wxEVT_TEXT, &WaterAnalysisPanel::OnNameChange, this);
-            row.name->Bind(wxEVT_TEXT_ENTER, &WaterAnalysisPanel::OnNameUpdate, this);
+            row.name->Bind(wxEVT_TEXT, &Panel::OnNameChange, this);
+            row.name->Bind(wxEVT_TEXT_ENTER, &Panel::OnNameUpdate, this);
         }
     }
-    m_co2Unit->Bind(tvCHANGE_EVENT, &WaterAnalysisPanel::OnUnitChanged, this);
-    m_temperatureUnit->Bind(tvCHANGE_EVENT, &WaterAnalysisPanel::OnTemparatureUnitChanged, this);
-    // Tooltips cost the toolkit more than a calculation: they are made when somebody is about to read them.
-    for (const char* key : {"liquid/tds", "liquid/sum.c.meql", "liquid/sum.a.meql"})
-        FindField(key)->Bind(wxEVT_ENTER_WINDOW, [this](wxMouseEvent& event) {
-            UpdateToolTips();
-            event.Skip();
-        });
-    FindField("liquid/h.plus.orig")->Bind(wxEVT_UPDATE_UI, &WaterAnalysisPanel::OnHPlusUpdate, this);
-    FindField("liquid/oh.minus.orig")->Bind(wxEVT_UPDATE_UI, &WaterAnalysisPanel::OnOhMinusUpdate, this);
-    FindField("liquid/ph")->Bind(wxEVT_UPDATE_UI, &WaterAnalysisPanel::OnPhUpdate, this);
-}
-
-void WaterAnalysisPanel::BindPanelEvents()
-{
-    // The boxes store their state first and let the click climb.
-    Bind(wxEVT_CHECKBOX, &WaterAnalysisPanel::OnCheckBoxClicked, this);
-    Bind(wxEVT_SIZE, &WaterAnalysisPanel::OnSize, this);
-}
-
-void WaterAnalysisPanel::OnCheckBoxClicked(wxCommandEvent& event)
-{
-    const wxObject* box = event.GetEventObject();
-    if (box == m_balance->GetAutoCheckBox())
-        OnBalanceAutoClick(event);
-    else if (box == m_balance->GetPhCheckBox())
-        OnBalancePHClick(event);
-    else if (box == m_calculateCo2)
-        OnCalculateCO2Click(event);
-    else
-        event.Skip();
+    FindField("liquid/h.plus.orig")->Bind(wxEVT_UPDATE_UI, &Panel::OnHPlusUpdate, this);
+    FindField("liquid/oh.minus.orig")->Bind(wxEVT_UPDATE_UI, &Panel::OnOhMinusUpdate, this);
 }
 
 void WaterAnalysisPanel::OnAnalysisFullSelected(wxCommandEvent&)
 {
-    SetAnalysisType("FULL");
+    StoreType(AnalysisType::Full);
 }
 
 void WaterAnalysisPanel::OnAnalysisShortTdsSelected(wxCommandEvent&)
@@ -111,11 +92,13 @@ void WaterAnalysisPanel::OnAlkalizationClick(wxCommandEvent&)
     bool accepted = false;
     {
         const ProjectEdit edit(*GetProject(), wxTRANSLATE("alkalization"));
-        AlkalizationDialog dialog(GetProject(), static_cast<int>(GetLiquidIndex()),
+        AlkalizationDialog dialog(GetProject(), static_cast<int>(m_liquid.GetPosition()),
                                   wxGetTopLevelParent(this));
         accepted = dialog.ShowModal() == wxID_OK;
     }
-    TakeOverFromDialog(accepted);
+    UpdateAnalysis();
+    if (accepted)
+        SignalChanges();
 }
 
 void WaterAnalysisPanel::OnCO2CalculatorClick(wxCommandEvent&)
@@ -124,17 +107,12 @@ void WaterAnalysisPanel::OnCO2CalculatorClick(wxCommandEvent&)
     bool accepted = false;
     {
         const ProjectEdit edit(*GetProject(), wxTRANSLATE("CO2 Calculator"));
-        tvCO2CalculatorDialog dialog(GetProject(), static_cast<int>(GetLiquidIndex()),
+        tvCO2CalculatorDialog dialog(GetProject(), static_cast<int>(m_liquid.GetPosition()),
                                      wxGetTopLevelParent(this), wxID_ANY, i18n::Translated("CO2 Calculator"));
         accepted = dialog.ShowModal() == wxID_OK;
     }
-    TakeOverFromDialog(accepted || wasCalculated);
-}
-
-void WaterAnalysisPanel::TakeOverFromDialog(bool changed)
-{
     UpdateAnalysis();
-    if (changed)
+    if (accepted || wasCalculated)
         SignalChanges();
 }
 
@@ -147,24 +125,16 @@ void WaterAnalysisPanel::OnDefaultUnitClicked(wxCommandEvent&)
 {
     {
         const ProjectEdit edit(*GetProject(), wxTRANSLATE("default unit"));
-        const wxString unit = m_liquid.GetDetails()->At("liquid/na.unit").GetStringValue();
-        for (const auto& grid : m_grids) {
-            for (wateranalysis::IonGrid::Row& row : grid->Rows()) {
-                // A row that does not offer the unit keeps its own.
-                if (row.unit->Offers(unit))
-                    row.unit->GetDetail()->SetValue(unit);
-            }
-        }
+        m_ions->TakeUnitOfSodium();
     }
-    m_fields->UpdateNames(GetCurrentDisplayUnitSystem());
+    GetFields().UpdateNames(GetCurrentDisplayUnitSystem());
     UpdateAndSignal();
 }
 
 void WaterAnalysisPanel::OnNameChange(wxCommandEvent& event)
 {
     // While the name is typed, so that Tab finds the value's field enabled.
-    if (wateranalysis::IonGrid::Row* row = FindNamedRow(event.GetEventObject()))
-        EnableRow(*row, GetAnalysisType() == AnalysisType::Full);
+    m_ions->EnableNamedRow(event.GetEventObject(), IsFull());
     event.Skip();
 }
 
@@ -174,8 +144,8 @@ void WaterAnalysisPanel::OnNameUpdate(wxCommandEvent& event)
         const ProjectEdit edit(*GetProject());
         TransferDataFromWindow();
         TransferDetailsFromWindow();
-        if (const wateranalysis::IonGrid::Row* row = FindNamedRow(event.GetEventObject()))
-            NormalizeIon(row->ion->key, true);
+        if (const wateranalysis::IonRow* ion = m_ions->FindNamedIon(event.GetEventObject()))
+            NormalizeIon(ion->key, true);
         // A row that is no longer used shows so before the fields are read again.
         TransferDetailsToWindow();
         UpdateAndSignal();
@@ -184,17 +154,6 @@ void WaterAnalysisPanel::OnNameUpdate(wxCommandEvent& event)
                                         error.what());
     }
     event.Skip();
-}
-
-wateranalysis::IonGrid::Row* WaterAnalysisPanel::FindNamedRow(const wxObject* nameField)
-{
-    for (const auto& grid : m_grids) {
-        for (wateranalysis::IonGrid::Row& row : grid->Rows()) {
-            if (row.name != nullptr && row.name == nameField)
-                return &row;
-        }
-    }
-    return nullptr;
 }
 
 void WaterAnalysisPanel::OnCollPaneChanged(wxCollapsiblePaneEvent& event)
@@ -212,14 +171,13 @@ void WaterAnalysisPanel::OnTemparatureUnitChanged(wxCommandEvent& event)
 void WaterAnalysisPanel::OnUnitChanged(wxCommandEvent&)
 {
     DoUpdateValidators();
-    m_fields->UpdateNames(GetCurrentDisplayUnitSystem());
+    GetFields().UpdateNames(GetCurrentDisplayUnitSystem());
     UpdateAndSignal();
 }
 
 void WaterAnalysisPanel::OnHPlusUpdate(wxUpdateUIEvent& event)
 {
-    event.Enable(GetAnalysisType() == AnalysisType::Full &&
-                 m_liquid.GetDetails()->At("liquid/balance.ph").GetBoolValue());
+    event.Enable(IsFull() && m_liquid.GetDetails()->At("liquid/balance.ph").GetBoolValue());
 }
 
 void WaterAnalysisPanel::OnOhMinusUpdate(wxUpdateUIEvent& event)
@@ -230,17 +188,12 @@ void WaterAnalysisPanel::OnOhMinusUpdate(wxUpdateUIEvent& event)
 void WaterAnalysisPanel::OnPhUpdate(wxUpdateUIEvent& event)
 {
     // A short analysis is a neutral salt solution: it has no use for a pH.
-    event.Enable(GetAnalysisType() == AnalysisType::Full && !water::IsBlend(*m_liquid.GetDetails()));
+    event.Enable(IsFull());
 }
 
 void WaterAnalysisPanel::OnSize(wxSizeEvent& event)
 {
-    ArrangeColumns();
     event.Skip();
-}
-
-void WaterAnalysisPanel::ArrangeColumns()
-{
     if (m_columns == nullptr)
         return;
     // Columns that do not fit beside each other stand one below the other.

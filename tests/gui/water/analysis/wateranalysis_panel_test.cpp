@@ -8,8 +8,8 @@
 #include "gui_base/input/events.h"
 #include "gui_base/input/validation/temperature_validator.h"
 #include "gui_base/support/events.h"
-#include "gui_base/water/analysis/balance_panel.h"
 #include "gui_base/water/analysis/paste_column.h"
+#include "gui_base/water/rows/ion_rows.h"
 #include "projectbase/project/iex_project.h"
 #include "tests/support/gui_test.h"
 
@@ -53,9 +53,11 @@ protected:
     TvTextCtrl& Field(const std::string& key) { return *m_panel->FindField("liquid/" + key); }
     std::string Shown(const std::string& key) { return Field(key).GetValue().utf8_string(); }
 
-    void Choose(const std::string& unitKey, const wxString& unit)
+    tvUnitChoice& UnitOf(const wxString& row) { return Find<tvUnitChoice>(*m_panel, row + ", Unit"); }
+
+    void Choose(const wxString& row, const wxString& unit)
     {
-        tvUnitChoice& choice = *m_panel->FindUnitChoice("liquid/" + unitKey);
+        tvUnitChoice& choice = UnitOf(row);
         // Leaves, and so commits, the field that is being edited.
         choice.SetFocus();
         Pump();
@@ -126,15 +128,17 @@ TEST_F(WaterAnalysisTest, EveryRowCanBeTypedByKeyboardAlone)
     m_panel->UpdateAnalysis();
     for (const char* name : {"x1", "x2", "y1", "y2"})
         gui_test::Enter(Field(std::string(name) + ".name"), "abc");
-    for (const auto& grid : m_panel->GetIonGrids()) {
+    const auto typeInto = [this](const auto& rows) {
         double typed = 1.0;
-        for (const auto& row : grid->Rows()) {
-            const std::string key = std::string(row.ion->key) + ".orig";
+        for (const auto& row : rows) {
+            const std::string key = std::string(row.key) + ".orig";
             gui_test::Enter(Field(key), wxString::FromUTF8(fmt::format("{}", ++typed)));
             EXPECT_EQ(Value(key), typed) << key;
-            EXPECT_GT(Value(std::string(row.ion->key) + ".meql"), 0.0) << key;
+            EXPECT_GT(Value(std::string(row.key) + ".meql"), 0.0) << key;
         }
-    }
+    };
+    typeInto(wateranalysis::kCationRows);
+    typeInto(wateranalysis::kAnionRows);
     for (const char* key : {"temp.orig", "ph", "co2.orig"}) {
         gui_test::Enter(Field(key), "7.5");
         EXPECT_EQ(Value(key), 7.5) << key;
@@ -169,7 +173,7 @@ TEST_F(WaterAnalysisTest, UnitsOfIons)
         {"ppm CaCO3", 2}, {"°d", 35.7143},       {"°f", 20},           {"°a", 34},
         {"°e", 29}};
     for (const auto& [unit, meql] : cases) {
-        Choose("ca.unit", wxString::FromUTF8(unit));
+        Choose("Calcium", wxString::FromUTF8(unit));
         EXPECT_NEAR(Value("ca.meql"), meql, 1e-9) << unit;
         EXPECT_EQ(Value("ca.orig"), 100.0) << "the number stays as the laboratory gave it";
     }
@@ -180,7 +184,7 @@ TEST_F(WaterAnalysisTest, UnitsOfIons)
         m_panel->TransferDetailsToWindow();
         m_panel->UpdateAnalysis();
         EXPECT_NEAR(Value("ca.meql"), meql, 1e-9) << unit;
-        EXPECT_EQ(m_panel->FindUnitChoice("liquid/ca.unit")->GetStringSelection(), unit);
+        EXPECT_EQ(UnitOf("Calcium").GetStringSelection(), unit);
     }
 }
 
@@ -194,7 +198,7 @@ TEST_F(WaterAnalysisTest, NamedIonsKeepTheirAsymmetry)
     EXPECT_TRUE(Field("x1.orig").HasFocus()) << "a name opens the row while it is typed";
     Type("2");
     Press(WXK_TAB);
-    Choose("x1.unit", "mg/l");
+    Choose("Cation 1", "mg/l");
     EXPECT_EQ(Value("x1.meql"), 2.0);
     EXPECT_NEAR(Value("x1.mgl"), 2 * 18.04, 1e-12);
     gui_test::Enter(Field("x1.name"), "Rb");
@@ -211,16 +215,11 @@ TEST_F(WaterAnalysisTest, NamedIonsKeepTheirAsymmetry)
 TEST_F(WaterAnalysisTest, DefaultUnitFollowsSodium)
 {
     Open();
-    Choose("na.unit", "ppb");
-    wxBitmapButton* button = nullptr;
-    for (wxWindow* child : m_panel->FindUnitChoice("liquid/na.unit")->GetParent()->GetChildren()) {
-        if (auto* bitmapButton = dynamic_cast<wxBitmapButton*>(child))
-            button = bitmapButton;
-    }
-    ASSERT_NE(button, nullptr);
-    EXPECT_EQ(button->GetToolTipText(), "Set default unit (based on 'Na' unit)");
+    Choose("Sodium", "ppb");
+    auto& button = Find<wxBitmapButton>(*m_panel);
+    EXPECT_EQ(button.GetToolTipText(), "Set default unit (based on 'Na' unit)");
     m_notified = 0;
-    Click(*button);
+    Click(button);
     EXPECT_EQ(m_notified, 1);
     for (const char* ion : {"ca", "cl", "sio2", "y2"})
         EXPECT_EQ(Detail(std::string(ion) + ".unit").GetStringValue(), "ppb") << ion;
@@ -234,24 +233,25 @@ TEST_F(WaterAnalysisTest, BalanceWithAndWithoutHydrogen)
     Detail("ph").SetValue(3.0);
     Detail("temp.orig").SetValue(25.0);
     Open();
-    BalancePanel* balance = m_panel->GetBalancePanel();
+    auto& automatic = Find<TvCheckBox>(*m_panel, "Automatic balancing");
+    auto& hydrogen = Find<TvCheckBox>(*m_panel, "Include H+ and OH- in automatic balancing");
     gui_test::Enter(Field("cl.orig"), "35.45");
     EXPECT_NEAR(Value("na.plus.meql"), 1.0, 1e-12);
     EXPECT_EQ(Value("cl.plus.meql"), 0.0);
     EXPECT_EQ(Value("tds"), 35.45);
-    Check(*balance->GetAutoCheckBox());
+    Check(automatic);
     EXPECT_TRUE(Detail("balance.auto").GetBoolValue());
     EXPECT_NEAR(Value("tds"), 35.45 + 22.99, 1e-9) << "the closing amount counts";
 
     EXPECT_FALSE(Field("h.plus.orig").IsEnabled());
-    Check(*balance->GetPhCheckBox());
+    Check(hydrogen);
     EXPECT_TRUE(Field("h.plus.orig").IsEnabled());
     EXPECT_GT(Value("h.plus.meql"), 0.9);
     EXPECT_NEAR(Value("na.plus.meql") + Value("h.plus.meql"),
                 1.0 + Value("oh.minus.meql") + Value("cl.plus.meql"), 1e-9);
     gui_test::Enter(Field("h.plus.orig"), "0.5");
     EXPECT_EQ(Value("h.plus.meql"), 0.5) << "a typed value stays";
-    Check(*balance->GetPhCheckBox());
+    Check(hydrogen);
     EXPECT_EQ(Value("h.plus.meql"), 0.0);
     EXPECT_EQ(Value("h.plus.orig"), 0.0);
     EXPECT_FALSE(Field("h.plus.orig").IsEnabled());
@@ -301,7 +301,7 @@ TEST_F(WaterAnalysisTest, TemperatureKeepsItsUnitInEverySystem)
 {
     Open();
     gui_test::Enter(Field("temp.orig"), "20");
-    Choose("temp.unit", wxString::FromUTF8("°F"));
+    Choose("Temperature", wxString::FromUTF8("°F"));
     EXPECT_NEAR(Value("temp"), (20.0 - 32) / 1.8, 1e-12);
     EXPECT_EQ(m_outOfRange, std::vector<std::string>{"liquid/temp.orig"}) << "below freezing";
     auto& validator = dynamic_cast<TemperatureValidator&>(*Field("temp.orig").GetValidator());
@@ -340,7 +340,7 @@ TEST_F(WaterAnalysisTest, ValuesOutOfRangeAreColouredFlaggedAndReported)
     // The limit is an amount: the same number is too much in meq/l and reasonable in ppb.
     gui_test::Enter(Field("na.orig"), "300000");
     EXPECT_EQ(Detail("na.orig").GetRangeFlag(), 1);
-    Choose("na.unit", "ppb");
+    Choose("Sodium", "ppb");
     EXPECT_EQ(Detail("na.orig").GetRangeFlag(), 0);
     gui_test::Enter(Field("ph"), "");
     EXPECT_TRUE(std::isnan(Value("ph"))) << "an emptied property is unknown";
@@ -411,11 +411,11 @@ TEST_F(WaterAnalysisTest, LanguageAndRecreation)
         EXPECT_NE(wxWindow::FindWindowByLabel("Kationen", m_panel), nullptr);
         EXPECT_NE(wxWindow::FindWindowByLabel("Vollanalyse", m_panel), nullptr);
         EXPECT_EQ(Field("na.orig").GetName(), "Natrium [mg/l]");
-        EXPECT_EQ(m_panel->FindUnitChoice("liquid/na.unit")->GetName(), "Natrium, Einheit");
+        EXPECT_NO_THROW(Find<tvUnitChoice>(*m_panel, "Natrium, Einheit"));
     }
     m_panel->Localize("iso");
     EXPECT_NE(wxWindow::FindWindowByLabel("Sodium:", m_panel), nullptr);
-    Choose("na.unit", "ppm");
+    Choose("Sodium", "ppm");
     EXPECT_EQ(Field("na.orig").GetName(), "Sodium [ppm]");
 }
 

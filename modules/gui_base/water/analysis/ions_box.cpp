@@ -1,0 +1,104 @@
+// SPDX-License-Identifier: MIT
+#include "gui_base/water/analysis/ions_box.h"
+
+#include "gui_base/input/form/form_grid.h"
+#include "gui_base/support/image_loader.h"
+#include "gui_base/support/translation.h"
+#include "gui_base/water/analysis/tooltip_on_demand.h"
+#include "projectbase/water/composition.h"
+
+#include <wx/statbox.h>
+
+namespace wateranalysis {
+
+IonsBox::IonsBox(wxWindow* parent, FieldSet& fields, const IonGrid::UnitLists& units)
+    : TvStaticBoxSizer(wxHORIZONTAL, parent, wxTRANSLATE("Ions")), m_fields(fields), m_units(units)
+{
+    m_fields.AddLocalizable<TvStaticBoxSizer>(this);
+}
+
+wxSizer* IonsBox::AddCations(const wxString& title, const std::vector<wxString>& labels)
+{
+    wxWindow* box = GetStaticBox();
+    m_defaultUnit =
+        new wxBitmapButton(box, wxID_ANY, ImageLoader::LoadBundle("/icons/arrowdown.xpm", wxSize(12, 12)),
+                           wxDefaultPosition, box->FromDIP(wxSize(28, 28)), wxBU_EXACTFIT | wxBORDER_NONE);
+    IonGrid& grid = *m_grids.emplace_back(std::make_unique<IonGrid>(m_fields, m_units));
+    return AddGrid(grid.Create(box, title, kCationRows, labels, kCationTotals, m_defaultUnit));
+}
+
+wxSizer* IonsBox::AddAnions(const wxString& title, const std::vector<wxString>& labels)
+{
+    IonGrid& grid = *m_grids.emplace_back(std::make_unique<IonGrid>(m_fields, m_units));
+    AddSpacer(GetStaticBox()->FromDIP(4 * form::kGap));
+    return AddGrid(grid.Create(GetStaticBox(), title, kAnionRows, labels, kAnionTotals, nullptr));
+}
+
+wxSizer* IonsBox::AddGrid(wxSizer* grid)
+{
+    Add(grid, wxSizerFlags().Border(wxALL, GetStaticBox()->FromDIP(form::kGap)));
+    const char* const sum = m_grids.size() == 1 ? "liquid/sum.c.meql" : "liquid/sum.a.meql";
+    ExplainOnDemand(*m_fields.FindField(sum), [this] { return ExplainBalance(); });
+    return grid;
+}
+
+wxString IonsBox::ExplainBalance() const
+{
+    const DetailList& details = m_fields.Details();
+    const double error =
+        water::ElectroneutralityError({.cations = details.At("liquid/sum.c.meql").GetDoubleValue(),
+                                       .anions = details.At("liquid/sum.a.meql").GetDoubleValue()});
+    return wxString::Format(
+        i18n::Translated("Balance error: %s %%, the difference of both sums in percent of their total"),
+        ExplainedNumber(error));
+}
+
+const IonGrid& IonsBox::GetFocusedGrid() const
+{
+    for (const auto& grid : m_grids) {
+        if (grid->FocusedRow() >= 0)
+            return *grid;
+    }
+    return *m_grids.front();
+}
+
+void IonsBox::EnableRows(bool enable)
+{
+    for (const auto& grid : m_grids)
+        grid->EnableRows(enable);
+}
+
+void IonsBox::EnableNamedRow(const wxObject* nameField, bool enable)
+{
+    for (const auto& grid : m_grids) {
+        if (const IonGrid::Row* row = grid->FindNamed(nameField))
+            grid->EnableRow(*row, enable);
+    }
+}
+
+const IonRow* IonsBox::FindNamedIon(const wxObject* nameField) const
+{
+    for (const auto& grid : m_grids) {
+        if (const IonGrid::Row* row = grid->FindNamed(nameField))
+            return row->ion;
+    }
+    return nullptr;
+}
+
+void IonsBox::TakeUnitOfSodium()
+{
+    const wxString unit = m_fields.Details().At("liquid/na.unit").GetStringValue();
+    for (const auto& grid : m_grids) {
+        for (const IonGrid::Row& row : grid->Rows()) {
+            if (row.unit->Offers(unit))
+                row.unit->GetDetail()->SetValue(unit);
+        }
+    }
+}
+
+void IonsBox::Localize()
+{
+    m_defaultUnit->SetToolTip(i18n::Translated("Set default unit (based on 'Na' unit)"));
+}
+
+}  // namespace wateranalysis

@@ -1,0 +1,237 @@
+// SPDX-License-Identifier: MIT
+#include "gui_base/water/analysis/others_box.h"
+
+#include "core/ion_table.h"
+#include "gui_base/input/controls/tv_button.h"
+#include "gui_base/input/controls/tv_checkbox.h"
+#include "gui_base/input/controls/tv_statictext.h"
+#include "gui_base/input/controls/tv_unitlabel.h"
+#include "gui_base/input/form/form_grid.h"
+#include "gui_base/input/validation/temperature_validator.h"
+#include "gui_base/support/translation.h"
+#include "gui_base/water/rows/property_rows.h"
+#include "gui_base/water/rows/unit_lists.h"
+#include "gui_base/water/tools/alkalization_dialog.h"
+#include "projectbase/settings/settings.h"
+#include "projectbase/units/unit_system_manager.h"
+
+#include <wx/statbox.h>
+
+#include <limits>
+#include <stdexcept>
+
+namespace wateranalysis {
+namespace {
+
+constexpr double kMinCelsius = 0.0;
+constexpr double kMaxCelsius = 100.0;
+constexpr double kUnknown = std::numeric_limits<double>::quiet_NaN();
+
+wxSizerFlags Cell()
+{
+    return wxSizerFlags().CentreVertical();
+}
+
+/// Limits of a temperature that the user may have narrowed, as long as both can be read.
+struct TemperatureLimits
+{
+    Temperature min{kMinCelsius, TemperatureUnit::Celsius};
+    Temperature max{kMaxCelsius, TemperatureUnit::Celsius};
+
+    void TakeSetting()
+    {
+        const DetailData& initial = Settings::GetSetting("temp.init");
+        if (initial.HasMinValue())
+            min.SetValue(initial.GetMinValue());
+        if (initial.HasMaxValue())
+            max.SetValue(initial.GetMaxValue());
+    }
+};
+
+TvTextCtrl* AddProperty(FieldSet& fields, wxWindow* parent, wxSizer& grid, const PropertyRow& row)
+{
+    const wxString label = wxString::FromUTF8(row.label);
+    const wxString unit = wxString::FromUTF8(row.unit);
+    grid.Add(fields.AddLabel(parent, label, ":"), Cell());
+    TvTextCtrl* field = fields.AddInput(parent, {.key = row.key,
+                                                 .label = label,
+                                                 .unit = unit,
+                                                 .validatorFlags = ShowPreciseValue,
+                                                 .undef = kUnknown,
+                                                 .precision = row.precision});
+    grid.Add(field, Cell());
+    grid.Add(fields.AddUnitLabel(parent, unit, true), Cell());
+    return field;
+}
+
+/// "NaOH: 12.50 mg/l, pH 9.00".
+wxString DescribeDose(const DetailList& details, const std::string& unitSystem)
+{
+    const auto number = [](double value) {
+        return wxString::FromUTF8(numbertext::Format(value,
+                                                     {.format = TvTextCtrlFormat::Fixed, .precision = 2},
+                                                     NumericValidator::LocaleSeparators()));
+    };
+    const std::string agent = details.At("liquid/alk.type").GetStdStringValue();
+    const double dose =
+        UnitSystemManager::FromISO("mg/l", unitSystem, details.At("liquid/alk.dosed").GetDoubleValue());
+    return wxString::Format(i18n::Translated("%s: %s %s, pH %s"),
+                            i18n::Translated(wxString::FromUTF8(water::AlkalizingAgentName(agent))),
+                            number(dose),
+                            wxString::FromUTF8(UnitSystemManager::GetUnit("mg/l", unitSystem, true)),
+                            number(details.At("liquid/alk.ph").GetDoubleValue()));
+}
+
+}  // namespace
+
+OthersBox::OthersBox(wxWindow* parent, FieldSet& fields, const std::vector<wxString>& co2Units)
+    : TvStaticBoxSizer(wxVERTICAL, parent, wxTRANSLATE("Others")), m_fields(fields)
+{
+    m_fields.AddLocalizable<TvStaticBoxSizer>(this);
+    auto* grid = form::NewGrid(*GetStaticBox());
+    AddTemperature(*grid);
+    for (const PropertyRow& row : kMainProperties)
+        AddProperty(m_fields, GetStaticBox(), *grid, row);
+    m_ph = m_fields.FindField("liquid/ph");
+    AddCo2(*grid, co2Units);
+    Add(grid, wxSizerFlags().Border(wxALL, parent->FromDIP(form::kGap)));
+    AddButtons();
+    AddFurtherProperties();
+}
+
+void OthersBox::AddTemperature(wxSizer& grid)
+{
+    wxWindow* box = GetStaticBox();
+    const wxString label(wxTRANSLATE("Temperature"));
+    const wxString celsius = wxString::FromUTF8("\u00b0C");
+    grid.Add(m_fields.AddLabel(box, label, ":"), Cell());
+    m_temperature = m_fields.AddInput(box, {.key = "liquid/temp.orig",
+                                            .label = label,
+                                            .unitKey = "liquid/temp.unit",
+                                            .validatorFlags = CheckMin | CheckMax | ShowPreciseValue,
+                                            .precision = 4,
+                                            .inIsoUnits = true,
+                                            .isTemperature = true});
+    grid.Add(m_temperature, Cell());
+    m_temperatureUnit = m_fields.AddUnitChoice(box, "liquid/temp.unit", water_units::OfTemperatures(), label);
+    grid.Add(m_temperatureUnit, Cell().Expand());
+
+    // The same temperature in the unit of the displayed system, which is what everything else calculates
+    // with.
+    grid.AddSpacer(0);
+    grid.Add(m_fields.AddResult(box, {.key = "liquid/temp", .label = label, .unit = celsius, .precision = 4}),
+             Cell());
+    grid.Add(m_fields.AddUnitLabel(box, celsius, true), Cell());
+}
+
+void OthersBox::AddCo2(wxSizer& grid, const std::vector<wxString>& units)
+{
+    wxWindow* box = GetStaticBox();
+    DetailList& details = m_fields.Details();
+    const wxString label(wxTRANSLATE("CO2:"));
+    grid.Add(m_fields.AddLabel(box, label), Cell());
+    m_co2 = m_fields.AddInput(box, {.key = "liquid/co2.orig",
+                                    .label = label,
+                                    .unitKey = "liquid/co2.unit",
+                                    .validatorFlags = CheckMax | ZeroAsEmpty | ShowPreciseValue,
+                                    .precision = 6,
+                                    .inIsoUnits = true});
+    grid.Add(m_co2, Cell());
+    m_co2Unit = m_fields.AddUnitChoice(box, "liquid/co2.unit", units, label);
+    m_fields.SetUnitLimits("liquid/co2.orig", {.max = details.At("liquid/co2.mgl").GetMaxValue(),
+                                               .unit = "mg/l",
+                                               .equivalentWeight = ions::FindIon("co2")->equivalentWeight});
+    grid.Add(m_co2Unit, Cell().Expand());
+
+    auto* calculate = m_fields.AddLocalizable(new TvCheckBox(
+        box, wxID_ANY, wxTRANSLATE("Calculate CO2"), wxDefaultPosition, wxDefaultSize, 0, wxDefaultValidator,
+        wxASCII_STR(wxCheckBoxNameStr), &details.At("liquid/calculate.co2")));
+    m_fields.AddSelfRefreshing(calculate);
+    grid.Add(calculate, Cell());
+    grid.Add(m_fields.AddResult(box, {.key = "liquid/co2.mgl", .label = label, .unit = "mg/l"}), Cell());
+    grid.Add(m_fields.AddUnitLabel(box, "mg/l", false), Cell());
+}
+
+void OthersBox::AddButtons()
+{
+    const wxSizerFlags spaced = wxSizerFlags().Border(wxALL, GetStaticBox()->FromDIP(form::kGap));
+    auto* buttons = new wxBoxSizer(wxHORIZONTAL);
+    m_alkalize = AddButton(*buttons, wxTRANSLATE("Alkalize"), wxTRANSLATE("Specify alkalizing agent"));
+    m_co2Calculator = AddButton(*buttons, wxTRANSLATE("CO2 Calculator"), wxTRANSLATE("Open CO2 Calculator"));
+    Add(buttons, spaced);
+    m_alkalization = new wxStaticText(GetStaticBox(), wxID_ANY, wxString());
+    Add(m_alkalization, spaced);
+}
+
+TvButton* OthersBox::AddButton(wxSizer& buttons, const char* label, const char* tooltip)
+{
+    auto* button = m_fields.AddLocalizable(new TvButton(GetStaticBox(), wxID_ANY, label));
+    button->SetTranslatableToolTip(tooltip);
+    buttons.Add(button, wxSizerFlags().Border(wxRIGHT, GetStaticBox()->FromDIP(2 * form::kGap)));
+    return button;
+}
+
+void OthersBox::AddFurtherProperties()
+{
+    m_furtherProperties = new wxCollapsiblePane(GetStaticBox(), wxID_ANY, wxString(), wxDefaultPosition,
+                                                wxDefaultSize, wxCP_DEFAULT_STYLE | wxCP_NO_TLW_RESIZE);
+    wxWindow* pane = m_furtherProperties->GetPane();
+    auto* grid = form::NewGrid(*pane);
+    for (const PropertyRow& row : kFurtherProperties)
+        AddProperty(m_fields, pane, *grid, row);
+    pane->SetSizer(grid);
+    Add(m_furtherProperties, wxSizerFlags().Expand().Border(wxALL, pane->FromDIP(form::kGap)));
+}
+
+void OthersBox::EnableInputs(bool enable)
+{
+    m_temperature->Enable(enable);
+    m_temperatureUnit->Enable(enable);
+    const bool isTyped = enable && !m_fields.Details().At("liquid/calculate.co2").GetBoolValue();
+    m_co2->Enable(isTyped);
+    m_co2Unit->Enable(isTyped);
+}
+
+bool OthersBox::UpdateTemperatureLimits()
+{
+    const std::string text = m_temperatureUnit->GetDetail()->GetStdStringValue();
+    auto* validator = dynamic_cast<TemperatureValidator*>(m_temperature->GetValidator());
+    if (text == m_limitedTemperatureUnit || validator == nullptr)
+        return true;
+    m_limitedTemperatureUnit = text;
+    TemperatureLimits limits;
+    Temperature& temperature = m_fields.TemperatureOf("liquid/temp.orig");
+    temperature.SetUnit(TemperatureUnit::Celsius);
+    bool isKnown = false;
+    try {
+        if (const auto unit = Temperature::UnitFromText(text)) {
+            limits.TakeSetting();
+            temperature.SetUnit(*unit);
+            isKnown = true;
+        }
+    } catch (const std::exception&) {
+        limits = {};
+    }
+    validator->SetLimits(limits.min.ConvertedTo(temperature.GetUnit()),
+                         limits.max.ConvertedTo(temperature.GetUnit()));
+    return isKnown;
+}
+
+void OthersBox::ShowAlkalization(const LiquidData& liquid, const std::string& unitSystem)
+{
+    const water::AlkalizationResult result = liquid.GetAlkalization();
+    const wxString text = result == water::AlkalizationResult::Done
+                              ? DescribeDose(m_fields.Details(), unitSystem)
+                              : i18n::Translated(alkalization::Explain(result));
+    if (m_alkalization->GetLabelText() == text)
+        return;
+    m_alkalization->SetLabelText(text);
+    Layout();
+}
+
+void OthersBox::Localize()
+{
+    m_furtherProperties->SetLabel(i18n::Translated("Further properties"));
+}
+
+}  // namespace wateranalysis

@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: MIT
+#include "gui_base/water/analysis/summary_box.h"
+
+#include "gui_base/input/controls/tv_statictext.h"
+#include "gui_base/input/controls/tv_unitlabel.h"
+#include "gui_base/input/form/form_grid.h"
+#include "gui_base/support/translation.h"
+#include "gui_base/water/analysis/tooltip_on_demand.h"
+#include "gui_base/water/rows/property_rows.h"
+#include "projectbase/water/composition.h"
+
+#include <wx/statbox.h>
+
+namespace wateranalysis {
+namespace {
+
+constexpr int kWidth = 104;
+
+wxString ExplainTds(const DetailList& details)
+{
+    const double residue = water::DryResidue(details.At("liquid/tds").GetDoubleValue(),
+                                             details.At("liquid/hco3.mgl").GetDoubleValue());
+    return wxString::Format(i18n::Translated("Sum of all constituents; dry residue at 180 %s: %s mg/l"),
+                            wxString::FromUTF8("\u00b0C"), ExplainedNumber(residue));
+}
+
+}  // namespace
+
+SummaryBox::SummaryBox(wxWindow* parent, FieldSet& fields)
+    : TvStaticBoxSizer(wxVERTICAL, parent, wxTRANSLATE("Summary"))
+{
+    fields.AddLocalizable<TvStaticBoxSizer>(this);
+    wxWindow* box = GetStaticBox();
+    auto* grid = form::NewGrid(*box);
+    const wxSizerFlags cell = wxSizerFlags().CentreVertical();
+    for (const SummaryRow& row : kSummaryRows) {
+        const wxString label = wxString::FromUTF8(row.label);
+        const wxString unit = wxString::FromUTF8(row.unit);
+        grid->Add(fields.AddLabel(box, label, wxString::FromUTF8(row.labelSuffix)), cell);
+        grid->Add(fields.AddResult(box, {.key = row.key,
+                                         .label = label,
+                                         .unit = unit,
+                                         .precision = row.precision,
+                                         .width = kWidth,
+                                         .inIsoUnits = !row.convertUnit}),
+                  cell);
+        grid->Add(fields.AddUnitLabel(box, unit, row.convertUnit), cell);
+    }
+    Add(grid, wxSizerFlags().Border(wxALL, parent->FromDIP(form::kGap)));
+    ExplainOnDemand(*fields.FindField("liquid/tds"), [&fields] { return ExplainTds(fields.Details()); });
+}
+
+}  // namespace wateranalysis
