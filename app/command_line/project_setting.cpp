@@ -237,11 +237,18 @@ void ApplySetting(Project& project, const ProjectSetting& setting)
     const Target target = FindTarget(project, setting);
     if (target.detail->IsDerived())
         throw SettingError(fmt::format("'{}' is calculated and cannot be set", setting.key));
-    const ProjectEdit edit(project);
-    if (target.detail->GetType() == DetailType::Double)
-        SetNumber(target, setting);
-    else
-        SetText(target, setting);
+    DetailData::Value given;
+    {
+        const ProjectEdit edit(project);
+        if (target.detail->GetType() == DetailType::Double)
+            SetNumber(target, setting);
+        else
+            SetText(target, setting);
+        given = target.detail->GetStoredValue();
+    }
+    // A blend is what its waters make it, an ion without a name is none.
+    if (!SameDetailValue(given, target.detail->GetStoredValue()))
+        throw SettingError(fmt::format("'{}' is settled by other values of the project", setting.key));
 }
 
 }  // namespace app

@@ -31,7 +31,7 @@ constexpr const char* kUsage =
     "  --units us            units of the report; those of the project are the default\n"
     "  --language de         language of the report, which also has its decimal sign; English\n"
     "                        is the default\n"
-    "  --pages analysis      writes these pages only: analysis, properties.\n"
+    "  --pages analysis      writes these pages only: project, analysis, properties, feed.\n"
     "          1:properties  ... of the second water only\n"
     "  --paper letter        A4 is the default\n"
     "  --help                prints this text\n";

@@ -212,10 +212,14 @@ ModulePanelBase* ModuleBook::Show(const std::string& module, DetailOwner owner)
 
 bool ModuleBook::ShowDetail(const DetailAddress& address)
 {
-    const auto found = std::ranges::find_if(m_hosts, [&](const PageHost* host) {
-        const OwnerNode* owner = m_project->FindOwner(host->GetOwner());
+    const auto holds = [&](const PageHost* host) {
+        const OwnerNode* owner = host == nullptr ? nullptr : m_project->FindOwner(host->GetOwner());
         return owner != nullptr && host->GetModule().holds(*m_project, *owner, address);
-    });
+    };
+    // Where several pages show a value, nobody is led away from the one in front.
+    if (const PageHost* front = GetCurrent(); holds(front))
+        return front->GetPanel()->FocusDetail(address);
+    const auto found = std::ranges::find_if(m_hosts, holds);
     if (found == m_hosts.end())
         return false;
     Select(**found);

@@ -80,8 +80,12 @@ void WaterCommands::ShowLibrary()
     CommitFocusedField();
     WaterLibDialog dialog(m_frame.GetProject().GetLogger(), &m_frame);
     dialog.SetHelp(m_frame.GetHelp());
+    LiquidData chosen;
+    LiquidData* const water = GetCurrent();
+    if (!dialog.SelectLiquidData(&chosen) || water == nullptr)
+        return;
     const ProjectEdit edit(m_frame.GetProject(), wxTRANSLATE("water of the library"), EditKind::Copied);
-    dialog.SelectLiquidData(GetCurrent());
+    water->GetDetails()->CopyValues(*chosen.GetDetails());
 }
 
 void WaterCommands::SaveToLibrary()

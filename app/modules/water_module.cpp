@@ -16,7 +16,8 @@ namespace {
 bool IsQuantityOrOrganics(const std::string& key)
 {
     return key == "project/qbrutto" || key == "project/lz" || key == "project/wbrutto" ||
-           key == "project/nlines" || key == "feed/organics";
+           key == "project/nlines" || key == "feed/organics" || key == "feed/medium" ||
+           key == "feed/medium.temp";
 }
 
 bool Holds(const Project&, const OwnerNode& owner, const DetailAddress& address)

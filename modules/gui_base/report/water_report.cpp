@@ -22,7 +22,8 @@ struct PageKind
 {
     const char* name;
     const char* title;
-    void (*add)(report::Section& section, const LiquidData& water, const ReportContext& context);
+    void (*add)(report::Section& section, const Project& project, const LiquidData& water,
+                const ReportContext& context);
 };
 
 void AddHeadedTable(report::Section& section, const char* heading, report::Table table,
@@ -35,9 +36,11 @@ void AddHeadedTable(report::Section& section, const char* heading, report::Table
 }
 
 /// What was done to the water, in sentences.
-void AddTreatment(report::Section& section, const DetailList& details, const ReportContext& context)
+void AddTreatment(report::Section& section, const Project& project, const LiquidData& water,
+                  const ReportContext& context)
 {
-    if (water::IsBlend(details))
+    const DetailList& details = *water.GetDetails();
+    if (project.IsMixed(water))
         section.blocks.push_back(report::Paragraph{
             fmt::format("{}: {} % {}, {}", context.Translated(wxTRANSLATE("Blend")),
                         context.Number(details.At("liquid/blend.share").GetDoubleValue(), 4),
@@ -56,17 +59,19 @@ void AddTreatment(report::Section& section, const DetailList& details, const Rep
                                       context.Translated(wxTRANSLATE("pH")), context.Number(pH, 3))});
 }
 
-void AddAnalysis(report::Section& section, const LiquidData& water, const ReportContext& context)
+void AddAnalysis(report::Section& section, const Project& project, const LiquidData& water,
+                 const ReportContext& context)
 {
     const DetailList& details = *water.GetDetails();
     section.blocks.push_back(GeneralTable(details, context.Translated(water.GetName().c_str()), context));
     AddHeadedTable(section, wxTRANSLATE("Cations"), CationTable(details, context), context);
     AddHeadedTable(section, wxTRANSLATE("Anions"), AnionTable(details, context), context);
     AddHeadedTable(section, wxTRANSLATE("Ion balance"), BalanceTable(details, context), context);
-    AddTreatment(section, details, context);
+    AddTreatment(section, project, water, context);
 }
 
-void AddProperties(report::Section& section, const LiquidData& water, const ReportContext& context)
+void AddProperties(report::Section& section, const Project& /*project*/, const LiquidData& water,
+                   const ReportContext& context)
 {
     const DetailList& details = *water.GetDetails();
     AddHeadedTable(section, wxTRANSLATE("Measured values"), MeasuredTable(details, context), context);
@@ -108,7 +113,7 @@ report::Section WaterReport::BuildReportPage(int id, const ReportContext& contex
         throw std::out_of_range(fmt::format("WaterReport::BuildReportPage: there is no page {}", id));
     const PageKind& kind = kPages[static_cast<std::size_t>(id) % kPages.size()];
     report::Section section{.title = Title(index, kind.title, context)};
-    kind.add(section, m_project.GetLiquid(index), context);
+    kind.add(section, m_project, m_project.GetLiquid(index), context);
     return section;
 }
 

@@ -114,7 +114,6 @@ public:
     DetailWatch* GetWatch() const { return m_watched.by; }
     /// Marks the detail as noted under `serial`. Returns whether it was not so before.
     bool NoteUnder(std::uint64_t serial) { return std::exchange(m_watched.noted, serial) != serial; }
-    bool IsNotedUnder(std::uint64_t serial) const { return m_watched.noted == serial; }
 
     /// Set by the bindings: whether the last transfer from a window changed the stored value.
     bool changed = false;

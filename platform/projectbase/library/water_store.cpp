@@ -3,6 +3,7 @@
 
 #include "dbinterfaces/master_database.h"
 #include "dbinterfaces/project_database.h"
+#include "projectbase/water/blend.h"
 #include "projectbase/water/normalization.h"
 
 #include <cmath>
@@ -53,6 +54,8 @@ std::string UnitText(const DetailList& details, const DetailData& detail)
 bool StoreDetails(int water, const DetailList& details, const LabelOf& labelOf)
 {
     for (const auto& [key, detail] : details) {
+        if (water::IsOfRecipe(key))
+            continue;
         const std::string value = ValueText(detail);
         if (value != kZero && !ProjectDatabase::WaterLib_SaveUserLiquidDetail(
                                   water, key, value, UnitText(details, detail), labelOf(key), kGroup))
@@ -120,8 +123,10 @@ void Apply(const std::vector<DBObjects::WaterLibAttr>& stored, LiquidData& liqui
         if (detail.GetType() == DetailType::Double)
             detail.ClearValue();
     }
+    water::ClearRecipe(details);
     for (const DBObjects::WaterLibAttr& value : stored) {
-        if (DetailData* detail = details.GetDetail(value.key))
+        DetailData* const detail = water::IsOfRecipe(value.key) ? nullptr : details.GetDetail(value.key);
+        if (detail != nullptr)
             detail->SetValueFromString(wxString::FromUTF8(value.value));
     }
     water::NormalizeEveryIon(details);

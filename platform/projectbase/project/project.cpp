@@ -7,6 +7,7 @@
 #include "projectbase/water/normalization.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace {
 
@@ -98,7 +99,12 @@ void Project::SaveFeedMediumToDetails(const FeedMedium::Data& medium)
     const ProjectEdit edit(*this);
     DetailList& details = GetDetails();
     details.At(kMediumId).SetValue(medium.id);
-    details.At(kMediumTemperature).SetValue(medium.temperature.In(TemperatureUnit::Celsius));
+    // Through another unit and back, a temperature that nobody touched loses its last digits.
+    constexpr double kRounding = 1e-9;
+    DetailData& temperature = details.At(kMediumTemperature);
+    const double celsius = medium.temperature.In(TemperatureUnit::Celsius);
+    if (!(std::abs(celsius - temperature.GetDoubleValue()) < kRounding))
+        temperature.SetValue(celsius);
     details.At(kMediumDensity).SetValue(medium.density);
 }
 
@@ -162,21 +168,25 @@ const LiquidData* Project::FindBlended(std::size_t blend, const char* key) const
 
 bool Project::IsBlendOf(std::size_t liquid, const LiquidData& source) const
 {
-    return water::IsBlend(*GetLiquid(liquid).GetDetails()) &&
+    return IsMixed(GetLiquid(liquid)) &&
            (FindBlended(liquid, kFirstBlended) == &source || FindBlended(liquid, kSecondBlended) == &source);
+}
+
+bool Project::IsMixed(const LiquidData& liquid) const
+{
+    const std::size_t place = liquid.GetPosition();
+    return water::IsBlend(*liquid.GetDetails()) && FindBlended(place, kFirstBlended) != nullptr &&
+           FindBlended(place, kSecondBlended) != nullptr;
 }
 
 bool Project::UpdateBlend(std::size_t liquid)
 {
-    DetailList& details = *GetLiquid(liquid).GetDetails();
-    if (!water::IsBlend(details))
-        return false;
-    const LiquidData* first = FindBlended(liquid, kFirstBlended);
-    const LiquidData* second = FindBlended(liquid, kSecondBlended);
-    if (first == nullptr || second == nullptr)
+    if (!IsMixed(GetLiquid(liquid)))
         return false;
     const ProjectEdit edit(*this);
-    water::Blend(*first->GetDetails(), *second->GetDetails(),
+    DetailList& details = *GetLiquid(liquid).GetDetails();
+    water::Blend(*FindBlended(liquid, kFirstBlended)->GetDetails(),
+                 *FindBlended(liquid, kSecondBlended)->GetDetails(),
                  details.At("liquid/blend.share").GetDoubleValue() / 100.0, details);
     return true;
 }

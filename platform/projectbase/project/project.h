@@ -92,7 +92,7 @@ public:
 
     /// Adds an owner of a kind that its parent can have, at a place (at the end when there are fewer).
     OwnerNode& AddOwner(OwnerNode& parent, std::shared_ptr<OwnerNode> node, std::size_t position);
-    OwnerNode& AddOwner(OwnerNode& parent, OwnerKind kind);
+    OwnerNode& AddOwner(OwnerNode& parent, OwnerKind kind, const std::string& name = {});
     void RemoveOwner(OwnerNode& node);
     void MoveOwner(OwnerNode& node, std::size_t position);
     /// A blend goes on using a water under its new name.
@@ -130,6 +130,8 @@ public:
     /// Mixes a water that is a blend anew; false when it is none, or when its waters are no longer there or
     /// stand behind it (it then stays as it is). See water/blend.h.
     bool UpdateBlend(std::size_t liquid);
+    /// Whether UpdateBlend mixes that water: a recipe whose waters are not there leaves an ordinary water.
+    bool IsMixed(const LiquidData& liquid) const;
     /// Blends, normalises and alkalises one water, whether or not it is out of date.
     void CalculateLiquid(std::size_t liquid);
     /// Recalculates whatever an input was changed of since it was calculated, and what follows from that.
@@ -153,6 +155,8 @@ private:
     /// Takes a node and all below it into the project, or out of it.
     void Register(OwnerNode& node);
     void Unregister(OwnerNode& node);
+    /// Whether a change lets a design be out of date.
+    bool CountsForDesign(const StackElement& element);
     void UpdateStatus(bool changed);
     /// Whether a water is mixed of another one that stands before it.
     bool IsBlendOf(std::size_t liquid, const LiquidData& source) const;

@@ -47,7 +47,8 @@ void Project::FinishEdit()
     }
     const ProjectChanges changes = m_journal->Close(m_groups);
     const bool changed = !changes.GetElements().empty();
-    UpdateStatus(changed);
+    UpdateStatus(std::ranges::any_of(
+        changes.GetElements(), [this](const StackElement& element) { return CountsForDesign(element); }));
     m_journal->End();
     if (!changed)
         return;
@@ -60,9 +61,27 @@ void Project::Tell(const ProjectChanges& changes)
     // Whoever is told may leave, and take others along.
     const std::vector<ProjectObserver*> told = m_observers;
     for (ProjectObserver* observer : told) {
-        if (std::ranges::find(m_observers, observer) != m_observers.end())
+        if (std::ranges::find(m_observers, observer) == m_observers.end())
+            continue;
+        try {
             observer->OnProjectChanged(changes);
+        } catch (const std::exception& error) {
+            // The others must know all the same.
+            m_logger.Error(std::string("Project::Tell: ") + error.what());
+        }
     }
+}
+
+bool Project::CountsForDesign(const StackElement& element)
+{
+    const auto* value = std::get_if<ValueChange>(&element);
+    if (value == nullptr || value->address.owner != DetailOwner() ||
+        !value->address.key.starts_with("project/"))
+        return true;
+    // What describes a project is written in words: title, customer, date, comments.
+    const DetailData* detail = FindDetail(value->address);
+    return detail == nullptr ||
+           (detail->GetType() != DetailType::String && detail->GetType() != DetailType::Date);
 }
 
 void Project::UpdateStatus(bool changed)

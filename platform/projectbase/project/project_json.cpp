@@ -3,10 +3,14 @@
 
 #include "projectbase/project/iex_project.h"
 #include "projectbase/project/project_edit.h"
+#include "projectbase/units/unit_system_manager.h"
 
 #include <fmt/format.h>
 
+#include <algorithm>
+#include <climits>
 #include <cmath>
+#include <cstdint>
 #include <limits>
 #include <nlohmann/json.hpp>
 #include <stdexcept>
@@ -16,6 +20,7 @@ namespace {
 using nlohmann::json;
 
 // Bounds of what a text may hold, as those of a project's file.
+constexpr std::size_t kMostWaters = 1'000;
 constexpr std::size_t kMostLists = 20'000;
 constexpr std::size_t kMostDetails = 500'000;
 
@@ -185,8 +190,13 @@ public:
             ReadNodes(*project, project->GetRoot(), Member(root, "exchangers"), OwnerKind::Exchanger);
             ReadGroups(*project, Member(root, "groups"));
         }
-        if (const json& unitSystem = Member(root, "unitSystem"); unitSystem.is_string())
-            project->SetUnitSystemDisplay(unitSystem.get<std::string>());
+        if (const json& unitSystem = Member(root, "unitSystem"); unitSystem.is_string()) {
+            const auto known = UnitSystemManager::GetUnitSystems();
+            const auto name = unitSystem.get<std::string>();
+            if (std::ranges::find(known, name) == known.end())
+                Unreadable("there is no system of units '" + name + "'");
+            project->SetUnitSystemDisplay(name);
+        }
         project->SetChanged(false);
         return project;
     }
@@ -203,9 +213,12 @@ private:
     {
         const std::string& name = detail.GetName();
         bool taken = true;
-        if (value.is_number() && detail.GetType() == DetailType::Long)
-            detail.SetValue(value.get<long>());
-        else if (value.is_number())
+        if (value.is_number() && detail.GetType() == DetailType::Long) {
+            taken = value.is_number_integer() &&
+                    (!value.is_number_unsigned() || value.get<std::uint64_t>() <= std::uint64_t{LONG_MAX});
+            if (taken)
+                detail.SetValue(value.get<long>());
+        } else if (value.is_number())
             detail.SetValue(value.get<double>());
         else if (value.is_boolean())
             detail.SetValue(value.get<bool>());
@@ -240,13 +253,25 @@ private:
             if (detail.IsDerived())
                 continue;
             Take(value, detail);
-            const json& unit = Member(entry, "unit");
-            const bool isTyped =
-                name.ends_with(kOrig) &&
-                details.GetDetail(name.substr(0, name.size() - kOrig.size()) + ".unit") != nullptr;
-            if (unit.is_string() && !isTyped)
-                detail.SetUnit(unit.get<std::string>());
+            TakeUnit(Member(entry, "unit"), object, details, detail);
         }
+    }
+
+    /// A value that is typed in a unit of choice brings that unit; all others are in ISO units.
+    static void TakeUnit(const json& unit, const json& object, DetailList& details, DetailData& detail)
+    {
+        if (!unit.is_string())
+            return;
+        const std::string& name = detail.GetName();
+        const std::string chosenName =
+            name.ends_with(kOrig) ? name.substr(0, name.size() - kOrig.size()) + ".unit" : std::string();
+        DetailData* const chosen = chosenName.empty() ? nullptr : details.GetDetail(chosenName);
+        if (chosen != nullptr && !object.contains(chosenName))
+            chosen->SetValue(unit.get<std::string>());
+        else if (chosen == nullptr && detail.GetUnit().empty())
+            detail.SetUnit(unit.get<std::string>());
+        else if (chosen == nullptr && detail.GetUnit() != unit.get<std::string>())
+            Unreadable(fmt::format("the unit of '{}' is not '{}'", name, detail.GetUnit()));
     }
 
     void ReadNodes(Project& project, OwnerNode& parent, const json& list, OwnerKind kind)
@@ -256,9 +281,11 @@ private:
         for (const json& entry : list) {
             if (++m_lists > kMostLists)
                 Unreadable(fmt::format("it has more than {} waters and parts", kMostLists));
-            OwnerNode& node = project.AddOwner(parent, kind);
-            if (const json& name = Member(entry, "name"); name.is_string())
-                node.SetName(name.get<std::string>());
+            if (kind == OwnerKind::Water && project.GetLiquidCount() == kMostWaters)
+                Unreadable(fmt::format("it has more than {} waters", kMostWaters));
+            const json& name = Member(entry, "name");
+            OwnerNode& node =
+                project.AddOwner(parent, kind, name.is_string() ? name.get<std::string>() : std::string());
             ReadDetails(Member(entry, "details"), *node.GetDetails());
             ReadNodes(project, node, kind == OwnerKind::Exchanger ? Member(entry, "compartments") : json(),
                       OwnerKind::Compartment);

@@ -32,5 +32,6 @@ PROJECTBASE_EXPORT std::string ProjectToJson(const Project& project, const std::
                                              const std::vector<JsonMessage>& messages);
 
 /// The project that ProjectToJson wrote. Values that are derived are calculated, not read; details that the
-/// catalogue does not know are kept. Throws std::runtime_error naming what cannot be read.
+/// catalogue does not know are kept; values that are missing are those of a new project, while its waters and
+/// its exchangers are those of the text alone. Throws std::runtime_error naming what cannot be read.
 PROJECTBASE_EXPORT std::unique_ptr<Project> ProjectFromJson(std::string_view text);

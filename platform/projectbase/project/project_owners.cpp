@@ -108,9 +108,10 @@ OwnerNode& Project::AddOwner(OwnerNode& parent, std::shared_ptr<OwnerNode> node,
     return *node;
 }
 
-OwnerNode& Project::AddOwner(OwnerNode& parent, OwnerKind kind)
+OwnerNode& Project::AddOwner(OwnerNode& parent, OwnerKind kind, const std::string& name)
 {
-    auto node = kind == OwnerKind::Water ? std::make_shared<LiquidData>() : std::make_shared<OwnerNode>(kind);
+    auto node = kind == OwnerKind::Water ? std::make_shared<LiquidData>(name)
+                                         : std::make_shared<OwnerNode>(kind, name);
     return AddOwner(parent, std::move(node), parent.GetChildren(kind).size());
 }
 
@@ -166,8 +167,8 @@ void Project::RenameOwner(OwnerNode& node, const std::string& name)
                               .node = node.m_parent->ChildrenOf(node.GetKind())[node.GetPosition()],
                               .nameBefore = before,
                               .nameAfter = name});
-    // In the history the recipes are values of their own.
-    if (node.GetKind() != OwnerKind::Water || m_journal->GetKind() == EditKind::History)
+    // Elsewhere the recipes are values of their own; a water without a name is in none of them.
+    if (node.GetKind() != OwnerKind::Water || before.empty() || m_journal->GetKind() != EditKind::Typed)
         return;
     for (const auto& water : m_root.ChildrenOf(OwnerKind::Water)) {
         for (const char* key : kBlended) {

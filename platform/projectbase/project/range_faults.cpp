@@ -5,6 +5,7 @@
 #include "core/ion_units.h"
 #include "projectbase/project/project.h"
 #include "projectbase/units/temperature.h"
+#include "projectbase/water/blend.h"
 #include "projectbase/water/ion_rows.h"
 
 #include <cmath>
@@ -30,10 +31,13 @@ double WeightOf(std::string_view ion)
     return found == nullptr ? 1.0 : found->equivalentWeight;
 }
 
-std::optional<TypedPlace> TypedPlaceOf(const std::string& key)
+std::optional<TypedPlace> TypedPlaceOf(const DetailList& details, const std::string& key)
 {
     if (key == "liquid/temp")
         return TypedPlace{.orig = "liquid/temp.orig", .unit = "liquid/temp.unit", .isTemperature = true};
+    // Where CO2 is calculated, nobody types it.
+    if (key == "liquid/co2.mgl" && details.At("liquid/calculate.co2").GetBoolValue())
+        return std::nullopt;
     if (key == "liquid/co2.mgl")
         return TypedPlace{"liquid/co2.orig", "liquid/co2.unit", WeightOf("co2"), false, true};
     for (const water::IonRow& row : water::IonRows()) {
@@ -65,6 +69,12 @@ bool IsIonOf(const std::string& key)
 /// Whether the calculation looks at a value: nobody has to mend what is switched off.
 bool IsUsed(const DetailList& details, const std::string& key)
 {
+    if (key == "feed/ph")
+        return details.At("feed/adjust.ph").GetBoolValue();
+    if (key == "liquid/alk.dose" || key == "liquid/alk.target")
+        return !details.At("liquid/alk.type").GetStringValue().empty();
+    if (water::IsOfRecipe(key))
+        return water::IsBlend(details);
     const DetailData* type = details.GetDetail("liquid/analysis.type");
     if (type == nullptr)
         return true;
@@ -134,13 +144,14 @@ struct EntryPlace
 /// The entries of lists that occur many times; the user calls each by its name.
 void AddGroupFaults(const Project& project, std::vector<RangeFault>& faults)
 {
+    const bool hasEffluent = project.GetDetails().At("feed/use.effluent").GetBoolValue();
     for (const auto& [kind, groups] : project.GetAllDetailGroups()) {
         for (std::size_t entry = 0; entry < groups->size(); ++entry) {
             const DetailGroup& group = *(*groups)[entry];
             const DetailData* name = FindDetail(group, kind + "/name");
             for (const DetailData& detail : group) {
                 auto fault = FaultOf(detail);
-                if (!fault)
+                if (!fault || (detail.GetName().find("/conc.effluent.") != std::string::npos && !hasEffluent))
                     continue;
                 const EntryPlace place(group, detail.GetName());
                 if (place.IsTyped() && place.typed != &detail)
@@ -187,7 +198,7 @@ std::vector<RangeFault> RangeFaults(const DetailList& details, DetailOwner owner
         auto fault = FaultOf(detail);
         if (!fault || !IsUsed(details, key))
             continue;
-        if (const auto place = TypedPlaceOf(key)) {
+        if (const auto place = TypedPlaceOf(details, key)) {
             MoveToTypedPlace(*fault, *place, details);
         } else if (key.ends_with(kOrig)) {
             const DetailData* unit = details.GetDetail(key.substr(0, key.size() - kOrig.size()) + ".unit");

@@ -177,4 +177,17 @@ bool IsBlend(const DetailList& liquid)
            !liquid.At("liquid/blend.second").GetStringValue().empty();
 }
 
+bool IsOfRecipe(std::string_view key)
+{
+    return key.starts_with("liquid/blend.");
+}
+
+void ClearRecipe(DetailList& liquid)
+{
+    for (auto& [key, detail] : liquid) {
+        if (IsOfRecipe(key))
+            detail.ClearValue();
+    }
+}
+
 }  // namespace water

@@ -10,6 +10,8 @@
 #include "projectbase/details/detail_list.h"
 #include "projectbase/projectbase_export.h"
 
+#include <string_view>
+
 namespace water {
 
 /// Sets the typed values of `target` to the mixture of two normalised waters, of which the first has `share`
@@ -21,5 +23,10 @@ PROJECTBASE_EXPORT void Blend(const DetailList& first, const DetailList& second,
 /// Whether a water is calculated as a blend of others: it then has "liquid/blend.first" and
 /// "liquid/blend.second", the names of two waters, and "liquid/blend.share", percent of the first.
 PROJECTBASE_EXPORT bool IsBlend(const DetailList& liquid);
+
+/// Whether a value belongs to the recipe of a blend: it means nothing outside of its project.
+PROJECTBASE_EXPORT bool IsOfRecipe(std::string_view key);
+/// Makes an ordinary water of a blend, with the values that it has.
+PROJECTBASE_EXPORT void ClearRecipe(DetailList& liquid);
 
 }  // namespace water

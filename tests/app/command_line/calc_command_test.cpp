@@ -236,6 +236,13 @@ TEST_F(Calc, PrintsTheSameValidJsonEveryTime)
 TEST_F(Calc, SetsValuesOfEveryPartOfAPlantAndReadsThemBack)
 {
     iex::IEXProject plant("MB");
+    plant.AddLiquid("Second");
+    LiquidData& blend = plant.AddLiquid("Third");
+    {
+        const ProjectEdit edit(plant);
+        blend.FindDetail("liquid/blend.first")->SetValue(plant.GetLiquid(0).GetName());
+        blend.FindDetail("liquid/blend.second")->SetValue("Second");
+    }
     FeedComposition feed;
     DBObjects::Compound urea;
     urea.name = "urea";
@@ -250,11 +257,13 @@ TEST_F(Calc, SetsValuesOfEveryPartOfAPlantAndReadsThemBack)
              "ex.1.comp.2.resin.1:resin=sba", "--set", "project/qbrutto=20", "--set", "project/lz=12",
              "--set", "water.1:na=10meq/l", "--set", "project/title=", "--set", "ex.1:v.max=500"});
     ASSERT_EQ(set.code, 0) << set.err;
-    EXPECT_EQ(Value(set, "stepcomp/level", 4), "80");
+    EXPECT_EQ(Value(set, "stepcomp/level", 6), "80");
     EXPECT_THAT(set.out, HasSubstr("\"project/wbrutto\": {\"value\": 240,"))
         << "what follows from flow and time";
     EXPECT_THAT(set.out, HasSubstr("\"address\": \"ex.1:step/v.max\""));
     EXPECT_EQ(Run({path, "--set", "ex.1.comp.1:stepcomp/load=5"}).code, 1) << "derived";
+    EXPECT_EQ(Run({path, "--set", "water.3:na=5"}).code, 1) << "a blend is what its waters make it";
+    EXPECT_EQ(Run({path, "--set", "x1=5"}).code, 1) << "an ion without a name";
     // The text is a project: printed again it is the same.
     support::WriteBytes(m_folder / "plant.json", set.out);
     const Result again = Run({(m_folder / "plant.json").string(), "--json"});
@@ -263,7 +272,11 @@ TEST_F(Calc, SetsValuesOfEveryPartOfAPlantAndReadsThemBack)
     EXPECT_THAT(again.out, HasSubstr("\"feedcompound/conc.typed\": {\"value\": 60}"));
 
     for (const char* text : {"", "[", "{}", "{\"module\": \"nonsense\"}", "[[[[[[[[[[",
-                             "{\"module\": \"iex\", \"project\": {\"project/title\": {\"value\": []}}}"}) {
+                             "{\"module\": \"iex\", \"project\": {\"project/title\": {\"value\": []}}}",
+                             "{\"module\": \"iex\", \"project\": {\"project/nlines\": {\"value\": 1.5}}}",
+                             "{\"module\": \"iex\", \"project\": {\"project/lz\": {\"value\": 1, "
+                             "\"unit\": \"min\"}}}",
+                             "{\"module\": \"iex\", \"unitSystem\": \"cgs\"}"}) {
         support::WriteBytes(m_folder / "bad.json", text);
         const Result bad = Run({(m_folder / "bad.json").string()});
         EXPECT_EQ(bad.code, 1) << text;

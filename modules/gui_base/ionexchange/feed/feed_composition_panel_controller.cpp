@@ -48,7 +48,7 @@ FeedCompositionPanelController::~FeedCompositionPanelController()
 
 void FeedCompositionPanelController::OnProjectChanged(const ProjectChanges& changes)
 {
-    if (m_saving ||
+    if (m_saving > 0 ||
         !changes.Any([](const DetailAddress& address) { return address.key.starts_with("feed"); }))
         return;
     m_stale = true;
@@ -168,9 +168,8 @@ void FeedCompositionPanelController::ReloadComposition()
 
 void FeedCompositionPanelController::SaveFeedCompositionToDetails()
 {
-    m_saving = true;
+    const wxRecursionGuard guard(m_saving);
     m_project.SaveFeedCompositionToDetails(*m_composition);
-    m_saving = false;
 }
 
 void FeedCompositionPanelController::TransferCompositionToView()

@@ -14,6 +14,7 @@
 #include "projectbase/project/iex_project.h"
 
 #include <wx/event.h>
+#include <wx/recguard.h>
 #include <wx/weakref.h>
 
 #include <functional>
@@ -100,6 +101,6 @@ private:
     wxWeakRef<FeedCompositionPanel> m_view;
     std::vector<std::pair<wxEventType, Handler>> m_handlers;
     bool m_compoundsShown = false;
-    bool m_saving = false;
+    wxRecursionGuardFlag m_saving = 0;
     bool m_stale = false;  ///< others changed the feed while the view was out of sight
 };

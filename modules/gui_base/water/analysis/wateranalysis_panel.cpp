@@ -244,7 +244,7 @@ bool WaterAnalysisPanel::IsFull() const
     const DetailList& liquid = *m_liquid.GetDetails();
     // What is mixed of other waters is typed there.
     return wateranalysis::GetAnalysisType(liquid) == wateranalysis::AnalysisType::Full &&
-           !water::IsBlend(liquid);
+           !GetProject()->IsMixed(m_liquid);
 }
 
 void WaterAnalysisPanel::StoreType(wateranalysis::AnalysisType type)
@@ -282,7 +282,7 @@ void WaterAnalysisPanel::EnableInputFields()
     // Blends ask for every ion of the waters that they are made of.
     DisableShortAnalysis(GetProject()->GetDetails().At("arrangement/calculate.blend").GetBoolValue());
     m_ions->EnableRows(IsFull());
-    m_others->EnableInputs(!water::IsBlend(*m_liquid.GetDetails()));
+    m_others->EnableInputs(!GetProject()->IsMixed(m_liquid));
     m_balance->Enable(IsFull());
 }
 

@@ -59,21 +59,19 @@ void FeedWaterPanel::CreateHeader(Project* project, int liquid)
     quantity->Add(feed, wxSizerFlags(spaced).Expand());
     m_header->Add(quantity, wxSizerFlags().Expand());
     m_header->Add(origin, wxSizerFlags(spaced).Expand());
-    if (liquid == 0) {
-        DetailList& details = project->GetDetails();
-        m_organics = new OrganicsInputPanel(&details.At("feed/medium"), &details.At("feed/organics"), this,
-                                            GetStatusBar());
-        m_organicsController = std::make_unique<OrganicsInputPanelController>(project, m_organics);
-        AddLocalizable(m_organics);
-        quantity->Add(m_organics, wxSizerFlags(spaced).Expand());
-    }
+    DetailList& details = project->GetDetails();
+    m_organics = new OrganicsInputPanel(&details.At("feed/medium"), &details.At("feed/organics"), this,
+                                        GetStatusBar());
+    m_organicsController = std::make_unique<OrganicsInputPanelController>(project, m_organics);
+    AddLocalizable(m_organics);
+    quantity->Add(m_organics, wxSizerFlags(spaced).Expand());
+    m_organics->Show(IsFirstWater());
     GetSizer()->Insert(0, m_header);
     // What stands above comes first for the keyboard, too.
     if (first != nullptr) {
         feed->GetStaticBox()->MoveBeforeInTabOrder(first);
         origin->GetStaticBox()->MoveBeforeInTabOrder(first);
-        if (m_organics != nullptr)
-            m_organics->MoveBeforeInTabOrder(origin->GetStaticBox());
+        m_organics->MoveBeforeInTabOrder(origin->GetStaticBox());
     }
 }
 
@@ -93,8 +91,20 @@ void FeedWaterPanel::ArrangeHeader()
 void FeedWaterPanel::DoTransferDetailsToWindows()
 {
     WaterAnalysisPanel::DoTransferDetailsToWindows();
-    if (m_organicsController)
-        m_organicsController->TransferToView();
+    if (!m_organicsController)
+        return;
+    m_organicsController->TransferToView();
+    // Waters move: another one may be the first.
+    if (m_organics->Show(IsFirstWater())) {
+        ArrangeHeader();
+        Layout();
+        FitInside();
+    }
+}
+
+bool FeedWaterPanel::IsFirstWater() const
+{
+    return GetLiquid().GetPosition() == 0;
 }
 
 void FeedWaterPanel::DoUpdateUnits()
@@ -117,7 +127,7 @@ void FeedWaterPanel::DoLocalize()
 bool FeedWaterPanel::FocusDetail(const DetailAddress& address)
 {
     const bool isProject = address.owner == DetailOwner();
-    if (m_organics != nullptr && isProject && address.key == "feed/medium.temp") {
+    if (m_organics->IsShown() && isProject && address.key == "feed/medium.temp") {
         m_organics->FindField(FeedMediumForm::kTemperature)->SetFocus();
         return true;
     }

@@ -26,6 +26,8 @@ protected:
 private:
     void CreateHeader(Project* project, int liquid);
     void ArrangeHeader();
+    /// The organics of the feed stand with the first water.
+    bool IsFirstWater() const;
 
     FeedWaterSpecification* m_specification = nullptr;
     FeedMetaInformation* m_metaInformation = nullptr;

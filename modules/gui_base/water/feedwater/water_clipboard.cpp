@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "gui_base/water/feedwater/water_clipboard.h"
 
+#include "projectbase/water/blend.h"
+
 namespace {
 
 struct Store
@@ -24,6 +26,8 @@ void WaterClipboard::PutLiquid(const LiquidData* liquid)
     if (liquid != nullptr) {
         kept.LoadGroup("liquid", "BASE");
         kept.CopyValues(*liquid->GetDetails());
+        // Where it is pasted, the waters of a blend may be others.
+        water::ClearRecipe(kept);
     } else {
         kept.ClearValues();
     }

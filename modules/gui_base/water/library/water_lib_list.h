@@ -24,7 +24,6 @@ public:
 
     /// Shows other waters in the order given; the filter stays. Nothing is selected then.
     void SetWaters(Items waters);
-    const Items& GetWaters() const { return m_waters; }
     /// The shown water of that row, or null.
     const WaterLibListViewItem* GetWater(long row) const;
     const WaterLibListViewItem* GetSelectedWater() const { return GetWater(GetFirstSelected()); }

@@ -135,6 +135,63 @@ TEST_F(ProjectEdits, BlendsFollowTheirWatersInTheSameEdit)
     EXPECT_NEAR(Water("ca.mgl", 2).GetDoubleValue(), 10.02, 1e-12);
 }
 
+TEST_F(ProjectEdits, ARecipeWithoutItsWatersLeavesAnOrdinaryWater)
+{
+    m_project.AddLiquid("Second");
+    LiquidData& blend = m_project.AddLiquid("Blend");
+    {
+        const ProjectEdit edit(m_project);
+        blend.FindDetail("liquid/blend.first")->SetValue(m_project.GetLiquid(0).GetName());
+        blend.FindDetail("liquid/blend.second")->SetValue("Second");
+    }
+    EXPECT_TRUE(m_project.IsMixed(blend));
+    // A water that has no name yet is in no recipe.
+    OwnerNode& unnamed = m_project.AddOwner(m_project.GetRoot(), OwnerKind::Water);
+    unnamed.SetName("Third");
+    EXPECT_EQ(unnamed.FindDetail("liquid/blend.first")->GetStringValue(), "");
+    m_project.RemoveLiquid(1);
+    EXPECT_FALSE(m_project.IsMixed(blend));
+    blend.FindDetail("liquid/mg.orig")->SetValue(12.0);
+    EXPECT_EQ(blend.FindDetail("liquid/mg.meql")->GetDoubleValue(), 12.0) << "it takes inputs";
+    m_history.stack.Undo();
+    m_history.stack.Undo();
+    EXPECT_TRUE(m_project.IsMixed(blend));
+}
+
+TEST_F(ProjectEdits, WordsAboutAProjectLeaveItsDesign)
+{
+    m_project.ResetStatus(StatusDesigned);
+    m_project.GetDetails().At("project/title").SetValue("Boiler house");
+    m_project.GetDetails().At("project/date").SetValue(wxDateTime(1, wxDateTime::May, 2026));
+    EXPECT_EQ(m_project.GetStatus(), StatusDesigned);
+    Water("na.orig").SetValue(23.0);
+    EXPECT_LT(m_project.GetStatus(), StatusDesigned);
+}
+
+TEST_F(ProjectEdits, AnObserverThatFailsKeepsNothingFromOthers)
+{
+    struct Failing : ProjectObserver
+    {
+        void OnProjectChanged(const ProjectChanges&) override { throw std::runtime_error("broken"); }
+    } failing;
+    Leaver after(m_project, nullptr);
+    m_project.AddObserver(failing);
+    m_project.AddObserver(after);
+    Water("k.orig").SetValue(1.0);
+    EXPECT_EQ(after.told, 1);
+    m_project.RemoveObserver(failing);
+}
+
+TEST_F(ProjectEdits, ATemperatureThatNobodyTouchedKeepsItsDigits)
+{
+    m_project.GetDetails().At("feed/medium.temp").SetValue(21.7);
+    const int told = m_history.told;
+    auto medium = m_project.LoadFeedMediumFromDetails();
+    medium.temperature = {medium.temperature.In(TemperatureUnit::Fahrenheit), TemperatureUnit::Fahrenheit};
+    m_project.SaveFeedMediumToDetails(medium);
+    EXPECT_EQ(m_history.told, told) << "nothing changed";
+}
+
 TEST_F(ProjectEdits, WaterIonsBeginAsTheyFollowFromThePh)
 {
     Water("ph").SetValue(4.0);

@@ -42,6 +42,7 @@ TEST(RangeFaults, NamesEveryValueWhereItIsTyped)
         OwnerNode& owner = *project.FindOwner(c.owner);
         {
             const ProjectEdit edit(project);
+            project.GetDetails().At("feed/adjust.ph").SetValue(true);
             if (c.typedUnit != nullptr)
                 owner.GetDetails()
                     ->At(std::string(c.key, std::string(c.key).size() - 4) + "unit")
@@ -91,6 +92,33 @@ TEST(RangeFaults, LeavesOutWhatIsSwitchedOff)
         water.At("liquid/calculate.co2").SetValue(true);
     }
     EXPECT_EQ(keys(), (Keys{"liquid/tds.short"}));
+    {
+        const ProjectEdit edit(project);
+        water.At("liquid/tds.short").SetValue(1.0);
+        water.At("liquid/alk.dose").SetValue(-1.0);
+        water.At("liquid/blend.share").SetValue(101.0);
+        project.GetDetails().At("feed/ph").SetValue(15.0);
+    }
+    EXPECT_EQ(keys(), Keys());
+    project.GetDetails().At("feed/adjust.ph").SetValue(true);
+    EXPECT_EQ(keys(), (Keys{"feed/ph"}));
+}
+
+TEST(RangeFaults, ACalculatedCo2IsNotTyped)
+{
+    iex::IEXProject project;
+    DetailList& water = *project.GetLiquid(0).GetDetails();
+    {
+        const ProjectEdit edit(project);
+        water.At("liquid/calculate.co2").SetValue(true);
+        water.At("liquid/hco3.orig").SetValue(600.0);
+        water.At("liquid/hco3.unit").SetValue("meq/l");
+        water.At("liquid/ph").SetValue(2.5);
+    }
+    ASSERT_GT(water.At("liquid/co2.mgl").GetDoubleValue(), 100'000.0);
+    const auto faults = RangeFaults(project);
+    ASSERT_EQ(faults.size(), 1u);
+    EXPECT_EQ(faults[0].address.key, "liquid/co2.mgl");
 }
 
 TEST(RangeFaults, KnowsTheEntriesOfTheFeed)
