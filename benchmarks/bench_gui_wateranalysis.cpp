@@ -1,17 +1,19 @@
 // SPDX-License-Identifier: MIT
 // The water analysis panel beside the same work on the bare toolkit, and the start of the program.
 #include "app/language/language.h"
-#include "core/ion_units.h"
 #include "gui_base/input/controls/tv_textctrl.h"
 #include "gui_base/input/events.h"
 #include "gui_base/input/validation/validator.h"
-#include "gui_base/water/analysis/wateranalysis_panel.h"
+#include "gui_base/water/feedwater/feed_water_panel.h"
 #include "projectbase/project/iex_project.h"
+#include "projectbase/project/project_file.h"
 
 #include <benchmark/benchmark.h>
 #include <fmt/format.h>
+#include <wx/button.h>
 #include <wx/checkbox.h>
 #include <wx/choice.h>
+#include <wx/datectrl.h>
 #include <wx/filename.h>
 #include <wx/frame.h>
 #include <wx/radiobut.h>
@@ -24,6 +26,7 @@
 #include <wx/utils.h>
 
 #include <chrono>
+#include <filesystem>
 #include <memory>
 #include <vector>
 
@@ -70,18 +73,22 @@ struct BarePanel
 
     struct Counts
     {
-        int texts = 0, choices = 0, labels = 0, checks = 0, radios = 0, boxes = 0;
+        int texts = 0, labels = 0, checks = 0, radios = 0, boxes = 0, dates = 0, buttons = 0;
+        std::vector<wxArrayString> choices;  ///< the items of each
     };
 
     static void CountChildren(const wxWindow& window, Counts& counts)
     {
         for (const wxWindow* child : window.GetChildren()) {
             counts.texts += dynamic_cast<const wxTextCtrl*>(child) != nullptr;
-            counts.choices += dynamic_cast<const wxChoice*>(child) != nullptr;
+            if (const auto* choice = dynamic_cast<const wxChoice*>(child))
+                counts.choices.push_back(choice->GetStrings());
             counts.labels += dynamic_cast<const wxStaticText*>(child) != nullptr;
             counts.checks += dynamic_cast<const wxCheckBox*>(child) != nullptr;
             counts.radios += dynamic_cast<const wxRadioButton*>(child) != nullptr;
             counts.boxes += dynamic_cast<const wxStaticBox*>(child) != nullptr;
+            counts.dates += dynamic_cast<const wxDatePickerCtrl*>(child) != nullptr;
+            counts.buttons += dynamic_cast<const wxAnyButton*>(child) != nullptr;
             CountChildren(*child, counts);
         }
     }
@@ -107,14 +114,15 @@ struct BarePanel
             texts.push_back(text);
             sizer->Add(text);
         }
-        wxArrayString units;
-        for (std::string_view unit : ions::kIonUnits)
-            units.push_back(wxString::FromUTF8(unit.data(), unit.size()));
-        for (int i = 0; i < counts.choices; ++i) {
-            auto* choice = new wxChoice(panel, wxID_ANY, wxDefaultPosition, wxDefaultSize, units);
-            choice->SetSelection(1);
+        for (const wxArrayString& items : counts.choices) {
+            auto* choice = new wxChoice(panel, wxID_ANY, wxDefaultPosition, wxDefaultSize, items);
+            choice->SetSelection(0);
             sizer->Add(choice);
         }
+        for (int i = 0; i < counts.dates; ++i)
+            sizer->Add(new wxDatePickerCtrl(panel, wxID_ANY));
+        for (int i = 0; i < counts.buttons; ++i)
+            sizer->Add(new wxButton(panel, wxID_ANY, "Button"));
         for (int i = 0; i < counts.checks; ++i)
             sizer->Add(new wxCheckBox(panel, wxID_ANY, "check"));
         for (int i = 0; i < counts.radios; ++i)
@@ -162,8 +170,8 @@ void PanelCreation(benchmark::State& state)
     }
     state.counters["bare_ms"] = 1e3 * bare / static_cast<double>(state.iterations());
     state.counters["ratio"] = ours / bare;
-    state.counters["controls"] =
-        counts.texts + counts.choices + counts.labels + counts.checks + counts.radios;
+    state.counters["controls"] = counts.texts + static_cast<int>(counts.choices.size()) + counts.labels +
+                                 counts.checks + counts.radios;
 }
 BENCHMARK(PanelCreation)->UseManualTime()->Iterations(25)->Unit(benchmark::kMillisecond);
 
@@ -220,6 +228,49 @@ void SwitchLanguage(benchmark::State& state)
 }
 BENCHMARK(SwitchLanguage)->Unit(benchmark::kMillisecond);
 
+/// A whole page of a water as the program makes it, up to its first picture, against as many bare controls.
+void PageCreation(benchmark::State& state)
+{
+    Window window;
+    iex::IEXProject project;
+    const auto make = [&] { return new FeedWaterPanel(&project, 0, window.frame, wxID_ANY, nullptr); };
+    const auto show = [&](wxWindow& page) {
+        page.SetSize(window.frame->GetClientSize());
+        wxYield();
+    };
+    FeedWaterPanel* model = make();
+    const BarePanel::Counts counts = BarePanel::Count(*model);
+    model->Destroy();
+    wxYield();
+    double ours = 0.0;
+    double bare = 0.0;
+    double made = 0.0;
+    double bareMade = 0.0;
+    for (auto _ : state) {
+        auto start = Clock::now();
+        FeedWaterPanel* page = make();
+        made += Seconds(start);
+        show(*page);
+        const double seconds = Seconds(start);
+        page->Destroy();
+        wxYield();
+        start = Clock::now();
+        BarePanel plain(counts, window.frame);
+        bareMade += Seconds(start);
+        show(*plain.panel);
+        bare += Seconds(start);
+        plain.panel->Destroy();
+        wxYield();
+        ours += seconds;
+        state.SetIterationTime(seconds);
+    }
+    state.counters["bare_ms"] = 1e3 * bare / static_cast<double>(state.iterations());
+    state.counters["bare_made_ms"] = 1e3 * bareMade / static_cast<double>(state.iterations());
+    state.counters["made_ms"] = 1e3 * made / static_cast<double>(state.iterations());
+    state.counters["ratio"] = ours / bare;
+}
+BENCHMARK(PageCreation)->UseManualTime()->Iterations(15)->Unit(benchmark::kMillisecond);
+
 /// Setting every text of the bare panel to something else: the measure for an edit and for the switches.
 void BareRefresh(benchmark::State& state)
 {
@@ -239,24 +290,39 @@ void BareRefresh(benchmark::State& state)
 }
 BENCHMARK(BareRefresh)->Unit(benchmark::kMillisecond);
 
-/// From the start of the process to the first window that can be used; the program ends itself then and says
-/// how much memory it holds.
+/// From the start of the process to the first window that can be used, with a file of so many waters; the
+/// program ends itself then and says how much memory it holds.
 void StartToFirstWindow(benchmark::State& state)
 {
     const wxString program = wxFileName(wxStandardPaths::Get().GetExecutablePath()).GetPath() + "/tarnvik";
+    iex::IEXProject project;
+    while (project.GetLiquidCount() < static_cast<std::size_t>(state.range(0)))
+        project.AddLiquid("Water " + std::to_string(project.GetLiquidCount()));
+    const auto file = std::filesystem::temp_directory_path() / "bench_start.tarnvik";
+    ProjectFile::Save(project, file);
     double kilobytes = 0.0;
     for (auto _ : state) {
         wxArrayString output;
         const auto start = Clock::now();
-        const long status = wxExecute(program + " --measure-start", output, wxEXEC_SYNC | wxEXEC_NOEVENTS);
-        state.SetIterationTime(Seconds(start));
-        if (status != 0 || output.empty() || !output[0].ToCDouble(&kilobytes)) {
+        const long status = wxExecute(program + " --measure-start " + wxString::FromUTF8(file.string()),
+                                      output, wxEXEC_SYNC | wxEXEC_NOEVENTS);
+        double shown = 0.0;
+        if (status != 0 || output.size() < 2 || !output[0].ToCDouble(&kilobytes) ||
+            !output[1].ToCDouble(&shown)) {
             state.SkipWithError("the program did not start");
             break;
         }
+        state.SetIterationTime(shown - std::chrono::duration<double>(start.time_since_epoch()).count());
     }
+    std::filesystem::remove(file);
     state.counters["memory_MiB"] = kilobytes / 1024;
 }
-BENCHMARK(StartToFirstWindow)->UseManualTime()->Iterations(8)->Unit(benchmark::kMillisecond);
+BENCHMARK(StartToFirstWindow)
+    ->ArgName("waters")
+    ->Arg(1)
+    ->Arg(20)
+    ->UseManualTime()
+    ->Iterations(8)
+    ->Unit(benchmark::kMillisecond);
 
 }  // namespace

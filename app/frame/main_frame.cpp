@@ -88,6 +88,11 @@ MainFrame::MainFrame(std::unique_ptr<Document> document)
     Bind(tvACTIVATECURRENTTREEITEM_EVENT,
          [this](wxCommandEvent& event) { m_book->ShowPlace(static_cast<std::size_t>(event.GetInt())); });
     Bind(wxEVT_CLOSE_WINDOW, &MainFrame::OnClose, this);
+    Bind(wxEVT_SHOW, [this](wxShowEvent& event) {
+        event.Skip();
+        if (event.IsShown())
+            m_book->MakeShownPages();
+    });
     m_files.RestartAutosave();
     SetSize(InitialSize(*this));
     OpenPages();
@@ -134,11 +139,10 @@ void MainFrame::OpenPages()
                                i18n::Translated(wxString::FromUTF8(entry.text)));
     });
     try {
-        m_book->Open(project, m_help.get(), m_statusBar);
+        m_book->Open(project, m_help.get(), m_statusBar, KeptArrangement());
     } catch (const std::exception& error) {
         ReportError(wxString::FromUTF8(error.what()));
     }
-    RestoreArrangement();
     project.AddObserver(*this);
     UpdateRangeMessages();
     UpdateTitle();
@@ -179,14 +183,13 @@ void MainFrame::KeepArrangement()
     ProjectDatabase::SetLocalParameter(ArrangementParameter(), m_notebook->SavePerspective().utf8_string());
 }
 
-void MainFrame::RestoreArrangement()
+wxString MainFrame::KeptArrangement()
 {
     try {
-        const std::string arrangement = ProjectDatabase::GetLocalParameter(ArrangementParameter());
-        if (!arrangement.empty())
-            m_notebook->LoadPerspective(wxString::FromUTF8(arrangement));
+        return wxString::FromUTF8(ProjectDatabase::GetLocalParameter(ArrangementParameter()));
     } catch (const std::exception& error) {
         ReportError(wxString::FromUTF8(error.what()));
+        return {};
     }
 }
 

@@ -74,7 +74,7 @@ private:
     void ClosePages();
     /// The arrangement of the pages outlives the program, one for each type of project.
     void KeepArrangement();
-    void RestoreArrangement();
+    wxString KeptArrangement();
     std::string ArrangementParameter() const;
     /// Runs an undo or a redo and shows what it changed.
     void StepHistory(bool (UndoRedoDetailStack::*step)(), const UndoStep* taken);

@@ -39,13 +39,17 @@ ModuleBook::ModuleBook(wxTreeCtrl& tree, AuiNotebook& notebook) : m_tree(tree), 
     m_tree.Bind(wxEVT_TREE_SEL_CHANGED, &ModuleBook::OnTreeSelection, this);
 }
 
-void ModuleBook::Open(Project& project, TVHelpFileProvider* help, wxStatusBar* statusBar)
+void ModuleBook::Open(Project& project, TVHelpFileProvider* help, wxStatusBar* statusBar,
+                      const wxString& arrangement)
 {
     m_project = &project;
     m_help = help;
     m_statusBar = statusBar;
-    Follow();
+    Arrange();
     SelectFirst();
+    if (!arrangement.empty())
+        m_notebook.LoadPerspective(arrangement);
+    MakeShownPages();
 }
 
 void ModuleBook::Close()
@@ -54,6 +58,8 @@ void ModuleBook::Close()
     m_filling = true;
     m_tree.DeleteAllItems();
     m_filling = false;
+    for (PageHost* host : m_hosts)
+        host->Hold();
     m_hosts.clear();
     m_notebook.DeleteAllPages();
     m_project = nullptr;
@@ -86,6 +92,21 @@ void ModuleBook::AddPage(const Item& item, std::size_t place)
 }
 
 void ModuleBook::Follow()
+{
+    Arrange();
+    MakeShownPages();
+}
+
+void ModuleBook::MakeShownPages()
+{
+    // A window that is still to be shown may get another project first.
+    if (!m_notebook.IsShownOnScreen())
+        return;
+    for (PageHost* host : m_hosts)
+        host->Release();
+}
+
+void ModuleBook::Arrange()
 {
     const std::vector<Item> wanted = WantedItems();
     const auto is = [](const PageHost& host, const Item& item) {
@@ -130,8 +151,13 @@ wxString ModuleBook::NameOf(const PageHost& host) const
 
 void ModuleBook::Localize()
 {
-    for (PageHost* host : m_hosts)
-        m_notebook.SetPageText(static_cast<std::size_t>(m_notebook.GetPageIndex(host)), NameOf(*host));
+    for (PageHost* host : m_hosts) {
+        const auto page = static_cast<std::size_t>(m_notebook.GetPageIndex(host));
+        const wxString name = NameOf(*host);
+        // The toolkit draws all tabs anew for each text.
+        if (m_notebook.GetPageText(page) != name)
+            m_notebook.SetPageText(page, name);
+    }
     FillTree();
 }
 

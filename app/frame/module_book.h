@@ -24,10 +24,14 @@ public:
     ModuleBook(const ModuleBook&) = delete;
     ModuleBook& operator=(const ModuleBook&) = delete;
 
-    /// Shows the pages of a project, the first one in front.
-    void Open(Project& project, TVHelpFileProvider* help, wxStatusBar* statusBar);
+    /// Shows the pages of a project as `arrangement` says, by itself the first water in front. No page is
+    /// made that is not in view then.
+    void Open(Project& project, TVHelpFileProvider* help, wxStatusBar* statusBar,
+              const wxString& arrangement);
     /// Closes every page.
     void Close();
+    /// Makes the pages that are in view; nothing while the window around them is not shown.
+    void MakeShownPages();
     /// Brings pages, tree and names into agreement with the owners that the project has now.
     void Follow();
     /// The names of pages and tree in the present language.
@@ -52,6 +56,8 @@ private:
     struct Item;
 
     std::vector<Item> WantedItems() const;
+    /// Gives every module and owner its place in the notebook and in the tree.
+    void Arrange();
     void AddPage(const Item& item, std::size_t place);
     void SelectFirst();
     void FillTree();

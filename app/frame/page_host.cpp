@@ -14,7 +14,7 @@ PageHost::PageHost(wxWindow* parent, const Module& module, DetailOwner owner,
     Create(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxTAB_TRAVERSAL, "page");
     Bind(wxEVT_SHOW, [this](wxShowEvent& event) {
         event.Skip();
-        if (event.IsShown())
+        if (event.IsShown() && m_released)
             MakePage();
         // The page follows the project only while it is in view.
         if (m_page.panel != nullptr)
@@ -38,6 +38,13 @@ ModulePanelBase& PageHost::MakePage()
         FitPage();
     }
     return *m_page.panel;
+}
+
+void PageHost::Release()
+{
+    m_released = true;
+    if (IsShown())
+        MakePage();
 }
 
 void PageHost::FitPage()

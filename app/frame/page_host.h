@@ -14,7 +14,7 @@ namespace app {
 class PageHost : public wxPanel
 {
 public:
-    /// `make` makes the page as a child of the host it is given.
+    /// `make` makes the page as a child of the host it is given; not before Release.
     PageHost(wxWindow* parent, const Module& module, DetailOwner owner,
              std::function<ModulePage(wxWindow*)> make);
     ~PageHost() override;
@@ -26,6 +26,10 @@ public:
     const ModulePage& GetPage() const { return m_page; }
     /// Makes the page if it was not made yet.
     ModulePanelBase& MakePage();
+    /// From now on the page is made when it is shown, at once if it is already.
+    void Release();
+    /// From now on no page is made: pages behind come into view while those before them are closed.
+    void Hold() { m_released = false; }
 
 private:
     void FitPage();
@@ -34,6 +38,7 @@ private:
     DetailOwner m_owner;
     std::function<ModulePage(wxWindow*)> m_make;
     ModulePage m_page;
+    bool m_released = false;
 };
 
 }  // namespace app

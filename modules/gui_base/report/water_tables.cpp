@@ -3,6 +3,7 @@
 
 #include "core/ion_units.h"
 #include "dbinterfaces/master_database.h"
+#include "gui_base/report/range_sentence.h"
 #include "gui_base/water/rows/ion_rows.h"
 #include "gui_base/water/rows/property_rows.h"
 #include "projectbase/details/detail_display.h"
@@ -48,20 +49,11 @@ bool IsShort(const DetailList& details)
     return Text(details, "liquid/analysis.type").starts_with("SHORT");
 }
 
-bool IsBelow(const DetailData& detail)
-{
-    return detail.HasMinValue() && detail.GetDoubleValue() < detail.GetMinValue();
-}
-
-bool IsAbove(const DetailData& detail)
-{
-    return detail.HasMaxValue() && detail.GetDoubleValue() > detail.GetMaxValue();
-}
-
 /// A number that is marked where it lies outside its limits.
 Cell NumberCell(const DetailData& detail, double shown, int digits, const ReportContext& context)
 {
-    const char* const mark = IsBelow(detail) ? "\u25bc " : IsAbove(detail) ? "\u25b2 " : "";
+    const int side = SideOfLimits(detail);
+    const char* const mark = side < 0 ? "\u25bc " : side > 0 ? "\u25b2 " : "";
     return {.text = mark + context.Number(shown, digits), .alarm = *mark != '\0'};
 }
 
@@ -192,28 +184,6 @@ report::Row HardnessRow(const std::string& label, double meq, bool divalent, con
                       in("ppm CaCO3")}};
 }
 
-std::string LimitSentence(const std::string& label, const DetailData& detail, bool convertUnit, int digits,
-                          const ReportContext& context)
-{
-    const std::string system = convertUnit ? context.unitSystem : "iso";
-    DetailData limit(detail);
-    limit.SetValue(IsBelow(detail) ? detail.GetMinValue() : detail.GetMaxValue());
-    const DisplayFromDetail display;
-    const auto withUnit = [&](const DetailData& value) {
-        const std::string unit = display.GetUnitLabel(value, system).utf8_string();
-        return fmt::format("{}{}{}", context.Number(display.GetValue(value, system), digits),
-                           unit.empty() ? "" : " ", unit);
-    };
-    std::string text = context.Translated(IsBelow(detail) ? wxTRANSLATE("%s is below the minimum of %s")
-                                                          : wxTRANSLATE("%s is above the maximum of %s"));
-    for (const std::string& part : {fmt::format("{} {}", label, withUnit(detail)), withUnit(limit)}) {
-        const auto at = text.find("%s");
-        if (at != std::string::npos)
-            text.replace(at, 2, part);
-    }
-    return text;
-}
-
 }  // namespace
 
 std::string PlainLabel(const char* source, const ReportContext& context)
@@ -342,25 +312,8 @@ report::Table SummaryTable(const DetailList& details, const ReportContext& conte
 std::vector<std::string> RangeSentences(const DetailList& details, const ReportContext& context)
 {
     std::vector<std::string> sentences;
-    const auto check = [&](const std::string& label, const std::string& key, bool convert, int digits) {
-        const DetailData& detail = details.At(key);
-        if (IsBelow(detail) || IsAbove(detail))
-            sentences.push_back(LimitSentence(label, detail, convert, digits, context));
-    };
-    const auto checkIons = [&](std::span<const IonRow> rows) {
-        for (const IonRow& row : rows)
-            check(PlainLabel(row.label, context), fmt::format("liquid/{}.meql", row.key), false, kMeqlDigits);
-    };
-    checkIons(kCationRows);
-    checkIons(kAnionRows);
-    check(PlainLabel(wxTRANSLATE("Temperature"), context), "liquid/temp", true, kDigits);
-    check(PlainLabel(wxTRANSLATE("CO2:"), context), "liquid/co2.mgl", false, kTypedDigits);
-    const auto checkProperties = [&](std::span<const PropertyRow> rows) {
-        for (const PropertyRow& row : rows)
-            check(PlainLabel(row.label, context), row.key, true, row.precision);
-    };
-    checkProperties(kMainProperties);
-    checkProperties(kFurtherProperties);
+    for (const RangeFault& fault : RangeFaults(details))
+        sentences.push_back(RangeSentence(fault, context));
     return sentences;
 }
 

@@ -92,19 +92,14 @@ std::string LabelOf(const DetailList& details, const DetailData& detail)
 /// The limit that the value breaks.
 std::optional<RangeFault> FaultOf(const DetailData& detail)
 {
-    const bool isNumber = detail.GetType() == DetailType::Double || detail.GetType() == DetailType::Long;
-    const double value = isNumber ? detail.GetDoubleValue() : std::nan("");
-    if (std::isnan(value))
-        return std::nullopt;
-    const bool below = detail.HasMinValue() && value < detail.GetMinValue();
-    const bool above = detail.HasMaxValue() && value > detail.GetMaxValue();
-    if (!below && !above)
+    const int side = SideOfLimits(detail);
+    if (side == 0)
         return std::nullopt;
     return RangeFault{.address = {{}, detail.GetName()},
                       .label = detail.GetLabel(),
-                      .value = value,
-                      .limit = below ? detail.GetMinValue() : detail.GetMaxValue(),
-                      .isBelow = below,
+                      .value = detail.GetDoubleValue(),
+                      .limit = side < 0 ? detail.GetMinValue() : detail.GetMaxValue(),
+                      .isBelow = side < 0,
                       .unit = detail.GetUnit()};
 }
 
@@ -174,6 +169,16 @@ void AddNodeFaults(const OwnerNode& node, std::vector<RangeFault>& faults)
 }
 
 }  // namespace
+
+int SideOfLimits(const DetailData& detail)
+{
+    if (detail.GetType() != DetailType::Double && detail.GetType() != DetailType::Long)
+        return 0;
+    const double value = detail.GetDoubleValue();
+    if (detail.HasMinValue() && value < detail.GetMinValue())
+        return -1;
+    return detail.HasMaxValue() && value > detail.GetMaxValue() ? 1 : 0;
+}
 
 std::vector<RangeFault> RangeFaults(const DetailList& details, DetailOwner owner)
 {

@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+class DetailData;
 class DetailList;
 class Project;
 
@@ -26,6 +27,9 @@ struct RangeFault
     std::string unit;
     bool isTypedUnit = false;
 };
+
+/// -1 for a number below its minimum, +1 above its maximum, 0 within, and for what is no number or not known.
+PROJECTBASE_EXPORT int SideOfLimits(const DetailData& detail);
 
 /// By owner in the order of the project, then by key. A value that is not known has no limits, and what a
 /// calculation does not use cannot be wrong: the ions of a short analysis, say.

@@ -3,6 +3,7 @@
 
 #include "dbinterfaces/project_database.h"
 #include "projectbase/details/detail_catalogue.h"
+#include "projectbase/project/range_faults.h"
 
 #include <fmt/format.h>
 
@@ -45,20 +46,11 @@ State& GetState()
     return state;
 }
 
-bool InLimits(const DetailData& detail)
-{
-    if (detail.GetType() != DetailType::Double && detail.GetType() != DetailType::Long)
-        return true;
-    const double value = detail.GetDoubleValue();
-    return !(detail.HasMinValue() && value < detail.GetMinValue()) &&
-           !(detail.HasMaxValue() && value > detail.GetMaxValue());
-}
-
 /// Takes the stored text into a copy first, so that a bad one leaves the setting alone.
 void TakeText(DetailData& detail, const std::string& text)
 {
     DetailData parsed(detail);
-    if (parsed.SetValueFromString(wxString::FromUTF8(text)) && InLimits(parsed))
+    if (parsed.SetValueFromString(wxString::FromUTF8(text)) && SideOfLimits(parsed) == 0)
         detail.CopyValue(parsed);
 }
 

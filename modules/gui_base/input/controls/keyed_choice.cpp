@@ -34,6 +34,7 @@ KeyedChoice<Key>::KeyedChoice(const Items& items, DetailData* detail, wxWindow* 
                               const wxValidator& validator, const wxString& name)
     : wxChoice(parent, id, pos, size, TranslatedLabels(items), style, validator, name),
       m_items(items),
+      m_shown(TranslatedLabels(items)),
       m_detail(detail)
 {
     Bind(wxEVT_CHOICE, &KeyedChoice::OnChosen, this);
@@ -57,7 +58,9 @@ void KeyedChoice<Key>::Set(const Items& items)
     labels.reserve(m_items.size());
     for (const Item& item : m_items)
         labels.push_back(DisplayText(item.second));
-    wxChoice::Set(labels);
+    if (labels != m_shown)
+        wxChoice::Set(labels);
+    m_shown = labels;
     if (hadSelection)
         SelectIndex(IndexOfKey(key));
 }
@@ -69,9 +72,11 @@ void KeyedChoice<Key>::Localize(const std::string&)
     bool replaced = false;
     for (unsigned i = 0; i < m_items.size(); ++i) {
         const wxString text = DisplayText(m_items[i].second);
-        if (GetString(i) == text)
+        // Asking the toolkit for the text of an item costs more than all the rest, with a list of countries.
+        if (m_shown[i] == text)
             continue;
         SetString(i, text);
+        m_shown[i] = text;
         replaced = true;
     }
     // Replacing the text of the selected item deselects it.

@@ -56,6 +56,7 @@ private:
     void OnChosen(wxCommandEvent& event);
 
     Items m_items;
+    wxArrayString m_shown;  ///< the texts of the items in the toolkit
     DetailData* m_detail;
 };
 
