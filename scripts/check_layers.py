@@ -17,6 +17,7 @@ ROOTS = ("modules", "components", "platform")
 # What each layer may use beside itself. A layer is the longest of these folders that a file lies below.
 CORE = "platform/core"
 TNCOMMON = "platform/tncommon"
+SVG = "platform/svg"
 DBINTERFACES = "platform/dbinterfaces"
 PROJECTBASE = "platform/projectbase"
 WXCURL = "platform/wxcurl"
@@ -30,12 +31,13 @@ WATER_ROWS = GUI + "water/rows"
 # The languages of the program, which it also speaks without a window.
 LANGUAGE = "app/language"
 
-MODEL = {CORE, TNCOMMON, DBINTERFACES, PROJECTBASE}
+MODEL = {CORE, TNCOMMON, SVG, DBINTERFACES, PROJECTBASE}
 LAYERS = {
     CORE: set(),
     TNCOMMON: {CORE},
+    SVG: {CORE, TNCOMMON},
     DBINTERFACES: {CORE, TNCOMMON},
-    PROJECTBASE: {CORE, TNCOMMON, DBINTERFACES},
+    PROJECTBASE: {CORE, TNCOMMON, SVG, DBINTERFACES},
     WXCURL: {CORE},
     CHARTDIR: {CORE},
     REPORT: set(),
@@ -70,7 +72,7 @@ LAYERS["app"] |= {"app/modules/base"}
 LAYERS["app/command_line"] = MODEL | {REPORT, CHARTDIR, PRINTOUT, LANGUAGE, "app/modules/base"}
 
 # System headers that a layer must not use.
-FORBIDDEN_SYSTEM = {CORE: r"wx/", DBINTERFACES: r"wx/", CHARTDIR: r"wx/", REPORT: r"wx/",
+FORBIDDEN_SYSTEM = {CORE: r"wx/", SVG: r"wx/(?!string|log|mstream|xml/xml)", DBINTERFACES: r"wx/", CHARTDIR: r"wx/", REPORT: r"wx/",
                     PRINTOUT: r"wx/(?!string|translation|datetime)"}
 
 INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^">]+)[">]')
@@ -136,7 +138,8 @@ def self_test():
         "modules/gui_base/input/binding/b.h": '#include "gui_base/input/validation/v.h"',
         "modules/gui_base/network/n.h": '#include "wxcurl/http.h"\n#include "gui_base/gui_base_export.h"',
         "modules/gui_base/water/tools/w.cpp": '#include "gui_base/network/n.h"\n#include "projectbase/p.h"',
-        "platform/projectbase/p.h": '#include "core/ions.h"\n#include <wx/string.h>',
+        "platform/svg/graphic.h": '#include "tncommon/data_dir.h"\n#include <wx/xml/xml.h>',
+        "platform/projectbase/p.h": '#include "core/ions.h"\n#include "svg/graphic.h"\n#include <wx/string.h>',
         "platform/wxcurl/http.h": "",
         "app/command_line/calc.cpp": '#include "projectbase/p.h"',
         "app/frame/frame.cpp": '#include "gui_base/input/binding/b.h"\n#include "app/command_line/calc.h"',
@@ -159,6 +162,8 @@ def self_test():
         "app/command_line/window.cpp": '#include "gui_base/input/events.h"',
         "modules/gui_base/report/window.h": '#include "gui_base/water/tools/w.cpp"',
         "modules/gui_base/report/toolkit.h": "#include <wx/dialog.h>",
+        "platform/svg/up.h": '#include "projectbase/p.h"',
+        "platform/svg/window.h": "#include <wx/bitmap.h>",
         "app/language/language.cpp": '#include "app/frame/frame.cpp"',
     }
     with tempfile.TemporaryDirectory() as folder:

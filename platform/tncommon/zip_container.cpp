@@ -2,6 +2,7 @@
 #include "tncommon/zip_container.h"
 
 #include "tncommon/checksum_calculator.h"
+#include "tncommon/zip_entry.h"
 
 #include <fmt/format.h>
 #include <wx/log.h>
@@ -20,7 +21,6 @@ using Problem = ZipError::Problem;
 constexpr const char* kChecksumEntry = "checksum";
 constexpr std::size_t kMostOfChecksum = 64;
 constexpr std::size_t kMostOfName = 1000;
-constexpr std::string_view kSignature = "PK\x03\x04";
 
 std::string TextOf(Problem problem)
 {
@@ -63,22 +63,6 @@ void WriteEntry(wxZipOutputStream& zip, const wxString& name, const std::string&
         throw std::runtime_error("SaveToZip: an entry could not be written");
 }
 
-/// The contents of the open entry, at most `limit` bytes.
-std::string ReadEntry(wxZipInputStream& zip, std::size_t limit)
-{
-    std::string bytes;
-    char buffer[16384];
-    while (!zip.Eof()) {
-        zip.Read(buffer, sizeof buffer);
-        bytes.append(buffer, zip.LastRead());
-        if (bytes.size() > limit)
-            throw ZipError(Problem::TooLarge);
-        if (zip.GetLastError() == wxSTREAM_READ_ERROR)
-            throw ZipError(Problem::ChecksumWrong);
-    }
-    return bytes;
-}
-
 struct Contents
 {
     std::vector<ZipPart> parts;
@@ -95,7 +79,7 @@ Contents ReadEntries(wxZipInputStream& zip, const ZipLimits& limits)
             throw ZipError(Problem::StructureWrong);
         const wxString name = entry->GetInternalName();
         if (name == kChecksumEntry) {
-            contents.checksum = ReadEntry(zip, kMostOfChecksum);
+            contents.checksum = ReadOpenEntry(zip, kMostOfChecksum);
             continue;
         }
         if (contents.parts.size() == limits.parts)
@@ -103,7 +87,7 @@ Contents ReadEntries(wxZipInputStream& zip, const ZipLimits& limits)
         const std::string comment = entry->GetComment().utf8_string();
         if (name != PartEntry(contents.parts.size()) || comment.size() > kMostOfName)
             throw ZipError(Problem::StructureWrong);
-        contents.parts.push_back({comment, ReadEntry(zip, left)});
+        contents.parts.push_back({comment, ReadOpenEntry(zip, left)});
         left -= contents.parts.back().bytes.size();
     }
     return contents;
@@ -136,7 +120,7 @@ std::string SaveToZip(const std::vector<ZipPart>& parts)
 
 std::vector<ZipPart> LoadFromZip(const std::string& bytes, const ZipLimits& limits)
 {
-    if (!bytes.starts_with(kSignature))
+    if (!bytes.starts_with(kZipSignature))
         throw ZipError(Problem::StructureWrong);
     // Whatever the archive code has to say is said by the exception.
     const wxLogNull noLog;

@@ -1,22 +1,25 @@
 // SPDX-License-Identifier: MIT
 #include "gui_base/support/image_loader.h"
 
+#include "tncommon/zip_archive.h"
+
 #include <wx/base64.h>
-#include <wx/filesys.h>
-#include <wx/fs_zip.h>
 #include <wx/log.h>
 #include <wx/mstream.h>
 
-#include <memory>
-
-wxString ImageLoader::m_dataPath;
+#include <optional>
+#include <system_error>
 
 namespace {
 
-const wxString& ArchiveName()
+constexpr const char* kArchiveName = "tnbase.zrc";
+constexpr std::size_t kMostPictureBytes = std::size_t{16} << 20;
+
+/// The archive of the pictures; nothing before it was named, or when it cannot be read.
+std::optional<tncommon::ZipArchive>& Pictures()
 {
-    static const wxString name("tnbase.zrc");
-    return name;
+    static std::optional<tncommon::ZipArchive> archive;
+    return archive;
 }
 
 /// Pictures are kept once, whatever size their name asks for: "icons/i16/delete.png" is "icons/delete.png".
@@ -31,25 +34,22 @@ wxString EntryName(const wxString& name)
 }
 
 /// The bytes of an archive entry, empty when there is none. Image handlers look at a stream more than once,
-/// which a compressed entry does not allow.
-std::string ReadEntry(const wxString& dataPath, const wxString& name)
+/// which a compressed entry does not allow. A missing picture is answered by an empty image; nobody needs a
+/// message box about it.
+std::string ReadEntry(const wxString& name)
 {
-    // A missing picture is answered by an empty image; nobody needs a message box about it.
-    const wxLogNull quiet;
-    wxFileSystem fileSystem;
-    const wxString location = wxFileSystem::FileNameToURL(wxFileName(dataPath, ArchiveName())) + "#zip:";
-    const wxString entry = EntryName(name);
-    std::unique_ptr<wxFSFile> file(fileSystem.OpenFile(location + entry));
-    // Pictures are kept as PNG, whatever format the name asks for.
-    if (!file && !entry.EndsWith(".png") && !entry.EndsWith(".svg"))
-        file.reset(fileSystem.OpenFile(location + entry.BeforeLast('.') + ".png"));
-    if (!file || file->GetStream() == nullptr)
+    if (!Pictures())
         return {};
-    wxMemoryOutputStream memory;
-    memory.Write(*file->GetStream());
-    std::string bytes(memory.GetSize(), '\0');
-    memory.CopyTo(bytes.data(), bytes.size());
-    return bytes;
+    const wxString entry = EntryName(name);
+    try {
+        auto bytes = Pictures()->Read(entry.utf8_string(), kMostPictureBytes);
+        // Pictures are kept as PNG, whatever format the name asks for.
+        if (!bytes && !entry.EndsWith(".png") && !entry.EndsWith(".svg"))
+            bytes = Pictures()->Read((entry.BeforeLast('.') + ".png").utf8_string(), kMostPictureBytes);
+        return bytes.value_or(std::string());
+    } catch (const tncommon::ZipError&) {
+        return {};
+    }
 }
 
 bool LoadImage(wxImage& image, const void* data, std::size_t size, wxBitmapType type)
@@ -65,10 +65,12 @@ bool LoadImage(wxImage& image, const void* data, std::size_t size, wxBitmapType 
 
 void ImageLoader::Init(const wxString& dataPath)
 {
-    m_dataPath = dataPath;
+    try {
+        Pictures().emplace(std::filesystem::path(dataPath.utf8_string()) / kArchiveName);
+    } catch (const std::system_error&) {
+        Pictures().reset();
+    }
     static const bool registered = [] {
-        if (!wxFileSystem::HasHandlerForPath("file:/x.zrc#zip:y"))
-            wxFileSystem::AddHandler(new wxZipFSHandler);
         wxInitAllImageHandlers();
         return true;
     }();
@@ -78,7 +80,7 @@ void ImageLoader::Init(const wxString& dataPath)
 bool ImageLoader::LoadImageResource(wxImage& image, const wxString& name, wxBitmapType type)
 {
     image = wxImage();
-    const std::string bytes = ReadEntry(m_dataPath, name);
+    const std::string bytes = ReadEntry(name);
     return LoadImage(image, bytes.data(), bytes.size(), type);
 }
 
@@ -97,7 +99,7 @@ wxBitmap ImageLoader::LoadBitmapResource(const wxString& name)
 
 wxBitmapBundle ImageLoader::LoadBundle(const wxString& name, const wxSize& size)
 {
-    std::string svg = ReadEntry(m_dataPath, name.BeforeLast('.') + ".svg");
+    std::string svg = ReadEntry(name.BeforeLast('.') + ".svg");
     if (!svg.empty()) {
         const wxBitmapBundle bundle = wxBitmapBundle::FromSVG(svg.data(), size);
         if (bundle.IsOk())

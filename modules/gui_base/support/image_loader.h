@@ -15,7 +15,8 @@ class GUI_BASE_EXPORT ImageLoader
 public:
     ImageLoader() = delete;
 
-    /// Names the folder that holds the archive and registers what the lookup needs.
+    /// Reads the archive in that folder and registers what decodes the pictures. Without an archive there are
+    /// no pictures.
     static void Init(const wxString& dataPath);
     /// Loads an entry; false, and an empty image, when there is none or it cannot be read.
     static bool LoadImageResource(wxImage& image, const wxString& name, wxBitmapType type);
@@ -26,7 +27,4 @@ public:
     static wxBitmapBundle LoadBundle(const wxString& name, const wxSize& size);
     /// Bitmap of image data in Base64; invalid for anything else.
     static wxBitmap FromBase64(const wxString& base64);
-
-private:
-    static wxString m_dataPath;
 };

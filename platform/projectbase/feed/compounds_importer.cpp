@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "projectbase/feed/compounds_importer.h"
 
-#include "projectbase/feed/flat_xml.h"
 #include "tncommon/atomic_file.h"
+#include "tncommon/xml_check.h"
 #include "tncommon/zip_container.h"
 
 #include <fmt/format.h>
@@ -23,6 +23,8 @@ constexpr const char* kRoot = "compounds";
 constexpr const char* kElement = "compound";
 constexpr std::size_t kLargestFile = std::size_t{16} << 20;
 constexpr std::size_t kLongestText = 10'000;
+/// Elements inside of elements: a list is flat.
+constexpr int kMostDepth = 8;
 
 /// One attribute: its name and the field that it holds.
 struct Attribute
@@ -174,7 +176,7 @@ std::vector<Compound> FromCompoundFile(const std::string& bytes)
     if (parts.size() != 1 || parts.front().name != kRoot)
         throw tncommon::ZipError(tncommon::ZipError::Problem::StructureWrong);
     const std::string& xml = parts.front().bytes;
-    if (const std::string problem = flat_xml::FindProblem(xml); !problem.empty())
+    if (const std::string problem = tncommon::FindXmlProblem(xml, {.depth = kMostDepth}); !problem.empty())
         throw CompoundFileError(problem);
     const wxLogNull noLog;
     wxMemoryInputStream memory(xml.data(), xml.size());

@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "tncommon/zip_container.h"
 
+#include "tests/support/zip_bytes.h"
 #include "tncommon/checksum_calculator.h"
 
 #include <gtest/gtest.h>
 #include <wx/log.h>
-#include <wx/mstream.h>
-#include <wx/zipstrm.h>
 
 #include <optional>
 
@@ -14,32 +13,9 @@ namespace {
 
 using tncommon::ZipError;
 using tncommon::ZipPart;
+using Entry = support::ZipEntryText;
+using support::ZipBytes;
 using Problem = ZipError::Problem;
-
-struct Entry
-{
-    const char* name;
-    std::string comment;
-    std::string bytes;
-};
-
-/// An archive of whatever entries.
-std::string Zip(const std::vector<Entry>& entries)
-{
-    wxMemoryOutputStream memory;
-    {
-        wxZipOutputStream zip(memory);
-        for (const Entry& entry : entries) {
-            auto* made = new wxZipEntry(entry.name);
-            made->SetComment(wxString::FromUTF8(entry.comment));
-            zip.PutNextEntry(made);
-            zip.WriteAll(entry.bytes.data(), entry.bytes.size());
-        }
-    }
-    std::string bytes(memory.GetSize(), '\0');
-    memory.CopyTo(bytes.data(), bytes.size());
-    return bytes;
-}
 
 std::optional<Problem> ProblemOf(const std::string& bytes, const tncommon::ZipLimits& limits = {})
 {
@@ -83,18 +59,20 @@ TEST(ZipContainer, RefusesEveryOtherArchive)
         {"nothing", "", Problem::StructureWrong},
         {"text", "compounds", Problem::StructureWrong},
         {"no entries", tncommon::SaveToZip({}), Problem::NoEntries},
-        {"no checksum", Zip({{"0.dat", "a", "b"}}), Problem::StructureWrong},
-        {"other checksum", Zip({{"0.dat", "a", "b"}, {"checksum", "", sum}}), Problem::ChecksumWrong},
-        {"long checksum", Zip({{"0.dat", "a", "b"}, {"checksum", "", std::string(1000, '0')}}),
+        {"no checksum", ZipBytes({{"0.dat", "a", "b"}}), Problem::StructureWrong},
+        {"other checksum", ZipBytes({{"0.dat", "a", "b"}, {"checksum", "", sum}}), Problem::ChecksumWrong},
+        {"long checksum", ZipBytes({{"0.dat", "a", "b"}, {"checksum", "", std::string(1000, '0')}}),
          Problem::TooLarge},
-        {"outside the folder", Zip({{"../0.dat", "a", "b"}, {"checksum", "", sum}}), Problem::StructureWrong},
-        {"an absolute name", Zip({{"/etc/0.dat", "a", "b"}, {"checksum", "", sum}}), Problem::StructureWrong},
-        {"a gap", Zip({{"1.dat", "a", "b"}, {"checksum", "", sum}}), Problem::StructureWrong},
-        {"twice", Zip({{"0.dat", "a", "b"}, {"0.dat", "a", "b"}, {"checksum", "", sum}}),
+        {"outside the folder", ZipBytes({{"../0.dat", "a", "b"}, {"checksum", "", sum}}),
          Problem::StructureWrong},
-        {"foreign entry", Zip({{"0.dat", "a", "b"}, {"x", "", ""}, {"checksum", "", sum}}),
+        {"an absolute name", ZipBytes({{"/etc/0.dat", "a", "b"}, {"checksum", "", sum}}),
          Problem::StructureWrong},
-        {"after the end", Zip({{"0.dat", "a", "b"}, {"checksum", "", sum}, {"1.dat", "a", ""}}),
+        {"a gap", ZipBytes({{"1.dat", "a", "b"}, {"checksum", "", sum}}), Problem::StructureWrong},
+        {"twice", ZipBytes({{"0.dat", "a", "b"}, {"0.dat", "a", "b"}, {"checksum", "", sum}}),
+         Problem::StructureWrong},
+        {"foreign entry", ZipBytes({{"0.dat", "a", "b"}, {"x", "", ""}, {"checksum", "", sum}}),
+         Problem::StructureWrong},
+        {"after the end", ZipBytes({{"0.dat", "a", "b"}, {"checksum", "", sum}, {"1.dat", "a", ""}}),
          Problem::StructureWrong},
     };
     for (const auto& [what, bytes, problem] : cases)

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "projectbase/feed/flat_xml.h"
+#include "tncommon/xml_check.h"
 
 #include <wx/strconv.h>
 
-namespace flat_xml {
+namespace tncommon {
 
 namespace {
 
@@ -39,7 +39,7 @@ std::size_t BehindTag(std::string_view xml, std::size_t from)
 
 }  // namespace
 
-std::string FindProblem(std::string_view xml)
+std::string FindXmlProblem(std::string_view xml, const XmlLimits& limits)
 {
     if (!IsUtf8(xml))
         return "the document is not encoded in UTF-8";
@@ -52,7 +52,10 @@ std::string FindProblem(std::string_view xml)
         } else if (rest.starts_with("<![CDATA[")) {
             behind = Behind(xml, at, "]]>");
         } else if (rest.starts_with("<!")) {
-            return "the document has a DTD";
+            behind = BehindTag(xml, at);
+            const bool declares = xml.substr(at, behind - at).find('[') != kEnd;
+            if (!limits.acceptsDoctype || !rest.starts_with("<!DOCTYPE") || declares)
+                return "the document has a DTD";
         } else if (rest.starts_with("<?")) {
             behind = Behind(xml, at, "?>");
         } else {
@@ -60,7 +63,7 @@ std::string FindProblem(std::string_view xml)
             const bool closes = rest.starts_with("</");
             const bool empty = behind != kEnd && xml[behind - 2] == '/';
             depth += closes ? -1 : (empty ? 0 : 1);
-            if (depth > kMostDepth)
+            if (depth > limits.depth)
                 return "the elements of the document are nested too deeply";
         }
         if (behind == kEnd)
@@ -70,4 +73,4 @@ std::string FindProblem(std::string_view xml)
     return {};
 }
 
-}  // namespace flat_xml
+}  // namespace tncommon

@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+/// A look at XML of unknown origin before it is parsed. The parser builds a tree that it walks recursively,
+/// so what is nested deeply must not come to it; and it must not meet entities of the document's own.
+
+#include "tncommon/tncommon_export.h"
+
+#include <string>
+#include <string_view>
+
+namespace tncommon {
+
+struct XmlLimits
+{
+    int depth;  ///< elements inside of elements, the root counted
+    /// Whether the document may name its type. One that declares anything itself is refused in any case.
+    bool acceptsDoctype = false;
+};
+
+/// What speaks against parsing the document: bytes that are no UTF-8, a DTD, too deep nesting, markup that
+/// does not end; empty when nothing does.
+TNCOMMON_EXPORT std::string FindXmlProblem(std::string_view xml, const XmlLimits& limits);
+
+}  // namespace tncommon
