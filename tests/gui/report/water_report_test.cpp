@@ -153,8 +153,9 @@ TEST_F(WaterReportTest, MarksWhatIsOutOfRange)
     EXPECT_THAT(
         Page(1, us),
         AllOf(HasSubstr("pH|[\u25b2 15]|"), HasSubstr("Temperature|[\u25bc 23]|"),
-              HasSubstr("# Values out of range\npH 15 is above the maximum of 14\n"
-                        "Temperature -5 \u00b0C is below the minimum of 0 \u00b0C\nTurbidity 20000 NTU is above")))
+              HasSubstr(
+                  "# Values out of range\npH 15 is above the maximum of 14\n"
+                  "Temperature -5 \u00b0C is below the minimum of 0 \u00b0C\nTurbidity 20000 NTU is above")))
         << "what is typed in a unit of its own keeps it";
     EXPECT_THAT(Page(1), HasSubstr("Alkalinity (m-value)|||||\n")) << "pH 15 tells nothing";
     EXPECT_THAT(Page(1), HasSubstr("Carbonate hardness|||||\n"));
