@@ -16,7 +16,7 @@ public:
                  long style, const wxString& name, const wxString& suffix, const wxString& tooltip);
 
     /// Stores the source text and shows its translation.
-    virtual void SetLabelText(const wxString& label);
+    void SetLabelText(const wxString& label) override;
     /// Shown from the next localisation on.
     void SetSuffix(const wxString& suffix) { m_suffix = suffix; }
     void SetTranslatableToolTip(const wxString& tooltip);
