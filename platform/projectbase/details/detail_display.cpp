@@ -58,3 +58,13 @@ bool SetDetailFromDisplay::SetValue(DetailData& detail, const wxString& text,
     SetValue(detail, parsed.GetDoubleValue(), unitSystem);
     return true;
 }
+
+std::string CalledName(const DetailList& details, const DetailData& detail)
+{
+    const std::string& key = detail.GetName();
+    const auto suffix = key.rfind('.');
+    const DetailData* name =
+        suffix == std::string::npos ? nullptr : details.GetDetail(key.substr(0, suffix) + ".name");
+    const std::string given = name == nullptr ? std::string() : name->GetStdStringValue();
+    return given.empty() ? detail.GetLabel() : given;
+}

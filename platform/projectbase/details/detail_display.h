@@ -6,10 +6,14 @@
 /// none.
 
 #include "projectbase/details/detail_data.h"
+#include "projectbase/details/detail_list.h"
 #include "projectbase/projectbase_export.h"
 
 #include <string>
 #include <vector>
+
+/// What the user calls a value of the list: a row that the user names has that name, others their label.
+PROJECTBASE_EXPORT std::string CalledName(const DetailList& details, const DetailData& detail);
 
 class PROJECTBASE_EXPORT DisplayFromDetail
 {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "projectbase/project/project_journal.h"
 
+#include "projectbase/details/detail_display.h"
+
 #include <algorithm>
 #include <atomic>
 
@@ -19,17 +21,6 @@ bool IsUnchanged(const StructureChange& change)
     using enum StructureChange::What;
     return (change.what == Moved && change.before == change.after) ||
            (change.what == Renamed && change.nameBefore == change.nameAfter);
-}
-
-/// What the user calls a value: a row that the user names has that name.
-std::string NameOf(const OwnerNode& node, const DetailData& detail)
-{
-    const std::string& key = detail.GetName();
-    const auto suffix = key.rfind('.');
-    const DetailData* name =
-        suffix == std::string::npos ? nullptr : node.GetDetails()->GetDetail(key.substr(0, suffix) + ".name");
-    const std::string given = name == nullptr ? std::string() : name->GetStdStringValue();
-    return given.empty() ? detail.GetLabel() : given;
 }
 
 }  // namespace
@@ -94,7 +85,7 @@ ProjectChanges ProjectJournal::Close(const std::map<std::string, DetailGroupsPtr
                 continue;
             const DetailData& detail = *value->detail;
             if (name.empty() && !detail.IsDerived())
-                name = NameOf(*value->node, detail);
+                name = CalledName(*value->node->GetDetails(), detail);
             elements.emplace_back(ValueChange{{value->node->GetOwner(), detail.GetName()},
                                               std::move(value->before),
                                               detail.GetStoredValue(),

@@ -3,6 +3,7 @@
 
 #include "core/ion_table.h"
 #include "core/ion_units.h"
+#include "projectbase/details/detail_display.h"
 #include "projectbase/project/project.h"
 #include "projectbase/units/temperature.h"
 #include "projectbase/water/blend.h"
@@ -89,16 +90,6 @@ bool IsUsed(const DetailList& details, const std::string& key)
     return !isShort || !(IsIonOf(key) || key == "liquid/ph" || key == "liquid/co2.mgl");
 }
 
-/// What the user calls a value; a row that the user names has that name.
-std::string LabelOf(const DetailList& details, const DetailData& detail)
-{
-    const std::string& key = detail.GetName();
-    const std::string stem = key.ends_with(kOrig) ? key.substr(0, key.size() - kOrig.size()) : key;
-    const DetailData* name = details.GetDetail(stem + ".name");
-    const std::string given = name == nullptr ? std::string() : name->GetStdStringValue();
-    return given.empty() ? detail.GetLabel() : given;
-}
-
 /// The limit that the value breaks.
 std::optional<RangeFault> FaultOf(const DetailData& detail)
 {
@@ -121,12 +112,11 @@ void MoveToTypedPlace(RangeFault& fault, const TypedPlace& place, const DetailLi
     fault.isTypedUnit = true;
     fault.value = details.At(place.orig).GetDoubleValue();
     fault.limit = InTypedUnit(fault.limit, place, fault.unit);
-    fault.label = LabelOf(details, details.At(place.orig));
+    fault.label = CalledName(details, details.At(place.orig));
 }
 
-/// A value of an entry that was typed in a unit of its own stands in ".typed" and ".unit", and then the one
-/// in
-/// ".meql" only follows.
+/// A value of an entry that was typed in a unit of its own stands in ".typed" and ".unit"; the one in ".meql"
+/// then only follows.
 struct EntryPlace
 {
     const DetailData* typed = nullptr;
@@ -204,7 +194,7 @@ std::vector<RangeFault> RangeFaults(const DetailList& details, DetailOwner owner
             const DetailData* unit = details.GetDetail(key.substr(0, key.size() - kOrig.size()) + ".unit");
             fault->unit = unit == nullptr ? fault->unit : unit->GetStdStringValue();
             fault->isTypedUnit = unit != nullptr;
-            fault->label = LabelOf(details, detail);
+            fault->label = CalledName(details, detail);
         }
         fault->address.owner = owner;
         faults.push_back(std::move(*fault));
