@@ -31,7 +31,8 @@ constexpr const char* kUsage =
     "  --units us            units of the report; those of the project are the default\n"
     "  --language de         language of the report, which also has its decimal sign; English\n"
     "                        is the default\n"
-    "  --pages analysis      writes these pages only: project, analysis, properties, feed.\n"
+    "  --pages analysis      writes these pages only: project, analysis, properties, and feed\n"
+    "                        where it has compounds.\n"
     "          1:properties  ... of the second water only\n"
     "  --paper letter        A4 is the default\n"
     "  --help                prints this text\n";
