@@ -11,7 +11,8 @@ TvStaticText::TvStaticText(wxWindow* parent, int id, const wxString& label, cons
 TvStaticText::TvStaticText(wxWindow* parent, int id, const wxString& label, const wxPoint& pos,
                            const wxSize& size, long style, const wxString& name, const wxString& suffix,
                            const wxString& tooltip)
-    : wxStaticText(parent, id, wxString(), pos, size, style, name),
+    : wxStaticText(parent, id, wxControl::EscapeMnemonics(i18n::Translated(label) + suffix), pos, size, style,
+                   name),
       m_label(label),
       m_suffix(suffix),
       m_tooltip(tooltip)

@@ -315,18 +315,13 @@ void ModulePanelBase::LocalizeControls()
 
 void ModulePanelBase::FitAndLayout()
 {
-    const wxSize given = GetSize();
-    if (GetSizer() != nullptr) {
+    // A page of a notebook keeps the place that it is given, and scrolls.
+    if (GetSizer() != nullptr && !IsBookPage())
         GetSizer()->Fit(this);
+    if (GetSizer() != nullptr)
         FitInside();
-    }
-    if (GetParent() == nullptr)
-        return;
-    GetParent()->Layout();
-    // A notebook does not lay its pages out anew: a page larger than its place would be cut instead of
-    // scrolling.
-    if (IsBookPage())
-        SetSize(given);
+    if (GetParent() != nullptr)
+        GetParent()->Layout();
 }
 
 bool ModulePanelBase::IsBookPage() const

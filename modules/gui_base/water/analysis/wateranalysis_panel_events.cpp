@@ -158,7 +158,6 @@ void WaterAnalysisPanel::OnNameUpdate(wxCommandEvent& event)
 
 void WaterAnalysisPanel::OnCollPaneChanged(wxCollapsiblePaneEvent& event)
 {
-    Layout();
     FitInside();
     event.Skip();
 }
@@ -205,7 +204,6 @@ void WaterAnalysisPanel::OnSize(wxSizeEvent& event)
     if (m_columns->GetOrientation() == orientation)
         return;
     m_columns->SetOrientation(orientation);
+    // The toolkit lays out for the new size when this handler has returned.
     m_rightColumn->SetOrientation(orientation == wxHORIZONTAL ? wxVERTICAL : wxHORIZONTAL);
-    Layout();
-    FitInside();
 }

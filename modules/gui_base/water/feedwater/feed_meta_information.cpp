@@ -58,9 +58,12 @@ void FeedMetaInformation::CreateControls(const FeedMetaInformationConfig& config
     m_countryPlace = AddCombination(std::make_unique<CountryPlaceCombination>(
         this, wxID_ANY, wxID_ANY, wxTRANSLATE("Country"), wxTRANSLATE("Place"), ":", config.countries,
         &details.At("liquid/country"), &details.At("liquid/place"), grid));
-    // The longest name of a country would take half of the window.
-    m_countryPlace->GetChoice()->SetMinSize(FromDIP(wxSize(kCountryWidth, -1)));
-    m_countryPlace->GetChoice()->SetMaxSize(FromDIP(wxSize(kCountryWidth, -1)));
+    // The longest name of a country would take half of the window. With its height known, the toolkit need not measure
+    // every name again.
+    tvChoiceAdv* const country = m_countryPlace->GetChoice();
+    const wxSize size(FromDIP(kCountryWidth), country->GetSize().y);
+    country->SetMinSize(size);
+    country->SetMaxSize(size);
     AddCell(*grid, {.key = "liquid/sampling.date", .label = wxTRANSLATE("Date of sampling")});
 
     m_waterType = AddCombination(std::make_unique<ChoiceCombination>(

@@ -32,11 +32,11 @@ FeedWaterPanel::FeedWaterPanel(Project* project, std::size_t detailIndex, wxWind
     AddToDetailContainerWindows(m_metaInformation);
     m_specification->SetStatusBar(GetStatusBar());
     Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
+        // The toolkit lays out for the new size afterwards.
         ArrangeHeader();
         event.Skip();
     });
     // The blocks show their details from the start; only the room for them is missing.
-    Layout();
     FitInside();
 }
 
@@ -81,11 +81,8 @@ void FeedWaterPanel::ArrangeHeader()
     for (wxSizerItem* item : m_header->GetChildren())
         width += item->CalcMin().x;
     const int orientation = GetClientSize().x >= width ? wxHORIZONTAL : wxVERTICAL;
-    if (m_header->GetOrientation() == orientation)
-        return;
-    m_header->SetOrientation(orientation);
-    Layout();
-    FitInside();
+    if (m_header->GetOrientation() != orientation)
+        m_header->SetOrientation(orientation);
 }
 
 void FeedWaterPanel::DoTransferDetailsToWindows()
@@ -97,7 +94,6 @@ void FeedWaterPanel::DoTransferDetailsToWindows()
     // Waters move: another one may be the first.
     if (m_organics->Show(IsFirstWater())) {
         ArrangeHeader();
-        Layout();
         FitInside();
     }
 }
