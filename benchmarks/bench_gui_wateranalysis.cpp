@@ -228,8 +228,8 @@ void SwitchLanguage(benchmark::State& state)
 }
 BENCHMARK(SwitchLanguage)->Unit(benchmark::kMillisecond);
 
-/// A whole page of a water: made, filled and laid out, against as many bare controls. What the toolkit then takes for
-/// the first picture is counted apart (`picture_ms`).
+/// A whole page of a water: made, filled and laid out, against as many bare controls. What the toolkit then
+/// takes for the first picture is counted apart (`picture_ms`).
 void PageCreation(benchmark::State& state)
 {
     Window window;

@@ -26,7 +26,7 @@ constexpr std::array kRows{
     FormRow{.key = "project/author", .label = wxTRANSLATE("Author")},
     FormRow{.key = "project/date", .label = wxTRANSLATE("Date")},
     FormRow{.key = "project/revision", .label = wxTRANSLATE("Revision")},
-    FormRow{.key = "project/comments", .label = wxTRANSLATE("Comments")},
+    FormRow{.key = "project/comments", .label = wxTRANSLATE("Comments"), .lines = 5},
 };
 
 bool IsRow(const std::string& key)

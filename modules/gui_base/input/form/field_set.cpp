@@ -7,6 +7,7 @@
 #include "gui_base/input/controls/tv_statictext.h"
 #include "gui_base/input/controls/tv_unitlabel.h"
 #include "gui_base/input/events.h"
+#include "gui_base/input/form/form_grid.h"
 #include "gui_base/input/validation/double_validator.h"
 #include "gui_base/input/validation/integer_validator.h"
 #include "gui_base/input/validation/temperature_validator.h"
@@ -129,7 +130,7 @@ FormCells FieldSet::AddRow(wxWindow* parent, wxSizer& grid, const FormRow& row, 
         grid.AddSpacer(0);
     } else {
         cells.label = AddLabel(parent, wxString::FromUTF8(row.label), m_labelSuffix);
-        grid.Add(cells.label, cell);
+        grid.Add(cells.label, row.lines > 1 ? wxSizerFlags().Top() : cell);
     }
     cells.field = CreateField(parent, row, detail);
     grid.Add(cells.field, wxSizerFlags().Expand());
@@ -169,11 +170,30 @@ wxWindow* FieldSet::CreateField(wxWindow* parent, const FormRow& row, DetailData
                                                        wxDefaultSize, wxDP_DROPDOWN | wxDP_SHOWCENTURY),
                                   label);
         case DetailType::String:
-            return AddField(parent, detail, SpecOf(row, detail), 0,
-                            TransferToDetail | TransferCountsAsChange);
+            return AddTextField(parent, row, detail);
         default:
             return AddNumberInput(parent, detail, SpecOf(row, detail));
     }
+}
+
+TvTextCtrl* FieldSet::AddTextField(wxWindow* parent, const FormRow& row, DetailData& detail)
+{
+    const bool hasLines = row.lines > 1;
+    TvTextCtrl* control = AddField(parent, detail, SpecOf(row, detail), hasLines ? wxTE_MULTILINE : 0,
+                                   TransferToDetail | TransferCountsAsChange);
+    if (hasLines) {
+        control->SetMargins(parent->FromDIP(wxPoint(form::kGap, form::kGap)));
+        control->Bind(wxEVT_KEY_DOWN, [control](wxKeyEvent& event) {
+            const bool isEnter = event.GetKeyCode() == WXK_RETURN || event.GetKeyCode() == WXK_NUMPAD_ENTER;
+            if (isEnter && !event.HasAnyModifiers())
+                control->WriteText("\n");
+            else
+                event.Skip();
+        });
+        control->SetMinSize(wxSize(control->GetMinSize().x,
+                                   control->GetCharHeight() * row.lines + parent->FromDIP(form::kGap)));
+    }
+    return control;
 }
 
 wxWindow* FieldSet::CreateChoice(wxWindow* parent, const FormRow& row, DetailData& detail)

@@ -155,6 +155,7 @@ private:
                          int transferFlags);
     TvTextCtrl* AddNumberInput(wxWindow* parent, DetailData& detail, const NumberSpec& spec);
     TvTextCtrl* AddTextInput(wxWindow* parent, DetailData& detail, const wxString& label);
+    TvTextCtrl* AddTextField(wxWindow* parent, const FormRow& row, DetailData& detail);
     wxWindow* CreateChoice(wxWindow* parent, const FormRow& row, DetailData& detail);
     FormCells AddUnitRow(wxWindow* parent, wxSizer& grid, const FormRow& row, DetailData& detail);
     template <typename Control>

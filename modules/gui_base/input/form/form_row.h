@@ -51,4 +51,5 @@ struct FormRow
     int validatorFlags = 0;                                   ///< beside the checks of the limits
     double undef = std::numeric_limits<double>::quiet_NaN();  ///< stored for an emptied field
     int width = 0;                                            ///< in DIP; 0 for that of the form
+    int lines = 1;  ///< of a text; Enter begins a new one if there are more
 };

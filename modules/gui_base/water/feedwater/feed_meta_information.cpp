@@ -58,8 +58,8 @@ void FeedMetaInformation::CreateControls(const FeedMetaInformationConfig& config
     m_countryPlace = AddCombination(std::make_unique<CountryPlaceCombination>(
         this, wxID_ANY, wxID_ANY, wxTRANSLATE("Country"), wxTRANSLATE("Place"), ":", config.countries,
         &details.At("liquid/country"), &details.At("liquid/place"), grid));
-    // The longest name of a country would take half of the window. With its height known, the toolkit need not measure
-    // every name again.
+    // The longest name of a country would take half of the window. With its height known, the toolkit need
+    // not measure every name again.
     tvChoiceAdv* const country = m_countryPlace->GetChoice();
     const wxSize size(FromDIP(kCountryWidth), country->GetSize().y);
     country->SetMinSize(size);

@@ -42,6 +42,7 @@ constexpr std::array kRows{
             .units = Pressures,
             .limits = FormLimits{0.0, 10.0}},
     FormRow{.key = "twice", .label = "Twice", .field = FormField::Result},
+    FormRow{.key = "remarks", .label = "Remarks", .lines = 3},
 };
 
 void FillDetails(DetailList& details)
@@ -50,6 +51,7 @@ void FillDetails(DetailList& details)
     details.Add(DetailData("factor"));
     details.Add(DetailData("lines", DetailType::Long)).SetLimits(1.0, 9.0, {});
     details.Add(DetailData("note", DetailType::String));
+    details.Add(DetailData("remarks", DetailType::String));
     details.Add(DetailData("active", DetailType::Bool));
     details.Add(DetailData("day", DetailType::Date));
     details.Add(DetailData("kind", DetailType::String)).SetValue("a");
@@ -106,6 +108,21 @@ protected:
     ThreeColumnForm* m_panel = nullptr;
     int m_notified = 0;
 };
+
+TEST_F(FormPanelTest, EnterBeginsALineWhereATextHasSeveral)
+{
+    TvTextCtrl& field = Field("remarks");
+    Focus(field);
+    Type("one");
+    Press(WXK_RETURN);
+    Type("two");
+    EXPECT_EQ(Detail("remarks").GetStdStringValue(), "") << "only what is left is stored";
+    Press(WXK_TAB);
+    EXPECT_FALSE(field.HasFocus());
+    EXPECT_EQ(Detail("remarks").GetStdStringValue(), "one\ntwo");
+    EXPECT_EQ(field.GetValue(), "one\ntwo");
+    EXPECT_GT(field.GetSize().y, 2 * Field("note").GetCharHeight());
+}
 
 TEST_F(FormPanelTest, TypedTextsAreStoredAndShown)
 {
