@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "app/command_line/calc_command.h"
+#include "app/command_line/command_line.h"
 #include "app/command_line/report_command.h"
 #include "app/frame/tarnvik_app.h"
 #include "app/tour/tour_command.h"
@@ -10,36 +11,41 @@
 
 #include <array>
 #include <iostream>
+#include <optional>
 #include <string>
-#include <string_view>
-#include <utility>
 #include <vector>
 
 wxIMPLEMENT_APP_NO_MAIN(app::TarnvikApp);
 
 namespace {
 
-using Command = int (*)(const std::vector<std::string>& args, std::ostream& out, std::ostream& err);
+using Run = int (*)(const std::vector<std::string>& args, std::ostream& out, std::ostream& err);
 
-/// The commands that open no window of this process.
-constexpr std::array<std::pair<std::string_view, Command>, 3> kCommands{
-    {{"calc", app::RunCalc}, {"report", app::RunReport}, {"tour", app::RunTour}}};
-
-/// Runs a command that needs no display: a toolkit without windows is started for it.
-int RunWithoutWindow(Command command, int argc, char** argv)
+/// A command needs no display: a toolkit without windows is started for it.
+template <Run run>
+int WithoutWindows(const std::vector<std::string>& args, std::ostream& out, std::ostream& err)
 {
     wxApp::SetInitializerFunction(nullptr);
-    const wxInitializer toolkit(argc, argv);
-    return command({argv + 2, argv + argc}, std::cout, std::cerr);
+    const wxInitializer toolkit;
+    return run(args, out, err);
 }
+
+constexpr std::array kCommands{
+    app::Command{"calc", "FILE [--set KEY=VALUE]... [--json]", "prints the results of a project",
+                 WithoutWindows<app::RunCalc>},
+    app::Command{"report", "FILE -o OUT.pdf [--pages PAGE,...]", "prints a project as PDF",
+                 WithoutWindows<app::RunReport>},
+    app::Command{"tour", "DIR [--modules]", "takes a picture of every control and module",
+                 WithoutWindows<app::RunTour>},
+};
 
 }  // namespace
 
 int main(int argc, char** argv)
 {
-    for (const auto& [name, command] : kCommands)
-        if (argc > 1 && name == argv[1])
-            return RunWithoutWindow(command, argc, argv);
+    const std::vector<std::string> args(argv + 1, argv + argc);
+    if (const std::optional<int> code = app::RunCommandLine(kCommands, args, std::cout, std::cerr))
+        return *code;
     // A form that does not fit must show that it scrolls.
     wxSetEnv("GTK_OVERLAY_SCROLLING", "0");
     return wxEntry(argc, argv);

@@ -21,7 +21,7 @@ import tempfile
 from pathlib import Path
 
 APPLICATION_ID = 0x54564D44  # "TVMD"
-SCHEMA_VERSION = 7
+SCHEMA_VERSION = 8
 ROLES = {"input", "derived"}
 TYPES = {"double", "long", "bool", "date", "string"}
 # Columns of the waters that are details by another name; a column that bears the name of an ion is its amount in mg/l.
@@ -42,6 +42,9 @@ KEY_PLACEHOLDERS = {
 }
 
 SCHEMA = """
+-- What a text may be, where it is one of several; an empty choice is one, too.
+CREATE TABLE detail_choice (name TEXT NOT NULL, position INTEGER NOT NULL, choice TEXT NOT NULL,
+    PRIMARY KEY (name, position)) WITHOUT ROWID;
 CREATE TABLE detail (grp TEXT NOT NULL, variant TEXT NOT NULL, name TEXT NOT NULL, derived INTEGER NOT NULL,
     type TEXT NOT NULL, unit TEXT NOT NULL, min_value REAL, max_value REAL, limit_unit TEXT NOT NULL,
     default_value TEXT NOT NULL, label TEXT NOT NULL,
@@ -144,6 +147,21 @@ def fill_details(db, csv_dir, ions):
                             low, high, row["limit_unit"], row["default"], label))
             except sqlite3.IntegrityError:
                 sys.exit(f"{where}: '{key}' is there already")
+
+
+def fill_detail_choices(db, csv_dir):
+    for where, row in read_csv(csv_dir / "detail_choices.csv", ("key", "empty", "choices")):
+        if ":" in row["choices"]:
+            file, column = row["choices"].split(":")
+            choices = [other[column] for _, other in read_csv(csv_dir / file, (column,))]
+        else:
+            choices = row["choices"].split()
+        choices += [""] if row["empty"] == "yes" else []
+        found = db.execute("SELECT type, default_value FROM detail WHERE name = ?", (row["key"],)).fetchone()
+        if found is None or found[0] != "string" or found[1] not in choices:
+            sys.exit(f"{where}: '{row['key']}' is no text with one of these values as its default")
+        for position, choice in enumerate(choices):
+            db.execute("INSERT INTO detail_choice VALUES (?,?,?)", (row["key"], position, choice))
 
 
 def fill_ions(db, ions):
@@ -315,6 +333,7 @@ def build(path, arguments):
     ions = [row for _, row in read_csv(arguments.ions, ("key", "symbol", "name", "charge", "kind"))]
     fill_ions(db, ions)
     fill_details(db, arguments.csv_dir, ions)
+    fill_detail_choices(db, arguments.csv_dir)
     fill_elements(db, arguments.csv_dir)
     for table, domain, code in (("country", "iso_3166-1", "alpha_2"), ("currency", "iso_4217", "alpha_3")):
         with open(arguments.iso_codes / f"{domain}.json", encoding="utf-8") as file:

@@ -22,7 +22,6 @@ namespace {
 
 /// Accepted for an ion beside those that the choice offers.
 constexpr std::array<std::string_view, 3> kFurtherIonUnits{"g/m3", "g/l", "mgCaCO3/l"};
-constexpr std::array<std::string_view, 3> kAnalysisTypes{"FULL", "SHORT_TDS", "SHORT_COND"};
 
 constexpr std::string_view kOrig = ".orig";
 constexpr std::string_view kUnit = ".unit";
@@ -206,9 +205,11 @@ void SetText(const Target& target, const ProjectSetting& setting)
     std::string value = setting.value;
     if (target.name.ends_with(kUnit))
         value = CheckTypedUnit(target.name, value);
-    const bool known = target.name != "liquid/analysis.type" || Contains(kAnalysisTypes, value);
+    if (!target.detail->IsChoice(value))
+        throw SettingError(fmt::format("'{}' is none of {} for {}", value,
+                                       fmt::join(target.detail->GetChoices(), ", "), setting.key));
     const wxString text = wxString::FromUTF8(value);
-    if (!known || text.empty() != value.empty() || !target.detail->SetValueFromString(text)) {
+    if (text.empty() != value.empty() || !target.detail->SetValueFromString(text)) {
         throw SettingError(
             fmt::format("'{}' is no {} for {}", setting.value, target.detail->GetTypeName(), setting.key));
     }

@@ -7,6 +7,7 @@
 #include "app/frame/menu_table.h"
 #include "app/frame/message_log.h"
 #include "app/frame/template_dialog.h"
+#include "gui_base/dialogs/questions.h"
 #include "gui_base/input/events.h"
 #include "gui_base/input/validation/commit.h"
 #include "gui_base/support/translation.h"
@@ -86,7 +87,11 @@ bool FileCommands::Open(const std::filesystem::path& path)
         Remember(path);
         return true;
     } catch (const std::exception& error) {
-        m_frame.ReportError(UserText(error));
+        const wxString text = UserText(error);
+        m_frame.ReportError(text);
+        // A file that was named when the program started is opened before its window.
+        m_frame.Show();
+        dialogs::ShowMessage(&m_frame, text, Tr("Open project"), wxICON_ERROR);
         return false;
     }
 }

@@ -28,9 +28,7 @@ constexpr const char* kFirstExample = "world_river_livingstone";
 std::unique_ptr<Project> FirstProject()
 {
     const WaterTemplate* example = FindWaterTemplate(kFirstExample);
-    auto project = example != nullptr ? NewProjectFrom(*example) : NewEmptyProject();
-    project->SetUnitSystemDisplay(Settings::GetSetting("unit.system").GetStdStringValue());
-    return project;
+    return example != nullptr ? NewProjectFrom(*example) : NewEmptyProject();
 }
 
 }  // namespace
@@ -63,7 +61,9 @@ bool TarnvikApp::OnInit()
         CallAfter([this] { RunTourLook(); });
         return true;
     }
-    m_frame = new MainFrame(std::make_unique<Document>(FirstProject()));
+    // Behind a file that cannot be opened nobody wants to find some other water.
+    m_frame = new MainFrame(std::make_unique<Document>(m_file.empty() ? FirstProject() : NewEmptyProject()));
+    m_frame->GetProject().SetUnitSystemDisplay(Settings::GetSetting("unit.system").GetStdStringValue());
     if (!m_databaseError.empty())
         m_frame->GetMessageArea().AddMessage(MessageArea::Severity::Error,
                                              wxString::FromUTF8(m_databaseError));
@@ -80,7 +80,7 @@ bool TarnvikApp::OnInit()
 void TarnvikApp::RunTourLook()
 {
     try {
-        TakeTour(m_tourFolder, m_tourLook);
+        TakeTour(m_tourFolder, m_tourLook, m_tourPart);
     } catch (const std::exception& error) {
         std::cerr << error.what() << std::endl;
         m_exitCode = 1;
@@ -134,6 +134,7 @@ void TarnvikApp::OnInitCmdLine(wxCmdLineParser& parser)
     // One look of the tour, which runs the program once for each.
     parser.AddLongOption("tour", wxString(), wxCMD_LINE_VAL_STRING, wxCMD_LINE_HIDDEN);
     parser.AddLongOption("tour-look", wxString(), wxCMD_LINE_VAL_STRING, wxCMD_LINE_HIDDEN);
+    parser.AddSwitch(wxString(), "tour-modules", wxString(), wxCMD_LINE_HIDDEN);
     parser.AddParam("FILE", wxCMD_LINE_VAL_STRING, wxCMD_LINE_PARAM_OPTIONAL);
 }
 
@@ -145,6 +146,7 @@ bool TarnvikApp::OnCmdLineParsed(wxCmdLineParser& parser)
         m_tourFolder = text.utf8_string();
     if (parser.Found("tour-look", &text))
         m_tourLook = text.utf8_string();
+    m_tourPart = parser.Found("tour-modules") ? TourPart::Modules : TourPart::All;
     if (parser.GetParamCount() > 0)
         m_file = parser.GetParam(0).utf8_string();
     return wxApp::OnCmdLineParsed(parser);

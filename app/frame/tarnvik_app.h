@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "app/tour/tour.h"
+
 #include <wx/app.h>
 
 #include <filesystem>
@@ -34,6 +36,7 @@ private:
     bool m_measureStart = false;
     std::string m_tourFolder;
     std::string m_tourLook;
+    TourPart m_tourPart = TourPart::All;
     int m_exitCode = 0;
     std::string m_databaseError;
     MainFrame* m_frame = nullptr;

@@ -303,11 +303,13 @@ void Tour::TakeWasteWater(wxWindow& owner)
 
 }  // namespace
 
-void TakeTour(const std::filesystem::path& folder, const std::string& look)
+void TakeTour(const std::filesystem::path& folder, const std::string& look, TourPart part)
 {
     Tour tour(folder, look);
-    tour.TakeControls();
-    tour.TakeDialogs();
+    if (part == TourPart::All) {
+        tour.TakeControls();
+        tour.TakeDialogs();
+    }
     tour.TakeModules();
 }
 

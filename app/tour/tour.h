@@ -8,8 +8,15 @@
 
 namespace app {
 
-/// Takes all pictures into `folder` as "NAME-LOOK.png". Needs the running event loop. Throws
+/// What is pictured.
+enum class TourPart
+{
+    All,
+    Modules
+};
+
+/// Takes the pictures into `folder` as "NAME-LOOK.png". Needs the running event loop. Throws
 /// std::runtime_error when one cannot be taken or written.
-void TakeTour(const std::filesystem::path& folder, const std::string& look);
+void TakeTour(const std::filesystem::path& folder, const std::string& look, TourPart part);
 
 }  // namespace app

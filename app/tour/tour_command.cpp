@@ -8,6 +8,7 @@
 #include <array>
 #include <filesystem>
 #include <iostream>
+#include <span>
 
 namespace app {
 namespace {
@@ -54,7 +55,7 @@ private:
     fs::path m_path;
 };
 
-bool TakeLook(const Look& look, const fs::path& folder)
+bool TakeLook(const Look& look, const fs::path& folder, bool onlyModules)
 {
     const ScratchFolder userData;
     wxExecuteEnv environment;
@@ -65,8 +66,10 @@ bool TakeLook(const Look& look, const fs::path& folder)
     const wxString program = wxStandardPaths::Get().GetExecutablePath();
     const wxString target = wxString::FromUTF8(folder.string());
     const wxString name = look.name;
-    const std::array<const wchar_t*, 6> words{program.wc_str(), L"--tour",     target.wc_str(),
-                                              L"--tour-look",   name.wc_str(), nullptr};
+    const std::array<const wchar_t*, 7> words{program.wc_str(), L"--tour",
+                                              target.wc_str(),  L"--tour-look",
+                                              name.wc_str(),    onlyModules ? L"--tour-modules" : nullptr,
+                                              nullptr};
     return wxExecute(words.data(), wxEXEC_SYNC, nullptr, &environment) == 0;
 }
 
@@ -83,20 +86,24 @@ std::size_t CountPictures(const fs::path& folder)
 int RunTour(const std::vector<std::string>& args, std::ostream& out, std::ostream& err)
 {
     if (args.size() == 1 && (args[0] == "--help" || args[0] == "-h")) {
-        out << "Usage: tarnvik tour DIR\n"
+        out << "usage: tarnvik tour DIR [--modules]\n"
+               "\n"
                "Takes a picture of every control and module under the current display and puts them into "
-               "DIR.\n";
+               "DIR.\n"
+               "\n"
+               "  --modules  takes those of the modules alone, light and at scale 1\n";
         return 0;
     }
-    if (args.size() != 1 || args[0].empty() || args[0].starts_with('-')) {
+    const bool onlyModules = args.size() == 2 && args[1] == "--modules";
+    if (args.size() != (onlyModules ? 2U : 1U) || args[0].empty() || args[0].starts_with('-')) {
         err << "tarnvik tour: name one folder for the pictures\n";
         return 2;
     }
     const fs::path folder = args[0];
     try {
         fs::create_directories(folder);
-        for (const Look& look : kLooks) {
-            if (TakeLook(look, folder))
+        for (const Look& look : std::span(kLooks).first(onlyModules ? 1 : kLooks.size())) {
+            if (TakeLook(look, folder, onlyModules))
                 continue;
             err << "tarnvik tour: the pictures \"" << look.name << "\" could not be taken\n";
             return 1;

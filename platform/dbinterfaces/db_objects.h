@@ -22,8 +22,9 @@ struct DetailDefinition
     std::optional<double> min;
     std::optional<double> max;
     std::string limitUnit;
-    std::string defaultValue;  ///< empty: nothing is known yet
-    std::string label;         ///< what the user calls it, as source text
+    std::string defaultValue;               ///< empty: nothing is known yet
+    std::string label;                      ///< what the user calls it, as source text
+    std::vector<std::string> choices = {};  ///< what a text may be; empty: anything
 };
 
 /// An ion of the water analysis.

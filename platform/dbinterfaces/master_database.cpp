@@ -17,7 +17,7 @@ namespace {
 
 constexpr water_queries::Tables kMasterWaters{"", 0};
 constexpr int kApplicationId = 0x54564D44;  // "TVMD", as the build script writes it
-constexpr int kSchemaVersion = 7;
+constexpr int kSchemaVersion = 8;
 
 struct State
 {
@@ -108,6 +108,21 @@ std::optional<double> Optional(double value, soci::indicator indicator)
     return indicator == soci::i_ok ? std::optional(value) : std::nullopt;
 }
 
+/// What the texts of a group may be.
+void ReadChoices(soci::session& session, const std::string& group, const std::string& variant,
+                 std::vector<DBObjects::DetailDefinition>& definitions)
+{
+    std::string name;
+    std::string choice;
+    soci::statement statement =
+        (session.prepare << "SELECT c.name, c.choice FROM detail_choice c JOIN detail d ON d.name = c.name "
+                            "WHERE d.grp = :grp AND d.variant = :variant ORDER BY c.name, c.position",
+         soci::use(group), soci::use(variant), soci::into(name), soci::into(choice));
+    statement.execute();
+    while (statement.fetch())
+        std::ranges::find(definitions, name, &DBObjects::DetailDefinition::name)->choices.push_back(choice);
+}
+
 }  // namespace
 
 std::filesystem::path MasterDatabase::GetPath()
@@ -150,6 +165,7 @@ std::vector<DBObjects::DetailDefinition> MasterDatabase::GetDetailDefinitions(co
             row.max = Optional(max, maxKnown);
             definitions.push_back(row);
         }
+        ReadChoices(session, group, variant, definitions);
         return definitions;
     });
 }

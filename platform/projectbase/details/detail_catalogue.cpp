@@ -22,6 +22,7 @@ DetailData FromDefinition(const DBObjects::DetailDefinition& definition)
     detail.SetDerived(definition.derived);
     detail.SetLabel(definition.label);
     detail.SetLimits(definition.min, definition.max, definition.limitUnit);
+    detail.SetChoices(definition.choices);
     const bool keepEmpty = definition.defaultValue.empty() && *type != DetailType::Double;
     if (!keepEmpty && !detail.SetValueFromString(wxString::FromUTF8(definition.defaultValue))) {
         throw std::runtime_error("CatalogueGroup: '" + definition.name + "' cannot hold its default '" +

@@ -3,6 +3,7 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <array>
 #include <bit>
 #include <cmath>
@@ -372,6 +373,17 @@ void DetailData::RestoreValue(const Value& value)
 bool DetailData::HasSameValue(const DetailData& other) const
 {
     return SameDetailValue(m_value, other.m_value);
+}
+
+void DetailData::SetChoices(std::vector<std::string> choices)
+{
+    ChangeInfo([&](Info& info) { info.choices = std::move(choices); });
+}
+
+bool DetailData::IsChoice(const std::string& text) const
+{
+    const std::vector<std::string>& choices = GetChoices();
+    return choices.empty() || std::ranges::find(choices, text) != choices.end();
 }
 
 void DetailData::SetLimits(std::optional<double> min, std::optional<double> max, std::string limitUnit)

@@ -23,6 +23,7 @@
 #include <string>
 #include <utility>
 #include <variant>
+#include <vector>
 
 enum class DetailType
 {
@@ -104,6 +105,11 @@ public:
     const std::string& GetLimitUnit() const { return m_info->limitUnit; }
     void SetLimits(std::optional<double> min, std::optional<double> max, std::string limitUnit);
 
+    /// What the text may be; empty where it may be anything. The check is that of who reads a value from outside.
+    const std::vector<std::string>& GetChoices() const { return m_info->choices; }
+    void SetChoices(std::vector<std::string> choices);
+    bool IsChoice(const std::string& text) const;
+
     /// Computed by the project from other details, hence no input.
     bool IsDerived() const { return m_info->derived; }
     void SetDerived(bool derived);
@@ -128,6 +134,7 @@ private:
         std::optional<double> max;
         std::string limitUnit;
         std::string label;
+        std::vector<std::string> choices;
         bool derived = false;
     };
     /// Stays with the detail when values are copied.

@@ -223,7 +223,8 @@ private:
         else if (value.is_boolean())
             detail.SetValue(value.get<bool>());
         else if (value.is_string())
-            taken = detail.SetValueFromString(wxString::FromUTF8(value.get<std::string>()));
+            taken = detail.IsChoice(value.get<std::string>()) &&
+                    detail.SetValueFromString(wxString::FromUTF8(value.get<std::string>()));
         else if (value.is_null() && detail.GetType() == DetailType::Double)
             detail.SetValue(kUnknown);
         else if (value.is_null())

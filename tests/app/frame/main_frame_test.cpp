@@ -97,6 +97,11 @@ TEST_F(MainFrameTest, BadFilesAreAnsweredInTheMessageArea)
           write("cut.tarnvik", bytes.substr(0, bytes.size() / 2)), write("flipped.tarnvik", flipped),
           m_folder / "missing.tarnvik", m_folder / "."}) {
         const auto before = Messages().size();
+        m_dialogs.Expect([&path](wxDialog& dialog) {
+            const wxString text = dynamic_cast<wxMessageDialog&>(dialog).GetMessage();
+            EXPECT_TRUE(text.Contains(wxString::FromUTF8(path.string()))) << text;
+            return wxID_OK;
+        });
         EXPECT_FALSE(m_frame->Files().Open(path)) << path;
         ASSERT_EQ(Messages().size(), before + 1) << path;
         EXPECT_NE(Messages().back().find(path.string()), std::string::npos) << Messages().back();
