@@ -20,7 +20,7 @@ public:
 
     /// Stores the source text and shows its translation.
     bool SetHint(const wxString& text) override;
-    void Localize(const std::string& unitSystem);
+    virtual void Localize(const std::string& unitSystem);
     void SetEditable(bool editable) override;
     void ChangeValue(const wxString& value) override;
     /// Hands the bar to the control's validator.

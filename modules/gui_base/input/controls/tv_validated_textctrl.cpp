@@ -64,6 +64,22 @@ void TvDetailTextCtrl<T>::SetToDefault()
     TransferDataToWindow();
 }
 
+template <typename T>
+void TvDetailTextCtrl<T>::Localize(const std::string& unitSystem)
+{
+    TvTextCtrl::Localize(unitSystem);
+    SetUnitSystem(wxString::FromUTF8(unitSystem));
+    if (!IsModified())
+        TransferDataToWindow();
+}
+
+template <typename T>
+void TvDetailTextCtrl<T>::UpdateUnit(const std::string& unitSystem)
+{
+    Localize(unitSystem);
+    TransferDataToWindow();
+}
+
 template class TvDetailTextCtrl<double>;
 template class TvDetailTextCtrl<wxString>;
 
@@ -81,9 +97,9 @@ TvValidatedDoubleTextCtrl::TvValidatedDoubleTextCtrl(const ValidatedDoubleTextCt
     TransferDataToWindow();
 }
 
-void TvValidatedDoubleTextCtrl::Localize(const wxString& unitSystem)
+void TvValidatedDoubleTextCtrl::SetUnitSystem(const wxString& unitSystem)
 {
-    SetUnitSystem(m_followUnitSystem ? unitSystem : wxString("iso"));
+    TvDetailTextCtrl::SetUnitSystem(m_followUnitSystem ? unitSystem : wxString("iso"));
     UpdateValidator(GetUnitSystem());
 }
 
@@ -98,12 +114,6 @@ void TvValidatedDoubleTextCtrl::UpdateValidator(const wxString& unitSystem)
     const std::string name = unitSystem.utf8_string();
     validator->SetMinValue(UnitSystemManager::FromISO(detail.GetUnit(), name, min));
     validator->SetMaxValue(UnitSystemManager::FromISO(detail.GetUnit(), name, max));
-}
-
-void TvValidatedDoubleTextCtrl::UpdateUnit(const std::string& unitSystem)
-{
-    Localize(wxString::FromUTF8(unitSystem));
-    TransferDataToWindow();
 }
 
 TvValidatedTextCtrl::TvValidatedTextCtrl(const ValidatedTextCtrlConfig& config)

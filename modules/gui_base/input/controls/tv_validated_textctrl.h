@@ -52,6 +52,11 @@ public:
     bool TransferDataToWindow() override;
     bool TransferDataFromWindow() override;
     void TransferDetailToWindow() override { TransferDataToWindow(); }
+    /// Hint and unit system; what was typed and not yet left stays as it is.
+    void Localize(const std::string& unitSystem) override;
+    void Localize(const wxString& unitSystem) { Localize(unitSystem.utf8_string()); }
+    void Localize(const char* unitSystem) { Localize(std::string(unitSystem)); }
+    void UpdateUnit(const std::string& unitSystem) override;
     /// Stores the configured default in the detail and shows it.
     void SetToDefault();
 
@@ -62,7 +67,8 @@ protected:
     template <typename Config>
     TvDetailTextCtrl(const Config& config, const T& defaultValue);
 
-    void SetUnitSystem(const wxString& unitSystem) { m_unitSystem = unitSystem; }
+    /// Takes the system that the field is to show.
+    virtual void SetUnitSystem(const wxString& unitSystem) { m_unitSystem = unitSystem; }
     const wxString& GetUnitSystem() const { return m_unitSystem; }
 
 private:
@@ -81,12 +87,12 @@ class GUI_BASE_EXPORT TvValidatedDoubleTextCtrl : public TvDetailTextCtrl<double
 public:
     explicit TvValidatedDoubleTextCtrl(const ValidatedDoubleTextCtrlConfig& config);
 
-    using TvTextCtrl::Localize;
-    /// Takes the unit system for limits and value, or "iso" when the field does not follow it.
-    void Localize(const wxString& unitSystem);
     /// Converts the limits of the detail, or else those of the configuration, into `unitSystem`.
     void UpdateValidator(const wxString& unitSystem);
-    void UpdateUnit(const std::string& unitSystem) override;
+
+protected:
+    /// For limits and value, or "iso" when the field does not follow it.
+    void SetUnitSystem(const wxString& unitSystem) override;
 
 private:
     double m_minValue;
@@ -99,8 +105,5 @@ class GUI_BASE_EXPORT TvValidatedTextCtrl : public TvDetailTextCtrl<wxString>
 public:
     explicit TvValidatedTextCtrl(const ValidatedTextCtrlConfig& config);
 
-    using TvTextCtrl::Localize;
-    void Localize(const wxString& unitSystem) { SetUnitSystem(unitSystem); }
     const wxString& GetUnit() const { return GetUnitSystem(); }
-    void UpdateUnit(const std::string& unitSystem) override { Localize(wxString::FromUTF8(unitSystem)); }
 };

@@ -46,6 +46,14 @@ std::vector<wxString> Labels(const Rows& rows)
 WaterAnalysisPanel::WaterAnalysisPanel(Project* project, std::size_t detailIndex, wxWindow* parent, int id,
                                        TVHelpFileProvider* help, const wxPoint& pos, const wxSize& size,
                                        long style)
+    : WaterAnalysisPanel(CreatedByDerived(), project, detailIndex, parent, id, help, pos, size, style)
+{
+    Create();
+}
+
+WaterAnalysisPanel::WaterAnalysisPanel(CreatedByDerived, Project* project, std::size_t detailIndex,
+                                       wxWindow* parent, int id, TVHelpFileProvider* help, const wxPoint& pos,
+                                       const wxSize& size, long style)
     : FormPanel(project, *RequireLiquid(project, detailIndex).GetDetails(), parent, id, pos, size, style,
                 "water analysis"),
       m_liquid(project->GetLiquid(detailIndex)),
@@ -54,7 +62,6 @@ WaterAnalysisPanel::WaterAnalysisPanel(Project* project, std::size_t detailIndex
 {
     // On the panel itself, which outlives a recreation of its controls.
     Bind(wxEVT_SIZE, &WaterAnalysisPanel::OnSize, this);
-    Create();
 }
 
 void WaterAnalysisPanel::CreateControls()

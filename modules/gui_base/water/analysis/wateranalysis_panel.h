@@ -68,6 +68,12 @@ public:
     TvTextCtrl* FindField(const std::string& key) const { return GetFields().FindField(key); }
 
 protected:
+    /// For panels that add controls of their own: their constructor calls Create.
+    struct CreatedByDerived
+    {};
+    WaterAnalysisPanel(CreatedByDerived, Project* project, std::size_t detailIndex, wxWindow* parent, int id,
+                       TVHelpFileProvider* help, const wxPoint& pos, const wxSize& size, long style);
+
     long GetPanelProjectStatus() override;
     void DoResetMessages() override { m_sentViolations.reset(); }
     void DoCreateForm() override { CreateControls(); }

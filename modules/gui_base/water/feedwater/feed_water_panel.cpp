@@ -25,29 +25,36 @@ ChoiceCombination::Items WaterTypes()
 
 FeedWaterPanel::FeedWaterPanel(Project* project, std::size_t detailIndex, wxWindow* parent, int id,
                                TVHelpFileProvider* help)
-    : WaterAnalysisPanel(project, detailIndex, parent, id, help)
+    : WaterAnalysisPanel(CreatedByDerived(), project, detailIndex, parent, id, help, wxDefaultPosition,
+                         wxDefaultSize, wxTAB_TRAVERSAL | wxHSCROLL | wxVSCROLL)
 {
-    CreateHeader(project, static_cast<int>(detailIndex));
-    AddToDetailContainerWindows(m_specification);
-    AddToDetailContainerWindows(m_metaInformation);
-    m_specification->SetStatusBar(GetStatusBar());
     Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
         // The toolkit lays out for the new size afterwards.
         ArrangeHeader();
         event.Skip();
     });
-    // The blocks show their details from the start; only the room for them is missing.
-    FitInside();
+    Create();
 }
 
-void FeedWaterPanel::CreateHeader(Project* project, int liquid)
+void FeedWaterPanel::DoCreateForm()
 {
+    WaterAnalysisPanel::DoCreateForm();
+    CreateHeader();
+    AddToDetailContainerWindows(m_specification);
+    AddToDetailContainerWindows(m_metaInformation);
+    m_specification->SetStatusBar(GetStatusBar());
+}
+
+void FeedWaterPanel::CreateHeader()
+{
+    Project* const project = GetProject();
     wxWindow* const first = GetChildren().empty() ? nullptr : GetChildren().front();
     m_header = new wxBoxSizer(wxHORIZONTAL);
     const wxSizerFlags spaced = wxSizerFlags().Border(wxALL, FromDIP(kGap));
 
     auto* feed = AddLocalizable(new TvStaticBoxSizer(wxVERTICAL, this, wxTRANSLATE("Feed water")));
-    m_specification = new FeedWaterSpecification(project, liquid, feed->GetStaticBox());
+    m_specification = new FeedWaterSpecification(project, static_cast<int>(GetLiquid().GetPosition()),
+                                                 feed->GetStaticBox());
     feed->Add(m_specification, spaced);
     auto* origin = AddLocalizable(new TvStaticBoxSizer(wxVERTICAL, this, wxTRANSLATE("Origin of the water")));
     m_metaInformation = new FeedMetaInformation({.parent = origin->GetStaticBox(),
@@ -77,6 +84,8 @@ void FeedWaterPanel::CreateHeader(Project* project, int liquid)
 
 void FeedWaterPanel::ArrangeHeader()
 {
+    if (m_header == nullptr)
+        return;
     int width = 0;
     for (wxSizerItem* item : m_header->GetChildren())
         width += item->CalcMin().x;
@@ -88,8 +97,6 @@ void FeedWaterPanel::ArrangeHeader()
 void FeedWaterPanel::DoTransferDetailsToWindows()
 {
     WaterAnalysisPanel::DoTransferDetailsToWindows();
-    if (!m_organicsController)
-        return;
     m_organicsController->TransferToView();
     // Waters move: another one may be the first.
     if (m_organics->Show(IsFirstWater())) {
@@ -106,15 +113,12 @@ bool FeedWaterPanel::IsFirstWater() const
 void FeedWaterPanel::DoUpdateUnits()
 {
     WaterAnalysisPanel::DoUpdateUnits();
-    if (m_specification != nullptr)
-        m_specification->UpdateUnit(GetCurrentDisplayUnitSystem());
+    m_specification->UpdateUnit(GetCurrentDisplayUnitSystem());
 }
 
 void FeedWaterPanel::DoLocalize()
 {
     WaterAnalysisPanel::DoLocalize();
-    if (m_metaInformation == nullptr)
-        return;
     m_specification->Localize();
     m_metaInformation->SetItems(gui_utils::GetCountries(), WaterTypes());
     m_metaInformation->Localize(GetCurrentDisplayUnitSystem());

@@ -15,16 +15,18 @@ class GUI_BASE_EXPORT FeedWaterPanel : public WaterAnalysisPanel
 public:
     FeedWaterPanel(Project* project, std::size_t detailIndex, wxWindow* parent, int id,
                    TVHelpFileProvider* help);
+    using WaterAnalysisPanel::RecreatePanel;
 
     bool FocusDetail(const DetailAddress& address) override;
 
 protected:
+    void DoCreateForm() override;
     void DoTransferDetailsToWindows() override;
     void DoUpdateUnits() override;
     void DoLocalize() override;
 
 private:
-    void CreateHeader(Project* project, int liquid);
+    void CreateHeader();
     void ArrangeHeader();
     /// The organics of the feed stand with the first water.
     bool IsFirstWater() const;

@@ -285,6 +285,29 @@ TEST_F(ControlsTest, DefaultConfigurationClampsAndTrims)
     }
 }
 
+TEST_F(ControlsTest, AFieldWithABindingOfItsOwnFollowsTheUnitSystem)
+{
+    DetailData detail("temp", DetailType::Double, "\u00b0C");
+    detail.SetValue(20.0);
+    auto* field = new TvValidatedDoubleTextCtrl({.parent = m_panel, .detail = &detail});
+    auto* iso = new TvValidatedDoubleTextCtrl(
+        {.parent = m_panel, .detail = &detail, .followUnitSystem = false});
+    const auto holder = MakeLocalizable(field);
+    field->Localize("us");
+    EXPECT_EQ(field->GetValue(), "68");
+    holder->Localize("iso");
+    EXPECT_EQ(field->GetValue(), "20");
+    static_cast<TvTextCtrl*>(field)->Localize("us");
+    EXPECT_EQ(field->GetValue(), "68");
+    iso->Localize("us");
+    EXPECT_EQ(iso->GetValue(), "20");
+    field->ChangeValue("5");
+    field->MarkDirty();
+    field->Localize(wxString("iso"));
+    EXPECT_EQ(field->GetValue(), "5") << "what is being typed stays";
+    EXPECT_EQ(detail.GetDoubleValue(), 20.0);
+}
+
 TEST_F(ControlsTest, ValidatedTextField)
 {
     DetailData detail("s", DetailType::String);

@@ -78,6 +78,23 @@ TEST_F(FeedWaterTest, QuantitiesFollowEachOther)
     EXPECT_EQ(Notified(), 0) << "the same number is no change";
 }
 
+TEST_F(FeedWaterTest, ARecreatedPageIsWhole)
+{
+    for (int i = 0; i < 2; ++i) {
+        m_panel->RecreatePanel();
+        Pump();
+    }
+    Enter(Field("qbrutto"), "10");
+    Enter(Place(), "Spring");
+    Enter(*m_panel->FindField("liquid/na.orig"), "23");
+    EXPECT_EQ(Value("qbrutto"), 10.0);
+    EXPECT_EQ(Water("place").GetStringValue(), "Spring");
+    EXPECT_NEAR(Water("na.meql").GetDoubleValue(), 1.0, 0.01);
+    m_project.SetUnitSystemDisplay("us");
+    m_panel->UpdateUnits(true);
+    EXPECT_NE(Field("qbrutto").GetValue(), "10");
+}
+
 TEST_F(FeedWaterTest, CheckWantsFlowRateAndTime)
 {
     struct Case
