@@ -9,6 +9,8 @@
 
 #include <optional>
 #include <system_error>
+#include <utility>
+#include <vector>
 
 namespace {
 
@@ -22,40 +24,57 @@ std::optional<tncommon::ZipArchive>& Pictures()
     return archive;
 }
 
-/// Pictures are kept once, whatever size their name asks for: "icons/i16/delete.png" is "icons/delete.png".
-wxString EntryName(const wxString& name)
+/// Where a picture may be, the best place first. Most are kept once, as PNG, whatever size or format their
+/// name asks for: "icons/i16/delete.xpm" is "icons/delete.png", unless the archive has one of just that name.
+std::vector<wxString> EntryNames(const wxString& name)
 {
-    wxString entry = name.StartsWith("/") ? name.Mid(1) : name;
+    const wxString entry = name.StartsWith("/") ? name.Mid(1) : name;
+    std::vector<wxString> names{entry};
     const wxString folder = entry.BeforeLast('/');
     long size = 0;
     if (folder.StartsWith("icons/i") && folder.Mid(7).ToCLong(&size))
-        entry = "icons/" + entry.AfterLast('/');
-    return entry;
+        names.push_back("icons/" + entry.AfterLast('/'));
+    if (!entry.EndsWith(".png") && !entry.EndsWith(".svg"))
+        names.push_back(names.back().BeforeLast('.') + ".png");
+    return names;
 }
 
-/// The bytes of an archive entry, empty when there is none. Image handlers look at a stream more than once,
-/// which a compressed entry does not allow. A missing picture is answered by an empty image; nobody needs a
-/// message box about it.
-std::string ReadEntry(const wxString& name)
+struct Picture
+{
+    std::string bytes;           ///< empty when there is none
+    bool isOtherFormat = false;  ///< than the name says
+};
+
+/// Image handlers look at a stream more than once, which a compressed entry does not allow. A missing picture
+/// is answered by an empty image; nobody needs a message box about it.
+Picture ReadEntry(const wxString& name)
 {
     if (!Pictures())
         return {};
-    const wxString entry = EntryName(name);
     try {
-        auto bytes = Pictures()->Read(entry.utf8_string(), kMostPictureBytes);
-        // Pictures are kept as PNG, whatever format the name asks for.
-        if (!bytes && !entry.EndsWith(".png") && !entry.EndsWith(".svg"))
-            bytes = Pictures()->Read((entry.BeforeLast('.') + ".png").utf8_string(), kMostPictureBytes);
-        return bytes.value_or(std::string());
+        for (const wxString& entry : EntryNames(name)) {
+            if (auto bytes = Pictures()->Read(entry.utf8_string(), kMostPictureBytes))
+                return {std::move(*bytes), entry.AfterLast('.') != name.AfterLast('.')};
+        }
     } catch (const tncommon::ZipError&) {
-        return {};
     }
+    return {};
+}
+
+void RegisterFormats()
+{
+    static const bool registered = [] {
+        wxInitAllImageHandlers();
+        return true;
+    }();
+    wxUnusedVar(registered);
 }
 
 bool LoadImage(wxImage& image, const void* data, std::size_t size, wxBitmapType type)
 {
     if (size == 0)
         return false;
+    RegisterFormats();
     wxMemoryInputStream stream(data, size);
     const wxLogNull quiet;
     return image.LoadFile(stream, type, -1);
@@ -70,18 +89,15 @@ void ImageLoader::Init(const wxString& dataPath)
     } catch (const std::system_error&) {
         Pictures().reset();
     }
-    static const bool registered = [] {
-        wxInitAllImageHandlers();
-        return true;
-    }();
-    wxUnusedVar(registered);
+    RegisterFormats();
 }
 
 bool ImageLoader::LoadImageResource(wxImage& image, const wxString& name, wxBitmapType type)
 {
     image = wxImage();
-    const std::string bytes = ReadEntry(name);
-    return LoadImage(image, bytes.data(), bytes.size(), type);
+    const Picture picture = ReadEntry(name);
+    return LoadImage(image, picture.bytes.data(), picture.bytes.size(),
+                     picture.isOtherFormat ? wxBITMAP_TYPE_ANY : type);
 }
 
 wxImage ImageLoader::LoadImageResource(const wxString& name)
@@ -99,7 +115,7 @@ wxBitmap ImageLoader::LoadBitmapResource(const wxString& name)
 
 wxBitmapBundle ImageLoader::LoadBundle(const wxString& name, const wxSize& size)
 {
-    std::string svg = ReadEntry(name.BeforeLast('.') + ".svg");
+    std::string svg = ReadEntry(name.BeforeLast('.') + ".svg").bytes;
     if (!svg.empty()) {
         const wxBitmapBundle bundle = wxBitmapBundle::FromSVG(svg.data(), size);
         if (bundle.IsOk())

@@ -6,6 +6,7 @@
 #include "gui_base/support/translation.h"
 #include "tests/support/gui_test.h"
 #include "tests/support/temp_folder.h"
+#include "tests/support/zip_bytes.h"
 #include "tncommon/data_dir.h"
 
 #include <wx/base64.h>
@@ -73,6 +74,7 @@ TEST_F(SupportTest, ImagesComeFromTheArchive)
         EXPECT_TRUE(ImageLoader::LoadBundle(name, wxSize(16, 16)).IsOk()) << name;
     }
     wxImage image(3, 3);
+    EXPECT_TRUE(ImageLoader::LoadImageResource(image, "/icons/arrowdown.xpm", wxBITMAP_TYPE_XPM));
     EXPECT_FALSE(ImageLoader::LoadImageResource(image, "/icons/nosuch.png", wxBITMAP_TYPE_PNG));
     EXPECT_FALSE(image.IsOk());
     EXPECT_FALSE(ImageLoader::LoadImageResource(image, "/icons/arrowdown.svg", wxBITMAP_TYPE_PNG));
@@ -93,6 +95,29 @@ TEST_F(SupportTest, ADamagedArchiveGivesNoImage)
     EXPECT_FALSE(loads(bytes.substr(0, bytes.size() / 2)));
     EXPECT_FALSE(loads("no archive"));
     EXPECT_FALSE(loads(""));
+    ImageLoader::Init(wxString::FromUTF8(tncommon::DataDir().string()));
+}
+
+TEST_F(SupportTest, AnEntryOfJustThatNameComesFirst)
+{
+    const support::TempFolder folder;
+    const auto png = [](int width) {
+        wxMemoryOutputStream stream;
+        wxImage(width, 1).SaveFile(stream, wxBITMAP_TYPE_PNG);
+        std::string bytes(stream.GetSize(), '\0');
+        stream.CopyTo(bytes.data(), bytes.size());
+        return bytes;
+    };
+    std::ofstream(folder / "tnbase.zrc", std::ios::binary)
+        << support::ZipBytes({{"icons/i16/one.png", "", png(16)}, {"icons/one.png", "", png(1)}});
+    ImageLoader::Init(wxString::FromUTF8((folder / "").string()));
+    const std::vector<std::pair<const char*, int>> cases{
+        {"icons/i16/one.png", 16}, {"icons/i24/one.png", 1}, {"icons/one.png", 1}, {"icons/i24/one.xpm", 1}};
+    for (const auto& [name, width] : cases) {
+        const wxImage image = ImageLoader::LoadImageResource(name);
+        ASSERT_TRUE(image.IsOk()) << name;
+        EXPECT_EQ(image.GetWidth(), width) << name;
+    }
     ImageLoader::Init(wxString::FromUTF8(tncommon::DataDir().string()));
 }
 

@@ -91,8 +91,9 @@ void CountryPlaceCombination::TransferDetailToWindow()
         m_place->TransferDetailToWindow();
 }
 
-void CountryPlaceCombination::OnPlace(wxCommandEvent&)
+void CountryPlaceCombination::OnPlace(wxCommandEvent& event)
 {
+    event.Skip();
     // The field stores the text and tells the parent itself when that changes the detail.
     if (m_place->IsModified())
         m_place->TransferDataFromWindow();

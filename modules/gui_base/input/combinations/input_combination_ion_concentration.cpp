@@ -234,6 +234,8 @@ void InputCombinationIonConcentrationCtrl::SendChange()
 
 void InputCombinationIonConcentrationCtrl::OnUpdate(wxCommandEvent& event)
 {
+    // The change of the unit choice ends here; the combination tells of it itself.
+    event.Skip(event.GetEventType() == wxEVT_TEXT_ENTER);
     const bool told = StoreInput();
     const bool limited = ApplyLimits();
     UpdateOutput();

@@ -57,8 +57,9 @@ void InputCombinationNamedIonConcentrationCtrl::TransferDetailToWindow()
     InputCombinationIonConcentrationCtrl::TransferDetailToWindow();
 }
 
-void InputCombinationNamedIonConcentrationCtrl::OnName(wxCommandEvent&)
+void InputCombinationNamedIonConcentrationCtrl::OnName(wxCommandEvent& event)
 {
+    event.Skip();
     if (!m_name->IsModified())
         return;
     // The field tells the parent itself when that changes the detail.

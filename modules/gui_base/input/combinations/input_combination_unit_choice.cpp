@@ -206,8 +206,10 @@ bool InputCombinationUnitChoice::CommitText()
     return stored;
 }
 
-void InputCombinationUnitChoice::OnText(wxCommandEvent&)
+void InputCombinationUnitChoice::OnText(wxCommandEvent& event)
 {
+    // Whoever holds the combination may answer the key, too.
+    event.Skip();
     if (CommitText())
         events::SendEvent(m_parent, tvCHANGE_EVENT, GetControlId(), 0, wxString());
 }

@@ -47,7 +47,13 @@ void TvCheckBox::Localize()
 {
     const wxString label = i18n::Translated(m_label) + m_suffix;
     if (GetLabel() != label)
-        SetLabel(label);
+        wxCheckBox::SetLabel(label);
+}
+
+void TvCheckBox::SetLabel(const wxString& label)
+{
+    m_label = label;
+    Localize();
 }
 
 void TvCheckBox::SetFontWeight(wxFontWeight weight)

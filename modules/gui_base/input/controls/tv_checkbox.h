@@ -23,6 +23,8 @@ public:
     void SetDetailValue(bool value);
     void SetValueDetail(DetailData* detail) { m_detail = detail; }
 
+    /// Takes the source text of the label and shows its translation.
+    void SetLabel(const wxString& label) override;
     void TransferDetailToWindow() override;
     void UpdateUnit(const std::string&) override {}
 

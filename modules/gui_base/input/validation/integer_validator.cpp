@@ -32,7 +32,7 @@ void IntegerValidator::ConvertStringToValue()
         Store(std::clamp(value, static_cast<long>(kLeast), static_cast<long>(kGreatest)));
         return;
     }
-    const double parsed = ParseControlValue().value_or(0.0);
+    const double parsed = *ParseControlValue(0.0);
     Store(static_cast<long>(std::clamp(parsed, kLeast, kGreatest)));
 }
 

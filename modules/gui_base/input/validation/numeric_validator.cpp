@@ -36,6 +36,7 @@ NumericValidator& NumericValidator::operator=(const NumericValidator& other)
 {
     Validator::operator=(other);
     m_format = other.m_format;
+    m_reported = other.m_reported;
     m_rangeFlag = other.m_rangeFlag;
     m_belowMinColour = other.m_belowMinColour;
     m_aboveMaxColour = other.m_aboveMaxColour;
@@ -84,6 +85,7 @@ void NumericValidator::DoTransferFromWindow()
 
 void NumericValidator::DoTransferToWindow()
 {
+    m_reported.clear();
     if (!IsValueNumeric()) {
         // An unknown value violates nothing.
         m_rangeFlag = 0;
@@ -129,9 +131,9 @@ void NumericValidator::ColourByRange()
 void NumericValidator::UpdateStatusbar()
 {
     if (HasFlag(CheckMin) || HasFlag(CheckMinExclusive))
-        SetStatusbarText(i18n::Translated("Min: ") + FormatMinValueAsString(), kMinField);
+        SetStatusbarText("Min: " + FormatMinValueAsString(), kMinField);
     if (HasFlag(CheckMax) || HasFlag(CheckMaxExclusive))
-        SetStatusbarText(i18n::Translated("Max: ") + FormatMaxValueAsString(), kMaxField);
+        SetStatusbarText("Max: " + FormatMaxValueAsString(), kMaxField);
     if (HasFlag(ShowPreciseValue))
         SetStatusbarText(i18n::Translated("Value") + ": " + FormatValueAsString(kPreciseDigits), kValueField);
 }
@@ -157,22 +159,36 @@ wxString NumericValidator::FormatNumber(double value, int precision) const
                                 .groupThousands = HasFlag(GroupThousands)});
 }
 
-std::optional<double> NumericValidator::ParseControlValue() const
+std::optional<double> NumericValidator::ParseNumber(const wxString& text)
 {
-    const wxString text = GetControlValue();
-    const auto value = numbertext::Parse(text.utf8_string(), LocaleSeparators());
-    if (!value)
-        ReportNoNumber(text);
-    return value;
+    const numbertext::Separators separators = LocaleSeparators();
+    wxString plain = text;
+    // A point that neither groups nor is the locale's own sign can only be meant as the decimal one.
+    if (separators.decimal != "." && separators.thousands != ".")
+        plain.Replace(".", wxString::FromUTF8(separators.decimal));
+    return numbertext::Parse(plain.utf8_string(), separators);
 }
 
-void NumericValidator::ReportNoNumber(const wxString& text) const
+std::optional<double> NumericValidator::ParseControlValue(std::optional<double> becomes)
+{
+    const wxString text = GetControlValue();
+    const auto value = ParseNumber(text);
+    if (!value && text != m_reported)
+        ReportNoNumber(text, becomes);
+    m_reported = value ? wxString() : text;
+    return value ? value : becomes;
+}
+
+void NumericValidator::ReportNoNumber(const wxString& text, std::optional<double> becomes)
 {
     if (!wxValidator::IsSilent())
         wxBell();
+    const wxString name = m_validatorWindow->GetName();
     const wxString message =
-        wxString::Format(i18n::Translated("%s: \"%s\" is no number; the value stays as it was"),
-                         m_validatorWindow->GetName(), text);
+        becomes ? wxString::Format(i18n::Translated("%s: \"%s\" is no number; the value becomes %g"), name,
+                                   text, *becomes)
+                : wxString::Format(i18n::Translated("%s: \"%s\" is no number; the value stays as it was"),
+                                   name, text);
     wxQueueEvent(wxGetTopLevelParent(m_validatorWindow),
                  new MessageEvent(tv_MESSAGE, m_validatorWindow->GetId(), std::string(), std::string(),
                                   {message.utf8_string()}));

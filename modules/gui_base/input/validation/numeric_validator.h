@@ -30,6 +30,9 @@ public:
 
     /// Separators of the current locale.
     static numbertext::Separators LocaleSeparators();
+    /// The number that a typed text states in the current locale. A point stands for the decimal sign where
+    /// the locale knows no other use of it.
+    static std::optional<double> ParseNumber(const wxString& text);
 
 protected:
     void DoTransferFromWindow() override;
@@ -57,15 +60,17 @@ protected:
     wxString FormatNumber(double value, int precision) const;
     static wxString FormatNumber(double value, const numbertext::Style& style);
     /// The number that the control's text states in the current locale. A text that states none rings the
-    /// bell and is reported to the frame's message area by a MessageEvent; the value then stays as it was.
-    std::optional<double> ParseControlValue() const;
+    /// bell and is reported to the frame's message area by a MessageEvent, once as long as it stands there:
+    /// `becomes` is the number taken instead; without it the value stays as it was.
+    std::optional<double> ParseControlValue(std::optional<double> becomes = std::nullopt);
 
 private:
     void ColourByRange();
-    void ReportNoNumber(const wxString& text) const;
+    void ReportNoNumber(const wxString& text, std::optional<double> becomes);
 
     TvTextCtrlFormat m_format;
     int m_rangeFlag = 0;
+    wxString m_reported;  ///< the text that was reported last as no number
     wxColour m_belowMinColour{128, 192, 255};
     wxColour m_aboveMaxColour{255, 160, 144};
 };

@@ -129,7 +129,7 @@ void FeedCompositionTable::SetValue(int row, int column, const wxString& text)
 {
     if (!IsUnitColumn(column) || row < 0 || row >= m_rows)
         return;
-    if (const auto value = numbertext::Parse(text.utf8_string(), NumericValidator::LocaleSeparators()))
+    if (const auto value = NumericValidator::ParseNumber(text))
         m_onEdit(static_cast<std::size_t>(row), UnitOfColumn(column), *value);
 }
 

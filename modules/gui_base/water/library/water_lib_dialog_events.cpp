@@ -131,7 +131,11 @@ void WaterLibDialog::OnTreeItemDelete(wxCommandEvent&)
     if (!m_tree->IsUserCountry(node))
         return;
     const WaterLibTreeItemData* data = m_tree->GetNode(node);
-    if (!ShowDeleteConfirmation(wxString::Format(Tr("Its waters go with it: %d"), data->GetWaterCount())))
+    // Others may have saved waters since the tree was filled.
+    std::size_t count = 0;
+    Guarded(
+        [&] { count = ProjectDatabase::WaterLib_GetUserWatersByCriteria({data->GetIdentifier()}).size(); });
+    if (!ShowDeleteConfirmation(wxString::Format(Tr("Its waters go with it: %d"), static_cast<int>(count))))
         return;
     bool removed = false;
     Guarded([&] { removed = ProjectDatabase::WaterLib_DeleteUserCountry(data->GetIdentifier()); });

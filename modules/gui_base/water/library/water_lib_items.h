@@ -12,8 +12,8 @@ public:
     static constexpr int kCategory = 1;
     static constexpr int kCountry = 3;
 
-    WaterLibTreeItemData(int id, int level, bool user, int waterCount = 0)
-        : m_identifier(id), m_level(level), m_user(user), m_waterCount(waterCount)
+    WaterLibTreeItemData(int id, int level, bool user)
+        : m_identifier(id), m_level(level), m_user(user)
     {}
 
     /// Of the category or country in its database.
@@ -22,13 +22,11 @@ public:
     /// Whether the node comes from the user's database.
     bool IsUserEntry() const { return m_user; }
     /// How many waters a country held when the tree was filled.
-    int GetWaterCount() const { return m_waterCount; }
 
 private:
     int m_identifier;
     int m_level;
     bool m_user;
-    int m_waterCount;
 };
 
 /// A row of the list of waters. Its item data is the identifier of the water.

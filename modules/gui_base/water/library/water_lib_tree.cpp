@@ -41,9 +41,8 @@ void WaterLibTree::AddCategory(const DBObjects::WaterLibCategory& category, bool
         AppendItem(GetRootItem(), i18n::Translated(wxString::FromUTF8(category.name)), -1, -1,
                    new WaterLibTreeItemData(category.id, WaterLibTreeItemData::kCategory, user));
     for (const auto& country : countries)
-        AppendItem(
-            node, CountryName(country.name), -1, -1,
-            new WaterLibTreeItemData(country.id, WaterLibTreeItemData::kCountry, user, country.waterCount));
+        AppendItem(node, CountryName(country.name), -1, -1,
+                   new WaterLibTreeItemData(country.id, WaterLibTreeItemData::kCountry, user));
     Expand(node);
 }
 

@@ -43,6 +43,7 @@ protected:
         };
         m_panel->Bind(tvCHANGE_EVENT, note);
         m_panel->Bind(tvUNITCHANGED_EVENT, note);
+        m_panel->Bind(wxEVT_TEXT_ENTER, [this](wxCommandEvent&) { ++m_enters; });
     }
     void AddOtherField()
     {
@@ -75,6 +76,7 @@ protected:
     wxSizer* m_sizer = nullptr;
     wxTextCtrl* m_other = nullptr;
     std::vector<Heard> m_heard;
+    int m_enters = 0;  ///< how often the key or its stand-in reached the panel
 };
 
 class UnitChoiceTest : public CombinationTest
@@ -172,6 +174,7 @@ TEST_F(UnitChoiceTest, TypedValuesAndLimits)
     row->TransferDetailToWindow();
     AddOtherField();
     Enter(*row->GetTextCtrl(), "4.5");
+    EXPECT_EQ(m_enters, 1) << "the host may answer, too";
     EXPECT_EQ(m_value.GetDoubleValue(), 4.5);
     ExpectOneChange(501);
     Enter(*row->GetTextCtrl(), "4.5");
@@ -284,6 +287,7 @@ TEST_F(IonTest, EditsAndUnitsGiveEquivalents)
     const double weight = row->GetEquivalentWeight();
     EXPECT_NEAR(weight, 20.04, 0.01);
     Enter(*row->GetInput(), "100");
+    EXPECT_EQ(m_enters, 1);
     EXPECT_NEAR(m_output.GetDoubleValue(), 100.0 / weight, 1e-12);
     EXPECT_EQ(row->GetOutput()->GetValue().Left(3), "4.9");
     ExpectOneChange(601);
@@ -384,6 +388,7 @@ TEST_F(IonTest, TheNameDecidesTheWeight)
         EXPECT_NEAR(m_output.GetDoubleValue(), meq, 0.01) << typed;
         ExpectOneChange(row.GetNameCtrl()->GetId());
     }
+    EXPECT_EQ(m_enters, 2) << "of the names";
     Enter(*row.GetInput(), "18.04");
     EXPECT_NEAR(m_output.GetDoubleValue(), 1.0, 0.01);
     ExpectOneChange(602);

@@ -119,6 +119,21 @@ TEST_F(ValidatorTest, ATextThatIsNoNumberIsReported)
     EXPECT_EQ(messages,
               std::vector<std::string>{"Sodium: \"12 apples\" is no number; the value stays as it was"});
     EXPECT_EQ(value, 42.0);
+    long lines = 3;
+    int count = 0;
+    m_frame->Bind(tv_MESSAGE, [&](MessageEvent& event) {
+        ++count;
+        event.Skip();
+    });
+    TvTextCtrl* whole = Field(IntegerValidator(&lines, Fixed, 0, 0, 0, 5));
+    whole->SetName("Lines");
+    // As a panel does: the key commits, and so does the panel with all its fields.
+    whole->Bind(wxEVT_TEXT_ENTER, [whole](wxCommandEvent&) { whole->TransferDataFromWindow(); });
+    Enter(*whole, "1e");
+    Pump();
+    EXPECT_EQ(messages, std::vector<std::string>{"Lines: \"1e\" is no number; the value becomes 0"});
+    EXPECT_EQ(count, 1);
+    EXPECT_EQ(lines, 0);
     wxValidator::SuppressBellOnError(false);
 }
 
@@ -198,6 +213,8 @@ TEST_F(ValidatorTest, FollowsTheLocaleOfNumbers)
         {"de_DE.UTF-8", "1.234,5", 1234.5, "1.234,500"},
         {"en_US.UTF-8", "1,234.5", 1234.5, "1,234.500"},
         {"fr_FR.UTF-8", "1\u202f234,5", 1234.5, "1\u202f234,500"},
+        {"fr_FR.UTF-8", "1234.5", 1234.5, "1\u202f234,500"},
+        {"de_DE.UTF-8", "1234.5", 12345.0, "12.345,000"},
         {"C", "1234.5", 1234.5, "1234.500"},
     };
     for (const auto& [locale, text, expected, shown] : cases) {

@@ -158,9 +158,11 @@ TEST_F(WaterLibTest, RemovesOnlyTheUsersWaters)
     EXPECT_TRUE(TellsOfAProblem());
     m_database.Sql("DROP TRIGGER refuse");
 
-    // The country from the tree, with all that it holds.
+    // The country from the tree, with all that it holds, also what came after the tree was filled.
     ClickNode({"User waters", "France"});
-    ExpectBox(question, wxID_YES);
+    Describe("FR", "Paris", "Seine");
+    EXPECT_TRUE(Save());
+    ExpectBox({question.front(), "Its waters go with it: 2"}, wxID_YES);
     Press(WXK_DELETE);
     EXPECT_EQ(Tree().GetChildrenCount(Node({"User waters"})), 0u);
     EXPECT_EQ(Sql("SELECT CAST(count(*) AS TEXT) FROM tarnvik_water"), "0");

@@ -54,7 +54,8 @@ protected:
                 ADD_FAILURE() << "no message box: " << dialog.GetTitle().utf8_string();
                 return answer;
             }
-            const std::string text = (box->GetCaption() + "|" + box->GetMessage()).utf8_string();
+            const std::string text =
+                (box->GetCaption() + "|" + box->GetMessage() + "|" + box->GetExtendedMessage()).utf8_string();
             for (const std::string& part : parts)
                 EXPECT_NE(text.find(part), std::string::npos) << text;
             return answer;
