@@ -175,7 +175,6 @@ public:
         if (isNew) {
             const auto found = m_known.find(place->first);
             m_elements.push_back(found != m_known.end() ? found->second : CompoundElement());
-            m_elements.back().symbol = place->first;
             m_elements.back().count = 0;
         }
         CompoundElement& element = m_elements[place->second];

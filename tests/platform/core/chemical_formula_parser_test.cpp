@@ -72,7 +72,7 @@ TEST(ChemicalFormulaParser, CountsEachElementOnceInTheOrderOfItsFirstAppearance)
         {"2H2", "H2"},
         {"(H2", "H2"},
         {"H2)3O", "H2 O1"},
-        {"XyH", "Xy1 H1"},
+        {"XyHXyZz3", "2 H1 3"},
         {"H0O", "H0 O1"},
     };
     for (const auto& [formula, expected] : cases)

@@ -17,6 +17,7 @@ CompoundEditorDialog::CompoundEditorDialog(const Compound& compound, wxWindow* p
     SetIcon(ImageLoader::LoadBundle("icons/tarnvik.png", FromDIP(wxSize(32, 32))).GetIcon(wxDefaultSize));
     m_panel = new CompoundEditorPanel(this);
     m_panel->SetData({compound});
+    m_shown = m_panel->GetData().compound;
     auto* outer = new wxBoxSizer(wxVERTICAL);
     outer->Add(m_panel, wxSizerFlags(1).Expand());
     if (size == wxDefaultSize)
@@ -76,7 +77,7 @@ void CompoundEditorDialog::End(int result)
 
 bool CompoundEditorDialog::MayClose()
 {
-    if (m_panel->GetData().compound == m_compound)
+    if (m_panel->GetData().compound == m_shown)
         return true;
     return dialogs::AskYesNo(this,
                              i18n::Translated("There are unsaved changes. Do you really want to close?"),

@@ -34,5 +34,6 @@ private:
     bool MayClose();
 
     Compound m_compound;
+    Compound m_shown;  ///< as the untouched panel gives it back
     CompoundEditorPanel* m_panel = nullptr;
 };

@@ -162,8 +162,9 @@ void FeedCompositionPanelController::ImportFile(const wxString& path)
         unreadable(wxString::FromUTF8(error.what()));
         return;
     }
+    // What an import that fails half-way has brought is shown, too.
+    Guarded([&] { Import(incoming); });
     Guarded([&] {
-        Import(incoming);
         InitCategorySelection();
         UpdateCompoundSelectionFiltered();
     });

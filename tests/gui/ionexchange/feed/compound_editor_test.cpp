@@ -236,10 +236,18 @@ TEST_F(CompoundEditorTest, SavesOnlyWithNameAndFormula)
 
 TEST_F(CompoundEditorTest, AsksBeforeItForgetsChanges)
 {
-    CompoundEditorDialog& dialog = Open(Phosphoric());
-    dialog.Close();
-    Pump();
-    EXPECT_FALSE(dialog.IsShown()) << "nothing was changed";
+    // Also records that no field would have made like that.
+    Compound odd = Phosphoric();
+    odd.name = " acid ";
+    odd.category = "Acid\n";
+    odd.valency = -2147483647 - 1;
+    odd.SetFormula("H3 PO4");
+    for (const Compound& compound : {Phosphoric(), Compound(), odd}) {
+        CompoundEditorDialog& dialog = Open(compound);
+        dialog.Close();
+        Pump();
+        EXPECT_FALSE(dialog.IsShown()) << "nothing was changed";
+    }
 
     CompoundEditorDialog& changed = Open(Phosphoric());
     Enter(Field("Name"), "other");
