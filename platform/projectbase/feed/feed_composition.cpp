@@ -89,12 +89,16 @@ void Fill(const Entry& entry, Concentration& block, Unit base, double value, dou
     FollowMass(block, density);
 }
 
-/// Brings `value` into the range from 0 to `most`; what is not known stays so, and limits nothing.
-double Clamp(double value, double most)
+/// States the effluent's base value; none is negative, and none exceeds that of the feed, which comes last. What is
+/// not known stays so, and limits nothing.
+void FillEffluent(Entry& entry, Unit base, double value, double density)
 {
-    if (value > most)
-        value = most;
-    return value < 0.0 ? 0.0 : value;
+    const double stated = value < 0.0 ? 0.0 : value;
+    // What is as much as in the feed is so in every unit, to the last bit.
+    if (stated > entry.feed[base])
+        entry.effluent = entry.feed;
+    else
+        Fill(entry, entry.effluent, base, stated, density);
 }
 
 feed::Solute ToSolute(const Entry& entry, const Concentration& block)
@@ -184,7 +188,7 @@ void FeedComposition::SetFeed(std::size_t index, Unit unit, double value)
     if (RuleOf(unit).perKilogram)
         entry.feed[unit] = value;
     if (entry.effluent[base] > entry.feed[base])
-        Fill(entry, entry.effluent, base, Clamp(entry.feed[base], entry.feed[base]), m_medium.density);
+        entry.effluent = entry.feed;
     UpdatePhOf(entry);
     UpdateTotals();
 }
@@ -194,10 +198,11 @@ void FeedComposition::SetEffluent(std::size_t index, Unit unit, double value)
     CompoundEntry& entry = m_entries.at(index);
     const Unit base = RuleOf(unit).base;
     const double typed = BaseValue(unit, value, m_medium.density);
-    const double taken = Clamp(typed, entry.feed[base]);
-    Fill(entry, entry.effluent, base, taken, m_medium.density);
-    if (RuleOf(unit).perKilogram && taken == typed)
-        entry.effluent[unit] = Clamp(value, m_medium.density > 0.0 ? value : entry.feed[unit]);
+    FillEffluent(entry, base, typed, m_medium.density);
+    // Without a density the content per mass says nothing of the others, and is limited by itself.
+    const double most = m_medium.density > 0.0 ? value : std::min(value, entry.feed[unit]);
+    if (RuleOf(unit).perKilogram && entry.effluent[base] == typed)
+        entry.effluent[unit] = std::max(0.0, most);
     UpdatePhOf(entry);
     UpdateTotals();
 }

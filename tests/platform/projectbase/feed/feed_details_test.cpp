@@ -118,6 +118,31 @@ TEST(FeedDetails, StayTheSameBytesThroughAThousandRounds)
     EXPECT_EQ(Bytes(back, folder), first);
 }
 
+TEST(FeedDetails, StayAsTheyAreWhereTheEffluentIsAsMuchAsTheFeed)
+{
+    const std::vector<DBObjects::Compound> compounds = MasterDatabase::GetSuppliedCompounds();
+    int clamped = 0;
+    for (std::size_t feedUnit = 0; feedUnit < FeedComposition::kUnitCount; ++feedUnit) {
+        for (std::size_t unit = 0; unit < FeedComposition::kUnitCount; ++unit) {
+            FeedComposition composition;
+            composition.SetMedium({3, {20.0, TemperatureUnit::Celsius}, 1.0251});
+            for (std::size_t i = 0; i < compounds.size(); ++i) {
+                composition.Add(compounds[i]);
+                composition.SetFeed(i, static_cast<Unit>(feedUnit), 0.7 * static_cast<double>(i) + 1.0 / 3.0);
+                composition.SetEffluent(i, static_cast<Unit>(unit), 1e15);
+                const auto& entry = composition.GetEntries()[i];
+                clamped += entry.effluent.values == entry.feed.values;
+            }
+            iex::IEXProject project;
+            project.SaveFeedCompositionToDetails(composition);
+            const DetailGroupsPtr groups = project.GetDetailGroups("feedcompound");
+            project.SaveFeedCompositionToDetails(project.LoadFeedCompositionFromDetails());
+            EXPECT_EQ(project.GetDetailGroups("feedcompound"), groups) << feedUnit << " " << unit;
+        }
+    }
+    EXPECT_EQ(clamped, static_cast<int>(49 * compounds.size()));
+}
+
 TEST(FeedDetails, AreUndoneAndRedone)
 {
     iex::IEXProject project;
