@@ -236,6 +236,39 @@ TEST_F(ProjectEdits, AShortAnalysisStartsFromWhatTheIonsGave)
     EXPECT_EQ(Water("cond.short").GetDoubleValue(), 77.0) << "what was stated stays";
 }
 
+TEST_F(ProjectEdits, WhereBlendsAreCalculatedNoWaterIsShortHoweverItCame)
+{
+    Plant("arrangement/calculate.blend").SetValue(true);
+    const auto paste = [this] {
+        const ProjectEdit edit(m_project, "paste water", EditKind::Copied);
+        Water("analysis.type").SetValue("SHORT_TDS");
+        Water("tds.short").SetValue(500.0);
+        Water("na.orig").SetValue(22.99);
+    };
+    const int told = m_history.told;
+    paste();
+    EXPECT_EQ(Water("analysis.type").GetStringValue(), "FULL");
+    EXPECT_EQ(Water("tds.short").GetDoubleValue(), 500.0) << "nothing is lost";
+    EXPECT_NEAR(Water("tds").GetDoubleValue(), 22.99, 1e-9) << "calculated as the full analysis it is";
+    EXPECT_EQ(m_history.told, told + 1);
+
+    const auto imported = std::make_shared<LiquidData>("Imported");
+    imported->FindDetail("liquid/analysis.type")->SetValue("SHORT_COND");
+    m_project.AddOwner(m_project.GetRoot(), imported, 1);
+    EXPECT_EQ(Water("analysis.type", 1).GetStringValue(), "FULL");
+
+    {
+        const ProjectEdit edit(m_project, {}, EditKind::Copied);
+        Plant("arrangement/calculate.blend").SetValue(false);
+    }
+    paste();
+    EXPECT_EQ(Water("analysis.type").GetStringValue(), "SHORT_TDS");
+    Plant("arrangement/calculate.blend").SetValue(true);
+    EXPECT_EQ(Water("analysis.type").GetStringValue(), "FULL");
+    m_history.stack.Undo();
+    EXPECT_EQ(Water("analysis.type").GetStringValue(), "SHORT_TDS") << "an undo brings back what stood there";
+}
+
 TEST_F(ProjectEdits, OfFlowTimeAndVolumeTheOneTypedLongestAgoFollows)
 {
     Plant("project/qbrutto").SetValue(20.0);
