@@ -130,6 +130,21 @@ TEST_F(UndoRedo, StructureIsAStepLikeAnyOther)
     EXPECT_FALSE(m_stack.CanRedo());
 }
 
+TEST_F(UndoRedo, AnOwnerComesBackAsItWasBeforeTheEditThatRemovedIt)
+{
+    LiquidData& second = m_project.AddLiquid("Second");
+    second.FindDetail("liquid/na.orig")->SetValue(10.0);
+    {
+        const ProjectEdit edit(m_project);
+        second.FindDetail("liquid/analysis.type")->SetValue("SHORT_COND");
+        m_project.RemoveOwner(second);
+    }
+    ASSERT_TRUE(m_stack.Undo());
+    EXPECT_EQ(At("liquid/analysis.type", 1).GetStringValue(), "FULL");
+    EXPECT_EQ(At("liquid/cond.short", 1).GetDoubleValue(), 0.0)
+        << "what it would have begun with is not kept";
+}
+
 TEST_F(UndoRedo, TouchesOnlyWhatItsStepNames)
 {
     FeedComposition feed = m_project.LoadFeedCompositionFromDetails();
