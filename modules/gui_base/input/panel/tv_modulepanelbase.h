@@ -174,6 +174,4 @@ private:
     bool m_synchronizing = false;
     bool m_stale = false;  ///< what others changed is still to be shown
     int m_wheelTurn = 0;
-    /// The event that OnFieldUpdate answered last, while it still travels; only compared, never read.
-    const wxEvent* m_answeredEvent = nullptr;
 };
