@@ -114,9 +114,14 @@ void ModulePanelBase::DoTransferDetailsToWindows()
     m_transfers.TransferToWindow(GetUnitSystemDisplay(), kNoCurrency);
     TransferDataToWindow();
     m_transfers.TransferRangeFlags();
+    ShowSelfRefreshing();
+    DoSendVisualizeMessageEvent();
+}
+
+void ModulePanelBase::ShowSelfRefreshing()
+{
     for (DetailContainerWindow* window : m_detailContainerWindows)
         window->TransferDetailToWindow();
-    DoSendVisualizeMessageEvent();
 }
 
 bool ModulePanelBase::TransferDetailsFromWindow()
@@ -166,6 +171,8 @@ void ModulePanelBase::FollowProject()
 
 void ModulePanelBase::DoFollowProject()
 {
+    // Limits are those in the units that stand beside the fields.
+    ShowSelfRefreshing();
     DoUpdateValidators();
     DoTransferDetailsToWindows();
 }

@@ -150,6 +150,7 @@ protected:
 private:
     void OnProjectChanged(const ProjectChanges& changes) override;
     void FollowProject();
+    void ShowSelfRefreshing();
     bool IsInView() const;
     void BindBaseEvents();
     void Prepare();
