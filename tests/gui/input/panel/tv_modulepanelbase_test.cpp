@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
+#include "gui_base/input/panel/tv_modulepanelbase.h"
+
 #include "gui_base/input/controls/tv_choice.h"
 #include "gui_base/input/controls/tv_statictext.h"
 #include "gui_base/input/controls/tv_validated_textctrl.h"
-#include "gui_base/input/panel/tv_modulepanelbase.h"
 #include "gui_base/input/validation/commit.h"
 #include "gui_base/input/validation/double_validator.h"
 #include "projectbase/project/iex_project.h"
