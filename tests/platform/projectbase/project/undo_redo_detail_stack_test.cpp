@@ -94,6 +94,8 @@ TEST_F(UndoRedo, WalksThroughABoundedHistory)
     EXPECT_FALSE(m_stack.CanRedo());
     m_stack.Undo();
     EXPECT_EQ(now(), 3.0);
+    m_stack.Undo();
+    EXPECT_EQ(now(), 2.0) << "not what was undone before";
     m_stack.RedoAll();
     EXPECT_EQ(now(), 30.0);
     m_stack.Clear();
