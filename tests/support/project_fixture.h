@@ -7,9 +7,11 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 #include <memory>
+#include <string>
 
 namespace support {
 
@@ -46,29 +48,69 @@ inline std::unique_ptr<Project> MakeSampleProject()
     return project;
 }
 
-inline void ExpectSameDetails(const DetailList& a, const DetailList& b)
+/// The first detail in which two lists differ; empty when they hold the same.
+inline std::string Difference(const DetailList& a, const DetailList& b)
 {
-    EXPECT_EQ(a.Size(), b.Size());
     for (const auto& [name, detail] : a) {
         const DetailData* other = b.GetDetail(name);
-        ASSERT_NE(other, nullptr) << name;
-        EXPECT_TRUE(detail.HasSameValue(*other)) << name;
-        EXPECT_EQ(detail.GetUnit(), other->GetUnit()) << name;
-        EXPECT_EQ(detail.GetMaxValue(), other->GetMaxValue()) << name;
+        if (other == nullptr)
+            return name + " is missing";
+        if (!detail.HasSameValue(*other))
+            return name + ": " + detail.GetValueAsString().utf8_string() + " / " +
+                   other->GetValueAsString().utf8_string();
+        if (detail.GetUnit() != other->GetUnit() || detail.GetMaxValue() != other->GetMaxValue())
+            return name + ": unit or limit";
     }
+    return a.Size() == b.Size() ? "" : "details were added";
+}
+
+/// The same of two owners with all that belongs to them; `identities` are compared on request, as files do
+/// not keep them.
+inline std::string Difference(const OwnerNode& a, const OwnerNode& b, bool identities)
+{
+    const std::string where = std::string(OwnerWord(a.GetKind())) + "." + std::to_string(a.GetPosition() + 1);
+    if (a.GetName() != b.GetName())
+        return where + " is called " + a.GetName() + " / " + b.GetName();
+    if (identities && a.GetOwner() != b.GetOwner())
+        return where + " is another one";
+    if (const std::string found = Difference(*a.GetDetails(), *b.GetDetails()); !found.empty())
+        return where + ": " + found;
+    for (std::size_t kind = 0; kind < kOwnerKinds; ++kind) {
+        const auto first = a.GetChildren(static_cast<OwnerKind>(kind));
+        const auto second = b.GetChildren(static_cast<OwnerKind>(kind));
+        if (first.size() != second.size())
+            return where + " has other parts";
+        for (std::size_t i = 0; i < first.size(); ++i) {
+            if (const std::string found = Difference(*first[i], *second[i], identities); !found.empty())
+                return where + "/" + found;
+        }
+    }
+    return {};
+}
+
+/// The same of everything that a project holds.
+inline std::string Difference(const Project& a, const Project& b, bool identities)
+{
+    if (a.GetModuleType() != b.GetModuleType() || a.GetUnitSystemDisplay() != b.GetUnitSystemDisplay() ||
+        a.GetStatus() != b.GetStatus())
+        return "type, unit system or status";
+    if (const std::string found = Difference(a.GetRoot(), b.GetRoot(), identities); !found.empty())
+        return found;
+    if (a.GetAllDetailGroups().size() != b.GetAllDetailGroups().size())
+        return "kinds of groups";
+    for (const auto& [kind, groups] : a.GetAllDetailGroups()) {
+        const DetailGroupsPtr other = b.GetDetailGroups(kind);
+        if (!other || !std::ranges::equal(*groups, *other, [](const auto& first, const auto& second) {
+                return SameGroup(*first, *second);
+            }))
+            return "groups " + kind;
+    }
+    return {};
 }
 
 inline void ExpectSameProject(const Project& a, const Project& b)
 {
-    EXPECT_EQ(a.GetModuleType(), b.GetModuleType());
-    EXPECT_EQ(a.GetUnitSystemDisplay(), b.GetUnitSystemDisplay());
-    EXPECT_EQ(a.GetStatus(), b.GetStatus());
-    ExpectSameDetails(a.GetDetails(), b.GetDetails());
-    ASSERT_EQ(a.GetLiquidCount(), b.GetLiquidCount());
-    for (std::size_t i = 0; i < a.GetLiquidCount(); ++i) {
-        EXPECT_EQ(a.GetLiquid(i).GetName(), b.GetLiquid(i).GetName());
-        ExpectSameDetails(*a.GetLiquid(i).GetDetails(), *b.GetLiquid(i).GetDetails());
-    }
+    EXPECT_EQ(Difference(a, b, false), "");
 }
 
 }  // namespace support

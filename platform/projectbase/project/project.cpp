@@ -3,6 +3,7 @@
 
 #include "projectbase/project/project_edit.h"
 #include "projectbase/project/project_journal.h"
+#include "projectbase/project/project_rules.h"
 #include "projectbase/water/blend.h"
 #include "projectbase/water/normalization.h"
 
@@ -132,6 +133,9 @@ void Project::CalculateDesign()
 {
     const ProjectEdit edit(*this);
     ApplyPendingRules();
+    // An undo brings back what stood there.
+    if (m_journal->GetKind() != EditKind::History)
+        rules::KeepInvariants(*this);
     // A blend is made of waters before it, which are calculated first and put it out of date.
     for (std::size_t i = 0; i < GetLiquidCount(); ++i) {
         if (GetLiquid(i).IsOutOfDate())

@@ -155,6 +155,9 @@ private:
     /// Takes a node and all below it into the project, or out of it.
     void Register(OwnerNode& node);
     void Unregister(OwnerNode& node);
+    /// What a water is mixed of stands before it under the name of its recipe: blends come to life, to rest
+    /// or to other sources when waters come, go, move or are renamed.
+    void PutBlendsOutOfDate(OwnerKind changed);
     /// Whether a change lets a design be out of date.
     bool CountsForDesign(const StackElement& element);
     void UpdateStatus(bool changed);

@@ -64,7 +64,8 @@ std::vector<TypedInput> ProjectJournal::TakeTyped()
     std::vector<TypedInput> typed;
     for (Element& element : m_elements) {
         auto* value = std::get_if<NotedValue>(&element);
-        if (value == nullptr || value->detail->IsDerived() ||
+        // An owner that was removed meanwhile stays as it was: nothing notes what is written to it.
+        if (value == nullptr || value->detail->IsDerived() || value->node->m_project == nullptr ||
             SameDetailValue(value->seen, value->detail->GetStoredValue()))
             continue;
         typed.push_back({*value->node, *value->detail, value->seen});

@@ -32,12 +32,19 @@ std::string Quoted(const std::string& utf8)
     return json(utf8).dump(-1, ' ', false, json::error_handler_t::replace);
 }
 
+std::string JsonNumber(double value)
+{
+    if (!std::isfinite(value))
+        return "null";
+    // Without a point a reader takes it for an integer, which has no negative zero.
+    return value == 0.0 && std::signbit(value) ? "-0.0" : fmt::format("{}", value);
+}
+
 std::string JsonValue(const DetailData& detail)
 {
     switch (detail.GetType()) {
         case DetailType::Double:
-            return std::isfinite(detail.GetDoubleValue()) ? fmt::format("{}", detail.GetDoubleValue())
-                                                          : "null";
+            return JsonNumber(detail.GetDoubleValue());
         case DetailType::Long:
         case DetailType::Bool:
             return detail.GetValueAsString().utf8_string();

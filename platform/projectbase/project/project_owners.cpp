@@ -91,6 +91,16 @@ DetailData* Project::FindDetail(const DetailAddress& address)
     return node == nullptr ? nullptr : node->FindDetail(address.key);
 }
 
+void Project::PutBlendsOutOfDate(OwnerKind changed)
+{
+    if (changed != OwnerKind::Water)
+        return;
+    for (const auto& water : m_root.ChildrenOf(OwnerKind::Water)) {
+        if (water::IsBlend(*water->GetDetails()))
+            water->SetOutOfDate(true);
+    }
+}
+
 OwnerNode& Project::AddOwner(OwnerNode& parent, std::shared_ptr<OwnerNode> node, std::size_t position)
 {
     if (ParentKind(node->GetKind()) != parent.GetKind() || node->GetKind() == OwnerKind::Project ||
@@ -103,6 +113,7 @@ OwnerNode& Project::AddOwner(OwnerNode& parent, std::shared_ptr<OwnerNode> node,
     node->m_parent = &parent;
     Register(*node);
     node->SetOutOfDate(true);
+    PutBlendsOutOfDate(node->GetKind());
     m_journal->NoteStructure(
         {.what = StructureChange::What::Added, .parent = parent.GetOwner(), .node = node, .after = place});
     return *node;
@@ -127,6 +138,7 @@ void Project::RemoveOwner(OwnerNode& node)
     siblings.erase(siblings.begin() + static_cast<std::ptrdiff_t>(place));
     Unregister(node);
     node.m_parent = nullptr;
+    PutBlendsOutOfDate(node.GetKind());
     m_journal->NoteStructure(
         {.what = StructureChange::What::Removed, .parent = parent.GetOwner(), .node = kept, .before = place});
 }
@@ -146,9 +158,7 @@ void Project::MoveOwner(OwnerNode& node, std::size_t position)
         std::rotate(at(from), at(from + 1), at(to + 1));
     else
         std::rotate(at(to), at(from), at(from + 1));
-    // What a water is mixed of must stand before it: blends may come to life or to rest by a move.
-    for (const auto& sibling : siblings)
-        sibling->SetOutOfDate(true);
+    PutBlendsOutOfDate(node.GetKind());
     m_journal->NoteStructure({.what = StructureChange::What::Moved,
                               .parent = node.m_parent->GetOwner(),
                               .node = siblings[to],
@@ -162,6 +172,7 @@ void Project::RenameOwner(OwnerNode& node, const std::string& name)
         throw std::logic_error("Project::RenameOwner: the owner is not of this project");
     const ProjectEdit edit(*this);
     const std::string before = std::exchange(node.m_name, name);
+    PutBlendsOutOfDate(node.GetKind());
     m_journal->NoteStructure({.what = StructureChange::What::Renamed,
                               .parent = node.m_parent->GetOwner(),
                               .node = node.m_parent->ChildrenOf(node.GetKind())[node.GetPosition()],

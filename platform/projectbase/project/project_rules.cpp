@@ -51,31 +51,24 @@ bool BlendsAreCalculated(const Project& project)
     return project.GetDetails().At("arrangement/calculate.blend").GetBoolValue();
 }
 
+bool IsShortAnalysis(const std::string& type)
+{
+    return type == "SHORT_TDS" || type == "SHORT_COND";
+}
+
 /// A short analysis starts from what the ions gave, so that switching to it does not change the water at
-/// once. Where blends are calculated there is none: they ask for every ion.
+/// once. Where blends are calculated there is none; see KeepInvariants.
 void BeginShortAnalysis(const Context& context, const TypedInput& input)
 {
     DetailList& details = *input.node.GetDetails();
     const std::string type = input.detail.GetStdStringValue();
-    if (type != "SHORT_TDS" && type != "SHORT_COND")
+    if (!IsShortAnalysis(type) || BlendsAreCalculated(context.project))
         return;
-    if (BlendsAreCalculated(context.project)) {
-        input.detail.SetValue("FULL");
-        return;
-    }
     const bool byTds = type == "SHORT_TDS";
     const char* const given = byTds ? "liquid/tds.short" : "liquid/cond.short";
     DetailData& typed = details.At(given);
     if (typed.GetDoubleValue() == 0.0 && !context.IsTyped(input.node, given))
         typed.SetValue(details.At(byTds ? "liquid/tds" : "liquid/cond").GetDoubleValue());
-}
-
-void EndShortAnalyses(const Context& context, const TypedInput& input)
-{
-    if (!input.detail.GetBoolValue())
-        return;
-    for (std::size_t i = 0; i < context.project.GetLiquidCount(); ++i)
-        context.project.GetLiquid(i).GetDetails()->At("liquid/analysis.type").SetValue("FULL");
 }
 
 /// A medium brings its density along.
@@ -139,13 +132,9 @@ struct RuleOfKey
     Rule rule;
 };
 constexpr std::array kRules{
-    RuleOfKey{"liquid/balance.ph", &FillWaterIons},
-    RuleOfKey{"liquid/analysis.type", &BeginShortAnalysis},
-    RuleOfKey{"arrangement/calculate.blend", &EndShortAnalyses},
-    RuleOfKey{"feed/medium", &TakeDensity},
-    RuleOfKey{"feed/adjust.ph", &BeginPhAdjustment},
-    RuleOfKey{"project/qbrutto", &FollowQuantities},
-    RuleOfKey{"project/lz", &FollowQuantities},
+    RuleOfKey{"liquid/balance.ph", &FillWaterIons},  RuleOfKey{"liquid/analysis.type", &BeginShortAnalysis},
+    RuleOfKey{"feed/medium", &TakeDensity},          RuleOfKey{"feed/adjust.ph", &BeginPhAdjustment},
+    RuleOfKey{"project/qbrutto", &FollowQuantities}, RuleOfKey{"project/lz", &FollowQuantities},
     RuleOfKey{"project/wbrutto", &FollowQuantities},
 };
 
@@ -158,6 +147,17 @@ void Apply(Project& project, const std::vector<TypedInput>& typed)
         const auto rule = std::ranges::find(kRules, input.detail.GetName(), &RuleOfKey::key);
         if (rule != kRules.end())
             rule->rule(context, input);
+    }
+}
+
+void KeepInvariants(Project& project)
+{
+    if (!BlendsAreCalculated(project))
+        return;
+    for (std::size_t i = 0; i < project.GetLiquidCount(); ++i) {
+        DetailData& type = project.GetLiquid(i).GetDetails()->At("liquid/analysis.type");
+        if (IsShortAnalysis(type.GetStdStringValue()))
+            type.SetValue("FULL");
     }
 }
 

@@ -15,4 +15,8 @@ namespace rules {
 /// Applies every rule to inputs that were typed together. What was typed itself stays as it was typed.
 void Apply(Project& project, const std::vector<TypedInput>& typed);
 
+/// Settles what holds for inputs however they came: typed, pasted, imported or read. Where blends are
+/// calculated, no water has a short analysis: they ask for every ion.
+void KeepInvariants(Project& project);
+
 }  // namespace rules

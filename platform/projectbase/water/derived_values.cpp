@@ -75,6 +75,9 @@ void SetUnknown(DetailList& liquid)
          {"liquid/sum.c.meql", "liquid/sum.a.meql", "liquid/na.plus.meql", "liquid/cl.plus.meql",
           "liquid/tds", "liquid/ionic.strength", "liquid/cond", "liquid/cond25", "liquid/p.osmotic"})
         liquid.At(key).SetValue(kUnknown);
+    // What was calculated before would stay else.
+    if (liquid.At("liquid/calculate.co2").GetBoolValue())
+        liquid.At("liquid/co2.mgl").SetValue(kUnknown);
 }
 
 void SetPhysicalValues(DetailList& liquid, const Composition& composition, double celsius)

@@ -12,7 +12,9 @@
 #include <wx/filedlg.h>
 #include <wx/menu.h>
 #include <wx/msgdlg.h>
+#include <wx/radiobut.h>
 
+#include <algorithm>
 #include <cmath>
 #include <filesystem>
 #include <fstream>
@@ -82,8 +84,58 @@ TEST_F(WaterToolsTest, AWaterGoesThroughTheLibrary)
     EXPECT_EQ(Water("nh4.orig").GetDoubleValue(), 0.1);
     EXPECT_TRUE(std::isnan(Water("turbidity").GetDoubleValue()));
     EXPECT_TRUE(m_frame->GetDocument().IsUnsaved());
+    EXPECT_EQ(m_frame->UndoText(), "&Undo water of the library");
     m_frame->Undo();
     EXPECT_EQ(Water("water.source").GetStringValue(), "Amazon river");
+    EXPECT_FALSE(m_frame->GetDocument().GetHistory().CanUndo()) << "one step";
+}
+
+TEST_F(WaterToolsTest, WhatIsCopiedOrStoredOfABlendIsAnOrdinaryWater)
+{
+    Menu("Tools", "Add water");
+    m_dialogs.Expect([](wxDialog&) { return wxID_OK; });
+    Menu("Tools", "Blend waters...");
+    Project& project = OpenProject();
+    ASSERT_TRUE(project.IsMixed(project.GetLiquid(2)));
+    const auto text = [&project](std::size_t water, const char* key) {
+        return project.GetLiquid(water).FindDetail(key)->GetStdStringValue();
+    };
+    Menu("Edit", "Copy water");
+    WaterPage(1);
+    Menu("Edit", "Paste water");
+    EXPECT_EQ(project.GetLiquid(1).FindDetail("liquid/na.mgl")->GetDoubleValue(), 8.15);
+    EXPECT_EQ(text(1, "liquid/blend.first") + text(1, "liquid/blend.second"), "");
+    WaterClipboard::PutLiquid(nullptr);
+
+    LiquidData& blend = project.GetLiquid(2);
+    blend.FindDetail("liquid/place")->SetValue("Plant");
+    blend.FindDetail("liquid/water.source")->SetValue("Blend");
+    blend.FindDetail("liquid/country")->SetValue("DE");
+    WaterPage(2);
+    m_dialogs.Expect([](wxDialog&) { return wxID_OK; });
+    Menu("Tools", "Save to water library");
+    const auto stored = ProjectDatabase::WaterLib_GetUserAnalysisById(
+        ProjectDatabase::WaterLib_GetUserWatersByValues(
+            ProjectDatabase::WaterLib_GetUserCountry("Germany").id, "Plant", "Blend", -1)
+            .at(0)
+            .id);
+    EXPECT_TRUE(std::ranges::any_of(stored, [](const auto& value) { return value.key == "liquid/na.orig"; }));
+    EXPECT_FALSE(std::ranges::any_of(
+        stored, [](const auto& value) { return value.key.starts_with("liquid/blend."); }));
+}
+
+TEST_F(WaterToolsTest, APastedShortAnalysisIsAFullOneWhereBlendsAreCalculated)
+{
+    Water("analysis.type").SetValue("SHORT_TDS");
+    Menu("Edit", "Copy water");
+    m_frame->SetDocument(MakeDocument("amazon"));
+    Pump();
+    OpenProject().GetDetails().At("arrangement/calculate.blend").SetValue(true);
+    Menu("Edit", "Paste water");
+    EXPECT_EQ(Water("analysis.type").GetStringValue(), "FULL");
+    EXPECT_TRUE(gui_test::Find<wxRadioButton>(Panel(), "Full analysis").GetValue());
+    EXPECT_EQ(Panel().FindField("liquid/na.orig")->GetValue(), "16.3");
+    WaterClipboard::PutLiquid(nullptr);
 }
 
 TEST_F(WaterToolsTest, ALibraryThatCannotBeReachedIsReported)

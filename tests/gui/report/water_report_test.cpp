@@ -4,9 +4,8 @@
 
 #include "gui_base/report/feed_report.h"
 #include "gui_base/report/report_builder.h"
-#include "gui_base/report/report_file.h"
 #include "projectbase/project/iex_project.h"
-#include "tests/support/failing_file_system.h"
+#include "report/pdf_writer.h"
 #include "tests/support/pdf.h"
 
 #include <gmock/gmock.h>
@@ -253,41 +252,6 @@ TEST_F(WaterReportTest, TakesItsHeadFromTheProject)
     EXPECT_THAT(pdf.Text(1), HasSubstr("Customer: Works \u00b7 Author: Somebody"));
     EXPECT_THAT(pdf.Text(2), HasSubstr("checked by a qualified"));
     EXPECT_THAT(pdf.Info(), ContainsRegex("Author: +Somebody"));
-}
-
-TEST(WriteReportFile, LeavesTheOldFileWhateverFails)
-{
-    const support::TempFolder folder;
-    const auto path = folder / "report.pdf";
-    report::Document document;
-    document.title = "New";
-    const auto filesIn = [&folder] {
-        return std::distance(std::filesystem::directory_iterator(folder.Path()), {});
-    };
-    for (int call = 1;; ++call) {
-        support::WriteBytes(path, "old report");
-        support::FailingFileSystem failing(call, ENOSPC);
-        try {
-            WriteReportFile(document, path, {}, failing);
-        } catch (const std::system_error& error) {
-            EXPECT_EQ(error.code().value(), ENOSPC);
-            // Only the sync of the folder comes after the new file has taken the old one's place.
-            if (support::ReadBytes(path) != "old report") {
-                EXPECT_THAT(support::ReadBytes(path), testing::StartsWith("%PDF"));
-            }
-            EXPECT_EQ(filesIn(), 1) << call;
-            continue;
-        }
-        EXPECT_GT(call, 4);
-        break;
-    }
-    support::WriteBytes(path, "old report");
-    EXPECT_THROW(WriteReportFile(document, path, [](double) { return false; }), report::Cancelled);
-    EXPECT_EQ(support::ReadBytes(path), "old report");
-    WriteReportFile(document, path);
-    EXPECT_THAT(support::ReadBytes(path), testing::StartsWith("%PDF"));
-    EXPECT_THROW(WriteReportFile(document, folder / "none" / "report.pdf"), std::system_error);
-    EXPECT_EQ(filesIn(), 1);
 }
 
 }  // namespace

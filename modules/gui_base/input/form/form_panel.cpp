@@ -59,6 +59,13 @@ void FormPanel::DoUpdateValidators()
     m_fields->ApplyLimits(GetCurrentDisplayUnitSystem());
 }
 
+void FormPanel::DoFollowProject()
+{
+    ModulePanelBase::DoFollowProject();
+    // The name of a field says its unit, which may be another one now.
+    m_fields->UpdateNames(GetCurrentDisplayUnitSystem());
+}
+
 void FormPanel::DoConnectTvTextCtrlsToStatusbar()
 {
     for (TvTextCtrl* field : m_fields->GetFields())

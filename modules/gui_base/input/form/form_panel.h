@@ -38,6 +38,7 @@ protected:
     void DoUpdateUnits() override;
     void DoLocalize() override;
     void DoUpdateValidators() override;
+    void DoFollowProject() override;
     void DoConnectTvTextCtrlsToStatusbar() override;
     void DoSendVisualizeMessageEvent() override {}
 

@@ -114,9 +114,14 @@ void ModulePanelBase::DoTransferDetailsToWindows()
     m_transfers.TransferToWindow(GetUnitSystemDisplay(), kNoCurrency);
     TransferDataToWindow();
     m_transfers.TransferRangeFlags();
+    ShowSelfRefreshing();
+    DoSendVisualizeMessageEvent();
+}
+
+void ModulePanelBase::ShowSelfRefreshing()
+{
     for (DetailContainerWindow* window : m_detailContainerWindows)
         window->TransferDetailToWindow();
-    DoSendVisualizeMessageEvent();
 }
 
 bool ModulePanelBase::TransferDetailsFromWindow()
@@ -166,6 +171,8 @@ void ModulePanelBase::FollowProject()
 
 void ModulePanelBase::DoFollowProject()
 {
+    // Limits are those in the units that stand beside the fields.
+    ShowSelfRefreshing();
     DoUpdateValidators();
     DoTransferDetailsToWindows();
 }
@@ -205,7 +212,9 @@ void ModulePanelBase::OnFieldUpdate(wxCommandEvent& event)
 {
     SynchronizeProject();
     SendChangeEvent();
-    m_answeredEvent = &event;
+    // Other handlers of this panel may hear of it, too; the host hears what was just sent.
+    if (event.GetEventType() == tvCHANGE_EVENT)
+        event.StopPropagation();
     event.Skip();
 }
 
@@ -218,10 +227,10 @@ void ModulePanelBase::SendChangeEvent()
 
 void ModulePanelBase::OnChildChanged(wxCommandEvent& event)
 {
-    // The host hears of one edit once: an event that OnFieldUpdate answered ends here, and so does that of a
-    // text field, whose commit was answered already. Panels inside this one and other controls speak for
-    // themselves.
-    const bool answered = std::exchange(m_answeredEvent, nullptr) == &event;
+    // The host hears of one edit once: an event that OnFieldUpdate answered climbs no further, and that of a
+    // text field, whose commit was answered already, ends here. Panels inside this one and other controls
+    // speak for themselves.
+    const bool answered = !event.ShouldPropagate();
     const wxWindow* child = event.GetId() == wxID_ANY ? nullptr : FindWindow(event.GetId());
     if (!answered && dynamic_cast<const wxTextCtrl*>(child) == nullptr)
         event.Skip();

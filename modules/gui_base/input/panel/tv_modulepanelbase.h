@@ -150,6 +150,7 @@ protected:
 private:
     void OnProjectChanged(const ProjectChanges& changes) override;
     void FollowProject();
+    void ShowSelfRefreshing();
     bool IsInView() const;
     void BindBaseEvents();
     void Prepare();
@@ -174,6 +175,4 @@ private:
     bool m_synchronizing = false;
     bool m_stale = false;  ///< what others changed is still to be shown
     int m_wheelTurn = 0;
-    /// The event that OnFieldUpdate answered last, while it still travels; only compared, never read.
-    const wxEvent* m_answeredEvent = nullptr;
 };

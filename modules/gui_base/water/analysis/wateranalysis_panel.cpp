@@ -175,8 +175,9 @@ void WaterAnalysisPanel::DoTransferDetailsToWindows()
 
 bool WaterAnalysisPanel::DoConcerns(const ProjectChanges& changes)
 {
-    // What belongs to the project beside its waters: the arrangement.
-    return changes.Touches(m_liquid.GetOwner()) || changes.Touches({});
+    // What belongs to the project beside its waters: the arrangement. When waters come, go or move, another
+    // one is the first, and a blend may be an ordinary water or no longer one.
+    return changes.Touches(m_liquid.GetOwner()) || changes.Touches({}) || changes.HasStructure();
 }
 
 void WaterAnalysisPanel::DoSendVisualizeMessageEvent()

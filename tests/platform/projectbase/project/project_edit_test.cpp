@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-// How a project is written: one scope, one calculation, one telling; and what typed inputs bring about.
+// How a project is written: one scope, one calculation, one telling.
 #include "projectbase/project/project_edit.h"
 
 #include "projectbase/project/iex_project.h"
-#include "tests/support/project_history.h"
+#include "tests/platform/projectbase/project/project_edit_fixture.h"
 
 #include <gtest/gtest.h>
 
@@ -12,20 +12,7 @@
 
 namespace {
 
-class ProjectEdits : public testing::Test
-{
-protected:
-    ProjectEdits() { m_project.CalculateDesign(); }
-
-    DetailData& Water(const std::string& key, std::size_t index = 0)
-    {
-        return m_project.GetLiquid(index).GetDetails()->At("liquid/" + key);
-    }
-    DetailData& Plant(const std::string& key) { return m_project.GetDetails().At(key); }
-
-    iex::IEXProject m_project;
-    support::History m_history{m_project};
-};
+using ProjectEdits = support::ProjectEditTest;
 
 TEST_F(ProjectEdits, TheEndOfTheOutermostScopeCalculatesAndTellsOnce)
 {
@@ -168,6 +155,22 @@ TEST_F(ProjectEdits, WordsAboutAProjectLeaveItsDesign)
     EXPECT_LT(m_project.GetStatus(), StatusDesigned);
 }
 
+TEST_F(ProjectEdits, ACalculationThatFailsKeepsNoInputFromObservers)
+{
+    struct Failing : iex::IEXProject
+    {
+        void CalculateDesign() override { throw std::runtime_error("no convergence"); }
+    } project;
+    support::History history(project);
+    std::vector<std::string> log;
+    project.GetLogger().SetSink([&log](const Logger::Entry& entry) { log.push_back(entry.text); });
+    project.GetDetails().At("project/title").SetValue("Boiler house");
+    EXPECT_EQ(history.told, 1);
+    EXPECT_EQ(log, std::vector<std::string>{"Project::FinishEdit: no convergence"});
+    EXPECT_TRUE(history.stack.Undo());
+    EXPECT_EQ(project.GetDetails().At("project/title").GetStringValue(), "");
+}
+
 TEST_F(ProjectEdits, AnObserverThatFailsKeepsNothingFromOthers)
 {
     struct Failing : ProjectObserver
@@ -190,84 +193,6 @@ TEST_F(ProjectEdits, ATemperatureThatNobodyTouchedKeepsItsDigits)
     medium.temperature = {medium.temperature.In(TemperatureUnit::Fahrenheit), TemperatureUnit::Fahrenheit};
     m_project.SaveFeedMediumToDetails(medium);
     EXPECT_EQ(m_history.told, told) << "nothing changed";
-}
-
-TEST_F(ProjectEdits, WaterIonsBeginAsTheyFollowFromThePh)
-{
-    Water("ph").SetValue(4.0);
-    Water("balance.ph").SetValue(true);
-    EXPECT_NEAR(Water("h.plus.orig").GetDoubleValue(), 0.1, 0.01);
-    Water("h.plus.orig").SetValue(0.2);
-    Water("ca.orig").SetValue(10.0);
-    EXPECT_EQ(Water("h.plus.orig").GetDoubleValue(), 0.2) << "what is typed afterwards stays";
-    Water("balance.ph").SetValue(false);
-    EXPECT_EQ(Water("h.plus.orig").GetDoubleValue(), 0.0);
-    m_history.stack.Undo();
-    EXPECT_EQ(Water("h.plus.orig").GetDoubleValue(), 0.2) << "an undo brings back what stood there";
-    {
-        const ProjectEdit edit(m_project, {}, EditKind::Copied);
-        Water("balance.ph").SetValue(false);
-    }
-    {
-        const ProjectEdit edit(m_project);
-        Water("balance.ph").SetValue(true);
-        Water("h.plus.orig").SetValue(0.7);
-    }
-    EXPECT_EQ(Water("h.plus.orig").GetDoubleValue(), 0.7) << "given together with the switch";
-}
-
-TEST_F(ProjectEdits, AShortAnalysisStartsFromWhatTheIonsGave)
-{
-    {
-        const ProjectEdit edit(m_project);
-        Water("na.orig").SetValue(229.9);
-        Water("cl.orig").SetValue(354.5);
-    }
-    const double tds = Water("tds").GetDoubleValue();
-    Water("analysis.type").SetValue("SHORT_TDS");
-    EXPECT_EQ(Water("tds.short").GetDoubleValue(), tds);
-    Plant("arrangement/calculate.blend").SetValue(true);
-    EXPECT_EQ(Water("analysis.type").GetStringValue(), "FULL") << "a blend asks for every ion";
-    Water("analysis.type").SetValue("SHORT_COND");
-    EXPECT_EQ(Water("analysis.type").GetStringValue(), "FULL");
-    Plant("arrangement/calculate.blend").SetValue(false);
-    Water("cond.short").SetValue(77.0);
-    Water("analysis.type").SetValue("SHORT_COND");
-    EXPECT_EQ(Water("cond.short").GetDoubleValue(), 77.0) << "what was stated stays";
-}
-
-TEST_F(ProjectEdits, OfFlowTimeAndVolumeTheOneTypedLongestAgoFollows)
-{
-    Plant("project/qbrutto").SetValue(20.0);
-    Plant("project/lz").SetValue(12.0);
-    EXPECT_EQ(Plant("project/wbrutto").GetDoubleValue(), 240.0);
-    Plant("project/lz").SetValue(6.0);
-    EXPECT_EQ(Plant("project/qbrutto").GetDoubleValue(), 20.0) << "what follows is not typed";
-    EXPECT_EQ(Plant("project/wbrutto").GetDoubleValue(), 120.0);
-    Plant("project/lz").SetValue(12.0);
-    Plant("project/wbrutto").SetValue(120.0);
-    EXPECT_EQ(Plant("project/qbrutto").GetDoubleValue(), 10.0);
-    EXPECT_EQ(Plant("project/lz").GetDoubleValue(), 12.0);
-    m_history.stack.Undo();
-    EXPECT_EQ(Plant("project/qbrutto").GetDoubleValue(), 20.0);
-    Plant("project/wbrutto").SetValue(360.0);
-    EXPECT_EQ(Plant("project/qbrutto").GetDoubleValue(), 30.0) << "the order of typing is undone, too";
-}
-
-TEST_F(ProjectEdits, AMediumBringsItsDensityAndAnAdjustmentItsPh)
-{
-    Plant("feed/medium").SetValue(14);
-    EXPECT_EQ(Plant("feed/density").GetDoubleValue(), 1.025);
-    {
-        const ProjectEdit edit(m_project);
-        Plant("feed/medium").SetValue(1);
-        Plant("feed/density").SetValue(1.1);
-    }
-    EXPECT_EQ(Plant("feed/density").GetDoubleValue(), 1.1);
-    Plant("feed/adjust.ph").SetValue(true);
-    EXPECT_EQ(Plant("feed/ph").GetDoubleValue(),
-              m_project.LoadFeedCompositionFromDetails().GetFeedTotals().pH);
-    EXPECT_TRUE(std::isfinite(Plant("feed/ph").GetDoubleValue()));
 }
 
 TEST_F(ProjectEdits, TheStatusSaysHowFarTheProjectIs)

@@ -153,6 +153,22 @@ TEST(RangeFaults, KnowsTheEntriesOfTheFeed)
     EXPECT_EQ(typed[0].label, "urea");
     EXPECT_EQ(typed[0].value, -60.0);
     EXPECT_EQ(typed[0].unit, "mg/l");
+
+    // What only follows from the typed amount is no second fault; an effluent counts while it is used.
+    feed.SetFeed(2, FeedComposition::Unit::MgPerLitre, 60.0);
+    feed.SetFeed(1, FeedComposition::Unit::MgPerLitre, -58.4);
+    project.SaveFeedCompositionToDetails(feed);
+    ASSERT_EQ(RangeFaults(project).size(), 1u);
+    EXPECT_EQ(RangeFaults(project)[0].address.key, "feedcompound/conc.typed");
+    DetailGroup group = *project.GetDetailGroups("feedcompound")->front();
+    for (DetailData& detail : group) {
+        if (detail.GetName() == "feedcompound/conc.effluent.meql")
+            detail.SetValue(-1.0);
+    }
+    project.SetDetailGroups("feedcompound", {group});
+    EXPECT_TRUE(RangeFaults(project).empty());
+    project.GetDetails().At("feed/use.effluent").SetValue(true);
+    EXPECT_EQ(RangeFaults(project).size(), 1u);
 }
 
 }  // namespace

@@ -94,6 +94,8 @@ TEST_F(UndoRedo, WalksThroughABoundedHistory)
     EXPECT_FALSE(m_stack.CanRedo());
     m_stack.Undo();
     EXPECT_EQ(now(), 3.0);
+    m_stack.Undo();
+    EXPECT_EQ(now(), 2.0) << "not what was undone before";
     m_stack.RedoAll();
     EXPECT_EQ(now(), 30.0);
     m_stack.Clear();
@@ -128,6 +130,51 @@ TEST_F(UndoRedo, StructureIsAStepLikeAnyOther)
     m_stack.RedoAll();
     EXPECT_EQ(Names(), (List{first}));
     EXPECT_FALSE(m_stack.CanRedo());
+}
+
+TEST_F(UndoRedo, AnOwnerComesBackAsItWasBeforeTheEditThatRemovedIt)
+{
+    LiquidData& second = m_project.AddLiquid("Second");
+    second.FindDetail("liquid/na.orig")->SetValue(10.0);
+    {
+        const ProjectEdit edit(m_project);
+        second.FindDetail("liquid/analysis.type")->SetValue("SHORT_COND");
+        m_project.RemoveOwner(second);
+    }
+    ASSERT_TRUE(m_stack.Undo());
+    EXPECT_EQ(At("liquid/analysis.type", 1).GetStringValue(), "FULL");
+    EXPECT_EQ(At("liquid/cond.short", 1).GetDoubleValue(), 0.0)
+        << "what it would have begun with is not kept";
+}
+
+TEST_F(UndoRedo, BlendsFollowWatersThatComeGoAndAreRenamed)
+{
+    At("liquid/na.orig").SetValue(10.0);
+    LiquidData& second = m_project.AddLiquid("Second");
+    LiquidData& blend = m_project.AddLiquid("Blend");
+    {
+        const ProjectEdit edit(m_project);
+        blend.FindDetail("liquid/blend.first")->SetValue("Well");
+        blend.FindDetail("liquid/blend.second")->SetValue("Second");
+    }
+    const auto blended = [&blend] { return blend.FindDetail("liquid/na.mgl")->GetDoubleValue(); };
+    EXPECT_EQ(blended(), 0.0) << "there is no well";
+    m_project.GetLiquid(0).SetName("Well");
+    EXPECT_NEAR(blended(), 5.0, 1e-12);
+
+    const auto nearer = std::make_shared<LiquidData>("Well");
+    nearer->FindDetail("liquid/na.orig")->SetValue(40.0);
+    m_project.AddOwner(m_project.GetRoot(), nearer, 0);
+    EXPECT_NEAR(blended(), 20.0, 1e-12) << "the first of that name";
+    m_project.RemoveOwner(*nearer);
+    EXPECT_NEAR(blended(), 5.0, 1e-12);
+    m_stack.Undo();
+    EXPECT_NEAR(blended(), 20.0, 1e-12);
+    m_stack.Undo();
+    m_stack.Undo();
+    EXPECT_EQ(blended(), 0.0);
+    EXPECT_FALSE(m_project.IsMixed(blend));
+    EXPECT_EQ(second.GetPosition(), 1u);
 }
 
 TEST_F(UndoRedo, TouchesOnlyWhatItsStepNames)

@@ -257,6 +257,11 @@ TEST(DerivedValues, ShortAnalyses)
             EXPECT_TRUE(std::isnan(water[key])) << key << ' ' << unsolvable;
     }
 
+    water.Set("analysis.type", "FULL").Set("calculate.co2", true).Set("ph", 7.0).Update();
+    EXPECT_GT(water["co2.mgl"], 0.0);
+    water.Set("analysis.type", "SHORT_COND").Update();
+    EXPECT_TRUE(std::isnan(water["co2.mgl"])) << "not that of the full analysis";
+
     water.Set("analysis.type", "FULL").Update();
     EXPECT_DOUBLE_EQ(water["ca.meql"], 2.0) << "the full analysis is still there";
     EXPECT_DOUBLE_EQ(water["sum.c.meql"], 4.0);

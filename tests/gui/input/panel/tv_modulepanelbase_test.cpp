@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
+#include "gui_base/input/panel/tv_modulepanelbase.h"
+
 #include "gui_base/input/controls/tv_choice.h"
 #include "gui_base/input/controls/tv_statictext.h"
 #include "gui_base/input/controls/tv_validated_textctrl.h"
-#include "gui_base/input/panel/tv_modulepanelbase.h"
 #include "gui_base/input/validation/commit.h"
 #include "gui_base/input/validation/double_validator.h"
 #include "projectbase/project/iex_project.h"
@@ -10,6 +11,7 @@
 
 #include <wx/sizer.h>
 
+#include <optional>
 #include <stdexcept>
 
 namespace {
@@ -202,6 +204,39 @@ TEST_F(ModulePanelTest, ChangesOfControlsReachTheHostOnce)
     };
     panel->BindControlToOnFieldUpdate(tvCHANGE_EVENT, choice->GetId(), choice->GetId());
     EXPECT_EQ(send(), 1);
+}
+
+TEST_F(ModulePanelTest, AChangeThatNobodyAnsweredClimbsToTheHost)
+{
+    wxPanel* host = MakePanel();
+    auto* panel = new RecordingPanel(&m_project, host, m_detail);
+    auto* between = new wxPanel(panel);
+    auto* choice = new tvChoice({{1, "one"}}, nullptr, between, wxID_ANY);
+    std::vector<std::string> heard;
+    const auto hear = [&](wxWindow& window, const char* name, bool climbs) {
+        window.Bind(tvCHANGE_EVENT, [&heard, name, climbs](wxCommandEvent& event) {
+            heard.push_back(event.GetId() == wxID_ANY ? std::string(name) + " any" : name);
+            event.Skip(climbs);
+        });
+    };
+    hear(*host, "host", false);
+    hear(*between, "between", true);
+    // Events follow each other at the same place of the stack.
+    std::optional<wxCommandEvent> event;
+    const auto send = [&](wxWindow& window, wxEventType type) {
+        heard.clear();
+        event.emplace(type, window.GetId());
+        event->SetEventObject(&window);
+        window.GetEventHandler()->ProcessEvent(*event);
+        Pump();
+        return heard;
+    };
+    using Heard = std::vector<std::string>;
+    EXPECT_EQ(send(*panel->field, wxEVT_TEXT_ENTER), (Heard{"host any"}));
+    EXPECT_EQ(send(*choice, tvCHANGE_EVENT), (Heard{"between", "host"})) << "nobody answered it";
+    EXPECT_EQ(send(*panel->validated, tvCHANGE_EVENT), Heard()) << "its commit was answered";
+    panel->BindControlToOnFieldUpdate(tvCHANGE_EVENT, choice->GetId(), choice->GetId());
+    EXPECT_EQ(send(*choice, tvCHANGE_EVENT), (Heard{"between", "host any"}));
 }
 
 TEST_F(ModulePanelTest, AnExceptionIsLoggedAndThePanelStaysUsable)

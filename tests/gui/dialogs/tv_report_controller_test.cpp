@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
 // "Print to PDF" with its real dialogs.
+#include "gui_base/dialogs/tv_report_controller.h"
+
 #include "app/language/language.h"
 #include "dbinterfaces/project_database.h"
 #include "gui_base/dialogs/info_message_dialog.h"
 #include "gui_base/dialogs/page_selection_dialog.h"
-#include "gui_base/dialogs/tv_report_controller.h"
 #include "gui_base/report/water_report.h"
 #include "gui_base/support/translation.h"
 #include "projectbase/project/iex_project.h"

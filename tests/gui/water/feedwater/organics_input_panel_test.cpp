@@ -1,13 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include "gui_base/input/events.h"
-#include "gui_base/ionexchange/regeneration/waste_water_panel.h"
 #include "gui_base/water/feedwater/organics_input_panel.h"
+
+#include "gui_base/input/events.h"
 #include "projectbase/project/iex_project.h"
 #include "tests/support/gui_test.h"
 
 #include <wx/frame.h>
-
-#include <cmath>
 
 namespace {
 
@@ -74,36 +72,6 @@ TEST_F(OrganicsTest, LanguageKeepsTheChosenOrganics)
     EXPECT_EQ(organics.GetKey(), "humic");
     EXPECT_EQ(Detail("feed/organics").GetStringValue(), "humic");
     EXPECT_TRUE(m_heard.empty());
-}
-
-using WasteWaterTest = GuiTest;
-
-TEST_F(WasteWaterTest, ShowsWhatTheDesignKnows)
-{
-    iex::IEXProject project("SOFT");
-    DetailList& step = *project.GetStep(0).GetDetails();
-    step.At("step/m.th").SetValue(12.5);
-    auto acid = std::make_shared<DetailList>();
-    acid->LoadGroup("stepcomp", "BASE");
-    acid->At("stepcomp/rm").SetValue(80.0);
-    auto* panel =
-        new TvWasteWaterAndComposition(&project, m_frame, {{"HCl", acid}, {"NaOH", nullptr}}, "Step");
-    EXPECT_EQ(panel->FindField("step/m.th")->GetValue(), "12.5");
-    EXPECT_EQ(panel->FindField("step/c.th")->GetValue(), "") << "unknown, not zero";
-    EXPECT_FALSE(panel->FindField("step/m.th")->IsEditable());
-    EXPECT_EQ(panel->FindField("stepcomp/rm", 0)->GetValue(), "80");
-    EXPECT_EQ(panel->FindField("stepcomp/rm", 1)->GetValue(), "");
-    step.At("step/neutral").SetValue(3.0);
-    project.SetUnitSystemDisplay("us");
-    panel->UpdateUnits(true);
-    EXPECT_EQ(panel->FindField("step/neutral")->GetValue(), "3");
-    panel->Destroy();
-
-    auto* empty = new TvWasteWaterAndComposition(&project, m_frame, {}, "Step");
-    EXPECT_NE(empty->FindField("step/c.other.a"), nullptr);
-    EXPECT_EQ(empty->FindField("stepcomp/rm", 0), nullptr);
-    empty->Destroy();
-    Pump();
 }
 
 }  // namespace

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
 // The blocks above the analysis of a feed water, and copying from one water to another.
+#include "gui_base/water/feedwater/feed_water_panel.h"
+
 #include "gui_base/input/controls/tv_datepickerctrl.h"
 #include "gui_base/input/events.h"
 #include "gui_base/water/feedwater/comment_entry_dialog.h"
-#include "gui_base/water/feedwater/feed_water_panel.h"
 #include "gui_base/water/feedwater/water_clipboard.h"
 #include "projectbase/project/iex_project.h"
 #include "projectbase/project/project_edit.h"

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "gui_base/input/controls/tv_double_slider.h"
+
 #include "tests/support/gui_test.h"
 
 #include <wx/panel.h>

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 // The compound editor as its user drives it.
-#include "gui_base/ionexchange/feed/compound_editor_dialog.h"
 #include "gui_base/ionexchange/feed/compound_editor_panel.h"
+
+#include "gui_base/ionexchange/feed/compound_editor_dialog.h"
 #include "gui_base/ionexchange/feed/compound_element_listctrl.h"
 #include "gui_base/ionexchange/feed/formula_textctrl.h"
 #include "tests/support/gui_test.h"

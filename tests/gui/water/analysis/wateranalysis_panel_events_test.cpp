@@ -1,0 +1,202 @@
+// SPDX-License-Identifier: MIT
+// What the switches, buttons and menus of a water analysis do.
+#include "gui_base/water/analysis/paste_column.h"
+#include "tests/gui/water/analysis/wateranalysis_fixture.h"
+
+#include <wx/bmpbuttn.h>
+#include <wx/clipbrd.h>
+#include <wx/dataobj.h>
+
+namespace {
+
+using namespace gui_test;
+
+TEST_F(WaterAnalysisTest, NamedIonsKeepTheirAsymmetry)
+{
+    Open();
+    EXPECT_FALSE(Field("x1.orig").IsEnabled());
+    Focus(Field("x1.name"));
+    Type("NH4");
+    Press(WXK_TAB);
+    EXPECT_TRUE(Field("x1.orig").HasFocus()) << "a name opens the row while it is typed";
+    Type("2");
+    Press(WXK_TAB);
+    Choose("Cation 1", "mg/l");
+    EXPECT_EQ(Value("x1.meql"), 2.0);
+    EXPECT_NEAR(Value("x1.mgl"), 2 * 18.04, 1e-12);
+    gui_test::Enter(Field("x1.name"), "Rb");
+    EXPECT_NEAR(Value("x1.mgl"), 2 * 22.99, 1e-12);
+    gui_test::Enter(Field("y1.name"), "I");
+    gui_test::Enter(Field("y1.orig"), "3");
+    EXPECT_NEAR(Value("y1.mgl"), 3 * 35.45, 1e-12);
+    gui_test::Enter(Field("x1.name"), "  ");
+    EXPECT_EQ(Value("x1.orig"), 0.0);
+    EXPECT_EQ(Value("x1.meql"), 0.0);
+    EXPECT_FALSE(Field("x1.orig").IsEnabled());
+}
+
+TEST_F(WaterAnalysisTest, DefaultUnitFollowsSodium)
+{
+    Open();
+    Choose("Sodium", "ppb");
+    auto& button = Find<wxBitmapButton>(*m_panel);
+    EXPECT_EQ(button.GetToolTipText(), "Set default unit (based on 'Na' unit)");
+    m_notified = 0;
+    Click(button);
+    EXPECT_EQ(m_notified, 1);
+    for (const char* ion : {"ca", "cl", "sio2", "y2"})
+        EXPECT_EQ(Detail(std::string(ion) + ".unit").GetStringValue(), "ppb") << ion;
+    for (const char* ion : {"h.plus", "oh.minus"})
+        EXPECT_EQ(Detail(std::string(ion) + ".unit").GetStringValue(), "meq/l")
+            << ion << " does not offer ppb";
+}
+
+TEST_F(WaterAnalysisTest, BalanceWithAndWithoutHydrogen)
+{
+    Detail("ph").SetValue(3.0);
+    Detail("temp.orig").SetValue(25.0);
+    Open();
+    auto& automatic = Find<TvCheckBox>(*m_panel, "Automatic balancing");
+    auto& hydrogen = Find<TvCheckBox>(*m_panel, "Include H+ and OH- in automatic balancing");
+    gui_test::Enter(Field("cl.orig"), "35.45");
+    EXPECT_NEAR(Value("na.plus.meql"), 1.0, 1e-12);
+    EXPECT_EQ(Value("cl.plus.meql"), 0.0);
+    EXPECT_EQ(Value("tds"), 35.45);
+    Check(automatic);
+    EXPECT_TRUE(Detail("balance.auto").GetBoolValue());
+    EXPECT_NEAR(Value("tds"), 35.45 + 22.99, 1e-9) << "the closing amount counts";
+
+    EXPECT_FALSE(Field("h.plus.orig").IsEnabled());
+    Check(hydrogen);
+    EXPECT_TRUE(Field("h.plus.orig").IsEnabled());
+    EXPECT_GT(Value("h.plus.meql"), 0.9);
+    EXPECT_NEAR(Value("na.plus.meql") + Value("h.plus.meql"),
+                1.0 + Value("oh.minus.meql") + Value("cl.plus.meql"), 1e-9);
+    gui_test::Enter(Field("h.plus.orig"), "0.5");
+    EXPECT_EQ(Value("h.plus.meql"), 0.5) << "a typed value stays";
+    Check(hydrogen);
+    EXPECT_EQ(Value("h.plus.meql"), 0.0);
+    EXPECT_EQ(Value("h.plus.orig"), 0.0);
+    EXPECT_FALSE(Field("h.plus.orig").IsEnabled());
+}
+
+TEST_F(WaterAnalysisTest, ShortAnalysesKeepTheFullOne)
+{
+    Detail("ca.orig").SetValue(40.08);
+    Detail("cl.orig").SetValue(70.9);
+    Open();
+    const double tds = Value("tds");
+    Click(*FindByLabel<TvRadioButton>("Short analysis based on TDS"));
+    EXPECT_EQ(Detail("analysis.type").GetStringValue(), "SHORT_TDS");
+    EXPECT_NEAR(Value("tds.short"), tds, 1e-9) << "starts from what the ions gave";
+    EXPECT_FALSE(Field("ca.orig").IsEnabled());
+    EXPECT_FALSE(Field("cond.short").IsEnabled());
+    gui_test::Enter(Field("tds.short"), "584.4");
+    EXPECT_NEAR(Value("na.meql"), 10.0, 1e-9);
+    EXPECT_NEAR(Value("cl.meql"), 10.0, 1e-9);
+    EXPECT_EQ(Value("ca.meql"), 0.0);
+
+    Click(*FindByLabel<TvRadioButton>("Short analysis based on conductivity"));
+    EXPECT_EQ(Detail("analysis.type").GetStringValue(), "SHORT_COND");
+    gui_test::Enter(Field("cond.short"), "1000");
+    EXPECT_NEAR(Value("cond"), 1000.0, 0.01);
+
+    Click(*FindByLabel<TvRadioButton>("Full analysis"));
+    EXPECT_EQ(Detail("analysis.type").GetStringValue(), "FULL");
+    EXPECT_NEAR(Value("ca.meql"), 2.0, 1e-12);
+    EXPECT_NEAR(Value("tds"), tds, 1e-9);
+    EXPECT_TRUE(Field("ca.orig").IsEnabled());
+}
+
+TEST_F(WaterAnalysisTest, AnArrangementThatBlendsForbidsShortAnalyses)
+{
+    Open();
+    m_project.GetDetails().LoadGroup("arrangement", "BASE");
+    m_project.GetDetails().At("arrangement/calculate.blend").SetValue(true);
+    m_panel->SynchronizeProject();
+    EXPECT_FALSE(FindByLabel<TvRadioButton>("Short analysis based on TDS")->IsEnabled());
+    m_project.GetDetails().At("arrangement/calculate.blend").SetValue(false);
+    m_panel->SynchronizeProject();
+    EXPECT_TRUE(FindByLabel<TvRadioButton>("Short analysis based on TDS")->IsEnabled());
+}
+
+TEST_F(WaterAnalysisTest, CalculatedCo2FollowsPh)
+{
+    Detail("hco3.orig").SetValue(61.02);
+    Detail("temp.orig").SetValue(25.0);
+    Open();
+    gui_test::Enter(Field("co2.orig"), "12");
+    EXPECT_EQ(Value("co2.mgl"), 12.0);
+    Check(*FindByLabel<TvCheckBox>("Calculate CO2"));
+    EXPECT_TRUE(Detail("calculate.co2").GetBoolValue());
+    EXPECT_FALSE(Field("co2.orig").IsEnabled());
+    EXPECT_EQ(Shown("co2.mgl"), "") << "not known without a pH";
+    gui_test::Enter(Field("ph"), "6.35");
+    EXPECT_NEAR(Value("co2.mgl"), 44.0, 2.5) << "at pH = pK1 there is as much CO2 as bicarbonate";
+    Check(*FindByLabel<TvCheckBox>("Calculate CO2"));
+    EXPECT_EQ(Value("co2.mgl"), 12.0) << "the typed value is back";
+}
+
+TEST_F(WaterAnalysisTest, ToolTipsTellResidueAndBalanceError)
+{
+    Detail("hco3.orig").SetValue(61.02);
+    Detail("na.orig").SetValue(68.97);
+    Open();
+    const auto toolTip = [this](const char* key) {
+        TvTextCtrl& field = Field(key);
+        wxMouseEvent pointed(wxEVT_ENTER_WINDOW);
+        pointed.SetEventObject(&field);
+        field.GetEventHandler()->ProcessEvent(pointed);
+        return field.GetToolTipText().utf8_string();
+    };
+    // 1 meq/l of bicarbonate, 3 of sodium: 100 (3 - 1) / (3 + 1).
+    EXPECT_EQ(toolTip("sum.a.meql"),
+              "Balance error: 50 %, the difference of both sums in percent of their total");
+    EXPECT_NE(toolTip("tds").find("98.974 mg/l"), std::string::npos) << toolTip("tds");
+    gui_test::Enter(Field("na.orig"), "22.99");
+    EXPECT_EQ(toolTip("sum.c.meql"),
+              "Balance error: 0 %, the difference of both sums in percent of their total");
+    EXPECT_EQ(toolTip("tds").find("98.974 mg/l"), std::string::npos);
+}
+
+TEST_F(WaterAnalysisTest, AColumnOfASpreadsheetIsOneChange)
+{
+    Open();
+    const auto setClipboard = [](const wxString& text) {
+        ASSERT_TRUE(wxTheClipboard->Open());
+        wxTheClipboard->SetData(new wxTextDataObject(text));
+        wxTheClipboard->Close();
+    };
+    setClipboard("6,3\n15,0\n\nkein Wert\n2,3\n");
+    Focus(Field("na.orig"));
+    m_notified = 0;
+    m_dialogs.Expect([](wxDialog& dialog) {
+        EXPECT_EQ(dialog.GetTitle(), "Paste column");
+        return wxID_CANCEL;
+    });
+    wateranalysis::PasteColumn(*m_panel);
+    Pump();
+    EXPECT_EQ(Value("na.orig"), 0.0) << "Cancel changes nothing";
+    EXPECT_EQ(m_notified, 0);
+
+    Focus(Field("na.orig"));
+    m_dialogs.Expect([](wxDialog&) { return wxID_OK; });
+    wateranalysis::PasteColumn(*m_panel);
+    Pump();
+    EXPECT_EQ(m_notified, 1);
+    EXPECT_EQ(Value("na.orig"), 6.3);
+    EXPECT_EQ(Value("ca.orig"), 15.0);
+    EXPECT_EQ(Value("mg.orig"), 0.0) << "blank";
+    EXPECT_EQ(Value("k.orig"), 0.0) << "no number";
+    EXPECT_EQ(Value("sr.orig"), 2.3);
+    EXPECT_GT(Value("sum.c.meql"), 0.0);
+
+    // From the focused row of the other grid, and no further than its end.
+    Focus(Field("as5.orig"));
+    const auto lines = wateranalysis::PairCells(*m_panel, columntext::Parse("1\n2\n3\n", '.'));
+    ASSERT_EQ(lines.size(), 3u);
+    EXPECT_EQ(lines[0].key, "liquid/as5.orig");
+    EXPECT_EQ(lines[1].key, "") << "unnamed rows and H+ take nothing";
+}
+
+}  // namespace
