@@ -16,7 +16,6 @@
 
 namespace {
 
-constexpr double kNoCurrency = 1.0;
 constexpr int kWheelStep = 60;
 
 }  // namespace
@@ -111,7 +110,7 @@ void ModulePanelBase::BindBaseEvents()
 
 void ModulePanelBase::DoTransferDetailsToWindows()
 {
-    m_transfers.TransferToWindow(GetUnitSystemDisplay(), kNoCurrency);
+    m_transfers.TransferToWindow(GetUnitSystemDisplay(), GetCurrencyFactor());
     TransferDataToWindow();
     m_transfers.TransferRangeFlags();
     ShowSelfRefreshing();
@@ -127,7 +126,7 @@ void ModulePanelBase::ShowSelfRefreshing()
 bool ModulePanelBase::TransferDetailsFromWindow()
 {
     bool changed = false;
-    return m_transfers.TransferFromWindow(GetUnitSystemDisplay(), changed, kNoCurrency);
+    return m_transfers.TransferFromWindow(GetUnitSystemDisplay(), changed, GetCurrencyFactor());
 }
 
 void ModulePanelBase::DoUpdateValues()

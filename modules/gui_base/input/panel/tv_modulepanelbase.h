@@ -42,7 +42,7 @@ public:
     virtual void SetStatusBar(wxStatusBar* statusBar);
     virtual void ShowWhatIf() {}
 
-    void TransferDetailsToWindow() { DoTransferDetailsToWindows(); }
+    virtual void TransferDetailsToWindow() { DoTransferDetailsToWindows(); }
     void SetTransferDetails() { DoSetTransferDetails(); }
     void SetValidators() { DoSetValidators(); }
     void BindEvents();
@@ -58,9 +58,9 @@ public:
     void SetupInputControl(wxTextCtrl* control);
     /// Stores every input, recalculates and shows everything again, as after a commit; notifies nobody.
     void SynchronizeProject();
-    void Localize(const std::string& unitSystem);
+    virtual void Localize(const std::string& unitSystem);
     /// Shows everything in the project's unit system; the values too with `transferValues`.
-    void UpdateUnits(bool transferValues);
+    virtual void UpdateUnits(bool transferValues);
     void UpdateProjectStatus() { DoUpdateProjectStatus(); }
     /// The status bar of the frame around the panel, or null.
     wxStatusBar* GetStatusBar();
@@ -93,6 +93,10 @@ protected:
     /// Refreshes the limits of validators, for example with UpdateLimitsFromDetail.
     virtual void DoUpdateValidators() {}
     virtual bool DoHasWhatIf() { return false; }
+    /// What one euro is in the currency that the fields show.
+    virtual double GetCurrencyFactor() const { return 1.0; }
+    /// The last step of the creation: everything is shown in language and units of the project.
+    virtual void Prepare();
     /// Whether the panel shows anything of what changed.
     virtual bool DoConcerns(const ProjectChanges&) { return true; }
     /// Shows what others changed in the project.
@@ -153,7 +157,6 @@ private:
     void ShowSelfRefreshing();
     bool IsInView() const;
     void BindBaseEvents();
-    void Prepare();
     void LocalizeControls();
     void ShowInUnitSystem(bool transferValues);
     void FitAndLayout();

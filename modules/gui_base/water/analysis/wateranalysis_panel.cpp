@@ -4,6 +4,7 @@
 #include "core/polarization.h"
 #include "gui_base/input/form/form_grid.h"
 #include "gui_base/support/events.h"
+#include "gui_base/support/exception_text.h"
 #include "gui_base/support/help_file_provider.h"
 #include "gui_base/water/analysis/analysis_type_box.h"
 #include "gui_base/water/analysis/balance_panel.h"
@@ -199,8 +200,7 @@ void WaterAnalysisPanel::NormalizeIon(const wxString& ion, bool checkName)
     try {
         GetProject()->NormalizeIon(m_liquid.GetPosition(), ion.utf8_string(), checkName);
     } catch (const std::exception& error) {
-        GetProject()->GetLogger().Error(std::string("Exception in  WaterAnalysisPanel::NormalizeIon: ") +
-                                        error.what());
+        GetProject()->GetLogger().Error(ExceptionText("WaterAnalysisPanel::NormalizeIon", error));
         throw;
     }
 }

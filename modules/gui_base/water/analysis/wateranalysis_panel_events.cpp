@@ -3,6 +3,7 @@
 #include "gui_base/input/controls/tv_button.h"
 #include "gui_base/input/controls/tv_checkbox.h"
 #include "gui_base/input/controls/tv_radiobutton.h"
+#include "gui_base/support/exception_text.h"
 #include "gui_base/support/translation.h"
 #include "gui_base/water/analysis/analysis_type_box.h"
 #include "gui_base/water/analysis/balance_panel.h"
@@ -150,8 +151,7 @@ void WaterAnalysisPanel::OnNameUpdate(wxCommandEvent& event)
         TransferDetailsToWindow();
         UpdateAndSignal();
     } catch (const std::exception& error) {
-        GetProject()->GetLogger().Error(std::string("Exception in  WaterAnalysisPanel::OnNameUpdate: ") +
-                                        error.what());
+        GetProject()->GetLogger().Error(ExceptionText("WaterAnalysisPanel::OnNameUpdate", error));
     }
     event.Skip();
 }

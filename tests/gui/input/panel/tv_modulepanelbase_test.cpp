@@ -41,8 +41,10 @@ public:
     TvValidatedDoubleTextCtrl* validated = nullptr;
     TvStaticText* label = nullptr;
     double value = 0.0;
+    double currency = 1.0;
 
 protected:
+    double GetCurrencyFactor() const override { return currency; }
     long GetPanelProjectStatus() override { return 3; }
     void DoResetPanelStatus() override { calls.push_back("reset status"); }
     void DoResetMessages() override { calls.push_back("reset messages"); }
@@ -305,6 +307,21 @@ TEST_F(ModulePanelTest, WithoutAProjectItShowsIsoUnits)
     gui_test::Enter(*panel->field, "25");
     EXPECT_EQ(m_detail.GetDoubleValue(), 25.0);
     EXPECT_EQ(m_project.GetStatus(), 7);
+}
+
+TEST_F(ModulePanelTest, MoneyIsConvertedAtTheFieldAlone)
+{
+    m_detail = DetailData("cost", DetailType::Double, "EUR/m3");
+    m_detail.SetValue(10.0);
+    RecordingPanel* panel = Make(&m_project);
+    EXPECT_EQ(panel->field->GetValue(), "10");
+    panel->currency = 1.5;
+    panel->TransferDetailsToWindow();
+    EXPECT_EQ(panel->field->GetValue(), "15");
+    panel->field->Bind(wxEVT_TEXT_ENTER, [panel](wxCommandEvent&) { panel->SynchronizeProject(); });
+    Enter(*panel->field, "30");
+    EXPECT_EQ(m_detail.GetDoubleValue(), 20.0);
+    EXPECT_EQ(panel->field->GetValue(), "30");
 }
 
 TEST_F(ModulePanelTest, LimitsFollowTheDetail)
