@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "app/tour/tour_command.h"
 
-#include <wx/filename.h>
+#include "tncommon/files.h"
+
 #include <wx/stdpaths.h>
 #include <wx/utils.h>
 
@@ -35,11 +36,11 @@ class ScratchFolder
 public:
     ScratchFolder()
     {
-        const wxString file = wxFileName::CreateTempFileName("tarnvik-tour");
-        m_path = fs::path(file.utf8_string() + ".d");
+        const fs::path file = tncommon::Files::CreateTempFile("tarnvik-tour");
+        m_path = file.string() + ".d";
         fs::create_directory(m_path);
         fs::permissions(m_path, fs::perms::owner_all);
-        fs::remove(file.utf8_string());
+        fs::remove(file);
     }
     ~ScratchFolder()
     {

@@ -45,16 +45,12 @@ public:
     /// Reads an exchange file and imports its compounds; a file that cannot be read is shown as an error.
     void ImportFile(const wxString& path);
 
-private:
-    void OnProjectChanged(const ProjectChanges& changes) override;
-    /// Takes what the project now holds and shows it.
-    void ReloadComposition();
-    using Handler = void (FeedCompositionPanelController::*)(FeedEvent&);
-
+    /// The lists to choose from, read anew.
     void InitCategorySelection();
     void InitElementSelection();
     void InitMediumSelection();
     void InitTemperatureUnitSelection();
+    /// What the project holds of the feed, not shown yet.
     void LoadCompositionFromDetails();
     void SaveFeedCompositionToDetails();
     void TransferCompositionToView();
@@ -63,20 +59,11 @@ private:
     void CompositionChanged();
     void UpdateCompoundSelectionFiltered();
     void UpdateCompoundSelectionShowAll();
-    /// Shows the unit of temperatures that belongs to the displayed unit system.
-    void ShowUnitSystem();
     DBObjects::Compound GetCompoundFromDB(int id) const;
     /// Stores a compound that is valid; whether it was.
     bool SaveCompoundToDB(const DBObjects::Compound& compound);
-    /// Lets the user edit a compound, stores it and shows the list anew.
-    void EditCompound(const DBObjects::Compound& record);
 
-    void RegisterCallbacks();
-    void OnViewEvent(FeedEvent& event);
-    void OnUnitSystemChanged(wxCommandEvent& event);
-    /// Runs `work`; what it throws is shown. Whether it threw nothing.
-    bool Guarded(const std::function<void()>& work);
-
+    /// The answers to what the view tells.
     void CallbackCompoundAddedToComposition(FeedEvent& event);
     void CallbackCompoundSelected(FeedEvent& event);
     void CallbackCompoundListDeselected(FeedEvent& event);
@@ -94,6 +81,24 @@ private:
     void UpdateFeedMedium(FeedEvent& event);
     void ExportCompoundsCallback(FeedEvent& event);
     void ImportCompoundsCallback(FeedEvent& event);
+
+private:
+    void OnProjectChanged(const ProjectChanges& changes) override;
+    /// Takes what the project now holds and shows it.
+    void ReloadComposition();
+    using Handler = void (FeedCompositionPanelController::*)(FeedEvent&);
+
+    /// Shows the unit of temperatures that belongs to the displayed unit system.
+    void ShowUnitSystem();
+    /// Lets the user edit a compound, stores it and shows the list anew.
+    void EditCompound(const DBObjects::Compound& record);
+
+    void RegisterCallbacks();
+    void OnViewEvent(FeedEvent& event);
+    void OnUnitSystemChanged(wxCommandEvent& event);
+    /// Runs `work`; what it throws is shown. Whether it threw nothing.
+    bool Guarded(const std::function<void()>& work);
+
     void CallbackViewShown(FeedEvent& event);
 
     iex::IEXProject& m_project;
