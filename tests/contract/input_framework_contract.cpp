@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What programs that use the input framework rely on: constructors with all their arguments, operations and hooks as they
-// are called and overridden outside. A changed signature does not compile here.
+// What programs that use the input framework rely on: constructors with all their arguments, operations and
+// hooks as they are called and overridden outside. A changed signature does not compile here.
 #include "gui_base/dialogs/gui_utils.h"
 #include "gui_base/dialogs/info_message_dialog.h"
 #include "gui_base/dialogs/page_selection_dialog.h"
@@ -9,6 +9,7 @@
 #include "gui_base/input/binding/database_combination.h"
 #include "gui_base/input/binding/transfer_container.h"
 #include "gui_base/input/binding/transfer_detail.h"
+#include "gui_base/input/binding/two_state_bitmap_button.h"
 #include "gui_base/input/combinations/input_combination_ion_concentration.h"
 #include "gui_base/input/combinations/input_combination_unit_choice.h"
 #include "gui_base/input/controls/tv_button.h"
@@ -21,7 +22,6 @@
 #include "gui_base/input/controls/tv_statusbar.h"
 #include "gui_base/input/controls/tv_unitlabel.h"
 #include "gui_base/input/controls/tv_validated_textctrl.h"
-#include "gui_base/input/binding/two_state_bitmap_button.h"
 #include "gui_base/input/events.h"
 #include "gui_base/input/panel/aui_notebook.h"
 #include "gui_base/input/panel/tv_modulepanelbase.h"
@@ -131,8 +131,8 @@ TEST_F(InputFramework, ControlsThatKnowTheirDetail)
     const DetailContainerWindow& base = copy;
     static_cast<void>(base);
     const wxBitmap bitmap = wxArtProvider::GetBitmap(wxART_NEW);
-    TwoStateBitmapButton button(m_panel, wxID_ANY, &m_switch, StateBitmaps(bitmap, bitmap),
-                                wxDefaultPosition, wxDefaultSize, 0);
+    TwoStateBitmapButton button(m_panel, wxID_ANY, &m_switch, StateBitmaps(bitmap, bitmap), wxDefaultPosition,
+                                wxDefaultSize, 0);
     DetailContainerWindow* window = &button;
     window->TransferDetailToWindow();
     window->UpdateUnit("us");
@@ -171,7 +171,8 @@ TEST_F(InputFramework, Validators)
     long whole = 3;
     Temperature temperature(20.0, TemperatureUnit::Celsius);
     wxString text;
-    const DoubleValidator doubles(&number, TvTextCtrlFormat::General, 6, CheckMin | CheckMax, 0.0, 100.0, 0.0);
+    const DoubleValidator doubles(&number, TvTextCtrlFormat::General, 6, CheckMin | CheckMax, 0.0, 100.0,
+                                  0.0);
     EXPECT_EQ(doubles.GetMinValue(), 0.0);
     EXPECT_EQ(doubles.GetMaxValue(), 100.0);
     const IntegerValidator wholes(&whole, TvTextCtrlFormat::Fixed, CheckMin, 0L, 9L, 1L);
@@ -196,15 +197,15 @@ TEST_F(InputFramework, Validators)
     EXPECT_EQ(CheckMin | CheckMinExclusive | CheckMax | CheckMaxExclusive | ClampToLimits | TrimZeros |
                   ZeroAsEmpty | GroupThousands | ShowPreciseValue,
               1 + 2 + 4 + 8 + 16 + 32 + 64 + 256 + 512);
-    auto* field = new TvTextCtrl(m_panel, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize, 0, OwnValidator(),
-                                 "own");
+    auto* field = new TvTextCtrl(m_panel, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize, 0,
+                                 OwnValidator(), "own");
     EXPECT_EQ(dynamic_cast<NumericValidator&>(*field->GetValidator()).FormatValueAsString(2), "x");
 }
 
 TEST_F(InputFramework, TextAndUnitControls)
 {
-    TvTextCtrl text(m_panel, wxID_ANY, "x", wxDefaultPosition, wxDefaultSize, wxTE_READONLY, wxDefaultValidator,
-                    "text");
+    TvTextCtrl text(m_panel, wxID_ANY, "x", wxDefaultPosition, wxDefaultSize, wxTE_READONLY,
+                    wxDefaultValidator, "text");
     EXPECT_TRUE(text.HasFlag(wxTE_PROCESS_ENTER));
     EXPECT_FALSE(text.IsEditable());
     text.SetHint("hint");
@@ -228,8 +229,8 @@ TEST_F(InputFramework, TextAndUnitControls)
     number.SetToDefault();
     number.TransferDetailToWindow();
 
-    ValidatedTextCtrlConfig textConfig{m_panel, -1,      wxDefaultPosition, wxDefaultSize, 0, "name",
-                                       "text",  &m_text, 1,                 nullptr};
+    ValidatedTextCtrlConfig textConfig{
+        m_panel, -1, wxDefaultPosition, wxDefaultSize, 0, "name", "text", &m_text, 1, nullptr};
     TvValidatedTextCtrl validated(textConfig);
     validated.Localize(wxString("us"));
     EXPECT_EQ(validated.GetUnit(), "us");
@@ -253,10 +254,11 @@ TEST_F(InputFramework, LocalizableControls)
     full.SetLabelText("Other");
     full.SetSuffix("!");
     full.SetTranslatableToolTip("tip");
-    TvButton button(m_panel, wxID_ANY, "Press", wxDefaultPosition, wxDefaultSize, 0, wxDefaultValidator, "button");
+    TvButton button(m_panel, wxID_ANY, "Press", wxDefaultPosition, wxDefaultSize, 0, wxDefaultValidator,
+                    "button");
     const TvStaticBoxSizer box(wxVERTICAL, m_panel, "Box");
-    TvCheckBox check(m_panel, wxID_ANY, "Check", wxDefaultPosition, wxDefaultSize, 0, wxDefaultValidator, "check",
-                     &m_switch, "!");
+    TvCheckBox check(m_panel, wxID_ANY, "Check", wxDefaultPosition, wxDefaultSize, 0, wxDefaultValidator,
+                     "check", &m_switch, "!");
     check.SetDetailValue(true);
     check.SetValueDetail(&m_switch);
     check.TransferDetailToWindow();
@@ -265,8 +267,8 @@ TEST_F(InputFramework, LocalizableControls)
     check.SetFontWeight(wxFONTWEIGHT_BOLD);
     EXPECT_TRUE(check.GetValue());
     const std::vector<std::pair<long, wxString>> items{{1, "one"}, {2, "two"}};
-    tvChoice choice(items, nullptr, m_panel, wxID_ANY, wxDefaultPosition, wxDefaultSize, 0, wxDefaultValidator,
-                    "choice");
+    tvChoice choice(items, nullptr, m_panel, wxID_ANY, wxDefaultPosition, wxDefaultSize, 0,
+                    wxDefaultValidator, "choice");
     choice.Set(items);
     choice.Localize("iso");
     choice.SetDefault(2);
@@ -285,16 +287,18 @@ TEST_F(InputFramework, Combinations)
     m_panel->SetSizer(sizer);
     const std::vector<std::pair<long, wxString>> units{{1, "bar"}, {2, "psi"}};
     InputCombinationUnitChoice choice(m_panel, 501, "Pressure", units, &m_number, &unit, sizer, 0.0, 10.0, 3,
-                                      TvTextCtrlFormat::General, CheckMin | CheckMax, wxSize(90, -1), *wxYELLOW, 0, 1,
-                                      "name", wxSizerFlags(), wxSizerFlags(), wxSizerFlags());
+                                      TvTextCtrlFormat::General, CheckMin | CheckMax, wxSize(90, -1),
+                                      *wxYELLOW, 0, 1, "name", wxSizerFlags(), wxSizerFlags(),
+                                      wxSizerFlags());
     choice.SetMinMax(0.0, 5.0);
     choice.TransferDetailToWindow();
     choice.UpdateUnit("us");
     const std::vector<wxString> texts{"mg/l", "meq/l"};
-    InputCombinationIonConcentrationCtrl own(m_panel, 502, "Calcium", ":", &m_number, &unit, &output, texts, nullptr,
-                                             0.0, 100.0, wxDefaultPosition, wxDefaultSize, 0);
-    InputCombinationIonConcentrationCtrl placed(m_panel, 503, "Calcium", ":", &m_number, &unit, &output, sizer, texts,
-                                                nullptr, 0.0, 100.0, wxDefaultPosition, wxDefaultSize, 0);
+    InputCombinationIonConcentrationCtrl own(m_panel, 502, "Calcium", ":", &m_number, &unit, &output, texts,
+                                             nullptr, 0.0, 100.0, wxDefaultPosition, wxDefaultSize, 0);
+    InputCombinationIonConcentrationCtrl placed(m_panel, 503, "Calcium", ":", &m_number, &unit, &output,
+                                                sizer, texts, nullptr, 0.0, 100.0, wxDefaultPosition,
+                                                wxDefaultSize, 0);
     for (DetailContainerWindow* window : std::initializer_list<DetailContainerWindow*>{&own, &placed}) {
         window->TransferDetailToWindow();
         window->UpdateUnit("iso");
@@ -389,7 +393,8 @@ TEST_F(InputFramework, ModulePanels)
     module->UpdateProjectStatus();
     for (const wxEventTypeTag<wxCommandEvent>& type :
          {tvCHANGE_EVENT, tvCHANGEUNITSYSTEM_EVENT, tvLOCALIZE_EVENT, tvCHANGEUNITSYSTEMPRINTOUT_EVENT,
-          tvACTIVATECURRENTTREEITEM_EVENT, tvCHANGEWINDOWNAME_EVENT, tvCLOSEPROJECT_EVENT, tvUPDATEPROJECTLIST_EVENT})
+          tvACTIVATECURRENTTREEITEM_EVENT, tvCHANGEWINDOWNAME_EVENT, tvCLOSEPROJECT_EVENT,
+          tvUPDATEPROJECTLIST_EVENT})
         events::SendEvent(module, type, wxID_ANY, 0, "text");
     Pump();
 }
@@ -397,7 +402,8 @@ TEST_F(InputFramework, ModulePanels)
 TEST_F(InputFramework, SliderAndNotebook)
 {
     TvDoubleSlider slider(m_panel, wxID_ANY, 2, 150, 0, 1000, wxDefaultPosition, wxDefaultSize,
-                          wxSL_HORIZONTAL | wxSL_MIN_MAX_LABELS | wxSL_VALUE_LABEL, wxDefaultValidator, "slider");
+                          wxSL_HORIZONTAL | wxSL_MIN_MAX_LABELS | wxSL_VALUE_LABEL, wxDefaultValidator,
+                          "slider");
     EXPECT_EQ(slider.GetDoubleValue(), 1.5);
     EXPECT_EQ(slider.FromDoubleValue(0.129), 12);
     slider.SetRange(0, 2000);
@@ -431,7 +437,8 @@ TEST_F(InputFramework, MessagesAndSmallDialogs)
                            wxDEFAULT_DIALOG_STYLE, "info");
     EXPECT_FALSE(info.GetDontShowAgainValue());
     const wxString choices[] = {"one", "two"};
-    const TvMultiChoiceDialog multi(m_frame, "message", "caption", 2, choices, wxCHOICEDLG_STYLE, wxDefaultPosition);
+    const TvMultiChoiceDialog multi(m_frame, "message", "caption", 2, choices, wxCHOICEDLG_STYLE,
+                                    wxDefaultPosition);
     const PageSelectionDialog pages({{"one", 1}, {"two", 2}}, m_frame, wxID_ANY, "title", wxDefaultPosition,
                                     wxDefaultSize, wxDEFAULT_DIALOG_STYLE);
     EXPECT_EQ(pages.GetActiveReports().size(), 2u);

@@ -54,6 +54,20 @@ public:
     void InitializeExtended();
     /// Runs the project's alkalization on the water; nothing while no agent is chosen.
     void CalculateAlkalization();
+    using FormPanel::TransferDetailsFromWindow;
+    /// Binds every field to its detail.
+    virtual void SetTransferInfo();
+    using FormPanel::SetValidators;
+    virtual void SetValidators(const std::string& unitSystem);
+    /// Sodium and chloride of a short analysis, from the dissolved solids or the conductivity that was typed.
+    void ShortAnalysisTDS();
+    void ShortAnalysisCond();
+    /// What CheckAnalysisType settles, one by one.
+    void EnableInputFields();
+    void DisableShortAnalysis(bool disable);
+    void EnableDefaultUnitButton(bool enable);
+    /// Limits of the temperature in the unit that is chosen for it.
+    void UpdateTempOrigCtrlValidatorLimits();
     /// See ions::ReversePolarizationEffect.
     static double ReversePolarizationEffect(double conductivity);
 
@@ -89,9 +103,6 @@ protected:
     void DoTransferDetailsToWindows() override;
     bool DoConcerns(const ProjectChanges& changes) override;
 
-    virtual void SetTransferInfo();
-    virtual void SetValidators(const std::string& unitSystem);
-
 private:
     void CreateControls();
     wxSizer* CreateCationGrid(const wxString& title, const std::vector<wxString>& labels);
@@ -100,12 +111,6 @@ private:
     wxSizer* CreateSummaryPanel();
 
     void StoreType(wateranalysis::AnalysisType type);
-    void ShortAnalysisTDS();
-    void ShortAnalysisCond();
-    void EnableInputFields();
-    void DisableShortAnalysis(bool disable);
-    void EnableDefaultUnitButton(bool enable);
-    void UpdateTempOrigCtrlValidatorLimits();
     /// Warns once of an alkalization that could not be calculated.
     void TellAlkalization();
     void UpdateAndSignal();
