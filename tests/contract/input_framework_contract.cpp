@@ -52,6 +52,7 @@ protected:
         GuiTest::SetUp();
         m_panel = MakePanel();
     }
+    iex::IEXProject m_project;
     wxPanel* m_panel = nullptr;
     DetailData m_number{"number", DetailType::Double, "bar"};
     DetailData m_text{"text", DetailType::String};
@@ -377,8 +378,7 @@ private:
 
 TEST_F(InputFramework, ModulePanels)
 {
-    iex::IEXProject project;
-    auto* module = new OwnModule(&project, m_panel);
+    auto* module = new OwnModule(&m_project, m_panel);
     module->UseAll();
     module->SetTransferDetails();
     module->SetValidators();
