@@ -63,11 +63,9 @@ CarbonateWater CarbonateOf(const DetailList& liquid)
     const double bicarbonate = composition[Species::Hco3];
     for (const Species species : {Species::Hco3, Species::Co3})
         composition[species] = 0.0;
-    const double alkalised = liquid.At("liquid/alk.ph").GetDoubleValue();
     const double co2 = liquid.At("liquid/co2.mgl").GetDoubleValue() / ions::FindIon("co2")->molarMass;
-    return WaterFromPh(KnownOr(alkalised, liquid.At("liquid/ph").GetDoubleValue()),
-                       liquid.At("liquid/temp").GetDoubleValue(), bicarbonate, KnownOr(co2, 0.0),
-                       IonicStrength(composition));
+    return WaterFromPh(PhOf(liquid), liquid.At("liquid/temp").GetDoubleValue(), bicarbonate,
+                       KnownOr(co2, 0.0), IonicStrength(composition));
 }
 
 void SetTyped(DetailList& target, const IonRow& row, double value, std::string_view unit)

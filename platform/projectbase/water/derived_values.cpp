@@ -132,10 +132,16 @@ Dissociation DissociationIn(const Composition& others, double pH, double celsius
     return result;
 }
 
+double PhOf(const DetailList& liquid)
+{
+    const double alkalised = liquid.At("liquid/alk.ph").GetDoubleValue();
+    return std::isfinite(alkalised) ? alkalised : liquid.At("liquid/ph").GetDoubleValue();
+}
+
 /// Adds H+ and OH- as they follow from the pH, where it is known and their rows do not state them.
 void AddIonsOfPh(const DetailList& liquid, Composition& composition)
 {
-    const double pH = liquid.At("liquid/ph").GetDoubleValue();
+    const double pH = PhOf(liquid);
     if (liquid.At("liquid/balance.ph").GetBoolValue() || !std::isfinite(pH))
         return;
     const double celsius = liquid.At("liquid/temp").GetDoubleValue();
@@ -155,8 +161,7 @@ void UpdateDerivedValues(DetailList& liquid)
 
     const bool withWaterIons = liquid.At("liquid/balance.ph").GetBoolValue();
     const double celsius = liquid.At("liquid/temp").GetDoubleValue();
-    const double alkalised = liquid.At("liquid/alk.ph").GetDoubleValue();
-    const double pH = std::isfinite(alkalised) ? alkalised : liquid.At("liquid/ph").GetDoubleValue();
+    const double pH = PhOf(liquid);
 
     Totals totals = AddIons(liquid, withWaterIons);
     const double sodium = std::max(0.0, totals.charges.anions - totals.charges.cations);

@@ -20,6 +20,9 @@ struct Totals
 /// also the rows of H+ and OH-.
 Totals AddIons(const DetailList& liquid, bool withWaterIons);
 
+/// The pH of the water as treated: the one that an alkalization gave it, else the typed one.
+double PhOf(const DetailList& liquid);
+
 /// H+ and OH- at that pH in a water that holds the other ions; they add to the ionic strength themselves.
 Dissociation DissociationIn(const Composition& others, double pH, double celsius);
 

@@ -3,6 +3,7 @@
 
 #include "dbinterfaces/master_database.h"
 #include "projectbase/project/iex_project.h"
+#include "projectbase/water/normalization.h"
 
 #include <gtest/gtest.h>
 
@@ -98,17 +99,14 @@ TEST(Alkalization, GoalsOutOfReachHaveNoSolution)
     EXPECT_FALSE(water::Dose(water::WaterFromPh(7.0, 120.0, 3.0, 0.0, 0.0), Agent("naoh"), 1.0));
 }
 
-class AlkalizedProject : public testing::Test
+/// A project whose water can be alkalised; empty at 25 °C and pH 7.
+class ProjectOfPureWater : public testing::Test
 {
 protected:
-    AlkalizedProject()
+    ProjectOfPureWater()
     {
-        Set("liquid/na.orig", 6.3);
-        Set("liquid/ca.orig", 15.0);
-        Set("liquid/hco3.orig", 58.4);
-        Set("liquid/cl.orig", 7.8);
+        Set("liquid/temp.orig", 25.0);
         Set("liquid/ph", 7.0);
-        project.CalculateDesign();
     }
     DetailList& Details() { return *project.GetLiquid(0).GetDetails(); }
     void Set(const char* key, double value) { Details().At(key).SetValue(value); }
@@ -121,8 +119,51 @@ protected:
         project.CalculateDesign();
     }
 
+    void Type(const char* ion, double meq)
+    {
+        Set(("liquid/" + std::string(ion) + ".orig").c_str(), meq);
+        Details().At("liquid/" + std::string(ion) + ".unit").SetValue("meq/l");
+    }
+
     iex::IEXProject project;
 };
+
+class AlkalizedProject : public ProjectOfPureWater
+{
+protected:
+    AlkalizedProject()
+    {
+        Set("liquid/temp.orig", 15.0);
+        Set("liquid/na.orig", 6.3);
+        Set("liquid/ca.orig", 15.0);
+        Set("liquid/hco3.orig", 58.4);
+        Set("liquid/cl.orig", 7.8);
+        project.CalculateDesign();
+    }
+};
+
+TEST_F(ProjectOfPureWater, EveryDerivedValueIsThatOfTheWaterAsTreated)
+{
+    // Measured at 25 °C (Robinson & Stokes 1959): NaOH 1 mmol/l 244.7 µS/cm, NaCl 1 mmol/l 123.7.
+    for (const bool isBalanced : {false}) {
+        Details().At("liquid/balance.auto").SetValue(isBalanced);
+        Type("cl", 0.0);
+        Set("liquid/ph", 7.0);
+        Choose("naoh", "DOSE", 39.997);
+        EXPECT_NEAR(Get("liquid/alk.ph"), 10.98, 0.02);
+        EXPECT_NEAR(Get("liquid/cond"), 244.7, 3.0) << isBalanced;
+        EXPECT_NEAR(Get("liquid/cond25"), 244.7, 3.0) << isBalanced;
+        EXPECT_NEAR(Get("liquid/ionic.strength"), 1e-3, 1e-6) << isBalanced;
+        EXPECT_NEAR(Get("liquid/p.osmotic"), 2e-3 * 24.79 * 0.988, 1e-4) << isBalanced;
+        EXPECT_NEAR(water::AlkalinityM(water::AnalysedComposition(Details())), 1.0, 1e-3) << isBalanced;
+
+        Type("cl", 1.0);
+        Set("liquid/ph", 3.0155);
+        Choose("naoh", "DOSE", 39.997);
+        EXPECT_NEAR(Get("liquid/cond25"), 123.7, 0.5) << isBalanced;
+        EXPECT_NEAR(Get("liquid/ionic.strength"), 1e-3, 2e-6) << isBalanced;
+    }
+}
 
 TEST_F(AlkalizedProject, ReachesTheTargetAndComesBackUnchanged)
 {
