@@ -6,8 +6,11 @@
 #include "projectbase/details/detail_display.h"
 #include "projectbase/project/project.h"
 #include "projectbase/units/temperature.h"
-#include "projectbase/water/blend.h"
+#include "projectbase/water/blend_recipe.h"
+#include "projectbase/water/carbonic_acid.h"
 #include "projectbase/water/ion_rows.h"
+
+#include <wx/translation.h>
 
 #include <cmath>
 #include <optional>
@@ -15,6 +18,8 @@
 namespace {
 
 constexpr std::string_view kOrig = ".orig";
+constexpr const char* kNoBicarbonate =
+    wxTRANSLATE("%s does not go with bicarbonate, which water holds only above %s");
 
 /// Where a value is typed whose limit stands with another detail, and how a limit reads in the typed unit.
 struct TypedPlace
@@ -102,6 +107,24 @@ std::optional<RangeFault> FaultOf(const DetailData& detail)
                       .limit = side < 0 ? detail.GetMinValue() : detail.GetMaxValue(),
                       .isBelow = side < 0,
                       .unit = detail.GetUnit()};
+}
+
+/// Values of a water that cannot all be right.
+void AddContradictions(const DetailList& details, std::vector<RangeFault>& faults)
+{
+    const DetailData* pH = details.GetDetail("liquid/ph");
+    if (pH == nullptr || !IsUsed(details, pH->GetName()))
+        return;
+    const auto amount = [&details](const char* key) { return details.At(key).GetDoubleValue(); };
+    if (pH->GetDoubleValue() < water::kLowestBicarbonatePh &&
+        (amount("liquid/hco3.meql") > 0.0 || amount("liquid/co3.meql") > 0.0))
+        faults.push_back({.address = {{}, pH->GetName()},
+                          .label = pH->GetLabel(),
+                          .value = pH->GetDoubleValue(),
+                          .limit = water::kLowestBicarbonatePh,
+                          .isBelow = true,
+                          .unit = {},
+                          .sentence = kNoBicarbonate});
 }
 
 /// Brings a fault to where its value is typed.
@@ -196,9 +219,11 @@ std::vector<RangeFault> RangeFaults(const DetailList& details, DetailOwner owner
             fault->isTypedUnit = unit != nullptr;
             fault->label = CalledName(details, detail);
         }
-        fault->address.owner = owner;
         faults.push_back(std::move(*fault));
     }
+    AddContradictions(details, faults);
+    for (RangeFault& fault : faults)
+        fault.address.owner = owner;
     return faults;
 }
 

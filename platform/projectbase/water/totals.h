@@ -23,7 +23,25 @@ Totals AddIons(const DetailList& liquid, bool withWaterIons);
 /// The pH of the water as treated: the one that an alkalization gave it, else the typed one.
 double PhOf(const DetailList& liquid);
 
-/// H+ and OH- at that pH in a water that holds the other ions; they add to the ionic strength themselves.
-Dissociation DissociationIn(const Composition& others, double pH, double celsius);
+/// mmol/l; unknown counts as none.
+double Co2Of(const DetailList& liquid);
+
+/// Whether the pH is one at which water holds none of the bicarbonate or carbonate that is stated.
+bool ContradictsPh(const Composition& composition, double pH);
+
+/// What a pH says about the ions of water in a water that holds the others, mmol/l; they add to the ionic
+/// strength themselves.
+struct PhIons
+{
+    double hydrogen = 0.0;  ///< free
+    double hydroxide = 0.0;
+    double bisulfate = 0.0;  ///< H+ that sulfate binds
+};
+PhIons PhIonsIn(const Composition& others, double pH, double celsius);
+
+/// All that the water holds as treated, CO2 apart: its ions, with automatic balancing what "na.plus" and
+/// "cl.plus" have, H+ and OH- as stated or as the pH has them. To be asked of a water whose derived values
+/// are up to date.
+Composition WholeComposition(const DetailList& liquid);
 
 }  // namespace water

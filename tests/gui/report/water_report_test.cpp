@@ -177,7 +177,7 @@ TEST_F(WaterReportTest, TellsOfAlkalizationAndBlend)
     blend.FindDetail("liquid/blend.first")->SetValue("Feed water");
     blend.FindDetail("liquid/blend.second")->SetValue("Well");
     blend.FindDetail("liquid/blend.share")->SetValue(30.0);
-    EXPECT_NE(Page(4).find("Blend: 30 % Feed water, Well\n"), std::string::npos);
+    EXPECT_NE(Page(4).find("Blend: 30 % Feed water, 70 % Well\n"), std::string::npos);
 }
 
 TEST_F(WaterReportTest, TheFeedHasAPageOnceItHasCompounds)
