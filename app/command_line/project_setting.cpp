@@ -168,6 +168,9 @@ std::string CheckTypedUnit(const std::string& name, const std::string& unit)
     } else if (name.starts_with("liquid/h.plus.") || name.starts_with("liquid/oh.minus.")) {
         if (Contains(ions::kEquivalentUnits, unit))
             return unit;
+    } else if (name.starts_with("liquid/alkalinity.")) {
+        if (Contains(ions::kAlkalinityUnits, unit) || unit == "meq/l" || unit == "mgCaCO3/l")
+            return unit;
     } else if (Contains(ions::kIonUnits, unit) || Contains(kFurtherIonUnits, unit)) {
         return unit;
     }

@@ -46,6 +46,17 @@ void FillWaterIons(const Context& context, const TypedInput& input)
     water::FillHydrogenAndHydroxide(*input.node.GetDetails());
 }
 
+/// What was typed last counts: bicarbonate or carbonate, or an alkalinity in their place.
+void ReplaceAlkalinity(const Context& context, const TypedInput& input)
+{
+    if (input.detail.GetDoubleValue() == 0.0)
+        return;
+    for (const char* value : {"liquid/alkalinity.m.orig", "liquid/alkalinity.p.orig"}) {
+        if (!context.IsTyped(input.node, "liquid/alkalinity.m.orig"))
+            input.node.GetDetails()->At(value).SetValue(0.0);
+    }
+}
+
 bool BlendsAreCalculated(const Project& project)
 {
     return project.GetDetails().At("arrangement/calculate.blend").GetBoolValue();
@@ -140,6 +151,8 @@ struct RuleOfKey
 };
 constexpr std::array kRules{
     RuleOfKey{"liquid/balance.ph", &FillWaterIons},
+    RuleOfKey{"liquid/hco3.orig", &ReplaceAlkalinity},
+    RuleOfKey{"liquid/co3.orig", &ReplaceAlkalinity},
     RuleOfKey{"liquid/analysis.type", &BeginShortAnalysis},
     RuleOfKey{"arrangement/calculate.blend", &EndShortAnalyses},
     RuleOfKey{"feed/medium", &TakeDensity},

@@ -160,9 +160,11 @@ CarbonateState StateFromPh(const PhWater& known)
     double strength = known.backgroundStrength + 0.5e-3 * known.carbonateAlkalinity;
     for (int pass = 0; pass < kActivityPasses; ++pass) {
         const CarbonicEquilibrium acid(known.pH, model.GetConstants(), strength);
-        const double bicarbonate = known.carbonateAlkalinity > 0.0
-                                       ? acid.BicarbonateFromForms(known.carbonateAlkalinity)
-                                       : acid.BicarbonateFromCo2(known.co2);
+        const double carbonateAlkalinity =
+            known.alkalinityM ? *known.alkalinityM - state.hydroxide + state.hydrogen + state.bisulfate
+                              : known.carbonateAlkalinity;
+        const double bicarbonate = carbonateAlkalinity > 0.0 ? acid.BicarbonateFromForms(carbonateAlkalinity)
+                                                             : acid.BicarbonateFromCo2(known.co2);
         state = model.At(known.pH, strength, acid, bicarbonate);
         strength = known.backgroundStrength + StrengthOf(state);
     }

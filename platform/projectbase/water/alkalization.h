@@ -68,8 +68,10 @@ struct PhWater
     double pH = 0.0;
     double celsius = 25.0;
     double carbonateAlkalinity = 0.0;  ///< [HCO3] + 2[CO3], meq/l, however its forms were reported
-    double co2 = 0.0;                  ///< mmol/l; tells the carbon of a water without that alkalinity
-    double backgroundStrength = 0.0;   ///< see CarbonateWater
+    /// The m-value in mmol/l, where it was measured and tells the former.
+    std::optional<double> alkalinityM = std::nullopt;
+    double co2 = 0.0;                 ///< mmol/l; tells the carbon of a water without that alkalinity
+    double backgroundStrength = 0.0;  ///< see CarbonateWater
     double sulfate = 0.0;
     std::span<const WeakBase> bases = {};
 };

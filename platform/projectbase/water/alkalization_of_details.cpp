@@ -4,6 +4,7 @@
 #include "projectbase/water/carbonate_of_details.h"
 #include "projectbase/water/ion_rows.h"
 #include "projectbase/water/normalization.h"
+#include "projectbase/water/totals.h"
 
 #include <algorithm>
 #include <cmath>
@@ -11,13 +12,6 @@
 namespace water {
 
 namespace {
-
-void SetIon(DetailList& liquid, std::string_view ion, double meq)
-{
-    const IonRow& row = *FindIonRow(ion);
-    liquid.At(row.meql).SetValue(meq);
-    liquid.At(row.mgl).SetValue(meq * ions::FindIon(ion)->equivalentWeight);
-}
 
 void AddToIon(DetailList& liquid, std::string_view ion, double meq)
 {

@@ -250,8 +250,16 @@ void Mixer::MixCarbonate()
 
 void Mixer::MixAll()
 {
-    m_target.At("liquid/analysis.type").SetValue("FULL");
+    // What none of the waters tells more of than its salt, the mixture does not either.
+    const bool isShort = All([](const Part& part) {
+        return part.liquid.At("liquid/analysis.type").GetStdStringValue() != "FULL";
+    });
+    m_target.At("liquid/analysis.type").SetValue(isShort ? "SHORT_TDS" : "FULL");
+    if (isShort)
+        m_target.At("liquid/tds.short").SetValue(SumOf("liquid/tds"));
     m_target.At("liquid/calculate.co2").SetValue(false);
+    for (const char* reported : {"liquid/alkalinity.m.orig", "liquid/alkalinity.p.orig"})
+        m_target.At(reported).SetValue(0.0);
     m_target.At("liquid/balance.ph").SetValue(All([](const Part& part) {
         return Flag(part.liquid, "liquid/balance.ph");
     }));

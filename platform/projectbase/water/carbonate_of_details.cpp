@@ -2,7 +2,7 @@
 #include "projectbase/water/carbonate_of_details.h"
 
 #include "dbinterfaces/master_database.h"
-#include "projectbase/water/composition.h"
+#include "projectbase/water/normalization.h"
 #include "projectbase/water/totals.h"
 
 #include <algorithm>

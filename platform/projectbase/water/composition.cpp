@@ -77,7 +77,7 @@ double AlkalinityP(const Composition& composition)
 double EquivalentMineralAcidity(const Composition& composition)
 {
     return composition[Species::Cl] + 2.0 * composition[Species::So4] + composition[Species::No3] +
-           composition[Species::F] + composition[Species::Br];
+           composition[Species::F] + composition[Species::Br] + composition[Species::Po4];
 }
 
 double DryResidue(double sumOfConstituents, double bicarbonate)

@@ -55,6 +55,7 @@ enum class Species : std::uint8_t
     No3 = PlaceOfSpecies("no3"),
     F = PlaceOfSpecies("f"),
     Br = PlaceOfSpecies("br"),
+    Po4 = PlaceOfSpecies("po4"),
     Oh = PlaceOfSpecies("oh.minus"),
     Sio2 = PlaceOfSpecies("sio2"),
     Co2 = PlaceOfSpecies("co2")
@@ -114,8 +115,8 @@ PROJECTBASE_EXPORT double AlkalinityM(const Composition& composition);
 /// meq/l, [CO3] + [OH] - [CO2] - [H] - [HSO4]: the p-value (acid demand to pH 8.2); negative where base is
 /// needed.
 PROJECTBASE_EXPORT double AlkalinityP(const Composition& composition);
-/// meq/l of the anions of strong acids (Cl, SO4, NO3, F, Br): the acidity behind a strong-acid cation
-/// exchanger.
+/// meq/l of the anions of strong acids (Cl, SO4, NO3, F, Br, and one equivalent a mole of PO4): the acidity
+/// behind a strong-acid cation exchanger.
 PROJECTBASE_EXPORT double EquivalentMineralAcidity(const Composition& composition);
 
 /// mg/l of dry residue at 180 °C from the sum of all constituents, of which `bicarbonate` mg/l are HCO3: on

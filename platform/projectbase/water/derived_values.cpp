@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "core/ion_table.h"
 #include "core/ion_units.h"
+#include "projectbase/water/alkalinity.h"
 #include "projectbase/water/carbonic_acid.h"
 #include "projectbase/water/conductivity.h"
 #include "projectbase/water/ion_rows.h"
@@ -17,6 +18,11 @@ namespace water {
 namespace {
 
 constexpr double kUnknown = std::numeric_limits<double>::quiet_NaN();
+
+double FiniteOrNone(double value)
+{
+    return std::isfinite(value) ? value : 0.0;
+}
 
 Species SpeciesOfRow(const DetailList& liquid, const IonRow& row)
 {
@@ -41,18 +47,6 @@ double TypedOrCalculatedCo2(DetailList& liquid, const Composition& composition, 
             .SetValue(ContradictsPh(composition, pH) ? kUnknown : co2 * ions::FindIon("co2")->molarMass);
     }
     return Co2Of(liquid);
-}
-
-/// The amounts that close the balance, meq/l.
-struct Closing
-{
-    double sodium = 0.0;
-    double chloride = 0.0;
-};
-
-Closing ClosingOf(double cationsLessAnions)
-{
-    return {std::max(0.0, -cationsLessAnions), std::max(0.0, cationsLessAnions)};
 }
 
 /// What is left to be closed once the ions that the pH brings along are counted.
@@ -98,9 +92,9 @@ void CloseBalance(Totals& totals, const Closing& closing)
 
 void SetUnknown(DetailList& liquid)
 {
-    for (const auto* key :
-         {"liquid/sum.c.meql", "liquid/sum.a.meql", "liquid/na.plus.meql", "liquid/cl.plus.meql",
-          "liquid/tds", "liquid/ionic.strength", "liquid/cond", "liquid/cond25", "liquid/p.osmotic"})
+    for (const auto* key : {"liquid/sum.c.meql", "liquid/sum.a.meql", "liquid/na.plus.meql",
+                            "liquid/cl.plus.meql", "liquid/tds", "liquid/ionic.strength", "liquid/cond",
+                            "liquid/cond25", "liquid/p.osmotic", "liquid/residue", "liquid/balance.error"})
         liquid.At(key).SetValue(kUnknown);
 }
 
@@ -111,6 +105,20 @@ void SetPhysicalValues(DetailList& liquid, const Composition& composition, doubl
     liquid.At("liquid/cond").SetValue(Conductivity(speciation, celsius));
     liquid.At("liquid/cond25").SetValue(Conductivity(composition, 25.0));
     liquid.At("liquid/p.osmotic").SetValue(OsmoticPressure(speciation, celsius));
+}
+
+/// Hardness, alkalinity and acidity, of which a short analysis knows nothing.
+void SetEquivalents(DetailList& liquid, const Composition& composition, bool isShort)
+{
+    const auto set = [&](const char* key, double value) {
+        liquid.At(key).SetValue(isShort ? kUnknown : value);
+    };
+    constexpr double kMeqPerMmol = 2.0;
+    set("liquid/hardness.total", kMeqPerMmol * TotalHardness(composition));
+    set("liquid/hardness.carbonate", kMeqPerMmol * CarbonateHardness(composition));
+    set("liquid/alkalinity.m", AlkalinityM(composition));
+    set("liquid/alkalinity.p", isShort ? kUnknown : AlkalinityPOf(liquid, composition));
+    set("liquid/ema", EquivalentMineralAcidity(composition));
 }
 
 void FillRow(DetailList& liquid, std::string_view ion, double meq)
@@ -183,25 +191,41 @@ PhIons PhIonsIn(const Composition& others, double pH, double celsius)
     return ions;
 }
 
-namespace {
+Closing ClosingOf(double cationsLessAnions)
+{
+    return {std::max(0.0, -cationsLessAnions), std::max(0.0, cationsLessAnions)};
+}
 
-/// Whether H+ and OH- are those of the pH, as their rows do not state them.
+void SetIon(DetailList& liquid, std::string_view ion, double meq)
+{
+    const IonRow& row = *FindIonRow(ion);
+    liquid.At(row.meql).SetValue(meq);
+    liquid.At(row.mgl).SetValue(meq * ions::FindIon(ion)->equivalentWeight);
+}
+
 bool HasIonsOfPh(const DetailList& liquid)
 {
     return !liquid.At("liquid/balance.ph").GetBoolValue() && std::isfinite(PhOf(liquid));
 }
 
-/// °C; the ions of a pH are looked up at 25 °C where the temperature is unknown.
 double TemperatureOf(const DetailList& liquid)
 {
     const double celsius = liquid.At("liquid/temp").GetDoubleValue();
     return std::isfinite(celsius) ? celsius : 25.0;
 }
 
+namespace {
+
+/// Adds H+ and OH- as they follow from the pH, or OH- as a titration found it.
 void AddIonsOfPh(const DetailList& liquid, Composition& composition)
 {
-    if (!HasIonsOfPh(liquid))
+    if (!HasIonsOfPh(liquid)) {
+        if (!liquid.At("liquid/balance.ph").GetBoolValue() && IsAlkalinityReported(liquid))
+            composition[Species::Oh] = FormsByTitration(*ReportedAlkalinity(liquid, 'm'),
+                                                        ReportedAlkalinity(liquid, 'p').value_or(0.0))
+                                           .hydroxide;
         return;
+    }
     const PhIons ions = PhIonsIn(composition, PhOf(liquid), TemperatureOf(liquid));
     composition[Species::H] = ions.hydrogen;
     composition[Species::Oh] = ions.hydroxide;
@@ -216,8 +240,13 @@ void UpdateDerivedValues(DetailList& liquid)
     const std::string type = liquid.At("liquid/analysis.type").GetStdStringValue();
     const bool fromTds = type == "SHORT_TDS";
     const bool isShort = fromTds || type == "SHORT_COND";
-    if (isShort && !ApplyShortAnalysis(liquid, fromTds))
-        return SetUnknown(liquid);
+    if (isShort && !ApplyShortAnalysis(liquid, fromTds)) {
+        SetUnknown(liquid);
+        return SetEquivalents(liquid, {}, true);
+    }
+
+    if (!isShort)
+        SplitReportedAlkalinity(liquid);
 
     const double celsius = liquid.At("liquid/temp").GetDoubleValue();
     const bool isClosed = liquid.At("liquid/balance.auto").GetBoolValue();
@@ -240,7 +269,11 @@ void UpdateDerivedValues(DetailList& liquid)
     liquid.At("liquid/sum.a.meql").SetValue(totals.charges.anions);
     liquid.At("liquid/na.plus.meql").SetValue(closing.sodium);
     liquid.At("liquid/cl.plus.meql").SetValue(closing.chloride);
+    liquid.At("liquid/balance.error").SetValue(ElectroneutralityError(totals.charges));
     liquid.At("liquid/tds").SetValue(totals.mass);
+    liquid.At("liquid/residue")
+        .SetValue(DryResidue(totals.mass, FiniteOrNone(liquid.At("liquid/hco3.mgl").GetDoubleValue())));
+    SetEquivalents(liquid, composition, isShort);
     SetPhysicalValues(liquid, composition, celsius);
 }
 
@@ -252,13 +285,6 @@ Composition WholeComposition(const DetailList& liquid)
                               liquid.At("liquid/cl.plus.meql").GetDoubleValue()});
     AddIonsOfPh(liquid, totals.composition);
     return totals.composition;
-}
-
-Composition AnalysedComposition(const DetailList& liquid)
-{
-    Composition composition = AddIons(liquid, liquid.At("liquid/balance.ph").GetBoolValue()).composition;
-    AddIonsOfPh(liquid, composition);
-    return composition;
 }
 
 bool FillHydrogenAndHydroxide(DetailList& liquid)

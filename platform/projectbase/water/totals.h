@@ -39,9 +39,21 @@ struct PhIons
 };
 PhIons PhIonsIn(const Composition& others, double pH, double celsius);
 
-/// All that the water holds as treated, CO2 apart: its ions, with automatic balancing what "na.plus" and
-/// "cl.plus" have, H+ and OH- as stated or as the pH has them. To be asked of a water whose derived values
-/// are up to date.
-Composition WholeComposition(const DetailList& liquid);
+/// What closes a balance, meq/l.
+struct Closing
+{
+    double sodium = 0.0;
+    double chloride = 0.0;
+};
+Closing ClosingOf(double cationsLessAnions);
+
+/// Whether H+ and OH- are those of the pH, as their rows do not state them.
+bool HasIonsOfPh(const DetailList& liquid);
+
+/// °C; the ions of a pH are looked up at 25 °C where the temperature is unknown.
+double TemperatureOf(const DetailList& liquid);
+
+/// Sets the normalised amount of an ion.
+void SetIon(DetailList& liquid, std::string_view ion, double meq);
 
 }  // namespace water

@@ -135,6 +135,15 @@ TEST_F(WaterReportTest, ConvertsPropertiesToTheUnitSystem)
     EXPECT_THAT(Page(1), ContainsRegex("Equivalent mineral acidity\\|1\\.5\\|\\|4\\.2[0-9]*\\|75"));
 }
 
+TEST_F(WaterReportTest, ShowsAReportedAlkalinityInPlaceOfBicarbonate)
+{
+    Type("hco3", 5.0, "mg/l");
+    Type("alkalinity.m", 7.0, "\u00b0d");
+    EXPECT_THAT(Page(1), AllOf(HasSubstr("m-value|7|\u00b0d|"), Not(HasSubstr("p-value|"))));
+    EXPECT_THAT(Page(0), ContainsRegex("HCO3\\|\\|\\|152\\.[0-9]*\\|2\\.5")) << "not what was typed for it";
+    EXPECT_THAT(Page(1), ContainsRegex("m-value\\)\\|2\\.5\\|\\|7\\|125"));
+}
+
 TEST_F(WaterReportTest, CountsTheAcidOfThePhAgainstTheAlkalinity)
 {
     Type("hco3", 0.0, "mg/l");

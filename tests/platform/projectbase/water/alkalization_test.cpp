@@ -148,9 +148,9 @@ TEST_F(ProjectOfPureWater, TypedCarbonateTakesPart)
         EXPECT_NEAR(Get("liquid/alk.ph"), pH, 1e-6) << "nothing was dosed";
         EXPECT_NEAR(Get("liquid/hco3.meql"), hco3, 1e-6) << pH;
         EXPECT_NEAR(Get("liquid/co3.meql"), co3, 1e-6) << pH;
-        const auto before = water::AnalysedComposition(Details());
+        const auto before = water::WholeComposition(Details());
         Choose("naoh", "DOSE", 39.997);
-        const auto after = water::AnalysedComposition(Details());
+        const auto after = water::WholeComposition(Details());
         EXPECT_NEAR(water::AlkalinityM(after) - water::AlkalinityM(before), 1.0, 2e-3) << pH;
         EXPECT_NEAR(Get("liquid/na.meql"), hco3 + co3 + 1.0, 1e-4) << pH;
     }
@@ -230,7 +230,7 @@ TEST_F(ProjectOfPureWater, EveryDerivedValueIsThatOfTheWaterAsTreated)
         EXPECT_NEAR(Get("liquid/cond25"), 244.7, 3.0) << isBalanced;
         EXPECT_NEAR(Get("liquid/ionic.strength"), 1e-3, 1e-6) << isBalanced;
         EXPECT_NEAR(Get("liquid/p.osmotic"), 2e-3 * 24.79 * 0.988, 1e-4) << isBalanced;
-        EXPECT_NEAR(water::AlkalinityM(water::AnalysedComposition(Details())), 1.0, 1e-3) << isBalanced;
+        EXPECT_NEAR(water::AlkalinityM(water::WholeComposition(Details())), 1.0, 1e-3) << isBalanced;
 
         Type("cl", 1.0);
         Set("liquid/ph", 3.0155);

@@ -169,7 +169,7 @@ TEST_F(BlendTest, OfAnyNumberOfWatersKeepsChargesAndCarbon)
     EXPECT_FALSE(mixed.Details().At("liquid/balance.auto").GetBoolValue()) << "not all of them are balanced";
     // The balance of all charges, H+ and OH- among them, is that of the sources.
     const auto charges = [](WaterUnderTest& water) {
-        const auto composition = water::AnalysedComposition(water.Details());
+        const auto composition = water::WholeComposition(water.Details());
         const auto sums = water::SumCharges(composition);
         return sums.cations - sums.anions;
     };
