@@ -178,6 +178,24 @@ TEST_F(BlendTest, OfAnyNumberOfWatersKeepsChargesAndCarbon)
     EXPECT_GT(mixed["alk.cation.meql"], 0.1 * treated["alk.cation.meql"]) << "the acid charges more of it";
 }
 
+TEST_F(BlendTest, StatedHydrogenAndHydroxideNeutraliseEachOther)
+{
+    WaterUnderTest acid;
+    acid.Type("cl", 1.0, "meq/l").Set("ph", 3.0155).Set("balance.ph", true).Type("h.plus", 1.0, "meq/l");
+    WaterUnderTest base;
+    base.Type("na", 1.0, "meq/l").Set("ph", 10.979).Set("balance.ph", true).Type("oh.minus", 1.0, "meq/l");
+    for (WaterUnderTest* water : {&acid, &base})
+        water->Set("temp.orig", 25.0).Update();
+    const water::BlendSource sources[]{{acid.Details(), 0.5}, {base.Details(), 0.5}};
+    water::Blend(sources, mixed.Details());
+    mixed.Update();
+    EXPECT_TRUE(mixed.Details().At("liquid/balance.ph").GetBoolValue());
+    EXPECT_NEAR(mixed["ph"], 7.0, 0.5);
+    EXPECT_NEAR(mixed["h.plus.meql"], 0.0, 0.002);
+    EXPECT_NEAR(mixed["oh.minus.meql"], 0.0, 0.002);
+    EXPECT_NEAR(mixed["cond25"], 62.2, 0.5) << "NaCl 0.5 mmol/l";
+}
+
 TEST_F(BlendTest, OfBalancedWatersIsBalanced)
 {
     hard.Type("so4", 1.0, "meq/l").Set("balance.auto", true).Update();
