@@ -6,6 +6,7 @@
 #include "projectbase/project/project_edit.h"
 #include "projectbase/units/temperature.h"
 #include "projectbase/units/unit_system_manager.h"
+#include "projectbase/water/blend_recipe.h"
 
 #include <fmt/format.h>
 
@@ -23,6 +24,8 @@ namespace {
 /// Accepted for an ion beside those that the choice offers.
 constexpr std::array<std::string_view, 3> kFurtherIonUnits{"g/m3", "g/l", "mgCaCO3/l"};
 constexpr std::array<std::string_view, 3> kAnalysisTypes{"FULL", "SHORT_TDS", "SHORT_COND"};
+
+constexpr std::array<std::string_view, 2> kBlendModes{"SHARE", "FLOW"};
 
 constexpr std::string_view kOrig = ".orig";
 constexpr std::string_view kUnit = ".unit";
@@ -204,12 +207,22 @@ void SetNumber(const Target& target, const ProjectSetting& setting)
     target.detail->SetValue(quantity.value);
 }
 
+/// Whether a text is one that its detail can mean.
+bool IsKnownText(std::string_view name, std::string_view value)
+{
+    if (name == "liquid/analysis.type")
+        return Contains(kAnalysisTypes, value);
+    if (name == "liquid/blend.mode")
+        return Contains(kBlendModes, value);
+    return name != "liquid/blend.parts" || value.empty() || !water::PartsOfText(value).empty();
+}
+
 void SetText(const Target& target, const ProjectSetting& setting)
 {
     std::string value = setting.value;
     if (target.name.ends_with(kUnit))
         value = CheckTypedUnit(target.name, value);
-    const bool known = target.name != "liquid/analysis.type" || Contains(kAnalysisTypes, value);
+    const bool known = IsKnownText(target.name, value);
     const wxString text = wxString::FromUTF8(value);
     if (!known || text.empty() != value.empty() || !target.detail->SetValueFromString(text)) {
         throw SettingError(

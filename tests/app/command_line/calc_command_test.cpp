@@ -99,6 +99,25 @@ TEST_F(Calc, TellsOfAlkalinityAndItsContradictions)
     EXPECT_EQ(Run({m_path, "--set", "alkalinity.m=2mg/l"}).code, 1) << "milligrams of what?";
 }
 
+TEST_F(Calc, MixesAnyNumberOfWatersByFlow)
+{
+    const auto project = ProjectFile::Load(m_path);
+    const std::string first = project->GetLiquid(0).GetName();
+    project->AddLiquid("Blend");
+    ProjectFile::Save(*project, m_path);
+    const std::string recipe = "water.3:blend.parts=30 " + first + "; 10 Second water; 60 " + first;
+    const Result result =
+        Run({m_path, "--json", "--set", "1:na=4meq/l", "--set", recipe, "--set", "water.3:blend.mode=FLOW"});
+    ASSERT_EQ(result.code, 0) << result.err;
+    EXPECT_NEAR(std::stod(Value(result, "liquid/na.meql", 2)), 1.3, 1e-12) << "90 % of 1, 10 % of 4";
+    // The text of a project keeps its recipe.
+    support::WriteBytes(m_folder / "blend.json", result.out);
+    const Result again = Run({(m_folder / "blend.json").string(), "--json", "--set", "0:na=2meq/l"});
+    EXPECT_NEAR(std::stod(Value(again, "liquid/na.meql", 2)), 2.2, 1e-12) << again.err;
+    EXPECT_EQ(Run({m_path, "--set", "water.3:blend.parts=all of it"}).code, 1);
+    EXPECT_EQ(Run({m_path, "--set", "water.3:blend.mode=GUESS"}).code, 1);
+}
+
 TEST_F(Calc, ShowsTheUnitSystemOfTheProject)
 {
     const auto project = ProjectFile::Load(m_path);
