@@ -65,7 +65,8 @@ void AlkalizedToPh(benchmark::State& state)
     const auto agents = MasterDatabase::GetAlkalizingAgents();
     const auto& ammonia =
         *std::find_if(agents.begin(), agents.end(), [](const auto& agent) { return agent.key == "nh3"; });
-    const water::CarbonateWater start = water::WaterFromPh(7.0, 15.0, 2.0, 0.0, 0.005);
+    const water::CarbonateWater start = water::WaterFromPh(
+        {.pH = 7.0, .celsius = 15.0, .carbonateAlkalinity = 2.0, .backgroundStrength = 0.005});
     for (auto _ : state)
         benchmark::DoNotOptimize(water::DoseToPh(start, ammonia, 9.0));
 }

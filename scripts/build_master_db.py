@@ -26,7 +26,8 @@ ROLES = {"input", "derived"}
 TYPES = {"double", "long", "bool", "date", "string"}
 # Columns of the waters that are details by another name; a column that bears the name of an ion is its amount in mg/l.
 WATER_COLUMNS = {
-    "temperature_c": "liquid/temp.orig", "ph": "liquid/ph", "country": "liquid/country", "place": "liquid/place",
+    "temperature_c": "liquid/temp.orig", "ph": "liquid/ph", "m_value_mmol_l": "liquid/alkalinity.m.orig",
+    "country": "liquid/country", "place": "liquid/place",
     "water_source": "liquid/water.source", "water_type": "liquid/water.type",
     "sampling_date": "liquid/sampling.date", "source": "liquid/comments",
 }

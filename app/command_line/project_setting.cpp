@@ -6,6 +6,7 @@
 #include "projectbase/project/project_edit.h"
 #include "projectbase/units/temperature.h"
 #include "projectbase/units/unit_system_manager.h"
+#include "projectbase/water/blend_recipe.h"
 
 #include <fmt/format.h>
 
@@ -167,6 +168,9 @@ std::string CheckTypedUnit(const std::string& name, const std::string& unit)
     } else if (name.starts_with("liquid/h.plus.") || name.starts_with("liquid/oh.minus.")) {
         if (Contains(ions::kEquivalentUnits, unit))
             return unit;
+    } else if (name.starts_with("liquid/alkalinity.")) {
+        if (Contains(ions::kAlkalinityUnits, unit) || unit == "meq/l" || unit == "mgCaCO3/l")
+            return unit;
     } else if (Contains(ions::kIonUnits, unit) || Contains(kFurtherIonUnits, unit)) {
         return unit;
     }
@@ -208,8 +212,10 @@ void SetText(const Target& target, const ProjectSetting& setting)
     if (!target.detail->IsChoice(value))
         throw SettingError(fmt::format("'{}' is none of {} for {}", value,
                                        fmt::join(target.detail->GetChoices(), ", "), setting.key));
+    const bool isRead =
+        target.name != "liquid/blend.parts" || value.empty() || !water::PartsOfText(value).empty();
     const wxString text = wxString::FromUTF8(value);
-    if (text.empty() != value.empty() || !target.detail->SetValueFromString(text)) {
+    if (!isRead || text.empty() != value.empty() || !target.detail->SetValueFromString(text)) {
         throw SettingError(
             fmt::format("'{}' is no {} for {}", setting.value, target.detail->GetTypeName(), setting.key));
     }

@@ -24,6 +24,8 @@ std::optional<std::string> DetailKey(const std::string& column)
         return "liquid/temp.orig";
     if (column == "ph")
         return "liquid/ph";
+    if (column == "m_value_mmol_l")
+        return "liquid/alkalinity.m.orig";
     const auto isIon = [&column](const auto& keys) {
         return std::find(keys.begin(), keys.end(), column) != keys.end();
     };

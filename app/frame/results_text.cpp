@@ -80,6 +80,9 @@ wxString ResultsText(const LiquidData& water, const std::string& unitSystem)
         suffix.Replace(":", "");
         addValue(i18n::Translated(row.label) + suffix, row.key);
     }
+    for (const auto& row : wateranalysis::kEquivalentRows)
+        addValue(i18n::Translated(row.label), row.key);
+    addValue(i18n::Translated(wateranalysis::kBalanceError.label), wateranalysis::kBalanceError.key);
     return text;
 }
 

@@ -14,7 +14,7 @@
 #include "gui_base/water/tools/blend_dialog.h"
 #include "projectbase/project/project_edit.h"
 #include "projectbase/settings/settings.h"
-#include "projectbase/water/blend.h"
+#include "projectbase/water/blend_recipe.h"
 #include "tncommon/atomic_file.h"
 
 #include <wx/clipbrd.h>
@@ -213,26 +213,22 @@ void WaterCommands::Blend()
         m_frame.ReportNote(Tr("A blend needs two waters: add one first"));
         return;
     }
-    BlendRecipe recipe{waters[0], waters[1], 50.0};
-    if (blend != nullptr)
-        recipe = {blend->FindDetail("liquid/blend.first")->GetStdStringValue(),
-                  blend->FindDetail("liquid/blend.second")->GetStdStringValue(),
-                  blend->FindDetail("liquid/blend.share")->GetDoubleValue()};
-    BlendDialog dialog(&m_frame, waters, recipe);
+    const water::BlendRecipe recipe = blend != nullptr
+                                          ? water::RecipeOf(*blend->GetDetails())
+                                          : water::BlendRecipe{{{waters[0], 50.0}, {waters[1], 50.0}}};
+    BlendDialog dialog(&m_frame, waters, recipe, project.GetUnitSystemDisplay());
     if (dialog.ShowModal() == wxID_OK)
         StoreBlend(blend, dialog.GetRecipe());
 }
 
-void WaterCommands::StoreBlend(LiquidData* blend, const BlendRecipe& recipe)
+void WaterCommands::StoreBlend(LiquidData* blend, const water::BlendRecipe& recipe)
 {
     Project& project = m_frame.GetProject();
     {
         const ProjectEdit edit(project, wxTRANSLATE("blend waters"));
         if (blend == nullptr)
             blend = &project.AddLiquid(NewWaterName(project, Tr("Blend").utf8_string()));
-        blend->FindDetail("liquid/blend.first")->SetValue(recipe.first);
-        blend->FindDetail("liquid/blend.second")->SetValue(recipe.second);
-        blend->FindDetail("liquid/blend.share")->SetValue(recipe.share);
+        water::StoreRecipe(recipe, *blend->GetDetails());
     }
     Show(*blend);
 }

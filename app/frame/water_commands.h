@@ -9,7 +9,9 @@
 #include <string>
 
 class LiquidData;
+namespace water {
 struct BlendRecipe;
+}
 
 namespace app {
 
@@ -44,7 +46,7 @@ public:
 
 private:
     /// Makes a blend, or gives one another recipe.
-    void StoreBlend(LiquidData* blend, const BlendRecipe& recipe);
+    void StoreBlend(LiquidData* blend, const water::BlendRecipe& recipe);
     void Show(const LiquidData& water);
 
     MainFrame& m_frame;

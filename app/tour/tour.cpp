@@ -21,6 +21,7 @@
 #include "gui_base/water/library/water_lib_dialog.h"
 #include "gui_base/water/library/water_lib_list.h"
 #include "gui_base/water/tools/alkalization_dialog.h"
+#include "gui_base/water/tools/blend_dialog.h"
 #include "gui_base/water/tools/co2_calculator_dialog.h"
 
 #include <wx/app.h>
@@ -265,6 +266,9 @@ void Tour::TakeDialogs()
     details.At("liquid/alk.target").SetValue(8.5);
     AlkalizationDialog alkalization(water.get(), 0, owner);
     TakeDialog(alkalization, "alkalization");
+    const water::BlendRecipe recipe{{{"Feed water", 60.0}, {"Well 2", 40.0}}};
+    BlendDialog blend(owner, {"Feed water", "Well 1", "Well 2"}, recipe, "iso");
+    TakeDialog(blend, "blend");
     Logger logger;
     WaterLibDialog library(logger, owner);
     library.GetWaterList().Select(0);

@@ -23,6 +23,10 @@ inline constexpr std::array<std::string_view, 9> kIonUnits{
 inline constexpr std::array<std::string_view, 6> kEquivalentUnits{"meq/l",   "ppm CaCO3", "\u00b0d",
                                                                   "\u00b0f", "\u00b0a",   "\u00b0e"};
 
+/// Units offered for an alkalinity, which is an amount of acid: 1 mmol/l of it is 1 meq/l.
+inline constexpr std::array<std::string_view, 5> kAlkalinityUnits{"mmol/l", "ppm CaCO3", "\u00b0d", "\u00b0f",
+                                                                  "\u00b0e"};
+
 /// What a unit counts: the mass of an ion or its equivalents; nothing for a text that is no such unit.
 enum class UnitKind
 {

@@ -32,6 +32,17 @@ struct Property
 constexpr std::array kProperties{
     Property{"ph", "ph|ph value|ph-value|ph-wert|ph wert"},
     Property{"temp", "temp|temp.|temperature|temperatur|water temperature|wassertemperatur|t"},
+    Property{"alkalinity.m",
+             "m-value|m value|m-wert|m alkalinity|m-alkalinity|alkalinity|total alkalinity|"
+             "alkalinity, total|methyl orange alkalinity|ks4.3|ks4,3|ks 4.3|ks 4,3|acid capacity|"
+             "acid capacity to ph 4.3|s\u00e4urekapazit\u00e4t|s\u00e4urekapazit\u00e4t ph 4,3|"
+             "s\u00e4urekapazit\u00e4t bis ph 4,3|s\u00e4urekapazit\u00e4t bis ph 4.3|"
+             "alkalinit\u00e4t|gesamtalkalinit\u00e4t"},
+    Property{"alkalinity.p",
+             "p-value|p value|p-wert|p alkalinity|p-alkalinity|alkalinity, phenolphthalein|"
+             "phenolphthalein alkalinity|ks8.2|ks8,2|ks 8.2|ks 8,2|acid capacity to ph 8.2|"
+             "s\u00e4urekapazit\u00e4t ph 8,2|s\u00e4urekapazit\u00e4t bis ph 8,2|"
+             "s\u00e4urekapazit\u00e4t bis ph 8.2"},
     Property{"turbidity", "turbidity|trübung"},
     Property{"sdi", "sdi|sdi15|silt density index"},
     Property{"tss", "tss|suspended solids|total suspended solids|abfiltrierbare stoffe"},
@@ -54,6 +65,12 @@ constexpr std::array kPropertyUnits{
     PropertyUnit{"temp", "\u00b0C", "|\u00b0c|c|degc|deg c|celsius"},
     PropertyUnit{"temp", "\u00b0F", "\u00b0f|f|degf|deg f|fahrenheit"},
     PropertyUnit{"temp", "K", "k|kelvin"},
+    PropertyUnit{"alkalinity", "mmol/l", "mmol/l|meq/l|mval/l|mmol(eq)/l|mol/m3|mol/m\u00b3"},
+    PropertyUnit{"alkalinity", "ppm CaCO3",
+                 "ppm caco3|mg/l caco3|mg caco3/l|mgcaco3/l|mg/l as caco3|ppm as caco3"},
+    PropertyUnit{"alkalinity", "\u00b0d", "\u00b0d|\u00b0dh|dh"},
+    PropertyUnit{"alkalinity", "\u00b0f", "\u00b0f|\u00b0fh"},
+    PropertyUnit{"alkalinity", "\u00b0e", "\u00b0e|\u00b0eh|\u00b0clark"},
     PropertyUnit{"turbidity", "NTU", "|ntu|fnu|fnu/ntu|tef"},
     PropertyUnit{"sdi", "", "|-|%/min"},
     PropertyUnit{"tss", "mg/l", "|mg/l|ppm|g/m3"},
@@ -234,7 +251,10 @@ void Interpret(Parameter& parameter, const std::string& name, const std::string&
     parameter.target = known->target;
     const std::string spelling = Lower(unit);
     for (const PropertyUnit& property : kPropertyUnits) {
-        if (property.target == known->target && HasSpelling(property.spellings, spelling)) {
+        // The m- and the p-value share their units.
+        const std::string_view target = known->target.substr(0, known->target.find('.'));
+        if ((property.target == known->target || property.target == target) &&
+            HasSpelling(property.spellings, spelling)) {
             parameter.unit = property.unit;
             return;
         }

@@ -36,8 +36,9 @@ std::string NameOf(DetailOwner owner, const Project& project, const ReportContex
 
 std::string RangeSentence(const RangeFault& fault, const ReportContext& context)
 {
-    std::string text = context.Translated(fault.isBelow ? wxTRANSLATE("%s is below the minimum of %s")
-                                                        : wxTRANSLATE("%s is above the maximum of %s"));
+    const char* const limit = fault.isBelow ? wxTRANSLATE("%s is below the minimum of %s")
+                                            : wxTRANSLATE("%s is above the maximum of %s");
+    std::string text = context.Translated(fault.sentence.empty() ? limit : fault.sentence.c_str());
     const std::string label =
         fault.label.empty() ? fault.address.key : context.Translated(fault.label.c_str());
     for (const std::string& part :

@@ -7,14 +7,14 @@
 #include "gui_base/water/rows/ion_rows.h"
 #include "gui_base/water/rows/property_rows.h"
 #include "projectbase/details/detail_display.h"
-#include "projectbase/water/normalization.h"
+#include "projectbase/water/alkalinity.h"
+#include "projectbase/water/composition.h"
 
 #include <fmt/format.h>
 #include <wx/translation.h>
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 #include <span>
 
 namespace wateranalysis {
@@ -30,7 +30,6 @@ constexpr int kDigits = 4;
 constexpr double kLabelWidth = 110.0;
 constexpr double kNumberWidth = 76.0;
 constexpr double kUnitWidth = 64.0;
-constexpr double kUnknown = std::numeric_limits<double>::quiet_NaN();
 constexpr double kMeqPerMmolHardness = 2.0;
 
 double Value(const DetailList& details, const std::string& key)
@@ -131,8 +130,10 @@ report::Row IonTableRow(const DetailList& details, const IonRow& ion, const Repo
     const std::string prefix = std::string("liquid/") + ion.key;
     const std::string name =
         ion.kind == IonRowKind::Named ? Text(details, prefix + ".name") : PlainLabel(ion.label, context);
-    // A short analysis sets sodium and chloride itself: what stands in their fields has no part in it.
-    const bool typed = !IsShort(details);
+    // A short analysis sets sodium and chloride itself, an m-value bicarbonate and carbonate: what stands in
+    // their fields has no part in it.
+    const bool isOfAlkalinity = std::string_view(ion.key) == "hco3" || std::string_view(ion.key) == "co3";
+    const bool typed = !IsShort(details) && !(isOfAlkalinity && water::IsAlkalinityReported(details));
     return {.cells = {{name},
                       typed ? NumberCell(details.At(prefix + ".orig"), kTypedDigits, context) : Cell{""},
                       {typed ? Text(details, prefix + ".unit") : std::string()},
@@ -238,8 +239,7 @@ report::Table BalanceTable(const DetailList& details, const ReportContext& conte
     table.showTitles = false;
     table.rows.push_back(
         {.cells = {{context.Translated(wxTRANSLATE("Difference of the sums in percent of their total"))},
-                   {.text = PercentText(known ? water::ElectroneutralityError(sums) : kUnknown, context),
-                    .alarm = alarm},
+                   {.text = PercentText(Value(details, "liquid/balance.error"), context), .alarm = alarm},
                    {"%"}}});
     const char* const judgement = closed  ? wxTRANSLATE("Closed by automatic balancing")
                                   : alarm ? wxTRANSLATE("Larger than Standard Methods 1030E allow")
@@ -258,6 +258,12 @@ report::Table MeasuredTable(const DetailList& details, const ReportContext& cont
     add(wxTRANSLATE("Temperature"), "liquid/temp", kDigits);
     for (const PropertyRow& row : kMainProperties)
         add(row.label, row.key, row.precision);
+    for (const AlkalinityRow& row : kAlkalinityRows) {
+        if (Value(details, row.key) != 0.0 && !IsShort(details))
+            table.rows.push_back({.cells = {{context.Translated(row.label)},
+                                            NumberCell(details.At(row.key), kTypedDigits, context),
+                                            {Text(details, row.unitKey)}}});
+    }
     // CO2 that was neither typed nor calculated is not known.
     if (Value(details, "liquid/co2.mgl") != 0.0 || details.At("liquid/calculate.co2").GetBoolValue())
         add(wxTRANSLATE("CO2:"), "liquid/co2.mgl", kTypedDigits);
@@ -276,17 +282,15 @@ report::Table HardnessTable(const DetailList& details, const ReportContext& cont
         table.columns.push_back({.title = unit, .align = Align::Number, .minWidth = kNumberWidth});
     if (IsShort(details))
         return table;
-    const water::Composition composition = water::AnalysedComposition(details);
-    const double total = kMeqPerMmolHardness * water::TotalHardness(composition);
-    const double carbonate = kMeqPerMmolHardness * water::CarbonateHardness(composition);
     const auto add = [&](const char* label, double meq, bool divalent) {
         table.rows.push_back(HardnessRow(context.Translated(label), meq, divalent, context));
     };
-    add(wxTRANSLATE("Total hardness"), total, true);
-    add(wxTRANSLATE("Carbonate hardness"), carbonate, true);
-    add(wxTRANSLATE("Non-carbonate hardness"), total - carbonate, true);
-    add(wxTRANSLATE("Alkalinity (m-value)"), water::AlkalinityM(composition), false);
-    add(wxTRANSLATE("Equivalent mineral acidity"), water::EquivalentMineralAcidity(composition), false);
+    for (const EquivalentRow& row : kEquivalentRows) {
+        add(row.label, Value(details, row.key), row.isHardness);
+        if (std::string_view(row.key) == "liquid/hardness.carbonate")
+            add(wxTRANSLATE("Non-carbonate hardness"),
+                Value(details, "liquid/hardness.total") - Value(details, row.key), true);
+    }
     return table;
 }
 
@@ -297,14 +301,6 @@ report::Table SummaryTable(const DetailList& details, const ReportContext& conte
         std::string label = PlainLabel(row.label, context) + row.labelSuffix;
         std::erase(label, ':');
         table.rows.push_back(ValueRow(label, details.At(row.key), row.convertUnit, row.precision, context));
-        if (std::string_view(row.key) == "liquid/tds") {
-            const double residue =
-                water::DryResidue(Value(details, "liquid/tds"), Value(details, "liquid/hco3.mgl"));
-            table.rows.push_back(
-                {.cells = {{context.Translated(wxTRANSLATE("Dry residue")) + " @ 180 \u00b0C"},
-                           {context.Number(residue, row.precision)},
-                           {"mg/l"}}});
-        }
     }
     return table;
 }

@@ -3,7 +3,7 @@
 
 #include "dbinterfaces/master_database.h"
 #include "dbinterfaces/project_database.h"
-#include "projectbase/water/blend.h"
+#include "projectbase/water/blend_recipe.h"
 #include "projectbase/water/normalization.h"
 
 #include <cmath>

@@ -5,6 +5,7 @@
 #include "projectbase/project/project_journal.h"
 #include "projectbase/project/project_rules.h"
 #include "projectbase/water/blend.h"
+#include "projectbase/water/blend_recipe.h"
 #include "projectbase/water/normalization.h"
 
 #include <algorithm>
@@ -15,8 +16,6 @@ namespace {
 constexpr const char* kMediumId = "feed/medium";
 constexpr const char* kMediumTemperature = "feed/medium.temp";
 constexpr const char* kMediumDensity = "feed/density";
-constexpr const char* kFirstBlended = "liquid/blend.first";
-constexpr const char* kSecondBlended = "liquid/blend.second";
 
 }  // namespace
 
@@ -155,42 +154,43 @@ void Project::CalculateLiquid(std::size_t liquid)
     LiquidData& calculated = GetLiquid(liquid);
     calculated.SetOutOfDate(false);
     for (std::size_t i = liquid + 1; i < GetLiquidCount(); ++i) {
-        if (IsBlendOf(i, calculated))
+        if (std::ranges::count(WatersOf(GetLiquid(i)), &calculated) > 0)
             GetLiquid(i).SetOutOfDate(true);
     }
 }
 
-const LiquidData* Project::FindBlended(std::size_t blend, const char* key) const
+std::vector<const LiquidData*> Project::WatersOf(const LiquidData& blend) const
 {
-    const std::string name = GetLiquid(blend).GetDetails()->At(key).GetStdStringValue();
-    for (std::size_t i = 0; i < blend; ++i) {
-        if (GetLiquid(i).GetName() == name)
-            return &GetLiquid(i);
+    if (!water::IsBlend(*blend.GetDetails()))
+        return {};
+    std::vector<const LiquidData*> waters;
+    for (const water::BlendPart& part : water::RecipeOf(*blend.GetDetails()).parts) {
+        std::size_t place = 0;
+        while (place < blend.GetPosition() && GetLiquid(place).GetName() != part.water)
+            ++place;
+        if (place == blend.GetPosition())
+            return {};
+        waters.push_back(&GetLiquid(place));
     }
-    return nullptr;
-}
-
-bool Project::IsBlendOf(std::size_t liquid, const LiquidData& source) const
-{
-    return IsMixed(GetLiquid(liquid)) &&
-           (FindBlended(liquid, kFirstBlended) == &source || FindBlended(liquid, kSecondBlended) == &source);
+    return waters;
 }
 
 bool Project::IsMixed(const LiquidData& liquid) const
 {
-    const std::size_t place = liquid.GetPosition();
-    return water::IsBlend(*liquid.GetDetails()) && FindBlended(place, kFirstBlended) != nullptr &&
-           FindBlended(place, kSecondBlended) != nullptr;
+    return !WatersOf(liquid).empty();
 }
 
 bool Project::UpdateBlend(std::size_t liquid)
 {
-    if (!IsMixed(GetLiquid(liquid)))
+    const auto waters = WatersOf(GetLiquid(liquid));
+    if (waters.empty())
         return false;
     const ProjectEdit edit(*this);
     DetailList& details = *GetLiquid(liquid).GetDetails();
-    water::Blend(*FindBlended(liquid, kFirstBlended)->GetDetails(),
-                 *FindBlended(liquid, kSecondBlended)->GetDetails(),
-                 details.At("liquid/blend.share").GetDoubleValue() / 100.0, details);
+    const std::vector<double> shares = water::RecipeOf(details).Shares();
+    std::vector<water::BlendSource> sources;
+    for (std::size_t i = 0; i < waters.size(); ++i)
+        sources.push_back({*waters[i]->GetDetails(), shares[i]});
+    water::Blend(sources, details);
     return true;
 }

@@ -161,9 +161,8 @@ private:
     /// Whether a change lets a design be out of date.
     bool CountsForDesign(const StackElement& element);
     void UpdateStatus(bool changed);
-    /// Whether a water is mixed of another one that stands before it.
-    bool IsBlendOf(std::size_t liquid, const LiquidData& source) const;
-    const LiquidData* FindBlended(std::size_t blend, const char* key) const;
+    /// The waters of a blend, as its recipe names them; none where one of them does not stand before it.
+    std::vector<const LiquidData*> WatersOf(const LiquidData& blend) const;
 
     std::string m_moduleType;
     std::string m_unitSystem = "iso";

@@ -3,16 +3,13 @@
 #include "projectbase/project/project.h"
 #include "projectbase/project/project_edit.h"
 #include "projectbase/project/project_journal.h"
-#include "projectbase/water/blend.h"
+#include "projectbase/water/blend_recipe.h"
 
 #include <algorithm>
-#include <array>
 #include <charconv>
 #include <stdexcept>
 
 namespace {
-
-constexpr std::array<const char*, 2> kBlended{"liquid/blend.first", "liquid/blend.second"};
 
 /// Cuts the next word off a path.
 std::string_view TakeWord(std::string_view& path)
@@ -181,11 +178,6 @@ void Project::RenameOwner(OwnerNode& node, const std::string& name)
     // Elsewhere the recipes are values of their own; a water without a name is in none of them.
     if (node.GetKind() != OwnerKind::Water || before.empty() || m_journal->GetKind() != EditKind::Typed)
         return;
-    for (const auto& water : m_root.ChildrenOf(OwnerKind::Water)) {
-        for (const char* key : kBlended) {
-            DetailData& source = water->GetDetails()->At(key);
-            if (source.GetStdStringValue() == before)
-                source.SetValue(name);
-        }
-    }
+    for (const auto& water : m_root.ChildrenOf(OwnerKind::Water))
+        water::RenameInRecipe(*water->GetDetails(), before, name);
 }

@@ -46,6 +46,17 @@ void FillWaterIons(const Context& context, const TypedInput& input)
     water::FillHydrogenAndHydroxide(*input.node.GetDetails());
 }
 
+/// What was typed last counts: bicarbonate or carbonate, or an alkalinity in their place.
+void ReplaceAlkalinity(const Context& context, const TypedInput& input)
+{
+    if (input.detail.GetDoubleValue() == 0.0)
+        return;
+    for (const char* value : {"liquid/alkalinity.m.orig", "liquid/alkalinity.p.orig"}) {
+        if (!context.IsTyped(input.node, "liquid/alkalinity.m.orig"))
+            input.node.GetDetails()->At(value).SetValue(0.0);
+    }
+}
+
 bool BlendsAreCalculated(const Project& project)
 {
     return project.GetDetails().At("arrangement/calculate.blend").GetBoolValue();
@@ -132,9 +143,14 @@ struct RuleOfKey
     Rule rule;
 };
 constexpr std::array kRules{
-    RuleOfKey{"liquid/balance.ph", &FillWaterIons},  RuleOfKey{"liquid/analysis.type", &BeginShortAnalysis},
-    RuleOfKey{"feed/medium", &TakeDensity},          RuleOfKey{"feed/adjust.ph", &BeginPhAdjustment},
-    RuleOfKey{"project/qbrutto", &FollowQuantities}, RuleOfKey{"project/lz", &FollowQuantities},
+    RuleOfKey{"liquid/balance.ph", &FillWaterIons},
+    RuleOfKey{"liquid/hco3.orig", &ReplaceAlkalinity},
+    RuleOfKey{"liquid/co3.orig", &ReplaceAlkalinity},
+    RuleOfKey{"liquid/analysis.type", &BeginShortAnalysis},
+    RuleOfKey{"feed/medium", &TakeDensity},
+    RuleOfKey{"feed/adjust.ph", &BeginPhAdjustment},
+    RuleOfKey{"project/qbrutto", &FollowQuantities},
+    RuleOfKey{"project/lz", &FollowQuantities},
     RuleOfKey{"project/wbrutto", &FollowQuantities},
 };
 

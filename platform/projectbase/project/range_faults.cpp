@@ -6,15 +6,24 @@
 #include "projectbase/details/detail_display.h"
 #include "projectbase/project/project.h"
 #include "projectbase/units/temperature.h"
-#include "projectbase/water/blend.h"
+#include "projectbase/water/alkalinity.h"
+#include "projectbase/water/blend_recipe.h"
+#include "projectbase/water/carbonic_acid.h"
 #include "projectbase/water/ion_rows.h"
 
+#include <wx/translation.h>
+
+#include <algorithm>
 #include <cmath>
 #include <optional>
 
 namespace {
 
 constexpr std::string_view kOrig = ".orig";
+constexpr const char* kLargerThanM = wxTRANSLATE("%s is larger than the m-value of %s");
+constexpr const char* kOtherThanPh = wxTRANSLATE("%s does not go with pH and m-value, which give %s");
+constexpr const char* kNoBicarbonate =
+    wxTRANSLATE("%s does not go with bicarbonate, which water holds only above %s");
 
 /// Where a value is typed whose limit stands with another detail, and how a limit reads in the typed unit.
 struct TypedPlace
@@ -41,6 +50,8 @@ std::optional<TypedPlace> TypedPlaceOf(const DetailList& details, const std::str
         return std::nullopt;
     if (key == "liquid/co2.mgl")
         return TypedPlace{"liquid/co2.orig", "liquid/co2.unit", WeightOf("co2"), false, true};
+    if ((key == "liquid/hco3.meql" || key == "liquid/co3.meql") && water::IsAlkalinityReported(details))
+        return TypedPlace{"liquid/alkalinity.m.orig", "liquid/alkalinity.m.unit", 1.0, false, false};
     for (const water::IonRow& row : water::IonRows()) {
         if (row.meql == key)
             return TypedPlace{row.orig, row.unit, WeightOf(row.ion), false, false};
@@ -87,7 +98,8 @@ bool IsUsed(const DetailList& details, const std::string& key)
     if (key == "liquid/co2.orig")
         return !details.At("liquid/calculate.co2").GetBoolValue();
     const bool isShort = analysis == "SHORT_TDS" || analysis == "SHORT_COND";
-    return !isShort || !(IsIonOf(key) || key == "liquid/ph" || key == "liquid/co2.mgl");
+    return !isShort || !(IsIonOf(key) || key == "liquid/ph" || key == "liquid/co2.mgl" ||
+                         key.starts_with("liquid/alkalinity."));
 }
 
 /// The limit that the value breaks.
@@ -102,6 +114,57 @@ std::optional<RangeFault> FaultOf(const DetailData& detail)
                       .limit = side < 0 ? detail.GetMinValue() : detail.GetMaxValue(),
                       .isBelow = side < 0,
                       .unit = detail.GetUnit()};
+}
+
+/// A p-value that was reported beside an m-value, and contradicts it alone or with the pH.
+void AddAlkalinityFault(const DetailList& details, std::vector<RangeFault>& faults)
+{
+    // Titrations agree within that, or within a tenth of the m-value (mmol/l).
+    constexpr double kAgreement = 0.1;
+    const auto m = water::ReportedAlkalinity(details, 'm');
+    const auto p = water::ReportedAlkalinity(details, 'p');
+    if (!m || !p || std::isfinite(details.At("liquid/alk.ph").GetDoubleValue()))
+        return;
+    const double found = details.At("liquid/alkalinity.p").GetDoubleValue();
+    const char* sentence = nullptr;
+    double limit = *m;
+    if (*p > std::max(*m, 0.0)) {
+        sentence = kLargerThanM;
+    } else if (std::abs(*p - found) > std::max(kAgreement, kAgreement * std::abs(*m))) {
+        sentence = kOtherThanPh;
+        limit = found;
+    }
+    if (sentence == nullptr)
+        return;
+    const DetailData& typed = details.At("liquid/alkalinity.p.orig");
+    const std::string unit = details.At("liquid/alkalinity.p.unit").GetStdStringValue();
+    faults.push_back({.address = {{}, typed.GetName()},
+                      .label = typed.GetLabel(),
+                      .value = typed.GetDoubleValue(),
+                      .limit = ions::FromMeqPerLitre(limit, unit, 1.0),
+                      .isBelow = *p < limit,
+                      .unit = unit,
+                      .isTypedUnit = true,
+                      .sentence = sentence});
+}
+
+/// Values of a water that cannot all be right.
+void AddContradictions(const DetailList& details, std::vector<RangeFault>& faults)
+{
+    const DetailData* pH = details.GetDetail("liquid/ph");
+    if (pH == nullptr || !IsUsed(details, pH->GetName()))
+        return;
+    const auto amount = [&details](const char* key) { return details.At(key).GetDoubleValue(); };
+    AddAlkalinityFault(details, faults);
+    if (pH->GetDoubleValue() < water::kLowestBicarbonatePh &&
+        (amount("liquid/hco3.meql") > 0.0 || amount("liquid/co3.meql") > 0.0))
+        faults.push_back({.address = {{}, pH->GetName()},
+                          .label = pH->GetLabel(),
+                          .value = pH->GetDoubleValue(),
+                          .limit = water::kLowestBicarbonatePh,
+                          .isBelow = true,
+                          .unit = {},
+                          .sentence = kNoBicarbonate});
 }
 
 /// Brings a fault to where its value is typed.
@@ -196,9 +259,11 @@ std::vector<RangeFault> RangeFaults(const DetailList& details, DetailOwner owner
             fault->isTypedUnit = unit != nullptr;
             fault->label = CalledName(details, detail);
         }
-        fault->address.owner = owner;
         faults.push_back(std::move(*fault));
     }
+    AddContradictions(details, faults);
+    for (RangeFault& fault : faults)
+        fault.address.owner = owner;
     return faults;
 }
 

@@ -26,13 +26,17 @@ struct RangeFault
     /// Unit of value and limit: an ISO unit that the displayed system converts, or the one that is typed in.
     std::string unit;
     bool isTypedUnit = false;
+    /// Source text of what is wrong, where it is no limit of the catalogue: its first "%s" is the value with
+    /// its name, a second one the limit.
+    std::string sentence = {};
 };
 
 /// -1 for a number below its minimum, +1 above its maximum, 0 within, and for what is no number or not known.
 PROJECTBASE_EXPORT int SideOfLimits(const DetailData& detail);
 
-/// By owner in the order of the project, then by key. A value that is not known has no limits, and what a
-/// calculation does not use cannot be wrong: the ions of a short analysis, say.
+/// By owner in the order of the project, then by key; at the end of each owner what contradicts each other:
+/// bicarbonate and a pH below 4.3, a p-value and the m-value or the pH. A value that is not known has no
+/// limits, and what a calculation does not use cannot be wrong: the ions of a short analysis, say.
 PROJECTBASE_EXPORT std::vector<RangeFault> RangeFaults(const Project& project);
 
 /// The faults of one list, all with the address of `owner`.

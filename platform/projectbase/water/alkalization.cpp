@@ -6,6 +6,7 @@
 
 #include <boost/math/tools/toms748_solve.hpp>
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -19,47 +20,82 @@ constexpr double kHighestPh = 14.0;
 constexpr int kActivityPasses = 8;
 constexpr std::uintmax_t kMostSteps = 80;
 
-double StrengthOf(const CarbonateState& state)
+double CarbonateAlkalinity(const CarbonateState& state)
 {
-    return 0.5e-3 *
-           (state.bicarbonate + 4.0 * state.carbonate + state.hydrogen + state.hydroxide + state.baseCation);
-}
-
-/// What the water holds at a pH that is given.
-CarbonateState StateAt(double pH, const CarbonateWater& water, const WeakBase& base, double ionicStrength)
-{
-    const CarbonicEquilibrium acid(pH, water.celsius, ionicStrength);
-    const Dissociation ions = DissociationFromPh(pH, water.celsius, ionicStrength);
-    CarbonateState state;
-    state.pH = pH;
-    state.bicarbonate = acid.BicarbonateFromTotal(water.totalCarbon);
-    state.co2 = acid.Co2FromBicarbonate(state.bicarbonate);
-    state.carbonate = acid.CarbonateFromBicarbonate(state.bicarbonate);
-    state.hydrogen = ions.hydrogen;
-    state.hydroxide = ions.hydroxide;
-    if (base.amount > 0.0) {
-        const double logGamma = LogActivityOfUnitCharge(ionicStrength, DebyeHueckelA(water.celsius));
-        state.baseCation = base.amount / (1.0 + std::pow(10.0, pH - base.pKa + logGamma));
-    }
-    return state;
+    return state.bicarbonate + 2.0 * state.carbonate;
 }
 
 double Alkalinity(const CarbonateState& state)
 {
-    return state.bicarbonate + 2.0 * state.carbonate + state.hydroxide - state.hydrogen;
+    return CarbonateAlkalinity(state) + state.hydroxide - state.hydrogen - state.bisulfate;
 }
 
-/// The state at a pH with the activity coefficients that belong to it.
-CarbonateState ConsistentStateAt(double pH, const CarbonateWater& water, const WeakBase& base)
+/// mol/l of the ions whose amounts follow from the pH. Sulfate that binds H+ loses three of its four parts.
+double StrengthOf(const CarbonateState& state)
 {
-    double strength = water.backgroundStrength;
-    CarbonateState state;
-    for (int pass = 0; pass < kActivityPasses; ++pass) {
-        state = StateAt(pH, water, base, strength);
-        strength = water.backgroundStrength + StrengthOf(state);
-    }
-    return state;
+    return 0.5e-3 * (state.bicarbonate + 4.0 * state.carbonate + state.hydrogen + state.hydroxide -
+                     3.0 * state.bisulfate + state.baseCations);
 }
+
+double ChargedAt(double pH, const WeakBase& base, double logGamma)
+{
+    return base.amount / (1.0 + std::pow(10.0, pH - base.pKa + logGamma));
+}
+
+/// Tells what one water holds at a pH.
+class PhModel
+{
+public:
+    PhModel(const CarbonateWater& water, std::span<const WeakBase> bases)
+        : m_water(water), m_bases(bases), m_constants(AcidConstantsAt(water.celsius))
+    {}
+
+    /// With its total carbon.
+    CarbonateState At(double pH, double ionicStrength) const
+    {
+        const CarbonicEquilibrium acid(pH, m_constants, ionicStrength);
+        return At(pH, ionicStrength, acid, acid.BicarbonateFromTotal(m_water.totalCarbon));
+    }
+    CarbonateState At(double pH, double ionicStrength, const CarbonicEquilibrium& acid,
+                      double bicarbonate) const
+    {
+        const Dissociation ions = DissociationFromPh(pH, m_constants, ionicStrength);
+        CarbonateState state{.pH = pH, .bicarbonate = bicarbonate};
+        state.co2 = acid.Co2FromBicarbonate(bicarbonate);
+        state.carbonate = acid.CarbonateFromBicarbonate(bicarbonate);
+        state.hydrogen = ions.hydrogen;
+        state.hydroxide = ions.hydroxide;
+        if (m_water.sulfate > 0.0)
+            state.bisulfate = m_water.sulfate * BisulfateShare(pH, m_constants, ionicStrength);
+        const double logGamma = LogActivityOfUnitCharge(ionicStrength, m_constants.debyeHueckelA);
+        for (const WeakBase& base : m_bases)
+            state.baseCations += ChargedAt(pH, base, logGamma);
+        state.ionicStrength = ionicStrength;
+        return state;
+    }
+    /// With the activity coefficients that belong to it.
+    CarbonateState ConsistentAt(double pH) const
+    {
+        CarbonateState state;
+        double strength = m_water.backgroundStrength;
+        for (int pass = 0; pass < kActivityPasses; ++pass) {
+            state = At(pH, strength);
+            strength = m_water.backgroundStrength + StrengthOf(state);
+        }
+        return state;
+    }
+    /// How much more alkalinity there is in a state than in the water.
+    double Excess(const CarbonateState& state) const
+    {
+        return Alkalinity(state) - state.baseCations - m_water.alkalinity;
+    }
+    const AcidConstants& GetConstants() const { return m_constants; }
+
+private:
+    const CarbonateWater& m_water;
+    std::span<const WeakBase> m_bases;
+    AcidConstants m_constants;
+};
 
 /// Root of a function that changes its sign between both bounds; nothing where it does not.
 template <typename Function>
@@ -110,40 +146,66 @@ double PkaAt(double pKa25, double enthalpy, double celsius)
                        (1.0 / kReference - 1.0 / (celsius + kZeroCelsius));
 }
 
-CarbonateWater WaterFromPh(double pH, double celsius, double bicarbonate, double co2,
-                           double backgroundStrength)
+double ChargedPart(const WeakBase& base, const CarbonateState& state, double celsius)
 {
-    CarbonateWater water{.celsius = celsius, .backgroundStrength = backgroundStrength};
-    double strength = backgroundStrength + 0.5e-3 * bicarbonate;
-    for (int pass = 0; pass < kActivityPasses; ++pass) {
-        const CarbonicEquilibrium acid(pH, celsius, strength);
-        const double ratio = acid.Co2FromBicarbonate(1.0);
-        const double hco3 = bicarbonate > 0.0 ? bicarbonate : co2 / ratio;
-        const double co3 = acid.CarbonateFromBicarbonate(hco3);
-        water.totalCarbon = hco3 * (1.0 + ratio) + co3;
-        const CarbonateState state = StateAt(pH, water, {}, strength);
-        water.alkalinity = Alkalinity(state);
-        strength = backgroundStrength + StrengthOf(state);
-    }
-    return water;
+    return ChargedAt(state.pH, base, LogActivityOfUnitCharge(state.ionicStrength, DebyeHueckelA(celsius)));
 }
 
-std::optional<CarbonateState> Equilibrate(const CarbonateWater& water, const WeakBase& base)
+CarbonateState StateFromPh(const PhWater& known)
 {
+    const CarbonateWater water{
+        .celsius = known.celsius, .backgroundStrength = known.backgroundStrength, .sulfate = known.sulfate};
+    const PhModel model(water, known.bases);
+    CarbonateState state;
+    double strength = known.backgroundStrength + 0.5e-3 * known.carbonateAlkalinity;
+    for (int pass = 0; pass < kActivityPasses; ++pass) {
+        const CarbonicEquilibrium acid(known.pH, model.GetConstants(), strength);
+        const double carbonateAlkalinity =
+            known.alkalinityM ? *known.alkalinityM - state.hydroxide + state.hydrogen + state.bisulfate
+                              : known.carbonateAlkalinity;
+        const double bicarbonate = carbonateAlkalinity > 0.0 ? acid.BicarbonateFromForms(carbonateAlkalinity)
+                                                             : acid.BicarbonateFromCo2(known.co2);
+        state = model.At(known.pH, strength, acid, bicarbonate);
+        strength = known.backgroundStrength + StrengthOf(state);
+    }
+    return state;
+}
+
+CarbonateWater WaterFromPh(const PhWater& known, const CarbonateState& state)
+{
+    return {.celsius = known.celsius,
+            .totalCarbon = state.co2 + state.bicarbonate + state.carbonate,
+            .alkalinity = Alkalinity(state) - state.baseCations,
+            .backgroundStrength = known.backgroundStrength,
+            .sulfate = known.sulfate};
+}
+
+CarbonateWater WaterFromPh(const PhWater& known)
+{
+    return WaterFromPh(known, StateFromPh(known));
+}
+
+std::optional<CarbonateState> Equilibrate(const CarbonateWater& water, std::span<const WeakBase> bases)
+{
+    const PhModel model(water, bases);
     double strength = water.backgroundStrength;
     std::optional<CarbonateState> result;
     for (int pass = 0; pass < kActivityPasses; ++pass) {
-        const auto excess = [&](double pH) {
-            const CarbonateState state = StateAt(pH, water, base, strength);
-            return Alkalinity(state) - state.baseCation - water.alkalinity;
-        };
-        const std::optional<double> pH = Root(excess, kLowestPh, kHighestPh);
+        const std::optional<double> pH = Root(
+            [&](double tried) { return model.Excess(model.At(tried, strength)); }, kLowestPh, kHighestPh);
         if (!pH)
             return std::nullopt;
-        result = StateAt(*pH, water, base, strength);
+        result = model.At(*pH, strength);
         strength = water.backgroundStrength + StrengthOf(*result);
     }
     return result;
+}
+
+CarbonateForms FormsAsStated(const CarbonateState& state, double excess)
+{
+    const double alkalinity = CarbonateAlkalinity(state);
+    const double carbonate = std::clamp(state.carbonate + excess, 0.0, 0.5 * alkalinity);
+    return {alkalinity - 2.0 * carbonate, carbonate};
 }
 
 std::optional<Dosing> Dose(const CarbonateWater& water, const DBObjects::AlkalizingAgent& agent,
@@ -151,8 +213,8 @@ std::optional<Dosing> Dose(const CarbonateWater& water, const DBObjects::Alkaliz
 {
     if (!(millimoles >= 0.0 && millimoles <= kMostDose))
         return std::nullopt;
-    const auto state =
-        Equilibrate(WithAgent(water, agent, millimoles), DissolvedBase(agent, millimoles, water.celsius));
+    const WeakBase base = DissolvedBase(agent, millimoles, water.celsius);
+    const auto state = Equilibrate(WithAgent(water, agent, millimoles), {&base, 1});
     if (!state)
         return std::nullopt;
     return Dosing{millimoles, *state};
@@ -166,9 +228,9 @@ std::optional<Dosing> DoseToPh(const CarbonateWater& water, const DBObjects::Alk
     // How much alkalinity the water with that dose lacks at that pH; falls as the dose grows.
     const auto missing = [&](double millimoles) {
         const CarbonateWater dosed = WithAgent(water, agent, millimoles);
-        const CarbonateState state =
-            ConsistentStateAt(pH, dosed, DissolvedBase(agent, millimoles, water.celsius));
-        return Alkalinity(state) - state.baseCation - dosed.alkalinity;
+        const WeakBase base = DissolvedBase(agent, millimoles, water.celsius);
+        const PhModel model(dosed, {&base, 1});
+        return model.Excess(model.ConsistentAt(pH));
     };
     if (!(missing(0.0) >= 0.0))
         return std::nullopt;

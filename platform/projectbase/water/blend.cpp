@@ -3,7 +3,7 @@
 
 #include "core/ion_table.h"
 #include "core/ion_units.h"
-#include "projectbase/water/alkalization.h"
+#include "projectbase/water/carbonate_of_details.h"
 #include "projectbase/water/ion_rows.h"
 #include "projectbase/water/totals.h"
 
@@ -11,6 +11,7 @@
 #include <array>
 #include <cmath>
 #include <limits>
+#include <vector>
 
 namespace water {
 namespace {
@@ -19,104 +20,129 @@ constexpr double kUnknown = std::numeric_limits<double>::quiet_NaN();
 constexpr std::array<const char*, 6> kMixedProperties{"liquid/turbidity", "liquid/tss",     "liquid/toc",
                                                       "liquid/fe.total",  "liquid/cl.free", "liquid/h2s"};
 
-double KnownOr(double value, double otherwise)
+double Value(const DetailList& liquid, std::string_view key)
 {
-    return std::isfinite(value) ? value : otherwise;
+    return liquid.At(key).GetDoubleValue();
 }
+
+/// Unknown amounts count as none.
+double Amount(const DetailList& liquid, std::string_view key)
+{
+    const double value = Value(liquid, key);
+    return std::isfinite(value) ? value : 0.0;
+}
+
+bool Flag(const DetailList& liquid, std::string_view key)
+{
+    return liquid.At(key).GetBoolValue();
+}
+
+/// A water that something is taken of, and what is known of its pH.
+struct Part
+{
+    const DetailList& liquid;
+    double share;
+    KnownCarbonate carbonate;
+};
 
 class Mixer
 {
 public:
-    Mixer(const DetailList& first, const DetailList& second, double share)
-        : m_first(first), m_second(second), m_share(share)
-    {}
+    Mixer(std::span<const BlendSource> sources, DetailList& target) : m_target(target)
+    {
+        for (const BlendSource& source : sources) {
+            if (source.share > 0.0)
+                m_parts.push_back({source.liquid, source.share, CarbonateOf(source.liquid)});
+        }
+    }
 
-    double Mix(double first, double second) const
-    {
-        // A water of which nothing is taken need not be known.
-        if (m_share == 1.0)
-            return first;
-        if (m_share == 0.0)
-            return second;
-        return m_share * first + (1.0 - m_share) * second;
-    }
-    double operator()(std::string_view key) const
-    {
-        return Mix(m_first.At(key).GetDoubleValue(), m_second.At(key).GetDoubleValue());
-    }
-    /// Unknown amounts count as none.
-    double Amount(std::string_view key) const
-    {
-        return Mix(KnownOr(m_first.At(key).GetDoubleValue(), 0.0),
-                   KnownOr(m_second.At(key).GetDoubleValue(), 0.0));
-    }
+    void MixAll();
 
 private:
-    const DetailList& m_first;
-    const DetailList& m_second;
-    double m_share;
+    template <typename Function>
+    double Sum(Function valueOf) const
+    {
+        double sum = 0.0;
+        for (const Part& part : m_parts)
+            sum += part.share * valueOf(part);
+        return sum;
+    }
+    double SumOf(std::string_view key) const
+    {
+        return Sum([key](const Part& part) { return Value(part.liquid, key); });
+    }
+    double AmountOf(std::string_view key) const
+    {
+        return Sum([key](const Part& part) { return Amount(part.liquid, key); });
+    }
+    template <typename Condition>
+    bool All(Condition condition) const
+    {
+        return std::ranges::all_of(m_parts, condition);
+    }
+    void SetTyped(const IonRow& row, double value, std::string_view unit = ions::kMeqPerLitre);
+    void AddTyped(std::string_view ion, double meq);
+    void MixIons();
+    void MixNamedIons(const std::array<const char*, 2>& keys);
+    void MixBalance();
+    void MixCarbonate();
+    void SetState(const CarbonateState& state);
+    void SetChargedBases(const CarbonateState& state, double celsius);
+
+    std::vector<Part> m_parts;
+    DetailList& m_target;
+    std::vector<WeakBase> m_bases;  ///< of the mixture, in the order of the parts that have one
 };
 
-CarbonateWater CarbonateOf(const DetailList& liquid)
+void Mixer::SetTyped(const IonRow& row, double value, std::string_view unit)
 {
-    Composition composition = AddIons(liquid, false).composition;
-    const double bicarbonate = composition[Species::Hco3];
-    for (const Species species : {Species::Hco3, Species::Co3})
-        composition[species] = 0.0;
-    const double alkalised = liquid.At("liquid/alk.ph").GetDoubleValue();
-    const double co2 = liquid.At("liquid/co2.mgl").GetDoubleValue() / ions::FindIon("co2")->molarMass;
-    return WaterFromPh(KnownOr(alkalised, liquid.At("liquid/ph").GetDoubleValue()),
-                       liquid.At("liquid/temp").GetDoubleValue(), bicarbonate, KnownOr(co2, 0.0),
-                       IonicStrength(composition));
+    m_target.At(row.orig).SetValue(value);
+    m_target.At(row.unit).SetValue(std::string(unit));
 }
 
-void SetTyped(DetailList& target, const IonRow& row, double value, std::string_view unit)
+/// More of an ion that is mixed already.
+void Mixer::AddTyped(std::string_view ion, double meq)
 {
-    target.At(row.orig).SetValue(value);
-    target.At(row.unit).SetValue(std::string(unit));
+    DetailData& orig = m_target.At(FindIonRow(ion)->orig);
+    orig.SetValue(std::max(0.0, orig.GetDoubleValue() + meq));
 }
 
-void MixIons(const Mixer& mix, DetailList& target)
+void Mixer::MixIons()
 {
     for (const IonRow& row : IonRows()) {
-        if (row.isNamed || row.species == Species::H || row.species == Species::Oh)
+        if (row.isNamed)
             continue;
         // Silica and boron are masses: their equivalents are only a way of counting.
         const bool byMass = !row.countsAsCharge;
-        SetTyped(target, row, mix.Amount(byMass ? row.mgl : row.meql),
-                 byMass ? ions::kMgPerLitre : ions::kMeqPerLitre);
+        SetTyped(row, AmountOf(byMass ? row.mgl : row.meql), byMass ? ions::kMgPerLitre : ions::kMeqPerLitre);
     }
+    m_target.At("liquid/amine.meql").SetValue(AmountOf("liquid/alk.cation.meql"));
+    m_target.At("liquid/amine.mgl").SetValue(AmountOf("liquid/alk.cation.mgl"));
 }
 
-struct NamedAmount
-{
-    std::string name;
-    double meq = 0.0;
-};
-
 /// The two rows of named cations, or of named anions.
-void MixNamedIons(const DetailList& first, const DetailList& second, double share,
-                  const std::array<const char*, 2>& keys, DetailList& target)
+void Mixer::MixNamedIons(const std::array<const char*, 2>& keys)
 {
+    struct NamedAmount
+    {
+        std::string name;
+        double meq = 0.0;
+    };
     std::vector<NamedAmount> amounts;
-    const auto add = [&](const DetailList& liquid, double part) {
+    for (const Part& part : m_parts) {
         for (const char* key : keys) {
             const IonRow& row = *FindIonRow(key);
-            const std::string name = liquid.At(row.name).GetStdStringValue();
-            const double meq = KnownOr(liquid.At(row.meql).GetDoubleValue(), 0.0) * part;
+            const std::string name = part.liquid.At(row.name).GetStdStringValue();
+            const double meq = part.share * Amount(part.liquid, row.meql);
             if (name.empty() || meq == 0.0)
                 continue;
-            const auto same =
-                std::find_if(amounts.begin(), amounts.end(),
-                             [&name](const NamedAmount& amount) { return amount.name == name; });
+            const auto same = std::ranges::find(amounts, name, &NamedAmount::name);
             if (same != amounts.end())
                 same->meq += meq;
             else
                 amounts.push_back({name, meq});
         }
-    };
-    add(first, share);
-    add(second, 1.0 - share);
+    }
     // More ions than rows: the last row takes the rest under a joint name.
     while (amounts.size() > keys.size()) {
         NamedAmount& last = amounts[keys.size() - 1];
@@ -127,67 +153,133 @@ void MixNamedIons(const DetailList& first, const DetailList& second, double shar
     amounts.resize(keys.size());
     for (std::size_t i = 0; i < keys.size(); ++i) {
         const IonRow& row = *FindIonRow(keys[i]);
-        target.At(row.name).SetValue(amounts[i].name);
-        SetTyped(target, row, amounts[i].meq, ions::kMeqPerLitre);
+        m_target.At(row.name).SetValue(amounts[i].name);
+        SetTyped(row, amounts[i].meq);
+    }
+}
+
+/// What closes the balance of balanced waters is in them, and so it is in the mixture.
+void Mixer::MixBalance()
+{
+    const auto closing = [this](const char* key) {
+        return Sum([key](const Part& part) {
+            return Flag(part.liquid, "liquid/balance.auto") ? Amount(part.liquid, key) : 0.0;
+        });
+    };
+    const double sodium = closing("liquid/na.plus.meql");
+    const double chloride = closing("liquid/cl.plus.meql");
+    const bool isBalanced = All([](const Part& part) { return Flag(part.liquid, "liquid/balance.auto"); });
+    m_target.At("liquid/balance.auto").SetValue(isBalanced);
+    // Balancing the mixture anew finds by how much one exceeds the other.
+    const double foundAnew = isBalanced ? std::min(sodium, chloride) : 0.0;
+    AddTyped("na", isBalanced ? foundAnew : sodium);
+    AddTyped("cl", isBalanced ? foundAnew : chloride);
+}
+
+/// The charged part of the bases that were dosed into the waters.
+void Mixer::SetChargedBases(const CarbonateState& state, double celsius)
+{
+    std::size_t base = 0;
+    for (const Part& part : m_parts) {
+        if (!part.carbonate.base)
+            continue;
+        const auto& [dosed, agent] = *part.carbonate.base;
+        const double before =
+            ChargedPart(dosed, part.carbonate.state, Value(part.liquid, "liquid/temp")) * part.share;
+        const double change = ChargedPart(m_bases[base++], state, celsius) - before;
+        if (!agent->ion.empty()) {
+            AddTyped(agent->ion, change);
+            continue;
+        }
+        for (const auto& [key, weight] :
+             {std::pair("liquid/amine.meql", 1.0), std::pair("liquid/amine.mgl", agent->cationMass)}) {
+            DetailData& amine = m_target.At(key);
+            amine.SetValue(std::max(0.0, amine.GetDoubleValue() + change * weight));
+        }
+    }
+}
+
+void Mixer::SetState(const CarbonateState& state)
+{
+    const auto change = [&](double CarbonateState::*amount) {
+        return state.*amount - Sum([amount](const Part& part) { return part.carbonate.state.*amount; });
+    };
+    // Bracketing leaves an error beyond the digits that a pH has.
+    constexpr double kDigits = 1e6;
+    m_target.At("liquid/ph").SetValue(std::round(state.pH * kDigits) / kDigits);
+    const CarbonateForms forms =
+        FormsAsStated(state, Sum([](const Part& part) { return part.carbonate.excess; }));
+    SetTyped(*FindIonRow("hco3"), forms.bicarbonate);
+    SetTyped(*FindIonRow("co3"), 2.0 * forms.carbonate);
+    // CO2 that none of the waters states is not stated of the mixture either.
+    const bool isStated = !All([](const Part& part) { return Co2Of(part.liquid) == 0.0; });
+    const double stated = Sum([](const Part& part) {
+        const double co2 = Co2Of(part.liquid);
+        return co2 > 0.0 ? co2 - part.carbonate.state.co2 : 0.0;
+    });
+    m_target.At("liquid/co2.orig")
+        .SetValue(isStated ? std::max(0.0, state.co2 + stated) * ions::FindIon("co2")->molarMass : 0.0);
+    if (Flag(m_target, "liquid/balance.ph")) {
+        AddTyped("h.plus", change(&CarbonateState::hydrogen) + change(&CarbonateState::bisulfate));
+        AddTyped("oh.minus", change(&CarbonateState::hydroxide));
     }
 }
 
 /// pH, bicarbonate, carbonate and CO2 of the mixture; leaves the linear values where the pH is not known.
-void MixCarbonate(const DetailList& first, const DetailList& second, const Mixer& mix, DetailList& target)
+void Mixer::MixCarbonate()
 {
-    const CarbonateWater a = CarbonateOf(first);
-    const CarbonateWater b = CarbonateOf(second);
-    const auto state =
-        Equilibrate({.celsius = mix("liquid/temp"),
-                     .totalCarbon = mix.Mix(a.totalCarbon, b.totalCarbon),
-                     .alkalinity = mix.Mix(a.alkalinity, b.alkalinity),
-                     .backgroundStrength = mix.Mix(a.backgroundStrength, b.backgroundStrength)});
-    target.At("liquid/ph").SetValue(state ? state->pH : kUnknown);
-    const double co2Weight = ions::FindIon("co2")->molarMass;
-    target.At("liquid/co2.orig").SetValue(state ? state->co2 * co2Weight : mix("liquid/co2.mgl"));
-    target.At("liquid/co2.unit").SetValue(std::string(ions::kMgPerLitre));
-    if (!state)
+    m_target.At("liquid/ph").SetValue(kUnknown);
+    m_target.At("liquid/co2.orig").SetValue(SumOf("liquid/co2.mgl"));
+    m_target.At("liquid/co2.unit").SetValue(std::string(ions::kMgPerLitre));
+    if (!All([](const Part& part) { return part.carbonate.IsKnown(); }))
         return;
-    SetTyped(target, *FindIonRow("hco3"), state->bicarbonate, ions::kMeqPerLitre);
-    SetTyped(target, *FindIonRow("co3"), 2.0 * state->carbonate, ions::kMeqPerLitre);
+    CarbonateWater mixed{.celsius = SumOf("liquid/temp")};
+    for (double CarbonateWater::*amount : {&CarbonateWater::totalCarbon, &CarbonateWater::alkalinity,
+                                           &CarbonateWater::backgroundStrength, &CarbonateWater::sulfate})
+        mixed.*amount = Sum([amount](const Part& part) { return part.carbonate.water.*amount; });
+    for (const Part& part : m_parts) {
+        if (part.carbonate.base)
+            m_bases.push_back({part.share * part.carbonate.base->base.amount,
+                               PkaOf(*part.carbonate.base->agent, mixed.celsius)});
+    }
+    if (const auto state = Equilibrate(mixed, m_bases)) {
+        SetState(*state);
+        SetChargedBases(*state, mixed.celsius);
+    }
+}
+
+void Mixer::MixAll()
+{
+    // What none of the waters tells more of than its salt, the mixture does not either.
+    const bool isShort = All([](const Part& part) {
+        return part.liquid.At("liquid/analysis.type").GetStdStringValue() != "FULL";
+    });
+    m_target.At("liquid/analysis.type").SetValue(isShort ? "SHORT_TDS" : "FULL");
+    if (isShort)
+        m_target.At("liquid/tds.short").SetValue(SumOf("liquid/tds"));
+    m_target.At("liquid/calculate.co2").SetValue(false);
+    for (const char* reported : {"liquid/alkalinity.m.orig", "liquid/alkalinity.p.orig"})
+        m_target.At(reported).SetValue(0.0);
+    m_target.At("liquid/balance.ph").SetValue(All([](const Part& part) {
+        return Flag(part.liquid, "liquid/balance.ph");
+    }));
+    MixIons();
+    MixNamedIons({"x1", "x2"});
+    MixNamedIons({"y1", "y2"});
+    MixBalance();
+    m_target.At("liquid/temp.orig").SetValue(SumOf("liquid/temp"));
+    m_target.At("liquid/temp.unit").SetValue("\u00b0C");
+    for (const char* property : kMixedProperties)
+        m_target.At(property).SetValue(SumOf(property));
+    m_target.At("liquid/sdi").SetValue(kUnknown);
+    MixCarbonate();
 }
 
 }  // namespace
 
-void Blend(const DetailList& first, const DetailList& second, double share, DetailList& target)
+void Blend(std::span<const BlendSource> sources, DetailList& target)
 {
-    const Mixer mix(first, second, std::clamp(share, 0.0, 1.0));
-    target.At("liquid/analysis.type").SetValue("FULL");
-    for (const char* flag : {"liquid/balance.ph", "liquid/calculate.co2"})
-        target.At(flag).SetValue(false);
-    MixIons(mix, target);
-    MixNamedIons(first, second, std::clamp(share, 0.0, 1.0), {"x1", "x2"}, target);
-    MixNamedIons(first, second, std::clamp(share, 0.0, 1.0), {"y1", "y2"}, target);
-    target.At("liquid/temp.orig").SetValue(mix("liquid/temp"));
-    target.At("liquid/temp.unit").SetValue("\u00b0C");
-    for (const char* property : kMixedProperties)
-        target.At(property).SetValue(mix(property));
-    target.At("liquid/sdi").SetValue(kUnknown);
-    MixCarbonate(first, second, mix, target);
-}
-
-bool IsBlend(const DetailList& liquid)
-{
-    return !liquid.At("liquid/blend.first").GetStringValue().empty() &&
-           !liquid.At("liquid/blend.second").GetStringValue().empty();
-}
-
-bool IsOfRecipe(std::string_view key)
-{
-    return key.starts_with("liquid/blend.");
-}
-
-void ClearRecipe(DetailList& liquid)
-{
-    for (auto& [key, detail] : liquid) {
-        if (IsOfRecipe(key))
-            detail.ClearValue();
-    }
+    Mixer(sources, target).MixAll();
 }
 
 }  // namespace water

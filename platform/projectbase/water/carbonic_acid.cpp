@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "projectbase/water/carbonic_acid.h"
 
+#include "projectbase/water/speciation.h"
 #include "projectbase/water/water_properties.h"
 
 #include <algorithm>
@@ -12,11 +13,6 @@ namespace water {
 namespace {
 
 constexpr double kUnknown = std::numeric_limits<double>::quiet_NaN();
-
-double LogActivity(double celsius, double ionicStrength)
-{
-    return LogActivityOfUnitCharge(ionicStrength, DebyeHueckelA(celsius));
-}
 
 }  // namespace
 
@@ -37,20 +33,43 @@ CarbonicConstants CarbonicConstantsAt(double celsius)
     };
 }
 
+AcidConstants AcidConstantsAt(double celsius)
+{
+    return {.carbonic = CarbonicConstantsAt(celsius),
+            .pKw = IonicProductExponent(celsius),
+            .pKBisulfate = AssociationExponent(IonPair::HSo4, celsius),
+            .debyeHueckelA = DebyeHueckelA(celsius)};
+}
+
 Dissociation DissociationFromPh(double pH, double celsius, double ionicStrength)
 {
-    const double logGamma = LogActivity(celsius, ionicStrength);
+    return DissociationFromPh(pH, AcidConstantsAt(celsius), ionicStrength);
+}
+
+Dissociation DissociationFromPh(double pH, const AcidConstants& constants, double ionicStrength)
+{
+    const double logGamma = LogActivityOfUnitCharge(ionicStrength, constants.debyeHueckelA);
     return {.hydrogen = 1e3 * std::pow(10.0, -pH - logGamma),
-            .hydroxide = 1e3 * std::pow(10.0, pH - IonicProductExponent(celsius) - logGamma)};
+            .hydroxide = 1e3 * std::pow(10.0, pH - constants.pKw - logGamma)};
+}
+
+double BisulfateShare(double pH, const AcidConstants& constants, double ionicStrength)
+{
+    const double logGamma = LogActivityOfUnitCharge(ionicStrength, constants.debyeHueckelA);
+    const double ratio = std::pow(10.0, constants.pKBisulfate - pH + 3.0 * logGamma);
+    return ratio / (1.0 + ratio);
 }
 
 CarbonicEquilibrium::CarbonicEquilibrium(double pH, double celsius, double ionicStrength)
-    : m_water(DissociationFromPh(pH, celsius, ionicStrength))
+    : CarbonicEquilibrium(pH, AcidConstantsAt(celsius), ionicStrength)
+{}
+
+CarbonicEquilibrium::CarbonicEquilibrium(double pH, const AcidConstants& constants, double ionicStrength)
+    : m_water(DissociationFromPh(pH, constants, ionicStrength))
 {
-    const auto constants = CarbonicConstantsAt(celsius);
-    const double logGamma = LogActivity(celsius, ionicStrength);
-    m_co2 = std::pow(10.0, constants.pK1 - pH + logGamma);
-    m_carbonate = std::pow(10.0, pH - constants.pK2 - 3.0 * logGamma);
+    const double logGamma = LogActivityOfUnitCharge(ionicStrength, constants.debyeHueckelA);
+    m_co2 = std::pow(10.0, constants.carbonic.pK1 - pH + logGamma);
+    m_carbonate = std::pow(10.0, pH - constants.carbonic.pK2 - 3.0 * logGamma);
 }
 
 double CarbonicEquilibrium::BicarbonateFromAlkalinity(double alkalinity) const
@@ -70,7 +89,7 @@ double PhFromCo2(double co2, double bicarbonate, double celsius, double ionicStr
 {
     if (!(co2 > 0.0) || !(bicarbonate > 0.0))
         return kUnknown;
-    return CarbonicConstantsAt(celsius).pK1 + LogActivity(celsius, ionicStrength) +
+    return CarbonicConstantsAt(celsius).pK1 + LogActivityOfUnitCharge(ionicStrength, DebyeHueckelA(celsius)) +
            std::log10(bicarbonate / co2);
 }
 

@@ -19,6 +19,20 @@ struct CarbonicConstants
 };
 PROJECTBASE_EXPORT CarbonicConstants CarbonicConstantsAt(double celsius);
 
+/// The constants of everything in a water that takes up or gives off H+, at one temperature: looked up once
+/// for many questions.
+struct AcidConstants
+{
+    CarbonicConstants carbonic;
+    double pKw = 0.0;
+    double pKBisulfate = 0.0;  ///< HSO4- = H+ + SO4 2-; Nordstrom et al. 1990
+    double debyeHueckelA = 0.0;
+};
+PROJECTBASE_EXPORT AcidConstants AcidConstantsAt(double celsius);
+
+/// Below this pH a water holds no bicarbonate: it is where the titration of the m-value ends.
+inline constexpr double kLowestBicarbonatePh = 4.3;
+
 struct Dissociation
 {
     double hydrogen = 0.0;   ///< H+, mmol/l
@@ -26,12 +40,18 @@ struct Dissociation
 };
 /// [H+] = 10^-pH/γ and [OH-] = Kw/(10^-pH γ).
 PROJECTBASE_EXPORT Dissociation DissociationFromPh(double pH, double celsius, double ionicStrength);
+PROJECTBASE_EXPORT Dissociation DissociationFromPh(double pH, const AcidConstants& constants,
+                                                   double ionicStrength);
+
+/// Which part of sulfate is HSO4- at that pH: below 1 % above pH 4.
+PROJECTBASE_EXPORT double BisulfateShare(double pH, const AcidConstants& constants, double ionicStrength);
 
 /// The acid's forms at one pH, temperature and ionic strength, relative to bicarbonate.
 class PROJECTBASE_EXPORT CarbonicEquilibrium
 {
 public:
     CarbonicEquilibrium(double pH, double celsius, double ionicStrength);
+    CarbonicEquilibrium(double pH, const AcidConstants& constants, double ionicStrength);
 
     double Co2FromBicarbonate(double bicarbonate) const { return bicarbonate * m_co2; }
     double CarbonateFromBicarbonate(double bicarbonate) const { return bicarbonate * m_carbonate; }
@@ -39,6 +59,11 @@ public:
     /// From the m-value in meq/l; what H+ and OH- contribute to it is taken off. 0 in a water that is too
     /// acid for bicarbonate.
     double BicarbonateFromAlkalinity(double alkalinity) const;
+    /// From [HCO3] + 2[CO3] in meq/l.
+    double BicarbonateFromForms(double carbonateAlkalinity) const
+    {
+        return carbonateAlkalinity / (1.0 + 2.0 * m_carbonate);
+    }
     /// From the sum of CO2, HCO3 and CO3.
     double BicarbonateFromTotal(double totalInorganicCarbon) const;
 

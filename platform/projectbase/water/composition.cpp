@@ -17,7 +17,7 @@ std::optional<Species> SpeciesOfKey(std::string_view key)
 
 double IonicStrength(const Composition& composition)
 {
-    double sum = 0.0;
+    double sum = composition.boundHydrogen;
     for (std::size_t i = 0; i < kSpeciesCount; ++i)
         sum += composition.amounts[i] * kCharges[i] * kCharges[i];
     return 0.5e-3 * sum;
@@ -65,19 +65,19 @@ double CarbonateHardness(const Composition& composition)
 double AlkalinityM(const Composition& composition)
 {
     return composition[Species::Hco3] + 2.0 * composition[Species::Co3] + composition[Species::Oh] -
-           composition[Species::H];
+           composition[Species::H] - composition.boundHydrogen;
 }
 
 double AlkalinityP(const Composition& composition)
 {
     return composition[Species::Co3] + composition[Species::Oh] - composition[Species::Co2] -
-           composition[Species::H];
+           composition[Species::H] - composition.boundHydrogen;
 }
 
 double EquivalentMineralAcidity(const Composition& composition)
 {
     return composition[Species::Cl] + 2.0 * composition[Species::So4] + composition[Species::No3] +
-           composition[Species::F] + composition[Species::Br];
+           composition[Species::F] + composition[Species::Br] + composition[Species::Po4];
 }
 
 double DryResidue(double sumOfConstituents, double bicarbonate)

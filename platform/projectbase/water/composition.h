@@ -55,6 +55,7 @@ enum class Species : std::uint8_t
     No3 = PlaceOfSpecies("no3"),
     F = PlaceOfSpecies("f"),
     Br = PlaceOfSpecies("br"),
+    Po4 = PlaceOfSpecies("po4"),
     Oh = PlaceOfSpecies("oh.minus"),
     Sio2 = PlaceOfSpecies("sio2"),
     Co2 = PlaceOfSpecies("co2")
@@ -74,6 +75,8 @@ struct Composition
     std::array<double, kSpeciesCount> amounts{};
     /// H+ was found from the pH, so it is the free ion; else it is the total, part of which sulfate may bind.
     bool hydrogenIsFree = false;
+    /// mmol/l of H+ that sulfate binds as HSO4-, where H+ is the free ion. The sulfate itself is a total.
+    double boundHydrogen = 0.0;
 
     double& operator[](Species species) { return amounts[static_cast<std::size_t>(species)]; }
     double operator[](Species species) const { return amounts[static_cast<std::size_t>(species)]; }
@@ -106,13 +109,14 @@ PROJECTBASE_EXPORT double TotalHardness(const Composition& composition);
 /// mmol/l of hardness that bicarbonate can bind on heating: the smaller of hardness and half the alkalinity.
 PROJECTBASE_EXPORT double CarbonateHardness(const Composition& composition);
 
-/// meq/l, [HCO3] + 2[CO3] + [OH] - [H]: the m-value (acid demand to pH 4.3). Weak acids other than carbonic
-/// acid, negligible below pH 9, are left out.
+/// meq/l, [HCO3] + 2[CO3] + [OH] - [H] - [HSO4]: the m-value (acid demand to pH 4.3). Weak acids other than
+/// carbonic acid, negligible below pH 9, are left out.
 PROJECTBASE_EXPORT double AlkalinityM(const Composition& composition);
-/// meq/l, [CO3] + [OH] - [CO2] - [H]: the p-value (acid demand to pH 8.2); negative where base is needed.
+/// meq/l, [CO3] + [OH] - [CO2] - [H] - [HSO4]: the p-value (acid demand to pH 8.2); negative where base is
+/// needed.
 PROJECTBASE_EXPORT double AlkalinityP(const Composition& composition);
-/// meq/l of the anions of strong acids (Cl, SO4, NO3, F, Br): the acidity behind a strong-acid cation
-/// exchanger.
+/// meq/l of the anions of strong acids (Cl, SO4, NO3, F, Br, and one equivalent a mole of PO4): the acidity
+/// behind a strong-acid cation exchanger.
 PROJECTBASE_EXPORT double EquivalentMineralAcidity(const Composition& composition);
 
 /// mg/l of dry residue at 180 °C from the sum of all constituents, of which `bicarbonate` mg/l are HCO3: on

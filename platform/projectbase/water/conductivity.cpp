@@ -63,16 +63,12 @@ private:
     std::array<double, 4> m_factors{};
 };
 
-bool IsWithin(const Speciation& speciation, double maxStrength)
-{
-    return speciation.converged && speciation.ionicStrength <= maxStrength;
-}
-
 }  // namespace
 
 double Conductivity(const Speciation& speciation, double celsius)
 {
-    if (!IsWithin(speciation, kMaxConductivityStrength) || !IsLiquid(celsius))
+    if (!speciation.converged || !(speciation.stoichiometricStrength <= kMaxConductivityStrength) ||
+        !IsLiquid(celsius))
         return kUnknown;
     const Attenuation attenuation(speciation.ionicStrength, DebyeHueckelA(celsius));
     const double fluidity = Viscosity(25.0) / Viscosity(celsius);
@@ -97,7 +93,7 @@ double Conductivity(const Composition& composition, double celsius)
 
 double OsmoticPressure(const Speciation& speciation, double celsius)
 {
-    if (!IsWithin(speciation, kMaxOsmoticStrength) || !IsLiquid(celsius))
+    if (!speciation.converged || !(speciation.ionicStrength <= kMaxOsmoticStrength) || !IsLiquid(celsius))
         return kUnknown;
     const double density = Density(celsius);
     // Litres that hold 1 kg of water: dissolved salts take up 0.3 ml/g in the mean (NaCl 0.32, sea salt

@@ -9,7 +9,8 @@
 
 namespace water {
 
-/// Above this effective ionic strength (mol/l) the conductivity is not computed: there its error exceeds 5 %.
+/// Above this stoichiometric ionic strength (mol/l) the conductivity is not computed: there its error exceeds
+/// 5 %. Ion pairs, which lower the effective one, do not widen the range.
 inline constexpr double kMaxConductivityStrength = 1.0;
 /// Above this effective ionic strength (mol/l) the osmotic pressure is not computed.
 inline constexpr double kMaxOsmoticStrength = 2.0;

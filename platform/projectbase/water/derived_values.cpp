@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "core/ion_table.h"
 #include "core/ion_units.h"
+#include "projectbase/water/alkalinity.h"
 #include "projectbase/water/carbonic_acid.h"
 #include "projectbase/water/conductivity.h"
 #include "projectbase/water/ion_rows.h"
@@ -18,6 +19,11 @@ namespace {
 
 constexpr double kUnknown = std::numeric_limits<double>::quiet_NaN();
 
+double FiniteOrNone(double value)
+{
+    return std::isfinite(value) ? value : 0.0;
+}
+
 Species SpeciesOfRow(const DetailList& liquid, const IonRow& row)
 {
     if (row.species)
@@ -34,14 +40,29 @@ bool IsWaterIon(const IonRow& row)
 /// mmol/l, 0 where it is not known.
 double TypedOrCalculatedCo2(DetailList& liquid, const Composition& composition, double pH, double celsius)
 {
-    const double weight = ions::FindIon("co2")->molarMass;
-    DetailData& detail = liquid.At("liquid/co2.mgl");
     if (liquid.At("liquid/calculate.co2").GetBoolValue()) {
         const CarbonicEquilibrium equilibrium(pH, celsius, IonicStrength(composition));
-        detail.SetValue(equilibrium.Co2FromBicarbonate(composition[Species::Hco3]) * weight);
+        const double co2 = equilibrium.Co2FromBicarbonate(composition[Species::Hco3]);
+        liquid.At("liquid/co2.mgl")
+            .SetValue(ContradictsPh(composition, pH) ? kUnknown : co2 * ions::FindIon("co2")->molarMass);
     }
-    const double co2 = detail.GetDoubleValue() / weight;
-    return std::isfinite(co2) ? std::max(0.0, co2) : 0.0;
+    return Co2Of(liquid);
+}
+
+/// What is left to be closed once the ions that the pH brings along are counted.
+Closing ClosingBesidePh(const Totals& totals, double pH, double celsius)
+{
+    constexpr int kPasses = 3;  // each changes the amount by some percent of the last
+    Closing closing;
+    for (int pass = 0; pass < kPasses; ++pass) {
+        Composition closed = totals.composition;
+        closed[Species::Na] += closing.sodium;
+        closed[Species::Cl] += closing.chloride;
+        const PhIons ions = PhIonsIn(closed, pH, celsius);
+        closing = ClosingOf(totals.charges.cations - totals.charges.anions + ions.hydrogen + ions.bisulfate -
+                            ions.hydroxide);
+    }
+    return closing;
 }
 
 /// Sets the normalised ions of a short analysis. Returns false where there is no solution.
@@ -61,19 +82,19 @@ bool ApplyShortAnalysis(DetailList& liquid, bool fromTds)
 }
 
 /// Adds the amounts that close the balance to everything but the charge sums.
-void CloseBalance(Totals& totals, double sodium, double chloride)
+void CloseBalance(Totals& totals, const Closing& closing)
 {
-    totals.composition[Species::Na] += sodium;
-    totals.composition[Species::Cl] += chloride;
-    totals.mass +=
-        sodium * ions::FindIon("na")->equivalentWeight + chloride * ions::FindIon("cl")->equivalentWeight;
+    totals.composition[Species::Na] += closing.sodium;
+    totals.composition[Species::Cl] += closing.chloride;
+    totals.mass += closing.sodium * ions::FindIon("na")->equivalentWeight +
+                   closing.chloride * ions::FindIon("cl")->equivalentWeight;
 }
 
 void SetUnknown(DetailList& liquid)
 {
-    for (const auto* key :
-         {"liquid/sum.c.meql", "liquid/sum.a.meql", "liquid/na.plus.meql", "liquid/cl.plus.meql",
-          "liquid/tds", "liquid/ionic.strength", "liquid/cond", "liquid/cond25", "liquid/p.osmotic"})
+    for (const auto* key : {"liquid/sum.c.meql", "liquid/sum.a.meql", "liquid/na.plus.meql",
+                            "liquid/cl.plus.meql", "liquid/tds", "liquid/ionic.strength", "liquid/cond",
+                            "liquid/cond25", "liquid/p.osmotic", "liquid/residue", "liquid/balance.error"})
         liquid.At(key).SetValue(kUnknown);
     // What was calculated before would stay else.
     if (liquid.At("liquid/calculate.co2").GetBoolValue())
@@ -87,6 +108,20 @@ void SetPhysicalValues(DetailList& liquid, const Composition& composition, doubl
     liquid.At("liquid/cond").SetValue(Conductivity(speciation, celsius));
     liquid.At("liquid/cond25").SetValue(Conductivity(composition, 25.0));
     liquid.At("liquid/p.osmotic").SetValue(OsmoticPressure(speciation, celsius));
+}
+
+/// Hardness, alkalinity and acidity, of which a short analysis knows nothing.
+void SetEquivalents(DetailList& liquid, const Composition& composition, bool isShort)
+{
+    const auto set = [&](const char* key, double value) {
+        liquid.At(key).SetValue(isShort ? kUnknown : value);
+    };
+    constexpr double kMeqPerMmol = 2.0;
+    set("liquid/hardness.total", kMeqPerMmol * TotalHardness(composition));
+    set("liquid/hardness.carbonate", kMeqPerMmol * CarbonateHardness(composition));
+    set("liquid/alkalinity.m", AlkalinityM(composition));
+    set("liquid/alkalinity.p", isShort ? kUnknown : AlkalinityPOf(liquid, composition));
+    set("liquid/ema", EquivalentMineralAcidity(composition));
 }
 
 void FillRow(DetailList& liquid, std::string_view ion, double meq)
@@ -126,76 +161,142 @@ Totals AddIons(const DetailList& liquid, bool withWaterIons)
     return totals;
 }
 
-Dissociation DissociationIn(const Composition& others, double pH, double celsius)
+double PhOf(const DetailList& liquid)
 {
-    const double strength = IonicStrength(others);
-    Dissociation result = DissociationFromPh(pH, celsius, strength);
-    for (int pass = 0; pass < 4; ++pass)
-        result = DissociationFromPh(pH, celsius, strength + 0.5e-3 * (result.hydrogen + result.hydroxide));
-    return result;
+    const double alkalised = liquid.At("liquid/alk.ph").GetDoubleValue();
+    return std::isfinite(alkalised) ? alkalised : liquid.At("liquid/ph").GetDoubleValue();
 }
 
-/// Adds H+ and OH- as they follow from the pH, where it is known and their rows do not state them.
+double Co2Of(const DetailList& liquid)
+{
+    const double co2 = liquid.At("liquid/co2.mgl").GetDoubleValue() / ions::FindIon("co2")->molarMass;
+    return std::isfinite(co2) ? std::max(0.0, co2) : 0.0;
+}
+
+bool ContradictsPh(const Composition& composition, double pH)
+{
+    return pH < kLowestBicarbonatePh && (composition[Species::Hco3] > 0.0 || composition[Species::Co3] > 0.0);
+}
+
+PhIons PhIonsIn(const Composition& others, double pH, double celsius)
+{
+    constexpr int kPasses = 5;
+    const AcidConstants constants = AcidConstantsAt(celsius);
+    const double strength = IonicStrength(others);
+    const double sulfate = others[Species::So4];
+    PhIons ions;
+    for (int pass = 0; pass < kPasses; ++pass) {
+        const double whole = strength + 0.5e-3 * (ions.hydrogen + ions.hydroxide - 3.0 * ions.bisulfate);
+        const Dissociation free = DissociationFromPh(pH, constants, whole);
+        ions = {free.hydrogen, free.hydroxide,
+                sulfate > 0.0 ? sulfate * BisulfateShare(pH, constants, whole) : 0.0};
+    }
+    return ions;
+}
+
+Closing ClosingOf(double cationsLessAnions)
+{
+    return {std::max(0.0, -cationsLessAnions), std::max(0.0, cationsLessAnions)};
+}
+
+void SetIon(DetailList& liquid, std::string_view ion, double meq)
+{
+    const IonRow& row = *FindIonRow(ion);
+    liquid.At(row.meql).SetValue(meq);
+    liquid.At(row.mgl).SetValue(meq * ions::FindIon(ion)->equivalentWeight);
+}
+
+bool HasIonsOfPh(const DetailList& liquid)
+{
+    return !liquid.At("liquid/balance.ph").GetBoolValue() && std::isfinite(PhOf(liquid));
+}
+
+double TemperatureOf(const DetailList& liquid)
+{
+    const double celsius = liquid.At("liquid/temp").GetDoubleValue();
+    return std::isfinite(celsius) ? celsius : 25.0;
+}
+
+namespace {
+
+/// Adds H+ and OH- as they follow from the pH, or OH- as a titration found it.
 void AddIonsOfPh(const DetailList& liquid, Composition& composition)
 {
-    const double pH = liquid.At("liquid/ph").GetDoubleValue();
-    if (liquid.At("liquid/balance.ph").GetBoolValue() || !std::isfinite(pH))
+    if (!HasIonsOfPh(liquid)) {
+        if (!liquid.At("liquid/balance.ph").GetBoolValue() && IsAlkalinityReported(liquid))
+            composition[Species::Oh] = FormsByTitration(*ReportedAlkalinity(liquid, 'm'),
+                                                        ReportedAlkalinity(liquid, 'p').value_or(0.0))
+                                           .hydroxide;
         return;
-    const double celsius = liquid.At("liquid/temp").GetDoubleValue();
-    const auto ionsOfWater = DissociationIn(composition, pH, std::isfinite(celsius) ? celsius : 25.0);
-    composition[Species::H] = ionsOfWater.hydrogen;
-    composition[Species::Oh] = ionsOfWater.hydroxide;
+    }
+    const PhIons ions = PhIonsIn(composition, PhOf(liquid), TemperatureOf(liquid));
+    composition[Species::H] = ions.hydrogen;
+    composition[Species::Oh] = ions.hydroxide;
+    composition.boundHydrogen = ions.bisulfate;
     composition.hydrogenIsFree = true;
 }
+
+}  // namespace
 
 void UpdateDerivedValues(DetailList& liquid)
 {
     const std::string type = liquid.At("liquid/analysis.type").GetStdStringValue();
     const bool fromTds = type == "SHORT_TDS";
     const bool isShort = fromTds || type == "SHORT_COND";
-    if (isShort && !ApplyShortAnalysis(liquid, fromTds))
-        return SetUnknown(liquid);
+    if (isShort && !ApplyShortAnalysis(liquid, fromTds)) {
+        SetUnknown(liquid);
+        return SetEquivalents(liquid, {}, true);
+    }
 
-    const bool withWaterIons = liquid.At("liquid/balance.ph").GetBoolValue();
+    if (!isShort)
+        SplitReportedAlkalinity(liquid);
+
     const double celsius = liquid.At("liquid/temp").GetDoubleValue();
-    const double alkalised = liquid.At("liquid/alk.ph").GetDoubleValue();
-    const double pH = std::isfinite(alkalised) ? alkalised : liquid.At("liquid/ph").GetDoubleValue();
+    const bool isClosed = liquid.At("liquid/balance.auto").GetBoolValue();
 
-    Totals totals = AddIons(liquid, withWaterIons);
-    const double sodium = std::max(0.0, totals.charges.anions - totals.charges.cations);
-    const double chloride = std::max(0.0, totals.charges.cations - totals.charges.anions);
-    if (liquid.At("liquid/balance.auto").GetBoolValue())
-        CloseBalance(totals, sodium, chloride);
+    Totals totals = AddIons(liquid, liquid.At("liquid/balance.ph").GetBoolValue());
+    const Closing closing = isClosed && !isShort && HasIonsOfPh(liquid)
+                                ? ClosingBesidePh(totals, PhOf(liquid), TemperatureOf(liquid))
+                                : ClosingOf(totals.charges.cations - totals.charges.anions);
+    if (isClosed)
+        CloseBalance(totals, closing);
 
     Composition& composition = totals.composition;
-    const double co2 = TypedOrCalculatedCo2(liquid, composition, pH, celsius);
-    if (!isShort)
+    const double co2 = TypedOrCalculatedCo2(liquid, composition, PhOf(liquid), celsius);
+    if (!isShort) {
         composition[Species::Co2] = co2;
-    if (!isShort)
         AddIonsOfPh(liquid, composition);
+    }
 
     liquid.At("liquid/sum.c.meql").SetValue(totals.charges.cations);
     liquid.At("liquid/sum.a.meql").SetValue(totals.charges.anions);
-    liquid.At("liquid/na.plus.meql").SetValue(sodium);
-    liquid.At("liquid/cl.plus.meql").SetValue(chloride);
+    liquid.At("liquid/na.plus.meql").SetValue(closing.sodium);
+    liquid.At("liquid/cl.plus.meql").SetValue(closing.chloride);
+    liquid.At("liquid/balance.error").SetValue(ElectroneutralityError(totals.charges));
     liquid.At("liquid/tds").SetValue(totals.mass);
+    liquid.At("liquid/residue")
+        .SetValue(DryResidue(totals.mass, FiniteOrNone(liquid.At("liquid/hco3.mgl").GetDoubleValue())));
+    SetEquivalents(liquid, composition, isShort);
     SetPhysicalValues(liquid, composition, celsius);
 }
 
-Composition AnalysedComposition(const DetailList& liquid)
+Composition WholeComposition(const DetailList& liquid)
 {
-    Composition composition = AddIons(liquid, liquid.At("liquid/balance.ph").GetBoolValue()).composition;
-    AddIonsOfPh(liquid, composition);
-    return composition;
+    Totals totals = AddIons(liquid, liquid.At("liquid/balance.ph").GetBoolValue());
+    if (liquid.At("liquid/balance.auto").GetBoolValue())
+        CloseBalance(totals, {liquid.At("liquid/na.plus.meql").GetDoubleValue(),
+                              liquid.At("liquid/cl.plus.meql").GetDoubleValue()});
+    AddIonsOfPh(liquid, totals.composition);
+    return totals.composition;
 }
 
 bool FillHydrogenAndHydroxide(DetailList& liquid)
 {
     const Composition others = AddIons(liquid, false).composition;
-    const auto found = DissociationIn(others, liquid.At("liquid/ph").GetDoubleValue(),
-                                      liquid.At("liquid/temp").GetDoubleValue());
+    const PhIons found =
+        PhIonsIn(others, liquid.At("liquid/ph").GetDoubleValue(), liquid.At("liquid/temp").GetDoubleValue());
     const bool known = std::isfinite(found.hydrogen) && std::isfinite(found.hydroxide);
-    FillRow(liquid, "h.plus", known ? found.hydrogen : 0.0);
+    FillRow(liquid, "h.plus", known ? found.hydrogen + found.bisulfate : 0.0);
     FillRow(liquid, "oh.minus", known ? found.hydroxide : 0.0);
     return known;
 }

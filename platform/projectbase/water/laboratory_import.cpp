@@ -25,16 +25,24 @@ struct Place
     std::string unitKey;
 };
 
+bool IsAlkalinity(std::string_view target)
+{
+    return target.starts_with("alkalinity.");
+}
+
 Place PlaceOf(const std::string& target)
 {
     const std::string prefix = "liquid/" + target;
-    const bool hasUnit = target == "temp" || target == "co2" || FindIonRow(target) != nullptr;
+    const bool hasUnit =
+        target == "temp" || target == "co2" || IsAlkalinity(target) || FindIonRow(target) != nullptr;
     return hasUnit ? Place{prefix + ".orig", prefix + ".unit"} : Place{prefix, {}};
 }
 
 /// A unit that the choices of the analysis offer; temperatures have their own.
 bool IsOffered(const std::string& unit, const std::string& target)
 {
+    if (IsAlkalinity(target))
+        return std::ranges::find(ions::kAlkalinityUnits, unit) != ions::kAlkalinityUnits.end();
     return target == "temp" ||
            std::find(ions::kIonUnits.begin(), ions::kIonUnits.end(), unit) != ions::kIonUnits.end();
 }
@@ -64,7 +72,7 @@ std::vector<TakenValue> TakeSample(const laboratory::File& file, std::size_t sam
         const bool isTaken = std::any_of(values.begin(), values.end(),
                                          [&](const TakenValue& value) { return value.key == place.key; });
         if (!number || isTaken || liquid.GetDetail(place.key) == nullptr ||
-            (*number < 0.0 && parameter.target != "temp") ||
+            (*number < 0.0 && parameter.target != "temp" && !IsAlkalinity(parameter.target)) ||
             (!place.unitKey.empty() && !IsOffered(parameter.unit, parameter.target)))
             continue;
         values.push_back({i, place.key, place.unitKey, *number, parameter.unit});
@@ -77,7 +85,8 @@ void StoreSample(const std::vector<TakenValue>& values, DetailList& liquid, bool
     if (clearOthers) {
         for (const IonRow& row : IonRows())
             liquid.At(row.orig).SetValue(0.0);
-        liquid.At("liquid/co2.orig").SetValue(0.0);
+        for (const char* value : {"liquid/co2.orig", "liquid/alkalinity.m.orig", "liquid/alkalinity.p.orig"})
+            liquid.At(value).SetValue(0.0);
         for (const char* property : kProperties)
             liquid.At(std::string("liquid/") + property).SetValue(kUnknown);
     }
@@ -100,6 +109,8 @@ std::string WriteLaboratoryFile(const DetailList& liquid)
     }
     Append(values, liquid, "Temperature", PlaceOf("temp"));
     Append(values, liquid, "pH", PlaceOf("ph"));
+    Append(values, liquid, "m-value", PlaceOf("alkalinity.m"));
+    Append(values, liquid, "p-value", PlaceOf("alkalinity.p"));
     for (const IonRow& row : IonRows())
         if (!row.isNamed && row.ion != "h.plus" && row.ion != "oh.minus")
             Append(values, liquid, row.ion, {row.orig, row.unit});

@@ -24,7 +24,7 @@ struct TakenValue
 
 /// The numbers of a sample that the water can hold. A parameter that the file has twice counts once, the
 /// first time that it has a number; negative numbers, as of values below a detection limit, are left out
-/// except of temperatures.
+/// except of temperatures and alkalinities.
 PROJECTBASE_EXPORT std::vector<TakenValue> TakeSample(const laboratory::File& file, std::size_t sample,
                                                       const DetailList& liquid);
 

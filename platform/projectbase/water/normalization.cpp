@@ -7,7 +7,10 @@
 #include "projectbase/units/temperature.h"
 #include "projectbase/water/ion_rows.h"
 
+#include <algorithm>
+#include <cmath>
 #include <limits>
+#include <utility>
 
 namespace water {
 
@@ -61,8 +64,11 @@ void NormalizeEveryIon(DetailList& liquid)
 {
     for (const char* key : {"liquid/alk.ph", "liquid/alk.dosed"})
         liquid.At(key).SetValue(kUnknown);
-    for (const char* key : {"liquid/alk.cation.meql", "liquid/alk.cation.mgl"})
-        liquid.At(key).SetValue(0.0);
+    for (const auto& [cation, brought] : {std::pair("liquid/alk.cation.meql", "liquid/amine.meql"),
+                                          std::pair("liquid/alk.cation.mgl", "liquid/amine.mgl")}) {
+        const double amount = liquid.At(brought).GetDoubleValue();
+        liquid.At(cation).SetValue(std::isfinite(amount) ? std::max(0.0, amount) : 0.0);
+    }
     if (!liquid.At("liquid/balance.ph").GetBoolValue())
         ResetHydrogenAndHydroxide(liquid);
     for (const IonRow& row : IonRows())

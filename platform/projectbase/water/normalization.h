@@ -27,18 +27,21 @@ PROJECTBASE_EXPORT void NormalizeEveryIon(DetailList& liquid);
 
 /// Refreshes what follows from the normalised ions.
 ///
+/// - Bicarbonate and carbonate where an m-value was reported in their place (water/alkalinity.h).
 /// - Charge sums, without silica, boron and CO2; H+ and OH- only with "liquid/balance.ph". The amounts that
-/// close the
-///   balance are always shown; with "liquid/balance.auto" they count in every derived value, though not in
-///   the sums.
-/// - TDS: sum of all masses in mg/l, CO2 apart; 0 for a water in which nothing was typed.
-/// - Ionic strength, conductivity, osmotic pressure: while the rows of H+ and OH- take no part, both ions
-/// count here
-///   with the amounts that follow from the pH, so that acid water conducts as it does, and pure water of
-///   known pH has its own conductivity; with an unknown pH they are left out. The conductivity at 25 °C is
-///   that of the same amounts.
-/// - An alkalised water has the pH that the alkalization gave it ("liquid/alk.ph").
-/// - CO2 where it is calculated: not a number while the pH or the temperature is unknown.
+///   close the balance are always shown; with "liquid/balance.auto" they count in every derived value, though
+///   not in the sums, and close only what H+, OH- and HSO4- of the pH leave open, so that nothing counts
+///   twice.
+/// - TDS: sum of all masses in mg/l, CO2 apart; 0 for a water in which nothing was typed. The dry residue
+///   follows from it.
+/// - Ionic strength, conductivity, osmotic pressure, m- and p-value: while the rows of H+ and OH- take no
+///   part, both ions count here with the amounts that follow from the pH, so that acid water conducts as it
+///   does, and pure water of known pH has its own conductivity; with an unknown pH they are left out. The
+///   conductivity at 25 °C is that of the same amounts.
+/// - Hardness, m- and p-value and equivalent mineral acidity are not a number for a short analysis.
+/// - An alkalised water has the pH that the alkalization gave it ("liquid/alk.ph"), in all of this.
+/// - CO2 where it is calculated: not a number while the pH or the temperature is unknown, or the pH is one at
+///   which water holds none of the bicarbonate that is stated.
 /// - A short analysis ("SHORT_TDS", "SHORT_COND") replaces the normalised ions by sodium and chloride alone;
 /// what was
 ///   typed stays in ".orig" for the day the full analysis is wanted again, and the pH plays no part. Where no
@@ -48,9 +51,10 @@ PROJECTBASE_EXPORT void NormalizeEveryIon(DetailList& liquid);
 /// unknown, as does a concentration beyond the range of the methods.
 PROJECTBASE_EXPORT void UpdateDerivedValues(DetailList& liquid);
 
-/// The normalised ions of a full analysis as amounts, without what closes the balance and without CO2; H+ and
-/// OH- as stated with "liquid/balance.ph", otherwise as they follow from the pH.
-PROJECTBASE_EXPORT Composition AnalysedComposition(const DetailList& liquid);
+/// All that a full analysis holds as treated, CO2 apart, in mmol/l: its ions, with "liquid/balance.auto" what
+/// closes its balance, H+ and OH- as stated with "liquid/balance.ph", otherwise as they follow from the pH.
+/// To be asked of a water whose derived values are up to date.
+PROJECTBASE_EXPORT Composition WholeComposition(const DetailList& liquid);
 
 /// Fills the rows of H+ and OH- from pH and temperature: to be called once when "liquid/balance.ph" is
 /// switched on; values typed afterwards stay. Returns false and sets both to 0 while the pH or the

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace water {
 
@@ -37,9 +38,9 @@ constexpr std::size_t Index(Species species)
     return static_cast<std::size_t>(species);
 }
 
-double LogConstant(std::size_t pair, double kelvin)
+double LogConstant(IonPair pair, double kelvin)
 {
-    switch (static_cast<IonPair>(pair)) {
+    switch (pair) {
         case IonPair::CaHco3:
             return 1209.120 + 0.31294 * kelvin - 34765.05 / kelvin - 478.782 * std::log10(kelvin);
         case IonPair::CaCo3:
@@ -48,8 +49,8 @@ double LogConstant(std::size_t pair, double kelvin)
             break;
     }
     constexpr double kGasKilocalories = 1.98720e-3;
-    return kPairs[pair].logK25 -
-           kPairs[pair].enthalpy / (2.302585 * kGasKilocalories) * (1.0 / kelvin - 1.0 / 298.15);
+    const PairRow& row = kPairs[static_cast<std::size_t>(pair)];
+    return row.logK25 - row.enthalpy / (2.302585 * kGasKilocalories) * (1.0 / kelvin - 1.0 / 298.15);
 }
 
 /// z² of what goes into the pair less z² of the pair: the power of γ in its conditional constant.
@@ -120,6 +121,12 @@ void Pass(Speciation& state, const Constants& constants, const Amounts& totals, 
 
 }  // namespace
 
+double AssociationExponent(IonPair pair, double celsius)
+{
+    return IsLiquid(celsius) ? LogConstant(pair, celsius + kZeroCelsius)
+                             : std::numeric_limits<double>::quiet_NaN();
+}
+
 Speciation Speciate(const Composition& composition, double celsius)
 {
     Speciation state;
@@ -130,6 +137,7 @@ Speciation Speciate(const Composition& composition, double celsius)
     for (double& amount : totals)
         amount *= 1e-3;
     state.free = totals;
+    state.stoichiometricStrength = IonicStrength(composition);
     state.dissolvedMass = 1e-3 * DissolvedMass(composition);
     state.ionicStrength = EffectiveIonicStrength(state);
     if (!HasPairs(totals)) {
@@ -141,7 +149,7 @@ Speciation Speciate(const Composition& composition, double celsius)
     const double a = DebyeHueckelA(celsius);
     Constants constants;
     for (std::size_t p = 0; p < kIonPairCount; ++p)
-        constants[p] = std::pow(10.0, LogConstant(p, kelvin));
+        constants[p] = std::pow(10.0, LogConstant(static_cast<IonPair>(p), kelvin));
 
     constexpr int kMaxPasses = 200;
     constexpr double kTolerance = 1e-9;

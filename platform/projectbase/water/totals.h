@@ -20,7 +20,40 @@ struct Totals
 /// also the rows of H+ and OH-.
 Totals AddIons(const DetailList& liquid, bool withWaterIons);
 
-/// H+ and OH- at that pH in a water that holds the other ions; they add to the ionic strength themselves.
-Dissociation DissociationIn(const Composition& others, double pH, double celsius);
+/// The pH of the water as treated: the one that an alkalization gave it, else the typed one.
+double PhOf(const DetailList& liquid);
+
+/// mmol/l; unknown counts as none.
+double Co2Of(const DetailList& liquid);
+
+/// Whether the pH is one at which water holds none of the bicarbonate or carbonate that is stated.
+bool ContradictsPh(const Composition& composition, double pH);
+
+/// What a pH says about the ions of water in a water that holds the others, mmol/l; they add to the ionic
+/// strength themselves.
+struct PhIons
+{
+    double hydrogen = 0.0;  ///< free
+    double hydroxide = 0.0;
+    double bisulfate = 0.0;  ///< H+ that sulfate binds
+};
+PhIons PhIonsIn(const Composition& others, double pH, double celsius);
+
+/// What closes a balance, meq/l.
+struct Closing
+{
+    double sodium = 0.0;
+    double chloride = 0.0;
+};
+Closing ClosingOf(double cationsLessAnions);
+
+/// Whether H+ and OH- are those of the pH, as their rows do not state them.
+bool HasIonsOfPh(const DetailList& liquid);
+
+/// °C; the ions of a pH are looked up at 25 °C where the temperature is unknown.
+double TemperatureOf(const DetailList& liquid);
+
+/// Sets the normalised amount of an ion.
+void SetIon(DetailList& liquid, std::string_view ion, double meq);
 
 }  // namespace water

@@ -9,6 +9,7 @@ namespace water {
 namespace {
 
 constexpr double kUnknown = std::numeric_limits<double>::quiet_NaN();
+constexpr double kHarnedOwenEnd = 60.0;  // °C
 
 double KellDensity(double t)
 {
@@ -61,9 +62,15 @@ double IonicProductExponent(double celsius)
     if (!IsLiquid(celsius))
         return kUnknown;
     const double kelvin = celsius + kZeroCelsius;
-    if (celsius <= 60.0)
-        return 4470.99 / kelvin - 6.0875 + 0.01706 * kelvin;
-    return -MarshallFranckLogKw(kelvin, KellDensity(celsius) / 1000.0);
+    const auto harnedOwen = [](double t) { return 4470.99 / t - 6.0875 + 0.01706 * t; };
+    if (celsius <= kHarnedOwenEnd)
+        return harnedOwen(kelvin);
+    // What the formulas differ by where they meet fades out towards 100 °C.
+    static const double kDifference =
+        harnedOwen(kHarnedOwenEnd + kZeroCelsius) +
+        MarshallFranckLogKw(kHarnedOwenEnd + kZeroCelsius, KellDensity(kHarnedOwenEnd) / 1000.0);
+    return kDifference * (100.0 - celsius) / (100.0 - kHarnedOwenEnd) -
+           MarshallFranckLogKw(kelvin, KellDensity(celsius) / 1000.0);
 }
 
 double LogActivityOfUnitCharge(double ionicStrength, double debyeHueckelA)

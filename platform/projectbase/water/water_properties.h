@@ -31,7 +31,8 @@ PROJECTBASE_EXPORT double Permittivity(double celsius);
 PROJECTBASE_EXPORT double DebyeHueckelA(double celsius);
 
 /// Negative decadic logarithm of the ionic product of water. Harned & Owen 1958 up to 60 °C (±0.003); above
-/// it Marshall & Franck 1981, J. Phys. Chem. Ref. Data 10:295 (0-1000 °C).
+/// it Marshall & Franck 1981, J. Phys. Chem. Ref. Data 10:295 (0-1000 °C), brought to meet the former at 60
+/// °C, where they differ by 0.02.
 PROJECTBASE_EXPORT double IonicProductExponent(double celsius);
 
 /// log10 of the activity coefficient of a monovalent ion; that of an ion of charge z is z² times as large.

@@ -83,6 +83,41 @@ TEST_F(Calc, PrintsATableOfWhatIsThere)
     EXPECT_EQ(result.err, "");
 }
 
+TEST_F(Calc, TellsOfAlkalinityAndItsContradictions)
+{
+    const Result result = Run({m_path, "--set", "alkalinity.m=2.1mmol/l", "--set", "alkalinity.p=0.6 mmol/l",
+                               "--set", "ph=8.3", "--set", "ca=1.5meq/l", "--set", "cl=0.4meq/l"});
+    EXPECT_EQ(result.code, 0) << result.err;
+    for (const char* line :
+         {"\n  m-value +2\\.1 mmol/l\n", "\n  Total hardness +1\\.5 meq/l\n",
+          "\n  Equivalent acidity +0\\.4 meq/l\n", "\n  Dry residue at 180 \u00b0C +[0-9.]+ mg/l\n",
+          "\n  Balance error +-?[0-9.]+ %\n", "\n  p-value +-?0\\.0[0-9]+ mmol/l\n"})
+        EXPECT_THAT(result.out, ContainsRegex(line));
+    EXPECT_THAT(result.err, HasSubstr("p-value 0.6 mmol/l does not go with pH and m-value, which give "));
+    EXPECT_THAT(Run({m_path, "--set", "hco3=61mg/l", "--set", "ph=3"}).err,
+                HasSubstr("pH 3 does not go with bicarbonate, which water holds only above 4.3"));
+    EXPECT_EQ(Run({m_path, "--set", "alkalinity.m=2mg/l"}).code, 1) << "milligrams of what?";
+}
+
+TEST_F(Calc, MixesAnyNumberOfWatersByFlow)
+{
+    const auto project = ProjectFile::Load(m_path);
+    const std::string first = project->GetLiquid(0).GetName();
+    project->AddLiquid("Blend");
+    ProjectFile::Save(*project, m_path);
+    const std::string recipe = "water.3:blend.parts=30 " + first + "; 10 Second water; 60 " + first;
+    const Result result =
+        Run({m_path, "--json", "--set", "1:na=4meq/l", "--set", recipe, "--set", "water.3:blend.mode=FLOW"});
+    ASSERT_EQ(result.code, 0) << result.err;
+    EXPECT_NEAR(std::stod(Value(result, "liquid/na.meql", 2)), 1.3, 1e-12) << "90 % of 1, 10 % of 4";
+    // The text of a project keeps its recipe.
+    support::WriteBytes(m_folder / "blend.json", result.out);
+    const Result again = Run({(m_folder / "blend.json").string(), "--json", "--set", "0:na=2meq/l"});
+    EXPECT_NEAR(std::stod(Value(again, "liquid/na.meql", 2)), 2.2, 1e-12) << again.err;
+    EXPECT_EQ(Run({m_path, "--set", "water.3:blend.parts=all of it"}).code, 1);
+    EXPECT_EQ(Run({m_path, "--set", "water.3:blend.mode=GUESS"}).code, 1);
+}
+
 TEST_F(Calc, ShowsTheUnitSystemOfTheProject)
 {
     const auto project = ProjectFile::Load(m_path);
@@ -108,6 +143,9 @@ TEST_F(Calc, SetsValuesInTheirUnits)
         {"ca=2\u00b0f", "liquid/ca.meql", "0.4", 0},
         {"mg=+1e1mgCaCO3/l", "liquid/mg.meql", "0.2", 0},
         {"temp=68\u00b0F", "liquid/temp", "20", 0},
+        {"alkalinity.m=125mgCaCO3/l", "liquid/hco3.meql", "2.5", 0},
+        {"alkalinity.m=1.5", "liquid/alkalinity.m", "1.5", 0},
+        {"mg=1.5meq/l", "liquid/hardness.total", "1.5", 0},
         {"temp.orig=293.15 K", "liquid/temp", "20", 0},
         {"temp=20", "liquid/temp", "20", 0},
         {"ph=7.5", "liquid/ph", "7.5", 0},

@@ -134,6 +134,15 @@ TEST_F(WaterReportTest, ConvertsPropertiesToTheUnitSystem)
     EXPECT_THAT(Page(1), ContainsRegex("Equivalent mineral acidity\\|1\\.5\\|\\|4\\.2[0-9]*\\|75"));
 }
 
+TEST_F(WaterReportTest, ShowsAReportedAlkalinityInPlaceOfBicarbonate)
+{
+    Type("hco3", 5.0, "mg/l");
+    Type("alkalinity.m", 7.0, "\u00b0d");
+    EXPECT_THAT(Page(1), AllOf(HasSubstr("m-value|7|\u00b0d|"), Not(HasSubstr("p-value|"))));
+    EXPECT_THAT(Page(0), ContainsRegex("HCO3\\|\\|\\|152\\.[0-9]*\\|2\\.5")) << "not what was typed for it";
+    EXPECT_THAT(Page(1), ContainsRegex("m-value\\)\\|2\\.5\\|\\|7\\|125"));
+}
+
 TEST_F(WaterReportTest, CountsTheAcidOfThePhAgainstTheAlkalinity)
 {
     Type("hco3", 0.0, "mg/l");
@@ -176,7 +185,7 @@ TEST_F(WaterReportTest, TellsOfAlkalizationAndBlend)
     blend.FindDetail("liquid/blend.first")->SetValue("Feed water");
     blend.FindDetail("liquid/blend.second")->SetValue("Well");
     blend.FindDetail("liquid/blend.share")->SetValue(30.0);
-    EXPECT_NE(Page(4).find("Blend: 30 % Feed water, Well\n"), std::string::npos);
+    EXPECT_NE(Page(4).find("Blend: 30 % Feed water, 70 % Well\n"), std::string::npos);
 }
 
 TEST_F(WaterReportTest, TheFeedHasAPageOnceItHasCompounds)

@@ -53,6 +53,13 @@ TEST(LaboratoryFile, ReadsWhateverFormTheTableHas)
              Case{"mmol of arsenic, and of what carries no charge",
                   "As(V) [mmol/l],Boron [mmol/l],CO2 in \u00b5mol/l\n2,3,500\n",
                   "as5=6.000 meq/l;b=32.43 mg/l;co2=22.00 mg/l;"},
+             Case{
+                 "alkalinities",
+                 "m-Wert [mmol/l];KS8,2 (mval/l);S\u00e4urekapazit\u00e4t bis pH 4,3 [\u00b0d]\n2,5;-0,3;7\n",
+                 "alkalinity.m=2.500 mmol/l;alkalinity.p=-0.30 mmol/l;alkalinity.m=7.000 \u00b0d;"},
+             Case{"alkalinity as what it is stated",
+                  "Total alkalinity [mg/l CaCO3],p-value [ppm as CaCO3],Alkalinity [mg/l]\n100,5,1\n",
+                  "alkalinity.m=100.0 ppm CaCO3;alkalinity.p=5.000 ppm CaCO3;alkalinity.m=1.000 !mg/l;"},
              Case{"unknown unit", "Ca [furlong],pH\n1,7\n", "ca=1.000 !furlong;ph=7.000 ;"},
              Case{"text in numbers", "Ca [mg/l],Na [mg/l],K [mg/l]\n<0.1,n.d.,\n",
                   "ca=? mg/l;na=? mg/l;k=? mg/l;"},

@@ -93,6 +93,8 @@ OthersBox::OthersBox(wxWindow* parent, FieldSet& fields, const std::vector<wxStr
     for (const PropertyRow& row : kMainProperties)
         AddProperty(m_fields, GetStaticBox(), *grid, row);
     m_ph = m_fields.FindField("liquid/ph");
+    for (const AlkalinityRow& row : kAlkalinityRows)
+        AddAlkalinity(*grid, row);
     AddCo2(*grid, co2Units);
     Add(grid, wxSizerFlags().Border(wxALL, parent->FromDIP(form::kGap)));
     AddButtons();
@@ -122,6 +124,23 @@ void OthersBox::AddTemperature(wxSizer& grid)
     grid.Add(m_fields.AddResult(box, {.key = "liquid/temp", .label = label, .unit = celsius, .precision = 4}),
              Cell());
     grid.Add(m_fields.AddUnitLabel(box, celsius, true), Cell());
+}
+
+void OthersBox::AddAlkalinity(wxSizer& grid, const AlkalinityRow& row)
+{
+    wxWindow* box = GetStaticBox();
+    const wxString label(row.label);
+    grid.Add(m_fields.AddLabel(box, label, ":"), Cell());
+    m_alkalinities.push_back(m_fields.AddInput(box, {.key = row.key,
+                                                     .label = label,
+                                                     .unitKey = row.unitKey,
+                                                     .validatorFlags = ZeroAsEmpty | ShowPreciseValue,
+                                                     .precision = 6,
+                                                     .inIsoUnits = true}));
+    grid.Add(m_alkalinities.back(), Cell());
+    m_alkalinityUnits.push_back(
+        m_fields.AddUnitChoice(box, row.unitKey, water_units::OfAlkalinities(), label));
+    grid.Add(m_alkalinityUnits.back(), Cell().Expand());
 }
 
 void OthersBox::AddCo2(wxSizer& grid, const std::vector<wxString>& units)
@@ -190,6 +209,11 @@ void OthersBox::EnableInputs(bool enable)
     const bool isTyped = enable && !m_fields.Details().At("liquid/calculate.co2").GetBoolValue();
     m_co2->Enable(isTyped);
     m_co2Unit->Enable(isTyped);
+    const bool isFull = m_fields.Details().At("liquid/analysis.type").GetStdStringValue() == "FULL";
+    for (std::size_t i = 0; i < m_alkalinities.size(); ++i) {
+        m_alkalinities[i]->Enable(enable && isFull);
+        m_alkalinityUnits[i]->Enable(enable && isFull);
+    }
 }
 
 bool OthersBox::UpdateTemperatureLimits()

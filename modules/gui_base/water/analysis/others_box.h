@@ -11,10 +11,14 @@
 
 #include <wx/collpane.h>
 
+#include <vector>
+
 class LiquidData;
 class TvButton;
 
 namespace wateranalysis {
+
+struct AlkalinityRow;
 
 class GUI_BASE_EXPORT OthersBox : public TvStaticBoxSizer
 {
@@ -23,6 +27,7 @@ public:
 
     tvUnitChoice& GetTemperatureUnit() const { return *m_temperatureUnit; }
     tvUnitChoice& GetCo2Unit() const { return *m_co2Unit; }
+    const std::vector<tvUnitChoice*>& GetAlkalinityUnits() const { return m_alkalinityUnits; }
     TvTextCtrl& GetPh() const { return *m_ph; }
     TvButton& GetAlkalizeButton() const { return *m_alkalize; }
     TvButton& GetCo2CalculatorButton() const { return *m_co2Calculator; }
@@ -39,6 +44,7 @@ public:
 
 private:
     void AddTemperature(wxSizer& grid);
+    void AddAlkalinity(wxSizer& grid, const AlkalinityRow& row);
     void AddCo2(wxSizer& grid, const std::vector<wxString>& units);
     void AddButtons();
     TvButton* AddButton(wxSizer& buttons, const char* label, const char* tooltip);
@@ -48,6 +54,9 @@ private:
     TvTextCtrl* m_temperature = nullptr;
     tvUnitChoice* m_temperatureUnit = nullptr;
     TvTextCtrl* m_ph = nullptr;
+    /// Of the m- and the p-value.
+    std::vector<TvTextCtrl*> m_alkalinities;
+    std::vector<tvUnitChoice*> m_alkalinityUnits;
     TvTextCtrl* m_co2 = nullptr;
     tvUnitChoice* m_co2Unit = nullptr;
     TvButton* m_alkalize = nullptr;

@@ -7,7 +7,6 @@
 #include "gui_base/support/translation.h"
 #include "gui_base/water/analysis/tooltip_on_demand.h"
 #include "gui_base/water/rows/property_rows.h"
-#include "projectbase/water/composition.h"
 
 #include <wx/statbox.h>
 
@@ -18,8 +17,7 @@ constexpr int kWidth = 104;
 
 wxString ExplainTds(const DetailList& details)
 {
-    const double residue = water::DryResidue(details.At("liquid/tds").GetDoubleValue(),
-                                             details.At("liquid/hco3.mgl").GetDoubleValue());
+    const double residue = details.At("liquid/residue").GetDoubleValue();
     return wxString::Format(i18n::Translated("Sum of all constituents; dry residue at 180 %s: %s mg/l"),
                             wxString::FromUTF8("\u00b0C"), ExplainedNumber(residue));
 }
@@ -33,7 +31,7 @@ SummaryBox::SummaryBox(wxWindow* parent, FieldSet& fields)
     wxWindow* box = GetStaticBox();
     auto* grid = form::NewGrid(*box);
     const wxSizerFlags cell = wxSizerFlags().CentreVertical();
-    for (const SummaryRow& row : kSummaryRows) {
+    const auto add = [&](const SummaryRow& row) {
         const wxString label = wxString::FromUTF8(row.label);
         const wxString unit = wxString::FromUTF8(row.unit);
         grid->Add(fields.AddLabel(box, label, wxString::FromUTF8(row.labelSuffix)), cell);
@@ -45,7 +43,12 @@ SummaryBox::SummaryBox(wxWindow* parent, FieldSet& fields)
                                          .inIsoUnits = !row.convertUnit}),
                   cell);
         grid->Add(fields.AddUnitLabel(box, unit, row.convertUnit), cell);
-    }
+    };
+    for (const SummaryRow& row : kSummaryRows)
+        add(row);
+    for (const EquivalentRow& row : kEquivalentRows)
+        add({row.key, row.label, ":", row.unit, false});
+    add({kBalanceError.key, kBalanceError.label, ":", kBalanceError.unit, false, kBalanceError.precision});
     Add(grid, wxSizerFlags().Border(wxALL, parent->FromDIP(form::kGap)));
     ExplainOnDemand(*fields.FindField("liquid/tds"), [&fields] { return ExplainTds(fields.Details()); });
 }

@@ -15,7 +15,7 @@
 #include "gui_base/water/tools/alkalization_dialog.h"
 #include "projectbase/project/project_edit.h"
 #include "projectbase/project/range_faults.h"
-#include "projectbase/water/blend.h"
+#include "projectbase/water/blend_recipe.h"
 #include "projectbase/water/normalization.h"
 
 #include <stdexcept>

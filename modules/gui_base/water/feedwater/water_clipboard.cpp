@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "gui_base/water/feedwater/water_clipboard.h"
 
-#include "projectbase/water/blend.h"
+#include "projectbase/water/blend_recipe.h"
 
 namespace {
 

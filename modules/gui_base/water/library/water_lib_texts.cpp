@@ -10,6 +10,7 @@
 #include "gui_base/water/rows/property_rows.h"
 #include "projectbase/units/unit_system_manager.h"
 
+#include <array>
 #include <cmath>
 #include <map>
 
@@ -36,6 +37,9 @@ const std::map<std::string, wxString>& PropertyLabels()
         std::map<std::string, wxString> result;
         AddLabels(result, wateranalysis::kMainProperties);
         AddLabels(result, wateranalysis::kFurtherProperties);
+        AddLabels(result, wateranalysis::kAlkalinityRows);
+        AddLabels(result, wateranalysis::kEquivalentRows);
+        AddLabels(result, std::array{wateranalysis::kBalanceError});
         AddLabels(result, wateranalysis::kSummaryRows);
         return result;
     }();
@@ -144,6 +148,8 @@ std::vector<DetailLine> DetailLines(const LiquidData& liquid)
     for (const auto& row : wateranalysis::kMainProperties)
         AddNumber(lines, liquid, row.key, i18n::Translated(row.label), row.unit, 8);
     AddTyped(lines, liquid, "CO2", "co2");
+    AddTyped(lines, liquid, i18n::Translated("m-value"), "alkalinity.m");
+    AddTyped(lines, liquid, i18n::Translated("p-value"), "alkalinity.p");
     for (const auto& row : wateranalysis::kFurtherProperties)
         AddNumber(lines, liquid, row.key, i18n::Translated(row.label), row.unit, 8);
     for (const auto& row : wateranalysis::kSummaryRows) {

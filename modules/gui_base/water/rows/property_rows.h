@@ -35,6 +35,39 @@ inline constexpr std::array kFurtherProperties{
     PropertyRow{"liquid/h2s", wxTRANSLATE("H2S"), "mg/l"},
 };
 
+/// Alkalinities as laboratories report them, in place of bicarbonate and carbonate.
+struct AlkalinityRow
+{
+    const char* key;
+    const char* unitKey;
+    const char* label;  ///< source text
+};
+
+inline constexpr std::array kAlkalinityRows{
+    AlkalinityRow{"liquid/alkalinity.m.orig", "liquid/alkalinity.m.unit", wxTRANSLATE("m-value")},
+    AlkalinityRow{"liquid/alkalinity.p.orig", "liquid/alkalinity.p.unit", wxTRANSLATE("p-value")},
+};
+
+/// How far the sums of cations and anions differ; read-only, %.
+inline constexpr PropertyRow kBalanceError{"liquid/balance.error", wxTRANSLATE("Balance error"), "%"};
+
+/// Equivalents that follow from the analysis, meq/l; read-only.
+struct EquivalentRow
+{
+    const char* key;
+    const char* label;  ///< source text
+    const char* unit;
+    bool isHardness = false;  ///< of divalent ions
+};
+
+inline constexpr std::array kEquivalentRows{
+    EquivalentRow{"liquid/hardness.total", wxTRANSLATE("Total hardness"), "meq/l", true},
+    EquivalentRow{"liquid/hardness.carbonate", wxTRANSLATE("Carbonate hardness"), "meq/l", true},
+    EquivalentRow{"liquid/alkalinity.m", wxTRANSLATE("Alkalinity (m-value)"), "mmol/l"},
+    EquivalentRow{"liquid/alkalinity.p", wxTRANSLATE("Alkalinity (p-value)"), "mmol/l"},
+    EquivalentRow{"liquid/ema", wxTRANSLATE("Equivalent mineral acidity"), "meq/l"},
+};
+
 /// What follows from the analysis; read-only.
 struct SummaryRow
 {
@@ -48,6 +81,7 @@ struct SummaryRow
 
 inline constexpr std::array kSummaryRows{
     SummaryRow{"liquid/tds", wxTRANSLATE("TDS"), ":", "mg/l", false, 6},
+    SummaryRow{"liquid/residue", wxTRANSLATE("Dry residue"), " @ 180 \u00b0C:", "mg/l", false, 6},
     SummaryRow{"liquid/cond", wxTRANSLATE("Conductivity"), ":", "uS/cm", false},
     SummaryRow{"liquid/cond25", wxTRANSLATE("Conductivity"), " @ 25 \u00b0C:", "uS/cm", false},
     SummaryRow{"liquid/p.osmotic", wxTRANSLATE("Osmotic pressure"), ":", "bar", true},

@@ -28,6 +28,11 @@ std::vector<wxString> OfEquivalents()
     return ToStrings(ions::kEquivalentUnits);
 }
 
+std::vector<wxString> OfAlkalinities()
+{
+    return ToStrings(ions::kAlkalinityUnits);
+}
+
 std::vector<wxString> OfTemperatures()
 {
     std::vector<wxString> texts;

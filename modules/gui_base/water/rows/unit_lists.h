@@ -15,6 +15,8 @@ namespace water_units {
 GUI_BASE_EXPORT std::vector<wxString> OfIons();
 /// What is known as equivalents only: H+ and OH-.
 GUI_BASE_EXPORT std::vector<wxString> OfEquivalents();
+/// Alkalinity: an amount of acid, also as calcium carbonate or in degrees of hardness.
+GUI_BASE_EXPORT std::vector<wxString> OfAlkalinities();
 /// °C, °F and K; the indices are not those of TemperatureUnit.
 GUI_BASE_EXPORT std::vector<wxString> OfTemperatures();
 

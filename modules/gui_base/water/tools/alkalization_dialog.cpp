@@ -22,6 +22,8 @@ wxString Explain(water::AlkalizationResult result)
             return {};
         case Result::UnknownWater:
             return wxTRANSLATE("The full analysis with pH and temperature is needed.");
+        case Result::Contradictory:
+            return wxTRANSLATE("Bicarbonate does not go with a pH below 4.3.");
         case Result::UnknownAgent:
             return wxTRANSLATE("The alkalizing agent is not in the database.");
         case Result::UnknownGoal:

@@ -1,40 +1,28 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-/// The recipe of a water that is mixed of two others: which, and by what share. Changes nothing itself.
+/// The recipe of a water that is mixed of others: which, and how much of each. Changes nothing itself.
 
 #include "gui_base/gui_base_export.h"
+#include "gui_base/water/tools/blend_form.h"
 
 #include <wx/dialog.h>
-
-#include <string>
-#include <vector>
-
-class TvDoubleSlider;
-class tvChoice;
-
-struct BlendRecipe
-{
-    std::string first;
-    std::string second;
-    double share = 50.0;  ///< percent of the first
-};
+#include <wx/stattext.h>
 
 class GUI_BASE_EXPORT BlendDialog : public wxDialog
 {
 public:
-    /// `waters` are the names to choose from, at least two.
-    BlendDialog(wxWindow* parent, const std::vector<std::string>& waters, const BlendRecipe& recipe);
+    /// `waters` are the names to choose from, at least two; flows are shown in that unit system.
+    BlendDialog(wxWindow* parent, const std::vector<std::string>& waters, const water::BlendRecipe& recipe,
+                const std::string& unitSystem);
 
-    BlendRecipe GetRecipe() const;
+    water::BlendRecipe GetRecipe() { return m_form->GetRecipe(); }
+    BlendForm& GetForm() { return *m_form; }
 
 private:
-    tvChoice* AddWater(wxSizer& form, const char* label, const std::string& selected);
-    /// Two different waters are needed.
-    void EnableOk();
+    /// Stays open, and says so, while the recipe is not complete.
+    void OnOk(wxCommandEvent& event);
 
-    std::vector<std::string> m_waters;
-    tvChoice* m_first;
-    tvChoice* m_second;
-    TvDoubleSlider* m_share;
+    BlendForm* m_form;
+    wxStaticText* m_message;
 };

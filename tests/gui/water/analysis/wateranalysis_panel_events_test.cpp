@@ -64,7 +64,10 @@ TEST_F(WaterAnalysisTest, BalanceWithAndWithoutHydrogen)
     EXPECT_EQ(Value("tds"), 35.45);
     Check(automatic);
     EXPECT_TRUE(Detail("balance.auto").GetBoolValue());
-    EXPECT_NEAR(Value("tds"), 35.45 + 22.99, 1e-9) << "the closing amount counts";
+    // Of the pH come 1.03 meq/l of H+: what is left to be closed is shown, and counts.
+    EXPECT_NEAR(Value("na.plus.meql"), 0.0, 1e-9);
+    EXPECT_NEAR(Value("cl.plus.meql"), 0.037, 0.002);
+    EXPECT_NEAR(Value("tds"), 35.45 * (1.0 + Value("cl.plus.meql")), 1e-9);
 
     EXPECT_FALSE(Field("h.plus.orig").IsEnabled());
     Check(hydrogen);
@@ -78,6 +81,27 @@ TEST_F(WaterAnalysisTest, BalanceWithAndWithoutHydrogen)
     EXPECT_EQ(Value("h.plus.meql"), 0.0);
     EXPECT_EQ(Value("h.plus.orig"), 0.0);
     EXPECT_FALSE(Field("h.plus.orig").IsEnabled());
+}
+
+TEST_F(WaterAnalysisTest, AlkalinityIsTypedInPlaceOfBicarbonate)
+{
+    Detail("ph").SetValue(9.2);
+    Detail("temp.orig").SetValue(15.0);
+    Open();
+    gui_test::Enter(Field("alkalinity.m.orig"), "125");
+    EXPECT_NEAR(Value("hco3.meql") + Value("co3.meql"), 125.0, 0.1) << "mmol/l";
+    Choose("m-value", "ppm CaCO3");
+    EXPECT_EQ(Shown("alkalinity.m"), "2.5");
+    EXPECT_NEAR(Value("hco3.meql") + Value("co3.meql"), 2.5, 0.02);
+    EXPECT_GT(Value("co3.meql"), 0.2);
+    gui_test::Enter(Field("ca.orig"), "40.08");
+    EXPECT_EQ(Shown("hardness.total"), "2");
+    gui_test::Enter(Field("hco3.orig"), "61.02");
+    EXPECT_EQ(Shown("alkalinity.m.orig"), "") << "what is typed last counts";
+    EXPECT_NEAR(Value("hco3.meql"), 1.0, 1e-9);
+    Click(*FindByLabel<TvRadioButton>("Short analysis based on TDS"));
+    EXPECT_FALSE(Field("alkalinity.m.orig").IsEnabled());
+    EXPECT_EQ(Shown("hardness.total"), "");
 }
 
 TEST_F(WaterAnalysisTest, ShortAnalysesKeepTheFullOne)

@@ -2,6 +2,7 @@
 #include "gui_base/input/controls/tv_radiobutton.h"
 #include "gui_base/input/validation/validator.h"
 #include "gui_base/water/tools/alkalization_dialog.h"
+#include "gui_base/water/tools/blend_dialog.h"
 #include "gui_base/water/tools/co2_calculator_dialog.h"
 #include "projectbase/project/iex_project.h"
 #include "tests/support/gui_test.h"
@@ -161,6 +162,37 @@ TEST_F(WaterToolsTest, CancelledAlkalizationRestoresEveryValue)
     std::size_t i = 0;
     for (const auto& [name, detail] : Details())
         EXPECT_TRUE(SameDetailValue(detail.GetStoredValue(), before[i++])) << name;
+}
+
+TEST_F(WaterToolsTest, ABlendTakesAnyNumberOfWatersByShareOrByFlow)
+{
+    const water::BlendRecipe halves{{{"Feed", 50.0}, {"Well", 50.0}}};
+    BlendDialog dialog(m_frame, {"Feed", "Well", "River", "Lake"}, halves, "us");
+    BlendForm& form = dialog.GetForm();
+    EXPECT_EQ(dialog.GetRecipe().parts.size(), 2u) << "an empty field is no part";
+    m_dialogs.Expect([](wxDialog&) { return static_cast<int>(wxID_NONE); });
+    dialog.CallAfter([&] {
+        Enter(*form.FindField(BlendForm::AmountKey(false, 2)), "25");
+        const auto byShare = dialog.GetRecipe();
+        ASSERT_EQ(byShare.parts.size(), 3u);
+        EXPECT_EQ(byShare.parts[2].water, "River");
+        EXPECT_EQ(byShare.Shares()[2], 0.2) << "only the ratio counts";
+        EXPECT_EQ(form.FindField("share.sum")->GetValue(), "125");
+
+        form.ChooseMode(true);
+        Push(dialog, wxID_OK);
+        EXPECT_TRUE(dialog.IsShown()) << "no amounts yet: it stays open";
+        Enter(*form.FindField(BlendForm::AmountKey(true, 0)), "44");
+        Enter(*form.FindField(BlendForm::AmountKey(true, 3)), "132");
+        Push(dialog, wxID_OK);
+    });
+    EXPECT_EQ(dialog.ShowModal(), wxID_OK);
+    const auto byFlow = dialog.GetRecipe();
+    EXPECT_TRUE(byFlow.byFlow);
+    ASSERT_EQ(byFlow.parts.size(), 2u);
+    EXPECT_EQ(byFlow.parts[1].water, "Lake");
+    EXPECT_NEAR(byFlow.parts[1].amount, 132.0 * 0.2271247, 1e-3) << "gallons a minute in m\u00b3/h";
+    EXPECT_NEAR(byFlow.Shares()[0], 0.25, 1e-12);
 }
 
 }  // namespace

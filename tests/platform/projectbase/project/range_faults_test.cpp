@@ -113,12 +113,43 @@ TEST(RangeFaults, ACalculatedCo2IsNotTyped)
         water.At("liquid/calculate.co2").SetValue(true);
         water.At("liquid/hco3.orig").SetValue(600.0);
         water.At("liquid/hco3.unit").SetValue("meq/l");
-        water.At("liquid/ph").SetValue(2.5);
+        water.At("liquid/ph").SetValue(4.4);
     }
     ASSERT_GT(water.At("liquid/co2.mgl").GetDoubleValue(), 100'000.0);
     const auto faults = RangeFaults(project);
     ASSERT_EQ(faults.size(), 1u);
     EXPECT_EQ(faults[0].address.key, "liquid/co2.mgl");
+}
+
+TEST(RangeFaults, BicarbonateContradictsAnAcidPh)
+{
+    iex::IEXProject project;
+    DetailList& water = *project.GetLiquid(0).GetDetails();
+    const auto type = [&](double pH, const char* ion, double mgPerLitre) {
+        const ProjectEdit edit(project);
+        water.At("liquid/calculate.co2").SetValue(true);
+        water.At("liquid/ph").SetValue(pH);
+        water.At("liquid/hco3.orig").SetValue(0.0);
+        water.At("liquid/co3.orig").SetValue(0.0);
+        water.At(std::string("liquid/") + ion + ".orig").SetValue(mgPerLitre);
+    };
+    for (const char* ion : {"hco3", "co3"}) {
+        type(3.0, ion, 61.0);
+        const auto faults = RangeFaults(project);
+        ASSERT_EQ(faults.size(), 1u) << ion;
+        EXPECT_EQ(faults[0].address, (DetailAddress{project.GetLiquid(0).GetOwner(), "liquid/ph"}));
+        EXPECT_EQ(faults[0].limit, 4.3);
+        EXPECT_FALSE(faults[0].sentence.empty());
+        EXPECT_TRUE(std::isnan(water.At("liquid/co2.mgl").GetDoubleValue())) << "not some 19,000 mg/l";
+    }
+    type(3.0, "hco3", 0.0);
+    EXPECT_TRUE(RangeFaults(project).empty()) << "an acid";
+    type(4.5, "hco3", 0.6);
+    EXPECT_TRUE(RangeFaults(project).empty());
+    EXPECT_GT(water.At("liquid/co2.mgl").GetDoubleValue(), 10.0);
+    type(3.0, "hco3", 61.0);
+    water.At("liquid/analysis.type").SetValue("SHORT_TDS");
+    EXPECT_TRUE(RangeFaults(project).empty()) << "the pH of a short analysis plays no part";
 }
 
 TEST(RangeFaults, KnowsTheEntriesOfTheFeed)

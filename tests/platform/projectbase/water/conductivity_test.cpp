@@ -31,6 +31,7 @@ constexpr Salt kMgCl2{"MgCl2", Species::Mg, 1, Species::Cl, 2};
 constexpr Salt kNa2So4{"Na2SO4", Species::Na, 2, Species::So4, 1};
 constexpr Salt kMgSo4{"MgSO4", Species::Mg, 1, Species::So4, 1};
 constexpr Salt kHCl{"HCl", Species::H, 1, Species::Cl, 1};
+constexpr Salt kH2So4{"H2SO4", Species::H, 2, Species::So4, 1};
 constexpr Salt kNaOH{"NaOH", Species::Na, 1, Species::Oh, 1};
 
 Composition Solution(const Salt& salt, double mmolPerLitre)
@@ -56,7 +57,7 @@ void ExpectDeviation(const std::string& what, double computed, double measured, 
 TEST(Conductivity, OfSaltSolutionsAt25Degrees)
 {
     // Equivalent conductances, S cm²/eq, of solutions of so many meq/l (Robinson & Stokes 1959,
-    // appendix 6.3).
+    // appendix 6.3; sulfuric acid: CRC Handbook of Chemistry and Physics).
     struct Case
     {
         Salt salt;
@@ -68,7 +69,9 @@ TEST(Conductivity, OfSaltSolutionsAt25Degrees)
         {kCaCl2, 1, 130.36, -2.0, 0.5},   {kCaCl2, 10, 120.36, -2.0, 0.5},  {kCaCl2, 100, 102.46, -2.5, 0.5},
         {kMgCl2, 1, 124.11, -2.0, 0.5},   {kMgCl2, 100, 97.10, -2.0, 1.0},  {kNa2So4, 1, 124.15, -2.0, 1.0},
         {kNa2So4, 20, 106.78, -5.0, 0.0}, {kNa2So4, 100, 89.98, -7.5, 0.0}, {kHCl, 1, 421.36, -1.5, 0.0},
-        {kHCl, 10, 412.00, -3.5, 0.0},    {kNaOH, 1, 244.7, -1.5, 0.0},     {kNaOH, 10, 238.0, -2.5, 0.0},
+        {kHCl, 10, 412.00, -3.5, 0.0},    {kHCl, 50, 399.09, -6.5, 0.0},    {kHCl, 100, 391.32, -8.0, 0.0},
+        {kNaOH, 1, 244.7, -1.5, 0.0},     {kNaOH, 10, 238.0, -2.5, 0.0},    {kH2So4, 1, 399.5, -1.0, 1.0},
+        {kH2So4, 10, 336.4, -5.0, 0.0},   {kH2So4, 50, 272.6, -8.5, 0.0},   {kH2So4, 100, 250.8, -11.0, 0.0},
     };
     for (const auto& c : kCases) {
         const double equivalents = c.salt.cations * water::Charge(c.salt.cation);
@@ -77,6 +80,24 @@ TEST(Conductivity, OfSaltSolutionsAt25Degrees)
                         water::Conductivity(solution, 25.0), c.meqPerLitre * c.equivalentConductance, c.from,
                         c.to);
     }
+}
+
+TEST(Conductivity, OfRegenerantsAt20Degrees)
+{
+    // CRC Handbook of Chemistry and Physics, electrical conductivity of aqueous solutions of 0.5 % by mass:
+    // H2SO4 24.3 mS/cm (51.06 mmol/l), NaOH 24.8 (125.5 mmol/l).
+    ExpectDeviation("H2SO4 102.1 meq/l, 20 \u00b0C", water::Conductivity(Solution(kH2So4, 51.06), 20.0),
+                    24300.0, -12.0, 0.0);
+    ExpectDeviation("NaOH 125.5 meq/l, 20 \u00b0C", water::Conductivity(Solution(kNaOH, 125.5), 20.0),
+                    24800.0, -4.0, 0.0);
+}
+
+TEST(Conductivity, IsLimitedByWhatIsDissolvedAndNotByWhatIsFree)
+{
+    EXPECT_TRUE(std::isfinite(water::Conductivity(Solution(kMgSo4, 249.0), 25.0)));
+    const Composition beyond = Solution(kMgSo4, 251.0);
+    EXPECT_LT(water::Speciate(beyond, 25.0).ionicStrength, 0.9) << "much of it is paired";
+    EXPECT_TRUE(std::isnan(water::Conductivity(beyond, 25.0)));
 }
 
 TEST(Conductivity, OfPotassiumChlorideStandardsAtOtherTemperatures)

@@ -34,6 +34,29 @@ TEST(LaboratoryImport, StoresWhatTheFileStatesAndClearsTheRest)
     EXPECT_TRUE(std::isnan(water["turbidity"]));
 }
 
+TEST(LaboratoryImport, AlkalinityStandsForBicarbonate)
+{
+    WaterUnderTest water;
+    water.Type("hco3", 5.0, "meq/l").Set("ph", 9.2);
+    const auto file = laboratory::Read("pH,Alkalinity [mg/l CaCO3],p-value [mmol/l],Temp\n8.9,103,-0.2,15\n");
+    const auto values = water::TakeSample(file, 0, water.Details());
+    ASSERT_EQ(values.size(), 4u);
+    water::StoreSample(values, water.Details(), true);
+    water.Update();
+    EXPECT_EQ(water["hco3.orig"], 0.0);
+    EXPECT_EQ(water["alkalinity.p.orig"], -0.2) << "a demand of base";
+    EXPECT_NEAR(water["alkalinity.m"], 2.06, 1e-6);
+    EXPECT_GT(water["co3.meql"], 0.1);
+    WaterUnderTest copy;
+    const auto again = laboratory::Read(water::WriteLaboratoryFile(water.Details()));
+    water::StoreSample(water::TakeSample(again, 0, copy.Details()), copy.Details(), true);
+    EXPECT_EQ(copy["alkalinity.m.orig"], 103.0);
+    EXPECT_EQ(copy.Details().At("liquid/alkalinity.m.unit").GetStdStringValue(), "ppm CaCO3");
+    const auto without = laboratory::Read("pH\n7\n");
+    water::StoreSample(water::TakeSample(without, 0, copy.Details()), copy.Details(), true);
+    EXPECT_EQ(copy["alkalinity.m.orig"], 0.0) << "cleared with the others";
+}
+
 TEST(LaboratoryImport, WrittenWatersComeBack)
 {
     WaterUnderTest water;
