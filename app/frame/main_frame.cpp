@@ -81,6 +81,7 @@ MainFrame::MainFrame(std::unique_ptr<Document> document)
     } catch (const std::exception& error) {
         ReportError(wxString::FromUTF8(error.what()));
     }
+    Bind(wxEVT_UPDATE_UI, [this](wxUpdateUIEvent& event) { UpdateMenuItem(*this, event); });
     Bind(tvVISUALIZE_MESSAGE, [this](VisualizeMessageEvent&) { UpdateRangeMessages(); });
     Bind(tv_MESSAGE, &MainFrame::OnMessage, this);
     Bind(tvCHANGEWINDOWNAME_EVENT, [this](wxCommandEvent&) { UpdateTitle(); });

@@ -5,6 +5,7 @@
 #include "gui_base/support/translation.h"
 
 #include <array>
+#include <map>
 
 namespace app {
 
@@ -135,7 +136,27 @@ constexpr std::array kHelpMenu{
         wxTRANSLATE("&About Tarnvik"), "", [](MainFrame& frame) { frame.ShowAbout(); }, wxID_ABOUT),
 };
 
-void AppendRow(wxMenu& menu, const MenuRow& row, MainFrame& frame)
+/// Knows of its items by which row of the table each stands.
+class TableMenuBar : public wxMenuBar
+{
+public:
+    void Keep(int id, const MenuRow& row) { m_rows.emplace(id, &row); }
+    const MenuRow* Find(int id) const
+    {
+        const auto found = m_rows.find(id);
+        return found != m_rows.end() ? found->second : nullptr;
+    }
+
+private:
+    std::map<int, const MenuRow*> m_rows;
+};
+
+wxString KeyText(const MenuRow& row)
+{
+    return *row.key == '\0' ? wxString() : "\t" + wxString(row.key);
+}
+
+void AppendRow(TableMenuBar& bar, wxMenu& menu, const MenuRow& row, MainFrame& frame)
 {
     if (row.text == nullptr) {
         menu.AppendSeparator();
@@ -148,22 +169,11 @@ void AppendRow(wxMenu& menu, const MenuRow& row, MainFrame& frame)
         menu.AppendSubMenu(submenu, text);
         return;
     }
-    const wxString key = *row.key == '\0' ? wxString() : "\t" + wxString(row.key);
-    const int id = menu.Append(row.id, text + key)->GetId();
+    const int id = menu.Append(row.id, text + KeyText(row))->GetId();
     // The menu that is being used may be replaced by what it does: the switch of the language.
     menu.Bind(
         wxEVT_MENU, [&frame, action = row.action](wxCommandEvent&) { action(frame); }, id);
-    if (row.enabled == nullptr && row.label == nullptr)
-        return;
-    menu.Bind(
-        wxEVT_UPDATE_UI,
-        [&frame, &row, key](wxUpdateUIEvent& event) {
-            if (row.enabled != nullptr)
-                event.Enable(row.enabled(frame));
-            if (row.label != nullptr)
-                event.SetText(row.label(frame) + key);
-        },
-        id);
+    bar.Keep(id, row);
 }
 
 }  // namespace
@@ -195,14 +205,29 @@ void AppendChoice(wxMenu& menu, const wxString& text, bool checked, std::functio
 
 wxMenuBar* BuildMenuBar(MainFrame& frame)
 {
-    auto* bar = new wxMenuBar;
+    auto* bar = new TableMenuBar;
     for (const MenuTable& table : Menus()) {
         auto* menu = new wxMenu;
         for (const MenuRow& row : table.rows)
-            AppendRow(*menu, row, frame);
+            AppendRow(*bar, *menu, row, frame);
         bar->Append(menu, i18n::Translated(table.title));
     }
     return bar;
+}
+
+void UpdateMenuItem(const MainFrame& frame, wxUpdateUIEvent& event)
+{
+    const auto* bar = dynamic_cast<const TableMenuBar*>(frame.GetMenuBar());
+    const bool isOfMenu = dynamic_cast<const wxMenu*>(event.GetEventObject()) != nullptr;
+    const MenuRow* row = bar != nullptr && isOfMenu ? bar->Find(event.GetId()) : nullptr;
+    if (row == nullptr) {
+        event.Skip();
+        return;
+    }
+    if (row->enabled != nullptr)
+        event.Enable(row->enabled(frame));
+    if (row->label != nullptr)
+        event.SetText(row->label(frame) + KeyText(*row));
 }
 
 }  // namespace app

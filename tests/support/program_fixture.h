@@ -87,8 +87,15 @@ protected:
         return OpenProject().GetLiquid(0).GetDetails()->At("liquid/" + key);
     }
 
+    /// The item of a menu as it stands when the menu is opened.
+    const wxMenuItem& MenuItem(int id)
+    {
+        m_frame->DoMenuUpdates();
+        return *m_frame->GetMenuBar()->FindItem(id);
+    }
     void Menu(int id)
     {
+        EXPECT_TRUE(MenuItem(id).IsEnabled()) << MenuItem(id).GetItemLabelText();
         EXPECT_TRUE(m_frame->ProcessCommand(id));
         Pump();
     }
