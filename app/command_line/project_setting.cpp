@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "app/command_line/project_setting.h"
 
-#include "core/ion_units.h"
 #include "projectbase/project/project.h"
 #include "projectbase/project/project_edit.h"
-#include "projectbase/units/temperature.h"
 #include "projectbase/units/unit_system_manager.h"
 #include "projectbase/water/blend_recipe.h"
+#include "projectbase/water/typed_units.h"
 
 #include <fmt/format.h>
 
@@ -21,17 +20,8 @@ namespace app {
 
 namespace {
 
-/// Accepted for an ion beside those that the choice offers.
-constexpr std::array<std::string_view, 3> kFurtherIonUnits{"g/m3", "g/l", "mgCaCO3/l"};
-
 constexpr std::string_view kOrig = ".orig";
 constexpr std::string_view kUnit = ".unit";
-
-template <typename Range>
-bool Contains(const Range& range, std::string_view text)
-{
-    return std::find(range.begin(), range.end(), text) != range.end();
-}
 
 std::string_view Trim(std::string_view text)
 {
@@ -162,18 +152,8 @@ Target FindTarget(Project& project, const ProjectSetting& setting)
 /// The unit as the project keeps it; throws when what is typed as `name` cannot be given in it.
 std::string CheckTypedUnit(const std::string& name, const std::string& unit)
 {
-    if (name.starts_with("liquid/temp.")) {
-        if (const auto known = Temperature::UnitFromText(unit))
-            return Temperature::UnitText(*known);
-    } else if (name.starts_with("liquid/h.plus.") || name.starts_with("liquid/oh.minus.")) {
-        if (Contains(ions::kEquivalentUnits, unit))
-            return unit;
-    } else if (name.starts_with("liquid/alkalinity.")) {
-        if (Contains(ions::kAlkalinityUnits, unit) || unit == "meq/l" || unit == "mgCaCO3/l")
-            return unit;
-    } else if (Contains(ions::kIonUnits, unit) || Contains(kFurtherIonUnits, unit)) {
-        return unit;
-    }
+    if (const auto known = water::TypedUnit(name, unit))
+        return *known;
     throw SettingError(fmt::format("'{}' is no unit for {}", unit, name));
 }
 
@@ -215,7 +195,9 @@ void SetText(const Target& target, const ProjectSetting& setting)
     const bool isRead =
         target.name != "liquid/blend.parts" || value.empty() || !water::PartsOfText(value).empty();
     const wxString text = wxString::FromUTF8(value);
-    if (!isRead || text.empty() != value.empty() || !target.detail->SetValueFromString(text)) {
+    wxLongLong_t whole = 0;
+    const bool isWhole = target.detail->GetType() != DetailType::Long || text.ToLongLong(&whole);
+    if (!isRead || !isWhole || text.empty() != value.empty() || !target.detail->SetValueFromString(text)) {
         throw SettingError(
             fmt::format("'{}' is no {} for {}", setting.value, target.detail->GetTypeName(), setting.key));
     }

@@ -40,8 +40,8 @@ std::span<const MenuTable> Menus();
 /// Builds the menus for a frame, whose menu bar they become.
 wxMenuBar* BuildMenuBar(MainFrame& frame);
 
-/// Answers the toolkit's question how an item of the table stands now: whether it can be chosen, and its text. The
-/// toolkit asks the frame, not the menu.
+/// Answers the toolkit's question how an item of the table stands now: whether it can be chosen, and its
+/// text. The toolkit asks the frame, not the menu.
 void UpdateMenuItem(const MainFrame& frame, wxUpdateUIEvent& event);
 
 /// Adds an item that does `action` and does not come from the table: a recent file, a language.

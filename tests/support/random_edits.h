@@ -264,7 +264,11 @@ private:
     std::string TextFor(const std::string& key)
     {
         if (key == "liquid/temp.unit")
-            return Any({"\u00b0C", "\u00b0F", "K", "nonsense"});
+            return Any({"\u00b0C", "\u00b0F", "K"});
+        if (key.starts_with("liquid/alkalinity.") && key.ends_with(".unit"))
+            return std::string(ions::kAlkalinityUnits[Pick(ions::kAlkalinityUnits.size())]);
+        if (key == "liquid/h.plus.unit" || key == "liquid/oh.minus.unit")
+            return std::string(ions::kEquivalentUnits[Pick(ions::kEquivalentUnits.size())]);
         if (key.starts_with("liquid/") && key.ends_with(".unit"))
             return std::string(ions::kIonUnits[Pick(ions::kIonUnits.size())]);
         if (key.starts_with("liquid/blend."))

@@ -4,6 +4,7 @@
 #include "projectbase/project/iex_project.h"
 #include "projectbase/project/project_edit.h"
 #include "projectbase/units/unit_system_manager.h"
+#include "projectbase/water/typed_units.h"
 
 #include <fmt/format.h>
 
@@ -197,9 +198,9 @@ public:
             ReadNodes(*project, project->GetRoot(), Member(root, "exchangers"), OwnerKind::Exchanger);
             ReadGroups(*project, Member(root, "groups"));
         }
-        if (const json& unitSystem = Member(root, "unitSystem"); unitSystem.is_string()) {
+        if (const json& unitSystem = Member(root, "unitSystem"); !unitSystem.is_null()) {
             const auto known = UnitSystemManager::GetUnitSystems();
-            const auto name = unitSystem.get<std::string>();
+            const auto name = unitSystem.is_string() ? unitSystem.get<std::string>() : std::string();
             if (std::ranges::find(known, name) == known.end())
                 Unreadable("there is no system of units '" + name + "'");
             project->SetUnitSystemDisplay(name);
@@ -216,28 +217,38 @@ private:
         return found == object.end() ? kNone : *found;
     }
 
+    static bool TakeText(const std::string& text, DetailData& detail)
+    {
+        const std::string& name = detail.GetName();
+        const bool isUnit = name.starts_with("liquid/") && name.ends_with(".unit");
+        return detail.IsChoice(text) && (!isUnit || water::TypedUnit(name, text) == text) &&
+               detail.SetValueFromString(wxString::FromUTF8(text));
+    }
+
     static void Take(const json& value, DetailData& detail)
     {
         const std::string& name = detail.GetName();
-        bool taken = true;
-        if (value.is_number() && detail.GetType() == DetailType::Long) {
-            taken = value.is_number_integer() &&
-                    (!value.is_number_unsigned() || value.get<std::uint64_t>() <= std::uint64_t{LONG_MAX});
+        const DetailType type = detail.GetType();
+        bool taken = false;
+        if (value.is_number_integer() && type == DetailType::Long) {
+            taken = !value.is_number_unsigned() || value.get<std::uint64_t>() <= std::uint64_t{LONG_MAX};
             if (taken)
                 detail.SetValue(value.get<long>());
-        } else if (value.is_number())
+        } else if (value.is_number() && type == DetailType::Double) {
             detail.SetValue(value.get<double>());
-        else if (value.is_boolean())
+            taken = true;
+        } else if (value.is_boolean() && type == DetailType::Bool) {
             detail.SetValue(value.get<bool>());
-        else if (value.is_string())
-            taken = detail.IsChoice(value.get<std::string>()) &&
-                    detail.SetValueFromString(wxString::FromUTF8(value.get<std::string>()));
-        else if (value.is_null() && detail.GetType() == DetailType::Double)
-            detail.SetValue(kUnknown);
-        else if (value.is_null())
-            detail.ClearValue();
-        else
-            taken = false;
+            taken = true;
+        } else if (value.is_string() && (type == DetailType::String || type == DetailType::Date)) {
+            taken = TakeText(value.get<std::string>(), detail);
+        } else if (value.is_null()) {
+            if (type == DetailType::Double)
+                detail.SetValue(kUnknown);
+            else
+                detail.ClearValue();
+            taken = true;
+        }
         if (!taken)
             Unreadable("the value of '" + name + "' cannot be read");
     }
@@ -251,10 +262,14 @@ private:
 
     void ReadDetails(const json& object, DetailList& details)
     {
-        if (!object.is_object())
+        if (object.is_null())
             return;
+        if (!object.is_object())
+            Unreadable("a list of values is none");
         for (const auto& [name, entry] : object.items()) {
             CountDetail();
+            if (!entry.is_object())
+                Unreadable("the value of '" + name + "' cannot be read");
             const json& value = Member(entry, "value");
             DetailData* known = details.GetDetail(name);
             DetailData& detail = known != nullptr ? *known : details.Add(DetailData(name, TypeOf(value)));
@@ -275,7 +290,7 @@ private:
             name.ends_with(kOrig) ? name.substr(0, name.size() - kOrig.size()) + ".unit" : std::string();
         DetailData* const chosen = chosenName.empty() ? nullptr : details.GetDetail(chosenName);
         if (chosen != nullptr && !object.contains(chosenName))
-            chosen->SetValue(unit.get<std::string>());
+            Take(unit, *chosen);
         else if (chosen == nullptr && detail.GetUnit().empty())
             detail.SetUnit(unit.get<std::string>());
         else if (chosen == nullptr && detail.GetUnit() != unit.get<std::string>())
@@ -284,9 +299,13 @@ private:
 
     void ReadNodes(Project& project, OwnerNode& parent, const json& list, OwnerKind kind)
     {
-        if (!list.is_array())
+        if (list.is_null())
             return;
+        if (!list.is_array())
+            Unreadable("a list of waters or parts is none");
         for (const json& entry : list) {
+            if (!entry.is_object())
+                Unreadable("a water or part cannot be read");
             if (++m_lists > kMostLists)
                 Unreadable(fmt::format("it has more than {} waters and parts", kMostLists));
             if (kind == OwnerKind::Water && project.GetLiquidCount() == kMostWaters)
@@ -306,9 +325,13 @@ private:
 
     void ReadGroups(Project& project, const json& kinds)
     {
-        if (!kinds.is_object())
+        if (kinds.is_null())
             return;
+        if (!kinds.is_object())
+            Unreadable("the groups cannot be read");
         for (const auto& [kind, list] : kinds.items()) {
+            if (!list.is_array())
+                Unreadable("the group '" + kind + "' cannot be read");
             std::vector<DetailGroup> groups;
             for (const json& entry : list) {
                 if (++m_lists > kMostLists)
@@ -319,6 +342,8 @@ private:
                     details.LoadGroup(kind, "BASE");
                 } catch (const std::exception&) {
                 }
+                if (!entry.is_object())
+                    Unreadable("an entry of '" + kind + "' cannot be read");
                 ReadDetails(entry, details);
                 DetailGroup group;
                 for (const auto& [name, detail] : details)

@@ -143,14 +143,10 @@ struct RuleOfKey
     Rule rule;
 };
 constexpr std::array kRules{
-    RuleOfKey{"liquid/balance.ph", &FillWaterIons},
-    RuleOfKey{"liquid/hco3.orig", &ReplaceAlkalinity},
-    RuleOfKey{"liquid/co3.orig", &ReplaceAlkalinity},
-    RuleOfKey{"liquid/analysis.type", &BeginShortAnalysis},
-    RuleOfKey{"feed/medium", &TakeDensity},
-    RuleOfKey{"feed/adjust.ph", &BeginPhAdjustment},
-    RuleOfKey{"project/qbrutto", &FollowQuantities},
-    RuleOfKey{"project/lz", &FollowQuantities},
+    RuleOfKey{"liquid/balance.ph", &FillWaterIons},   RuleOfKey{"liquid/hco3.orig", &ReplaceAlkalinity},
+    RuleOfKey{"liquid/co3.orig", &ReplaceAlkalinity}, RuleOfKey{"liquid/analysis.type", &BeginShortAnalysis},
+    RuleOfKey{"feed/medium", &TakeDensity},           RuleOfKey{"feed/adjust.ph", &BeginPhAdjustment},
+    RuleOfKey{"project/qbrutto", &FollowQuantities},  RuleOfKey{"project/lz", &FollowQuantities},
     RuleOfKey{"project/wbrutto", &FollowQuantities},
 };
 

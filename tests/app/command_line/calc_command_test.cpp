@@ -200,6 +200,8 @@ TEST_F(Calc, RefusesWhatItCannotSet)
         {"tss=5psi", 1},
         {"analysis.type=LONG", 1},
         {"alk.mode=FOO", 1},
+        {"project/nlines=2.5", 1},
+        {"feed/medium=99999999999999999999", 1},
         {"alk.mode=", 1},
         {"alk.type=koh", 1},
         {"alk.type=", 0},
