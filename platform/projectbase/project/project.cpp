@@ -10,6 +10,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <string_view>
+#include <unordered_map>
 
 namespace {
 
@@ -136,42 +138,75 @@ void Project::CalculateDesign()
     if (m_journal->GetKind() != EditKind::History)
         rules::KeepInvariants(*this);
     // A blend is made of waters before it, which are calculated first and put it out of date.
+    const auto blends = BlendsOfWaters();
     for (std::size_t i = 0; i < GetLiquidCount(); ++i) {
-        if (GetLiquid(i).IsOutOfDate())
-            CalculateLiquid(i);
+        if (!GetLiquid(i).IsOutOfDate())
+            continue;
+        CalculateOne(i);
+        for (const std::size_t blend : blends[i])
+            GetLiquid(blend).SetOutOfDate(true);
     }
+    // Inputs that the calculation settles (a reset, a blend) are not typed.
+    m_journal->TakeTyped();
 }
 
 void Project::CalculateLiquid(std::size_t liquid)
 {
     const ProjectEdit edit(*this);
     ApplyPendingRules();
+    CalculateOne(liquid);
+    m_journal->TakeTyped();
+    for (const std::size_t blend : BlendsOfWaters()[liquid])
+        GetLiquid(blend).SetOutOfDate(true);
+}
+
+std::vector<std::vector<std::size_t>> Project::BlendsOfWaters() const
+{
+    std::vector<std::vector<std::size_t>> blends(GetLiquidCount());
+    std::unordered_map<std::string_view, std::size_t> places;
+    for (std::size_t i = 0; i < GetLiquidCount(); ++i) {
+        const LiquidData& liquid = GetLiquid(i);
+        if (water::IsBlend(*liquid.GetDetails())) {
+            for (const std::size_t place : PlacesOf(liquid, places))
+                blends[place].push_back(i);
+        }
+        places.emplace(liquid.GetName(), i);
+    }
+    return blends;
+}
+
+std::vector<std::size_t> Project::PlacesOf(const LiquidData& blend,
+                                           const std::unordered_map<std::string_view, std::size_t>& before)
+{
+    std::vector<std::size_t> places;
+    for (const water::BlendPart& part : water::RecipeOf(*blend.GetDetails()).parts) {
+        const auto found = before.find(part.water);
+        if (found == before.end())
+            return {};
+        places.push_back(found->second);
+    }
+    return places;
+}
+
+void Project::CalculateOne(std::size_t liquid)
+{
     UpdateBlend(liquid);
     NormalizeLiquid(liquid);
     CalculateAlkalization(liquid);
-    // Inputs that the calculation settles (a reset, a blend) are not typed.
-    m_journal->TakeTyped();
-    LiquidData& calculated = GetLiquid(liquid);
-    calculated.SetOutOfDate(false);
-    for (std::size_t i = liquid + 1; i < GetLiquidCount(); ++i) {
-        if (std::ranges::count(WatersOf(GetLiquid(i)), &calculated) > 0)
-            GetLiquid(i).SetOutOfDate(true);
-    }
+    GetLiquid(liquid).SetOutOfDate(false);
 }
 
 std::vector<const LiquidData*> Project::WatersOf(const LiquidData& blend) const
 {
     if (!water::IsBlend(*blend.GetDetails()))
         return {};
+    std::unordered_map<std::string_view, std::size_t> before;
+    const std::size_t position = blend.GetPosition();
+    for (std::size_t i = 0; i < position; ++i)
+        before.emplace(GetLiquid(i).GetName(), i);
     std::vector<const LiquidData*> waters;
-    for (const water::BlendPart& part : water::RecipeOf(*blend.GetDetails()).parts) {
-        std::size_t place = 0;
-        while (place < blend.GetPosition() && GetLiquid(place).GetName() != part.water)
-            ++place;
-        if (place == blend.GetPosition())
-            return {};
+    for (const std::size_t place : PlacesOf(blend, before))
         waters.push_back(&GetLiquid(place));
-    }
     return waters;
 }
 

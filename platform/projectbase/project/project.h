@@ -157,6 +157,13 @@ private:
     void Unregister(OwnerNode& node);
     /// What a water is mixed of stands before it under the name of its recipe: blends come to life, to rest
     /// or to other sources when waters come, go, move or are renamed.
+    /// Blends, normalises and alkalises one water; the blends of it are not told.
+    void CalculateOne(std::size_t liquid);
+    /// For each water the places of the blends that are made of it.
+    std::vector<std::vector<std::size_t>> BlendsOfWaters() const;
+    /// Where the waters of a blend stand; empty where one is not among those before it.
+    static std::vector<std::size_t> PlacesOf(const LiquidData& blend,
+                                             const std::unordered_map<std::string_view, std::size_t>& before);
     void PutBlendsOutOfDate(OwnerKind changed);
     /// Whether a change lets a design be out of date.
     bool CountsForDesign(const StackElement& element);
