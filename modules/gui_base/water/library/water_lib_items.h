@@ -12,9 +12,7 @@ public:
     static constexpr int kCategory = 1;
     static constexpr int kCountry = 3;
 
-    WaterLibTreeItemData(int id, int level, bool user)
-        : m_identifier(id), m_level(level), m_user(user)
-    {}
+    WaterLibTreeItemData(int id, int level, bool user) : m_identifier(id), m_level(level), m_user(user) {}
 
     /// Of the category or country in its database.
     int GetIdentifier() const { return m_identifier; }
