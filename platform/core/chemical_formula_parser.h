@@ -61,7 +61,8 @@ public:
 
     /// The elements in the order in which the formula names them first, each once with all its atoms. Empty
     /// for a formula with a charge sign. Parts that cannot be read are passed over; an unknown symbol gives a
-    /// row of a count alone. Throws std::out_of_range ("stoi argument out of range") when a count exceeds an int.
+    /// row of a count alone. Throws std::out_of_range ("stoi argument out of range") when a count exceeds an
+    /// int.
     std::vector<CompoundElement> Parse(std::string_view formula) const;
 
     /// What Parse passes over or refuses, in the order of the formula; empty when all can be read.

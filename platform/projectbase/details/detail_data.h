@@ -105,7 +105,8 @@ public:
     const std::string& GetLimitUnit() const { return m_info->limitUnit; }
     void SetLimits(std::optional<double> min, std::optional<double> max, std::string limitUnit);
 
-    /// What the text may be; empty where it may be anything. The check is that of who reads a value from outside.
+    /// What the text may be; empty where it may be anything. The check is that of who reads a value from
+    /// outside.
     const std::vector<std::string>& GetChoices() const { return m_info->choices; }
     void SetChoices(std::vector<std::string> choices);
     bool IsChoice(const std::string& text) const;

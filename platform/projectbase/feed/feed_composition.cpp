@@ -89,8 +89,8 @@ void Fill(const Entry& entry, Concentration& block, Unit base, double value, dou
     FollowMass(block, density);
 }
 
-/// States the effluent's base value; none is negative, and none exceeds that of the feed, which comes last. What is
-/// not known stays so, and limits nothing.
+/// States the effluent's base value; none is negative, and none exceeds that of the feed, which comes last.
+/// What is not known stays so, and limits nothing.
 void FillEffluent(Entry& entry, Unit base, double value, double density)
 {
     const double stated = value < 0.0 ? 0.0 : value;

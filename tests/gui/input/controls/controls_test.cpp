@@ -290,8 +290,8 @@ TEST_F(ControlsTest, AFieldWithABindingOfItsOwnFollowsTheUnitSystem)
     DetailData detail("temp", DetailType::Double, "\u00b0C");
     detail.SetValue(20.0);
     auto* field = new TvValidatedDoubleTextCtrl({.parent = m_panel, .detail = &detail});
-    auto* iso = new TvValidatedDoubleTextCtrl(
-        {.parent = m_panel, .detail = &detail, .followUnitSystem = false});
+    auto* iso =
+        new TvValidatedDoubleTextCtrl({.parent = m_panel, .detail = &detail, .followUnitSystem = false});
     const auto holder = MakeLocalizable(field);
     field->Localize("us");
     EXPECT_EQ(field->GetValue(), "68");
