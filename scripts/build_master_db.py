@@ -4,7 +4,7 @@
 
 build_master_db.py OUTPUT CSV_DIR --ions FILE --waters FILE [--iso-codes DIR] [--locales DIR]
 
-CSV_DIR holds details.csv, elements.csv, alkalizing_agents.csv, compounds.csv, feed_mediums.csv, organics.csv, plants.csv
+CSV_DIR holds details.csv, detail_choices.csv, elements.csv, alkalizing_agents.csv, compounds.csv, feed_mediums.csv, organics.csv, plants.csv
 and water_types.csv; the files are the rows of an analysis as list_ions writes them, and the waters of the library. Countries
 and currencies come from the iso-codes package: their codes from its JSON files, their translated names from its message
 catalogues. The output is replaced as a whole or not at all, and equal inputs give equal bytes.

@@ -7,6 +7,7 @@
 #include "projectbase/project/project.h"
 #include "projectbase/project/project_json.h"
 #include "projectbase/project/range_faults.h"
+#include "projectbase/water/alkalization.h"
 
 #include <fmt/format.h>
 #include <fmt/ostream.h>
@@ -123,6 +124,11 @@ std::vector<std::string> RangeWarnings(const Project& project)
     std::vector<std::string> warnings;
     for (const RangeFault& fault : RangeFaults(project))
         warnings.push_back(RangeSentence(fault, project, PlainContext()));
+    for (std::size_t i = 0; i < project.GetLiquidCount(); ++i) {
+        const LiquidData& liquid = project.GetLiquid(i);
+        if (const std::string problem = water::Explain(liquid.GetAlkalization()); !problem.empty())
+            warnings.push_back(fmt::format("{}: Alkalization: {}", liquid.GetName(), problem));
+    }
     return warnings;
 }
 

@@ -31,8 +31,9 @@ constexpr const char* kUsage =
     "  --units us            units of the report; those of the project are the default\n"
     "  --language de         language of the report, which also has its decimal sign; English\n"
     "                        is the default\n"
-    "  --pages analysis      writes these pages only: project, analysis, properties, and feed\n"
-    "                        where it has compounds.\n"
+    "  --pages analysis      writes these pages only, by their names in the report of this project:\n"
+    "                        project, analysis, properties, feed, ... A name that it does not\n"
+    "                        have is answered by those that it has.\n"
     "          1:properties  ... of the second water only\n"
     "  --paper letter        A4 is the default\n"
     "  --help                prints this text\n";
@@ -147,13 +148,24 @@ ReportContext MakeContext(const Options& options, const Project& project)
     return context;
 }
 
+/// The names of all pages, each once.
+std::string PageNames(const ReportBuilder& builder)
+{
+    std::vector<std::string> names;
+    for (const ReportPage& page : builder.GetPages()) {
+        if (std::ranges::find(names, page.name) == names.end())
+            names.push_back(page.name);
+    }
+    return fmt::format("{}", fmt::join(names, ", "));
+}
+
 std::vector<int> ChosenPages(const ReportBuilder& builder, const Options& options)
 {
     std::vector<int> chosen;
     for (const std::string& name : options.pages) {
         const auto found = builder.FindPages(name);
         if (found.empty())
-            throw UsageError(fmt::format("there is no page '{}'", name));
+            throw UsageError(fmt::format("there is no page '{}'; there are {}", name, PageNames(builder)));
         chosen.insert(chosen.end(), found.begin(), found.end());
     }
     for (const ReportPage& page : builder.GetPages()) {

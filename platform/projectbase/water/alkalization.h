@@ -131,6 +131,9 @@ enum class AlkalizationResult
 /// Without success both results are unknown and the water is left as it was.
 PROJECTBASE_EXPORT AlkalizationResult CalculateAlkalization(DetailList& liquid);
 
+/// Why a water could not be alkalised, as a source text; empty for a success and where nothing is to be done.
+PROJECTBASE_EXPORT const char* Explain(AlkalizationResult result);
+
 /// English name of the agent with that key; the key itself where the database has none.
 PROJECTBASE_EXPORT std::string AlkalizingAgentName(const std::string& key);
 

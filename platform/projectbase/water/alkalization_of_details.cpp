@@ -6,6 +6,8 @@
 #include "projectbase/water/normalization.h"
 #include "projectbase/water/totals.h"
 
+#include <wx/translation.h>
+
 #include <algorithm>
 #include <cmath>
 
@@ -79,6 +81,27 @@ AlkalizationResult CalculateAlkalization(DetailList& liquid)
         return AlkalizationResult::Unreachable;
     Apply(liquid, *agent, start, *dosing);
     return AlkalizationResult::Done;
+}
+
+const char* Explain(AlkalizationResult result)
+{
+    using Result = AlkalizationResult;
+    switch (result) {
+        case Result::None:
+        case Result::Done:
+            return "";
+        case Result::UnknownWater:
+            return wxTRANSLATE("The full analysis with pH and temperature is needed.");
+        case Result::Contradictory:
+            return wxTRANSLATE("Bicarbonate does not go with a pH below 4.3.");
+        case Result::UnknownAgent:
+            return wxTRANSLATE("The alkalizing agent is not in the database.");
+        case Result::UnknownGoal:
+            return wxTRANSLATE("Enter a pH or a dose.");
+        case Result::Unreachable:
+            return wxTRANSLATE("This agent cannot bring the water there.");
+    }
+    return "";
 }
 
 std::string AlkalizingAgentName(const std::string& key)

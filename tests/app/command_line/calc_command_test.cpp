@@ -227,6 +227,25 @@ TEST_F(Calc, WarnsOfValuesOutOfTheirLimits)
                 HasSubstr("Feed water: Temperature -20 \u00b0C is below the minimum of 0 \u00b0C"));
 }
 
+TEST_F(Calc, SaysWhyAWaterCouldNotBeAlkalised)
+{
+    const std::pair<std::vector<std::string>, const char*> cases[] = {
+        {{"alk.type=naoh", "alk.target=9"}, "The full analysis with pH and temperature is needed."},
+        {{"alk.type=naoh", "ph=7"}, "Enter a pH or a dose."},
+        {{"alk.type=naoh", "ph=7", "alk.target=5"}, "This agent cannot bring the water there."},
+        {{"alk.type=naoh", "ph=7", "alk.target=9"}, ""},
+    };
+    for (const auto& [settings, problem] : cases) {
+        std::vector<std::string> args{m_path};
+        for (const std::string& setting : settings)
+            args.insert(args.end(), {"--set", setting});
+        const Result result = Run(args);
+        EXPECT_EQ(result.code, 0) << settings.back();
+        EXPECT_EQ(result.err.find("Alkalization") != std::string::npos, *problem != '\0') << result.err;
+        EXPECT_THAT(result.err, HasSubstr(problem)) << settings.back();
+    }
+}
+
 TEST_F(Calc, ReportsFilesAndWordsItCannotUse)
 {
     support::WriteBytes(m_folder / "letter", "Dear reader");

@@ -246,7 +246,7 @@ void OthersBox::ShowAlkalization(const LiquidData& liquid, const std::string& un
     const water::AlkalizationResult result = liquid.GetAlkalization();
     const wxString text = result == water::AlkalizationResult::Done
                               ? DescribeDose(m_fields.Details(), unitSystem)
-                              : i18n::Translated(alkalization::Explain(result));
+                              : i18n::Translated(wxString::FromUTF8(water::Explain(result)));
     if (m_alkalization->GetLabelText() == text)
         return;
     m_alkalization->SetLabelText(text);

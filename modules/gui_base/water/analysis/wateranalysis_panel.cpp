@@ -220,7 +220,7 @@ void WaterAnalysisPanel::CalculateAlkalization()
 void WaterAnalysisPanel::TellAlkalization()
 {
     const water::AlkalizationResult result = m_liquid.GetAlkalization();
-    const wxString reason = alkalization::Explain(result);
+    const wxString reason = wxString::FromUTF8(water::Explain(result));
     if (std::exchange(m_toldAlkalization, result) != result && !reason.empty())
         GetProject()->GetLogger().Warning(
             (wxString(wxTRANSLATE("Alkalization")) + ": " + reason).utf8_string());

@@ -11,31 +11,6 @@
 
 #include <array>
 
-namespace alkalization {
-
-wxString Explain(water::AlkalizationResult result)
-{
-    using Result = water::AlkalizationResult;
-    switch (result) {
-        case Result::None:
-        case Result::Done:
-            return {};
-        case Result::UnknownWater:
-            return wxTRANSLATE("The full analysis with pH and temperature is needed.");
-        case Result::Contradictory:
-            return wxTRANSLATE("Bicarbonate does not go with a pH below 4.3.");
-        case Result::UnknownAgent:
-            return wxTRANSLATE("The alkalizing agent is not in the database.");
-        case Result::UnknownGoal:
-            return wxTRANSLATE("Enter a pH or a dose.");
-        case Result::Unreachable:
-            return wxTRANSLATE("This agent cannot bring the water there.");
-    }
-    return {};
-}
-
-}  // namespace alkalization
-
 namespace {
 
 constexpr FormRow kTargetPh{.key = "liquid/alk.target", .label = wxTRANSLATE("Target pH")};
@@ -139,7 +114,7 @@ void AlkalizationPanel::ShowGoal()
         button->Enable(isChosen);
     FindField("liquid/alk.target")->Enable(isChosen && !byDose);
     FindField("liquid/alk.dose")->Enable(isChosen && byDose);
-    const wxString message = i18n::Translated(alkalization::Explain(m_result));
+    const wxString message = i18n::Translated(wxString::FromUTF8(water::Explain(m_result)));
     if (m_message->GetLabelText() != message) {
         m_message->SetLabelText(message);
         m_message->Wrap(FromDIP(kMessageWidth));

@@ -50,10 +50,3 @@ protected:
 private:
     std::vector<std::pair<DetailData*, DetailData::Value>> m_before;
 };
-
-namespace alkalization {
-
-/// Why a water could not be alkalised, as a source text; empty for a success and where nothing is to be done.
-GUI_BASE_EXPORT wxString Explain(water::AlkalizationResult result);
-
-}  // namespace alkalization
