@@ -156,7 +156,8 @@ void Project::CalculateLiquid(std::size_t liquid)
     ApplyPendingRules();
     CalculateOne(liquid);
     m_journal->TakeTyped();
-    for (const std::size_t blend : BlendsOfWaters()[liquid])
+    const auto blends = BlendsOfWaters();
+    for (const std::size_t blend : blends[liquid])
         GetLiquid(blend).SetOutOfDate(true);
 }
 
