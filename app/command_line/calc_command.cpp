@@ -25,6 +25,8 @@ constexpr const char* kUsage =
     "        water.2:ph=7.4  ... of the second water; without an owner it is the first\n"
     "        ex.1.comp.1:level=80\n"
     "                        ... of a part of the plant: exchanger, compartment, row\n"
+    "        feedcompound.1:conc=5mmol/l\n"
+    "                        ... of a compound of the feed; conc.effluent of the effluent\n"
     "        balance.auto=true\n"
     "  --json                prints everything the project knows, in ISO units; FILE may\n"
     "                        be such a text\n"

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/command_line/project_setting.h"
 
+#include "app/command_line/feed_setting.h"
 #include "projectbase/project/project.h"
 #include "projectbase/project/project_edit.h"
 #include "projectbase/units/unit_system_manager.h"
@@ -22,37 +23,6 @@ namespace {
 
 constexpr std::string_view kOrig = ".orig";
 constexpr std::string_view kUnit = ".unit";
-
-std::string_view Trim(std::string_view text)
-{
-    const auto first = text.find_first_not_of(" \t");
-    if (first == std::string_view::npos)
-        return {};
-    return text.substr(first, text.find_last_not_of(" \t") - first + 1);
-}
-
-struct Quantity
-{
-    double value = std::numeric_limits<double>::quiet_NaN();
-    std::string unit;
-};
-
-/// A number and whatever follows it; not known for an empty text.
-Quantity ParseQuantity(const ProjectSetting& setting)
-{
-    std::string_view text = Trim(setting.value);
-    if (text.empty())
-        return {};
-    if (text.front() == '+' && text.size() > 1 && text[1] != '-')
-        text.remove_prefix(1);
-    double value = 0.0;
-    const char* const end = text.data() + text.size();
-    const auto parsed = std::from_chars(text.data(), end, value);
-    if (parsed.ec != std::errc() || !std::isfinite(value))
-        throw SettingError(fmt::format("'{}' is no number for {}", setting.value, setting.key));
-    return {value,
-            std::string(Trim(std::string_view(parsed.ptr, static_cast<std::size_t>(end - parsed.ptr))))};
-}
 
 /// The name of the unit detail that belongs to an ".orig" one.
 std::string UnitName(const std::string& name)
@@ -223,6 +193,10 @@ ProjectSetting ParseSetting(const std::string& text)
 
 void ApplySetting(Project& project, const ProjectSetting& setting)
 {
+    if (setting.owner.starts_with(kFeedEntry)) {
+        ApplyFeedSetting(project, setting);
+        return;
+    }
     const Target target = FindTarget(project, setting);
     if (target.detail->IsDerived())
         throw SettingError(fmt::format("'{}' is calculated and cannot be set", setting.key));

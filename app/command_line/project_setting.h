@@ -3,9 +3,10 @@
 
 /// A value given on the command line: "[OWNER:]KEY=VALUE[UNIT]".
 ///
-/// OWNER is the path of an owner ("water.2", "ex.1.comp.1", "ex.1.seq.3"), or the number of a water counted
-/// from 0; without one the key is the project's or the first water's.
-/// KEY is the name of a detail ("liquid/na.orig", "project/title"); what all keys of the owner begin with
+/// OWNER is the path of an owner ("water.2", "ex.1.comp.1", "ex.1.seq.3"), the number of a water counted
+/// from 0, or an entry of the feed ("feedcompound.1"); without one the key is the project's or the first
+/// water's. KEY is the name of a detail ("liquid/na.orig", "project/title"); what all keys of the owner begin
+/// with
 /// ("liquid/", "stepcomp/") may be left out, and so may ".orig" of what is entered in a unit of choice:
 /// "na=12mg/l" sets the number and the unit, "na=12" the number alone.
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/command_line/project_setting.h"
 
+#include "dbinterfaces/master_database.h"
 #include "projectbase/project/iex_project.h"
 
 #include <gtest/gtest.h>
@@ -31,6 +32,37 @@ TEST(ProjectSetting, NothingThatIsCalculatedCanBeSet)
 {
     iex::IEXProject project("DEMI");
     EXPECT_GT(TryDerived(project, project.GetRoot()), 100);
+}
+
+TEST(ProjectSetting, CompoundsOfTheFeedAreSetAsMessagesNameThem)
+{
+    using Unit = FeedComposition::Unit;
+    iex::IEXProject project;
+    FeedComposition composition;
+    for (const DBObjects::Compound& compound : MasterDatabase::GetSuppliedCompounds()) {
+        if (compound.formula == "NaCl" || compound.formula == "Ca")
+            composition.Add(compound);
+    }
+    ASSERT_EQ(composition.GetEntries().size(), 2u);
+    project.SaveFeedCompositionToDetails(composition);
+    const auto value = [&](std::size_t entry, Unit unit, bool effluent = false) {
+        const FeedComposition now = project.LoadFeedCompositionFromDetails();
+        return (effluent ? now.GetEntries()[entry].effluent : now.GetEntries()[entry].feed)[unit];
+    };
+    const auto set = [&](const char* text) { app::ApplySetting(project, app::ParseSetting(text)); };
+    set("feedcompound.1:conc=2mmol/l");
+    EXPECT_NEAR(value(0, Unit::MmolPerLitre), 2.0, 1e-12);
+    set("feedcompound.1:conc=3");
+    EXPECT_NEAR(value(0, Unit::MmolPerLitre), 3.0, 1e-12) << "in the unit in which it was stated";
+    set("feedcompound.2:feedcompound/conc.meql=4");
+    EXPECT_NEAR(value(1, Unit::MeqPerLitre), 4.0, 1e-12);
+    set("feedcompound.1:conc.effluent=9mmol/l");
+    EXPECT_NEAR(value(0, Unit::MmolPerLitre, true), 3.0, 1e-12) << "never more than the feed";
+    for (const char* bad :
+         {"feedcompound.0:conc=1", "feedcompound.3:conc=1", "feedcompound.1x:conc=1",
+          "feedcompound.1:formula=KCl", "feedcompound.1:conc=abc", "feedcompound.1:conc=1psi"})
+        EXPECT_THROW(set(bad), app::SettingError) << bad;
+    EXPECT_NEAR(value(0, Unit::MmolPerLitre), 3.0, 1e-12);
 }
 
 }  // namespace
