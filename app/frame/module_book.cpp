@@ -210,6 +210,12 @@ ModulePanelBase* ModuleBook::Show(const std::string& module, DetailOwner owner)
     return host->GetPanel();
 }
 
+ModulePanelBase* ModuleBook::Show(DetailOwner owner)
+{
+    const auto found = std::ranges::find(m_hosts, owner, &PageHost::GetOwner);
+    return found == m_hosts.end() ? nullptr : Show((*found)->GetModule().id, owner);
+}
+
 bool ModuleBook::ShowDetail(const DetailAddress& address)
 {
     const auto holds = [&](const PageHost* host) {

@@ -39,6 +39,8 @@ public:
 
     /// Brings the page of a module and an owner to the front; null where there is none.
     ModulePanelBase* Show(const std::string& module, DetailOwner owner);
+    /// The first page of an owner, whichever module it belongs to.
+    ModulePanelBase* Show(DetailOwner owner);
     /// Brings the page to the front on which a value is edited, and puts the focus into its field; false
     /// where no page has it.
     bool ShowDetail(const DetailAddress& address);

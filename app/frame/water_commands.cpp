@@ -72,7 +72,7 @@ LiquidData* WaterCommands::GetCurrent() const
 
 void WaterCommands::Show(const LiquidData& water)
 {
-    m_frame.GetBook().Show("water", water.GetOwner());
+    m_frame.GetBook().Show(water.GetOwner());
 }
 
 void WaterCommands::ShowLibrary()

@@ -306,10 +306,12 @@ void FeedCompositionPanelController::UpdateFeedMedium(FeedEvent&)
 {
     FeedMedium::Data medium = m_view->GetData().medium;
     medium.temperature = medium.temperature.ConvertedTo(TemperatureUnit::Celsius);
-    const DBObjects::FeedMedium record = MasterDatabase::GetFeedMedium(static_cast<int>(medium.id));
-    medium.density = record.id >= 0 ? record.density : m_composition->GetDensity();
+    medium.density = m_composition->GetDensity();
     m_composition->SetMedium(medium);
-    CompositionChanged();
+    SaveFeedCompositionToDetails();
+    // Which density another medium brings, the project knows.
+    ReloadComposition();
+    SendTvChangeEventToView();
 }
 
 void FeedCompositionPanelController::CallbackViewShown(FeedEvent&)
