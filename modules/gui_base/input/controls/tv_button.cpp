@@ -8,12 +8,6 @@ TvButton::TvButton(wxWindow* parent, int id, const wxString& label, const wxPoin
     : wxButton(parent, id, i18n::Translated(label), pos, size, style, validator, name), m_label(label)
 {}
 
-void TvButton::SetTranslatableLabel(const wxString& label)
-{
-    m_label = label;
-    ShowTexts();
-}
-
 void TvButton::SetTranslatableToolTip(const wxString& tooltip, const wxString& remark)
 {
     m_tooltip = tooltip;

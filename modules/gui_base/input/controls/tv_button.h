@@ -16,8 +16,6 @@ public:
              const wxValidator& validator = wxDefaultValidator,
              const wxString& name = wxASCII_STR(wxButtonNameStr));
 
-    /// Stores the source text and shows its translation.
-    void SetTranslatableLabel(const wxString& label);
     /// A `remark`, translated apart, stands on a line of its own below the tooltip.
     void SetTranslatableToolTip(const wxString& tooltip, const wxString& remark = {});
     void Localize(const std::string& unitSystem);

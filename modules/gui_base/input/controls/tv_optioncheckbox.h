@@ -53,7 +53,6 @@ public:
                             const wxPoint& pos = wxDefaultPosition, const wxSize& size = wxDefaultSize,
                             long style = 0);
 
-    const ProcessOption& GetOption() const { return m_option; }
     void TransferDetailToWindow() override;
     void Localize(const std::string& unitSystem);
 

@@ -154,7 +154,6 @@ private:
     TvTextCtrl* AddField(wxWindow* parent, DetailData& detail, const NumberSpec& spec, long style,
                          int transferFlags);
     TvTextCtrl* AddNumberInput(wxWindow* parent, DetailData& detail, const NumberSpec& spec);
-    TvTextCtrl* AddTextInput(wxWindow* parent, DetailData& detail, const wxString& label);
     TvTextCtrl* AddTextField(wxWindow* parent, const FormRow& row, DetailData& detail);
     wxWindow* CreateChoice(wxWindow* parent, const FormRow& row, DetailData& detail);
     FormCells AddUnitRow(wxWindow* parent, wxSizer& grid, const FormRow& row, DetailData& detail);
