@@ -297,6 +297,7 @@ TEST_F(InputFramework, Combinations)
     const std::vector<wxString> texts{"mg/l", "meq/l"};
     InputCombinationIonConcentrationCtrl own(m_panel, 502, "Calcium", ":", &m_number, &unit, &output, texts,
                                              nullptr, 0.0, 100.0, wxDefaultPosition, wxDefaultSize, 0);
+    sizer->Add(own.GetSizer());
     InputCombinationIonConcentrationCtrl placed(m_panel, 503, "Calcium", ":", &m_number, &unit, &output,
                                                 sizer, texts, nullptr, 0.0, 100.0, wxDefaultPosition,
                                                 wxDefaultSize, 0);
