@@ -24,7 +24,6 @@ public:
     void OnInitCmdLine(wxCmdLineParser& parser) override;
     bool OnCmdLineParsed(wxCmdLineParser& parser) override;
 
-
 private:
     /// Prints the memory that the program holds, in KiB, and ends it.
     void ReportStart();
