@@ -6,12 +6,15 @@
 #include <benchmark/benchmark.h>
 #include <wx/app.h>
 #include <wx/evtloop.h>
+#include <wx/log.h>
 
 class BenchApp : public wxApp
 {
 public:
     bool OnInit() override
     {
+        // The toolkit's own log would show what was reported in a box, and wait.
+        delete wxLog::SetActiveTarget(new wxLogStderr);
         ImageLoader::Init(wxString::FromUTF8(tncommon::DataDir().string()));
         return true;
     }
