@@ -157,8 +157,18 @@ bool IsUpToDate(const DetailGroup& group, const Entry& entry)
     return same && group.size() == known;
 }
 
-void AddCompounds(const DetailGroupsPtr& groups, FeedComposition& composition)
+}  // namespace
+
+void IEXProject::LoadCompositionBaseFromDetails(FeedComposition& composition) const
 {
+    composition.SetPhAdjusted(GetDetails().At(kAdjustPh).GetBoolValue());
+    composition.SetUsesEffluent(GetDetails().At(kUseEffluent).GetBoolValue());
+    composition.SetStatedPh(GetDetails().At(kStatedPh).GetDoubleValue());
+}
+
+void IEXProject::LoadFeedCompoundsFromDetails(FeedComposition& composition) const
+{
+    const DetailGroupsPtr groups = GetDetailGroups(kCompounds);
     if (!groups)
         return;
     for (const DetailGroupPtr& group : *groups) {
@@ -172,18 +182,14 @@ void AddCompounds(const DetailGroupsPtr& groups, FeedComposition& composition)
     }
 }
 
-}  // namespace
-
 FeedComposition IEXProject::LoadFeedCompositionFromDetails() const
 {
     FeedComposition composition;
     {
         const FeedComposition::Batch batch(composition);
+        LoadCompositionBaseFromDetails(composition);
         composition.SetMedium(LoadFeedMediumFromDetails());
-        composition.SetPhAdjusted(GetDetails().At(kAdjustPh).GetBoolValue());
-        composition.SetUsesEffluent(GetDetails().At(kUseEffluent).GetBoolValue());
-        composition.SetStatedPh(GetDetails().At(kStatedPh).GetDoubleValue());
-        AddCompounds(GetDetailGroups(kCompounds), composition);
+        LoadFeedCompoundsFromDetails(composition);
     }
     return composition;
 }

@@ -39,6 +39,9 @@ public:
     /// group for each: meq/l, and what was typed beside it; the molar mass follows from the formula. Throws
     /// DatabaseError when the elements cannot be read.
     FeedComposition LoadFeedCompositionFromDetails() const;
+    /// Its parts apart from the medium: how pH and effluent are treated, and its compounds, which are added.
+    void LoadCompositionBaseFromDetails(FeedComposition& composition) const;
+    void LoadFeedCompoundsFromDetails(FeedComposition& composition) const;
     /// Stores entries, medium, density, flags and the stated pH in one edit. Equal compositions leave equal
     /// bytes.
     void SaveFeedCompositionToDetails(const FeedComposition& composition);

@@ -65,32 +65,15 @@ CarbonicEquilibrium::CarbonicEquilibrium(double pH, double celsius, double ionic
 {}
 
 CarbonicEquilibrium::CarbonicEquilibrium(double pH, const AcidConstants& constants, double ionicStrength)
-    : m_water(DissociationFromPh(pH, constants, ionicStrength))
 {
     const double logGamma = LogActivityOfUnitCharge(ionicStrength, constants.debyeHueckelA);
     m_co2 = std::pow(10.0, constants.carbonic.pK1 - pH + logGamma);
     m_carbonate = std::pow(10.0, pH - constants.carbonic.pK2 - 3.0 * logGamma);
 }
 
-double CarbonicEquilibrium::BicarbonateFromAlkalinity(double alkalinity) const
-{
-    const double carbonic = alkalinity - m_water.hydroxide + m_water.hydrogen;
-    if (std::isnan(carbonic))
-        return kUnknown;
-    return std::max(0.0, carbonic) / (1.0 + 2.0 * m_carbonate);
-}
-
 double CarbonicEquilibrium::BicarbonateFromTotal(double totalInorganicCarbon) const
 {
     return totalInorganicCarbon / (1.0 + m_co2 + m_carbonate);
-}
-
-double PhFromCo2(double co2, double bicarbonate, double celsius, double ionicStrength)
-{
-    if (!(co2 > 0.0) || !(bicarbonate > 0.0))
-        return kUnknown;
-    return CarbonicConstantsAt(celsius).pK1 + LogActivityOfUnitCharge(ionicStrength, DebyeHueckelA(celsius)) +
-           std::log10(bicarbonate / co2);
 }
 
 }  // namespace water

@@ -56,9 +56,6 @@ public:
     double Co2FromBicarbonate(double bicarbonate) const { return bicarbonate * m_co2; }
     double CarbonateFromBicarbonate(double bicarbonate) const { return bicarbonate * m_carbonate; }
     double BicarbonateFromCo2(double co2) const { return co2 / m_co2; }
-    /// From the m-value in meq/l; what H+ and OH- contribute to it is taken off. 0 in a water that is too
-    /// acid for bicarbonate.
-    double BicarbonateFromAlkalinity(double alkalinity) const;
     /// From [HCO3] + 2[CO3] in meq/l.
     double BicarbonateFromForms(double carbonateAlkalinity) const
     {
@@ -70,11 +67,6 @@ public:
 private:
     double m_co2;        // [CO2]/[HCO3]
     double m_carbonate;  // [CO3]/[HCO3]
-    Dissociation m_water;
 };
-
-/// The pH at which `co2` and `bicarbonate` are in equilibrium; not a number where one of them is not
-/// positive.
-PROJECTBASE_EXPORT double PhFromCo2(double co2, double bicarbonate, double celsius, double ionicStrength);
 
 }  // namespace water

@@ -29,14 +29,6 @@ double DissolvedMass(const Composition& composition)
     return std::inner_product(kMolarMasses.begin(), kMolarMasses.end(), composition.amounts.begin(), 0.0);
 }
 
-ChargeSums SumCharges(const Composition& composition)
-{
-    ChargeSums sums;
-    for (std::size_t i = 0; i < kSpeciesCount; ++i)
-        (kCharges[i] > 0 ? sums.cations : sums.anions) += composition.amounts[i] * std::abs(kCharges[i]);
-    return sums;
-}
-
 double ElectroneutralityError(const ChargeSums& sums)
 {
     const double total = sums.cations + sums.anions;
@@ -65,12 +57,6 @@ double CarbonateHardness(const Composition& composition)
 double AlkalinityM(const Composition& composition)
 {
     return composition[Species::Hco3] + 2.0 * composition[Species::Co3] + composition[Species::Oh] -
-           composition[Species::H] - composition.boundHydrogen;
-}
-
-double AlkalinityP(const Composition& composition)
-{
-    return composition[Species::Co3] + composition[Species::Oh] - composition[Species::Co2] -
            composition[Species::H] - composition.boundHydrogen;
 }
 

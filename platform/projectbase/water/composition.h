@@ -94,7 +94,6 @@ struct ChargeSums
     double cations = 0.0;
     double anions = 0.0;
 };
-PROJECTBASE_EXPORT ChargeSums SumCharges(const Composition& composition);
 
 /// 100 (Σc - Σa)/(Σc + Σa) in percent, as in Standard Methods 1030E; where half the sum is the divisor, the
 /// figure is twice as large. 0 for a water without ions.
@@ -112,9 +111,6 @@ PROJECTBASE_EXPORT double CarbonateHardness(const Composition& composition);
 /// meq/l, [HCO3] + 2[CO3] + [OH] - [H] - [HSO4]: the m-value (acid demand to pH 4.3). Weak acids other than
 /// carbonic acid, negligible below pH 9, are left out.
 PROJECTBASE_EXPORT double AlkalinityM(const Composition& composition);
-/// meq/l, [CO3] + [OH] - [CO2] - [H] - [HSO4]: the p-value (acid demand to pH 8.2); negative where base is
-/// needed.
-PROJECTBASE_EXPORT double AlkalinityP(const Composition& composition);
 /// meq/l of the anions of strong acids (Cl, SO4, NO3, F, Br, and one equivalent a mole of PO4): the acidity
 /// behind a strong-acid cation exchanger.
 PROJECTBASE_EXPORT double EquivalentMineralAcidity(const Composition& composition);

@@ -139,8 +139,8 @@ void CompoundBrowser::BindEvents()
     // Enter goes on to what was found.
     m_search->Bind(wxEVT_SEARCH, [this](wxCommandEvent&) { m_list->SetFocus(); });
     // A filter changes no project: nobody else hears of it.
-    m_element->Bind(tvCHANGE_EVENT, [this](wxCommandEvent&) { PostEvent(tvFEED_ELEMENT_CHOSEN); });
-    m_category->Bind(tvCHANGE_EVENT, [this](wxCommandEvent&) { PostEvent(tvFEED_CATEGORY_CHOSEN); });
+    m_element->Bind(tvCHANGE_EVENT, [this](wxCommandEvent&) { PostElementChoiceEvent(); });
+    m_category->Bind(tvCHANGE_EVENT, [this](wxCommandEvent&) { PostCategoryChoiceEvent(); });
 }
 
 void CompoundBrowser::Localize(const std::string& unitSystem)
@@ -183,7 +183,7 @@ void CompoundBrowser::CancelSearch()
     m_search->ChangeValue(wxString());
 }
 
-void CompoundBrowser::EnableEditAndDelete(bool edit, bool remove)
+void CompoundBrowser::EnableEditAndDeleteCompoundButtons(bool edit, bool remove)
 {
     m_edit->Enable(edit);
     m_delete->Enable(remove);
@@ -196,36 +196,56 @@ void CompoundBrowser::PostEvent(wxEventType type, std::vector<int> compounds)
     m_post(event);
 }
 
+void CompoundBrowser::PostCompoundAddedEvent(const std::vector<int>& compounds)
+{
+    PostEvent(tvFEED_COMPOUND_ADDED, compounds);
+}
+
+void CompoundBrowser::PostCompoundSelectedEvent(const std::vector<int>& compounds)
+{
+    PostEvent(tvFEED_COMPOUND_SELECTED, compounds);
+}
+
+void CompoundBrowser::PostCompoundEditEvent(const std::vector<int>& compounds)
+{
+    PostEvent(tvFEED_COMPOUND_EDIT, compounds);
+}
+
+void CompoundBrowser::PostCompoundDeleteEvent(const std::vector<int>& compounds)
+{
+    PostEvent(tvFEED_COMPOUND_DELETE, compounds);
+}
+
 void CompoundBrowser::OnCompoundAddedToComposition(wxListEvent& event)
 {
     const int activated = m_list->GetId(event.GetIndex());
     std::vector<int> compounds = m_list->GetSelectedIds();
     if (std::find(compounds.begin(), compounds.end(), activated) == compounds.end())
         compounds = {activated};
-    PostEvent(tvFEED_COMPOUND_ADDED, std::move(compounds));
+    PostCompoundAddedEvent(compounds);
 }
 
 void CompoundBrowser::OnCompoundSelected()
 {
     const std::vector<int> selected = m_list->GetSelectedIds();
-    EnableEditAndDelete(selected.size() == 1, !selected.empty());
+    EnableEditAndDeleteCompoundButtons(selected.size() == 1, !selected.empty());
     m_onSelection(selected.size());
     if (selected.empty())
         PostEvent(tvFEED_COMPOUND_DESELECTED);
     else if (selected.size() == 1)
-        PostEvent(tvFEED_COMPOUND_SELECTED, selected);
+        PostCompoundSelectedEvent(selected);
 }
 
 void CompoundBrowser::OnEditCompoundClick()
 {
     const std::vector<int> selected = m_list->GetSelectedIds();
     if (selected.size() == 1)
-        PostEvent(tvFEED_COMPOUND_EDIT, selected);
+        PostCompoundEditEvent(selected);
 }
 
 void CompoundBrowser::OnDeleteCompoundClick()
 {
-    std::vector<int> selected = m_list->GetSelectedIds();
+    const std::vector<int> selected = m_list->GetSelectedIds();
     if (selected.empty())
         return;
     const bool one = selected.size() == 1;
@@ -233,7 +253,7 @@ void CompoundBrowser::OnDeleteCompoundClick()
                                      : wxTRANSLATE("Do you really want to delete these entries?"));
     const wxString title = Tr(one ? wxTRANSLATE("Delete entry") : wxTRANSLATE("Delete entries"));
     if (dialogs::AskYesNo(this, question, title, wxICON_QUESTION) == wxID_YES)
-        PostEvent(tvFEED_COMPOUND_DELETE, std::move(selected));
+        PostCompoundDeleteEvent(selected);
 }
 
 void CompoundBrowser::OnListContextMenu()
@@ -247,7 +267,7 @@ void CompoundBrowser::OnListContextMenu()
     menu.Append(wxID_DELETE, Tr("Delete"));
     switch (m_list->GetPopupMenuSelectionFromUser(menu)) {
         case wxID_ADD:
-            PostEvent(tvFEED_COMPOUND_ADDED, selected);
+            PostCompoundAddedEvent(selected);
             break;
         case wxID_EDIT:
             OnEditCompoundClick();

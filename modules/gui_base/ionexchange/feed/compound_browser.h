@@ -39,7 +39,7 @@ public:
     wxString GetSearchText() const;
     /// Clears the search text, without an event.
     void CancelSearch();
-    void EnableEditAndDelete(bool edit, bool remove);
+    void EnableEditAndDeleteCompoundButtons(bool edit, bool remove);
     CompoundList& GetList() const { return *m_list; }
 
 private:
@@ -50,6 +50,12 @@ private:
     void NameControls();
 
     void PostEvent(wxEventType type, std::vector<int> compounds = {});
+    void PostElementChoiceEvent() { PostEvent(tvFEED_ELEMENT_CHOSEN); }
+    void PostCategoryChoiceEvent() { PostEvent(tvFEED_CATEGORY_CHOSEN); }
+    void PostCompoundAddedEvent(const std::vector<int>& compounds);
+    void PostCompoundSelectedEvent(const std::vector<int>& compounds);
+    void PostCompoundEditEvent(const std::vector<int>& compounds);
+    void PostCompoundDeleteEvent(const std::vector<int>& compounds);
     void OnCompoundAddedToComposition(wxListEvent& event);
     void OnCompoundSelected();
     void OnEditCompoundClick();

@@ -10,6 +10,7 @@
 
 #include <cmath>
 #include <exception>
+#include <utility>
 
 namespace {
 
@@ -156,7 +157,17 @@ void FeedCompositionPanelController::OnUnitSystemChanged(wxCommandEvent& event)
 
 void FeedCompositionPanelController::LoadCompositionFromDetails()
 {
-    *m_composition = m_project.LoadFeedCompositionFromDetails();
+    FeedComposition former = std::exchange(*m_composition, FeedComposition());
+    try {
+        const FeedComposition::Batch batch(*m_composition);
+        LoadCompositionBaseFromDetails();
+        LoadFeedMediumFromDetails();
+        LoadFeedCompoundsFromDetails();
+    } catch (...) {
+        // Half a feed would be saved with the next edit.
+        *m_composition = std::move(former);
+        throw;
+    }
     m_stale = false;
 }
 
@@ -292,7 +303,8 @@ void FeedCompositionPanelController::UpdatePhAdjustment(FeedEvent&)
     m_composition->SetPhAdjusted(data.adjustPh);
     SaveFeedCompositionToDetails();
     // With which pH an adjustment begins, the project knows.
-    ReloadComposition();
+    LoadCompositionBaseFromDetails();
+    TransferCompositionToView();
     SendTvChangeEventToView();
 }
 
@@ -310,7 +322,8 @@ void FeedCompositionPanelController::UpdateFeedMedium(FeedEvent&)
     m_composition->SetMedium(medium);
     SaveFeedCompositionToDetails();
     // Which density another medium brings, the project knows.
-    ReloadComposition();
+    LoadFeedMediumFromDetails();
+    TransferCompositionToView();
     SendTvChangeEventToView();
 }
 

@@ -50,8 +50,11 @@ public:
     void InitElementSelection();
     void InitMediumSelection();
     void InitTemperatureUnitSelection();
-    /// What the project holds of the feed, not shown yet.
+    /// What the project holds of the feed, not shown yet: the whole, and its parts.
     void LoadCompositionFromDetails();
+    void LoadCompositionBaseFromDetails() { m_project.LoadCompositionBaseFromDetails(*m_composition); }
+    void LoadFeedCompoundsFromDetails() { m_project.LoadFeedCompoundsFromDetails(*m_composition); }
+    void LoadFeedMediumFromDetails() { m_composition->SetMedium(m_project.LoadFeedMediumFromDetails()); }
     void SaveFeedCompositionToDetails();
     void TransferCompositionToView();
     void SendTvChangeEventToView();

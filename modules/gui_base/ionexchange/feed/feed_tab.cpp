@@ -55,13 +55,13 @@ void FeedTabBase::AddGridCtrl(FeedCompositionGridBase* grid, wxEventType edited)
         event.row = row;
         event.unit = unit;
         event.value = value;
-        m_post(event);
+        PostCompositionChangedEvent(event);
     });
     const auto tellRow = [this](wxEventType type) {
         return [this, type](std::size_t row) {
             FeedEvent event(type);
             event.row = row;
-            m_post(event);
+            PostCompositionChangedEvent(event);
         };
     };
     grid->SetOnRemove(tellRow(tvFEED_ENTRY_REMOVED));
@@ -88,21 +88,33 @@ void FeedTabBase::SetTotals(const FeedComposition::Totals& totals)
 }
 
 FeedTab::FeedTab(wxWindow* parent, Post post, const FeedComposition& composition)
-    : FeedTabBase(parent, std::move(post)),
-      m_composition(composition),
-      m_grid(new FeedCompositionGrid(this, wxID_ANY, composition))
+    : FeedTabBase(parent, std::move(post)), m_composition(composition)
 {
     m_values.Add(DetailData(kPh));
-    AddGridCtrl(m_grid, tvFEED_CELL_EDITED);
-    AddPhRow(*AddTotalBox(wxTRANSLATE("Total feed composition")));
+    AddFeedGridCtrl();
+    AddFeedTotalBox();
     m_fields.SetValidators();
     m_fields.OnCommit([this] { OnTotalPhEnter(); }, {});
-    m_adjustPh->Bind(wxEVT_CHECKBOX, [this](wxCommandEvent&) {
-        UpdateTotalPhInputMode();
-        Tell(tvFEED_PH_CHANGED);
-    });
+    m_adjustPh->Bind(wxEVT_CHECKBOX, [this](wxCommandEvent&) { OnAdjustPhChecked(); });
     UpdateTotalPhInputMode();
     NameControls();
+}
+
+void FeedTab::AddFeedGridCtrl()
+{
+    m_grid = new FeedCompositionGrid(this, wxID_ANY, m_composition);
+    AddGridCtrl(m_grid, tvFEED_CELL_EDITED);
+}
+
+void FeedTab::AddFeedTotalBox()
+{
+    AddPhRow(*AddTotalBox(wxTRANSLATE("Total feed composition")));
+}
+
+void FeedTab::OnAdjustPhChecked()
+{
+    UpdateTotalPhInputMode();
+    Tell(tvFEED_PH_CHANGED);
 }
 
 void FeedTab::AddPhRow(wxStaticBoxSizer& box)
@@ -209,12 +221,29 @@ void FeedTab::OnTotalPhEnter()
 EffluentTab::EffluentTab(wxWindow* parent, Post post, const FeedComposition& composition)
     : FeedTabBase(parent, std::move(post)), m_composition(composition)
 {
+    AddUseCheckBox();
+    AddEffluentGridCtrl();
+    AddEffluentTotalBox();
+    NameControls();
+}
+
+void EffluentTab::AddUseCheckBox()
+{
     m_useEffluent =
         AddControl(new TvCheckBox(this, wxID_ANY, wxTRANSLATE("Enable effluent composition input")));
+    m_useEffluent->Bind(wxEVT_CHECKBOX, [this](wxCommandEvent&) { OnUseEffluentChecked(); });
     GetSizer()->Add(m_useEffluent, wxSizerFlags().Border(wxALL, FromDIP(kGap)));
-    m_grid = new EffluentCompositionGrid(this, wxID_ANY, composition);
+}
+
+void EffluentTab::AddEffluentGridCtrl()
+{
+    m_grid = new EffluentCompositionGrid(this, wxID_ANY, m_composition);
     AddGridCtrl(m_grid, tvFEED_EFFLUENT_CELL_EDITED);
     m_grid->Enable(false);
+}
+
+void EffluentTab::AddEffluentTotalBox()
+{
     wxStaticBoxSizer* box = AddTotalBox(wxTRANSLATE("Total effluent composition"));
     auto* row = new wxBoxSizer(wxHORIZONTAL);
     const wxSizerFlags cell = wxSizerFlags().CentreVertical().Border(wxRIGHT, FromDIP(2 * kGap));
@@ -222,11 +251,12 @@ EffluentTab::EffluentTab(wxWindow* parent, Post post, const FeedComposition& com
     m_ph = FeedTotalBox::NewResultField(box->GetStaticBox());
     row->Add(m_ph, cell);
     box->Add(row, wxSizerFlags().Border(wxALL, FromDIP(kGap)));
-    m_useEffluent->Bind(wxEVT_CHECKBOX, [this](wxCommandEvent&) {
-        m_grid->Enable(m_useEffluent->GetValue());
-        Tell(tvFEED_EFFLUENT_CHANGED);
-    });
-    NameControls();
+}
+
+void EffluentTab::OnUseEffluentChecked()
+{
+    m_grid->Enable(m_useEffluent->GetValue());
+    Tell(tvFEED_EFFLUENT_CHANGED);
 }
 
 void EffluentTab::NameControls()

@@ -34,6 +34,7 @@ protected:
     FeedTabBase(wxWindow* parent, Post post);
 
     void AddGridCtrl(FeedCompositionGridBase* grid, wxEventType edited);
+    void PostCompositionChangedEvent(FeedEvent event) { m_post(std::move(event)); }
     /// The box of the totals, to which the page adds its pH.
     wxStaticBoxSizer* AddTotalBox(const char* title);
     void SetTotals(const FeedComposition::Totals& totals);
@@ -62,15 +63,18 @@ public:
     FeedCompositionGrid& GetGrid() const { return *m_grid; }
 
 private:
+    void AddFeedGridCtrl();
+    void AddFeedTotalBox();
     void AddPhRow(wxStaticBoxSizer& box);
     void UpdateTotalPhInputMode();
+    void OnAdjustPhChecked();
     void NameControls();
     void OnTotalPhEnter();
 
     const FeedComposition& m_composition;
     DetailList m_values;
     FieldSet m_fields{m_values};
-    FeedCompositionGrid* m_grid;
+    FeedCompositionGrid* m_grid = nullptr;
     wxBoxSizer* m_phRow = nullptr;
     TvCheckBox* m_adjustPh = nullptr;
     TvTextCtrl* m_totalPh = nullptr;
@@ -90,11 +94,15 @@ public:
     void FocusUse();
 
 private:
+    void AddUseCheckBox();
+    void AddEffluentGridCtrl();
+    void AddEffluentTotalBox();
     void NameControls();
+    void OnUseEffluentChecked();
 
     const FeedComposition& m_composition;
     TvCheckBox* m_useEffluent = nullptr;
-    EffluentCompositionGrid* m_grid;
+    EffluentCompositionGrid* m_grid = nullptr;
     TvTextCtrl* m_ph = nullptr;
 };
 

@@ -84,13 +84,24 @@ void FeedCompositionPanel::AddMediumBox()
 
 void FeedCompositionPanel::AddTableNotebook()
 {
-    const auto post = [this](const FeedEvent& event) { PostFeedEvent(event); };
     m_tabs = AddLocalizable(new TvNotebook(this));
-    m_feed = AddLocalizable(new FeedTab(m_tabs, post, m_composition));
-    m_tabs->AddPage(m_feed, wxTRANSLATE("Feed"));
-    m_effluent = AddLocalizable(new EffluentTab(m_tabs, post, m_composition));
-    m_tabs->AddPage(m_effluent, wxTRANSLATE("Effluent"));
+    AddFeedTabPanel();
+    AddEffluentTabPanel();
     m_outer->Add(m_tabs, wxSizerFlags(3).Expand().Border(wxLEFT | wxRIGHT | wxBOTTOM, FromDIP(2 * kGap)));
+}
+
+void FeedCompositionPanel::AddFeedTabPanel()
+{
+    m_feed = AddLocalizable(new FeedTab(
+        m_tabs, [this](const FeedEvent& event) { PostFeedEvent(event); }, m_composition));
+    m_tabs->AddPage(m_feed, wxTRANSLATE("Feed"));
+}
+
+void FeedCompositionPanel::AddEffluentTabPanel()
+{
+    m_effluent = AddLocalizable(new EffluentTab(
+        m_tabs, [this](const FeedEvent& event) { PostFeedEvent(event); }, m_composition));
+    m_tabs->AddPage(m_effluent, wxTRANSLATE("Effluent"));
 }
 
 void FeedCompositionPanel::ArrangeTop()
@@ -108,15 +119,18 @@ void FeedCompositionPanel::ArrangeTop()
 void FeedCompositionPanel::DoBindEvents()
 {
     m_medium->SetOnChange([this] { OnFeedMediumChanged(); });
-    Bind(wxEVT_SHOW, [this](wxShowEvent& event) {
-        event.Skip();
-        if (event.IsShown())
-            Post(tvFEED_SHOWN);
-    });
+    Bind(wxEVT_SHOW, &FeedCompositionPanel::OnShow, this);
     Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
         ArrangeTop();
         event.Skip();
     });
+}
+
+void FeedCompositionPanel::OnShow(wxShowEvent& event)
+{
+    event.Skip();
+    if (event.IsShown())
+        Post(tvFEED_SHOWN);
 }
 
 void FeedCompositionPanel::PostFeedEvent(FeedEvent event)
@@ -231,7 +245,7 @@ void FeedCompositionPanel::ShowCompoundDetailFields(bool show)
 void FeedCompositionPanel::UnSelectedCompound()
 {
     m_info->Clear();
-    m_browser->EnableEditAndDelete(false, false);
+    m_browser->EnableEditAndDeleteCompoundButtons(false, false);
 }
 
 void FeedCompositionPanel::SelectElement(const wxString& element)

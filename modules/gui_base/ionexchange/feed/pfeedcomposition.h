@@ -119,12 +119,15 @@ private:
     void AddCompoundInfoBox();
     void AddMediumBox();
     void AddTableNotebook();
+    void AddFeedTabPanel();
+    void AddEffluentTabPanel();
     void ArrangeTop();
 
     /// To the controller alone, which has bound itself to this panel.
     void PostFeedEvent(FeedEvent event);
     void Post(wxEventType type) { PostFeedEvent(FeedEvent(type)); }
     void OnCompoundSelected(std::size_t selected);
+    void OnShow(wxShowEvent& event);
     void OnFeedMediumChanged() { Post(tvFEED_MEDIUM_CHANGED); }
 
     FeedComposition m_composition;  ///< what is shown

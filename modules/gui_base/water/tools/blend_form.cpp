@@ -84,14 +84,6 @@ bool BlendForm::IsByFlow()
     return GetFields().Details().At(kMode).GetStdStringValue() == kFlow;
 }
 
-void BlendForm::ChooseMode(bool byFlow)
-{
-    TransferDetailsFromWindow();
-    GetFields().Details().At(kMode).SetValue(byFlow ? kFlow : kShare);
-    TransferDetailsToWindow();
-    Signal();
-}
-
 void BlendForm::ShowMode()
 {
     GetSizer()->Show(m_byShare, !IsByFlow());

@@ -18,9 +18,6 @@ public:
     /// As the fields show it now.
     water::BlendRecipe GetRecipe();
 
-    /// As the user's choice does.
-    void ChooseMode(bool byFlow);
-
     /// The keys of the form's own details: "mode", and the amounts of the waters in their order.
     static constexpr const char* kMode = "mode";
     static std::string AmountKey(bool byFlow, std::size_t water);

@@ -179,7 +179,8 @@ TEST_F(WaterToolsTest, ABlendTakesAnyNumberOfWatersByShareOrByFlow)
         EXPECT_EQ(byShare.Shares()[2], 0.2) << "only the ratio counts";
         EXPECT_EQ(form.FindField("share.sum")->GetValue(), "125");
 
-        form.ChooseMode(true);
+        Focus(Find<wxChoice>(dialog, "Amounts"));
+        Press(WXK_DOWN);
         Push(dialog, wxID_OK);
         EXPECT_TRUE(dialog.IsShown()) << "no amounts yet: it stays open";
         Enter(*form.FindField(BlendForm::AmountKey(true, 0)), "44");
