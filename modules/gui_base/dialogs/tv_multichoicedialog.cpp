@@ -7,10 +7,24 @@
 #include <wx/checklst.h>
 #include <wx/sizer.h>
 
+#include <algorithm>
+
+namespace {
+
+/// The box before a text, the scroll bar and the gaps.
+constexpr int kBesideText = 64;
+constexpr int kRowGap = 8;
+constexpr int kFrame = 4;
+constexpr int kFewestRows = 3;
+constexpr int kMostRows = 16;
+
+}  // namespace
+
 TvMultiChoiceDialog::TvMultiChoiceDialog(wxWindow* parent, const wxString& message, const wxString& caption,
                                          int n, const wxString* choices, long style, const wxPoint& pos)
-    : wxMultiChoiceDialog(parent, message, caption, n, choices, style, pos)
 {
+    // Not by the base's constructor, which would make a list of its own.
+    Create(parent, message, caption, n, choices, style, pos);
     auto* buttons = new wxBoxSizer(wxHORIZONTAL);
     const auto add = [&](const char* label, void (TvMultiChoiceDialog::*handler)(wxCommandEvent&)) {
         auto* button = new wxButton(this, wxID_ANY, i18n::Translated(label));
@@ -27,6 +41,24 @@ TvMultiChoiceDialog::TvMultiChoiceDialog(wxWindow* parent, const wxString& messa
                        wxSizerFlags().Border(wxALL, FromDIP(8)));
     GetSizer()->SetSizeHints(this);
     Fit();
+}
+
+wxListBoxBase* TvMultiChoiceDialog::CreateList(int n, const wxString* choices, long style)
+{
+    wxListBoxBase* list = wxMultiChoiceDialog::CreateList(0, nullptr, style);
+    if (n <= 0)
+        return list;
+    // The toolkit measures every text of a list, which takes seconds for 100,000 of them; the longest will
+    // do.
+    const wxString* longest = std::max_element(
+        choices, choices + n,
+        [](const wxString& one, const wxString& other) { return one.length() < other.length(); });
+    const wxSize text = list->GetTextExtent(*longest);
+    list->SetMinSize(
+        wxSize(text.x + FromDIP(kBesideText),
+               std::clamp(n, kFewestRows, kMostRows) * (text.y + FromDIP(kRowGap)) + 2 * FromDIP(kFrame)));
+    list->Append(wxArrayString(static_cast<std::size_t>(n), choices));
+    return list;
 }
 
 void TvMultiChoiceDialog::CheckAll(bool check)

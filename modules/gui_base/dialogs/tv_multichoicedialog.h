@@ -16,6 +16,9 @@ public:
 
     void CheckAll(bool check);
 
+protected:
+    wxListBoxBase* CreateList(int n, const wxString* choices, long style) override;
+
 private:
     void OnSelectAll(wxCommandEvent& event);
     void OnDeselectAll(wxCommandEvent& event);
