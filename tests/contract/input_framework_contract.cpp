@@ -6,6 +6,7 @@
 #include "gui_base/dialogs/page_selection_dialog.h"
 #include "gui_base/dialogs/tv_gridcellchoiceeditor.h"
 #include "gui_base/dialogs/tv_multichoicedialog.h"
+#include "gui_base/dialogs/tv_report_controller.h"
 #include "gui_base/input/binding/database_combination.h"
 #include "gui_base/input/binding/transfer_container.h"
 #include "gui_base/input/binding/transfer_detail.h"
@@ -443,6 +444,7 @@ TEST_F(InputFramework, MessagesAndSmallDialogs)
     const PageSelectionDialog pages({{"one", 1}, {"two", 2}}, m_frame, wxID_ANY, "title", wxDefaultPosition,
                                     wxDefaultSize, wxDEFAULT_DIALOG_STYLE);
     EXPECT_EQ(pages.GetActiveReports().size(), 2u);
+    const TvReportController report(m_frame);
     auto* editor = new TvGridCellChoiceEditor({{"id", "text"}}, false);
     EXPECT_EQ(editor->GetChoices().size(), 1u);
     editor->DecRef();

@@ -179,6 +179,9 @@ TEST_F(Waters, Feeds)
     controller.InitMediumSelection();
     controller.InitTemperatureUnitSelection();
     controller.LoadCompositionFromDetails();
+    controller.LoadCompositionBaseFromDetails();
+    controller.LoadFeedCompoundsFromDetails();
+    controller.LoadFeedMediumFromDetails();
     controller.UpdateCompoundSelectionShowAll();
     controller.UpdateCompoundSelectionFiltered();
     controller.SaveFeedCompositionToDetails();
