@@ -6,12 +6,14 @@
 #include "app/frame/main_frame.h"
 #include "app/frame/menu_table.h"
 #include "app/frame/message_log.h"
+#include "app/frame/recovery_dialog.h"
 #include "app/frame/template_dialog.h"
 #include "gui_base/dialogs/questions.h"
 #include "gui_base/input/events.h"
 #include "gui_base/input/validation/commit.h"
 #include "gui_base/support/translation.h"
 #include "projectbase/project/project_file.h"
+#include "projectbase/project/project_lock.h"
 #include "projectbase/project/recovery_file.h"
 #include "projectbase/settings/settings.h"
 
@@ -24,6 +26,13 @@ namespace {
 wxString Tr(const char* source)
 {
     return i18n::Translated(source);
+}
+
+/// "anna on plant-7, since 2026-11-22 05:30"
+wxString HolderText(const ProjectLock::Holder& holder)
+{
+    return wxString::Format(Tr("%s on %s, since %s"), wxString::FromUTF8(holder.user),
+                            wxString::FromUTF8(holder.host), MomentText(holder.since));
 }
 
 wxString Wildcard()
@@ -81,9 +90,18 @@ void FileCommands::AskAndOpen()
 bool FileCommands::Open(const std::filesystem::path& path)
 {
     try {
-        auto project = ProjectFile::Load(path);
-        project->SetUnitSystemDisplay(m_frame.GetProject().GetUnitSystemDisplay());
-        m_frame.SetDocument(std::make_unique<Document>(std::move(project), path));
+        ProjectFile::Opened opened = ProjectFile::Open(path);
+        Claim claim = ClaimFile(path);
+        if (claim.access == Access::None)
+            return false;
+        opened.project->SetUnitSystemDisplay(m_frame.GetProject().GetUnitSystemDisplay());
+        if (claim.access == Access::Copy) {
+            ShowNew(std::move(opened.project));
+            m_frame.GetDocument().SetUnsaved(true);
+            m_frame.UpdateTitle();
+            return true;
+        }
+        Take(std::make_unique<Document>(std::move(opened), path), std::move(claim));
         Remember(path);
         return true;
     } catch (const std::exception& error) {
@@ -100,7 +118,64 @@ bool FileCommands::Save()
 {
     CommitFocusedField();
     const std::filesystem::path& path = m_frame.GetDocument().GetPath();
-    return path.empty() ? SaveAs() : SaveTo(path);
+    if (path.empty())
+        return SaveAs();
+    return m_frame.GetDocument().HasChangedOnDisk() ? SaveOverChanges(path) : SaveTo(path);
+}
+
+bool FileCommands::SaveOverChanges(const std::filesystem::path& path)
+{
+    wxMessageDialog dialog(
+        &m_frame,
+        wxString::Format(Tr("Somebody else has written this file since it was opened or saved here:\n%s"),
+                         wxString::FromUTF8(path.string())),
+        Tr("Save project"), wxYES_NO | wxCANCEL | wxHELP | wxCENTRE | wxICON_WARNING);
+    dialog.SetYesNoCancelLabels(Tr("&Keep mine"), Tr("&Take theirs"), Tr("&Cancel"));
+    dialog.SetHelpLabel(Tr("Save &as..."));
+    switch (dialog.ShowModal()) {
+        case wxID_YES:
+            return SaveTo(path);
+        case wxID_NO:
+            // Nothing of this window was saved.
+            Open(std::filesystem::path(path));
+            return false;
+        case wxID_HELP:
+            return SaveAs();
+        default:
+            return false;
+    }
+}
+
+FileCommands::Claim FileCommands::ClaimFile(const std::filesystem::path& path)
+{
+    Document& current = m_frame.GetDocument();
+    if (current.HoldsLockOf(path))
+        return {.access = Access::Whole, .lock = current.ReleaseLock()};
+    ProjectLock::Attempt attempt = ProjectLock::TryTake(path);
+    if (!attempt.holder)
+        return {.access = Access::Whole, .lock = std::move(attempt.lock)};
+    // A file that was named when the program started is opened before its window.
+    m_frame.Show();
+    wxMessageDialog dialog(&m_frame,
+                           wxString::Format(Tr("This project is open in another window:\n%s\n(%s)\n\nNeither "
+                                               "window sees what the other one saves."),
+                                            wxString::FromUTF8(path.string()), HolderText(*attempt.holder)),
+                           Tr("Open project"), wxYES_NO | wxCANCEL | wxCENTRE | wxICON_WARNING);
+    dialog.SetYesNoCancelLabels(Tr("Open a &copy"), Tr("Open &anyway"), Tr("&Cancel"));
+    switch (dialog.ShowModal()) {
+        case wxID_YES:
+            return {.access = Access::Copy, .lock = nullptr};
+        case wxID_NO:
+            return {};
+        default:
+            return {.access = Access::None, .lock = nullptr};
+    }
+}
+
+void FileCommands::Take(std::unique_ptr<Document> document, Claim claim)
+{
+    document->HoldLock(std::move(claim.lock));
+    m_frame.SetDocument(std::move(document));
 }
 
 bool FileCommands::SaveAs()
@@ -118,12 +193,26 @@ bool FileCommands::SaveAs()
 
 bool FileCommands::SaveTo(const std::filesystem::path& path)
 {
+    Document& document = m_frame.GetDocument();
+    const bool own = document.HoldsLockOf(path);
+    ProjectLock::Attempt attempt;
+    if (!own)
+        attempt = ProjectLock::TryTake(path);
+    if (attempt.holder && std::filesystem::absolute(path) != document.GetPath() &&
+        dialogs::AskYesNo(
+            &m_frame,
+            wxString::Format(Tr("This project is open in another window:\n%s\n(%s)\n\nReplace it?"),
+                             wxString::FromUTF8(path.string()), HolderText(*attempt.holder)),
+            Tr("Save project"), wxICON_WARNING) != wxID_YES)
+        return false;
     try {
-        m_frame.GetDocument().Save(path);
+        document.Save(path);
     } catch (const std::exception& error) {
         m_frame.ReportError(UserText(error));
         return false;
     }
+    if (!own)
+        document.HoldLock(std::move(attempt.lock));
     Remember(path);
     m_frame.UpdateTitle();
     return true;
@@ -153,36 +242,58 @@ bool FileCommands::ConfirmDiscard()
 
 void FileCommands::OfferRecovery()
 {
-    for (const RecoverableFile& file : RecoveryFile::List()) {
-        const wxString name =
-            file.project.empty() ? Tr("Untitled") : wxString::FromUTF8(file.project.string());
-        wxMessageDialog dialog(
-            &m_frame,
-            wxString::Format(Tr("The program ended before this project was saved:\n%s\n\nRestore it?"), name),
-            Tr("Confirm"), wxYES_NO | wxCENTRE | wxICON_QUESTION);
-        dialog.SetYesNoLabels(Tr("&Restore"), Tr("&Discard"));
-        try {
-            const bool restore = dialog.ShowModal() == wxID_YES;
-            if (restore)
-                Restore(file);
-            RecoveryFile::Discard(file);
-            if (restore)
-                return;
-        } catch (const std::exception& error) {
-            m_frame.ReportError(UserText(error));
-        }
+    const std::vector<RecoverableFile> files = RecoveryFile::List();
+    if (!files.empty())
+        OfferCopies(files);
+}
+
+void FileCommands::ShowRecovery()
+{
+    CommitFocusedField();
+    const std::vector<RecoverableFile> files = RecoveryFile::List();
+    if (files.empty())
+        dialogs::ShowMessage(&m_frame, Tr("There is no unsaved work to restore."), Tr("Unsaved work"),
+                             wxICON_INFORMATION);
+    else if (ConfirmDiscard())
+        OfferCopies(files);
+}
+
+void FileCommands::OfferCopies(const std::vector<RecoverableFile>& files)
+{
+    RecoveryDialog dialog(&m_frame, files);
+    if (dialog.ShowModal() != wxID_OK || dialog.GetChosen() == nullptr)
+        return;
+    try {
+        Restore(*dialog.GetChosen());
+    } catch (const std::exception& error) {
+        m_frame.ReportError(UserText(error));
     }
+}
+
+void FileCommands::KeepUnsaved()
+{
+    // What stands in a dialog belongs to no project yet.
+    wxWindow* focused = wxWindow::FindFocus();
+    if (focused != nullptr && wxGetTopLevelParent(focused) == &m_frame)
+        CommitFocusedField();
+    Autosave();
 }
 
 void FileCommands::Restore(const RecoverableFile& file)
 {
     auto project = RecoveryFile::Load(file);
     project->SetUnitSystemDisplay(m_frame.GetProject().GetUnitSystemDisplay());
-    auto document = std::make_unique<Document>(std::move(project), file.project);
+    Claim claim = file.project.empty() ? Claim{} : ClaimFile(file.project);
+    if (claim.access == Access::None)
+        return;
+    RecoverableFile source = file;
+    if (claim.access == Access::Copy)
+        source.project.clear();
+    auto document = std::make_unique<Document>(std::move(project), source);
     // The unsaved work stays recoverable until it is saved or given up.
-    document->SetUnsaved(true);
     document->Autosave();
-    m_frame.SetDocument(std::move(document));
+    Take(std::move(document), std::move(claim));
+    RecoveryFile::Discard(file);
 }
 
 void FileCommands::Remember(const std::filesystem::path& path)

@@ -339,7 +339,11 @@ void MainFrame::OnClose(wxCloseEvent& event)
         return;
     }
     try {
-        m_document->DiscardRecovery();
+        // A window that must close, whatever the user wants, gives up nothing.
+        if (event.CanVeto())
+            m_document->DiscardRecovery();
+        else
+            m_files.KeepUnsaved();
         KeepArrangement();
         Settings::Save();
     } catch (const std::exception& error) {

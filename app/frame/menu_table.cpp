@@ -39,6 +39,7 @@ constexpr std::array kFileMenu{
         wxTRANSLATE("&Open..."), "Ctrl+O", [](MainFrame& frame) { frame.Files().AskAndOpen(); }, wxID_OPEN),
     Submenu(wxTRANSLATE("Open &recent"),
             [](MainFrame& frame, wxMenu& menu) { frame.Files().FillRecentMenu(menu); }),
+    Row(wxTRANSLATE("Unsaved &work..."), "", [](MainFrame& frame) { frame.Files().ShowRecovery(); }),
     kSeparator,
     Row(
         wxTRANSLATE("&Save"), "Ctrl+S", [](MainFrame& frame) { frame.Files().Save(); }, wxID_SAVE),

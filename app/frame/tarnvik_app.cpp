@@ -3,6 +3,7 @@
 
 #include "app/document/templates.h"
 #include "app/frame/main_frame.h"
+#include "app/frame/session_end.h"
 #include "app/language/language.h"
 #include "app/tour/tour.h"
 #include "dbinterfaces/project_database.h"
@@ -70,6 +71,7 @@ bool TarnvikApp::OnInit()
     if (!m_file.empty())
         m_frame->Files().Open(m_file);
     m_frame->Show();
+    KeepWorkAtSessionEnd(*m_frame);
     if (m_measureStart)
         m_frame->CallAfter([this] { ReportStart(); });
     else

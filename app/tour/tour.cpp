@@ -3,6 +3,7 @@
 
 #include "app/document/templates.h"
 #include "app/frame/main_frame.h"
+#include "app/frame/recovery_dialog.h"
 #include "app/frame/settings_dialog.h"
 #include "app/frame/template_dialog.h"
 #include "app/language/language.h"
@@ -247,6 +248,17 @@ void Tour::TakeDialogs()
     owner->Show();
     SettingsDialog settings(owner, {"en", "iso", 5, std::string()});
     TakeDialog(settings, "settings");
+    RecoveryDialog recovery(owner, {{.recovery = {},
+                                     .project = "/projects/Northfield/Boiler feed.tarnvik",
+                                     .savedAt = std::chrono::system_clock::from_time_t(1'700'000'000),
+                                     .title = {},
+                                     .work = {.base = {}, .edits = {"add water", "Temperature", "Sodium"}}},
+                                    {.recovery = {},
+                                     .project = {},
+                                     .savedAt = std::chrono::system_clock::from_time_t(1'699'990'000),
+                                     .title = "Pilot plant",
+                                     .work = {}}});
+    TakeDialog(recovery, "recovery");
     TemplateDialog templates(owner, WaterTemplates());
     TakeDialog(templates, "new_from_template");
     PageSelectionDialog pages({{"Water analysis", 1}, {"Summary", 2}}, owner);

@@ -36,8 +36,9 @@ protected:
         Settings::Reset();
         app::SwitchLanguage("en");
         ProjectDatabase::Open((m_folder / "user.db").string());
-        // The arrangement that an earlier program kept.
+        // What an earlier program kept.
         ProjectDatabase::SetLocalParameter("/Perspective/iex", {});
+        ProjectDatabase::SetLocalParameter("/RecentFiles", {});
         m_frame = new app::MainFrame(MakeDocument(m_water));
         m_frame->SetPosition(wxPoint(0, 0));
         m_frame->Show();

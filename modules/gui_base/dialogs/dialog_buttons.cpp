@@ -9,7 +9,7 @@
 
 namespace dialogs {
 
-wxSizer* CreateButtons(wxDialog& dialog, bool cancel, const wxString& okLabel)
+wxSizer* CreateButtons(wxDialog& dialog, bool cancel, const wxString& okLabel, const wxString& cancelLabel)
 {
     // The toolkit translates its own labels only where its own catalogue is installed.
     auto* sizer = new wxStdDialogButtonSizer;
@@ -22,7 +22,7 @@ wxSizer* CreateButtons(wxDialog& dialog, bool cancel, const wxString& okLabel)
     ok->SetDefault();
     sizer->AddButton(ok);
     if (cancel)
-        sizer->AddButton(button(wxID_CANCEL, wxTRANSLATE("Cancel")));
+        sizer->AddButton(button(wxID_CANCEL, cancelLabel));
     sizer->Realize();
     return sizer;
 }

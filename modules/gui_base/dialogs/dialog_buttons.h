@@ -8,8 +8,9 @@
 
 namespace dialogs {
 
-/// The standard OK button of `dialog`, with Cancel if asked for, with translated labels. `okLabel` is a
-/// source text.
-GUI_BASE_EXPORT wxSizer* CreateButtons(wxDialog& dialog, bool cancel, const wxString& okLabel = "OK");
+/// The standard OK button of `dialog`, with Cancel if asked for. The labels are source texts, shown
+/// translated.
+GUI_BASE_EXPORT wxSizer* CreateButtons(wxDialog& dialog, bool cancel, const wxString& okLabel = "OK",
+                                       const wxString& cancelLabel = "Cancel");
 
 }  // namespace dialogs

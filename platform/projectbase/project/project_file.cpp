@@ -51,11 +51,13 @@ ProjectFileProblem LoadingProblem(int error)
 
 }  // namespace
 
-void WriteProject(const char* method, const Project& project, const ImageNotes& notes,
-                  const std::filesystem::path& path, tncommon::FileSystem& fileSystem)
+FileStamp WriteProject(const char* method, const Project& project, const ImageNotes& notes,
+                       const std::filesystem::path& path, tncommon::FileSystem& fileSystem)
 {
     try {
-        tncommon::ReplaceFile(path, ToImage(project, notes), fileSystem);
+        const std::string bytes = ToImage(project, notes);
+        tncommon::ReplaceFile(path, bytes, fileSystem);
+        return FileStamp::OfBytes(bytes);
     } catch (const std::system_error& error) {
         throw ProjectFileError(method, SavingProblem(error.code().value()), path, error.code().message());
     } catch (const ProjectFileError&) {
@@ -65,13 +67,13 @@ void WriteProject(const char* method, const Project& project, const ImageNotes& 
     }
 }
 
-LoadedImage ReadProject(const char* method, const std::filesystem::path& path,
-                        tncommon::FileSystem& fileSystem)
+ReadImage ReadProject(const char* method, const std::filesystem::path& path, tncommon::FileSystem& fileSystem)
 {
     try {
-        LoadedImage loaded = FromImage(tncommon::ReadWholeFile(path, ProjectFile::kMaxSize, fileSystem));
-        loaded.project->SetChanged(false);
-        return loaded;
+        const std::string bytes = tncommon::ReadWholeFile(path, ProjectFile::kMaxSize, fileSystem);
+        ReadImage read{FromImage(bytes), FileStamp::OfBytes(bytes)};
+        read.image.project->SetChanged(false);
+        return read;
     } catch (const ImageError& error) {
         throw ProjectFileError(method, error.problem, path, error.what());
     } catch (const std::system_error& error) {
@@ -79,14 +81,20 @@ LoadedImage ReadProject(const char* method, const std::filesystem::path& path,
     }
 }
 
-void ProjectFile::Save(const Project& project, const std::filesystem::path& path,
-                       tncommon::FileSystem& fileSystem)
+FileStamp ProjectFile::Save(const Project& project, const std::filesystem::path& path,
+                            tncommon::FileSystem& fileSystem)
 {
-    WriteProject("Save", project, {}, path, fileSystem);
+    return WriteProject("Save", project, {}, path, fileSystem);
+}
+
+ProjectFile::Opened ProjectFile::Open(const std::filesystem::path& path, tncommon::FileSystem& fileSystem)
+{
+    ReadImage read = ReadProject("Load", path, fileSystem);
+    return {std::move(read.image.project), std::move(read.stamp)};
 }
 
 std::unique_ptr<Project> ProjectFile::Load(const std::filesystem::path& path,
                                            tncommon::FileSystem& fileSystem)
 {
-    return ReadProject("Load", path, fileSystem).project;
+    return Open(path, fileSystem).project;
 }

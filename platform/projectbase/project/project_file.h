@@ -6,6 +6,7 @@
 /// Saving replaces the file as a whole or leaves it byte by byte as it was. Loading reads the file without
 /// touching it and gives a new project, or throws ProjectFileError and gives nothing.
 
+#include "projectbase/project/file_stamp.h"
 #include "projectbase/project/project_file_error.h"
 #include "projectbase/projectbase_export.h"
 #include "tncommon/file_system.h"
@@ -24,11 +25,19 @@ public:
     /// Largest file that is read, in bytes.
     static constexpr std::size_t kMaxSize = std::size_t{64} << 20;
 
-    /// Does not change the project's changed flag.
-    static void Save(const Project& project, const std::filesystem::path& path,
-                     tncommon::FileSystem& fileSystem = tncommon::FileSystem::Native());
+    struct Opened
+    {
+        std::unique_ptr<Project> project;
+        FileStamp stamp;  ///< of what was read
+    };
+
+    /// Does not change the project's changed flag. Returns the stamp of what was written.
+    static FileStamp Save(const Project& project, const std::filesystem::path& path,
+                          tncommon::FileSystem& fileSystem = tncommon::FileSystem::Native());
 
     /// A project that has no unsaved changes. Details that this version does not know are kept with it.
+    static Opened Open(const std::filesystem::path& path,
+                       tncommon::FileSystem& fileSystem = tncommon::FileSystem::Native());
     static std::unique_ptr<Project> Load(const std::filesystem::path& path,
                                          tncommon::FileSystem& fileSystem = tncommon::FileSystem::Native());
 };

@@ -3,13 +3,19 @@
 
 /// What saving a project and keeping its recovery file have in common. Internal to them.
 
+#include "projectbase/project/file_stamp.h"
 #include "projectbase/project/project_image.h"
 #include "tncommon/file_system.h"
 
 #include <filesystem>
 
-/// Both throw ProjectFileError under the name of `method`.
-void WriteProject(const char* method, const Project& project, const ImageNotes& notes,
-                  const std::filesystem::path& path, tncommon::FileSystem& fileSystem);
-LoadedImage ReadProject(const char* method, const std::filesystem::path& path,
-                        tncommon::FileSystem& fileSystem);
+/// Both throw ProjectFileError under the name of `method`, and tell the stamp of the file.
+FileStamp WriteProject(const char* method, const Project& project, const ImageNotes& notes,
+                       const std::filesystem::path& path, tncommon::FileSystem& fileSystem);
+struct ReadImage
+{
+    LoadedImage image;
+    FileStamp stamp;
+};
+ReadImage ReadProject(const char* method, const std::filesystem::path& path,
+                      tncommon::FileSystem& fileSystem);

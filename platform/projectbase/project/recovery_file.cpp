@@ -13,6 +13,7 @@
 #include <charconv>
 #include <fcntl.h>
 #include <functional>
+#include <sstream>
 #include <sys/file.h>
 #include <system_error>
 #include <unistd.h>
@@ -25,6 +26,8 @@ using Clock = std::chrono::system_clock;
 constexpr const char* kExtension = ".tarnvik";
 constexpr const char* kProjectNote = "recovery.project";
 constexpr const char* kTimeNote = "recovery.time";
+constexpr const char* kBaseNote = "recovery.base";
+constexpr const char* kEditsNote = "recovery.edits";
 
 fs::path FolderOrDefault(fs::path folder)
 {
@@ -70,13 +73,26 @@ Clock::time_point TimeFromText(const std::string& text)
     return Clock::time_point(std::chrono::seconds(seconds));
 }
 
+std::vector<std::string> LinesOf(const std::string& text)
+{
+    std::vector<std::string> lines;
+    std::istringstream stream(text);
+    for (std::string line; std::getline(stream, line);)
+        lines.push_back(line);
+    return lines;
+}
+
 RecoverableFile Describe(const fs::path& recovery, LoadedImage& loaded)
 {
     const DetailData* title = loaded.project->GetDetails().GetDetail("project/title");
+    // A path that depends on where the program was started could name a stranger's file now.
+    const fs::path project = loaded.notes[kProjectNote];
     return {.recovery = recovery,
-            .project = loaded.notes[kProjectNote],
+            .project = project.is_absolute() ? project : fs::path(),
             .savedAt = TimeFromText(loaded.notes[kTimeNote]),
-            .title = title == nullptr ? std::string() : title->GetStdStringValue()};
+            .title = title == nullptr ? std::string() : title->GetStdStringValue(),
+            .work = {.base = FileStamp::FromText(loaded.notes[kBaseNote]),
+                     .edits = LinesOf(loaded.notes[kEditsNote])}};
 }
 
 void RemoveBoth(const fs::path& recovery)
@@ -88,7 +104,8 @@ void RemoveBoth(const fs::path& recovery)
 
 }  // namespace
 
-RecoveryFile::RecoveryFile(const fs::path& project, fs::path folder) : m_project(project)
+RecoveryFile::RecoveryFile(const fs::path& project, fs::path folder)
+    : m_project(project.empty() ? project : fs::absolute(project))
 {
     folder = FolderOrDefault(std::move(folder));
     try {
@@ -111,9 +128,12 @@ RecoveryFile::~RecoveryFile()
     close(m_lock);
 }
 
-void RecoveryFile::Save(const Project& project, tncommon::FileSystem& fileSystem)
+void RecoveryFile::Save(const Project& project, const UnsavedWork& work, tncommon::FileSystem& fileSystem)
 {
-    const ImageNotes notes{{kProjectNote, m_project.string()}, {kTimeNote, TimeToText(Clock::now())}};
+    const ImageNotes notes{{kProjectNote, m_project.string()},
+                           {kTimeNote, TimeToText(Clock::now())},
+                           {kBaseNote, work.base ? work.base->ToText() : std::string()},
+                           {kEditsNote, fmt::format("{}", fmt::join(work.edits, "\n"))}};
     WriteProject("SaveRecovery", project, notes, m_recovery, fileSystem);
 }
 
@@ -121,11 +141,6 @@ void RecoveryFile::Discard()
 {
     std::error_code ignored;
     fs::remove(m_recovery, ignored);
-}
-
-void RecoveryFile::SetProjectPath(const fs::path& project)
-{
-    m_project = project;
 }
 
 std::vector<RecoverableFile> RecoveryFile::List(fs::path folder)
@@ -139,7 +154,8 @@ std::vector<RecoverableFile> RecoveryFile::List(fs::path folder)
         if (lock < 0)
             continue;  // its program is running
         try {
-            LoadedImage loaded = ReadProject("ListRecovery", entry.path(), tncommon::FileSystem::Native());
+            LoadedImage loaded =
+                ReadProject("ListRecovery", entry.path(), tncommon::FileSystem::Native()).image;
             files.push_back(Describe(entry.path(), loaded));
         } catch (const ProjectFileError&) {
             // Written by a newer version, perhaps; whoever can read it will find it.
@@ -152,7 +168,7 @@ std::vector<RecoverableFile> RecoveryFile::List(fs::path folder)
 
 std::unique_ptr<Project> RecoveryFile::Load(const RecoverableFile& file)
 {
-    auto project = ReadProject("LoadRecovery", file.recovery, tncommon::FileSystem::Native()).project;
+    auto project = ReadProject("LoadRecovery", file.recovery, tncommon::FileSystem::Native()).image.project;
     project->SetChanged(true);
     return project;
 }

@@ -8,6 +8,7 @@
 /// runs, so that the next start offers only what no running program owns. The lock goes with the process,
 /// however it ends.
 
+#include "projectbase/project/file_stamp.h"
 #include "projectbase/project/project_file_error.h"
 #include "projectbase/projectbase_export.h"
 #include "tncommon/file_system.h"
@@ -15,18 +16,30 @@
 #include <chrono>
 #include <filesystem>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
 class Project;
 
+/// What a project holds that its file does not.
+struct UnsavedWork
+{
+    /// The file as it was opened or saved last; nothing where there is none.
+    std::optional<FileStamp> base;
+    /// What the user would call the edits since then, as English source texts, the last one last.
+    std::vector<std::string> edits;
+};
+
 /// A recovery file that no running program owns.
 struct RecoverableFile
 {
     std::filesystem::path recovery;
-    std::filesystem::path project;  ///< the file it was opened from; empty for one that was never saved
+    /// The file it was opened from, an absolute path; empty for one that was never saved.
+    std::filesystem::path project;
     std::chrono::system_clock::time_point savedAt;
     std::string title;  ///< title of the project; may be empty
+    UnsavedWork work;
 };
 
 class PROJECTBASE_EXPORT RecoveryFile
@@ -41,11 +54,10 @@ public:
     RecoveryFile& operator=(const RecoveryFile&) = delete;
 
     /// Replaces what was saved before; throws ProjectFileError, then that is still there.
-    void Save(const Project& project, tncommon::FileSystem& fileSystem = tncommon::FileSystem::Native());
+    void Save(const Project& project, const UnsavedWork& work = {},
+              tncommon::FileSystem& fileSystem = tncommon::FileSystem::Native());
     /// For a project that has been saved, or is closed on purpose.
     void Discard();
-    /// After saving under another name.
-    void SetProjectPath(const std::filesystem::path& project);
 
     /// Everything that can be recovered, the newest first. Files that cannot be read are left out and left
     /// alone.

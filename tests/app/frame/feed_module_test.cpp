@@ -64,7 +64,7 @@ TEST_F(FeedModuleTest, EditsAreUndoneSavedAndReopened)
     TypeFirstCell("1");
     Press(WXK_RETURN);
     TypeFirstCell("2");  // an open cell goes with its project
-    m_frame->SetDocument(std::make_unique<app::Document>(ProjectFile::Load(path), path));
+    m_frame->SetDocument(std::make_unique<app::Document>(ProjectFile::Open(path), path));
     Pump();
     ASSERT_EQ(Grid().GetNumberRows(), 1);
     EXPECT_EQ(FirstCell(), "13.75");

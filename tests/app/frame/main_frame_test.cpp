@@ -7,7 +7,6 @@
 #include "gui_base/input/events.h"
 #include "gui_base/input/panel/aui_notebook.h"
 #include "projectbase/project/project_file.h"
-#include "projectbase/project/recovery_file.h"
 #include "tests/support/pdf.h"
 #include "tests/support/program_fixture.h"
 
@@ -238,27 +237,6 @@ TEST_F(MainFrameTest, TheArrangementOfThePagesOutlivesTheProgram)
     m_frame->SetDocument(std::make_unique<app::Document>(app::NewEmptyProject()));
     EXPECT_EQ(m_frame->GetNotebook().GetPageCount(), pages - 1) << "one water less";
     EXPECT_TRUE(Messages().empty());
-}
-
-TEST_F(MainFrameTest, UnsavedWorkIsRecovered)
-{
-    gui_test::Enter(Field("na.orig"), "12.5");
-    m_frame->GetDocument().Autosave();
-    EXPECT_TRUE(RecoveryFile::List().empty()) << "this program is still running";
-    {
-        // Another program that ended without saving.
-        RecoveryFile crashed;
-        crashed.Save(m_frame->GetDocument().GetProject());
-    }
-    ASSERT_EQ(RecoveryFile::List().size(), 1u);
-    m_frame->GetDocument().SetUnsaved(false);
-    m_frame->SetDocument(std::make_unique<app::Document>(app::NewEmptyProject()));
-    m_dialogs.Expect([](wxDialog&) { return wxID_YES; });
-    m_frame->Files().OfferRecovery();
-    Pump();
-    EXPECT_EQ(Value("na.orig"), 12.5);
-    EXPECT_TRUE(m_frame->GetDocument().IsUnsaved());
-    EXPECT_TRUE(RecoveryFile::List().empty());
 }
 
 TEST_F(MainFrameTest, ResultsAreCopiedInTheirOwnUnits)

@@ -36,7 +36,7 @@ TEST_F(Recovery, OffersUnsavedWorkOnceItsOwnerIsGone)
         RecoveryFile recovery(m_path, m_state);
         EXPECT_TRUE(List().empty());
         recovery.Save(*m_project);
-        recovery.Save(*m_project);
+        recovery.Save(*m_project, {.base = FileStamp::OfBytes(original), .edits = {"Sodium", "add water"}});
         EXPECT_TRUE(List().empty());  // its owner is running
     }
     EXPECT_EQ(support::ReadBytes(m_path), original);
@@ -46,12 +46,27 @@ TEST_F(Recovery, OffersUnsavedWorkOnceItsOwnerIsGone)
     EXPECT_EQ(offered[0].project, m_path);
     EXPECT_EQ(offered[0].title, m_project->GetDetails().At("project/title").GetStdStringValue());
     EXPECT_LT(std::chrono::system_clock::now() - offered[0].savedAt, std::chrono::minutes(1));
+    EXPECT_EQ(offered[0].work.base, FileStamp::OfFile(m_path));
+    EXPECT_EQ(offered[0].work.edits, (std::vector<std::string>{"Sodium", "add water"}));
     const auto recovered = RecoveryFile::Load(offered[0]);
     support::ExpectSameProject(*m_project, *recovered);
     EXPECT_TRUE(recovered->IsChanged());
 
     RecoveryFile::Discard(offered[0]);
     EXPECT_TRUE(fs::is_empty(m_state));
+}
+
+TEST_F(Recovery, KnowsItsProjectFromAnyFolder)
+{
+    const fs::path start = fs::current_path();
+    fs::current_path(m_folder.Path());
+    {
+        RecoveryFile recovery("plant.tarnvik", m_state);
+        recovery.Save(*m_project);
+    }
+    fs::current_path(start);
+    ASSERT_EQ(List().size(), 1U);
+    EXPECT_EQ(List()[0].project, fs::canonical(m_folder.Path()) / "plant.tarnvik");
 }
 
 TEST_F(Recovery, SurvivesAKilledProgram)
@@ -88,8 +103,7 @@ TEST_F(Recovery, KeepsTheLastGoodStateWhenSavingFails)
         recovery.Save(*m_project);
         m_project->SetUnitSystemDisplay("imperial");
         support::FailingFileSystem failing(4, ENOSPC);
-        EXPECT_THROW(recovery.Save(*m_project, failing), ProjectFileError);
-        recovery.SetProjectPath(m_folder / "other.tarnvik");
+        EXPECT_THROW(recovery.Save(*m_project, {}, failing), ProjectFileError);
     }
     const auto offered = List();
     ASSERT_EQ(offered.size(), 1U);
