@@ -52,10 +52,11 @@ ProjectFileProblem LoadingProblem(int error)
 }  // namespace
 
 void WriteProject(const char* method, const Project& project, const ImageNotes& notes,
-                  const std::filesystem::path& path, tncommon::FileSystem& fileSystem)
+                  const std::filesystem::path& path, tncommon::FileSystem& fileSystem,
+                  tncommon::Audience audience)
 {
     try {
-        tncommon::ReplaceFile(path, ToImage(project, notes), fileSystem);
+        tncommon::ReplaceFile(path, ToImage(project, notes), fileSystem, audience);
     } catch (const std::system_error& error) {
         throw ProjectFileError(method, SavingProblem(error.code().value()), path, error.code().message());
     } catch (const ProjectFileError&) {

@@ -4,12 +4,13 @@
 /// What saving a project and keeping its recovery file have in common. Internal to them.
 
 #include "projectbase/project/project_image.h"
-#include "tncommon/file_system.h"
+#include "tncommon/atomic_file.h"
 
 #include <filesystem>
 
 /// Both throw ProjectFileError under the name of `method`.
 void WriteProject(const char* method, const Project& project, const ImageNotes& notes,
-                  const std::filesystem::path& path, tncommon::FileSystem& fileSystem);
+                  const std::filesystem::path& path, tncommon::FileSystem& fileSystem,
+                  tncommon::Audience audience = tncommon::Audience::AsBefore);
 LoadedImage ReadProject(const char* method, const std::filesystem::path& path,
                         tncommon::FileSystem& fileSystem);

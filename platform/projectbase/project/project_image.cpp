@@ -196,6 +196,16 @@ void WriteGroups(SqliteImage& image, const Project& project)
     }
 }
 
+/// As the head of an SQLite file has it: big-endian, at a fixed place.
+std::int64_t ApplicationIdOf(std::string_view bytes)
+{
+    constexpr std::size_t kPlace = 68;
+    std::uint32_t id = 0;
+    for (const char byte : bytes.substr(std::min(kPlace, bytes.size()), 4))
+        id = id << 8 | static_cast<unsigned char>(byte);
+    return id;
+}
+
 [[noreturn]] void Damaged(const std::string& detail)
 {
     throw ImageError(ProjectFileProblem::Damaged, detail);
@@ -204,8 +214,6 @@ void WriteGroups(SqliteImage& image, const Project& project)
 /// Returns the version.
 std::int64_t CheckVersion(SqliteImage& image)
 {
-    if (image.Pragma("application_id") != kApplicationId)
-        throw ImageError(ProjectFileProblem::NoProject, {});
     const std::int64_t version = image.Pragma("user_version");
     if (version / 100 > kMajor)
         throw ImageError(ProjectFileProblem::NewerVersion,
@@ -397,7 +405,8 @@ std::string ToImage(const Project& project, const ImageNotes& notes)
 
 LoadedImage FromImage(const std::string& bytes)
 {
-    if (!std::string_view(bytes).starts_with(kHeader))
+    // Before SQLite sees it: a file of another program need not be one that can be read from memory.
+    if (!std::string_view(bytes).starts_with(kHeader) || ApplicationIdOf(bytes) != kApplicationId)
         throw ImageError(ProjectFileProblem::NoProject, {});
     try {
         SqliteImage image(bytes);

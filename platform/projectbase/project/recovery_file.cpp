@@ -93,6 +93,7 @@ RecoveryFile::RecoveryFile(const fs::path& project, fs::path folder) : m_project
     folder = FolderOrDefault(std::move(folder));
     try {
         tncommon::CreatePrivateFolder(folder);
+        tncommon::MakePrivate(folder);
         m_recovery = folder / (UniqueName(project) + kExtension);
         m_lock = TryLock(LockOf(m_recovery), O_CREAT);
         if (m_lock < 0)
@@ -114,7 +115,7 @@ RecoveryFile::~RecoveryFile()
 void RecoveryFile::Save(const Project& project, tncommon::FileSystem& fileSystem)
 {
     const ImageNotes notes{{kProjectNote, m_project.string()}, {kTimeNote, TimeToText(Clock::now())}};
-    WriteProject("SaveRecovery", project, notes, m_recovery, fileSystem);
+    WriteProject("SaveRecovery", project, notes, m_recovery, fileSystem, tncommon::Audience::OwnerOnly);
 }
 
 void RecoveryFile::Discard()
@@ -132,9 +133,12 @@ std::vector<RecoverableFile> RecoveryFile::List(fs::path folder)
 {
     std::vector<RecoverableFile> files;
     std::error_code ignored;
-    for (const auto& entry : fs::directory_iterator(FolderOrDefault(std::move(folder)), ignored)) {
+    folder = FolderOrDefault(std::move(folder));
+    tncommon::MakePrivate(folder);
+    for (const auto& entry : fs::directory_iterator(folder, ignored)) {
         if (entry.path().extension() != kExtension)
             continue;
+        tncommon::MakePrivate(entry.path());  // an older version let the mask decide
         const int lock = TryLock(LockOf(entry.path()), O_CREAT);
         if (lock < 0)
             continue;  // its program is running
