@@ -56,8 +56,6 @@ inline void ExpectRefusedCheaply(const std::function<bool()>& call)
     EXPECT_TRUE(work.succeeded);
     EXPECT_LE(work.seconds, 1.0 * kSlower);
     EXPECT_LE(work.megabytes, 200.0 * kSlower);
-    if (std::getenv("SHOWWORK"))
-        std::printf("%.3f s %.0f MB\n", work.seconds, work.megabytes);
 }
 
 }  // namespace support
