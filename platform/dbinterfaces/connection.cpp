@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "dbinterfaces/connection.h"
 
+#include "dbinterfaces/connection_text.h"
 #include "dbinterfaces/sqlite_connection.h"
 #include "tncommon/user_dirs.h"
 
@@ -9,7 +10,6 @@
 #include <soci/sqlite3/soci-sqlite3.h>
 #include <sqlite3.h>
 
-#include <cctype>
 #include <filesystem>
 #include <thread>
 
@@ -17,28 +17,6 @@ namespace {
 
 constexpr std::string_view kSqlite = "sqlite3://";
 constexpr std::string_view kPostgreSql = "postgresql://";
-
-/// "dbname=plant host=..." as opposed to "user@host/plant?sslmode=require".
-bool IsKeywordForm(std::string_view text)
-{
-    std::size_t i = text.find_first_not_of(' ');
-    const std::size_t start = i;
-    while (i < text.size() && (std::isalpha(static_cast<unsigned char>(text[i])) != 0 || text[i] == '_'))
-        ++i;
-    return i != std::string_view::npos && i > start && i < text.size() && text[i] == '=';
-}
-
-/// A server that does not answer must not hold up the program for minutes.
-std::string WithTimeout(const std::string& text, std::string_view rest)
-{
-    const bool keywords = IsKeywordForm(rest);
-    std::string parameters = keywords ? std::string(rest) : text;
-    if (text.find("connect_timeout") != std::string::npos)
-        return parameters;
-    if (keywords)
-        return parameters + " connect_timeout=5";
-    return parameters + (rest.find('?') == std::string_view::npos ? "?" : "&") + "connect_timeout=5";
-}
 
 ConnectionTarget SqliteTarget(const std::string& path)
 {
@@ -64,7 +42,13 @@ void UseWriteAheadLog(soci::session& session, std::chrono::milliseconds wait)
 
 std::unique_ptr<soci::session> ConnectSqlite(const ConnectionTarget& target, std::chrono::milliseconds wait)
 {
-    tncommon::CreatePrivateFolder(std::filesystem::path(target.path).parent_path());
+    const std::filesystem::path folder = std::filesystem::path(target.path).parent_path();
+    tncommon::CreatePrivateFolder(folder);
+    if (folder == tncommon::UserDataDir())
+        tncommon::MakePrivate(folder);
+    tncommon::EnsurePrivateFile(target.path);
+    for (const char* side : {"-wal", "-shm"})
+        tncommon::MakePrivate(target.path + side);
     auto session = OpenSqlite(target.path, SqliteMode::ReadWriteCreate);
     *session << fmt::format("PRAGMA busy_timeout = {}", wait.count());
     UseWriteAheadLog(*session, wait);
@@ -93,10 +77,12 @@ ConnectionTarget ParseConnectionText(const std::string& text)
     if (text.starts_with('/'))
         return SqliteTarget(text);
     if (text.starts_with(kPostgreSql) && text.size() > kPostgreSql.size()) {
+        connection_text::Parameters parameters = connection_text::Read(text);
         return {.backend = Backend::PostgreSql,
                 .path = {},
-                .parameters = WithTimeout(text, std::string_view(text).substr(kPostgreSql.size())),
-                .shown = "the PostgreSQL database"};
+                .parameters = std::move(parameters.text),
+                .shown = "the PostgreSQL database",
+                .secrets = std::move(parameters.secrets)};
     }
     // The text may hold a password, so it is not repeated.
     throw DatabaseError(DatabaseError::Kind::BadConnection,
@@ -111,7 +97,9 @@ std::unique_ptr<soci::session> Connect(const ConnectionTarget& target, std::chro
 DatabaseError Classify(const std::exception& error, const std::string& where)
 {
     using Kind = DatabaseError::Kind;
-    const std::string text = where + ": " + error.what();
+    // What the database layer says beyond its own message are the values of the statement.
+    const auto* layer = dynamic_cast<const soci::soci_error*>(&error);
+    const std::string text = where + ": " + (layer != nullptr ? layer->get_error_message() : error.what());
     if (const auto* ours = dynamic_cast<const DatabaseError*>(&error))
         return {ours->GetKind(), text};
     if (const auto* sqlite = dynamic_cast<const soci::sqlite3_soci_error*>(&error)) {
@@ -123,4 +111,10 @@ DatabaseError Classify(const std::exception& error, const std::string& where)
     if (const auto* server = dynamic_cast<const soci::postgresql_soci_error*>(&error))
         return {server->sqlstate() == "55P03" ? Kind::Locked : Kind::Failed, text};  // lock_not_available
     return {Kind::Failed, text};
+}
+
+DatabaseError Classify(const std::exception& error, const ConnectionTarget& target)
+{
+    const DatabaseError classified = Classify(error, target.shown);
+    return {classified.GetKind(), connection_text::Mask(classified.what(), target.secrets)};
 }

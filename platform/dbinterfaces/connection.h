@@ -10,6 +10,7 @@
 #include <chrono>
 #include <memory>
 #include <string>
+#include <vector>
 
 enum class Backend
 {
@@ -24,9 +25,10 @@ enum class Backend
 struct ConnectionTarget
 {
     Backend backend = Backend::Sqlite;
-    std::string path;        ///< SQLite only
-    std::string parameters;  ///< PostgreSQL only: what its client library is given
-    std::string shown;       ///< for messages; holds no password
+    std::string path;                       ///< SQLite only
+    std::string parameters;                 ///< PostgreSQL only: what its client library is given
+    std::string shown;                      ///< for messages; holds no password
+    std::vector<std::string> secrets = {};  ///< struck out of every message
 };
 
 /// Throws DatabaseError (BadConnection) for a text of any other form.
@@ -36,5 +38,8 @@ ConnectionTarget ParseConnectionText(const std::string& text);
 /// `wait` bounds how long a locked database is waited for. Throws DatabaseError.
 std::unique_ptr<soci::session> Connect(const ConnectionTarget& target, std::chrono::milliseconds wait);
 
-/// The error as this library reports it: "`where`: cause", with its kind.
+/// The error as this library reports it: "`where`: cause", with its kind. Values that a statement was called
+/// with are left out.
 DatabaseError Classify(const std::exception& error, const std::string& where);
+/// The same for an error of that database: its name comes first, its secrets are struck out.
+DatabaseError Classify(const std::exception& error, const ConnectionTarget& target);

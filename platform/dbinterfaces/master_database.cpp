@@ -4,6 +4,7 @@
 #include "dbinterfaces/compound_queries.h"
 #include "dbinterfaces/database_error.h"
 #include "dbinterfaces/sqlite_connection.h"
+#include "dbinterfaces/sqlite_peek.h"
 #include "dbinterfaces/water_queries.h"
 #include "tncommon/data_dir.h"
 
@@ -39,22 +40,21 @@ std::filesystem::path PathIn(const State& state)
 
 std::unique_ptr<soci::session> OpenMaster(const std::filesystem::path& path)
 {
-    auto session = OpenSqlite(path, SqliteMode::ReadOnly);
-    int applicationId = 0;
-    int version = 0;
+    std::int64_t applicationId = 0;
+    std::int64_t version = 0;
     try {
-        applicationId = ReadPragma(*session, "application_id");
-        version = ReadPragma(*session, "user_version");
-    } catch (const std::exception& error) {
-        throw DatabaseError(DatabaseError::Kind::NotOurs,
-                            fmt::format("'{}': {}", path.string(), error.what()));
+        SqlitePeek peek(path, SqlitePeek::View::FileAlone);
+        applicationId = peek.Number("PRAGMA application_id");
+        version = peek.Number("PRAGMA user_version");
+    } catch (const DatabaseError& error) {
+        throw DatabaseError(error.GetKind(), fmt::format("'{}': {}", path.string(), error.what()));
     }
     if (applicationId != kApplicationId || version != kSchemaVersion) {
         throw DatabaseError(DatabaseError::Kind::NotOurs,
                             fmt::format("'{}' is no master database of this version (found {:#x}, schema {})",
                                         path.string(), applicationId, version));
     }
-    return session;
+    return OpenSqlite(path, SqliteMode::ReadOnly);
 }
 
 /// Runs `query(session)` under the lock; whatever goes wrong is reported under the method's name.

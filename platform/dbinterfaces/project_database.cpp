@@ -44,9 +44,11 @@ auto RunLocally(const char* method, Query query)
     const std::lock_guard lock(state.mutex);
     try {
         const ConnectionTarget target = ParseConnectionText({});
-        const auto session = Connect(target, state.busyTimeout);
-        EnsureUserSchema(*session, target.backend);
-        return query(*session);
+        try {
+            return query(*OpenUserDatabase(target, state.busyTimeout));
+        } catch (const std::exception& error) {
+            throw Classify(error, target);
+        }
     } catch (const std::exception& error) {
         throw Classify(error, fmt::format("ProjectDatabase::{}", method));
     }

@@ -14,8 +14,6 @@ std::unique_ptr<soci::session> OpenSqlite(const std::filesystem::path& path, Sql
         throw DatabaseError(DatabaseError::Kind::BadConnection,
                             fmt::format("the path '{}' contains a double quote", file));
     }
-    if (mode == SqliteMode::ReadOnly && !std::filesystem::is_regular_file(path))
-        throw DatabaseError(DatabaseError::Kind::Failed, fmt::format("there is no file '{}'", file));
     std::string text = fmt::format("dbname=\"{}\" timeout={}", file, busySeconds);
     if (mode == SqliteMode::ReadOnly)
         text += " readonly=1";
@@ -24,11 +22,4 @@ std::unique_ptr<soci::session> OpenSqlite(const std::filesystem::path& path, Sql
     } catch (const std::exception& error) {
         throw DatabaseError(DatabaseError::Kind::Failed, fmt::format("'{}': {}", file, error.what()));
     }
-}
-
-int ReadPragma(soci::session& session, const std::string& name)
-{
-    int value = 0;
-    session << "PRAGMA " + name, soci::into(value);
-    return value;
 }

@@ -19,6 +19,3 @@ enum class SqliteMode
 /// waited for.
 std::unique_ptr<soci::session> OpenSqlite(const std::filesystem::path& path, SqliteMode mode,
                                           int busySeconds = 5);
-
-/// Integer value of a pragma.
-int ReadPragma(soci::session& session, const std::string& name);

@@ -2,10 +2,14 @@
 #include "dbinterfaces/user_schema.h"
 
 #include "dbinterfaces/compound_queries.h"
+#include "dbinterfaces/sqlite_peek.h"
 
 #include <fmt/format.h>
 
 #include <array>
+#include <filesystem>
+#include <functional>
+#include <thread>
 
 namespace {
 
@@ -59,34 +63,38 @@ const std::array<Statements, kUserSchemaVersion> kMigrations{
 };
 constexpr int kCompoundsSince = 4;
 
-int Count(soci::session& session, const std::string& query)
+/// Answers a query with a number.
+using Ask = std::function<std::int64_t(const std::string&)>;
+
+Ask AskSession(soci::session& session)
 {
-    int count = 0;
-    session << query, soci::into(count);
-    return count;
+    return [&session](const std::string& query) {
+        long long number = 0;
+        session << query, soci::into(number);
+        return number;
+    };
 }
 
-bool HasSchemaTable(soci::session& session, Backend backend)
+bool HasSchemaTable(const Ask& ask, Backend backend)
 {
     if (backend == Backend::Sqlite)
-        return Count(session, "SELECT count(*) FROM sqlite_master WHERE name = 'tarnvik_schema'") > 0;
-    return Count(session,
-                 "SELECT count(*) FROM pg_tables WHERE tablename = 'tarnvik_schema' "
-                 "AND schemaname = ANY (current_schemas(false))") > 0;
+        return ask("SELECT count(*) FROM sqlite_master WHERE name = 'tarnvik_schema' AND type = 'table'") > 0;
+    return ask("SELECT count(*) FROM pg_tables WHERE tablename = 'tarnvik_schema' "
+               "AND schemaname = ANY (current_schemas(false))") > 0;
 }
 
 /// 0 for a database that has no tables of ours yet.
-int ReadVersion(soci::session& session, Backend backend)
+std::int64_t ReadVersion(const Ask& ask, Backend backend)
 {
-    if (HasSchemaTable(session, backend))
-        return Count(session, "SELECT version FROM tarnvik_schema");
+    if (HasSchemaTable(ask, backend))
+        return ask("SELECT version FROM tarnvik_schema");
     // A server's database is shared with others, a file is not.
-    if (backend == Backend::Sqlite && Count(session, "SELECT count(*) FROM sqlite_master") > 0)
+    if (backend == Backend::Sqlite && ask("SELECT count(*) FROM sqlite_master") > 0)
         throw DatabaseError(DatabaseError::Kind::NotOurs, "the file is a database of another program");
     return 0;
 }
 
-void RefuseUnknownVersion(int version)
+void RefuseUnknownVersion(std::int64_t version)
 {
     if (version > kUserSchemaVersion) {
         throw DatabaseError(
@@ -119,9 +127,9 @@ void RollBack(soci::session& session)
     }
 }
 
-void Migrate(soci::session& session, Backend backend, int from)
+void Migrate(soci::session& session, Backend backend, std::int64_t from)
 {
-    for (int version = from; version < kUserSchemaVersion; ++version) {
+    for (std::int64_t version = from; version < kUserSchemaVersion; ++version) {
         for (const char* statement : kMigrations.at(static_cast<std::size_t>(version)))
             session << statement;
         if (version + 1 == kCompoundsSince) {
@@ -132,18 +140,17 @@ void Migrate(soci::session& session, Backend backend, int from)
     session << fmt::format("UPDATE tarnvik_schema SET version = {}", kUserSchemaVersion);
 }
 
-}  // namespace
-
 void EnsureUserSchema(soci::session& session, Backend backend)
 {
-    const int seen = ReadVersion(session, backend);
+    const Ask ask = AskSession(session);
+    const std::int64_t seen = ReadVersion(ask, backend);
     RefuseUnknownVersion(seen);
     if (seen == kUserSchemaVersion)
         return;
     Begin(session, backend);
     try {
         // Somebody else may have been faster.
-        const int version = ReadVersion(session, backend);
+        const std::int64_t version = ReadVersion(ask, backend);
         RefuseUnknownVersion(version);
         Migrate(session, backend, version);
         session << "COMMIT";
@@ -151,4 +158,47 @@ void EnsureUserSchema(soci::session& session, Backend backend)
         RollBack(session);
         throw;
     }
+}
+
+void RefuseVersionOfFile(const std::filesystem::path& path, SqlitePeek::View view)
+{
+    SqlitePeek peek(path, view);
+    RefuseUnknownVersion(
+        ReadVersion([&peek](const std::string& query) { return peek.Number(query); }, Backend::Sqlite));
+}
+
+/// Looks at a file before it is opened for writing, which changes it.
+void RefuseForeignFile(const std::filesystem::path& path)
+{
+    std::error_code error;
+    const bool isNew = !std::filesystem::exists(path, error) && !error;
+    if (isNew || (std::filesystem::is_regular_file(path) && std::filesystem::file_size(path) == 0))
+        return;
+    constexpr int kLooks = 5;
+    for (int look = 1;; ++look) {
+        try {
+            RefuseVersionOfFile(path, SqlitePeek::View::FileAlone);
+            break;
+        } catch (const DatabaseError&) {
+            // Another program that is just taking its log over into the file leaves it in pieces for a
+            // moment.
+            if (look == kLooks || !SqlitePeek::HasLog(path))
+                throw;
+        }
+        std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    }
+    if (SqlitePeek::HasLog(path))
+        RefuseVersionOfFile(path, SqlitePeek::View::WithItsLog);
+}
+
+}  // namespace
+
+std::unique_ptr<soci::session> OpenUserDatabase(const ConnectionTarget& target,
+                                                std::chrono::milliseconds wait)
+{
+    if (target.backend == Backend::Sqlite)
+        RefuseForeignFile(target.path);
+    auto session = Connect(target, wait);
+    EnsureUserSchema(*session, target.backend);
+    return session;
 }

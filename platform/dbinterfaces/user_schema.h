@@ -13,7 +13,9 @@
 
 constexpr int kUserSchemaVersion = 4;
 
-/// Creates the tables in an empty database, or migrates those of an older version, in one transaction that
-/// other programs doing the same wait for. Throws DatabaseError for a newer or foreign database, which is
-/// left as it is.
-void EnsureUserSchema(soci::session& session, Backend backend);
+/// Opens a user database and brings its tables up to date: creates them in an empty database, or migrates
+/// those of an older version, in one transaction that other programs doing the same wait for. `wait` bounds
+/// how long a locked database is waited for. Throws DatabaseError for a newer or foreign database, of which
+/// no byte was changed then, nor is anything left beside it.
+std::unique_ptr<soci::session> OpenUserDatabase(const ConnectionTarget& target,
+                                                std::chrono::milliseconds wait);

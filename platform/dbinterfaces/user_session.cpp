@@ -45,11 +45,9 @@ void OpenLocked(Session& state, const std::string& connectionText)
         throw std::logic_error("a transaction of the open database has not ended");
     ConnectionTarget target = ParseConnectionText(connectionText);
     try {
-        auto session = Connect(target, state.busyTimeout);
-        EnsureUserSchema(*session, target.backend);
-        state.Replace(std::move(session));
+        state.Replace(OpenUserDatabase(target, state.busyTimeout));
     } catch (const std::exception& error) {
-        throw Classify(error, target.shown);
+        throw Classify(error, target);
     }
     // A file belongs to one user, who may be renamed; only a server's database is shared by several.
     state.owner = target.backend == Backend::PostgreSql ? LoginName() : std::string();

@@ -78,7 +78,7 @@ auto Run(const char* method, Query query)
         } catch (const std::exception& error) {
             if (state.inTransaction || state.target.backend != Backend::PostgreSql ||
                 state.session->is_connected())
-                throw Classify(error, state.target.shown);
+                throw Classify(error, state.target);
         }
         state.Replace(Connect(state.target, state.busyTimeout));
         return query(*state.session, state.owner);

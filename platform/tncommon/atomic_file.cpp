@@ -130,22 +130,25 @@ private:
 
 }  // namespace
 
-void ReplaceFile(const fs::path& path, const std::string& bytes, FileSystem& fileSystem)
+void ReplaceFile(const fs::path& path, const std::string& bytes, FileSystem& fileSystem, Audience audience)
 {
-    constexpr unsigned kNewFile = 0666;       // narrowed by the process's mask
-    constexpr unsigned kUntilRenamed = 0600;  // an existing file may be more private than the mask makes it
+    constexpr unsigned kNewFile = 0666;    // narrowed by the process's mask
+    constexpr unsigned kOwnerOnly = 0600;  // an existing file may be more private than the mask makes it
 
     const fs::path target = FollowLinks(path);
-    const auto existing = fileSystem.GetAttributes(target);
+    auto existing = fileSystem.GetAttributes(target);
     if (existing && !existing->isRegular)
         Throw(existing->isFolder ? EISDIR : EINVAL, "open");
     if (existing && !fileSystem.MayWrite(target))
         Throw(EACCES, "access");  // a rename would get past the write protection
 
+    const bool isPrivate = audience == Audience::OwnerOnly;
+    if (existing && isPrivate)
+        existing->mode = kOwnerOnly;
     const fs::path folder = target.has_parent_path() ? target.parent_path() : fs::path(".");
     RemoveStaleTemporaries(folder, fileSystem);
     {
-        Temporary temporary(TemporaryIn(folder), existing ? kUntilRenamed : kNewFile, fileSystem);
+        Temporary temporary(TemporaryIn(folder), existing || isPrivate ? kOwnerOnly : kNewFile, fileSystem);
         temporary.Write(bytes);
         if (existing)
             fileSystem.SetAttributes(temporary.Descriptor(), *existing);

@@ -2,7 +2,9 @@
 #include "tncommon/user_dirs.h"
 
 #include <cstdlib>
+#include <fcntl.h>
 #include <pwd.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace tncommon {
@@ -54,6 +56,25 @@ void CreatePrivateFolder(const fs::path& folder)
     CreatePrivateFolder(folder.parent_path());
     if (fs::create_directory(folder))
         fs::permissions(folder, fs::perms::owner_all);
+}
+
+void MakePrivate(const fs::path& path)
+{
+    constexpr mode_t kOthers = S_IRWXG | S_IRWXO;
+    struct stat status = {};
+    if (stat(path.c_str(), &status) != 0 || status.st_uid != geteuid() || (status.st_mode & S_ISVTX) != 0 ||
+        !(S_ISREG(status.st_mode) || S_ISDIR(status.st_mode)) || (status.st_mode & kOthers) == 0)
+        return;
+    [[maybe_unused]] const int ignored = chmod(path.c_str(), status.st_mode & 07777 & ~kOthers);
+}
+
+void EnsurePrivateFile(const fs::path& file)
+{
+    const int descriptor = open(file.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, S_IRUSR | S_IWUSR);
+    if (descriptor >= 0)
+        close(descriptor);
+    else
+        MakePrivate(file);
 }
 
 }  // namespace tncommon

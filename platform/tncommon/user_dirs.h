@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-/// Folders of the user, by the XDG base directory rules. None of these functions creates a folder.
+/// Folders of the user, by the XDG base directory rules, and how what lies in them is kept from others.
 
 #include "tncommon/tncommon_export.h"
 
@@ -20,5 +20,14 @@ TNCOMMON_EXPORT std::filesystem::path UserStateDir();
 /// Creates a folder and what lies above it; what is created is open to its owner only. Throws
 /// std::filesystem::filesystem_error.
 TNCOMMON_EXPORT void CreatePrivateFolder(const std::filesystem::path& folder);
+
+/// Takes all permissions on a file or folder from everybody but its owner. One that belongs to somebody else,
+/// or that many share by its sticky bit, stays as it is, and so does one whose permissions cannot be changed.
+TNCOMMON_EXPORT void MakePrivate(const std::filesystem::path& path);
+
+/// Creates an empty file that only its owner can open, or makes the one that is there such a file. It opens
+/// no file that was there: closing it would drop the locks that this process holds on it. A file that cannot
+/// be created is left to whoever wants to write it.
+TNCOMMON_EXPORT void EnsurePrivateFile(const std::filesystem::path& file);
 
 }  // namespace tncommon

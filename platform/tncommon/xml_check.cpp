@@ -9,12 +9,6 @@ namespace {
 
 constexpr std::size_t kEnd = std::string_view::npos;
 
-bool IsUtf8(std::string_view bytes)
-{
-    return bytes.find('\0') == kEnd &&
-           wxConvUTF8.ToWChar(nullptr, 0, bytes.data(), bytes.size()) != wxCONV_FAILED;
-}
-
 /// The place behind `end` at or after `from`.
 std::size_t Behind(std::string_view xml, std::size_t from, std::string_view end)
 {
@@ -39,9 +33,15 @@ std::size_t BehindTag(std::string_view xml, std::size_t from)
 
 }  // namespace
 
+bool IsUtf8Text(std::string_view bytes)
+{
+    return bytes.find('\0') == kEnd &&
+           wxConvUTF8.ToWChar(nullptr, 0, bytes.data(), bytes.size()) != wxCONV_FAILED;
+}
+
 std::string FindXmlProblem(std::string_view xml, const XmlLimits& limits)
 {
-    if (!IsUtf8(xml))
+    if (!IsUtf8Text(xml))
         return "the document is not encoded in UTF-8";
     int depth = 0;
     for (std::size_t at = xml.find('<'); at != kEnd; at = xml.find('<', at)) {

@@ -11,6 +11,9 @@
 
 namespace tncommon {
 
+/// Whether the bytes are UTF-8 without zero bytes, as documents are here.
+TNCOMMON_EXPORT bool IsUtf8Text(std::string_view bytes);
+
 struct XmlLimits
 {
     int depth;  ///< elements inside of elements, the root counted

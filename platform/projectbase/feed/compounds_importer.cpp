@@ -1,124 +1,21 @@
 // SPDX-License-Identifier: MIT
 #include "projectbase/feed/compounds_importer.h"
 
+#include "projectbase/feed/compound_attributes.h"
+#include "projectbase/feed/compounds_xml.h"
 #include "tncommon/atomic_file.h"
-#include "tncommon/xml_check.h"
 #include "tncommon/zip_container.h"
 
 #include <fmt/format.h>
-#include <wx/log.h>
 #include <wx/mstream.h>
 #include <wx/xml/xml.h>
-
-#include <array>
-#include <charconv>
-#include <cmath>
-#include <variant>
 
 namespace {
 
 using DBObjects::Compound;
 
 constexpr const char* kRoot = "compounds";
-constexpr const char* kElement = "compound";
 constexpr std::size_t kLargestFile = std::size_t{16} << 20;
-constexpr std::size_t kLongestText = 10'000;
-/// Elements inside of elements: a list is flat.
-constexpr int kMostDepth = 8;
-
-/// One attribute: its name and the field that it holds.
-struct Attribute
-{
-    const char* name;
-    std::variant<std::string Compound::*, std::int32_t Compound::*, double Compound::*> field;
-};
-/// In the order in which they are written.
-const std::array<Attribute, 9> kAttributes{{
-    {"name", &Compound::name},
-    {"formula", &Compound::formula},
-    {"baseElement", &Compound::baseElement},
-    {"pka", &Compound::pKa},
-    {"valency", &Compound::valency},
-    {"oxidationNrCommon", &Compound::oxidationNrCommon},
-    {"conjugate", &Compound::conjugate},
-    {"ionicCharge", &Compound::ionicCharge},
-    {"category", &Compound::category},
-}};
-
-/// An unknown number has this text, whatever its sign bit.
-constexpr const char* kUnknownNumber = "nan";
-
-std::string Write(const std::string& text)
-{
-    for (const char c : text) {
-        if (static_cast<unsigned char>(c) < 0x20)
-            throw std::invalid_argument(
-                fmt::format("CompoundsImporter::Export: '{}' holds a control character", text));
-    }
-    return text;
-}
-std::string Write(std::int32_t number)
-{
-    return fmt::format("{}", number);
-}
-std::string Write(double number)
-{
-    return std::isnan(number) ? kUnknownNumber : fmt::format("{:.16e}", number);
-}
-
-template <typename Number>
-bool ReadNumber(const std::string& text, Number& number)
-{
-    const auto result = std::from_chars(text.data(), text.data() + text.size(), number);
-    return result.ec == std::errc() && result.ptr == text.data() + text.size();
-}
-
-bool Read(const std::string& text, std::string& field)
-{
-    field = text;
-    return text.size() <= kLongestText;
-}
-bool Read(const std::string& text, std::int32_t& field)
-{
-    return ReadNumber(text, field);
-}
-bool Read(const std::string& text, double& field)
-{
-    if (text == kUnknownNumber) {
-        field = std::nan("");
-        return true;
-    }
-    return ReadNumber(text, field) && std::isfinite(field);
-}
-
-/// The compound of an element; `number` of it is for messages.
-Compound ReadCompound(const wxXmlNode& node, std::size_t number)
-{
-    const auto fail = [number](const std::string& what) {
-        throw CompoundFileError(fmt::format("compound {}: {}", number, what));
-    };
-    if (node.GetName() != kElement || node.GetChildren() != nullptr)
-        fail(fmt::format("'{}' is no compound", node.GetName().utf8_string()));
-    Compound compound;
-    std::size_t known = 0;
-    for (const Attribute& attribute : kAttributes) {
-        wxString text;
-        if (!node.GetAttribute(attribute.name, &text))
-            fail(fmt::format("the attribute '{}' is missing", attribute.name));
-        const std::string utf8 = text.utf8_string();
-        if (!std::visit([&](auto field) { return Read(utf8, compound.*field); }, attribute.field))
-            fail(fmt::format("the attribute '{}' cannot be read: '{}'", attribute.name, utf8.substr(0, 100)));
-        ++known;
-    }
-    for (const wxXmlAttribute* attribute = node.GetAttributes(); attribute != nullptr;
-         attribute = attribute->GetNext())
-        --known;
-    if (known != 0)
-        fail("an attribute occurs twice or is not known");
-    if (compound.name.empty() || compound.formula.empty())
-        fail("name or formula is empty");
-    return compound;
-}
 
 }  // namespace
 
@@ -134,7 +31,15 @@ std::vector<Compound> CompoundsImporter::Import(const wxXmlNode* root)
             continue;
         if (compounds.size() == kMostCompoundsOfFile)
             throw CompoundFileError(fmt::format("there are more than {} compounds", kMostCompoundsOfFile));
-        compounds.push_back(ReadCompound(*node, compounds.size() + 1));
+        std::vector<std::pair<std::string, std::string>> texts;
+        // One too many is enough to refuse them.
+        for (const wxXmlAttribute* attribute = node->GetAttributes();
+             attribute != nullptr && texts.size() <= compound_attributes::kCount;
+             attribute = attribute->GetNext())
+            texts.emplace_back(attribute->GetName().utf8_string(), attribute->GetValue().utf8_string());
+        const std::vector<compound_attributes::Attribute> attributes(texts.begin(), texts.end());
+        const std::string name = node->GetChildren() == nullptr ? node->GetName().utf8_string() : "a list";
+        compounds.push_back(compound_attributes::Read(name, attributes, compounds.size() + 1));
     }
     return compounds;
 }
@@ -146,12 +51,9 @@ std::unique_ptr<wxXmlDocument> CompoundsImporter::Export(const std::vector<Compo
     document->SetRoot(root);
     wxXmlNode* last = nullptr;
     for (const Compound& compound : compounds) {
-        auto node = std::make_unique<wxXmlNode>(wxXML_ELEMENT_NODE, kElement);
-        for (const Attribute& attribute : kAttributes)
-            node->AddAttribute(
-                attribute.name,
-                std::visit([&compound](auto field) { return wxString::FromUTF8(Write(compound.*field)); },
-                           attribute.field));
+        auto node = std::make_unique<wxXmlNode>(wxXML_ELEMENT_NODE, compound_attributes::kElement);
+        for (const auto& [name, value] : compound_attributes::Write(compound))
+            node->AddAttribute(wxString::FromUTF8(name), wxString::FromUTF8(value));
         // Appending by way of the parent would walk over all nodes before.
         root->InsertChildAfter(node.get(), last);
         last = node.release();
@@ -175,17 +77,7 @@ std::vector<Compound> FromCompoundFile(const std::string& bytes)
     const std::vector<tncommon::ZipPart> parts = tncommon::LoadFromZip(bytes);
     if (parts.size() != 1 || parts.front().name != kRoot)
         throw tncommon::ZipError(tncommon::ZipError::Problem::StructureWrong);
-    const std::string& xml = parts.front().bytes;
-    if (const std::string problem = tncommon::FindXmlProblem(xml, {.depth = kMostDepth}); !problem.empty())
-        throw CompoundFileError(problem);
-    const wxLogNull noLog;
-    wxMemoryInputStream memory(xml.data(), xml.size());
-    wxXmlDocument document;
-    if (!document.Load(memory))
-        throw CompoundFileError("the document is no well-formed XML");
-    if (document.GetFileEncoding().Upper() != "UTF-8")
-        throw CompoundFileError("the document is not encoded in UTF-8");
-    return CompoundsImporter::Import(document.GetRoot());
+    return ReadCompoundsXml(parts.front().bytes);
 }
 
 void SaveCompoundFile(const std::filesystem::path& path, const std::vector<Compound>& compounds)

@@ -52,11 +52,12 @@ ProjectFileProblem LoadingProblem(int error)
 }  // namespace
 
 FileStamp WriteProject(const char* method, const Project& project, const ImageNotes& notes,
-                       const std::filesystem::path& path, tncommon::FileSystem& fileSystem)
+                       const std::filesystem::path& path, tncommon::FileSystem& fileSystem,
+                       tncommon::Audience audience)
 {
     try {
         const std::string bytes = ToImage(project, notes);
-        tncommon::ReplaceFile(path, bytes, fileSystem);
+        tncommon::ReplaceFile(path, bytes, fileSystem, audience);
         return FileStamp::OfBytes(bytes);
     } catch (const std::system_error& error) {
         throw ProjectFileError(method, SavingProblem(error.code().value()), path, error.code().message());

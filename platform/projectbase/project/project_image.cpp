@@ -3,6 +3,8 @@
 
 #include "projectbase/project/iex_project.h"
 #include "projectbase/project/project_edit.h"
+#include "projectbase/project/project_file.h"
+#include "projectbase/project/project_image_checksum.h"
 #include "projectbase/project/project_image_values.h"
 #include "projectbase/project/sqlite_image.h"
 
@@ -44,67 +46,9 @@ constexpr const char* kSchema =
 constexpr const char* kModule = "module";
 constexpr const char* kUnitSystem = "unit.system";
 constexpr const char* kStatus = "status";
-constexpr const char* kChecksum = "checksum";
 constexpr const char* kOwnerChecksum = "checksum.owners";
 constexpr const char* kGroupChecksum = "checksum.groups";  // apart, so that version 1.0 reads the rest
 constexpr int kProjectDetails = -1;
-
-/// FNV-1a over all that a reader looks at. A change of any one byte changes it for certain, any other damage
-/// with a probability that leaves nothing to be desired.
-class Checksum
-{
-public:
-    void Add(std::string_view bytes)
-    {
-        for (const char byte : bytes)
-            AddByte(static_cast<unsigned char>(byte));
-        AddByte(0xff);  // occurs in no UTF-8 text, so it ends one
-    }
-    std::string Text() const { return fmt::format("{:016x}", m_hash); }
-
-private:
-    void AddByte(unsigned char byte) { m_hash = (m_hash ^ byte) * 0x100000001b3ULL; }
-
-    std::uint64_t m_hash = 0xcbf29ce484222325ULL;
-};
-
-void AddRows(SqliteImage& image, Checksum& checksum, const std::string& query, int columns)
-{
-    SqliteStatement rows = image.Prepare(query);
-    while (rows.Step()) {
-        for (int column = 0; column < columns; ++column)
-            checksum.Add(ColumnBytes(rows, column));
-    }
-    checksum.Add("end");
-}
-
-std::string ComputeChecksum(SqliteImage& image)
-{
-    Checksum checksum;
-    AddRows(image, checksum,
-            fmt::format("SELECT name, text FROM note WHERE name <> '{}' ORDER BY name", kChecksum), 2);
-    AddRows(image, checksum, "SELECT id, name FROM liquid ORDER BY id", 2);
-    AddRows(image, checksum, "SELECT liquid, name, type, unit, value FROM detail ORDER BY liquid, name", 5);
-    return checksum.Text();
-}
-
-std::string ComputeGroupChecksum(SqliteImage& image)
-{
-    Checksum checksum;
-    AddRows(image, checksum,
-            "SELECT kind, position, name, type, unit, value FROM detail_group ORDER BY kind, position, name",
-            6);
-    return checksum.Text();
-}
-
-std::string ComputeOwnerChecksum(SqliteImage& image)
-{
-    Checksum checksum;
-    AddRows(image, checksum, "SELECT id, parent, kind FROM owner ORDER BY id", 3);
-    AddRows(image, checksum, "SELECT owner, name, type, unit, value FROM owner_detail ORDER BY owner, name",
-            5);
-    return checksum.Text();
-}
 
 void WriteNotes(SqliteImage& image, const ImageNotes& notes)
 {
@@ -196,6 +140,16 @@ void WriteGroups(SqliteImage& image, const Project& project)
     }
 }
 
+/// As the head of an SQLite file has it: big-endian, at a fixed place.
+std::int64_t ApplicationIdOf(std::string_view bytes)
+{
+    constexpr std::size_t kPlace = 68;
+    std::uint32_t id = 0;
+    for (const char byte : bytes.substr(std::min(kPlace, bytes.size()), 4))
+        id = id << 8 | static_cast<unsigned char>(byte);
+    return id;
+}
+
 [[noreturn]] void Damaged(const std::string& detail)
 {
     throw ImageError(ProjectFileProblem::Damaged, detail);
@@ -204,8 +158,6 @@ void WriteGroups(SqliteImage& image, const Project& project)
 /// Returns the version.
 std::int64_t CheckVersion(SqliteImage& image)
 {
-    if (image.Pragma("application_id") != kApplicationId)
-        throw ImageError(ProjectFileProblem::NoProject, {});
     const std::int64_t version = image.Pragma("user_version");
     if (version / 100 > kMajor)
         throw ImageError(ProjectFileProblem::NewerVersion,
@@ -238,12 +190,26 @@ ImageNotes ReadNotes(SqliteImage& image)
     return notes;
 }
 
+[[noreturn]] void Missing(const char* note)
+{
+    Damaged(fmt::format("the entry '{}' is missing", note));
+}
+
+std::string ReadNote(SqliteImage& image, const char* name)
+{
+    SqliteStatement rows = image.Prepare("SELECT text FROM note WHERE name = ?");
+    rows.Bind(1, name);
+    if (!rows.Step())
+        Missing(name);
+    return std::string(rows.Text(0));
+}
+
 /// Takes a note that this program writes out of the others.
 std::string Extract(ImageNotes& notes, const char* name)
 {
     const auto node = notes.extract(name);
     if (node.empty())
-        Damaged(fmt::format("the entry '{}' is missing", name));
+        Missing(name);
     return node.mapped();
 }
 
@@ -345,15 +311,16 @@ LoadedImage Read(SqliteImage& image)
     const bool hasOwners = version >= kVersionWithOwners;
     CheckBounds(image, version);
     LoadedImage loaded;
-    loaded.notes = ReadNotes(image);
-    if (Extract(loaded.notes, kChecksum) != ComputeChecksum(image))
+    // Before anything of a damaged file is kept.
+    if (ReadNote(image, kChecksum) != ComputeChecksum(image))
         Damaged("its checksum does not match its contents");
-    if (hasGroups && Extract(loaded.notes, kGroupChecksum) != ComputeGroupChecksum(image))
+    if (hasGroups && ReadNote(image, kGroupChecksum) != ComputeGroupChecksum(image))
         Damaged("the checksum of its lists does not match their contents");
-    if (hasOwners && Extract(loaded.notes, kOwnerChecksum) != ComputeOwnerChecksum(image))
+    if (hasOwners && ReadNote(image, kOwnerChecksum) != ComputeOwnerChecksum(image))
         Damaged("the checksum of its plant does not match its contents");
-    loaded.notes.erase(kGroupChecksum);
-    loaded.notes.erase(kOwnerChecksum);
+    loaded.notes = ReadNotes(image);
+    for (const char* checksum : {kChecksum, kGroupChecksum, kOwnerChecksum})
+        loaded.notes.erase(checksum);
     loaded.project = MakeProject(Extract(loaded.notes, kModule));
     loaded.project->SetUnitSystemDisplay(Extract(loaded.notes, kUnitSystem));
     const long status = std::strtol(Extract(loaded.notes, kStatus).c_str(), nullptr, 10);
@@ -392,12 +359,17 @@ std::string ToImage(const Project& project, const ImageNotes& notes)
     WriteLiquids(image, project);
     WriteNotes(image, {{kChecksum, ComputeChecksum(image)}});
     image.Execute("COMMIT");
-    return image.Bytes();
+    std::string bytes = image.Bytes();
+    // What could not be opened again is not saved.
+    if (bytes.size() > ProjectFile::kMaxSize)
+        throw SqliteFailure("the project is larger than a project file may be");
+    return bytes;
 }
 
 LoadedImage FromImage(const std::string& bytes)
 {
-    if (!std::string_view(bytes).starts_with(kHeader))
+    // Before SQLite sees it: a file of another program need not be one that can be read from memory.
+    if (!std::string_view(bytes).starts_with(kHeader) || ApplicationIdOf(bytes) != kApplicationId)
         throw ImageError(ProjectFileProblem::NoProject, {});
     try {
         SqliteImage image(bytes);

@@ -110,6 +110,7 @@ RecoveryFile::RecoveryFile(const fs::path& project, fs::path folder)
     folder = FolderOrDefault(std::move(folder));
     try {
         tncommon::CreatePrivateFolder(folder);
+        tncommon::MakePrivate(folder);
         m_recovery = folder / (UniqueName(project) + kExtension);
         m_lock = TryLock(LockOf(m_recovery), O_CREAT);
         if (m_lock < 0)
@@ -134,7 +135,7 @@ void RecoveryFile::Save(const Project& project, const UnsavedWork& work, tncommo
                            {kTimeNote, TimeToText(Clock::now())},
                            {kBaseNote, work.base ? work.base->ToText() : std::string()},
                            {kEditsNote, fmt::format("{}", fmt::join(work.edits, "\n"))}};
-    WriteProject("SaveRecovery", project, notes, m_recovery, fileSystem);
+    WriteProject("SaveRecovery", project, notes, m_recovery, fileSystem, tncommon::Audience::OwnerOnly);
 }
 
 void RecoveryFile::Discard()
@@ -147,9 +148,12 @@ std::vector<RecoverableFile> RecoveryFile::List(fs::path folder)
 {
     std::vector<RecoverableFile> files;
     std::error_code ignored;
-    for (const auto& entry : fs::directory_iterator(FolderOrDefault(std::move(folder)), ignored)) {
+    folder = FolderOrDefault(std::move(folder));
+    tncommon::MakePrivate(folder);
+    for (const auto& entry : fs::directory_iterator(folder, ignored)) {
         if (entry.path().extension() != kExtension)
             continue;
+        tncommon::MakePrivate(entry.path());  // an older version let the mask decide
         const int lock = TryLock(LockOf(entry.path()), O_CREAT);
         if (lock < 0)
             continue;  // its program is running

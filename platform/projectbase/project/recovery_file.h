@@ -4,9 +4,9 @@
 /// What is left of unsaved work after a crash.
 ///
 /// A project that is open owns one RecoveryFile and saves into it from time to time; the project's own file
-/// is never touched. The recovery file stands in the user's state folder and is locked while its program
-/// runs, so that the next start offers only what no running program owns. The lock goes with the process,
-/// however it ends.
+/// is never touched. The recovery file stands in the user's state folder, which only the user can open, and
+/// is locked while its program runs, so that the next start offers only what no running program owns. The
+/// lock goes with the process, however it ends.
 
 #include "projectbase/project/file_stamp.h"
 #include "projectbase/project/project_file_error.h"

@@ -1,16 +1,19 @@
 // SPDX-License-Identifier: MIT
 #include "projectbase/project/sqlite_image.h"
 
-#include <cstring>
+#include "projectbase/project/sqlite_pages.h"
+
+#include <fmt/format.h>
+
 #include <new>
 
 namespace {
 
 constexpr const char* kMain = "main";
 /// Steps of SQLite's machine between two looks at the budget, and how many looks it may last. A project of
-/// the largest size allowed needs a small part of it; a file made to keep us busy is stopped within seconds.
+/// the largest size allowed needs a small part of it; a file made to keep us busy is stopped within a second.
 constexpr int kStepsPerLook = 1'000'000;
-constexpr int kLooks = 500;
+constexpr int kLooks = 100;
 
 }  // namespace
 
@@ -39,6 +42,8 @@ void SqliteStatement::Bind(int index, std::int64_t value)
 
 void SqliteStatement::Bind(int index, std::string_view text)
 {
+    if (text.size() > kMostValueBytes)
+        throw SqliteFailure(fmt::format("a text is longer than {} bytes", kMostValueBytes));
     Check(sqlite3_bind_text64(m_statement.get(), index, text.data(), text.size(), SQLITE_TRANSIENT,
                               SQLITE_UTF8));
 }
@@ -87,7 +92,11 @@ SqliteImage::SqliteImage()
 
 SqliteImage::SqliteImage(const std::string& bytes)
 {
+    if (const std::string problem = FindPageProblem(bytes); !problem.empty())
+        throw SqliteFailure(problem);
     Open();
+    sqlite3_limit(m_database.get(), SQLITE_LIMIT_LENGTH, static_cast<int>(kMostValueBytes));
+    sqlite3_drop_modules(m_database.get(), nullptr);
     sqlite3_db_config(m_database.get(), SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
     sqlite3_db_config(m_database.get(), SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
     sqlite3_db_config(m_database.get(), SQLITE_DBCONFIG_ENABLE_TRIGGER, 0, nullptr);
@@ -97,14 +106,18 @@ SqliteImage::SqliteImage(const std::string& bytes)
         m_database.get(), kStepsPerLook,
         [](void* looks) { return ++*static_cast<int*>(looks) > kLooks ? 1 : 0; }, &m_looks);
 
-    auto* copy = static_cast<unsigned char*>(sqlite3_malloc64(bytes.size() + 1));
-    if (copy == nullptr)
-        throw std::bad_alloc();
-    std::memcpy(copy, bytes.data(), bytes.size());
+    // Read-only, so that SQLite does not write there either.
+    auto* pages = reinterpret_cast<unsigned char*>(const_cast<char*>(bytes.data()));
     const auto size = static_cast<sqlite3_int64>(bytes.size());
-    if (sqlite3_deserialize(m_database.get(), kMain, copy, size, size,
-                            SQLITE_DESERIALIZE_FREEONCLOSE | SQLITE_DESERIALIZE_READONLY) != SQLITE_OK)
+    if (sqlite3_deserialize(m_database.get(), kMain, pages, size, size, SQLITE_DESERIALIZE_READONLY) !=
+        SQLITE_OK)
         throw SqliteFailure(m_database.get());
+    // What a column calculates may be as much work as its author likes.
+    SqliteStatement calculated = Prepare(
+        "SELECT 1 FROM sqlite_master m JOIN pragma_table_xinfo(m.name) x WHERE m.type = 'table' AND x.hidden "
+        "> 1");
+    if (calculated.Step())
+        throw SqliteFailure("it has calculated columns");
 }
 
 void SqliteImage::Execute(const std::string& sql)

@@ -5,7 +5,8 @@
 /// file.
 ///
 /// Reading from bytes means that no lock, journal or other side file ever touches the document. Bytes of
-/// unknown origin are opened defensively: no views, no triggers, bounded work. Failures throw SqliteFailure.
+/// unknown origin are opened defensively: no views, no triggers, no calculated columns, bounded work, and no
+/// page that is read twice. Failures throw SqliteFailure.
 
 #include <sqlite3.h>
 
@@ -21,12 +22,17 @@ public:
     explicit SqliteFailure(sqlite3* database)
         : std::runtime_error(sqlite3_errmsg(database)), m_code(sqlite3_errcode(database))
     {}
+    /// For what SQLite is not asked.
+    explicit SqliteFailure(const std::string& text) : std::runtime_error(text), m_code(SQLITE_CORRUPT) {}
     /// Primary result code of SQLite.
     int Code() const { return m_code & 0xff; }
 
 private:
     int m_code;
 };
+
+/// Longest text that is read from the bytes of a file, or written to them.
+inline constexpr std::size_t kMostValueBytes = std::size_t{1} << 20;
 
 class SqliteStatement
 {
@@ -65,7 +71,7 @@ class SqliteImage
 public:
     /// An empty database.
     SqliteImage();
-    /// A read-only one of the bytes of a file, which are copied.
+    /// A read-only one of the bytes of a file, which must outlive it.
     explicit SqliteImage(const std::string& bytes);
     SqliteImage(const SqliteImage&) = delete;
     SqliteImage& operator=(const SqliteImage&) = delete;

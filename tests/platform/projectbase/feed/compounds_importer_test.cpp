@@ -2,6 +2,7 @@
 #include "projectbase/feed/compounds_importer.h"
 
 #include "dbinterfaces/master_database.h"
+#include "tests/support/bounded_work.h"
 #include "tests/support/locale_scope.h"
 #include "tests/support/temp_folder.h"
 #include "tncommon/atomic_file.h"
@@ -121,7 +122,7 @@ TEST(CompoundFile, RefusesWhatDeviatesAndSaysWhere)
         {"", "well-formed"},
         {"no XML", "well-formed"},
         {Document("<compounds>"), "well-formed"},
-        {Document("<compounds><compound " + kAttributes), "too early"},
+        {Document("<compounds><compound " + kAttributes), "unclosed token"},
         {Document("<other/>"), "no list"},
         {Document("<compounds version=\"2\"/>"), "no list"},
         {Document("<compounds><other/></compounds>"), "compound 1: 'other'"},
@@ -137,7 +138,8 @@ TEST(CompoundFile, RefusesWhatDeviatesAndSaysWhere)
         {Compounds(kAttributes + " extra=\"1\""), "compound 1: an attribute"},
         {Compounds(kAttributes + " name=\"b\""), "well-formed"},
         {Replaced("name=\"a\"", "name=\"\""), "empty"},
-        {Replaced("name=\"a\"", "name=\"" + std::string(10'001, 'a') + "\""), "'name' cannot be read"},
+        {Replaced("name=\"a\"", "name=\"" + std::string(10'001, 'a') + "\""),
+         "'name' is longer than 10000 bytes"},
         {Replaced("1.0000000000000000e+00", "1,0"), "'pka' cannot be read"},
         {Replaced("1.0000000000000000e+00", "1.0 "), "'pka' cannot be read"},
         {Replaced("1.0000000000000000e+00", ""), "'pka' cannot be read"},
@@ -153,18 +155,72 @@ TEST(CompoundFile, RefusesWhatDeviatesAndSaysWhere)
         EXPECT_THAT(ErrorOf(xml), testing::HasSubstr(text)) << xml.substr(0, 200);
 }
 
-TEST(CompoundFile, SurvivesDeepNestingAndOtherContainers)
+TEST(CompoundFile, RefusesNestingAndOtherContainers)
 {
     std::string deep;
     for (int i = 0; i < 500'000; ++i)
         deep += "<a>";
-    EXPECT_THAT(ErrorOf(Document(deep)), testing::HasSubstr("deeply"));
+    EXPECT_THAT(ErrorOf(Document(deep)), testing::HasSubstr("no list"));
+    EXPECT_THAT(ErrorOf(Document("<compounds><compound " + kAttributes + ">" + deep)),
+                testing::HasSubstr("compound 1: 'a' in it"));
     for (const auto& parts : {std::vector<tncommon::ZipPart>{{"other", Compounds(kAttributes)}},
                               {{"compounds", Compounds(kAttributes)}, {"compounds", ""}}})
         EXPECT_THROW(FromCompoundFile(tncommon::SaveToZip(parts)), tncommon::ZipError);
     Compound control;
     control.name = "a\x01";
     EXPECT_THROW(ToCompoundFile({control}), std::invalid_argument);
+}
+
+std::string Repeated(std::size_t count, const std::function<std::string(std::size_t)>& part)
+{
+    std::string text;
+    for (std::size_t i = 0; i < count; ++i)
+        text += part(i);
+    return text;
+}
+
+TEST(CompoundFile, RefusesAHostileFileCheaply)
+{
+    const std::string letters(4 << 20, 'x');
+    const std::string compound = "<compound " + kAttributes + "/>";
+    const struct
+    {
+        std::string body;
+        const char* reason;
+    } cases[] = {
+        {"<compound " + Repeated(80'000, [](std::size_t i) { return " a" + std::to_string(i) + "=\"\""; }) +
+             "/>",
+         "compound 1: the attribute 'name' is missing"},
+        {"<compound " + kAttributes +
+             Repeated(80'000, [](std::size_t i) { return " a" + std::to_string(i) + "=\"\""; }) + "/>",
+         "compound 1: an attribute"},
+        {compound + letters, "compound 2: there is a text"},
+        {"<compound " + kAttributes + ">" + letters + "</compound>", "compound 1: there is a text"},
+        {compound + "<compound name=\"" + letters + "\"/>",
+         "line 2: a tag or comment is longer than 1048576 bytes"},
+        {"<" + letters + "/>", "line 2: a tag or comment is longer"},
+        {"<compound " + kAttributes + ">" + Repeated(1'000'000, [](std::size_t) { return "<!---->&#32;"; }) +
+             "<a/></compound>",
+         "compound 1: 'a' in it"},
+        {Repeated(100'001, [&compound](std::size_t) { return compound; }), "more than 100000 compounds"},
+        {compound + Repeated(8'000'000, [](std::size_t) { return "<a/>"; }),
+         "compound 2: 'a' is no compound"},
+    };
+    for (const auto& row : cases) {
+        SCOPED_TRACE(row.reason);
+        const std::string file =
+            tncommon::SaveToZip({{"compounds", Document("<compounds>" + row.body + "</compounds>")}});
+        support::ExpectRefusedCheaply([&] {
+            try {
+                FromCompoundFile(file);
+                return false;
+            } catch (const CompoundFileError& error) {
+                if (std::string_view(error.what()).find(row.reason) == std::string_view::npos)
+                    std::fprintf(stderr, "%s\n", error.what());
+                return std::string_view(error.what()).find(row.reason) != std::string_view::npos;
+            }
+        });
+    }
 }
 
 }  // namespace

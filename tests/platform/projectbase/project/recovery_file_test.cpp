@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include <csignal>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -132,6 +133,33 @@ TEST_F(Recovery, SaysWhenThereIsNoPlaceForIt)
     support::WriteBytes(m_folder / "file", "");
     EXPECT_THROW(RecoveryFile({}, m_folder / "file"), ProjectFileError);
     EXPECT_THROW(RecoveryFile({}, m_folder / "file/state"), ProjectFileError);
+}
+
+TEST_F(Recovery, IsForTheOwnerOnly)
+{
+    const auto mode = [](const fs::path& path) {
+        return static_cast<unsigned>(fs::status(path).permissions());
+    };
+    const mode_t mask = umask(0);
+    fs::create_directory(m_state);
+    fs::permissions(m_state, fs::perms(0755));
+    {
+        RecoveryFile recovery(m_path, m_state);
+        recovery.Save(*m_project);
+    }
+    EXPECT_EQ(mode(m_state), 0700U);
+    const fs::path copy = List().at(0).recovery;
+    EXPECT_EQ(mode(copy), 0600U);
+    // What an older version left behind.
+    fs::permissions(copy, fs::perms(0644));
+    fs::permissions(m_state, fs::perms(0755));
+    List();
+    EXPECT_EQ(mode(copy), 0600U);
+    EXPECT_EQ(mode(m_state), 0700U);
+    // A document of the user is for whom the user says.
+    ProjectFile::Save(*m_project, m_path);
+    EXPECT_EQ(mode(m_path), 0666U);
+    umask(mask);
 }
 
 }  // namespace
