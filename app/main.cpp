@@ -46,6 +46,8 @@ int main(int argc, char** argv)
     const std::vector<std::string> args(argv + 1, argv + argc);
     if (const std::optional<int> code = app::RunCommandLine(kCommands, args, std::cout, std::cerr))
         return *code;
+    if (!args.empty() && !args.back().starts_with('-'))
+        app::TarnvikApp::SetFile(args.back());
     // A form that does not fit must show that it scrolls.
     wxSetEnv("GTK_OVERLAY_SCROLLING", "0");
     return wxEntry(argc, argv);

@@ -28,6 +28,8 @@ GUI = "modules/gui_base/"
 PRINTOUT = GUI + "report"
 # Tables of what the panels of a water show: no windows, so that reports print the same rows.
 WATER_ROWS = GUI + "water/rows"
+# What errors say to the user: no windows, so that the command line says the same.
+MESSAGES = GUI + "messages"
 # The languages of the program, which it also speaks without a window.
 LANGUAGE = "app/language"
 
@@ -43,6 +45,7 @@ LAYERS = {
     REPORT: set(),
     WXCHARTDIR: {CORE, CHARTDIR},
     PRINTOUT: MODEL | {REPORT, WATER_ROWS},
+    MESSAGES: MODEL,
     LANGUAGE: {TNCOMMON},
     WATER_ROWS: {CORE, PROJECTBASE},
 }
@@ -58,7 +61,7 @@ def stack(*names, below, also=()):
 
 
 INPUT = stack("support", "input", "input/validation", "input/binding", "input/controls", "input/combinations",
-              "input/panel", "input/form", "dialogs", below=MODEL, also={REPORT, PRINTOUT, WATER_ROWS})
+              "input/panel", "input/form", "dialogs", below=MODEL, also={REPORT, PRINTOUT, WATER_ROWS, MESSAGES})
 BESIDE = {GUI + "whatif", GUI + "graphics", GUI + "network"}
 stack("whatif", below=INPUT)
 stack("graphics", below=INPUT, also={WXCHARTDIR, CHARTDIR})
@@ -69,11 +72,12 @@ LAYERS["app"] = EVERYTHING | {CHARTDIR, WXCURL, LANGUAGE, "app/command_line"}
 LAYERS["app/modules/base"] = MODEL | {PRINTOUT}
 LAYERS["app"] |= {"app/modules/base"}
 # What runs without a display.
-LAYERS["app/command_line"] = MODEL | {REPORT, CHARTDIR, PRINTOUT, LANGUAGE, "app/modules/base"}
+LAYERS["app/command_line"] = MODEL | {REPORT, CHARTDIR, PRINTOUT, MESSAGES, LANGUAGE, "app/modules/base"}
 
 # System headers that a layer must not use.
 FORBIDDEN_SYSTEM = {CORE: r"wx/", SVG: r"wx/(?!string|log|mstream|xml/xml)", DBINTERFACES: r"wx/", CHARTDIR: r"wx/", REPORT: r"wx/",
-                    PRINTOUT: r"wx/(?!string|translation|datetime)"}
+                    PRINTOUT: r"wx/(?!string|translation|datetime)",
+                    MESSAGES: r"wx/(?!string|translation)"}
 
 INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^">]+)[">]')
 GENERATED = re.compile(r"^\w+/\w+_export\.h$")

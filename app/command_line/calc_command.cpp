@@ -4,8 +4,8 @@
 #include "app/command_line/project_output.h"
 #include "app/command_line/project_setting.h"
 #include "app/command_line/project_source.h"
+#include "gui_base/messages/user_message.h"
 #include "projectbase/project/project.h"
-#include "projectbase/project/project_file.h"
 
 #include <optional>
 #include <ostream>
@@ -101,9 +101,6 @@ int RunCalc(const std::vector<std::string>& args, std::ostream& out, std::ostrea
             out << kUsage;
         else
             Calculate(options, out, err);
-        out.flush();
-        if (!out)
-            throw std::runtime_error("the results could not be written");
         return 0;
     } catch (const UsageError& error) {
         err << "tarnvik calc: " << error.what() << "\n\n" << kUsage;
@@ -111,11 +108,8 @@ int RunCalc(const std::vector<std::string>& args, std::ostream& out, std::ostrea
     } catch (const SettingError& error) {
         err << "tarnvik calc: " << error.what() << '\n';
         return error.isSyntax ? 2 : 1;
-    } catch (const ProjectFileError& error) {
-        err << "tarnvik calc: " << error.Format(ProjectFileError::GetTemplate(error.GetProblem())) << '\n';
-        return 1;
     } catch (const std::exception& error) {
-        err << "tarnvik calc: " << error.what() << '\n';
+        err << "tarnvik calc: " << MessageOf(error).text.utf8_string() << '\n';
         return 1;
     }
 }

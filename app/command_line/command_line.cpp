@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "app/command_line/command_line.h"
 
+#include "tncommon/printable_text.h"
+
 #include <fmt/format.h>
 
 #include <algorithm>
@@ -8,6 +10,7 @@
 #include <filesystem>
 #include <iterator>
 #include <ostream>
+#include <sstream>
 
 namespace app {
 
@@ -63,12 +66,22 @@ std::optional<int> RunCommandLine(std::span<const Command> commands, const std::
         return 0;
     }
     const auto named = std::ranges::find(commands, first, &Command::name);
-    if (named != commands.end())
-        return named->run({args.begin() + 1, args.end()}, out, err);
+    if (named != commands.end()) {
+        // Names of files and of waters come from anywhere: a terminal must not obey them.
+        std::ostringstream results;
+        std::ostringstream messages;
+        const int code = named->run({args.begin() + 1, args.end()}, results, messages);
+        err << tncommon::PrintableLines(messages.view()) << std::flush;
+        out << tncommon::PrintableLines(results.view()) << std::flush;
+        if (out)
+            return code;
+        err << "tarnvik " << first << ": the results could not be written\n";
+        return 1;
+    }
     if (IsWindowOption(first))
         return std::nullopt;
     const auto refuse = [&](const std::string& why) {
-        err << "tarnvik: " << why << "\n\n" << Usage(commands);
+        err << "tarnvik: " << tncommon::PrintableText(why) << "\n\n" << Usage(commands);
         return 2;
     };
     if (first.starts_with('-') && first != "--")

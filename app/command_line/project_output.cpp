@@ -8,6 +8,7 @@
 #include "projectbase/project/project_json.h"
 #include "projectbase/project/range_faults.h"
 #include "projectbase/water/alkalization.h"
+#include "tncommon/printable_text.h"
 
 #include <fmt/format.h>
 #include <fmt/ostream.h>
@@ -116,7 +117,7 @@ void PrintJson(const Project& project, const std::string& file, std::ostream& ou
         messages.push_back({AddressText(fault.address, project),
                             RangeSentence(fault, project, PlainContext()), fault.value, fault.limit});
     }
-    out << ProjectToJson(project, file, messages);
+    out << ProjectToJson(project, tncommon::PrintableText(file), messages);
 }
 
 std::vector<std::string> RangeWarnings(const Project& project)

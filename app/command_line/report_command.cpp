@@ -4,10 +4,10 @@
 #include "app/command_line/project_source.h"
 #include "app/language/language.h"
 #include "app/modules/base/module.h"
+#include "gui_base/messages/user_message.h"
 #include "gui_base/report/report_builder.h"
 #include "gui_base/report/report_file.h"
 #include "projectbase/project/project.h"
-#include "projectbase/project/project_file.h"
 #include "projectbase/units/unit_system_manager.h"
 
 #include <fmt/format.h>
@@ -204,8 +204,8 @@ void Write(const Options& options, std::ostream& err)
     try {
         WriteReportFile(document, options.output);
     } catch (const std::system_error& error) {
-        throw std::runtime_error(
-            fmt::format("the report could not be written to {}: {}", options.output, error.code().message()));
+        throw std::runtime_error(fmt::format("the report could not be written to {}: {}", options.output,
+                                             CauseText(error.code()).utf8_string()));
     }
 }
 
@@ -223,11 +223,8 @@ int RunReport(const std::vector<std::string>& args, std::ostream& out, std::ostr
     } catch (const UsageError& error) {
         err << "tarnvik report: " << error.what() << "\n\n" << kUsage;
         return 2;
-    } catch (const ProjectFileError& error) {
-        err << "tarnvik report: " << error.Format(ProjectFileError::GetTemplate(error.GetProblem())) << '\n';
-        return 1;
     } catch (const std::exception& error) {
-        err << "tarnvik report: " << error.what() << '\n';
+        err << "tarnvik report: " << MessageOf(error).text.utf8_string() << '\n';
         return 1;
     }
 }

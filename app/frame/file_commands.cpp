@@ -28,11 +28,17 @@ wxString Tr(const char* source)
     return i18n::Translated(source);
 }
 
+/// As the file system has it, also where a name is no text.
+std::filesystem::path PathOf(const wxString& path)
+{
+    return std::filesystem::path(static_cast<const char*>(path.fn_str()));
+}
+
 /// "anna on plant-7, since 2026-11-22 05:30"
 wxString HolderText(const ProjectLock::Holder& holder)
 {
-    return wxString::Format(Tr("%s on %s, since %s"), wxString::FromUTF8(holder.user),
-                            wxString::FromUTF8(holder.host), MomentText(holder.since));
+    return wxString::Format(Tr("%s on %s, since %s"), ShownText(holder.user), ShownText(holder.host),
+                            MomentText(holder.since));
 }
 
 wxString Wildcard()
@@ -84,7 +90,7 @@ void FileCommands::AskAndOpen()
     wxFileDialog dialog(&m_frame, Tr("Open project"), wxString(), wxString(), Wildcard(),
                         wxFD_OPEN | wxFD_FILE_MUST_EXIST);
     if (dialog.ShowModal() == wxID_OK)
-        Open(dialog.GetPath().utf8_string());
+        Open(PathOf(dialog.GetPath()));
 }
 
 bool FileCommands::Open(const std::filesystem::path& path)
@@ -105,11 +111,10 @@ bool FileCommands::Open(const std::filesystem::path& path)
         Remember(path);
         return true;
     } catch (const std::exception& error) {
-        const wxString text = UserText(error);
-        m_frame.ReportError(text);
+        m_frame.ReportError(error);
         // A file that was named when the program started is opened before its window.
         m_frame.Show();
-        dialogs::ShowMessage(&m_frame, text, Tr("Open project"), wxICON_ERROR);
+        dialogs::ShowMessage(&m_frame, MessageOf(error), Tr("Open project"), wxICON_ERROR);
         return false;
     }
 }
@@ -128,7 +133,7 @@ bool FileCommands::SaveOverChanges(const std::filesystem::path& path)
     wxMessageDialog dialog(
         &m_frame,
         wxString::Format(Tr("Somebody else has written this file since it was opened or saved here:\n%s"),
-                         wxString::FromUTF8(path.string())),
+                         ShownPath(path)),
         Tr("Save project"), wxYES_NO | wxCANCEL | wxHELP | wxCENTRE | wxICON_WARNING);
     dialog.SetYesNoCancelLabels(Tr("&Keep mine"), Tr("&Take theirs"), Tr("&Cancel"));
     dialog.SetHelpLabel(Tr("Save &as..."));
@@ -159,7 +164,7 @@ FileCommands::Claim FileCommands::ClaimFile(const std::filesystem::path& path)
     wxMessageDialog dialog(&m_frame,
                            wxString::Format(Tr("This project is open in another window:\n%s\n(%s)\n\nNeither "
                                                "window sees what the other one saves."),
-                                            wxString::FromUTF8(path.string()), HolderText(*attempt.holder)),
+                                            ShownPath(path), HolderText(*attempt.holder)),
                            Tr("Open project"), wxYES_NO | wxCANCEL | wxCENTRE | wxICON_WARNING);
     dialog.SetYesNoCancelLabels(Tr("Open a &copy"), Tr("Open &anyway"), Tr("&Cancel"));
     switch (dialog.ShowModal()) {
@@ -185,7 +190,7 @@ bool FileCommands::SaveAs()
                         wxFD_SAVE | wxFD_OVERWRITE_PROMPT);
     if (dialog.ShowModal() != wxID_OK)
         return false;
-    std::filesystem::path path = dialog.GetPath().utf8_string();
+    std::filesystem::path path = PathOf(dialog.GetPath());
     if (path.extension().empty())
         path += ".tarnvik";
     return SaveTo(path);
@@ -202,13 +207,13 @@ bool FileCommands::SaveTo(const std::filesystem::path& path)
         dialogs::AskYesNo(
             &m_frame,
             wxString::Format(Tr("This project is open in another window:\n%s\n(%s)\n\nReplace it?"),
-                             wxString::FromUTF8(path.string()), HolderText(*attempt.holder)),
+                             ShownPath(path), HolderText(*attempt.holder)),
             Tr("Save project"), wxICON_WARNING) != wxID_YES)
         return false;
     try {
         document.Save(path);
     } catch (const std::exception& error) {
-        m_frame.ReportError(UserText(error));
+        m_frame.ReportError(error);
         return false;
     }
     if (!own)
@@ -266,7 +271,7 @@ void FileCommands::OfferCopies(const std::vector<RecoverableFile>& files)
     try {
         Restore(*dialog.GetChosen());
     } catch (const std::exception& error) {
-        m_frame.ReportError(UserText(error));
+        m_frame.ReportError(error);
     }
 }
 
@@ -301,7 +306,7 @@ void FileCommands::Remember(const std::filesystem::path& path)
     try {
         AddRecentFile(path);
     } catch (const std::exception& error) {
-        m_frame.ReportError(wxString::FromUTF8(error.what()));
+        m_frame.ReportError(error);
     }
     events::SendEvent(&m_frame, tvUPDATEPROJECTLIST_EVENT, m_frame.GetId(), 0, wxString());
 }
@@ -315,11 +320,11 @@ void FileCommands::FillRecentMenu(wxMenu& menu)
     try {
         files = RecentFiles();
     } catch (const std::exception& error) {
-        m_frame.ReportError(wxString::FromUTF8(error.what()));
+        m_frame.ReportError(error);
     }
     int number = 0;
     for (const auto& file : files) {
-        wxString name = wxString::FromUTF8(file.string());
+        wxString name = ShownPath(file);
         name.Replace("&", "&&");
         AppendItem(menu, wxString::Format("&%d  %s", ++number, name), [this, file] {
             CommitFocusedField();
@@ -345,7 +350,7 @@ void FileCommands::Autosave()
     try {
         m_frame.GetDocument().Autosave();
     } catch (const std::exception& error) {
-        m_frame.ReportError(UserText(error));
+        m_frame.ReportError(error);
     }
 }
 

@@ -79,7 +79,7 @@ MainFrame::MainFrame(std::unique_ptr<Document> document)
     try {
         m_help = std::make_unique<TVHelpFileProvider>((tncommon::DataDir() / "help").string());
     } catch (const std::exception& error) {
-        ReportError(wxString::FromUTF8(error.what()));
+        ReportError(error);
     }
     Bind(wxEVT_UPDATE_UI, [this](wxUpdateUIEvent& event) { UpdateMenuItem(*this, event); });
     Bind(tvVISUALIZE_MESSAGE, [this](VisualizeMessageEvent&) { UpdateRangeMessages(); });
@@ -142,7 +142,7 @@ void MainFrame::OpenPages()
     try {
         m_book->Open(project, m_help.get(), m_statusBar, KeptArrangement());
     } catch (const std::exception& error) {
-        ReportError(wxString::FromUTF8(error.what()));
+        ReportError(error);
     }
     project.AddObserver(*this);
     UpdateRangeMessages();
@@ -189,7 +189,7 @@ wxString MainFrame::KeptArrangement()
     try {
         return wxString::FromUTF8(ProjectDatabase::GetLocalParameter(ArrangementParameter()));
     } catch (const std::exception& error) {
-        ReportError(wxString::FromUTF8(error.what()));
+        ReportError(error);
         return {};
     }
 }
@@ -204,7 +204,7 @@ void MainFrame::BuildMenus()
 void MainFrame::UpdateTitle()
 {
     const std::string name = m_document->GetName();
-    wxString title = name.empty() ? i18n::Translated("Untitled") : wxString::FromUTF8(name);
+    wxString title = name.empty() ? i18n::Translated("Untitled") : ShownText(name);
     if (m_document->IsUnsaved())
         title.Prepend("*");
     title += " - Tarnvik";
@@ -269,7 +269,7 @@ void MainFrame::PrintReport()
 {
     CommitFocusedField();
     const std::string name = m_document->GetName();
-    const wxString title = name.empty() ? i18n::Translated("Untitled") : wxString::FromUTF8(name);
+    const wxString title = name.empty() ? i18n::Translated("Untitled") : ShownText(name);
     const ReportHead head = MakeReportHead(GetProject(), title.utf8_string(), "Tarnvik " TARNVIK_VERSION);
     const wxFileName proposed(wxString::FromUTF8(m_document->GetPath().parent_path().string()), title, "pdf");
     const auto sources = ReportSources(GetProject());
@@ -279,7 +279,7 @@ void MainFrame::PrintReport()
     try {
         TvReportController(this).Print(pages, WindowContext(), head, proposed);
     } catch (const std::exception& error) {
-        ReportError(wxString::FromUTF8(error.what()));
+        ReportError(error);
     }
 }
 
@@ -318,6 +318,11 @@ void MainFrame::ClearMessages()
 void MainFrame::ReportError(const wxString& text)
 {
     m_messages->AddMessage(MessageArea::Severity::Error, text);
+}
+
+void MainFrame::ReportError(const std::exception& error)
+{
+    m_messages->AddMessage(MessageArea::Severity::Error, MessageOf(error));
 }
 
 void MainFrame::ReportNote(const wxString& text)

@@ -59,6 +59,7 @@ public:
     void ShowAbout();
     void ClearMessages();
     void ReportError(const wxString& text);
+    void ReportError(const std::exception& error);
     void ReportNote(const wxString& text);
 
     /// All texts in the present language.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/frame/message_area.h"
 
+#include "gui_base/dialogs/questions.h"
 #include "gui_base/support/accessibility.h"
 #include "gui_base/support/translation.h"
 
@@ -25,6 +26,19 @@ wxString SeverityText(MessageArea::Severity severity)
     return i18n::Translated("Error");
 }
 
+long IconOf(MessageArea::Severity severity)
+{
+    switch (severity) {
+        case MessageArea::Severity::Info:
+            return wxICON_INFORMATION;
+        case MessageArea::Severity::Warning:
+            return wxICON_WARNING;
+        case MessageArea::Severity::Error:
+            break;
+    }
+    return wxICON_ERROR;
+}
+
 }  // namespace
 
 MessageArea::MessageArea(wxWindow* parent)
@@ -33,7 +47,7 @@ MessageArea::MessageArea(wxWindow* parent)
     AppendColumn(wxString(), wxLIST_FORMAT_LEFT, FromDIP(100));
     AppendColumn(wxString(), wxLIST_FORMAT_LEFT, FromDIP(900));
     Bind(wxEVT_LIST_ITEM_ACTIVATED, &MessageArea::OnActivated, this);
-    Bind(wxEVT_LIST_ITEM_SELECTED, &MessageArea::OnActivated, this);
+    Bind(wxEVT_LIST_ITEM_SELECTED, &MessageArea::OnSelected, this);
     Bind(wxEVT_SIZE, &MessageArea::OnResized, this);
     Localize();
 }
@@ -49,13 +63,13 @@ void MessageArea::SetRangeMessages(const std::vector<RangeMessage>& messages)
     ShowLines();
 }
 
-void MessageArea::AddMessage(Severity severity, const wxString& text)
+void MessageArea::AddMessage(Severity severity, const UserMessage& message)
 {
     for (const Line& line : m_messages) {
-        if (line.text == text)
+        if (line.message.text == message.text)
             return;
     }
-    m_messages.push_back({severity, text});
+    m_messages.push_back({severity, message});
     if (m_messages.size() > kMostMessages)
         m_messages.erase(m_messages.begin());
     ShowLines();
@@ -94,11 +108,11 @@ void MessageArea::ShowLines()
     for (const RangeMessage& range : m_ranges)
         add(i18n::Translated("Range"), range.text);
     for (const Line& line : m_messages)
-        add(SeverityText(line.severity), line.text);
+        add(SeverityText(line.severity), line.message.text);
     Thaw();
 }
 
-void MessageArea::OnActivated(wxListEvent& event)
+void MessageArea::OnSelected(wxListEvent& event)
 {
     const auto index = static_cast<std::size_t>(event.GetIndex());
     if (m_onActivate && index < m_ranges.size()) {
@@ -107,6 +121,21 @@ void MessageArea::OnActivated(wxListEvent& event)
         CallAfter([this, address] { m_onActivate(address); });
     }
     event.Skip();
+}
+
+void MessageArea::OnActivated(wxListEvent& event)
+{
+    const auto index = static_cast<std::size_t>(event.GetIndex());
+    if (index < m_ranges.size()) {
+        OnSelected(event);
+        return;
+    }
+    if (index - m_ranges.size() >= m_messages.size())
+        return;
+    const Line line = m_messages[index - m_ranges.size()];
+    if (!line.message.details.empty())
+        dialogs::ShowMessage(wxGetTopLevelParent(this), line.message, SeverityText(line.severity),
+                             IconOf(line.severity));
 }
 
 void MessageArea::OnResized(wxSizeEvent& event)

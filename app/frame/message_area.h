@@ -4,6 +4,7 @@
 /// The list at the foot of the window: which inputs are out of range, and what the program has to tell.
 /// Activating a line (double click, Enter) takes the user to the field that it speaks of.
 
+#include "gui_base/messages/user_message.h"
 #include "projectbase/project/owner_node.h"
 
 #include <wx/listctrl.h>
@@ -42,7 +43,9 @@ public:
     /// Replaces the range messages, which stand first.
     void SetRangeMessages(const std::vector<RangeMessage>& messages);
     /// Adds a message at the end; a text that is shown already is not added twice.
-    void AddMessage(Severity severity, const wxString& text);
+    void AddMessage(Severity severity, const wxString& text) { AddMessage(severity, UserMessage{text, {}}); }
+    /// One with a technical text, which is shown when its line is double-clicked or Enter is pressed on it.
+    void AddMessage(Severity severity, const UserMessage& message);
     void ClearMessages();
     void Localize();
 
@@ -50,10 +53,11 @@ private:
     struct Line
     {
         Severity severity;
-        wxString text;
+        UserMessage message;
     };
 
     void ShowLines();
+    void OnSelected(wxListEvent& event);
     void OnActivated(wxListEvent& event);
     void OnResized(wxSizeEvent& event);
 

@@ -44,13 +44,4 @@ void RedirectLog()
     delete wxLog::SetActiveTarget(new wxLogStderr);
 }
 
-wxString UserText(const std::exception& error)
-{
-    if (const auto* fileError = dynamic_cast<const ProjectFileError*>(&error)) {
-        const wxString source = wxString::FromUTF8(ProjectFileError::GetTemplate(fileError->GetProblem()));
-        return wxString::FromUTF8(fileError->Format(i18n::Translated(source).utf8_string()));
-    }
-    return wxString::FromUTF8(error.what());
-}
-
 }  // namespace app

@@ -5,8 +5,6 @@
 
 #include <wx/string.h>
 
-#include <exception>
-
 namespace app {
 
 class MessageArea;
@@ -15,8 +13,5 @@ class MessageArea;
 void RedirectLog(MessageArea& area);
 /// Sends them to standard error.
 void RedirectLog();
-
-/// What the user reads about an error: the translated message of a project file's, else its text.
-wxString UserText(const std::exception& error);
 
 }  // namespace app

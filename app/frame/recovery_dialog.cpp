@@ -3,6 +3,7 @@
 
 #include "gui_base/dialogs/dialog_buttons.h"
 #include "gui_base/dialogs/questions.h"
+#include "gui_base/messages/user_message.h"
 #include "gui_base/support/accessibility.h"
 #include "gui_base/support/translation.h"
 
@@ -29,8 +30,8 @@ wxString Tr(const char* source)
 wxString NameOf(const RecoverableFile& file)
 {
     if (!file.project.empty())
-        return wxString::FromUTF8(file.project.string());
-    const wxString title = wxString::FromUTF8(file.title);
+        return ShownPath(file.project);
+    const wxString title = ShownText(file.title);
     return title.empty() ? Tr("Untitled") : Tr("Untitled") + " (" + title + ")";
 }
 

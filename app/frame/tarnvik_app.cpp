@@ -6,7 +6,9 @@
 #include "app/frame/session_end.h"
 #include "app/language/language.h"
 #include "app/tour/tour.h"
+#include "dbinterfaces/master_database.h"
 #include "dbinterfaces/project_database.h"
+#include "gui_base/dialogs/questions.h"
 #include "gui_base/support/image_loader.h"
 #include "projectbase/settings/settings.h"
 #include "tncommon/data_dir.h"
@@ -16,6 +18,7 @@
 #include <wx/uilocale.h>
 
 #include <chrono>
+#include <exception>
 #include <fstream>
 #include <iomanip>
 #include <iostream>
@@ -34,19 +37,35 @@ std::unique_ptr<Project> FirstProject()
 
 }  // namespace
 
-void InitProgram(std::string& error)
+UserMessage InitProgram()
 {
     // Numbers follow the user's system; only the language of texts can be switched later.
     wxUILocale::UseDefault();
     ImageLoader::Init(wxString::FromUTF8(tncommon::DataDir().string()));
+    // The rest of the program takes them for granted.
+    MasterDatabase::GetPlantTypes();
+    std::exception_ptr problem;
     try {
         ProjectDatabase::OpenConfigured();
         Settings::Load();
-    } catch (const std::exception& failure) {
-        error = failure.what();
+    } catch (const std::exception&) {
+        problem = std::current_exception();
     }
     const wxString language = Settings::GetSetting("language").GetStringValue();
     SwitchLanguage(language.empty() ? SystemLanguage() : language);
+    try {
+        if (problem)
+            std::rethrow_exception(problem);
+        return {};
+    } catch (const std::exception& error) {
+        return MessageOf(error);
+    }
+}
+
+std::filesystem::path& TarnvikApp::FileOfStart()
+{
+    static std::filesystem::path file;
+    return file;
 }
 
 bool TarnvikApp::OnInit()
@@ -55,28 +74,38 @@ bool TarnvikApp::OnInit()
     SetAppDisplayName("Tarnvik");
     if (!wxApp::OnInit())
         return false;
-    InitProgram(m_databaseError);
-    if (!m_tourFolder.empty()) {
-        // Between its windows the tour has none.
-        SetExitOnFrameDelete(false);
-        CallAfter([this] { RunTourLook(); });
+    try {
+        const UserMessage problem = InitProgram();
+        if (m_tourFolder.empty()) {
+            OpenWindow(problem);
+        } else {
+            // Between its windows the tour has none.
+            SetExitOnFrameDelete(false);
+            CallAfter([this] { RunTourLook(); });
+        }
         return true;
+    } catch (const std::exception& error) {
+        dialogs::ShowMessage(nullptr, MessageOf(error), "Tarnvik", wxICON_ERROR);
+        return false;
     }
+}
+
+void TarnvikApp::OpenWindow(const UserMessage& problem)
+{
     // Behind a file that cannot be opened nobody wants to find some other water.
-    m_frame = new MainFrame(std::make_unique<Document>(m_file.empty() ? FirstProject() : NewEmptyProject()));
+    m_frame =
+        new MainFrame(std::make_unique<Document>(FileOfStart().empty() ? FirstProject() : NewEmptyProject()));
     m_frame->GetProject().SetUnitSystemDisplay(Settings::GetSetting("unit.system").GetStdStringValue());
-    if (!m_databaseError.empty())
-        m_frame->GetMessageArea().AddMessage(MessageArea::Severity::Error,
-                                             wxString::FromUTF8(m_databaseError));
-    if (!m_file.empty())
-        m_frame->Files().Open(m_file);
+    if (!problem.text.empty())
+        m_frame->GetMessageArea().AddMessage(MessageArea::Severity::Error, problem);
+    if (!FileOfStart().empty())
+        m_frame->Files().Open(FileOfStart());
     m_frame->Show();
     KeepWorkAtSessionEnd(*m_frame);
     if (m_measureStart)
         m_frame->CallAfter([this] { ReportStart(); });
     else
         m_frame->CallAfter([frame = m_frame] { frame->Files().OfferRecovery(); });
-    return true;
 }
 
 void TarnvikApp::RunTourLook()
@@ -149,8 +178,6 @@ bool TarnvikApp::OnCmdLineParsed(wxCmdLineParser& parser)
     if (parser.Found("tour-look", &text))
         m_tourLook = text.utf8_string();
     m_tourPart = parser.Found("tour-modules") ? TourPart::Modules : TourPart::All;
-    if (parser.GetParamCount() > 0)
-        m_file = parser.GetParam(0).utf8_string();
     return wxApp::OnCmdLineParsed(parser);
 }
 

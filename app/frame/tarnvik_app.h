@@ -2,6 +2,7 @@
 #pragma once
 
 #include "app/tour/tour.h"
+#include "gui_base/messages/user_message.h"
 
 #include <wx/app.h>
 
@@ -24,24 +25,28 @@ public:
     void OnInitCmdLine(wxCmdLineParser& parser) override;
     bool OnCmdLineParsed(wxCmdLineParser& parser) override;
 
+    /// The file that the window opens with, as the system gave it: not every name of a file is a text.
+    static void SetFile(std::filesystem::path file) { FileOfStart() = std::move(file); }
+
 private:
+    static std::filesystem::path& FileOfStart();
+    void OpenWindow(const UserMessage& problem);
     /// Prints the memory that the program holds, in KiB, and ends it.
     void ReportStart();
     /// Takes the pictures of one look and ends the program.
     void RunTourLook();
 
-    std::string m_file;
     bool m_measureStart = false;
     std::string m_tourFolder;
     std::string m_tourLook;
     TourPart m_tourPart = TourPart::All;
     int m_exitCode = 0;
-    std::string m_databaseError;
     MainFrame* m_frame = nullptr;
 };
 
 /// What every start needs before windows are made: the locale of the system for numbers, images, settings.
-/// `error` receives a text when the user database cannot be used; the program then runs without it.
-void InitProgram(std::string& error);
+/// Returns a message when the user database cannot be used; the program then runs without it. Throws
+/// DatabaseError when the program's own data are missing.
+UserMessage InitProgram();
 
 }  // namespace app

@@ -103,7 +103,7 @@ bool ViewCommands::OpenDatabase(const std::string& connection)
         Settings::Save();
         return true;
     } catch (const std::exception& error) {
-        m_frame.ReportError(wxString::FromUTF8(error.what()));
+        m_frame.ReportError(error);
         return false;
     }
 }

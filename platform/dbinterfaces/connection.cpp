@@ -81,7 +81,7 @@ ConnectionTarget ParseConnectionText(const std::string& text)
         return {.backend = Backend::PostgreSql,
                 .path = {},
                 .parameters = std::move(parameters.text),
-                .shown = "the PostgreSQL database",
+                .shown = "PostgreSQL",
                 .secrets = std::move(parameters.secrets)};
     }
     // The text may hold a password, so it is not repeated.
@@ -101,7 +101,7 @@ DatabaseError Classify(const std::exception& error, const std::string& where)
     const auto* layer = dynamic_cast<const soci::soci_error*>(&error);
     const std::string text = where + ": " + (layer != nullptr ? layer->get_error_message() : error.what());
     if (const auto* ours = dynamic_cast<const DatabaseError*>(&error))
-        return {ours->GetKind(), text};
+        return {ours->GetKind(), text, ours->GetPlace()};
     if (const auto* sqlite = dynamic_cast<const soci::sqlite3_soci_error*>(&error)) {
         const int code = sqlite->result() & 0xff;
         if (code == SQLITE_BUSY || code == SQLITE_LOCKED)
@@ -116,5 +116,5 @@ DatabaseError Classify(const std::exception& error, const std::string& where)
 DatabaseError Classify(const std::exception& error, const ConnectionTarget& target)
 {
     const DatabaseError classified = Classify(error, target.shown);
-    return {classified.GetKind(), connection_text::Mask(classified.what(), target.secrets)};
+    return {classified.GetKind(), connection_text::Mask(classified.what(), target.secrets), target.shown};
 }

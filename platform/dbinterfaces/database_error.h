@@ -7,6 +7,7 @@
 
 #include <stdexcept>
 #include <string>
+#include <utility>
 
 class DBINTERFACES_EXPORT DatabaseError : public std::runtime_error
 {
@@ -18,13 +19,19 @@ public:
         NewerSchema,    ///< written by a newer version of the program
         NotOurs,        ///< a database, but none of this program
         BadConnection,  ///< the connection text cannot be understood
+        ProgramData,    ///< what the program brings with it is missing or damaged
     };
 
-    DatabaseError(Kind kind, const std::string& text) : std::runtime_error(text), m_kind(kind) {}
+    /// `place` names the database as the user knows it, without a password; empty where it is not known.
+    DatabaseError(Kind kind, const std::string& text, std::string place = {})
+        : std::runtime_error(text), m_kind(kind), m_place(std::move(place))
+    {}
     ~DatabaseError() override;
 
     Kind GetKind() const { return m_kind; }
+    const std::string& GetPlace() const { return m_place; }
 
 private:
     Kind m_kind;
+    std::string m_place;
 };

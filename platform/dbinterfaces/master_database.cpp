@@ -67,11 +67,10 @@ auto Run(const char* method, Query query)
         if (!state.session)
             state.session = OpenMaster(PathIn(state));
         return query(*state.session);
-    } catch (const DatabaseError& error) {
-        throw DatabaseError(error.GetKind(), fmt::format("MasterDatabase::{}: {}", method, error.what()));
     } catch (const std::exception& error) {
-        throw DatabaseError(DatabaseError::Kind::Failed,
-                            fmt::format("MasterDatabase::{}: {}", method, error.what()));
+        throw DatabaseError(DatabaseError::Kind::ProgramData,
+                            fmt::format("MasterDatabase::{}: {}", method, error.what()),
+                            PathIn(state).parent_path().string());
     }
 }
 

@@ -30,9 +30,7 @@ protected:
 
     void SetUp() override
     {
-        std::string error;
-        app::InitProgram(error);
-        EXPECT_EQ(error, "");
+        EXPECT_EQ(app::InitProgram().text, "");
         Settings::Reset();
         app::SwitchLanguage("en");
         ProjectDatabase::Open((m_folder / "user.db").string());

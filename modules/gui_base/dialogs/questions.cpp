@@ -5,6 +5,7 @@
 
 #include <wx/app.h>
 #include <wx/msgdlg.h>
+#include <wx/richmsgdlg.h>
 
 namespace dialogs {
 
@@ -22,6 +23,21 @@ void ShowMessage(wxWindow* parent, const wxString& message, const wxString& titl
 {
     wxMessageDialog dialog(parent, message, title, wxOK | wxCENTRE | icon);
     dialog.SetOKLabel(i18n::Translated("OK"));
+    dialog.ShowModal();
+}
+
+void ShowMessage(wxWindow* parent, const UserMessage& message, const wxString& title, long icon)
+{
+    if (message.details.empty()) {
+        ShowMessage(parent, message.text, title, icon);
+        return;
+    }
+    wxRichMessageDialog dialog(parent, message.text, title, wxOK | wxCENTRE | icon);
+    dialog.SetOKLabel(i18n::Translated("OK"));
+    // The toolkit finds the labels of the fold by these texts in our catalogue.
+    static_cast<void>(wxTRANSLATE("&See details"));
+    static_cast<void>(wxTRANSLATE("&Hide details"));
+    dialog.ShowDetailedText(message.details);
     dialog.ShowModal();
 }
 

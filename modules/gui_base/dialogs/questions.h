@@ -2,6 +2,7 @@
 #pragma once
 
 #include "gui_base/gui_base_export.h"
+#include "gui_base/messages/user_message.h"
 
 #include <wx/string.h>
 #include <wx/window.h>
@@ -15,6 +16,10 @@ GUI_BASE_EXPORT int AskYesNo(wxWindow* parent, const wxString& question, const w
 
 /// Shows a message with an OK button.
 GUI_BASE_EXPORT void ShowMessage(wxWindow* parent, const wxString& message, const wxString& title, long icon);
+
+/// The same with the technical text below, folded up.
+GUI_BASE_EXPORT void ShowMessage(wxWindow* parent, const UserMessage& message, const wxString& title,
+                                 long icon);
 
 /// What a message belongs to when nobody says so: the active window, or the main one.
 GUI_BASE_EXPORT wxWindow* DefaultParent();

@@ -5,6 +5,7 @@
 #include "gui_base/dialogs/file_name_creator.h"
 #include "gui_base/dialogs/info_message_dialog.h"
 #include "gui_base/dialogs/page_selection_dialog.h"
+#include "gui_base/messages/user_message.h"
 #include "gui_base/report/report_file.h"
 #include "gui_base/support/translation.h"
 
@@ -107,10 +108,10 @@ bool TvReportController::Print(std::span<const ReportPageSource* const> sources,
         if (!Write(builder.Build(chosen, head), file))
             return false;
     } catch (const std::system_error& error) {
-        ShowError(file, wxString::FromUTF8(error.code().message()));
+        ShowError(file, CauseText(error.code()));
         return false;
     } catch (const std::exception& error) {
-        ShowError(file, wxString::FromUTF8(error.what()));
+        ShowError(file, ShownText(error.what()));
         return false;
     }
     OfferToOpen(file);

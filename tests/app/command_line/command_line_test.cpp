@@ -22,7 +22,15 @@ int CountArguments(const Args& args, std::ostream& out, std::ostream&)
     return 1;
 }
 
+int Repeat(const Args& args, std::ostream& out, std::ostream& err)
+{
+    out << args.at(0) << '\n';
+    err << args.at(0) << '\n';
+    return 0;
+}
+
 constexpr std::array kCommands{app::Command{"count", "WORD...", "counts its words", CountArguments},
+                               app::Command{"repeat", "", "says it once more", Repeat},
                                app::Command{"other", "", "does nothing", CountArguments}};
 
 TEST(CommandLine, SaysWhatItIsAskedForOrLeavesItToTheWindow)
@@ -43,6 +51,8 @@ TEST(CommandLine, SaysWhatItIsAskedForOrLeavesItToTheWindow)
         Case{{"-h", "x"}, 0, "tarnvik other", ""},
         Case{{"--version"}, 0, "Tarnvik ", ""},
         Case{{"count", "a", "--help"}, 1, "2", ""},
+        Case{{"repeat", "a\x1b[2J\xff"}, 0, "a\\x1b[2J\\xff\n", "a\\x1b[2J\\xff\n"},
+        Case{{"c\x1b[2J"}, 2, "", "'c\\x1b[2J' is neither"},
         Case{{"cuont"}, 2, "", "'cuont' is neither a command nor a file"},
         Case{{"--hlep"}, 2, "", "unknown option '--hlep'"},
         Case{{"a.tarnvik", "b.tarnvik"}, 2, "", "'b.tarnvik' is more than one file"},
@@ -64,6 +74,15 @@ TEST(CommandLine, SaysWhatItIsAskedForOrLeavesItToTheWindow)
                     row.err.empty() ? testing::Matcher<std::string>(IsEmpty()) : HasSubstr(row.err))
             << where;
     }
+}
+
+TEST(CommandLine, SaysWhenTheResultsAreLost)
+{
+    std::ostringstream err;
+    std::ostringstream closed;
+    closed.setstate(std::ios::badbit);
+    EXPECT_EQ(app::RunCommandLine(kCommands, {"repeat", "a"}, closed, err), 1);
+    EXPECT_THAT(err.str(), testing::EndsWith("tarnvik repeat: the results could not be written\n"));
 }
 
 }  // namespace

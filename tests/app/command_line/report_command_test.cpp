@@ -104,7 +104,7 @@ TEST_F(Report, RefusesWhatItCannotDo)
         {"x.tarnvik -o a.pdf --colour red", 2, "unknown option '--colour'"},
         {"/nowhere/x.tarnvik -o a.pdf", 1, "There is no file /nowhere/x.tarnvik."},
         {"'" + m_project + "' -o '" + m_project + "'", 1, "is the project itself"},
-        {"'" + m_project + "' -o /nowhere/a.pdf", 1, "/nowhere/a.pdf: No such file"},
+        {"'" + m_project + "' -o /nowhere/a.pdf", 1, "/nowhere/a.pdf: the folder does not exist"},
         {"'" + m_project + "' -o '" + m_folder.Path().string() + "'", 1, "could not be written"},
     };
     for (const auto& row : cases) {

@@ -97,7 +97,7 @@ TEST_F(MainFrameTest, BadFilesAreAnsweredInTheMessageArea)
           m_folder / "missing.tarnvik", m_folder / "."}) {
         const auto before = Messages().size();
         m_dialogs.Expect([&path](wxDialog& dialog) {
-            const wxString text = dynamic_cast<wxMessageDialog&>(dialog).GetMessage();
+            const wxString text = dynamic_cast<wxMessageDialogBase&>(dialog).GetMessage();
             EXPECT_TRUE(text.Contains(wxString::FromUTF8(path.string()))) << text;
             return wxID_OK;
         });
@@ -268,9 +268,10 @@ TEST_F(MainFrameTest, AUserDatabaseThatCannotBeUsedIsSaidAndDoesNotStopTheProgra
     const std::string previous = old != nullptr ? old : "";
     std::ofstream(m_folder / "file") << "no folder";
     setenv("TARNVIK_USER_DATA", (m_folder / "file").c_str(), 1);
-    std::string error;
-    app::InitProgram(error);
-    EXPECT_NE(error, "");
+    const UserMessage message = app::InitProgram();
+    EXPECT_TRUE(message.text.Contains((m_folder / "file").string())) << message.text;
+    EXPECT_TRUE(message.text.Contains("Check that")) << message.text;
+    EXPECT_NE(message.details, "");
     setenv("TARNVIK_USER_DATA", previous.c_str(), 1);
     EXPECT_EQ(Value("na.orig"), 6.3);
 }
@@ -306,7 +307,7 @@ TEST_F(MainFrameTest, SettingsTakeEffectTogetherOrNotAtAll)
     EXPECT_EQ(m_frame->GetMenuBar()->GetMenuLabelText(0), "Datei");
     m_frame->View().ApplySettings({"de", "us", 7, ""},
                                   {"en", "iso", 9, "postgresql://host=127.0.0.1 port=1 dbname=none"});
-    EXPECT_THAT(Messages(), testing::ElementsAre(testing::HasSubstr("ProjectDatabase")));
+    EXPECT_THAT(Messages(), testing::ElementsAre(testing::HasSubstr("Die Datenbank PostgreSQL kann nicht")));
     EXPECT_EQ(Settings::GetSetting("autosave.minutes").GetLongValue(), 7) << "nothing is applied";
     EXPECT_EQ(app::CurrentLanguage(), "de");
 }

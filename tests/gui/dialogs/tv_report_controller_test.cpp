@@ -180,7 +180,7 @@ TEST_F(ReportControllerTest, TellsWhyNothingWasWritten)
     ProjectDatabase::SetUserParameter("/Report/hide.disclaimer", true);
     ExpectPages();
     ExpectFile("/proc/out.pdf");  // a folder in which nobody can write
-    ExpectMessage("/proc/out.pdf: No such file or directory.", wxID_OK);
+    ExpectMessage("/proc/out.pdf: the folder does not exist.", wxID_OK);
     EXPECT_FALSE(Print());
     // A name that gets its ending added may mean a file of which the file dialog knew nothing.
     support::WriteBytes(m_path, "old");

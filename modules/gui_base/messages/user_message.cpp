@@ -1,0 +1,92 @@
+// SPDX-License-Identifier: MIT
+#include "gui_base/messages/user_message.h"
+
+#include "dbinterfaces/database_error.h"
+#include "projectbase/project/project_file_error.h"
+#include "tncommon/printable_text.h"
+
+#include <wx/translation.h>
+
+#include <cerrno>
+
+namespace {
+
+const char* TemplateOf(DatabaseError::Kind kind)
+{
+    using Kind = DatabaseError::Kind;
+    switch (kind) {
+        case Kind::Locked:
+            return wxTRANSLATE(
+                "The database %s is locked by another program. Close that program, or try again later.");
+        case Kind::NewerSchema:
+            return wxTRANSLATE(
+                "The database %s was written by a newer version of the program. Update the program to "
+                "use it.");
+        case Kind::NotOurs:
+            return wxTRANSLATE(
+                "The database %s is damaged, or it is none of this program. It was left as it is. Put a "
+                "backup in its place, or rename it to begin with a new one.");
+        case Kind::BadConnection:
+            return wxTRANSLATE(
+                "The connection to the database %s cannot be understood. Correct it in the settings.");
+        case Kind::ProgramData:
+            return wxTRANSLATE(
+                "The program's own data are missing or damaged in %s. Install the program again, or set "
+                "TARNVIK_DATA to the folder that holds them.");
+        case Kind::Failed:
+            break;
+    }
+    return wxTRANSLATE(
+        "The database %s cannot be used. Check that it can be reached, that its folder can be written "
+        "and that the disk is not full.");
+}
+
+}  // namespace
+
+wxString ShownText(const std::string& bytes)
+{
+    return wxString::FromUTF8(tncommon::PrintableText(bytes));
+}
+
+wxString ShownPath(const std::filesystem::path& path)
+{
+    return ShownText(path.string());
+}
+
+wxString CauseText(const std::error_code& cause)
+{
+    switch (cause.value()) {
+        case ENOSPC:
+        case EDQUOT:
+            return wxGetTranslation(
+                wxTRANSLATE("there is no space left on the disk; free some, or choose another place"));
+        case EACCES:
+        case EPERM:
+        case EROFS:
+            return wxGetTranslation(wxTRANSLATE("it must not be written there; choose another place"));
+        case ENOENT:
+        case ENOTDIR:
+            return wxGetTranslation(wxTRANSLATE("the folder does not exist"));
+        case EISDIR:
+            return wxGetTranslation(wxTRANSLATE("it is a folder"));
+        case EINVAL:
+            return wxGetTranslation(wxTRANSLATE("it is not a regular file"));
+        default:
+            return ShownText(cause.message());
+    }
+}
+
+UserMessage MessageOf(const std::exception& error)
+{
+    const wxString technical = ShownText(error.what());
+    if (const auto* file = dynamic_cast<const ProjectFileError*>(&error)) {
+        const wxString source = wxString::FromUTF8(ProjectFileError::GetTemplate(file->GetProblem()));
+        return {ShownText(file->Format(wxGetTranslation(source).utf8_string())), technical};
+    }
+    if (const auto* database = dynamic_cast<const DatabaseError*>(&error);
+        database && !database->GetPlace().empty())
+        return {wxString::Format(wxGetTranslation(TemplateOf(database->GetKind())),
+                                 ShownText(database->GetPlace())),
+                technical};
+    return {technical, {}};
+}
