@@ -1,11 +1,11 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
-# Installs the packages of packages.txt that are missing. Asks sudo when not root; on a system without apt it lists
-# what is needed and fails.
+# Installs the packages that are missing of packages.txt and of further lists:  install_packages.sh [LIST]...
+# Asks sudo when not root; on a system without apt it lists what is needed and fails.
 set -euo pipefail
 
-list="$(dirname "${BASH_SOURCE[0]}")/packages.txt"
-mapfile -t packages < <(sed -e 's/#.*//' -e 's/[[:space:]]//g' -e '/^$/d' "$list")
+lists=("$(dirname "${BASH_SOURCE[0]}")/packages.txt" "$@")
+mapfile -t packages < <(sed -e 's/#.*//' -e 's/[[:space:]]//g' -e '/^$/d' "${lists[@]}")
 
 if ! command -v apt-get >/dev/null || ! command -v dpkg-query >/dev/null; then
     # Somebody may have installed everything by hand under other names; that is theirs to say.

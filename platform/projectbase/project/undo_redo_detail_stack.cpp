@@ -5,7 +5,6 @@
 #include "projectbase/project/project_edit.h"
 
 #include <algorithm>
-#include <ranges>
 
 namespace {
 
@@ -73,8 +72,8 @@ void Apply(Project& project, const UndoStep& step, Direction direction)
         for (const StackElement& element : step.elements)
             std::visit(apply, element);
     } else {
-        for (const StackElement& element : std::views::reverse(step.elements))
-            std::visit(apply, element);
+        for (auto element = step.elements.rbegin(); element != step.elements.rend(); ++element)
+            std::visit(apply, *element);
     }
 }
 
