@@ -2,6 +2,7 @@
 #include "app/command_line/project_setting.h"
 
 #include "app/command_line/feed_setting.h"
+#include "core/text_limits.h"
 #include "projectbase/project/project.h"
 #include "projectbase/project/project_edit.h"
 #include "projectbase/units/unit_system_manager.h"
@@ -164,6 +165,10 @@ void SetText(const Target& target, const ProjectSetting& setting)
                                        fmt::join(target.detail->GetChoices(), ", "), setting.key));
     const bool isRead =
         target.name != "liquid/blend.parts" || value.empty() || !water::PartsOfText(value).empty();
+    const std::size_t most = text_limits::MostOf(target.name);
+    if (const std::size_t letters = text_limits::CountLetters(value); letters > most)
+        throw SettingError(
+            fmt::format("the text for {} has {} letters, {} is the most", setting.key, letters, most));
     const wxString text = wxString::FromUTF8(value);
     wxLongLong_t whole = 0;
     const bool isWhole = target.detail->GetType() != DetailType::Long || text.ToLongLong(&whole);

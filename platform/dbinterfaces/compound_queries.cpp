@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "dbinterfaces/compound_queries.h"
 
+#include "core/text_limits.h"
+#include "dbinterfaces/compound_cache.h"
 #include "dbinterfaces/master_database.h"
 
 #include <fmt/format.h>
@@ -17,13 +19,9 @@ namespace {
 constexpr int kSqliteWithTrigrams = 3034000;
 /// Shorter texts are in no such index.
 constexpr std::size_t kTrigram = 3;
-
-std::size_t CountCodePoints(const std::string& utf8)
-{
-    return static_cast<std::size_t>(std::count_if(utf8.begin(), utf8.end(), [](char byte) {
-        return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U;
-    }));
-}
+/// How many letters of a text the index is asked for: each of them costs it memory. The rest is compared
+/// here.
+constexpr std::size_t kAskedOfIndex = 64;
 
 /// A text in which every character stands for itself, before and after which anything may stand.
 std::string ContainsPattern(const std::string& text)
@@ -57,7 +55,8 @@ bool HasTextIndex(soci::session& session)
 void AddSearch(soci::session& session, Backend backend, const std::string& search,
                std::vector<std::string>& conditions, std::vector<Parameter>& parameters)
 {
-    if (backend == Backend::Sqlite && CountCodePoints(search) >= kTrigram && HasTextIndex(session)) {
+    if (backend == Backend::Sqlite && text_limits::CountLetters(search) >= kTrigram &&
+        HasTextIndex(session)) {
         conditions.emplace_back(
             "id IN (SELECT rowid FROM tarnvik_compound_text "
             "WHERE tarnvik_compound_text MATCH :phrase)");
@@ -158,24 +157,26 @@ std::vector<DBObjects::Compound> SelectFiltered(soci::session& session, Backend 
         conditions.emplace_back("category = :category");
         parameters.emplace_back("category", category);
     }
+    const std::string beginning(text_limits::Cut(search, kAskedOfIndex));
     if (!search.empty())
-        AddSearch(session, backend, search, conditions, parameters);
+        AddSearch(session, backend, beginning, conditions, parameters);
     std::string clauses;
     for (const std::string& condition : conditions)
         clauses += (clauses.empty() ? "WHERE " : " AND ") + condition;
     clauses += backend == Backend::Sqlite ? " ORDER BY name COLLATE NOCASE, id"
                                           : " ORDER BY lower(name) COLLATE \"C\", id";
-    return Select(session, "tarnvik_compound", clauses, parameters);
+    std::vector<DBObjects::Compound> found = Select(session, "tarnvik_compound", clauses, parameters);
+    return beginning == search ? found : CompoundCache(0, std::move(found)).Filter({}, {}, search);
 }
 
 bool IsIndexed(soci::session& session, Backend backend, const std::string& search)
 {
-    if (CountCodePoints(search) < kTrigram)
+    if (text_limits::CountLetters(search) < kTrigram)
         return false;
     if (backend == Backend::Sqlite)
         return HasTextIndex(session);
     // In which other letters a server ignores the case depends on its locale.
-    return CountCodePoints(search) == search.size();
+    return text_limits::CountLetters(search) == search.size();
 }
 
 void Upsert(soci::session& session, const std::vector<DBObjects::Compound>& compounds)

@@ -18,6 +18,7 @@ public:
         Locked,         ///< somebody else kept the database locked for longer than the busy timeout
         NewerSchema,    ///< written by a newer version of the program
         NotOurs,        ///< a database, but none of this program
+        TooLong,        ///< a text has more letters than may be stored
         BadConnection,  ///< the connection text cannot be understood
         ProgramData,    ///< what the program brings with it is missing or damaged
     };

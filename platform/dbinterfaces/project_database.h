@@ -73,6 +73,8 @@ public:
         bool m_open = true;
     };
 
+    // Texts of more letters than core/text_limits.h allows are refused (TooLong); nothing is stored then.
+
     // Chemical compounds. A new database begins with those that the program supplies.
 
     /// All compounds by name.

@@ -2,6 +2,7 @@
 // The compounds in the user database.
 #include "dbinterfaces/compound_queries.h"
 #include "dbinterfaces/project_database.h"
+#include "dbinterfaces/user_limits.h"
 #include "dbinterfaces/user_session.h"
 
 #include <algorithm>
@@ -58,11 +59,22 @@ void NumberCompounds(soci::session& session, std::vector<DBObjects::Compound>& c
     }
 }
 
+void RequireShortTexts(const DBObjects::Compound& compound)
+{
+    user_limits::Require("the compound", compound.name);
+    user_limits::Require("the formula", compound.formula, text_limits::kFormula);
+    user_limits::Require("the element", compound.baseElement);
+    user_limits::Require("the category", compound.category);
+}
+
 /// The compounds by filters. Showing a long list takes all of them from memory; what an index finds quickly
 /// is not worth fetching all for.
 std::vector<DBObjects::Compound> Filtered(soci::session& session, const std::string& element,
                                           const std::string& category, const std::string& search)
 {
+    // No name or formula holds it, and the work of a search grows with its text.
+    if (text_limits::CountLetters(search) > text_limits::kFormula)
+        return {};
     user_session::Session& state = user_session::Get();
     const Backend backend = state.target.backend;
     // What is not committed yet may be undone: it must not be remembered.
@@ -130,6 +142,8 @@ std::vector<int> ProjectDatabase::InsertOrReplaceCompounds(const std::vector<DBO
     std::vector<DBObjects::Compound> stored = compounds;
     Transaction transaction;
     Run("InsertOrReplaceCompound", [&](soci::session& session, const std::string&) {
+        for (const DBObjects::Compound& compound : compounds)
+            RequireShortTexts(compound);
         NumberCompounds(session, stored);
         compound_queries::Upsert(session, stored);
         CountChange(session);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The library of waters in the user database.
 #include "dbinterfaces/project_database.h"
+#include "dbinterfaces/user_limits.h"
 #include "dbinterfaces/user_session.h"
 #include "dbinterfaces/water_queries.h"
 
@@ -131,6 +132,7 @@ int ProjectDatabase::GetNextWaterLibWatersId()
 bool ProjectDatabase::WaterLib_SaveUserCountry(int id, const std::string& name)
 {
     return Run("WaterLib_SaveUserCountry", [&](soci::session& session, const std::string&) {
+        user_limits::Require("the country", name);
         return Changes(
             session,
             "INSERT INTO tarnvik_water_country (id, category_id, name) "
@@ -146,6 +148,8 @@ bool ProjectDatabase::WaterLib_SaveUserWater(int id, int countryId, const std::s
                                              const std::string& source)
 {
     return Run("WaterLib_SaveUserWater", [&](soci::session& session, const std::string&) {
+        user_limits::Require("the place", place);
+        user_limits::Require("the source", source);
         return Changes(session,
                        "INSERT INTO tarnvik_water (id, country_id, place, source) "
                        "SELECT CAST(:id AS INTEGER), c.id, CAST(:place AS TEXT), CAST(:source AS TEXT) "
@@ -161,6 +165,10 @@ bool ProjectDatabase::WaterLib_SaveUserLiquidDetail(int waterId, const std::stri
                                                     const std::string& label, const std::string& group)
 {
     return Run("WaterLib_SaveUserLiquidDetail", [&](soci::session& session, const std::string&) {
+        user_limits::Require("the value of " + label, value, text_limits::kText);
+        for (const std::string_view text : {std::string_view(key), std::string_view(unit),
+                                            std::string_view(label), std::string_view(group)})
+            user_limits::Require("the text", text);
         auto& kept = user_session::Get().saveValue;
         // Out of its place while it runs: one that failed is not used again.
         auto save = kept ? std::move(kept) : std::make_unique<user_session::ValueStatement>(session);

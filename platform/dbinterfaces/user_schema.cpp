@@ -3,6 +3,7 @@
 
 #include "dbinterfaces/compound_queries.h"
 #include "dbinterfaces/sqlite_peek.h"
+#include "dbinterfaces/user_limits.h"
 
 #include <fmt/format.h>
 
@@ -60,8 +61,10 @@ const std::array<Statements, kUserSchemaVersion> kMigrations{
         "oxidation_number INTEGER NOT NULL, conjugate INTEGER NOT NULL, ionic_charge INTEGER NOT NULL, "
         "category TEXT NOT NULL)",
     },
+    Statements{},  // the limits of texts, which the kinds of databases have in different forms
 };
 constexpr int kCompoundsSince = 4;
+constexpr int kLimitsSince = 5;
 
 /// Answers a query with a number.
 using Ask = std::function<std::int64_t(const std::string&)>;
@@ -135,6 +138,8 @@ void Migrate(soci::session& session, Backend backend, std::int64_t from)
         if (version + 1 == kCompoundsSince) {
             compound_queries::CreateIndexes(session, backend);
             compound_queries::FillWithSupplied(session);
+        } else if (version + 1 == kLimitsSince) {
+            user_limits::Install(session, backend);
         }
     }
     session << fmt::format("UPDATE tarnvik_schema SET version = {}", kUserSchemaVersion);

@@ -8,10 +8,11 @@
 /// everybody as default. Version 3 added the library of waters, which belongs to everybody who uses the
 /// database, and counters that hand out its identifiers.
 /// Version 4 added the compounds, filled with those that the program supplies.
+/// Version 5 bounds the length of texts; longer ones were cut.
 
 #include "dbinterfaces/connection.h"
 
-constexpr int kUserSchemaVersion = 4;
+constexpr int kUserSchemaVersion = 5;
 
 /// Opens a user database and brings its tables up to date: creates them in an empty database, or migrates
 /// those of an older version, in one transaction that other programs doing the same wait for. `wait` bounds

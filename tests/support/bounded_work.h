@@ -14,6 +14,13 @@
 
 namespace support {
 
+/// How many times as much it may be under the sanitizers.
+#ifdef __SANITIZE_ADDRESS__
+inline constexpr double kSlower = 5.0;
+#else
+inline constexpr double kSlower = 1.0;
+#endif
+
 struct Work
 {
     bool succeeded = false;
@@ -47,11 +54,6 @@ inline Work MeasureWork(const std::function<bool()>& call)
 /// `call` says whether the file was refused.
 inline void ExpectRefusedCheaply(const std::function<bool()>& call)
 {
-#ifdef __SANITIZE_ADDRESS__
-    constexpr double kSlower = 5.0;
-#else
-    constexpr double kSlower = 1.0;
-#endif
     const Work work = MeasureWork(call);
     EXPECT_TRUE(work.succeeded);
     EXPECT_LE(work.seconds, 1.0 * kSlower);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "projectbase/details/detail_data.h"
 
+#include "core/text_limits.h"
+
 #include <fmt/format.h>
 
 #include <algorithm>
@@ -345,6 +347,8 @@ bool DetailData::SetValueFromString(const wxString& text)
         case DetailType::String:
             break;
     }
+    if (text.length() > text_limits::MostOf(GetName()))
+        return false;
     Store(text);
     return true;
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "projectbase/feed/compound_attributes.h"
 
+#include "core/text_limits.h"
 #include "projectbase/feed/compounds_importer.h"
 
 #include <fmt/format.h>
@@ -18,16 +19,18 @@ namespace {
 
 using DBObjects::Compound;
 
+constexpr std::string_view kFormula = "formula";
+
 /// The name of an attribute and the field that it holds.
 struct Field
 {
-    const char* name;
+    std::string_view name;
     std::variant<std::string Compound::*, std::int32_t Compound::*, double Compound::*> member;
 };
 /// In the order in which they are written.
 const std::array<Field, 9> kFields{{
     {"name", &Compound::name},
-    {"formula", &Compound::formula},
+    {kFormula, &Compound::formula},
     {"baseElement", &Compound::baseElement},
     {"pka", &Compound::pKa},
     {"valency", &Compound::valency},
@@ -111,8 +114,9 @@ Compound Read(std::string_view element, std::span<const Attribute> attributes, s
         if (found == attributes.end())
             fail(fmt::format("the attribute '{}' is missing", field.name));
         const std::string_view text = found->second;
-        if (text.size() > kLongestText)
-            fail(fmt::format("the attribute '{}' is longer than {} bytes", field.name, kLongestText));
+        const std::size_t most = field.name == kFormula ? text_limits::kFormula : text_limits::kName;
+        if (text_limits::CountLetters(text) > most)
+            fail(fmt::format("the attribute '{}' has more than {} letters", field.name, most));
         if (!std::visit([&](auto member) { return FromText(text, compound.*member); }, field.member))
             fail(fmt::format("the attribute '{}' cannot be read: '{}'", field.name, text.substr(0, kShown)));
     }

@@ -15,8 +15,6 @@
 namespace compound_attributes {
 
 inline constexpr const char* kElement = "compound";
-/// Longest text, in bytes.
-inline constexpr std::size_t kLongestText = 10'000;
 /// How many attributes a compound has.
 extern const std::size_t kCount;
 

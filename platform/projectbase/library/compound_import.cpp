@@ -1,16 +1,18 @@
 // SPDX-License-Identifier: MIT
 #include "projectbase/library/compound_import.h"
 
+#include "core/text_limits.h"
 #include "dbinterfaces/project_database.h"
 
 #include <stdexcept>
+#include <string_view>
 #include <unordered_map>
 
 namespace compound_import {
 
 namespace {
 
-constexpr const char* kImportedSuffix = " (imported)";
+constexpr std::string_view kImportedSuffix = " (imported)";
 
 }  // namespace
 
@@ -57,6 +59,8 @@ std::size_t CarryOut(const Plan& plan, const std::vector<Decision>& decisions)
             written.back().id = duplicate.existing.id;
         } else {
             written.back().id = -1;
+            written.back().name = std::string(
+                text_limits::Cut(written.back().name, text_limits::kName - kImportedSuffix.size()));
             written.back().name += kImportedSuffix;
         }
     }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "projectbase/library/water_store.h"
 
+#include "core/text_limits.h"
 #include "dbinterfaces/master_database.h"
 #include "dbinterfaces/project_database.h"
 #include "projectbase/water/blend_recipe.h"
@@ -127,7 +128,8 @@ void Apply(const std::vector<DBObjects::WaterLibAttr>& stored, LiquidData& liqui
     for (const DBObjects::WaterLibAttr& value : stored) {
         DetailData* const detail = water::IsOfRecipe(value.key) ? nullptr : details.GetDetail(value.key);
         if (detail != nullptr)
-            detail->SetValueFromString(wxString::FromUTF8(value.value));
+            detail->SetValueFromString(wxString::FromUTF8(
+                std::string(text_limits::Cut(value.value, text_limits::MostOf(value.key)))));
     }
     water::NormalizeEveryIon(details);
     water::UpdateDerivedValues(details);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "projectbase/project/project_json.h"
 
+#include "core/text_limits.h"
 #include "projectbase/project/iex_project.h"
 #include "projectbase/project/project_edit.h"
 #include "projectbase/units/unit_system_manager.h"
@@ -217,9 +218,18 @@ private:
         return found == object.end() ? kNone : *found;
     }
 
+    static void RequireShort(const std::string& what, const std::string& text,
+                             std::size_t most = text_limits::kName)
+    {
+        const std::size_t letters = text_limits::CountLetters(text);
+        if (letters > most)
+            Unreadable(fmt::format("{} has {} letters, {} is the most", what, letters, most));
+    }
+
     static bool TakeText(const std::string& text, DetailData& detail)
     {
         const std::string& name = detail.GetName();
+        RequireShort("the text of '" + name + "'", text, text_limits::MostOf(name));
         const bool isUnit = name.starts_with("liquid/") && name.ends_with(".unit");
         return detail.IsChoice(text) && (!isUnit || water::TypedUnit(name, text) == text) &&
                detail.SetValueFromString(wxString::FromUTF8(text));
@@ -268,6 +278,7 @@ private:
             Unreadable("a list of values is none");
         for (const auto& [name, entry] : object.items()) {
             CountDetail();
+            RequireShort("the name of a value", name);
             if (!entry.is_object())
                 Unreadable("the value of '" + name + "' cannot be read");
             const json& value = Member(entry, "value");
@@ -311,6 +322,8 @@ private:
             if (kind == OwnerKind::Water && project.GetLiquidCount() == kMostWaters)
                 Unreadable(fmt::format("it has more than {} waters", kMostWaters));
             const json& name = Member(entry, "name");
+            if (name.is_string())
+                RequireShort("the name of a water", name.get<std::string>());
             OwnerNode& node =
                 project.AddOwner(parent, kind, name.is_string() ? name.get<std::string>() : std::string());
             ReadDetails(Member(entry, "details"), *node.GetDetails());
@@ -330,6 +343,7 @@ private:
         if (!kinds.is_object())
             Unreadable("the groups cannot be read");
         for (const auto& [kind, list] : kinds.items()) {
+            RequireShort("the name of a group", kind);
             if (!list.is_array())
                 Unreadable("the group '" + kind + "' cannot be read");
             std::vector<DetailGroup> groups;

@@ -65,4 +65,22 @@ TEST(ProjectSetting, CompoundsOfTheFeedAreSetAsMessagesNameThem)
     EXPECT_NEAR(value(0, Unit::MmolPerLitre), 3.0, 1e-12);
 }
 
+TEST(ProjectSetting, BoundsTexts)
+{
+    iex::IEXProject project;
+    const auto set = [&](const std::string& text) { app::ApplySetting(project, app::ParseSetting(text)); };
+    for (const auto& [key, most] :
+         {std::pair("project/title", 1'000U), {"project/comments", 100'000U}, {"liquid/place", 1'000U}}) {
+        EXPECT_NO_THROW(set(std::string(key) + "=" + std::string(most, 'x')));
+        try {
+            set(std::string(key) + "=" + std::string(most + 1, 'x'));
+            ADD_FAILURE() << key;
+        } catch (const app::SettingError& error) {
+            EXPECT_NE(std::string(error.what()).find(std::to_string(most) + " is the most"),
+                      std::string::npos)
+                << error.what();
+        }
+    }
+}
+
 }  // namespace

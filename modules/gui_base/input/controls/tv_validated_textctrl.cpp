@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "gui_base/input/controls/tv_validated_textctrl.h"
 
+#include "core/text_limits.h"
+#include "gui_base/input/controls/text_length.h"
 #include "gui_base/input/events.h"
 #include "gui_base/input/validation/double_validator.h"
 #include "gui_base/input/validation/text_enter_validator.h"
@@ -118,4 +120,7 @@ void TvValidatedDoubleTextCtrl::UpdateValidator(const wxString& unitSystem)
 
 TvValidatedTextCtrl::TvValidatedTextCtrl(const ValidatedTextCtrlConfig& config)
     : TvDetailTextCtrl(config, config.defaultText)
-{}
+{
+    if (config.detail != nullptr)
+        text_length::Limit(*this, text_limits::MostOf(config.detail->GetName()));
+}

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "gui_base/input/form/field_set.h"
 
+#include "core/text_limits.h"
 #include "gui_base/input/binding/transfer_detail.h"
+#include "gui_base/input/controls/text_length.h"
 #include "gui_base/input/controls/tv_checkbox.h"
 #include "gui_base/input/controls/tv_datepickerctrl.h"
 #include "gui_base/input/controls/tv_statictext.h"
@@ -98,12 +100,17 @@ struct FieldSet::Field
             return &count;
         return spec.isTemperature ? temperature.GetValueAddress() : &number;
     }
+    void SetTextValidator()
+    {
+        text_length::Limit(*control, text_limits::MostOf(detail->GetName()));
+        control->SetValidator(TextEnterValidator(&text));
+    }
     void SetValidator()
     {
         const double min = MinOf(spec, *detail).value_or(0.0);
         const double max = MaxOf(spec, *detail).value_or(0.0);
         if (IsText())
-            control->SetValidator(TextEnterValidator(&text));
+            SetTextValidator();
         else if (detail->GetType() == DetailType::Long)
             control->SetValidator(IntegerValidator(&count, spec.format, spec.validatorFlags, std::lround(min),
                                                    std::lround(max), std::lround(min)));

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The controls of the compound editor.
+#include "core/text_limits.h"
+#include "gui_base/input/controls/text_length.h"
 #include "gui_base/input/controls/tv_textctrl.h"
 #include "gui_base/input/controls/wheel.h"
 #include "gui_base/input/validation/double_validator.h"
@@ -104,6 +106,7 @@ wxTextCtrl* CompoundEditorPanel::AddLabelTextCombo(wxFlexGridSizer& grid, const 
     auto* field = new TvTextCtrl(this, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
                                  readOnly ? wxTE_READONLY : 0);
     accessibility::SetName(*field, label);
+    text_length::Limit(*field, text_limits::kName);
     field->SetMinSize(FromDIP(wxSize(140, -1)));
     grid.Add(field, wxSizerFlags().Expand());
     return field;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "gui_base/water/feedwater/comment_entry_dialog.h"
 
+#include "core/text_limits.h"
+#include "gui_base/input/controls/text_length.h"
 #include "gui_base/support/accessibility.h"
 #include "gui_base/support/button_label.h"
 #include "gui_base/support/translation.h"
@@ -32,6 +34,7 @@ void CommentEntryDialog::CreateControls()
     const wxString label = i18n::Translated("Comments");
     const int gap = FromDIP(4);
     m_field = new wxTextCtrl(this, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize, wxTE_MULTILINE);
+    text_length::Limit(*m_field, text_limits::kText);
     // The window may be made as small as a line of text.
     m_field->SetMinSize(wxSize(-1, GetCharHeight() + gap));
     accessibility::SetName(*m_field, label);

@@ -340,4 +340,26 @@ TEST_F(ControlsTest, ReadOnlyFieldsKeepTheirColour)
     EXPECT_EQ(field->GetBackgroundColour(), TvTextCtrl::EditableColour());
 }
 
+TEST_F(ControlsTest, TextsThatBecomeTooLongAreCut)
+{
+    DetailData place("liquid/place", DetailType::String);
+    DetailData comments("liquid/comments", DetailType::String);
+    auto* line = new TvValidatedTextCtrl({.parent = m_panel, .detail = &place});
+    auto* lines = new TvValidatedTextCtrl({.parent = m_panel, .style = wxTE_MULTILINE, .detail = &comments});
+    for (const auto& [field, most] : {std::pair<TvTextCtrl*, std::size_t>{line, 1'000}, {lines, 100'000}}) {
+        const wxString pasted(wxUniChar(0x6c34), most + 500);
+        field->SetValue(pasted);
+        gui_test::Pump();
+        EXPECT_EQ(field->GetValue().length(), most);
+        field->AppendText("x");
+        gui_test::Pump();
+        EXPECT_EQ(field->GetValue().length(), most);
+        EXPECT_EQ(field->GetValue().Last(), wxUniChar(0x6c34));
+        // What an older file holds is shown as it is.
+        field->ChangeValue(pasted);
+        gui_test::Pump();
+        EXPECT_EQ(field->GetValue().length(), pasted.length());
+    }
+}
+
 }  // namespace

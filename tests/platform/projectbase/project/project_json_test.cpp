@@ -3,6 +3,7 @@
 
 #include "projectbase/project/project.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 namespace {
@@ -47,6 +48,37 @@ TEST(ProjectJson, WhatIsNoProjectIsRefusedAndNotGuessed)
             EXPECT_NO_THROW(ProjectFromJson(whole)) << text;
         else
             EXPECT_THROW(ProjectFromJson(whole), std::exception) << text;
+    }
+}
+
+TEST(ProjectJson, BoundsItsTextsAndSaysWhich)
+{
+    const struct
+    {
+        const char* before;
+        const char* after;
+        std::size_t most;
+        const char* what;
+    } cases[] = {
+        {R"({"module": "iex", "liquids": [{"name": ")", R"("}]})", 1'000, "the name of a water"},
+        {R"({"module": "iex", "project": {"project/title": {"value": ")", R"("}}})", 1'000,
+         "'project/title'"},
+        {R"({"module": "iex", "project": {"project/comments": {"value": ")", R"("}}})", 100'000,
+         "'project/comments'"},
+        {R"({"module": "iex", "project": {")", R"(": {"value": 5}}})", 1'000, "the name of a value"},
+        {R"({"module": "iex", "groups": {")", R"(": []}})", 1'000, "the name of a group"},
+        {R"({"module": "iex", "groups": {"feedcompound": [{"feedcompound/formula": {"value": ")", R"("}}]}})",
+         10'000, "'feedcompound/formula'"},
+    };
+    for (const auto& row : cases) {
+        EXPECT_NO_THROW(ProjectFromJson(row.before + std::string(row.most, 'x') + row.after)) << row.what;
+        try {
+            ProjectFromJson(row.before + std::string(row.most + 1, 'x') + row.after);
+            ADD_FAILURE() << row.what;
+        } catch (const std::exception& error) {
+            EXPECT_THAT(error.what(), testing::HasSubstr(row.what));
+            EXPECT_THAT(error.what(), testing::HasSubstr(std::to_string(row.most) + " is the most"));
+        }
     }
 }
 
