@@ -34,6 +34,7 @@ constexpr std::array kSummary{
     SummaryRow{"liquid/cl.plus.meql", "+ Cl"},
     SummaryRow{"liquid/balance.error", "Balance error"},
     SummaryRow{"liquid/hardness.total", "Total hardness", true},
+    SummaryRow{"liquid/hardness.measured", "Measured hardness", true},
     SummaryRow{"liquid/hardness.carbonate", "Carbonate hardness", true},
     SummaryRow{"liquid/alkalinity.m", "m-value", true},
     SummaryRow{"liquid/alkalinity.p", "p-value", true},
@@ -47,6 +48,7 @@ constexpr std::array kSummary{
     SummaryRow{"liquid/residue", "Dry residue at 180 \u00b0C"},
     SummaryRow{"liquid/cond", "Conductivity"},
     SummaryRow{"liquid/cond25", "Conductivity at 25 \u00b0C"},
+    SummaryRow{"liquid/cond25.measured", "Measured conductivity", true},
     SummaryRow{"liquid/p.osmotic", "Osmotic pressure"},
     SummaryRow{"liquid/ionic.strength", "Ionic strength"},
 };

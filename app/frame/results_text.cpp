@@ -82,6 +82,8 @@ wxString ResultsText(const LiquidData& water, const std::string& unitSystem)
     }
     for (const auto& row : wateranalysis::kEquivalentRows)
         addValue(i18n::Translated(row.label), row.key);
+    for (const auto& row : wateranalysis::kMeasuredRows)
+        addValue(i18n::Translated(row.label), (std::string("liquid/") + row.name).c_str());
     addValue(i18n::Translated(wateranalysis::kBalanceError.label), wateranalysis::kBalanceError.key);
     return text;
 }

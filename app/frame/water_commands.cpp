@@ -5,6 +5,7 @@
 #include "app/frame/results_text.h"
 #include "gui_base/dialogs/file_name_creator.h"
 #include "gui_base/dialogs/line_entry_dialog.h"
+#include "gui_base/dialogs/progress_window.h"
 #include "gui_base/dialogs/questions.h"
 #include "gui_base/input/validation/commit.h"
 #include "gui_base/support/translation.h"
@@ -24,8 +25,6 @@
 namespace app {
 namespace {
 
-/// Of a file that is read as an analysis.
-constexpr std::size_t kMostAnalysisBytes = 64u << 20;
 constexpr unsigned long kMostNameLength = 100;
 
 wxString Tr(const char* source)
@@ -61,7 +60,21 @@ wxString ShownName(const LiquidData& water)
     return i18n::Translated(wxString::FromUTF8(water.GetName()));
 }
 
+/// "more than 1000 columns (row 3, column 1001)".
+wxString TooLargeText(const delimited::TooLarge& error)
+{
+    const char* what = wxTRANSLATE("it has more than %s cells (row %s, column %s)");
+    if (error.GetKind() == delimited::TooLarge::Kind::Rows)
+        what = wxTRANSLATE("it has more than %s rows (row %s, column %s)");
+    else if (error.GetKind() == delimited::TooLarge::Kind::Columns)
+        what = wxTRANSLATE("it has more than %s columns (row %s, column %s)");
+    return wxString::Format(Tr(what), std::to_string(error.GetLimit()), std::to_string(error.GetRow()),
+                            std::to_string(error.GetColumn()));
+}
+
 }  // namespace
+
+WaterCommands::WaterCommands(MainFrame& frame) : m_frame(frame), m_progressDelay(dialogs::kProgressDelay) {}
 
 LiquidData* WaterCommands::GetCurrent() const
 {
@@ -145,25 +158,45 @@ void WaterCommands::Import()
         ImportFrom(dialog.GetPath().utf8_string());
 }
 
-void WaterCommands::ImportFrom(const std::filesystem::path& path)
+std::optional<laboratory::File> WaterCommands::ReadAnalysis(const std::filesystem::path& path)
 {
     const wxString name = wxString::FromUTF8(path.string());
+    const auto refuse = [&](const wxString& why) {
+        m_frame.ReportError(wxString::Format(Tr("%s cannot be read: %s"), name, why));
+        return std::nullopt;
+    };
     laboratory::File file;
     try {
-        file = laboratory::Read(tncommon::ReadWholeFile(path, kMostAnalysisBytes));
+        dialogs::ProgressWindow progress(&m_frame, Tr("Import analysis"), Tr("The analysis is being read"),
+                                         m_progressDelay);
+        const bool isRead = dialogs::RunWithProgress(progress, [&](const WorkWatch& watch) {
+            file = laboratory::Read(tncommon::ReadWholeFile(path, laboratory::kMostBytes), watch);
+        });
+        if (!isRead)
+            return std::nullopt;
+    } catch (const delimited::TooLarge& error) {
+        return refuse(TooLargeText(error));
     } catch (const std::exception& error) {
-        m_frame.ReportError(
-            wxString::Format(Tr("%s cannot be read: %s"), name, wxString::FromUTF8(error.what())));
-        return;
+        return refuse(wxString::FromUTF8(error.what()));
     }
+    if (!file.samples.empty())
+        return file;
+    m_frame.ReportError(wxString::Format(Tr("%s holds no analysis that can be understood"), name));
+    return std::nullopt;
+}
+
+void WaterCommands::ImportFrom(const std::filesystem::path& path)
+{
+    const auto file = ReadAnalysis(path);
     LiquidData* water = GetCurrent();
-    if (file.samples.empty() || water == nullptr) {
-        m_frame.ReportError(wxString::Format(Tr("%s holds no analysis that can be understood"), name));
+    if (!file || water == nullptr)
         return;
-    }
-    LaboratoryDialog preview(&m_frame, file, *water->GetDetails());
+    DetailData& limits = Settings::GetSetting("laboratory.limits");
+    LaboratoryDialog preview(&m_frame, *file, *water->GetDetails(),
+                             water::LimitReadingOf(limits.GetStdStringValue()));
     if (preview.ShowModal() != wxID_OK)
         return;
+    limits.SetValue(water::CodeOf(preview.GetLimitReading()));
     const ProjectEdit edit(m_frame.GetProject(), wxTRANSLATE("import of an analysis"));
     water::StoreSample(preview.GetValues(), *water->GetDetails(), preview.ClearsOthers());
 }
@@ -174,13 +207,24 @@ void WaterCommands::Export()
     const LiquidData* water = GetCurrent();
     if (water == nullptr)
         return;
+    const Project& project = m_frame.GetProject();
+    std::vector<water::NamedWater> waters{{ShownName(*water).utf8_string(), *water->GetDetails()}};
+    if (project.GetLiquidCount() > 1) {
+        const int all =
+            dialogs::AskYesNo(&m_frame, Tr("Export all waters of the project?"), Tr("Export analysis"),
+                              wxICON_QUESTION, Tr("Otherwise only the water in front is exported."));
+        if (all != wxID_YES && all != wxID_NO)
+            return;
+        for (std::size_t i = 0; all == wxID_YES && i < project.GetLiquidCount(); ++i)
+            if (const LiquidData& other = project.GetLiquid(i); &other != water)
+                waters.push_back({ShownName(other).utf8_string(), *other.GetDetails()});
+    }
     const wxFileName file = FileNameCreator()(&m_frame, Tr("Export analysis"), wxString(),
                                               Tr("Water analysis"), AnalysisWildcard(), "csv");
     if (!file.IsOk())
         return;
     try {
-        tncommon::ReplaceFile(file.GetFullPath().utf8_string(),
-                              water::WriteLaboratoryFile(*water->GetDetails()));
+        tncommon::ReplaceFile(file.GetFullPath().utf8_string(), water::WriteLaboratoryFile(waters));
     } catch (const std::exception& error) {
         m_frame.ReportError(wxString::Format(Tr("%s cannot be written: %s"), file.GetFullPath(),
                                              wxString::FromUTF8(error.what())));

@@ -4,11 +4,16 @@
 /// What the main window does with whole waters: adding, blending, moving and removing them, the library, the
 /// clipboard, and files of laboratories. Everything acts on the water whose page is in front.
 
+#include <chrono>
 #include <cstddef>
 #include <filesystem>
+#include <optional>
 #include <string>
 
 class LiquidData;
+namespace laboratory {
+struct File;
+}
 namespace water {
 struct BlendRecipe;
 }
@@ -21,7 +26,7 @@ class WaterCommands
 {
 public:
     /// The frame is not owned; it outlives this part of it.
-    explicit WaterCommands(MainFrame& frame) : m_frame(frame) {}
+    explicit WaterCommands(MainFrame& frame);
 
     /// The water whose page is in front; null on another page.
     LiquidData* GetCurrent() const;
@@ -35,6 +40,9 @@ public:
     void Import();
     /// Shows what a laboratory's file would make of the water in front, and takes it over after OK.
     void ImportFrom(const std::filesystem::path& path);
+    /// Reading that takes longer shows its progress, and a button to cancel it.
+    void SetProgressDelay(std::chrono::milliseconds delay) { m_progressDelay = delay; }
+    /// The water in front, or all of them with it as the first.
     void Export();
     void Add();
     void Blend();
@@ -48,8 +56,11 @@ private:
     /// Makes a blend, or gives one another recipe.
     void StoreBlend(LiquidData* blend, const water::BlendRecipe& recipe);
     void Show(const LiquidData& water);
+    /// The analysis of a file; nothing when it cannot be read, which the user is told, or was cancelled.
+    std::optional<laboratory::File> ReadAnalysis(const std::filesystem::path& path);
 
     MainFrame& m_frame;
+    std::chrono::milliseconds m_progressDelay;
 };
 
 }  // namespace app

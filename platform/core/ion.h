@@ -59,9 +59,9 @@ constexpr Ion OtherIon(std::string_view key, double equivalentWeight, double mol
 
 /// A row whose name the user gives.
 constexpr Ion NamedIon(std::string_view key, std::string_view symbol, const char* label, IonKind kind,
-                       int charge)
+                       int charge, std::string_view spellings)
 {
-    return {key, symbol, "", label, kind, charge, 0.0, 0.0, 0.0, {}, ""};
+    return {key, symbol, "", label, kind, charge, 0.0, 0.0, 0.0, {}, spellings};
 }
 
 }  // namespace ions

@@ -94,10 +94,10 @@ inline constexpr std::array kIonTable{
     OtherIon("th", 232.04, 232.04, 0.5),
     OtherIon("u", 238.03, 238.03, 0.001),
     // Those that the user names: what they weigh, the name says.
-    NamedIon("x1", "X1", SourceText("Cation 1"), IonKind::NamedCation, 1),
-    NamedIon("x2", "X2", SourceText("Cation 2"), IonKind::NamedCation, 1),
-    NamedIon("y1", "Y1", SourceText("Anion 1"), IonKind::NamedAnion, -1),
-    NamedIon("y2", "Y2", SourceText("Anion 2"), IonKind::NamedAnion, -1),
+    NamedIon("x1", "X1", SourceText("Cation 1"), IonKind::NamedCation, 1, "cation 1|kation 1"),
+    NamedIon("x2", "X2", SourceText("Cation 2"), IonKind::NamedCation, 1, "cation 2|kation 2"),
+    NamedIon("y1", "Y1", SourceText("Anion 1"), IonKind::NamedAnion, -1, "anion 1"),
+    NamedIon("y2", "Y2", SourceText("Anion 2"), IonKind::NamedAnion, -1, "anion 2"),
 };
 // clang-format on
 

@@ -27,6 +27,13 @@ inline constexpr std::array<std::string_view, 6> kEquivalentUnits{"meq/l",   "pp
 inline constexpr std::array<std::string_view, 5> kAlkalinityUnits{"mmol/l", "ppm CaCO3", "\u00b0d", "\u00b0f",
                                                                   "\u00b0e"};
 
+/// Units offered for a measured hardness, of which 1 mmol/l is 2 meq/l.
+inline constexpr std::array<std::string_view, 7> kHardnessUnits{"mmol/l",  "meq/l",   "ppm CaCO3", "\u00b0d",
+                                                                "\u00b0f", "\u00b0a", "\u00b0e"};
+
+/// Units offered for a measured conductivity.
+inline constexpr std::array<std::string_view, 3> kConductivityUnits{"\u00b5S/cm", "mS/cm", "mS/m"};
+
 /// What a unit counts: the mass of an ion or its equivalents; nothing for a text that is no such unit.
 enum class UnitKind
 {

@@ -10,49 +10,53 @@
 /// not understood is listed, never guessed. Pure functions; texts are UTF-8.
 
 #include "core/core_export.h"
+#include "core/delimited_text.h"
+#include "core/laboratory_names.h"
+#include "core/laboratory_values.h"
+#include "core/work_watch.h"
 
 #include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace laboratory {
+
+/// The largest file that whoever reads one takes, and the largest table in it.
+inline constexpr std::size_t kMostBytes = 16u << 20;
+inline constexpr delimited::Bounds kBounds{.rows = 100'000, .columns = 1'000, .cells = 1'000'000};
 
 /// The file's bytes as UTF-8: by a byte order mark (UTF-8, UTF-16 of both orders), as UTF-8 where they are
 /// valid, else as Latin-1.
 CORE_EXPORT std::string DecodeText(std::string_view bytes);
 
-/// What a column or row of the file is.
-struct Parameter
-{
-    std::string title;    ///< as the file names it, with its unit
-    std::string target;   ///< "na" for an ion, "ph", "temp", "turbidity", …; empty when it is not known
-    std::string unit;     ///< in the spelling of the analysis; empty where none is stated or needed
-    double factor = 1.0;  ///< by which a number of the file is multiplied to be in `unit`
-    bool unitIsKnown = true;
-};
-
 struct File
 {
-    std::vector<Parameter> parameters;
-    /// Texts of the samples, each as long as `parameters`.
-    std::vector<std::vector<std::string>> samples;
+    std::vector<Parameter> parameters = {};
+    /// Texts of the samples, each as long as `parameters`; those of numbers have no blanks around them.
+    std::vector<std::vector<std::string>> samples = {};
     char separator = ',';
     char decimalSign = '.';
+    bool hasLimits = false;  ///< whether an amount lies below a limit of detection
 
-    /// The number of a cell; nothing for a blank cell or a text that is none ("n.d.", "<0.1").
-    CORE_EXPORT std::optional<double> GetNumber(std::size_t sample, std::size_t parameter) const;
+    /// The number of a cell in the unit of its parameter; nothing for a blank cell, a text that is none
+    /// ("n.d."), and a limit of what is no amount ("pH < 4").
+    CORE_EXPORT std::optional<Number> GetNumber(std::size_t sample, std::size_t parameter) const;
+    /// What the file calls a sample; empty where it does not.
+    CORE_EXPORT std::string GetSampleName(std::size_t sample) const;
 };
 
-/// A file without any parameter that is known has no samples.
-CORE_EXPORT File Read(std::string_view bytes);
+/// A file without any quantity that is known has no samples. Throws delimited::TooLarge for a table beyond
+/// kBounds, WorkCancelled.
+CORE_EXPORT File Read(std::string_view bytes, const WorkWatch& watch = {});
 
-/// The target of a parameter's name ("Ca", "Calcium", "Ca2+", "calcium, dissolved"); empty when not known.
-CORE_EXPORT std::string FindTarget(std::string_view name);
+/// A value of a sample: its title, with the unit, and its text.
+using TitledText = std::pair<std::string, std::string>;
 
-/// A file of one sample that Read understands, with commas and decimal points. `values` are pairs of title
-/// and text.
-CORE_EXPORT std::string Write(const std::vector<std::pair<std::string, std::string>>& values);
+/// A file that Read understands, across, with commas and decimal points. The titles are names that are known;
+/// what a sample lacks is a blank cell.
+CORE_EXPORT std::string Write(const std::vector<std::vector<TitledText>>& samples);
 
 }  // namespace laboratory

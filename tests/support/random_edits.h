@@ -267,6 +267,10 @@ private:
             return Any({"\u00b0C", "\u00b0F", "K"});
         if (key.starts_with("liquid/alkalinity.") && key.ends_with(".unit"))
             return std::string(ions::kAlkalinityUnits[Pick(ions::kAlkalinityUnits.size())]);
+        if (key == "liquid/hardness.measured.unit")
+            return std::string(ions::kHardnessUnits[Pick(ions::kHardnessUnits.size())]);
+        if (key == "liquid/cond25.measured.unit")
+            return std::string(ions::kConductivityUnits[Pick(ions::kConductivityUnits.size())]);
         if (key == "liquid/h.plus.unit" || key == "liquid/oh.minus.unit")
             return std::string(ions::kEquivalentUnits[Pick(ions::kEquivalentUnits.size())]);
         if (key.starts_with("liquid/") && key.ends_with(".unit"))

@@ -5,17 +5,16 @@
 #include "gui_base/dialogs/file_name_creator.h"
 #include "gui_base/dialogs/info_message_dialog.h"
 #include "gui_base/dialogs/page_selection_dialog.h"
+#include "gui_base/dialogs/progress_window.h"
 #include "gui_base/messages/user_message.h"
 #include "gui_base/report/report_file.h"
 #include "gui_base/support/translation.h"
 
 #include <wx/log.h>
 #include <wx/msgdlg.h>
-#include <wx/progdlg.h>
 #include <wx/tokenzr.h>
 #include <wx/utils.h>
 
-#include <memory>
 #include <set>
 #include <system_error>
 
@@ -23,7 +22,6 @@ namespace {
 
 constexpr const char* kSkippedPages = "/Report/skipped.pages";
 constexpr const char* kHideDisclaimer = "/Report/hide.disclaimer";
-constexpr int kSteps = 100;
 
 /// A choice that cannot be remembered is no reason not to print.
 template <typename Access>
@@ -62,33 +60,6 @@ void RememberSkippedPages(const std::vector<ReportPage>& pages, const std::vecto
         list += (list.empty() ? "" : ",") + name;
     TryDatabase([&list] { ProjectDatabase::SetUserParameter(kSkippedPages, list); });
 }
-
-/// Shows how far the writing is, once it takes longer than a moment.
-class ProgressWindow
-{
-public:
-    ProgressWindow(wxWindow* parent, std::chrono::milliseconds delay)
-        : m_parent(parent), m_showAt(std::chrono::steady_clock::now() + delay)
-    {}
-
-    /// False once the user cancelled.
-    bool Update(double done)
-    {
-        if (!m_dialog && std::chrono::steady_clock::now() < m_showAt)
-            return true;
-        if (!m_dialog)
-            m_dialog = std::make_unique<wxProgressDialog>(i18n::Translated("Print to PDF"),
-                                                          i18n::Translated("The report is being written"),
-                                                          kSteps, m_parent, wxPD_APP_MODAL | wxPD_CAN_ABORT);
-        // The last step would wait for the user.
-        return m_dialog->Update(std::min(kSteps - 1, static_cast<int>(done * kSteps)));
-    }
-
-private:
-    wxWindow* m_parent;
-    std::chrono::steady_clock::time_point m_showAt;
-    std::unique_ptr<wxProgressDialog> m_dialog;
-};
 
 }  // namespace
 
@@ -157,7 +128,8 @@ bool TvReportController::ConfirmDisclaimer()
 
 bool TvReportController::Write(const report::Document& document, const wxFileName& file)
 {
-    ProgressWindow progress(m_parent, m_progressDelay);
+    dialogs::ProgressWindow progress(m_parent, i18n::Translated("Print to PDF"),
+                                     i18n::Translated("The report is being written"), m_progressDelay);
     try {
         WriteReportFile(document, file.GetFullPath().utf8_string(),
                         [&progress](double done) { return progress.Update(done); });

@@ -33,6 +33,9 @@ const char* TemplateOf(DatabaseError::Kind kind)
             return wxTRANSLATE(
                 "The program's own data are missing or damaged in %s. Install the program again, or set "
                 "TARNVIK_DATA to the folder that holds them.");
+        // Nothing is wrong with the database: the error says which text is too long.
+        case Kind::TooLong:
+            return nullptr;
         case Kind::Failed:
             break;
     }
@@ -83,10 +86,10 @@ UserMessage MessageOf(const std::exception& error)
         const wxString source = wxString::FromUTF8(ProjectFileError::GetTemplate(file->GetProblem()));
         return {ShownText(file->Format(wxGetTranslation(source).utf8_string())), technical};
     }
-    if (const auto* database = dynamic_cast<const DatabaseError*>(&error);
-        database && !database->GetPlace().empty())
-        return {wxString::Format(wxGetTranslation(TemplateOf(database->GetKind())),
-                                 ShownText(database->GetPlace())),
-                technical};
+    if (const auto* database = dynamic_cast<const DatabaseError*>(&error)) {
+        const char* source = TemplateOf(database->GetKind());
+        if (source != nullptr && !database->GetPlace().empty())
+            return {wxString::Format(wxGetTranslation(source), ShownText(database->GetPlace())), technical};
+    }
     return {technical, {}};
 }

@@ -264,6 +264,13 @@ report::Table MeasuredTable(const DetailList& details, const ReportContext& cont
                                             NumberCell(details.At(row.key), kTypedDigits, context),
                                             {Text(details, row.unitKey)}}});
     }
+    for (const MeasuredRow& row : kMeasuredRows) {
+        const std::string key = std::string("liquid/") + row.name;
+        if (std::isfinite(Value(details, key + ".orig")))
+            table.rows.push_back({.cells = {{context.Translated(row.label)},
+                                            NumberCell(details.At(key + ".orig"), kTypedDigits, context),
+                                            {Text(details, key + ".unit")}}});
+    }
     // CO2 that was neither typed nor calculated is not known.
     if (Value(details, "liquid/co2.mgl") != 0.0 || details.At("liquid/calculate.co2").GetBoolValue())
         add(wxTRANSLATE("CO2:"), "liquid/co2.mgl", kTypedDigits);

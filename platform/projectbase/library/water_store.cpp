@@ -5,9 +5,12 @@
 #include "dbinterfaces/master_database.h"
 #include "dbinterfaces/project_database.h"
 #include "projectbase/water/blend_recipe.h"
+#include "projectbase/water/measured_values.h"
 #include "projectbase/water/normalization.h"
 
+#include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace water_store {
 namespace {
@@ -130,6 +133,11 @@ void Apply(const std::vector<DBObjects::WaterLibAttr>& stored, LiquidData& liqui
         if (detail != nullptr)
             detail->SetValueFromString(wxString::FromUTF8(
                 std::string(text_limits::Cut(value.value, text_limits::MostOf(value.key)))));
+    }
+    // Zeros are not stored; but a water without the unit was stored before such values were known.
+    for (const water::MeasuredValue& value : water::kMeasuredValues) {
+        if (std::ranges::find(stored, value.unit, &DBObjects::WaterLibAttr::key) == stored.end())
+            details.At(value.orig).SetValue(std::numeric_limits<double>::quiet_NaN());
     }
     water::NormalizeEveryIon(details);
     water::UpdateDerivedValues(details);

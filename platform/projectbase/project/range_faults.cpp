@@ -10,6 +10,7 @@
 #include "projectbase/water/blend_recipe.h"
 #include "projectbase/water/carbonic_acid.h"
 #include "projectbase/water/ion_rows.h"
+#include "projectbase/water/measured_values.h"
 
 #include <wx/translation.h>
 
@@ -22,6 +23,8 @@ namespace {
 constexpr std::string_view kOrig = ".orig";
 constexpr const char* kLargerThanM = wxTRANSLATE("%s is larger than the m-value of %s");
 constexpr const char* kOtherThanPh = wxTRANSLATE("%s does not go with pH and m-value, which give %s");
+constexpr const char* kOtherThanCalculated =
+    wxTRANSLATE("%s differs by more than a tenth from what the analysis gives, %s");
 constexpr const char* kNoBicarbonate =
     wxTRANSLATE("%s does not go with bicarbonate, which water holds only above %s");
 
@@ -148,6 +151,34 @@ void AddAlkalinityFault(const DetailList& details, std::vector<RangeFault>& faul
                       .sentence = sentence});
 }
 
+/// More digits say nothing beside a difference of a tenth.
+double ToThreeDigits(double value)
+{
+    const double scale = value == 0.0 ? 1.0 : std::pow(10.0, 2.0 - std::floor(std::log10(std::abs(value))));
+    return std::isfinite(scale) ? std::round(value * scale) / scale : value;
+}
+
+/// What was measured, where the analysis gives something else: one of both is wrong, or ions are missing.
+void AddMeasuredFaults(const DetailList& details, std::vector<RangeFault>& faults)
+{
+    for (const water::MeasuredValue& value : water::kMeasuredValues) {
+        if (!water::IsContradicted(details, value))
+            continue;
+        const DetailData& typed = details.At(value.orig);
+        const std::string unit = details.At(value.unit).GetStdStringValue();
+        const double limit =
+            ToThreeDigits(details.At(value.calculated).GetDoubleValue() / water::MeasuredFactor(unit));
+        faults.push_back({.address = {{}, typed.GetName()},
+                          .label = typed.GetLabel(),
+                          .value = typed.GetDoubleValue(),
+                          .limit = limit,
+                          .isBelow = typed.GetDoubleValue() < limit,
+                          .unit = unit,
+                          .isTypedUnit = true,
+                          .sentence = kOtherThanCalculated});
+    }
+}
+
 /// Values of a water that cannot all be right.
 void AddContradictions(const DetailList& details, std::vector<RangeFault>& faults)
 {
@@ -156,6 +187,7 @@ void AddContradictions(const DetailList& details, std::vector<RangeFault>& fault
         return;
     const auto amount = [&details](const char* key) { return details.At(key).GetDoubleValue(); };
     AddAlkalinityFault(details, faults);
+    AddMeasuredFaults(details, faults);
     if (pH->GetDoubleValue() < water::kLowestBicarbonatePh &&
         (amount("liquid/hco3.meql") > 0.0 || amount("liquid/co3.meql") > 0.0))
         faults.push_back({.address = {{}, pH->GetName()},

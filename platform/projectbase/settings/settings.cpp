@@ -50,7 +50,8 @@ State& GetState()
 void TakeText(DetailData& detail, const std::string& text)
 {
     DetailData parsed(detail);
-    if (parsed.SetValueFromString(wxString::FromUTF8(text)) && SideOfLimits(parsed) == 0)
+    if (detail.IsChoice(text) && parsed.SetValueFromString(wxString::FromUTF8(text)) &&
+        SideOfLimits(parsed) == 0)
         detail.CopyValue(parsed);
 }
 

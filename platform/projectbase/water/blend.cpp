@@ -5,6 +5,7 @@
 #include "core/ion_units.h"
 #include "projectbase/water/carbonate_of_details.h"
 #include "projectbase/water/ion_rows.h"
+#include "projectbase/water/measured_values.h"
 #include "projectbase/water/totals.h"
 
 #include <algorithm>
@@ -263,6 +264,7 @@ void Mixer::MixAll()
     m_target.At("liquid/balance.ph").SetValue(All([](const Part& part) {
         return Flag(part.liquid, "liquid/balance.ph");
     }));
+    ClearMeasuredValues(m_target);
     MixIons();
     MixNamedIons({"x1", "x2"});
     MixNamedIons({"y1", "y2"});

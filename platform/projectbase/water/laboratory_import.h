@@ -1,18 +1,19 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-/// Takes a sample of a laboratory's file into a water, and writes a water as such a file.
+/// Takes a sample of a laboratory's file into a water, and writes waters as such a file.
 
 #include "core/laboratory_file.h"
 #include "projectbase/details/detail_list.h"
 #include "projectbase/projectbase_export.h"
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace water {
 
-/// A number of the file and where it belongs.
+/// A number or a text of the file and where it belongs.
 struct TakenValue
 {
     std::size_t parameter = 0;  ///< index in the file
@@ -20,20 +21,35 @@ struct TakenValue
     std::string unitKey;        ///< detail of its unit; empty where it has none
     double value = 0.0;
     std::string unit;
+    std::string text = {};  ///< of what is no number; never empty there
+    bool isLimit = false;   ///< the file states a limit of detection
 };
 
-/// The numbers of a sample that the water can hold. A parameter that the file has twice counts once, the
-/// first time that it has a number; negative numbers, as of values below a detection limit, are left out
-/// except of temperatures and alkalinities.
+/// What the setting "laboratory.limits" holds: "ZERO", "HALF" or "LIMIT"; half for any other text.
+PROJECTBASE_EXPORT laboratory::LimitReading LimitReadingOf(std::string_view code);
+PROJECTBASE_EXPORT std::string CodeOf(laboratory::LimitReading reading);
+
+/// The values of a sample that the water can hold. A parameter that the file has twice counts once, the
+/// first time that it has a value; negative numbers are left out except of temperatures and alkalinities, and
+/// so are countries that nobody knows and texts longer than 10,000 bytes.
 PROJECTBASE_EXPORT std::vector<TakenValue> TakeSample(const laboratory::File& file, std::size_t sample,
-                                                      const DetailList& liquid);
+                                                      const DetailList& liquid,
+                                                      laboratory::LimitReading limits);
 
 /// Stores the values as a full analysis. With `clearOthers` the concentrations that the file does not state
-/// become 0 and the other properties unknown; units that were chosen stay. The water is not recalculated.
+/// become 0 and the other properties unknown; units that were chosen and texts stay. The water is not
+/// recalculated.
 PROJECTBASE_EXPORT void StoreSample(const std::vector<TakenValue>& values, DetailList& liquid,
                                     bool clearOthers);
 
-/// The typed values of a water that are known and not 0, in their units, as a file that can be read again.
-PROJECTBASE_EXPORT std::string WriteLaboratoryFile(const DetailList& liquid);
+struct NamedWater
+{
+    std::string name;
+    const DetailList& details;
+};
+
+/// The typed values of waters that are known and not 0, in their units, as a file that can be read again:
+/// one sample for each water.
+PROJECTBASE_EXPORT std::string WriteLaboratoryFile(const std::vector<NamedWater>& waters);
 
 }  // namespace water

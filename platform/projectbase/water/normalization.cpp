@@ -6,6 +6,7 @@
 #include "core/ion_units.h"
 #include "projectbase/units/temperature.h"
 #include "projectbase/water/ion_rows.h"
+#include "projectbase/water/measured_values.h"
 
 #include <algorithm>
 #include <cmath>
@@ -76,6 +77,7 @@ void NormalizeEveryIon(DetailList& liquid)
     NormalizeTemperature(liquid);
     if (!liquid.At("liquid/calculate.co2").GetBoolValue())
         NormalizeTypedCo2(liquid);
+    NormalizeMeasuredValues(liquid);
 }
 
 }  // namespace water

@@ -31,6 +31,12 @@ std::optional<std::string> TypedUnit(std::string_view key, const std::string& un
     }
     if (key.starts_with("liquid/h.plus.") || key.starts_with("liquid/oh.minus."))
         isKnown = Contains(ions::kEquivalentUnits, unit);
+    else if (key.starts_with("liquid/hardness.measured."))
+        isKnown = Contains(ions::kHardnessUnits, unit);
+    else if (key.starts_with("liquid/cond25.measured."))
+        return Contains(ions::kConductivityUnits, unit) ? std::optional(unit)
+               : unit == "uS/cm"                        ? std::optional<std::string>("\u00b5S/cm")
+                                                        : std::nullopt;
     else if (key.starts_with("liquid/alkalinity."))
         isKnown = Contains(ions::kAlkalinityUnits, unit) || unit == "meq/l" || unit == "mgCaCO3/l";
     else

@@ -10,8 +10,8 @@
 namespace water {
 
 /// The unit as a water keeps it for what is typed under `key` ("liquid/na.orig", "liquid/temp.unit"): the
-/// laboratory's units for ions, the named ones of alkalinity, equivalents for H+ and OH-, units of
-/// temperature. Nothing for a unit in which it cannot be given.
+/// laboratory's units for ions, the named ones of alkalinity, hardness and conductivity, equivalents for H+
+/// and OH-, units of temperature. Nothing for a unit in which it cannot be given.
 PROJECTBASE_EXPORT std::optional<std::string> TypedUnit(std::string_view key, const std::string& unit);
 
 }  // namespace water

@@ -143,6 +143,17 @@ TEST_F(WaterReportTest, ShowsAReportedAlkalinityInPlaceOfBicarbonate)
     EXPECT_THAT(Page(1), ContainsRegex("m-value\\)\\|2\\.5\\|\\|7\\|125"));
 }
 
+TEST_F(WaterReportTest, ShowsWhatWasMeasuredAndContradictsTheAnalysis)
+{
+    EXPECT_THAT(Page(1), Not(HasSubstr("Measured hardness")));
+    Type("hardness.measured", 8.0, "\u00b0d");
+    Type("cond25.measured", 0.0, "mS/m");
+    EXPECT_THAT(Page(1),
+                AllOf(HasSubstr("Measured hardness|8|\u00b0d|"), HasSubstr("Measured conductivity|0|mS/m|")));
+    EXPECT_THAT(Page(1), HasSubstr("Measured hardness 8 \u00b0d differs by more than a tenth from what the "
+                                   "analysis gives, 4 \u00b0d"));
+}
+
 TEST_F(WaterReportTest, CountsTheAcidOfThePhAgainstTheAlkalinity)
 {
     Type("hco3", 0.0, "mg/l");

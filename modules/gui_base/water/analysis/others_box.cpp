@@ -93,8 +93,7 @@ OthersBox::OthersBox(wxWindow* parent, FieldSet& fields, const std::vector<wxStr
     for (const PropertyRow& row : kMainProperties)
         AddProperty(m_fields, GetStaticBox(), *grid, row);
     m_ph = m_fields.FindField("liquid/ph");
-    for (const AlkalinityRow& row : kAlkalinityRows)
-        AddAlkalinity(*grid, row);
+    AddTypedRows(*grid);
     AddCo2(*grid, co2Units);
     Add(grid, wxSizerFlags().Border(wxALL, parent->FromDIP(form::kGap)));
     AddButtons();
@@ -126,21 +125,35 @@ void OthersBox::AddTemperature(wxSizer& grid)
     grid.Add(m_fields.AddUnitLabel(box, celsius, true), Cell());
 }
 
-void OthersBox::AddAlkalinity(wxSizer& grid, const AlkalinityRow& row)
+TvTextCtrl* OthersBox::AddTyped(wxSizer& grid, NumberSpec spec, const std::vector<wxString>& units)
 {
     wxWindow* box = GetStaticBox();
-    const wxString label(row.label);
-    grid.Add(m_fields.AddLabel(box, label, ":"), Cell());
-    m_alkalinities.push_back(m_fields.AddInput(box, {.key = row.key,
-                                                     .label = label,
-                                                     .unitKey = row.unitKey,
-                                                     .validatorFlags = ZeroAsEmpty | ShowPreciseValue,
-                                                     .precision = 6,
-                                                     .inIsoUnits = true}));
-    grid.Add(m_alkalinities.back(), Cell());
-    m_alkalinityUnits.push_back(
-        m_fields.AddUnitChoice(box, row.unitKey, water_units::OfAlkalinities(), label));
-    grid.Add(m_alkalinityUnits.back(), Cell().Expand());
+    spec.validatorFlags |= ShowPreciseValue;
+    spec.precision = 6;
+    spec.inIsoUnits = true;
+    grid.Add(m_fields.AddLabel(box, spec.label, ":"), Cell());
+    TvTextCtrl* field = m_fields.AddInput(box, spec);
+    grid.Add(field, Cell());
+    m_typed.push_back({field, m_fields.AddUnitChoice(box, spec.unitKey, units, spec.label)});
+    grid.Add(m_typed.back().unit, Cell().Expand());
+    return field;
+}
+
+void OthersBox::AddTypedRows(wxSizer& grid)
+{
+    for (const AlkalinityRow& row : kAlkalinityRows) {
+        AddTyped(grid,
+                 {.key = row.key, .label = row.label, .unitKey = row.unitKey, .validatorFlags = ZeroAsEmpty},
+                 water_units::OfAlkalinities());
+        m_typed.back().ofFullAnalysis = true;
+    }
+    for (const MeasuredRow& row : kMeasuredRows) {
+        const std::string key = std::string("liquid/") + row.name;
+        AddTyped(grid,
+                 {.key = key + ".orig", .label = row.label, .unitKey = key + ".unit", .undef = kUnknown},
+                 row.name == std::string_view("hardness.measured") ? water_units::OfHardness()
+                                                                   : water_units::OfConductivity());
+    }
 }
 
 void OthersBox::AddCo2(wxSizer& grid, const std::vector<wxString>& units)
@@ -210,9 +223,10 @@ void OthersBox::EnableInputs(bool enable)
     m_co2->Enable(isTyped);
     m_co2Unit->Enable(isTyped);
     const bool isFull = m_fields.Details().At("liquid/analysis.type").GetStdStringValue() == "FULL";
-    for (std::size_t i = 0; i < m_alkalinities.size(); ++i) {
-        m_alkalinities[i]->Enable(enable && isFull);
-        m_alkalinityUnits[i]->Enable(enable && isFull);
+    for (const Typed& row : m_typed) {
+        const bool isOpen = enable && (isFull || !row.ofFullAnalysis);
+        row.field->Enable(isOpen);
+        row.unit->Enable(isOpen);
     }
 }
 

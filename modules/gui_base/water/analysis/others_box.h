@@ -18,8 +18,6 @@ class TvButton;
 
 namespace wateranalysis {
 
-struct AlkalinityRow;
-
 class GUI_BASE_EXPORT OthersBox : public TvStaticBoxSizer
 {
 public:
@@ -27,7 +25,14 @@ public:
 
     tvUnitChoice& GetTemperatureUnit() const { return *m_temperatureUnit; }
     tvUnitChoice& GetCo2Unit() const { return *m_co2Unit; }
-    const std::vector<tvUnitChoice*>& GetAlkalinityUnits() const { return m_alkalinityUnits; }
+    /// A number beside the unit of the user's choice: an alkalinity, or what was measured beside the ions.
+    struct Typed
+    {
+        TvTextCtrl* field = nullptr;
+        tvUnitChoice* unit = nullptr;
+        bool ofFullAnalysis = false;  ///< a short one does without
+    };
+    const std::vector<Typed>& GetTyped() const { return m_typed; }
     TvTextCtrl& GetPh() const { return *m_ph; }
     TvButton& GetAlkalizeButton() const { return *m_alkalize; }
     TvButton& GetCo2CalculatorButton() const { return *m_co2Calculator; }
@@ -44,7 +49,8 @@ public:
 
 private:
     void AddTemperature(wxSizer& grid);
-    void AddAlkalinity(wxSizer& grid, const AlkalinityRow& row);
+    TvTextCtrl* AddTyped(wxSizer& grid, NumberSpec spec, const std::vector<wxString>& units);
+    void AddTypedRows(wxSizer& grid);
     void AddCo2(wxSizer& grid, const std::vector<wxString>& units);
     void AddButtons();
     TvButton* AddButton(wxSizer& buttons, const char* label, const char* tooltip);
@@ -54,9 +60,7 @@ private:
     TvTextCtrl* m_temperature = nullptr;
     tvUnitChoice* m_temperatureUnit = nullptr;
     TvTextCtrl* m_ph = nullptr;
-    /// Of the m- and the p-value.
-    std::vector<TvTextCtrl*> m_alkalinities;
-    std::vector<tvUnitChoice*> m_alkalinityUnits;
+    std::vector<Typed> m_typed;
     TvTextCtrl* m_co2 = nullptr;
     tvUnitChoice* m_co2Unit = nullptr;
     TvButton* m_alkalize = nullptr;

@@ -7,6 +7,7 @@
 #include "gui_base/support/translation.h"
 #include "gui_base/water/analysis/tooltip_on_demand.h"
 #include "gui_base/water/rows/property_rows.h"
+#include "projectbase/water/measured_values.h"
 
 #include <wx/statbox.h>
 
@@ -22,6 +23,24 @@ wxString ExplainTds(const DetailList& details)
                             wxString::FromUTF8("\u00b0C"), ExplainedNumber(residue));
 }
 
+/// Beside a value that laboratories measure, too, what they found; otherwise nothing.
+void AddMeasured(FieldSet& fields, wxSizer& grid, wxWindow& box, const SummaryRow& row)
+{
+    for (std::size_t i = 0; i < kMeasuredRows.size(); ++i) {
+        if (std::string_view(water::kMeasuredValues[i].calculated) != row.key)
+            continue;
+        grid.Add(fields.AddResult(&box, {.key = water::kMeasuredValues[i].iso,
+                                         .label = kMeasuredRows[i].label,
+                                         .unit = wxString::FromUTF8(row.unit),
+                                         .precision = row.precision,
+                                         .width = kWidth,
+                                         .inIsoUnits = true}),
+                 wxSizerFlags().CentreVertical());
+        return;
+    }
+    grid.AddSpacer(0);
+}
+
 }  // namespace
 
 SummaryBox::SummaryBox(wxWindow* parent, FieldSet& fields)
@@ -29,8 +48,12 @@ SummaryBox::SummaryBox(wxWindow* parent, FieldSet& fields)
 {
     fields.AddLocalizable<TvStaticBoxSizer>(this);
     wxWindow* box = GetStaticBox();
-    auto* grid = form::NewGrid(*box);
+    // The last column is for what was measured of that what the others calculate.
+    auto* grid = form::NewGrid(*box, 4);
     const wxSizerFlags cell = wxSizerFlags().CentreVertical();
+    for (int column = 0; column < 3; ++column)
+        grid->AddSpacer(0);
+    grid->Add(fields.AddLabel(box, wxTRANSLATE("Measured")), wxSizerFlags().Right());
     const auto add = [&](const SummaryRow& row) {
         const wxString label = wxString::FromUTF8(row.label);
         const wxString unit = wxString::FromUTF8(row.unit);
@@ -43,6 +66,7 @@ SummaryBox::SummaryBox(wxWindow* parent, FieldSet& fields)
                                          .inIsoUnits = !row.convertUnit}),
                   cell);
         grid->Add(fields.AddUnitLabel(box, unit, row.convertUnit), cell);
+        AddMeasured(fields, *grid, *box, row);
     };
     for (const SummaryRow& row : kSummaryRows)
         add(row);

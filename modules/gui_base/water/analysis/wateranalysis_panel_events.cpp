@@ -37,8 +37,8 @@ void WaterAnalysisPanel::DoBindEvents()
     m_others->GetCo2CalculatorButton().Bind(wxEVT_BUTTON, &Panel::OnCO2CalculatorClick, this);
     m_others->GetFurtherProperties().Bind(wxEVT_COLLAPSIBLEPANE_CHANGED, &Panel::OnCollPaneChanged, this);
     m_others->GetCo2Unit().Bind(tvCHANGE_EVENT, &Panel::OnUnitChanged, this);
-    for (tvUnitChoice* unit : m_others->GetAlkalinityUnits())
-        unit->Bind(tvCHANGE_EVENT, &Panel::OnUnitChanged, this);
+    for (const auto& typed : m_others->GetTyped())
+        typed.unit->Bind(tvCHANGE_EVENT, &Panel::OnUnitChanged, this);
     m_others->GetTemperatureUnit().Bind(tvCHANGE_EVENT, &Panel::OnTemparatureUnitChanged, this);
     m_others->GetPh().Bind(wxEVT_UPDATE_UI, &Panel::OnPhUpdate, this);
     m_ions->GetDefaultUnitButton().Bind(wxEVT_BUTTON, &Panel::OnDefaultUnitClicked, this);

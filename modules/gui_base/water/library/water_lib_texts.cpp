@@ -150,6 +150,8 @@ std::vector<DetailLine> DetailLines(const LiquidData& liquid)
     AddTyped(lines, liquid, "CO2", "co2");
     AddTyped(lines, liquid, i18n::Translated("m-value"), "alkalinity.m");
     AddTyped(lines, liquid, i18n::Translated("p-value"), "alkalinity.p");
+    for (const auto& row : wateranalysis::kMeasuredRows)
+        AddTyped(lines, liquid, i18n::Translated(row.label), row.name, true);
     for (const auto& row : wateranalysis::kFurtherProperties)
         AddNumber(lines, liquid, row.key, i18n::Translated(row.label), row.unit, 8);
     for (const auto& row : wateranalysis::kSummaryRows) {

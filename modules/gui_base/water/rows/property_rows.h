@@ -48,6 +48,18 @@ inline constexpr std::array kAlkalinityRows{
     AlkalinityRow{"liquid/alkalinity.p.orig", "liquid/alkalinity.p.unit", wxTRANSLATE("p-value")},
 };
 
+/// What laboratories measure although it follows from the ions.
+struct MeasuredRow
+{
+    const char* name;   ///< of its details, behind "liquid/" and before ".orig" and ".unit"
+    const char* label;  ///< source text
+};
+
+inline constexpr std::array kMeasuredRows{
+    MeasuredRow{"hardness.measured", wxTRANSLATE("Measured hardness")},
+    MeasuredRow{"cond25.measured", wxTRANSLATE("Measured conductivity")},
+};
+
 /// How far the sums of cations and anions differ; read-only, %.
 inline constexpr PropertyRow kBalanceError{"liquid/balance.error", wxTRANSLATE("Balance error"), "%"};
 

@@ -33,6 +33,16 @@ std::vector<wxString> OfAlkalinities()
     return ToStrings(ions::kAlkalinityUnits);
 }
 
+std::vector<wxString> OfHardness()
+{
+    return ToStrings(ions::kHardnessUnits);
+}
+
+std::vector<wxString> OfConductivity()
+{
+    return ToStrings(ions::kConductivityUnits);
+}
+
 std::vector<wxString> OfTemperatures()
 {
     std::vector<wxString> texts;

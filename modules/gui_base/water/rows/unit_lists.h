@@ -17,6 +17,10 @@ GUI_BASE_EXPORT std::vector<wxString> OfIons();
 GUI_BASE_EXPORT std::vector<wxString> OfEquivalents();
 /// Alkalinity: an amount of acid, also as calcium carbonate or in degrees of hardness.
 GUI_BASE_EXPORT std::vector<wxString> OfAlkalinities();
+/// Hardness that was measured: an amount of divalent ions, of equivalents or of calcium carbonate.
+GUI_BASE_EXPORT std::vector<wxString> OfHardness();
+/// Conductivity that was measured.
+GUI_BASE_EXPORT std::vector<wxString> OfConductivity();
 /// °C, °F and K; the indices are not those of TemperatureUnit.
 GUI_BASE_EXPORT std::vector<wxString> OfTemperatures();
 

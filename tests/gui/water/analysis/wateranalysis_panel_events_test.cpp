@@ -104,6 +104,24 @@ TEST_F(WaterAnalysisTest, AlkalinityIsTypedInPlaceOfBicarbonate)
     EXPECT_EQ(Shown("hardness.total"), "");
 }
 
+TEST_F(WaterAnalysisTest, WhatWasMeasuredStandsBesideWhatIsCalculated)
+{
+    Open();
+    gui_test::Enter(Field("ca.orig"), "40.08");
+    gui_test::Enter(Field("hardness.measured.orig"), "1.05");
+    EXPECT_EQ(Shown("hardness.measured"), "2.1") << "meq/l of 1.05 mmol/l";
+    EXPECT_EQ(Shown("hardness.total"), "2");
+    Choose("Measured hardness", wxString::FromUTF8("\u00b0d"));
+    EXPECT_EQ(Shown("hardness.measured"), "0.375");
+    gui_test::Enter(Field("cond25.measured.orig"), "0.25");
+    Choose("Measured conductivity", "mS/cm");
+    EXPECT_EQ(Shown("cond25.measured"), "250");
+    gui_test::Enter(Field("cond25.measured.orig"), "");
+    EXPECT_EQ(Shown("cond25.measured"), "") << "nothing was measured, which is not 0";
+    Click(*FindByLabel<TvRadioButton>("Short analysis based on TDS"));
+    EXPECT_TRUE(Field("hardness.measured.orig").IsEnabled()) << "whatever the analysis";
+}
+
 TEST_F(WaterAnalysisTest, ShortAnalysesKeepTheFullOne)
 {
     Detail("ca.orig").SetValue(40.08);

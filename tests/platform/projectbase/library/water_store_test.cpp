@@ -87,6 +87,7 @@ TEST_P(WaterStore, AppliesWhatWasStored)
     Detail("na.unit").SetValue("mg/l");
     Detail("ca.orig").SetValue(9.0);
     Detail("temp.orig").SetValue(0.0);
+    Detail("hardness.measured.orig").SetValue(0.0);
     Detail("ph").SetValue(std::nan(""));
     Detail("toc").SetValue(std::numeric_limits<double>::infinity());
     ASSERT_TRUE(Store());
@@ -116,11 +117,15 @@ TEST_P(WaterStore, AppliesWhatWasStored)
     EXPECT_NEAR(number("liquid/na.meql"), 2.0, 0.01) << "what follows is calculated";
     EXPECT_EQ(number("liquid/ca.orig"), 0.0);
     EXPECT_EQ(number("liquid/temp.orig"), 0.0);
+    EXPECT_EQ(number("liquid/hardness.measured.orig"), 0.0) << "of a softened water";
+    EXPECT_TRUE(std::isnan(number("liquid/cond25.measured.orig")));
     EXPECT_TRUE(std::isnan(number("liquid/ph")));
     EXPECT_TRUE(std::isnan(number("liquid/toc")));
     EXPECT_EQ(target.FindDetail("liquid/place")->GetStringValue(), "Lyon");
     water_store::Apply({{"liquid/nowhere", "1", ""}, {"liquid/ph", "seven", ""}}, target);
     EXPECT_EQ(number("liquid/ph"), 0.0) << "neither unknown keys nor texts that are no numbers count";
+    EXPECT_TRUE(std::isnan(number("liquid/hardness.measured.orig")))
+        << "stored before there was such a value";
 }
 
 TEST_P(WaterStore, AFailedStoreChangesNothing)

@@ -73,7 +73,8 @@ TEST(IonRows, AmountsOfLaboratoriesBecomeTheMassOfEveryIon)
                 const auto file = laboratory::Read("Parameter;Unit;Sample\npH;-;7\n" + name + ';' + unit +
                                                    ';' + amount + "\n");
                 WaterUnderTest water;
-                const auto values = water::TakeSample(file, 0, water.Details());
+                const auto values =
+                    water::TakeSample(file, 0, water.Details(), laboratory::LimitReading::Half);
                 water::StoreSample(values, water.Details(), true);
                 water.Update();
                 EXPECT_NEAR(water[std::string(ion.key) + ".mgl"], 0.5 * ion.molarMass, 2e-3 * ion.molarMass)
