@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <set>
+#include <tuple>
 
 namespace laboratory {
 namespace {
@@ -39,21 +40,24 @@ struct Head
 Head HeadOfRow(const delimited::Row& row, std::size_t index)
 {
     Head head{.row = index};
-    std::set<std::string> targets;
+    // Another unit makes another column of the same parameter.
+    std::set<std::tuple<std::string, std::string, double>> named;
     bool namesOnly = true;
     bool namesQuantity = false;
     for (const std::string& cell : row) {
         const std::string title = numbertext::Trim(cell);
         if (title.empty())
             continue;
-        const std::string target = TargetOfHead(title);
-        head.count += target.empty() ? 0 : 1;
-        namesOnly = namesOnly && !target.empty();
-        // Another unit makes another column.
-        namesOnly = namesOnly && targets.insert(title).second;
-        namesQuantity = namesQuantity || (!target.empty() && !ReadHead(title).isText);
+        if (TargetOfHead(title).empty()) {
+            namesOnly = false;
+            continue;
+        }
+        ++head.count;
+        const Parameter parameter = ReadHead(title);
+        namesQuantity = namesQuantity || !parameter.isText;
+        namesOnly = named.insert({parameter.target, parameter.unit, parameter.factor}).second && namesOnly;
     }
-    head.isPure = namesOnly && namesQuantity && targets.size() > 1;
+    head.isPure = namesOnly && namesQuantity && named.size() > 1;
     return head;
 }
 

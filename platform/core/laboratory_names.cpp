@@ -363,7 +363,7 @@ std::string FindTarget(std::string_view name)
 
 bool LooksLikeUnit(std::string_view text)
 {
-    return IsIonUnit(text) || IsPropertyUnit(text);
+    return text.size() <= kLongestName && (IsIonUnit(text) || IsPropertyUnit(text));
 }
 
 }  // namespace laboratory

@@ -6,6 +6,8 @@
 namespace laboratory {
 namespace {
 
+/// A longer text is no number: what a laboratory writes has a dozen digits.
+constexpr std::size_t kLongestNumber = 100;
 constexpr std::string_view kFormulaBegins = "=+-@\t\r\n";
 
 /// "<0,1", "< 0,1", "≤0,1" without the sign before the number; nothing for another cell.
@@ -30,6 +32,8 @@ std::optional<Number> ReadNumber(std::string_view cell, char decimalSign)
 {
     const auto separators =
         decimalSign == ',' ? numbertext::Separators{",", "."} : numbertext::Separators{".", ","};
+    if (cell.size() > kLongestNumber)
+        return std::nullopt;
     const std::string text = numbertext::Trim(cell);
     const auto limit = LimitOf(text);
     const auto number = numbertext::Parse(limit.value_or(text), separators);
@@ -40,6 +44,8 @@ std::optional<Number> ReadNumber(std::string_view cell, char decimalSign)
 
 void DecimalSigns::Count(std::string_view cell)
 {
+    if (cell.size() > kLongestNumber)
+        return;
     const std::string text = numbertext::Trim(cell);
     const std::string_view number = LimitOf(text).value_or(text);
     if (number.find_first_not_of("0123456789.,+-eE ") != std::string_view::npos)

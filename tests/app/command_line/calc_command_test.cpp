@@ -99,6 +99,20 @@ TEST_F(Calc, TellsOfAlkalinityAndItsContradictions)
     EXPECT_EQ(Run({m_path, "--set", "alkalinity.m=2mg/l"}).code, 1) << "milligrams of what?";
 }
 
+TEST_F(Calc, ShowsWhatWasMeasuredBesideWhatIsCalculated)
+{
+    EXPECT_THAT(Run({m_path}).out, testing::Not(HasSubstr("Measured")));
+    const Result result = Run({m_path, "--set", "hardness.measured=7\u00b0d", "--set", "ca=2meq/l", "--set",
+                               "cond25.measured=0.5mS/cm"});
+    EXPECT_THAT(result.out, ContainsRegex("Measured hardness +2\\.5[0-9]* meq/l\n"));
+    EXPECT_THAT(result.out, ContainsRegex("Measured conductivity +500 \u00b5S/cm\n"));
+    EXPECT_THAT(result.err,
+                HasSubstr("Measured hardness 7 \u00b0d differs by more than a tenth from what the "
+                          "analysis gives, 5.6 \u00b0d"));
+    EXPECT_EQ(Value(RunSet("cond25.measured=5uS/cm"), "liquid/cond25.measured.unit"), "\"\u00b5S/cm\"");
+    EXPECT_EQ(Run({m_path, "--set", "hardness.measured=7mg/l"}).code, 1) << "milligrams of what?";
+}
+
 TEST_F(Calc, MixesAnyNumberOfWatersByFlow)
 {
     const auto project = ProjectFile::Load(m_path);

@@ -75,7 +75,9 @@ TEST_F(SettingsTest, IgnoreStoredNonsense)
         EXPECT_EQ(Settings::GetSetting("temp.init").GetDoubleValue(), 15.0) << text;
     }
     ProjectDatabase::SetUserParameter("/Settings/autosave.minutes", "many");
+    ProjectDatabase::SetUserParameter("/Settings/laboratory.limits", "TWICE");
     Settings::Load();
+    EXPECT_EQ(Settings::GetSetting("laboratory.limits").GetStdStringValue(), "HALF");
     EXPECT_EQ(Settings::GetSetting("autosave.minutes").GetLongValue(), 5);
 }
 
