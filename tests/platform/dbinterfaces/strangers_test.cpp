@@ -116,7 +116,7 @@ TEST(Stranger, IsRefusedWithoutATrace)
         const auto master = support::ErrorOf([] { MasterDatabase::GetIons("%", "%", "%"); });
         MasterDatabase::SetPath({});
         ASSERT_TRUE(master.has_value());
-        EXPECT_EQ(master->GetKind(), Kind::NotOurs) << master->what();
+        EXPECT_EQ(master->GetKind(), Kind::ProgramData) << master->what();
         EXPECT_THAT(master->what(), testing::HasSubstr("'" + path.string() + "'"));
         try {
             ProjectFile::Load(path);
