@@ -2,6 +2,7 @@
 #include "app/frame/tarnvik_app.h"
 
 #include "app/document/templates.h"
+#include "app/frame/database_wait.h"
 #include "app/frame/main_frame.h"
 #include "app/language/language.h"
 #include "app/tour/tour.h"
@@ -38,6 +39,7 @@ void InitProgram(std::string& error)
     // Numbers follow the user's system; only the language of texts can be switched later.
     wxUILocale::UseDefault();
     ImageLoader::Init(wxString::FromUTF8(tncommon::DataDir().string()));
+    ProjectDatabase::SetWaitIndicator(ShowDatabaseWait);
     try {
         ProjectDatabase::OpenConfigured();
         Settings::Load();
