@@ -48,6 +48,11 @@ start)
 stop)
     case "${2:-}" in */tarnvik-pg-*) ;; *) echo "postgres_server.sh: not a folder of ours: '${2:-}'" >&2; exit 2 ;; esac
     [ -d "$2" ] || exit 0
+    # A test that ended in between may have left its processes stopped.
+    if pid=$(head -n 1 "$2/data/postmaster.pid" 2>/dev/null); then
+        # shellcheck disable=SC2046
+        kill -CONT "$pid" $(pgrep -P "$pid") 2>/dev/null || true
+    fi
     as_server "$bin/pg_ctl" -D "$2/data" -m immediate -w stop >/dev/null 2>&1 || true
     rm -rf "$2"
     ;;
