@@ -2,6 +2,7 @@
 #include "app/frame/tarnvik_app.h"
 
 #include "app/document/templates.h"
+#include "app/frame/database_wait.h"
 #include "app/frame/main_frame.h"
 #include "app/frame/session_end.h"
 #include "app/language/language.h"
@@ -44,6 +45,7 @@ UserMessage InitProgram()
     ImageLoader::Init(wxString::FromUTF8(tncommon::DataDir().string()));
     // The rest of the program takes them for granted.
     MasterDatabase::GetPlantTypes();
+    ProjectDatabase::SetWaitIndicator(ShowDatabaseWait);
     std::exception_ptr problem;
     try {
         ProjectDatabase::OpenConfigured();

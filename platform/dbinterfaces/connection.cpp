@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "dbinterfaces/connection.h"
 
+#include "dbinterfaces/bounded_postgres.h"
 #include "dbinterfaces/connection_text.h"
 #include "dbinterfaces/sqlite_connection.h"
 #include "tncommon/user_dirs.h"
@@ -59,10 +60,12 @@ std::unique_ptr<soci::session> ConnectSqlite(const ConnectionTarget& target, std
 std::unique_ptr<soci::session> ConnectPostgreSql(const ConnectionTarget& target,
                                                  std::chrono::milliseconds wait)
 {
-    auto session = std::make_unique<soci::session>(*soci::factory_postgresql(), target.parameters);
+    auto session = bounded_postgres::Open(target.parameters, target.answer);
     *session << "SET client_encoding = 'UTF8'";
     *session << "SET client_min_messages = warning";
     *session << fmt::format("SET lock_timeout = {}", wait.count());
+    // A server that is only slow says so before it counts as silent.
+    *session << fmt::format("SET statement_timeout = {}", target.answer.count() * 9 / 10);
     return session;
 }
 
@@ -82,7 +85,8 @@ ConnectionTarget ParseConnectionText(const std::string& text)
                 .path = {},
                 .parameters = std::move(parameters.text),
                 .shown = "PostgreSQL",
-                .secrets = std::move(parameters.secrets)};
+                .secrets = std::move(parameters.secrets),
+                .answer = parameters.answer};
     }
     // The text may hold a password, so it is not repeated.
     throw DatabaseError(DatabaseError::Kind::BadConnection,
@@ -108,8 +112,12 @@ DatabaseError Classify(const std::exception& error, const std::string& where)
             return {Kind::Locked, text};
         return {code == SQLITE_NOTADB || code == SQLITE_CORRUPT ? Kind::NotOurs : Kind::Failed, text};
     }
-    if (const auto* server = dynamic_cast<const soci::postgresql_soci_error*>(&error))
-        return {server->sqlstate() == "55P03" ? Kind::Locked : Kind::Failed, text};  // lock_not_available
+    if (const auto* server = dynamic_cast<const soci::postgresql_soci_error*>(&error)) {
+        const std::string state = server->sqlstate();
+        if (state == "55P03")  // lock_not_available
+            return {Kind::Locked, text};
+        return {state == "57014" ? Kind::TimedOut : Kind::Failed, text};  // query_canceled
+    }
     return {Kind::Failed, text};
 }
 

@@ -29,6 +29,7 @@ struct ConnectionTarget
     std::string parameters;                 ///< PostgreSQL only: what its client library is given
     std::string shown;                      ///< for messages; holds no password
     std::vector<std::string> secrets = {};  ///< struck out of every message
+    std::chrono::milliseconds answer{0};    ///< PostgreSQL only: how long an answer is waited for
 };
 
 /// Throws DatabaseError (BadConnection) for a text of any other form.

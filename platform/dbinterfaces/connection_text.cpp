@@ -22,6 +22,9 @@ constexpr const char* kStruckOut = "***";
 
 /// Longest connect_timeout that is taken over, in seconds.
 constexpr int kLongestConnecting = 60;
+/// The tcp_user_timeout that is taken over, in milliseconds.
+constexpr int kShortestAnswer = 1'000;
+constexpr int kLongestAnswer = 600'000;
 
 /// A server that does not answer must not hold up the program for minutes. How long a silent network is
 /// waited for is in seconds, but for tcp_user_timeout in milliseconds.
@@ -134,9 +137,12 @@ Parameters Read(const std::string& text)
     RefuseWrongPorts(values["port"]);
     if (!IsWithin(values["connect_timeout"], 1, kLongestConnecting))
         values.erase("connect_timeout");
+    if (!IsWithin(values["tcp_user_timeout"], kShortestAnswer, kLongestAnswer))
+        values.erase("tcp_user_timeout");
     values.insert(kDefaults.begin(), kDefaults.end());
 
     Parameters parameters;
+    parameters.answer = std::chrono::milliseconds(std::stoi(values["tcp_user_timeout"]));
     for (const auto& [key, value] : values) {
         if (value.empty())
             continue;

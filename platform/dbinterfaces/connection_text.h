@@ -6,6 +6,7 @@
 /// Its client library repeats parts of a text that it cannot read, and so a part of a password. Here such a
 /// text is refused in other words; what reaches the client library is written anew.
 
+#include <chrono>
 #include <string>
 #include <vector>
 
@@ -15,6 +16,8 @@ struct Parameters
 {
     std::string text;                  ///< "key='value' ...", with bounds on how long a server may be silent
     std::vector<std::string> secrets;  ///< never to be shown
+    std::chrono::milliseconds
+        answer;  ///< how long an answer of the server is waited for: its tcp_user_timeout
 };
 
 /// Reads "postgresql://key=value ..." or a PostgreSQL URI. Throws DatabaseError (BadConnection), which

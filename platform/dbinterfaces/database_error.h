@@ -18,6 +18,8 @@ public:
         Locked,         ///< somebody else kept the database locked for longer than the busy timeout
         NewerSchema,    ///< written by a newer version of the program
         NotOurs,        ///< a database, but none of this program
+        TimedOut,       ///< the server did not answer in time; the next call connects again
+        Cancelled,      ///< the user gave the call up; the next one connects again
         TooLong,        ///< a text has more letters than may be stored
         BadConnection,  ///< the connection text cannot be understood
         ProgramData,    ///< what the program brings with it is missing or damaged

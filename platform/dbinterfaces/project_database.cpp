@@ -68,7 +68,13 @@ void ProjectDatabase::Open(const std::string& connectionText)
     State& state = GetState();
     const std::lock_guard lock(state.mutex);
     try {
-        user_session::OpenLocked(state, connectionText);
+        state.calls.RequireNone();
+        const bool isServer = ParseConnectionText(connectionText).backend == Backend::PostgreSql;
+        const auto open = [&] { user_session::OpenLocked(state, connectionText); };
+        if (isServer && state.calls.AreMadeHere())
+            state.calls.Run(open);
+        else
+            open();
     } catch (const std::exception& error) {
         throw Classify(error, "ProjectDatabase::Open");
     }
@@ -92,6 +98,13 @@ bool ProjectDatabase::IsOpen()
     State& state = GetState();
     const std::lock_guard lock(state.mutex);
     return state.session != nullptr;
+}
+
+void ProjectDatabase::SetWaitIndicator(MakeWaitIndicator make)
+{
+    State& state = GetState();
+    const std::lock_guard lock(state.mutex);
+    state.calls.SetIndicator(std::move(make));
 }
 
 void ProjectDatabase::SetBusyTimeout(std::chrono::milliseconds timeout)

@@ -7,11 +7,13 @@
 /// The database that was opened last is used by the whole process; without an Open, the first call opens the
 /// default one. All calls may come from any thread and throw DatabaseError, whose text names the method and
 /// the cause. Several programs may use the same database: a call waits for others up to the busy timeout. A
-/// file that was removed while it was in use is reported by the next call; the one after that makes a new
-/// one.
+/// server that does not answer ends a call (TimedOut) after 10 s, or after the tcp_user_timeout of the
+/// connection text; the next call connects again. A file that was removed while it was in use is reported by
+/// the next call; the one after that makes a new one.
 
 #include "dbinterfaces/db_objects.h"
 #include "dbinterfaces/dbinterfaces_export.h"
+#include "dbinterfaces/wait_indicator.h"
 
 #include <chrono>
 #include <mutex>
@@ -35,6 +37,9 @@ public:
     /// How long a database that somebody else has locked is waited for; holds for the next Open. 5 s by
     /// default.
     static void SetBusyTimeout(std::chrono::milliseconds timeout);
+
+    /// What is shown while a call of this thread waits for a server; nothing is without it.
+    static void SetWaitIndicator(MakeWaitIndicator make);
 
     /// Value of a user parameter, or `defaultValue` where there is none. In a shared database a user's own
     /// value comes before the one that serves everybody.

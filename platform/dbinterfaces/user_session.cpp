@@ -69,6 +69,20 @@ void RequireOpen(Session& state)
     }
 }
 
+bool IsGivenUp(const std::exception& error)
+{
+    const auto* ours = dynamic_cast<const DatabaseError*>(&error);
+    return ours != nullptr && (ours->GetKind() == DatabaseError::Kind::TimedOut ||
+                               ours->GetKind() == DatabaseError::Kind::Cancelled);
+}
+
+DatabaseError Failed(Session& state, const std::exception& error)
+{
+    if (IsGivenUp(error))
+        state.Replace(nullptr);
+    return Classify(error, state.target);
+}
+
 namespace {
 
 void Begin(soci::session& session, Backend backend)

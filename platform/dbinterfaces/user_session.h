@@ -6,6 +6,7 @@
 
 #include "dbinterfaces/compound_cache.h"
 #include "dbinterfaces/connection.h"
+#include "dbinterfaces/waiting_call.h"
 
 #include <fmt/format.h>
 
@@ -43,6 +44,7 @@ struct Session
     bool inTransaction = false;
     std::unique_ptr<ValueStatement> saveValue;       ///< of `session`, made on first use
     std::unique_ptr<const CompoundCache> compounds;  ///< of this database; null until they are needed
+    WaitingCalls calls;                              ///< those that show that they wait
 
     /// Takes another session, or none.
     void Replace(std::unique_ptr<soci::session> other)
@@ -63,25 +65,44 @@ void OpenLocked(Session& state, const std::string& connectionText);
 /// ever find it: such a session is given up with a DatabaseError.
 void RequireOpen(Session& state);
 
+/// Whether the connection is lost because its server did not answer.
+bool IsGivenUp(const std::exception& error);
+
+/// What went wrong in a call; a connection that is lost for good is let go.
+DatabaseError Failed(Session& state, const std::exception& error);
+
+template <typename Query>
+auto Attempt(Session& state, Query& query)
+{
+    RequireOpen(state);
+    try {
+        return query(*state.session, state.owner);
+    } catch (const std::exception& error) {
+        if (state.inTransaction || state.target.backend != Backend::PostgreSql || IsGivenUp(error) ||
+            state.session->is_connected())
+            throw Failed(state, error);
+    }
+    try {
+        state.Replace(Connect(state.target, state.busyTimeout));
+        return query(*state.session, state.owner);
+    } catch (const std::exception& error) {
+        throw Failed(state, error);
+    }
+}
+
 /// Runs `query(session, owner)` under the lock. A server that dropped the connection is asked once more,
-/// outside of a transaction: every query gives the same result when it runs twice. Whatever goes wrong is
-/// reported under the method's name.
+/// outside of a transaction: every query gives the same result when it runs twice. One that does not answer
+/// is not; the next call connects again. Whatever goes wrong is reported under the method's name.
 template <typename Query>
 auto Run(const char* method, Query query)
 {
     Session& state = Get();
     const std::lock_guard lock(state.mutex);
     try {
-        RequireOpen(state);
-        try {
-            return query(*state.session, state.owner);
-        } catch (const std::exception& error) {
-            if (state.inTransaction || state.target.backend != Backend::PostgreSql ||
-                state.session->is_connected())
-                throw Classify(error, state.target);
-        }
-        state.Replace(Connect(state.target, state.busyTimeout));
-        return query(*state.session, state.owner);
+        state.calls.RequireNone();
+        if (state.target.backend == Backend::PostgreSql && state.calls.AreMadeHere())
+            return state.calls.Run([&] { return Attempt(state, query); });
+        return Attempt(state, query);
     } catch (const std::exception& error) {
         throw Classify(error, fmt::format("ProjectDatabase::{}", method));
     }

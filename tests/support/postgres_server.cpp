@@ -37,18 +37,33 @@ public:
     Server& operator=(const Server&) = delete;
 
     const std::string& ConnectionText() const { return m_connectionText; }
+    void Restart() const
+    {
+        if (std::system((kScript + " restart " + m_folder).c_str()) != 0)
+            throw std::runtime_error("RestartPostgres: the server did not start again");
+    }
 
 private:
     std::string m_folder;
     std::string m_connectionText;
 };
 
+const Server& TheServer()
+{
+    static const Server server;
+    return server;
+}
+
 }  // namespace
 
 const std::string& PostgresConnectionText()
 {
-    static const Server server;
-    return server.ConnectionText();
+    return TheServer().ConnectionText();
+}
+
+void RestartPostgres()
+{
+    TheServer().Restart();
 }
 
 }  // namespace support

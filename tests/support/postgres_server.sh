@@ -3,6 +3,7 @@
 # A PostgreSQL server of our own for one test program, reachable through a socket in its folder only.
 #   postgres_server.sh start [PID]   prints the folder; the database "tarnvik" belongs to the user "tarnvik";
 #                                    with PID the server also stops when that process ends, however it ends
+#   postgres_server.sh restart FOLDER  as after a crash
 #   postgres_server.sh stop FOLDER
 set -eu
 
@@ -45,14 +46,23 @@ start)
     fi
     echo "$folder"
     ;;
+restart)
+    case "${2:-}" in */tarnvik-pg-*) ;; *) echo "postgres_server.sh: not a folder of ours: '${2:-}'" >&2; exit 2 ;; esac
+    as_server "$bin/pg_ctl" -D "$2/data" -l "$2/server.log" -m immediate -w -t 60 restart >/dev/null
+    ;;
 stop)
     case "${2:-}" in */tarnvik-pg-*) ;; *) echo "postgres_server.sh: not a folder of ours: '${2:-}'" >&2; exit 2 ;; esac
     [ -d "$2" ] || exit 0
+    # A test that ended in between may have left its processes stopped.
+    if pid=$(head -n 1 "$2/data/postmaster.pid" 2>/dev/null); then
+        # shellcheck disable=SC2046
+        kill -CONT "$pid" $(pgrep -P "$pid") 2>/dev/null || true
+    fi
     as_server "$bin/pg_ctl" -D "$2/data" -m immediate -w stop >/dev/null 2>&1 || true
     rm -rf "$2"
     ;;
 *)
-    echo "usage: postgres_server.sh start | stop FOLDER" >&2
+    echo "usage: postgres_server.sh start | restart FOLDER | stop FOLDER" >&2
     exit 2
     ;;
 esac

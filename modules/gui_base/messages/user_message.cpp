@@ -33,8 +33,13 @@ const char* TemplateOf(DatabaseError::Kind kind)
             return wxTRANSLATE(
                 "The program's own data are missing or damaged in %s. Install the program again, or set "
                 "TARNVIK_DATA to the folder that holds them.");
-        // Nothing is wrong with the database: the error says which text is too long.
+        case Kind::TimedOut:
+            return wxTRANSLATE(
+                "The database %s did not answer in time. Whether anything of this step was stored is "
+                "uncertain; check the connection and try again.");
+        // Nothing is wrong with the database: the error says all.
         case Kind::TooLong:
+        case Kind::Cancelled:
             return nullptr;
         case Kind::Failed:
             break;

@@ -80,12 +80,13 @@ std::vector<Compound> FromCompoundFile(const std::string& bytes)
     return ReadCompoundsXml(parts.front().bytes);
 }
 
-void SaveCompoundFile(const std::filesystem::path& path, const std::vector<Compound>& compounds)
+void SaveCompoundFile(const std::filesystem::path& path, const std::vector<Compound>& compounds,
+                      tncommon::FileSystem& fileSystem)
 {
-    tncommon::ReplaceFile(path, ToCompoundFile(compounds));
+    tncommon::ReplaceFile(path, ToCompoundFile(compounds), fileSystem);
 }
 
-std::vector<Compound> LoadCompoundFile(const std::filesystem::path& path)
+std::vector<Compound> LoadCompoundFile(const std::filesystem::path& path, tncommon::FileSystem& fileSystem)
 {
-    return FromCompoundFile(tncommon::ReadWholeFile(path, kLargestFile));
+    return FromCompoundFile(tncommon::ReadWholeFile(path, kLargestFile, fileSystem));
 }

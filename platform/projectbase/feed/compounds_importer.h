@@ -10,6 +10,7 @@
 
 #include "dbinterfaces/db_objects.h"
 #include "projectbase/projectbase_export.h"
+#include "tncommon/file_system.h"
 
 #include <wx/string.h>
 
@@ -47,8 +48,10 @@ PROJECTBASE_EXPORT std::vector<DBObjects::Compound> FromCompoundFile(const std::
 /// The same with a file, which is replaced as a whole or not at all; also throw std::system_error. At most
 /// 16 MiB are read.
 PROJECTBASE_EXPORT void SaveCompoundFile(const std::filesystem::path& path,
-                                         const std::vector<DBObjects::Compound>& compounds);
-PROJECTBASE_EXPORT std::vector<DBObjects::Compound> LoadCompoundFile(const std::filesystem::path& path);
+                                         const std::vector<DBObjects::Compound>& compounds,
+                                         tncommon::FileSystem& fileSystem = tncommon::FileSystem::Native());
+PROJECTBASE_EXPORT std::vector<DBObjects::Compound> LoadCompoundFile(
+    const std::filesystem::path& path, tncommon::FileSystem& fileSystem = tncommon::FileSystem::Native());
 
 /// Most compounds of one file.
 inline constexpr std::size_t kMostCompoundsOfFile = 100'000;
