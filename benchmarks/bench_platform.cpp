@@ -2,6 +2,7 @@
 // What the platform adds to start, edit and save.
 #include "projectbase/project/iex_project.h"
 #include "projectbase/project/project_file.h"
+#include "projectbase/project/recovery_file.h"
 #include "projectbase/units/unit_system_manager.h"
 #include "tests/support/project_history.h"
 
@@ -72,5 +73,33 @@ void BM_LoadProject(benchmark::State& state)
     std::filesystem::remove(path);
 }
 BENCHMARK(BM_LoadProject);
+
+void BM_KeepRecoveryCopy(benchmark::State& state)
+{
+    const iex::IEXProject project;
+    const auto folder = std::filesystem::temp_directory_path() / "bench_platform_recovery";
+    {
+        RecoveryFile recovery("plant.tarnvik", folder);
+        for (auto _ : state)
+            recovery.Save(project, {.base = FileStamp::OfBytes("plant"), .edits = {"Sodium", "Temperature"}});
+        recovery.Discard();
+    }
+    std::filesystem::remove_all(folder);
+}
+BENCHMARK(BM_KeepRecoveryCopy);
+
+/// What saving asks first: whether somebody else wrote the file.
+void BM_LookAtTheFile(benchmark::State& state)
+{
+    const iex::IEXProject project;
+    const auto path = std::filesystem::temp_directory_path() / "bench_platform.tarnvik";
+    const FileStamp stamp = ProjectFile::Save(project, path);
+    for (auto _ : state) {
+        if (FileStamp::OfFile(path) != stamp)
+            state.SkipWithError("the file is another one");
+    }
+    std::filesystem::remove(path);
+}
+BENCHMARK(BM_LookAtTheFile);
 
 }  // namespace

@@ -29,9 +29,12 @@ private:
 void AddRows(SqliteImage& image, Checksum& checksum, const std::string& query, int columns)
 {
     SqliteStatement rows = image.Prepare(query);
+    std::string bytes;
     while (rows.Step()) {
-        for (int column = 0; column < columns; ++column)
-            checksum.Add(ColumnBytes(rows, column));
+        for (int column = 0; column < columns; ++column) {
+            TakeColumnBytes(rows, column, bytes);
+            checksum.Add(bytes);
+        }
     }
     checksum.Add("end");
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "projectbase/project/project_image_values.h"
 
+#include <fmt/compile.h>
 #include <fmt/format.h>
 
 #include <bit>
@@ -117,16 +118,22 @@ std::optional<DetailData> ReadDetail(const SqliteStatement& row, int column)
     return TakeValue(detail, row, column + 3) ? std::optional(detail) : std::nullopt;
 }
 
-std::string ColumnBytes(const SqliteStatement& row, int column)
+void TakeColumnBytes(const SqliteStatement& row, int column, std::string& bytes)
 {
+    bytes.clear();
+    const auto out = std::back_inserter(bytes);
     switch (row.Type(column)) {
         case SQLITE_INTEGER:
-            return fmt::format("i{}", row.Integer(column));
+            fmt::format_to(out, FMT_COMPILE("i{}"), row.Integer(column));
+            break;
         case SQLITE_FLOAT:
-            return fmt::format("f{:016x}", std::bit_cast<std::uint64_t>(row.Double(column)));
+            fmt::format_to(out, FMT_COMPILE("f{:016x}"), std::bit_cast<std::uint64_t>(row.Double(column)));
+            break;
         case SQLITE_NULL:
-            return "n";
+            bytes = "n";
+            break;
         default:
-            return fmt::format("t{}", row.Text(column));
+            bytes = "t";
+            bytes += row.Text(column);
     }
 }

@@ -17,5 +17,5 @@ void BindValue(SqliteStatement& statement, int index, const DetailData& detail);
 /// together.
 std::optional<DetailData> ReadDetail(const SqliteStatement& row, int column);
 
-/// A column with its storage type, so that no two different contents give the same bytes.
-std::string ColumnBytes(const SqliteStatement& row, int column);
+/// Puts a column with its storage type into `bytes`, so that no two different contents give the same.
+void TakeColumnBytes(const SqliteStatement& row, int column, std::string& bytes);

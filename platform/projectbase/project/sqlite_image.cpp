@@ -5,6 +5,7 @@
 
 #include <fmt/format.h>
 
+#include <cctype>
 #include <new>
 
 namespace {
@@ -14,6 +15,24 @@ constexpr const char* kMain = "main";
 /// the largest size allowed needs a small part of it; a file made to keep us busy is stopped within a second.
 constexpr int kStepsPerLook = 1'000'000;
 constexpr int kLooks = 100;
+
+bool IsOfWord(char c)
+{
+    return std::isalnum(static_cast<unsigned char>(c)) != 0 || c == '_' || c == '$' || (c & 0x80) != 0;
+}
+
+/// Whether a definition of a table has the keyword of a calculated column. Tables of ours have it nowhere,
+/// not even in a name; to ask SQLite about each column takes a fifth of the time of loading a project.
+bool HoldsWordAs(std::string_view definition)
+{
+    for (std::size_t i = 0; i + 1 < definition.size(); ++i) {
+        const bool as = (definition[i] | 0x20) == 'a' && (definition[i + 1] | 0x20) == 's';
+        if (as && (i == 0 || !IsOfWord(definition[i - 1])) &&
+            (i + 2 == definition.size() || !IsOfWord(definition[i + 2])))
+            return true;
+    }
+    return false;
+}
 
 }  // namespace
 
@@ -76,8 +95,8 @@ std::string_view SqliteStatement::Text(int column) const
 void SqliteImage::Open()
 {
     sqlite3* database = nullptr;
-    const int result =
-        sqlite3_open_v2(":memory:", &database, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, nullptr);
+    const int result = sqlite3_open_v2(
+        ":memory:", &database, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_NOMUTEX, nullptr);
     m_database.reset(database);
     if (database == nullptr)
         throw std::bad_alloc();
@@ -113,11 +132,11 @@ SqliteImage::SqliteImage(const std::string& bytes)
         SQLITE_OK)
         throw SqliteFailure(m_database.get());
     // What a column calculates may be as much work as its author likes.
-    SqliteStatement calculated = Prepare(
-        "SELECT 1 FROM sqlite_master m JOIN pragma_table_xinfo(m.name) x WHERE m.type = 'table' AND x.hidden "
-        "> 1");
-    if (calculated.Step())
-        throw SqliteFailure("it has calculated columns");
+    SqliteStatement tables = Prepare("SELECT sql FROM sqlite_master WHERE type = 'table'");
+    while (tables.Step()) {
+        if (HoldsWordAs(tables.Text(0)))
+            throw SqliteFailure("it has calculated columns");
+    }
 }
 
 void SqliteImage::Execute(const std::string& sql)
