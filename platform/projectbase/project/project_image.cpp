@@ -293,7 +293,7 @@ void ReadGroups(SqliteImage& image, Project& project)
         const auto position = static_cast<std::size_t>(rows.Integer(1));
         if (position == groups.size())
             groups.emplace_back();
-        else if (position + 1 != groups.size())
+        else if (groups.empty() || position != groups.size() - 1)
             Damaged("a group of values is missing");
         const auto detail = ReadDetail(rows, 2);
         if (!detail)
