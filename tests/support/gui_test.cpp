@@ -10,6 +10,7 @@
 #include <wx/evtloop.h>
 #include <wx/filedlg.h>
 #include <wx/panel.h>
+#include <wx/progdlg.h>
 #include <wx/radiobut.h>
 #include <wx/stopwatch.h>
 #include <wx/textctrl.h>
@@ -129,6 +130,27 @@ int DialogAnswers::Enter(wxDialog* dialog)
     Answer answer = std::move(m_answers.front());
     m_answers.pop_front();
     return answer(*dialog);
+}
+
+CancelsProgress::CancelsProgress()
+{
+    m_timer.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { Look(); });
+    m_timer.Start(1);
+}
+
+void CancelsProgress::Look()
+{
+    for (wxWindow* window : wxTopLevelWindows) {
+        wxWindow* button = dynamic_cast<wxGenericProgressDialog*>(window) != nullptr
+                               ? window->FindWindow(wxID_CANCEL)
+                               : nullptr;
+        if (button == nullptr || m_count > 0)
+            continue;
+        ++m_count;
+        wxCommandEvent event(wxEVT_BUTTON, wxID_CANCEL);
+        event.SetEventObject(button);
+        window->GetEventHandler()->ProcessEvent(event);
+    }
 }
 
 void GuiTest::SetUp()

@@ -9,6 +9,7 @@
 #include <wx/frame.h>
 #include <wx/modalhook.h>
 #include <wx/string.h>
+#include <wx/timer.h>
 
 #include <deque>
 #include <filesystem>
@@ -100,6 +101,21 @@ protected:
 
 private:
     std::deque<Answer> m_answers;
+};
+
+/// Presses the cancel button of the first progress window, as soon as it is there.
+class CancelsProgress
+{
+public:
+    CancelsProgress();
+    /// How often it was pressed.
+    int Count() const { return m_count; }
+
+private:
+    void Look();
+
+    wxTimer m_timer;
+    int m_count = 0;
 };
 
 /// A frame with a status bar of three fields, shown.

@@ -15,8 +15,6 @@
 #include <gmock/gmock.h>
 #include <wx/filedlg.h>
 #include <wx/msgdlg.h>
-#include <wx/progdlg.h>
-#include <wx/timer.h>
 
 namespace {
 
@@ -204,27 +202,11 @@ TEST_F(ReportControllerTest, LeavesTheOldFileWhenCancelled)
     support::WriteBytes(m_path, "old");
     ExpectPages();
     ExpectFile(m_path);
-    // Presses the button of the progress window as soon as it is there.
-    wxTimer timer;
-    int pressed = 0;
-    timer.Bind(wxEVT_TIMER, [&](wxTimerEvent&) {
-        for (wxWindow* window : wxTopLevelWindows) {
-            wxWindow* button = dynamic_cast<wxGenericProgressDialog*>(window) != nullptr
-                                   ? window->FindWindow(wxID_CANCEL)
-                                   : nullptr;
-            if (button == nullptr || pressed > 0)
-                continue;
-            ++pressed;
-            wxCommandEvent event(wxEVT_BUTTON, wxID_CANCEL);
-            event.SetEventObject(button);
-            window->GetEventHandler()->ProcessEvent(event);
-        }
-    });
-    timer.Start(1);
+    const gui_test::CancelsProgress cancelling;
     for (int i = 0; i < 300; ++i)
         m_project.AddLiquid("Water");
     EXPECT_FALSE(Print({}, 0));
-    EXPECT_EQ(pressed, 1);
+    EXPECT_EQ(cancelling.Count(), 1);
     EXPECT_EQ(Bytes(), "old");
     EXPECT_EQ(FileCount(), 1);
 }
