@@ -8,6 +8,7 @@
 
 #include <benchmark/benchmark.h>
 #include <fmt/format.h>
+#include <wx/xml/xml.h>
 
 #include <filesystem>
 
@@ -118,7 +119,8 @@ void BM_Import10000Compounds(benchmark::State& state)
         state.PauseTiming();
         auto database = std::make_unique<Database>();
         state.ResumeTiming();
-        const auto plan = compound_import::MakePlan(FromCompoundFile(file), ProjectDatabase::GetCompounds());
+        const auto incoming = CompoundsImporter::Import(FromCompoundFile(file)->GetRoot());
+        const auto plan = compound_import::MakePlan(incoming, ProjectDatabase::GetCompounds());
         compound_import::CarryOut(plan, {});
         state.PauseTiming();
         database.reset();

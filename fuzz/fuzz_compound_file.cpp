@@ -3,6 +3,8 @@
 #include "projectbase/feed/compounds_importer.h"
 #include "tncommon/zip_container.h"
 
+#include <wx/xml/xml.h>
+
 #include <cstdint>
 #include <cstdlib>
 #include <string>
@@ -13,7 +15,7 @@ void Read(const std::string& bytes)
 {
     std::vector<DBObjects::Compound> compounds;
     try {
-        compounds = FromCompoundFile(bytes);
+        compounds = CompoundsImporter::Import(FromCompoundFile(bytes)->GetRoot());
     } catch (const CompoundFileError&) {
         return;
     } catch (const tncommon::ZipError&) {
@@ -26,7 +28,7 @@ void Read(const std::string& bytes)
     } catch (const std::invalid_argument&) {
         return;
     }
-    if (ToCompoundFile(FromCompoundFile(again)) != again)
+    if (ToCompoundFile(CompoundsImporter::Import(FromCompoundFile(again)->GetRoot())) != again)
         std::abort();
 }
 

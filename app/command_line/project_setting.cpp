@@ -163,8 +163,8 @@ void SetText(const Target& target, const ProjectSetting& setting)
     if (!target.detail->IsChoice(value))
         throw SettingError(fmt::format("'{}' is none of {} for {}", value,
                                        fmt::join(target.detail->GetChoices(), ", "), setting.key));
-    const bool isRead =
-        target.name != "liquid/blend.parts" || value.empty() || !water::PartsOfText(value).empty();
+    const bool isOfParts = target.name == "liquid/blend.parts" || target.name == "liquid/amine.bases";
+    const bool isRead = !isOfParts || value.empty() || !water::PartsOfText(value).empty();
     const std::size_t most = text_limits::MostOf(target.name);
     if (const std::size_t letters = text_limits::CountLetters(value); letters > most)
         throw SettingError(

@@ -20,7 +20,7 @@ std::size_t MostOf(std::string_view key)
         return kText;
     if (key.ends_with("/formula"))
         return kFormula;
-    return key == "liquid/blend.parts" ? kRecipe : kName;
+    return key == "liquid/blend.parts" || key == "liquid/amine.bases" ? kRecipe : kName;
 }
 
 std::size_t CountLetters(std::string_view utf8)

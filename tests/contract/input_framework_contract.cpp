@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // What programs that use the input framework rely on: constructors with all their arguments, operations and
 // hooks as they are called and overridden outside. A changed signature does not compile here.
+#include "gui_base/dialogs/file_name_creator.h"
 #include "gui_base/dialogs/gui_utils.h"
 #include "gui_base/dialogs/info_message_dialog.h"
 #include "gui_base/dialogs/page_selection_dialog.h"
@@ -35,6 +36,7 @@
 #include "gui_base/support/image_loader.h"
 #include "projectbase/project/iex_project.h"
 #include "tests/support/gui_test.h"
+#include "tncommon/data_dir.h"
 
 #include <wx/artprov.h>
 #include <wx/datectrl.h>
@@ -439,18 +441,35 @@ TEST_F(InputFramework, MessagesAndSmallDialogs)
                            wxDEFAULT_DIALOG_STYLE, "info");
     EXPECT_FALSE(info.GetDontShowAgainValue());
     const wxString choices[] = {"one", "two"};
-    const TvMultiChoiceDialog multi(m_frame, "message", "caption", 2, choices, wxCHOICEDLG_STYLE,
-                                    wxDefaultPosition);
+    TvMultiChoiceDialog multi(m_frame, "message", "caption", 2, choices, wxCHOICEDLG_STYLE,
+                              wxDefaultPosition);
+    wxCommandEvent press(wxEVT_BUTTON);
+    multi.OnSelectAll(press);
+    multi.TransferDataFromWindow();
+    EXPECT_EQ(multi.GetSelections().size(), 2u);
+    multi.OnDeselectAll(press);
+    multi.TransferDataFromWindow();
+    EXPECT_TRUE(multi.GetSelections().empty());
     const PageSelectionDialog pages({{"one", 1}, {"two", 2}}, m_frame, wxID_ANY, "title", wxDefaultPosition,
                                     wxDefaultSize, wxDEFAULT_DIALOG_STYLE);
     EXPECT_EQ(pages.GetActiveReports().size(), 2u);
+    const std::vector<ReportPage> reportPages = pages.GetActiveReports();
+    const PageSelectionPanel content(reportPages, 5, m_frame, wxID_ANY, wxDefaultPosition, wxDefaultSize, 0,
+                                     "pages");
+    EXPECT_EQ(content.GetChosen().size(), 2u);
+    wxFileName (FileNameCreator::*ask)(wxWindow*, const wxString&, const wxString&, const wxString&,
+                                       const wxString&, const wxString&) const = &FileNameCreator::operator();
+    EXPECT_NE(ask, nullptr);
     const TvReportController report(m_frame);
     auto* editor = new TvGridCellChoiceEditor({{"id", "text"}}, false);
     EXPECT_EQ(editor->GetChoices().size(), 1u);
     editor->DecRef();
     wxImage image;
     EXPECT_FALSE(ImageLoader::LoadImageResource(image, "nosuch", wxBITMAP_TYPE_PNG));
+    EXPECT_FALSE(ImageLoader::LoadImageResource("nosuch").IsOk());
+    EXPECT_FALSE(ImageLoader::LoadBitmapResource("nosuch").IsOk());
     EXPECT_FALSE(ImageLoader::FromBase64("!").IsOk());
+    ImageLoader::Init(wxString::FromUTF8(tncommon::DataDir().string()));
     EXPECT_THROW(TVHelpFileProvider("", "tarnvik6.htb"), std::exception);
     const std::vector<std::pair<wxString, wxString>> countries = gui_utils::GetCountries();
     EXPECT_GT(countries.size(), 200u);

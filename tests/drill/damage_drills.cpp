@@ -133,7 +133,11 @@ Result DamagedCompoundFiles()
 {
     const std::string bytes = ToCompoundFile({CompoundOf("table salt", "NaCl"), CompoundOf("lime", "CaO")});
     return Damage(
-        bytes, [](const std::string& damaged) { return ToCompoundFile(FromCompoundFile(damaged)); }, true);
+        bytes,
+        [](const std::string& damaged) {
+            return ToCompoundFile(CompoundsImporter::Import(FromCompoundFile(damaged)->GetRoot()));
+        },
+        true);
 }
 
 Result DamagedAnalyses()

@@ -12,6 +12,7 @@
 #include "tncommon/atomic_file.h"
 
 #include <fmt/format.h>
+#include <wx/xml/xml.h>
 
 #include <cerrno>
 
@@ -183,6 +184,12 @@ std::vector<DBObjects::Compound> Compounds(int count)
     return compounds;
 }
 
+std::vector<DBObjects::Compound> Read(const fs::path& path,
+                                      tncommon::FileSystem& fileSystem = tncommon::FileSystem::Native())
+{
+    return CompoundsImporter::Import(LoadCompoundFile(path, fileSystem)->GetRoot());
+}
+
 Result FailingExportsOfCompounds()
 {
     const support::TempFolder folder;
@@ -190,7 +197,7 @@ Result FailingExportsOfCompounds()
     return FailEveryWrite(
         [&] { SaveCompoundFile(path, Compounds(3)); },
         [&](tncommon::FileSystem& fileSystem) { SaveCompoundFile(path, Compounds(500), fileSystem); },
-        [&] { return std::to_string(LoadCompoundFile(path).size()); });
+        [&] { return std::to_string(Read(path).size()); });
 }
 
 Result FailingExportsOfAnalyses()
@@ -235,7 +242,7 @@ Result FailingReads()
         return std::to_string(TitleOf(*ProjectFile::Load(folder / "plant.tarnvik", fileSystem)));
     });
     FailEveryRead(result, "compounds", [&](tncommon::FileSystem& fileSystem) {
-        return std::to_string(LoadCompoundFile(folder / "compounds.mvcf", fileSystem).size());
+        return std::to_string(Read(folder / "compounds.mvcf", fileSystem).size());
     });
     return result;
 }

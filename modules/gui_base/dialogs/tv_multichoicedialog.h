@@ -15,11 +15,9 @@ public:
                         const wxPoint& pos = wxDefaultPosition);
 
     void CheckAll(bool check);
+    void OnSelectAll(wxCommandEvent& event);
+    void OnDeselectAll(wxCommandEvent& event);
 
 protected:
     wxListBoxBase* CreateList(int n, const wxString* choices, long style) override;
-
-private:
-    void OnSelectAll(wxCommandEvent& event);
-    void OnDeselectAll(wxCommandEvent& event);
 };

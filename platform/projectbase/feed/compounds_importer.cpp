@@ -72,7 +72,7 @@ std::string ToCompoundFile(const std::vector<Compound>& compounds)
     return tncommon::SaveToZip({{kRoot, std::move(xml)}});
 }
 
-std::vector<Compound> FromCompoundFile(const std::string& bytes)
+std::unique_ptr<wxXmlDocument> FromCompoundFile(const std::string& bytes)
 {
     const std::vector<tncommon::ZipPart> parts = tncommon::LoadFromZip(bytes);
     if (parts.size() != 1 || parts.front().name != kRoot)
@@ -86,7 +86,8 @@ void SaveCompoundFile(const std::filesystem::path& path, const std::vector<Compo
     tncommon::ReplaceFile(path, ToCompoundFile(compounds), fileSystem);
 }
 
-std::vector<Compound> LoadCompoundFile(const std::filesystem::path& path, tncommon::FileSystem& fileSystem)
+std::unique_ptr<wxXmlDocument> LoadCompoundFile(const std::filesystem::path& path,
+                                                tncommon::FileSystem& fileSystem)
 {
     return FromCompoundFile(tncommon::ReadWholeFile(path, kLargestFile, fileSystem));
 }

@@ -41,16 +41,17 @@ public:
     static std::unique_ptr<wxXmlDocument> Export(const std::vector<DBObjects::Compound>& compounds);
 };
 
-/// The bytes of an exchange file and what they hold. Throw as above; reading also throws tncommon::ZipError.
+/// The bytes of an exchange file and the document that they hold, for CompoundsImporter::Import. Throw as
+/// above; reading also throws tncommon::ZipError.
 PROJECTBASE_EXPORT std::string ToCompoundFile(const std::vector<DBObjects::Compound>& compounds);
-PROJECTBASE_EXPORT std::vector<DBObjects::Compound> FromCompoundFile(const std::string& bytes);
+PROJECTBASE_EXPORT std::unique_ptr<wxXmlDocument> FromCompoundFile(const std::string& bytes);
 
 /// The same with a file, which is replaced as a whole or not at all; also throw std::system_error. At most
 /// 16 MiB are read.
 PROJECTBASE_EXPORT void SaveCompoundFile(const std::filesystem::path& path,
                                          const std::vector<DBObjects::Compound>& compounds,
                                          tncommon::FileSystem& fileSystem = tncommon::FileSystem::Native());
-PROJECTBASE_EXPORT std::vector<DBObjects::Compound> LoadCompoundFile(
+PROJECTBASE_EXPORT std::unique_ptr<wxXmlDocument> LoadCompoundFile(
     const std::filesystem::path& path, tncommon::FileSystem& fileSystem = tncommon::FileSystem::Native());
 
 /// Most compounds of one file.

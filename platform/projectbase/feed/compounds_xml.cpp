@@ -26,7 +26,8 @@ constexpr std::size_t kPiece = std::size_t{1} << 18;
 class Reader
 {
 public:
-    explicit Reader(const std::string& xml) : m_xml(xml), m_parser(XML_ParserCreate("UTF-8"), &XML_ParserFree)
+    Reader(const std::string& xml, wxXmlDocument* document)
+        : m_xml(xml), m_parser(XML_ParserCreate("UTF-8"), &XML_ParserFree), m_document(document)
     {
         XML_SetUserData(m_parser.get(), this);
         XML_SetXmlDeclHandler(m_parser.get(), [](void* self, const char*, const char* encoding, int) {
@@ -47,7 +48,7 @@ public:
         });
     }
 
-    std::vector<DBObjects::Compound> Read()
+    void Read()
     {
         auto status = XML_STATUS_OK;
         for (std::size_t at = 0; at < m_xml.size() && status == XML_STATUS_OK; at += kPiece) {
@@ -66,7 +67,6 @@ public:
             throw CompoundFileError(fmt::format("the document is no well-formed XML: line {}, {}",
                                                 XML_GetCurrentLineNumber(m_parser.get()),
                                                 XML_ErrorString(XML_GetErrorCode(m_parser.get()))));
-        return std::move(m_compounds);
     }
 
 private:
@@ -96,17 +96,34 @@ private:
         if (m_depth++ == 0) {
             if (name != kRoot || attributes[0] != nullptr)
                 throw CompoundFileError("the document is no list of compounds");
+            if (m_document != nullptr)
+                m_document->SetRoot(new wxXmlNode(wxXML_ELEMENT_NODE, wxString::FromUTF8(name)));
             return;
         }
         if (m_depth > 2)
             Refuse(fmt::format("'{}' in it is no compound", std::string_view(name).substr(0, 100)));
-        if (m_compounds.size() == kMostCompoundsOfFile)
+        if (m_count == kMostCompoundsOfFile)
             throw CompoundFileError(fmt::format("there are more than {} compounds", kMostCompoundsOfFile));
+        ++m_count;
+        if (m_document != nullptr) {
+            Append(name, attributes);
+            return;
+        }
         std::vector<compound_attributes::Attribute> taken;
         // One too many is enough to refuse them.
         for (; attributes[0] != nullptr && taken.size() <= compound_attributes::kCount; attributes += 2)
             taken.emplace_back(attributes[0], attributes[1]);
-        m_compounds.push_back(compound_attributes::Read(name, taken, m_compounds.size() + 1));
+        compound_attributes::Read(name, taken, m_count);
+    }
+
+    void Append(const char* name, const char** attributes)
+    {
+        auto* node = new wxXmlNode(wxXML_ELEMENT_NODE, wxString::FromUTF8(name));
+        // Appending by way of the root would walk over all nodes before.
+        m_document->GetRoot()->InsertChildAfter(node, m_last);
+        m_last = node;
+        for (; attributes[0] != nullptr; attributes += 2)
+            node->AddAttribute(wxString::FromUTF8(attributes[0]), wxString::FromUTF8(attributes[1]));
     }
 
     void TakeText(std::string_view text)
@@ -118,24 +135,30 @@ private:
     /// For what stands beside the compounds, or in the one that was read last.
     [[noreturn]] void Refuse(const std::string& reason) const
     {
-        const std::size_t number = m_compounds.size() + (m_depth < 2 ? 1 : 0);
+        const std::size_t number = m_count + (m_depth < 2 ? 1 : 0);
         throw CompoundFileError(fmt::format("compound {}: {}", number, reason));
     }
 
     const std::string& m_xml;
     std::unique_ptr<XML_ParserStruct, decltype(&XML_ParserFree)> m_parser;
     int m_depth = 0;
-    std::vector<DBObjects::Compound> m_compounds;
+    wxXmlDocument* m_document;  ///< to be filled; null while the text is only checked
+    wxXmlNode* m_last = nullptr;
+    std::size_t m_count = 0;
     std::optional<std::string> m_error;
 };
 
 }  // namespace
 
-std::vector<DBObjects::Compound> ReadCompoundsXml(const std::string& xml)
+std::unique_ptr<wxXmlDocument> ReadCompoundsXml(const std::string& xml)
 {
     if (!tncommon::IsUtf8Text(xml))
         throw CompoundFileError("the document is not encoded in UTF-8");
     if (xml.empty())
         throw CompoundFileError("the document is no well-formed XML: it is empty");
-    return Reader(xml).Read();
+    // A document takes ten times the room of its text: none is made of a text that is refused.
+    Reader(xml, nullptr).Read();
+    auto document = std::make_unique<wxXmlDocument>();
+    Reader(xml, document.get()).Read();
+    return document;
 }

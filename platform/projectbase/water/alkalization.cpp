@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <vector>
 
 namespace water {
 
@@ -130,11 +131,13 @@ CarbonateWater WithAgent(CarbonateWater water, const DBObjects::AlkalizingAgent&
     return water;
 }
 
-WeakBase DissolvedBase(const DBObjects::AlkalizingAgent& agent, double millimoles, double celsius)
+/// All weak bases of a water that gets `millimoles` of the agent.
+std::vector<WeakBase> BasesWith(const DBObjects::AlkalizingAgent& agent, double millimoles, double celsius,
+                                std::span<const WeakBase> dissolved)
 {
-    if (!agent.pKa)
-        return {};
-    return {millimoles, PkaAt(*agent.pKa, agent.enthalpy.value_or(0.0), celsius)};
+    std::vector<WeakBase> bases(dissolved.begin(), dissolved.end());
+    bases.push_back(BaseOf(agent, millimoles, celsius));
+    return bases;
 }
 
 }  // namespace
@@ -144,6 +147,13 @@ double PkaAt(double pKa25, double enthalpy, double celsius)
     constexpr double kReference = 25.0 + kZeroCelsius;
     return pKa25 - 1e3 * enthalpy / (std::log(10.0) * kGasConstant) *
                        (1.0 / kReference - 1.0 / (celsius + kZeroCelsius));
+}
+
+WeakBase BaseOf(const DBObjects::AlkalizingAgent& agent, double millimoles, double celsius)
+{
+    if (!agent.pKa)
+        return {};
+    return {millimoles, PkaAt(*agent.pKa, agent.enthalpy.value_or(0.0), celsius)};
 }
 
 double ChargedPart(const WeakBase& base, const CarbonateState& state, double celsius)
@@ -203,39 +213,44 @@ std::optional<CarbonateState> Equilibrate(const CarbonateWater& water, std::span
 
 CarbonateForms FormsAsStated(const CarbonateState& state, double excess)
 {
+    // What the arithmetic leaves of a form that is not stated.
+    constexpr double kRounding = 1e-9;
+    const auto orNone = [](double form, double whole) { return form > kRounding * whole ? form : 0.0; };
     const double alkalinity = CarbonateAlkalinity(state);
-    const double carbonate = std::clamp(state.carbonate + excess, 0.0, 0.5 * alkalinity);
-    return {alkalinity - 2.0 * carbonate, carbonate};
+    const double stated = std::clamp(state.carbonate + excess, 0.0, 0.5 * alkalinity);
+    const double bicarbonate = orNone(alkalinity - 2.0 * stated, state.bicarbonate);
+    const double carbonate = orNone(stated, state.carbonate);
+    return {carbonate > 0.0 ? bicarbonate : alkalinity, bicarbonate > 0.0 ? carbonate : 0.5 * alkalinity};
 }
 
 std::optional<Dosing> Dose(const CarbonateWater& water, const DBObjects::AlkalizingAgent& agent,
-                           double millimoles)
+                           double millimoles, std::span<const WeakBase> dissolved)
 {
     if (!(millimoles >= 0.0 && millimoles <= kMostDose))
         return std::nullopt;
-    const WeakBase base = DissolvedBase(agent, millimoles, water.celsius);
-    const auto state = Equilibrate(WithAgent(water, agent, millimoles), {&base, 1});
+    const auto state = Equilibrate(WithAgent(water, agent, millimoles),
+                                   BasesWith(agent, millimoles, water.celsius, dissolved));
     if (!state)
         return std::nullopt;
     return Dosing{millimoles, *state};
 }
 
 std::optional<Dosing> DoseToPh(const CarbonateWater& water, const DBObjects::AlkalizingAgent& agent,
-                               double pH)
+                               double pH, std::span<const WeakBase> dissolved)
 {
     if (!(pH >= kLowestPh && pH <= kHighestPh))
         return std::nullopt;
     // How much alkalinity the water with that dose lacks at that pH; falls as the dose grows.
     const auto missing = [&](double millimoles) {
         const CarbonateWater dosed = WithAgent(water, agent, millimoles);
-        const WeakBase base = DissolvedBase(agent, millimoles, water.celsius);
-        const PhModel model(dosed, {&base, 1});
+        const std::vector<WeakBase> bases = BasesWith(agent, millimoles, water.celsius, dissolved);
+        const PhModel model(dosed, bases);
         return model.Excess(model.ConsistentAt(pH));
     };
     if (!(missing(0.0) >= 0.0))
         return std::nullopt;
     const std::optional<double> dose = Root(missing, 0.0, kMostDose);
-    return dose ? Dose(water, agent, *dose) : std::nullopt;
+    return dose ? Dose(water, agent, *dose, dissolved) : std::nullopt;
 }
 
 }  // namespace water

@@ -102,13 +102,21 @@ struct Dosing
     CarbonateState state;
 };
 
-/// The water after a dose of `millimoles` mmol/l; nothing where there is no solution.
+/// The water, with the weak bases `dissolved` in it already, after a dose of `millimoles` mmol/l; nothing
+/// where there is no solution.
 PROJECTBASE_EXPORT std::optional<Dosing> Dose(const CarbonateWater& water,
-                                              const DBObjects::AlkalizingAgent& agent, double millimoles);
+                                              const DBObjects::AlkalizingAgent& agent, double millimoles,
+                                              std::span<const WeakBase> dissolved = {});
 /// The dose that brings the water to `pH`, at most kMostDose; nothing where none does: the water is there
 /// already, or the agent cannot reach it.
 PROJECTBASE_EXPORT std::optional<Dosing> DoseToPh(const CarbonateWater& water,
-                                                  const DBObjects::AlkalizingAgent& agent, double pH);
+                                                  const DBObjects::AlkalizingAgent& agent, double pH,
+                                                  std::span<const WeakBase> dissolved = {});
+
+/// `millimoles` mmol/l of the agent as a base dissolved in a water; no base where the agent is none that is
+/// weak.
+PROJECTBASE_EXPORT WeakBase BaseOf(const DBObjects::AlkalizingAgent& agent, double millimoles,
+                                   double celsius);
 
 /// mmol/l. Beyond this the activity coefficients mean nothing.
 inline constexpr double kMostDose = 500.0;

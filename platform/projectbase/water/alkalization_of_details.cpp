@@ -25,7 +25,16 @@ void AddToIon(DetailList& liquid, std::string_view ion, double meq)
 void Add(DetailList& liquid, const char* key, double amount)
 {
     DetailData& detail = liquid.At(key);
-    detail.SetValue(detail.GetDoubleValue() + amount);
+    detail.SetValue(std::max(0.0, detail.GetDoubleValue() + amount));
+}
+
+/// The cation that an agent leaves in the water grows by `meq`.
+void AddCation(DetailList& liquid, const DBObjects::AlkalizingAgent& agent, double meq)
+{
+    if (!agent.ion.empty())
+        return AddToIon(liquid, agent.ion, meq);
+    Add(liquid, "liquid/alk.cation.meql", meq);
+    Add(liquid, "liquid/alk.cation.mgl", meq * agent.cationMass);
 }
 
 void Apply(DetailList& liquid, const DBObjects::AlkalizingAgent& agent, const KnownCarbonate& start,
@@ -40,13 +49,12 @@ void Apply(DetailList& liquid, const DBObjects::AlkalizingAgent& agent, const Kn
                  state.hydrogen + state.bisulfate - start.state.hydrogen - start.state.bisulfate);
         AddToIon(liquid, "oh.minus", state.hydroxide - start.state.hydroxide);
     }
-    const double cation = agent.pKa ? state.baseCations : agent.valency * dosing.dose;
-    if (!agent.ion.empty()) {
-        AddToIon(liquid, agent.ion, cation);
-    } else {
-        Add(liquid, "liquid/alk.cation.meql", cation);
-        Add(liquid, "liquid/alk.cation.mgl", cation * agent.cationMass);
-    }
+    const double celsius = liquid.At("liquid/temp").GetDoubleValue();
+    for (const auto& [base, brought] : start.bases)
+        AddCation(liquid, *brought,
+                  ChargedPart(base, state, celsius) - ChargedPart(base, start.state, celsius));
+    const WeakBase dosed = BaseOf(agent, dosing.dose, celsius);
+    AddCation(liquid, agent, agent.pKa ? ChargedPart(dosed, state, celsius) : agent.valency * dosing.dose);
     liquid.At("liquid/co2.mgl").SetValue(state.co2 * ions::FindIon("co2")->molarMass);
     liquid.At("liquid/alk.ph").SetValue(state.pH);
     liquid.At("liquid/alk.dosed").SetValue(dosing.dose * agent.molarMass);
@@ -75,8 +83,10 @@ AlkalizationResult CalculateAlkalization(DetailList& liquid)
     if (!start.IsKnown())
         return AlkalizationResult::UnknownWater;
 
-    const std::optional<Dosing> dosing =
-        byDose ? Dose(start.water, *agent, goal / agent->molarMass) : DoseToPh(start.water, *agent, goal);
+    const std::vector<WeakBase> dissolved = WithoutAgents(start.bases);
+    const std::optional<Dosing> dosing = byDose
+                                             ? Dose(start.water, *agent, goal / agent->molarMass, dissolved)
+                                             : DoseToPh(start.water, *agent, goal, dissolved);
     if (!dosing)
         return AlkalizationResult::Unreachable;
     Apply(liquid, *agent, start, *dosing);

@@ -88,11 +88,11 @@ private:
     void MixBalance();
     void MixCarbonate();
     void SetState(const CarbonateState& state);
+    std::vector<DissolvedBase> MixedBases(double celsius) const;
     void SetChargedBases(const CarbonateState& state, double celsius);
 
     std::vector<Part> m_parts;
     DetailList& m_target;
-    std::vector<WeakBase> m_bases;  ///< of the mixture, in the order of the parts that have one
 };
 
 void Mixer::SetTyped(const IonRow& row, double value, std::string_view unit)
@@ -177,25 +177,34 @@ void Mixer::MixBalance()
     AddTyped("cl", isBalanced ? foundAnew : chloride);
 }
 
-/// The charged part of the bases that were dosed into the waters.
+/// What the mixture has of the weak bases of each part, in the order of the parts.
+std::vector<DissolvedBase> Mixer::MixedBases(double celsius) const
+{
+    std::vector<DissolvedBase> mixed;
+    for (const Part& part : m_parts) {
+        for (const auto& [base, agent] : part.carbonate.bases)
+            mixed.push_back({{part.share * base.amount, PkaOf(*agent, celsius)}, agent});
+    }
+    return mixed;
+}
+
+/// The charged part of the weak bases changes with the pH.
 void Mixer::SetChargedBases(const CarbonateState& state, double celsius)
 {
-    std::size_t base = 0;
     for (const Part& part : m_parts) {
-        if (!part.carbonate.base)
-            continue;
-        const auto& [dosed, agent] = *part.carbonate.base;
-        const double before =
-            ChargedPart(dosed, part.carbonate.state, Value(part.liquid, "liquid/temp")) * part.share;
-        const double change = ChargedPart(m_bases[base++], state, celsius) - before;
-        if (!agent->ion.empty()) {
-            AddTyped(agent->ion, change);
-            continue;
-        }
-        for (const auto& [key, weight] :
-             {std::pair("liquid/amine.meql", 1.0), std::pair("liquid/amine.mgl", agent->cationMass)}) {
-            DetailData& amine = m_target.At(key);
-            amine.SetValue(std::max(0.0, amine.GetDoubleValue() + change * weight));
+        for (const auto& [base, agent] : part.carbonate.bases) {
+            const double before = ChargedPart(base, part.carbonate.state, Value(part.liquid, "liquid/temp"));
+            const WeakBase after{base.amount, PkaOf(*agent, celsius)};
+            const double change = part.share * (ChargedPart(after, state, celsius) - before);
+            if (!agent->ion.empty()) {
+                AddTyped(agent->ion, change);
+                continue;
+            }
+            for (const auto& [key, weight] :
+                 {std::pair("liquid/amine.meql", 1.0), std::pair("liquid/amine.mgl", agent->cationMass)}) {
+                DetailData& amine = m_target.At(key);
+                amine.SetValue(std::max(0.0, amine.GetDoubleValue() + change * weight));
+            }
         }
     }
 }
@@ -206,7 +215,7 @@ void Mixer::SetState(const CarbonateState& state)
         return state.*amount - Sum([amount](const Part& part) { return part.carbonate.state.*amount; });
     };
     // Bracketing leaves an error beyond the digits that a pH has.
-    constexpr double kDigits = 1e6;
+    constexpr double kDigits = 1e9;
     m_target.At("liquid/ph").SetValue(std::round(state.pH * kDigits) / kDigits);
     const CarbonateForms forms =
         FormsAsStated(state, Sum([](const Part& part) { return part.carbonate.excess; }));
@@ -229,23 +238,21 @@ void Mixer::SetState(const CarbonateState& state)
 /// pH, bicarbonate, carbonate and CO2 of the mixture; leaves the linear values where the pH is not known.
 void Mixer::MixCarbonate()
 {
+    const double celsius = SumOf("liquid/temp");
+    const std::vector<DissolvedBase> bases = MixedBases(celsius);
+    StoreBases(bases, m_target);
     m_target.At("liquid/ph").SetValue(kUnknown);
     m_target.At("liquid/co2.orig").SetValue(SumOf("liquid/co2.mgl"));
     m_target.At("liquid/co2.unit").SetValue(std::string(ions::kMgPerLitre));
     if (!All([](const Part& part) { return part.carbonate.IsKnown(); }))
         return;
-    CarbonateWater mixed{.celsius = SumOf("liquid/temp")};
+    CarbonateWater mixed{.celsius = celsius};
     for (double CarbonateWater::*amount : {&CarbonateWater::totalCarbon, &CarbonateWater::alkalinity,
                                            &CarbonateWater::backgroundStrength, &CarbonateWater::sulfate})
         mixed.*amount = Sum([amount](const Part& part) { return part.carbonate.water.*amount; });
-    for (const Part& part : m_parts) {
-        if (part.carbonate.base)
-            m_bases.push_back({part.share * part.carbonate.base->base.amount,
-                               PkaOf(*part.carbonate.base->agent, mixed.celsius)});
-    }
-    if (const auto state = Equilibrate(mixed, m_bases)) {
+    if (const auto state = Equilibrate(mixed, WithoutAgents(bases))) {
         SetState(*state);
-        SetChargedBases(*state, mixed.celsius);
+        SetChargedBases(*state, celsius);
     }
 }
 

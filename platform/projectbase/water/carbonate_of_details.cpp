@@ -2,6 +2,7 @@
 #include "projectbase/water/carbonate_of_details.h"
 
 #include "dbinterfaces/master_database.h"
+#include "projectbase/water/blend_recipe.h"
 #include "projectbase/water/normalization.h"
 #include "projectbase/water/totals.h"
 
@@ -12,16 +13,21 @@ namespace water {
 
 namespace {
 
-std::optional<DosedBase> DosedBaseOf(const DetailList& liquid)
+constexpr const char* kBases = "liquid/amine.bases";
+
+std::vector<DissolvedBase> BasesOf(const DetailList& liquid)
 {
-    const double dosed = liquid.At("liquid/alk.dosed").GetDoubleValue();
-    if (!std::isfinite(dosed))
-        return std::nullopt;
-    const auto* agent = FindAgent(liquid.At("liquid/alk.type").GetStdStringValue());
-    if (agent == nullptr || !agent->pKa)
-        return std::nullopt;
-    return DosedBase{{dosed / agent->molarMass, PkaOf(*agent, liquid.At("liquid/temp").GetDoubleValue())},
-                     agent};
+    std::vector<DissolvedBase> bases;
+    const double celsius = liquid.At("liquid/temp").GetDoubleValue();
+    const auto add = [&](const DBObjects::AlkalizingAgent* agent, double millimoles) {
+        if (agent != nullptr && agent->pKa && std::isfinite(millimoles))
+            bases.push_back({{millimoles, PkaOf(*agent, celsius)}, agent});
+    };
+    for (const BlendPart& brought : PartsOfText(liquid.At(kBases).GetStdStringValue()))
+        add(FindAgent(brought.water), brought.amount);
+    if (const auto* agent = FindAgent(liquid.At("liquid/alk.type").GetStdStringValue()))
+        add(agent, liquid.At("liquid/alk.dosed").GetDoubleValue() / agent->molarMass);
+    return bases;
 }
 
 /// Ionic strength (mol/l) of everything but carbonic acid, H+ and OH-.
@@ -48,6 +54,27 @@ double PkaOf(const DBObjects::AlkalizingAgent& agent, double celsius)
     return PkaAt(agent.pKa.value(), agent.enthalpy.value_or(0.0), celsius);
 }
 
+std::vector<WeakBase> WithoutAgents(const std::vector<DissolvedBase>& bases)
+{
+    std::vector<WeakBase> weak;
+    for (const DissolvedBase& dissolved : bases)
+        weak.push_back(dissolved.base);
+    return weak;
+}
+
+void StoreBases(const std::vector<DissolvedBase>& bases, DetailList& liquid)
+{
+    std::vector<BlendPart> parts;
+    for (const auto& [base, agent] : bases) {
+        const auto same = std::ranges::find(parts, agent->key, &BlendPart::water);
+        if (same != parts.end())
+            same->amount += base.amount;
+        else if (base.amount > 0.0)
+            parts.push_back({agent->key, base.amount});
+    }
+    liquid.At(kBases).SetValue(PartsText(parts));
+}
+
 bool KnownCarbonate::IsKnown() const
 {
     return !contradictsPh && std::isfinite(water.alkalinity) && std::isfinite(water.totalCarbon);
@@ -60,21 +87,21 @@ KnownCarbonate CarbonateOf(const DetailList& liquid)
     const Composition composition = WholeComposition(liquid);
     const double pH = isFull ? PhOf(liquid) : std::nan("");
     known.contradictsPh = ContradictsPh(composition, pH);
-    known.base = DosedBaseOf(liquid);
+    known.bases = BasesOf(liquid);
+    const std::vector<WeakBase> bases = WithoutAgents(known.bases);
     PhWater stated{.pH = pH,
                    .celsius = liquid.At("liquid/temp").GetDoubleValue(),
                    .carbonateAlkalinity = composition[Species::Hco3] + 2.0 * composition[Species::Co3],
                    .co2 = Co2Of(liquid),
                    .backgroundStrength = BackgroundStrength(composition),
                    .sulfate = composition[Species::So4]};
-    if (known.base) {
-        stated.bases = {&known.base->base, 1};
-        // The charged part of the base stands among the ions, too.
+    if (!bases.empty()) {
+        stated.bases = bases;
+        // The charged part of the bases stands among the ions, too.
         constexpr int kPasses = 3;
         const double strength = stated.backgroundStrength;
         for (int pass = 0; pass < kPasses; ++pass)
-            stated.backgroundStrength =
-                strength - 0.5e-3 * ChargedPart(known.base->base, StateFromPh(stated), stated.celsius);
+            stated.backgroundStrength = strength - 0.5e-3 * StateFromPh(stated).baseCations;
     }
     known.state = StateFromPh(stated);
     known.water = WaterFromPh(stated, known.state);

@@ -50,24 +50,21 @@ void wxAutoComboBox::ProcessTextInput()
 {
     if (HasFlag(wxCB_READONLY))
         return;
-    if (IsEnterKey()) {
-        if (IsItemFound())
-            RemoveTextMarking();
-        return;
-    }
     if (!IsTypingKey())
         return;
     if (GetValue().empty()) {
         SelectFirstListItem();
         return;
     }
-    if (!IsSearchableKey() || IsDelete()) {
+    if (!IsSearchableKey()) {
         ResetSearchResults();
         return;
     }
-    if (!m_matcherIsStale && GetShownText() == m_lookedUp)
-        return;
-    SelectMatchingListItem();
+    if (m_matcherIsStale || GetShownText() != m_lookedUp)
+        SelectMatchingListItem();
+    // Enter takes what is proposed.
+    if (IsEnterKey() && IsItemFound())
+        RemoveTextMarking();
     m_lookedUp = GetShownText();
 }
 
@@ -210,11 +207,6 @@ bool wxAutoComboBox::IsEnterKey() const
 bool wxAutoComboBox::IsBackspace() const
 {
     return m_lastKeyCode == WXK_BACK;
-}
-
-bool wxAutoComboBox::IsDelete() const
-{
-    return m_lastKeyCode == WXK_DELETE || m_lastKeyCode == WXK_NUMPAD_DELETE;
 }
 
 bool wxAutoComboBox::IsUpArrowKey() const

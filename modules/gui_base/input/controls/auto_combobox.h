@@ -72,7 +72,6 @@ private:
     bool IsTypingKey() const;
     bool IsEnterKey() const;
     bool IsBackspace() const;
-    bool IsDelete() const;
     bool IsUpArrowKey() const;
     bool IsDownArrowKey() const;
     bool IsLeftArrowKey() const;

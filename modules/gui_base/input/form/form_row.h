@@ -32,8 +32,8 @@ struct FormLimits
 
 struct FormRow
 {
-    const char* key;
-    const char* label;  ///< source text; names the field for messages and screen readers, too
+    const char* key = nullptr;
+    const char* label = nullptr;  ///< source text; names the field for messages and screen readers, too
     FormField field = FormField::Input;
     /// ISO unit that is shown behind the field; null for the unit of the detail, empty for none.
     const char* unit = nullptr;

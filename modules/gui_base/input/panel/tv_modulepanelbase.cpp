@@ -80,6 +80,7 @@ void ModulePanelBase::RecreatePanel()
     ClearLocalizableControls();
     ClearTransferDetails();
     m_detailContainerWindows.clear();
+    m_answeredFields.clear();
     Create();
     Layout();
     Refresh();
@@ -209,6 +210,8 @@ void ModulePanelBase::SynchronizeProject()
 
 void ModulePanelBase::OnFieldUpdate(wxCommandEvent& event)
 {
+    if (event.GetEventType() == wxEVT_TEXT_ENTER)
+        m_answeredFields.insert(event.GetId());
     SynchronizeProject();
     SendChangeEvent();
     // Other handlers of this panel may hear of it, too; the host hears what was just sent.
@@ -227,11 +230,10 @@ void ModulePanelBase::SendChangeEvent()
 void ModulePanelBase::OnChildChanged(wxCommandEvent& event)
 {
     // The host hears of one edit once: an event that OnFieldUpdate answered climbs no further, and that of a
-    // text field, whose commit was answered already, ends here. Panels inside this one and other controls
-    // speak for themselves.
-    const bool answered = !event.ShouldPropagate();
-    const wxWindow* child = event.GetId() == wxID_ANY ? nullptr : FindWindow(event.GetId());
-    if (!answered && dynamic_cast<const wxTextCtrl*>(child) == nullptr)
+    // text field whose commit was answered already ends here. Panels inside this one, other controls and
+    // fields that this panel does not answer speak for themselves.
+    const bool answered = !event.ShouldPropagate() || m_answeredFields.contains(event.GetId());
+    if (!answered)
         event.Skip();
 }
 

@@ -26,6 +26,7 @@
 #include <wx/weakref.h>
 
 #include <memory>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -178,4 +179,5 @@ private:
     bool m_synchronizing = false;
     bool m_stale = false;  ///< what others changed is still to be shown
     int m_wheelTurn = 0;
+    std::set<int> m_answeredFields;  ///< ids of the fields whose commits OnFieldUpdate answers
 };

@@ -41,6 +41,7 @@ void ModulePanelBase::SetupInputControl(wxTextCtrl* control)
     if (control == nullptr)
         return;
     ConnectControlToStatusBar(control);
+    m_answeredFields.insert(control->GetId());
     control->Bind(wxEVT_TEXT_ENTER, &ModulePanelBase::OnFieldUpdate, this);
 }
 

@@ -45,6 +45,16 @@ public:
     /// What the category field offers to complete.
     void SetCategories(const std::vector<std::string>& categories);
 
+    /// Tells of an edit, upon which the model follows the fields, and what is derived the model.
+    void PostUICallbackUpdateEvent();
+    void OnModelUpdate(wxCommandEvent& event);
+    void UpdateDisplay();
+    void UpdateSelectionBoxes();
+    void UpdateElementList();
+    void UpdateButtons();
+    /// Tells the owner to save; the user is told first what is missing.
+    void OnSaveClick(wxCommandEvent& event);
+
 private:
     void CreateControls();
     wxSizer* AddHeaderFields();
@@ -62,20 +72,13 @@ private:
     void BindEvents();
     void SetValidators();
 
-    void PostUICallbackUpdateEvent();
-    void OnModelUpdate(wxCommandEvent& event);
-    void OnSaveClick(wxCommandEvent& event);
     void OnClearClick(wxCommandEvent& event);
     void OnOxidationChoice(wxCommandEvent& event);
     void OnElementActivated(long row);
 
     void ReadFields();
     void ShowFields();
-    void UpdateDisplay();
     void UpdateFormulaMessage();
-    void UpdateSelectionBoxes();
-    void UpdateElementList();
-    void UpdateButtons();
 
     Compound m_model;
     // What the numeric fields are bound to.

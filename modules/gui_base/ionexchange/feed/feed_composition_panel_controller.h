@@ -22,6 +22,8 @@
 #include <string>
 #include <vector>
 
+class wxXmlDocument;
+
 class GUI_BASE_EXPORT FeedCompositionPanelController : public wxEvtHandler, private ProjectObserver
 {
 public:
@@ -39,10 +41,11 @@ public:
 
     /// Writes the selected compounds to an exchange file and says so; an error is shown.
     void Export(const std::vector<int>& selected, const Compounds& compounds, const wxString& path);
-    /// Lets the user choose among the compounds of a file, asks about those that the database already has,
-    /// and stores the others in one transaction.
-    void Import(const Compounds& incoming);
-    /// Reads an exchange file and imports its compounds; a file that cannot be read is shown as an error.
+    /// Lets the user choose among the compounds of a document, asks about those that the database already
+    /// has, and stores the others in one transaction. Throws CompoundFileError for a document that is no list
+    /// of compounds.
+    void Import(const wxXmlDocument& document);
+    /// Reads an exchange file and imports its document; a file that cannot be read is shown as an error.
     void ImportFile(const wxString& path);
 
     /// The lists to choose from, read anew.

@@ -8,6 +8,8 @@
 #include "projectbase/library/compound_import.h"
 #include "tncommon/zip_container.h"
 
+#include <wx/xml/xml.h>
+
 #include <algorithm>
 #include <system_error>
 
@@ -149,29 +151,29 @@ void FeedCompositionPanelController::ImportFile(const wxString& path)
         m_view->ShowErrorMessage(wxString::Format(
             Tr(wxTRANSLATE("An error occurred during reading the file: %s")), path + "\n" + cause));
     };
-    Compounds incoming;
-    try {
-        incoming = LoadCompoundFile(path.utf8_string());
-    } catch (const std::system_error&) {
-        m_view->ShowErrorMessage(wxString::Format(Tr(wxTRANSLATE("Couldn't open file to read: %s")), path));
-        return;
-    } catch (const tncommon::ZipError& error) {
-        unreadable(Tr(error.what()));
-        return;
-    } catch (const CompoundFileError& error) {
-        unreadable(wxString::FromUTF8(error.what()));
-        return;
-    }
+    const auto work = [&] {
+        try {
+            Import(*LoadCompoundFile(path.utf8_string()));
+        } catch (const std::system_error&) {
+            m_view->ShowErrorMessage(
+                wxString::Format(Tr(wxTRANSLATE("Couldn't open file to read: %s")), path));
+        } catch (const tncommon::ZipError& error) {
+            unreadable(Tr(error.what()));
+        } catch (const CompoundFileError& error) {
+            unreadable(wxString::FromUTF8(error.what()));
+        }
+    };
     // What an import that fails half-way has brought is shown, too.
-    Guarded([&] { Import(incoming); });
+    Guarded(work);
     Guarded([&] {
         InitCategorySelection();
         UpdateCompoundSelectionFiltered();
     });
 }
 
-void FeedCompositionPanelController::Import(const Compounds& incoming)
+void FeedCompositionPanelController::Import(const wxXmlDocument& document)
 {
+    const Compounds incoming = CompoundsImporter::Import(document.GetRoot());
     const auto picked = m_view->ShowImportCompoundDialog(Labels(incoming));
     if (!picked || picked->empty())
         return;

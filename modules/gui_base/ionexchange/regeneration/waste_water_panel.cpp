@@ -149,12 +149,12 @@ wxSizer* TvWasteWaterAndComposition::CreateRegenerants(wxWindow* parent)
         label(name);
         AddField(parent, *grid, details.At("stepcomp/rm"), name);
         AddField(parent, *grid, details.At("stepcomp/m.neutral"), name);
-        AddField(parent, *grid, details.At("stepcomp/rb.spec"), name);
-        // What the base regenerant takes beyond, of which no consumption is stated.
+        grid->AddSpacer(0);
+        // The base regenerant alone has a consumption.
         label(wxTRANSLATE("Base regenerant"));
         AddField(parent, *grid, details.At("stepcomp/rb.delta"), name);
         AddField(parent, *grid, details.At("stepcomp/rb.neutral"), name);
-        grid->AddSpacer(0);
+        AddField(parent, *grid, details.At("stepcomp/rb.spec"), name);
     }
     return grid;
 }

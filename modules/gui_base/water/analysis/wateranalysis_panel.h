@@ -81,6 +81,26 @@ public:
     /// The number or text field of a detail, or null.
     TvTextCtrl* FindField(const std::string& key) const { return GetFields().FindField(key); }
 
+    /// What the controls of the panel tell it.
+    void OnAnalysisFullSelected(wxCommandEvent& event);
+    void OnAnalysisShortTdsSelected(wxCommandEvent& event);
+    void OnAnalysisShortCondSelected(wxCommandEvent& event);
+    void OnShortTDSChanged(wxCommandEvent& event);
+    void OnShortCondChanged(wxCommandEvent& event);
+    void OnBalanceAutoClick(wxCommandEvent& event);
+    void OnBalancePHClick(wxCommandEvent& event);
+    void OnAlkalizationClick(wxCommandEvent& event);
+    void OnCO2CalculatorClick(wxCommandEvent& event);
+    void OnCalculateCO2Click(wxCommandEvent& event);
+    void OnDefaultUnitClicked(wxCommandEvent& event);
+    void OnNameChange(wxCommandEvent& event);
+    void OnNameUpdate(wxCommandEvent& event);
+    void OnCollPaneChanged(wxCollapsiblePaneEvent& event);
+    void OnTemparatureUnitChanged(wxCommandEvent& event);
+    void OnHPlusUpdate(wxUpdateUIEvent& event);
+    void OnOhMinusUpdate(wxUpdateUIEvent& event);
+    void OnPhUpdate(wxUpdateUIEvent& event);
+
 protected:
     /// For panels that add controls of their own: their constructor calls Create.
     struct CreatedByDerived
@@ -116,25 +136,7 @@ private:
     void UpdateAndSignal();
     bool IsFull() const;
 
-    void OnAnalysisFullSelected(wxCommandEvent& event);
-    void OnAnalysisShortTdsSelected(wxCommandEvent& event);
-    void OnAnalysisShortCondSelected(wxCommandEvent& event);
-    void OnShortTDSChanged(wxCommandEvent& event);
-    void OnShortCondChanged(wxCommandEvent& event);
-    void OnBalanceAutoClick(wxCommandEvent& event);
-    void OnBalancePHClick(wxCommandEvent& event);
-    void OnAlkalizationClick(wxCommandEvent& event);
-    void OnCO2CalculatorClick(wxCommandEvent& event);
-    void OnCalculateCO2Click(wxCommandEvent& event);
-    void OnDefaultUnitClicked(wxCommandEvent& event);
-    void OnNameChange(wxCommandEvent& event);
-    void OnNameUpdate(wxCommandEvent& event);
-    void OnCollPaneChanged(wxCollapsiblePaneEvent& event);
-    void OnTemparatureUnitChanged(wxCommandEvent& event);
     void OnUnitChanged(wxCommandEvent& event);
-    void OnHPlusUpdate(wxUpdateUIEvent& event);
-    void OnOhMinusUpdate(wxUpdateUIEvent& event);
-    void OnPhUpdate(wxUpdateUIEvent& event);
     void OnSize(wxSizeEvent& event);
 
     LiquidData& m_liquid;

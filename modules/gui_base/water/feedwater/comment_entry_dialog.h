@@ -27,11 +27,13 @@ public:
     void SetComment(const wxString& comment);
     wxTextCtrl* GetField() const { return m_field; }
 
+    /// Takes the text and ends the dialog with wxID_OK.
+    void OnSaveClick(wxCommandEvent& event);
+
 private:
     void CreateControls();
     void BindEvents();
     void SetValidators();
-    void OnSaveClick(wxCommandEvent& event);
 
     wxString m_comment;
     wxTextCtrl* m_field = nullptr;

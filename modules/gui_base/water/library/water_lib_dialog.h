@@ -87,6 +87,18 @@ public:
 
     WaterLibListView& GetWaterList() const { return *m_waters; }
 
+    /// What the controls of the dialog tell it.
+    void OnTreeItemSelected(wxTreeEvent& event);
+    void OnListItemSelected(wxListEvent& event);
+    void OnColumnClick(wxListEvent& event);
+    void OnKeyDownList(wxListEvent& event);
+    void OnKeyDownTree(wxTreeEvent& event);
+    void OnListItemRClicked(wxListEvent& event);
+    void OnTreeItemRClicked(wxTreeEvent& event);
+    void OnListItemDelete(wxCommandEvent& event);
+    void OnTreeItemDelete(wxCommandEvent& event);
+    void OnUseSelectedClick(wxCommandEvent& event);
+
 private:
     void CreateControls();
     wxWindow* CreateWaterPanel(wxWindow* parent);
@@ -102,16 +114,6 @@ private:
                      void (WaterLibDialog::*handler)(wxCommandEvent&));
     void CloseWith(int code);
 
-    void OnTreeItemSelected(wxTreeEvent& event);
-    void OnListItemSelected(wxListEvent& event);
-    void OnColumnClick(wxListEvent& event);
-    void OnKeyDownList(wxListEvent& event);
-    void OnKeyDownTree(wxTreeEvent& event);
-    void OnListItemRClicked(wxListEvent& event);
-    void OnTreeItemRClicked(wxTreeEvent& event);
-    void OnListItemDelete(wxCommandEvent& event);
-    void OnTreeItemDelete(wxCommandEvent& event);
-    void OnUseSelectedClick(wxCommandEvent& event);
     void OnSearch(wxCommandEvent& event);
     void OnCharHook(wxKeyEvent& event);
 

@@ -8,27 +8,6 @@
 
 #include <wx/translation.h>
 
-#include <array>
-
-namespace {
-
-constexpr std::array kRows{
-    FormRow{.key = "liquid/ph", .label = wxTRANSLATE("pH"), .limits = FormLimits{0.0, 14.0}},
-    FormRow{.key = "liquid/temp.orig",
-            .label = wxTRANSLATE("Temperature"),
-            .unitKey = "liquid/temp.unit",
-            .units = water_units::OfTemperatures,
-            .limits = FormLimits{0.0, 100.0}},
-    FormRow{.key = "liquid/hco3.orig",
-            .label = wxTRANSLATE("HCO3"),
-            .unitKey = "liquid/hco3.unit",
-            .units = water_units::OfIons,
-            .limits = FormLimits{0.0, 999999.0}},
-    FormRow{.key = "liquid/co2.mgl", .label = wxTRANSLATE("CO2"), .field = FormField::Result},
-};
-
-}  // namespace
-
 tvCO2CalculatorPanel::tvCO2CalculatorPanel(Project* project, int liquid, wxWindow* parent, int id,
                                            const wxPoint& pos, const wxSize& size, long style,
                                            const wxString& name)
@@ -37,9 +16,44 @@ tvCO2CalculatorPanel::tvCO2CalculatorPanel(Project* project, int liquid, wxWindo
     Create();
 }
 
+void tvCO2CalculatorPanel::AddRow(const wxString& label, const wxString& key, FormRow row)
+{
+    const std::string keyText = key.utf8_string();
+    const std::string labelText = label.utf8_string();
+    row.key = keyText.c_str();
+    row.label = labelText.c_str();
+    AddRows({&row, 1});
+}
+
+void tvCO2CalculatorPanel::AddInputCombinationControl(const wxString& label, const wxString& key, double min,
+                                                      double max)
+{
+    AddRow(label, key, {.limits = FormLimits{min, max}});
+}
+
+void tvCO2CalculatorPanel::AddInputCombinationUnitControl(const wxString& label, const wxString& key,
+                                                          const wxString& unitKey, double min, double max)
+{
+    const std::string unitText = unitKey.utf8_string();
+    AddRow(label, key,
+           {.unitKey = unitText.c_str(),
+            .units = key.StartsWith("liquid/temp") ? water_units::OfTemperatures : water_units::OfIons,
+            .limits = FormLimits{min, max}});
+}
+
+void tvCO2CalculatorPanel::AddDoubleOutputCombinationControl(const wxString& label, const wxString& key)
+{
+    AddRow(label, key, {.field = FormField::Result});
+}
+
 void tvCO2CalculatorPanel::DoCreateRows()
 {
-    AddRows(kRows);
+    AddInputCombinationControl(wxTRANSLATE("pH"), "liquid/ph", 0.0, 14.0);
+    AddInputCombinationUnitControl(wxTRANSLATE("Temperature"), "liquid/temp.orig", "liquid/temp.unit", 0.0,
+                                   100.0);
+    AddInputCombinationUnitControl(wxTRANSLATE("HCO3"), "liquid/hco3.orig", "liquid/hco3.unit", 0.0,
+                                   999999.0);
+    AddDoubleOutputCombinationControl(wxTRANSLATE("CO2"), "liquid/co2.mgl");
     const DetailData limits = Settings::GetSetting("temp.init");
     GetFields().SetUnitLimits(
         "liquid/temp.orig",

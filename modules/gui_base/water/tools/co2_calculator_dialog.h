@@ -18,8 +18,21 @@ public:
                          const wxPoint& pos = wxDefaultPosition, const wxSize& size = wxDefaultSize,
                          long style = wxTAB_TRAVERSAL, const wxString& name = wxASCII_STR(wxPanelNameStr));
 
+    /// A row of its own for a detail of the water, while the rows are made: for derived panels. Labels are
+    /// source texts; the number of an input is checked against both limits. They throw std::runtime_error for
+    /// a key that the water lacks.
+    void AddInputCombinationControl(const wxString& label, const wxString& key, double min, double max);
+    /// With a choice of the units in which a temperature or an ion can be typed.
+    void AddInputCombinationUnitControl(const wxString& label, const wxString& key, const wxString& unitKey,
+                                        double min, double max);
+    /// A number that is only shown.
+    void AddDoubleOutputCombinationControl(const wxString& label, const wxString& key);
+
 protected:
     void DoCreateRows() override;
+
+private:
+    void AddRow(const wxString& label, const wxString& key, FormRow row);
 };
 
 class GUI_BASE_EXPORT tvCO2CalculatorDialog : public LiquidToolDialog
@@ -33,7 +46,6 @@ public:
 
     tvCO2CalculatorPanel* GetPanel() const { return static_cast<tvCO2CalculatorPanel*>(GetToolPanel()); }
 
-protected:
     void RestoreData() override;
 
 private:

@@ -11,6 +11,14 @@
 
 class GUI_BASE_EXPORT LiquidToolDialog : public wxDialog
 {
+public:
+    /// Brings the water back to what it was.
+    virtual void RestoreData() = 0;
+
+    void OnOK(wxCommandEvent& event);
+    void OnCancel(wxCommandEvent& event);
+    void OnClose(wxCloseEvent& event);
+
 protected:
     LiquidToolDialog(Project* project, int liquid, wxWindow* parent, int id, const wxString& title,
                      const wxPoint& pos, const wxSize& size, long style, const wxString& name);
@@ -18,12 +26,6 @@ protected:
     /// Puts the panel above the buttons and fits the dialog.
     void CreateControls(LiquidToolPanel* panel);
     void BindEvents();
-    /// Brings the water back to what it was.
-    virtual void RestoreData() = 0;
-
-    void OnOK(wxCommandEvent& event);
-    void OnCancel(wxCommandEvent& event);
-    void OnClose(wxCloseEvent& event);
 
     DetailList& GetDetails() const;
     Project* GetProject() const { return m_project; }

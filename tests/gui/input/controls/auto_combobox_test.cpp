@@ -93,6 +93,10 @@ TEST_F(AutoComboBoxTest, CompletesWhatIsTyped)
     EXPECT_EQ(PressKey(WXK_RETURN), "Georgia 1");
     m_box->SelectAll();
     EXPECT_EQ(TypeKeys("xg"), "xg -1") << "no entry starts with it";
+    m_box->ChangeValue(wxString());
+    EXPECT_EQ(Compose("ger", WXK_RETURN), "Germany 2") << "Enter looks for what was pasted, and takes it";
+    m_box->ChangeValue(wxString());
+    EXPECT_EQ(PressKey(WXK_NUMPAD_ENTER), "[Albania] 0") << "nothing typed is the first entry";
 }
 
 TEST_F(AutoComboBoxTest, TakingTextAwayProposesNothing)
@@ -104,7 +108,7 @@ TEST_F(AutoComboBoxTest, TakingTextAwayProposesNothing)
     EXPECT_EQ(PressKey(WXK_BACK), "Ge -1");
     EXPECT_EQ(Heard(), 2);
     EXPECT_EQ(TypeKeys("r"), "Ger[many] 2");
-    EXPECT_EQ(PressKey(WXK_DELETE), "Ger -1");
+    EXPECT_EQ(PressKey(WXK_DELETE), "Ger[many] 2") << "only backspace and arrows look for nothing";
     EXPECT_EQ(TypeKeys("m"), "Germ[any] 2");
     Heard();
     Press(WXK_LEFT);

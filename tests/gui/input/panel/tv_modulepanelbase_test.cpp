@@ -237,6 +237,11 @@ TEST_F(ModulePanelTest, AChangeThatNobodyAnsweredClimbsToTheHost)
     EXPECT_EQ(send(*panel->field, wxEVT_TEXT_ENTER), (Heard{"host any"}));
     EXPECT_EQ(send(*choice, tvCHANGE_EVENT), (Heard{"between", "host"})) << "nobody answered it";
     EXPECT_EQ(send(*panel->validated, tvCHANGE_EVENT), Heard()) << "its commit was answered";
+    auto* alone = new TvValidatedDoubleTextCtrl({.parent = panel, .detail = &m_detail});
+    EXPECT_EQ(send(*alone, tvCHANGE_EVENT), (Heard{"host"})) << "the panel does not answer its commits";
+    panel->BindControlToOnFieldUpdate(wxEVT_TEXT_ENTER, alone->GetId(), alone->GetId());
+    EXPECT_EQ(send(*alone, wxEVT_TEXT_ENTER), (Heard{"host any"}));
+    EXPECT_EQ(send(*alone, tvCHANGE_EVENT), Heard()) << "now it does";
     panel->BindControlToOnFieldUpdate(tvCHANGE_EVENT, choice->GetId(), choice->GetId());
     EXPECT_EQ(send(*choice, tvCHANGE_EVENT), (Heard{"between", "host any"}));
 }

@@ -12,6 +12,7 @@
 #include <wx/choicdlg.h>
 #include <wx/choice.h>
 #include <wx/filedlg.h>
+#include <wx/xml/xml.h>
 
 #include <fstream>
 
@@ -175,7 +176,7 @@ TEST_F(CompoundDatabaseTest, ExportsWhatIsListedAndReadsItBack)
     Click(Labelled("Export"));
     EXPECT_EQ(LastLog(), "Compounds exported to:\n " + path.string());
     EXPECT_EQ(LastLevel(), wxLOG_Info);
-    const auto read = LoadCompoundFile(path);
+    const auto read = CompoundsImporter::Import(LoadCompoundFile(path)->GetRoot());
     ASSERT_EQ(read.size(), 1u);
     EXPECT_EQ(read[0].name, listed[1].name);
 

@@ -37,10 +37,15 @@ std::string Replaced(const std::string& from, const std::string& to)
     return Compounds(text);
 }
 
+std::vector<Compound> CompoundsIn(const wxXmlDocument& document)
+{
+    return CompoundsImporter::Import(document.GetRoot());
+}
+
 std::string ErrorOf(const std::string& xml)
 {
     try {
-        FromCompoundFile(tncommon::SaveToZip({{"compounds", xml}}));
+        CompoundsIn(*FromCompoundFile(tncommon::SaveToZip({{"compounds", xml}})));
         return "";
     } catch (const CompoundFileError& error) {
         return error.what();
@@ -73,7 +78,7 @@ TEST(CompoundFile, HasOneFormInEveryLocale)
             "baseElement=\"Fe\" pka=\"1.2345678910000001e+06\" valency=\"1234567\" oxidationNrCommon=\"-3\" "
             "conjugate=\"4\" ionicCharge=\"-2147483647\" category=\"\"/>\n</compounds>\n")
             << locale;
-        const auto back = FromCompoundFile(ToCompoundFile({compound}));
+        const auto back = CompoundsIn(*FromCompoundFile(ToCompoundFile({compound})));
         ASSERT_EQ(back.size(), 1U);
         EXPECT_EQ(back[0].id, -1);
         EXPECT_EQ(back[0].name, compound.name);
@@ -87,7 +92,7 @@ TEST(CompoundFile, BringsEverySuppliedCompoundBack)
     const auto path = folder / "compounds.mvcf";
     const auto supplied = MasterDatabase::GetSuppliedCompounds();
     SaveCompoundFile(path, supplied);
-    const auto back = LoadCompoundFile(path);
+    const auto back = CompoundsIn(*LoadCompoundFile(path));
     ASSERT_EQ(back.size(), supplied.size());
     for (std::size_t i = 0; i < back.size(); ++i) {
         EXPECT_EQ(back[i].formula, supplied[i].formula);
@@ -96,7 +101,7 @@ TEST(CompoundFile, BringsEverySuppliedCompoundBack)
         EXPECT_TRUE(back[i].pKa == supplied[i].pKa ||
                     (std::isnan(back[i].pKa) && std::isnan(supplied[i].pKa)));
     }
-    EXPECT_TRUE(FromCompoundFile(ToCompoundFile({})).empty());
+    EXPECT_TRUE(CompoundsIn(*FromCompoundFile(ToCompoundFile({}))).empty());
     EXPECT_THROW(LoadCompoundFile(folder / "missing"), std::system_error);
     tncommon::ReplaceFile(path, std::string(17 << 20, 'x'));
     EXPECT_THROW(LoadCompoundFile(path), std::system_error);
@@ -104,7 +109,8 @@ TEST(CompoundFile, BringsEverySuppliedCompoundBack)
 
 TEST(CompoundFile, ReadsAFileThatAnotherProgramMade)
 {
-    const auto compounds = LoadCompoundFile(TARNVIK_SOURCE_DIR "/fuzz/corpus/compound_file/two.mvcf");
+    const auto compounds =
+        CompoundsIn(*LoadCompoundFile(TARNVIK_SOURCE_DIR "/fuzz/corpus/compound_file/two.mvcf"));
     ASSERT_EQ(compounds.size(), 2U);
     EXPECT_EQ(compounds[0].name, "soda <a> \u00e4");
     EXPECT_EQ(compounds[0].pKa, 10.329);
@@ -212,7 +218,7 @@ TEST(CompoundFile, RefusesAHostileFileCheaply)
             tncommon::SaveToZip({{"compounds", Document("<compounds>" + row.body + "</compounds>")}});
         support::ExpectRefusedCheaply([&] {
             try {
-                FromCompoundFile(file);
+                CompoundsIn(*FromCompoundFile(file));
                 return false;
             } catch (const CompoundFileError& error) {
                 if (std::string_view(error.what()).find(row.reason) == std::string_view::npos)
