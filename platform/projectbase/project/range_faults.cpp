@@ -119,21 +119,23 @@ std::optional<RangeFault> FaultOf(const DetailData& detail)
                       .unit = detail.GetUnit()};
 }
 
-/// A p-value that was reported beside an m-value, and contradicts it alone or with the pH.
+/// A p-value that was reported and contradicts the m-value, reported or of the analysis, alone or with the
+/// pH.
 void AddAlkalinityFault(const DetailList& details, std::vector<RangeFault>& faults)
 {
     // Titrations agree within that, or within a tenth of the m-value (mmol/l).
     constexpr double kAgreement = 0.1;
-    const auto m = water::ReportedAlkalinity(details, 'm');
     const auto p = water::ReportedAlkalinity(details, 'p');
-    if (!m || !p || std::isfinite(details.At("liquid/alk.ph").GetDoubleValue()))
+    const double m =
+        water::ReportedAlkalinity(details, 'm').value_or(details.At("liquid/alkalinity.m").GetDoubleValue());
+    if (!p || !std::isfinite(m) || std::isfinite(details.At("liquid/alk.ph").GetDoubleValue()))
         return;
     const double found = details.At("liquid/alkalinity.p").GetDoubleValue();
     const char* sentence = nullptr;
-    double limit = *m;
-    if (*p > std::max(*m, 0.0)) {
+    double limit = m;
+    if (*p > std::max(m, 0.0)) {
         sentence = kLargerThanM;
-    } else if (std::abs(*p - found) > std::max(kAgreement, kAgreement * std::abs(*m))) {
+    } else if (std::abs(*p - found) > std::max(kAgreement, kAgreement * std::abs(m))) {
         sentence = kOtherThanPh;
         limit = found;
     }

@@ -94,6 +94,9 @@ TEST_F(Calc, TellsOfAlkalinityAndItsContradictions)
           "\n  Balance error +-?[0-9.]+ %\n", "\n  p-value +-?0\\.0[0-9]+ mmol/l\n"})
         EXPECT_THAT(result.out, ContainsRegex(line));
     EXPECT_THAT(result.err, HasSubstr("p-value 0.6 mmol/l does not go with pH and m-value, which give "));
+    EXPECT_THAT(Run({m_path, "--set", "alkalinity.p=2", "--set", "ph="}).err,
+                HasSubstr("p-value 2 mmol/l is larger than the m-value of "))
+        << "no m-value was reported";
     EXPECT_THAT(Run({m_path, "--set", "hco3=61mg/l", "--set", "ph=3"}).err,
                 HasSubstr("pH 3 does not go with bicarbonate, which water holds only above 4.3"));
     EXPECT_EQ(Run({m_path, "--set", "alkalinity.m=2mg/l"}).code, 1) << "milligrams of what?";
