@@ -70,6 +70,17 @@ void WriteHolder(int descriptor)
         static_cast<void>(pwrite(descriptor, text.data(), text.size(), 0));
 }
 
+/// The lock file, made where there is none. That of another user, who may be the only one to write it, is
+/// opened for reading, which is enough to see whether it is locked. No link is followed: it could lead to a
+/// file that is dear to somebody.
+int OpenLock(const fs::path& file, bool& isOurs)
+{
+    constexpr int kFlags = O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK;
+    const int descriptor = open(file.c_str(), O_RDWR | O_CREAT | kFlags, 0666);
+    isOurs = descriptor >= 0 || errno != EACCES;
+    return isOurs ? descriptor : open(file.c_str(), O_RDONLY | kFlags);
+}
+
 bool IsStill(int descriptor, const fs::path& file)
 {
     struct stat opened
@@ -99,9 +110,8 @@ ProjectLock::Attempt ProjectLock::TryTake(const fs::path& project)
 {
     const fs::path file = LockFileOf(project);
     for (int i = 0; i < kTries; ++i) {
-        // No link is followed: it could lead to a file that is dear to somebody.
-        const int descriptor =
-            open(file.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK, 0666);
+        bool isOurs = true;
+        const int descriptor = OpenLock(file, isOurs);
         if (descriptor < 0)
             return {};
         const bool locked = flock(descriptor, LOCK_EX | LOCK_NB) == 0;
@@ -109,6 +119,11 @@ ProjectLock::Attempt ProjectLock::TryTake(const fs::path& project)
         const std::string text = ReadLock(descriptor);
         const bool foreign = !text.empty() && !text.starts_with(kMark);
         if (locked && !foreign && IsStill(descriptor, file)) {
+            // What a crash of somebody else left cannot carry our name.
+            if (!isOurs && unlink(file.c_str()) == 0) {
+                close(descriptor);
+                continue;
+            }
             WriteHolder(descriptor);
             return {.lock = std::unique_ptr<ProjectLock>(new ProjectLock(file, descriptor)), .holder = {}};
         }
