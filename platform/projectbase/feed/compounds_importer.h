@@ -53,5 +53,6 @@ PROJECTBASE_EXPORT void SaveCompoundFile(const std::filesystem::path& path,
 PROJECTBASE_EXPORT std::vector<DBObjects::Compound> LoadCompoundFile(
     const std::filesystem::path& path, tncommon::FileSystem& fileSystem = tncommon::FileSystem::Native());
 
-/// Most compounds of one file.
+/// Most bytes and compounds of one file.
+inline constexpr std::size_t kLargestCompoundFile = std::size_t{16} << 20;
 inline constexpr std::size_t kMostCompoundsOfFile = 100'000;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Whole waters in the program's window: copying, the library, and what stands above the analysis.
 #include "gui_base/input/panel/aui_notebook.h"
+#include "gui_base/support/file_path.h"
 #include "gui_base/water/analysis/laboratory_dialog.h"
 #include "gui_base/water/feedwater/water_clipboard.h"
 #include "gui_base/water/library/water_lib_dialog.h"
@@ -147,7 +148,7 @@ TEST_F(WaterToolsTest, ALibraryThatCannotBeReachedIsReported)
     std::filesystem::remove(File());
     Menu("Tools", "Save to water library");
     EXPECT_EQ(MessageCount(), 1);
-    EXPECT_NE(m_frame->GetMessageArea().GetItemText(0, 1).Find("removed"), wxNOT_FOUND);
+    EXPECT_NE(m_frame->GetMessageArea().GetItemText(0, 1).Find("Check that it can be reached"), wxNOT_FOUND);
     EXPECT_FALSE(m_frame->GetDocument().IsUnsaved());
 }
 
@@ -294,6 +295,27 @@ TEST_F(WaterToolsTest, ATableTooLargeIsRefused)
     std::ofstream(path, std::ios::app) << std::string(9'000'000, '1');
     m_frame->Waters().ImportFrom(path);
     EXPECT_EQ(MessageCount(), 2) << "larger than such a file may be";
+    EXPECT_TRUE(m_frame->GetMessageArea().GetItemText(1, 1).EndsWith("it is larger than 16 MiB"));
+}
+
+TEST_F(WaterToolsTest, FilesAndWatersWhoseNamesAreNoTextAreShownEscaped)
+{
+    const std::filesystem::path path = m_folder / "l\xff\x1b[2Jab.csv";
+    m_frame->Waters().ImportFrom(path);
+    ASSERT_EQ(MessageCount(), 1);
+    const wxString text = m_frame->GetMessageArea().GetItemText(0, 1);
+    EXPECT_TRUE(text.Contains("l\\xff\\x1b[2Jab.csv cannot be read: there is no such file")) << text;
+
+    std::ofstream(path) << "Ca [mg/l]\n40\n";
+    m_dialogs.Expect([](wxDialog&) { return wxID_OK; });
+    m_frame->Waters().ImportFrom(PathOf(DialogPath(path)));
+    EXPECT_EQ(Water("ca.orig").GetDoubleValue(), 40.0);
+
+    OpenProject().RenameOwner(OpenProject().GetLiquid(0), "W\x1b[2J\xff");
+    Pump();
+    EXPECT_EQ(m_frame->GetBook().GetCurrent()->GetModule().id, "water");
+    const auto& tabs = gui_test::Find<AuiNotebook>(*m_frame);
+    EXPECT_EQ(tabs.GetPageText(static_cast<std::size_t>(tabs.GetSelection())), "W\\x1b[2J\\xff");
 }
 
 TEST_F(WaterToolsTest, ALongReadingIsShownAndCancelled)
