@@ -8,6 +8,7 @@
 #include <charconv>
 #include <cstdlib>
 #include <fcntl.h>
+#include <pwd.h>
 #include <sstream>
 #include <sys/file.h>
 #include <sys/stat.h>
@@ -57,14 +58,21 @@ ProjectLock::Holder HolderOf(const std::string& text)
     return holder;
 }
 
+/// Empty where nobody knows it.
+std::string UserName()
+{
+    if (const char* user = std::getenv("USER"); user != nullptr && *user != '\0')
+        return user;
+    const passwd* entry = getpwuid(getuid());
+    return entry != nullptr && entry->pw_name != nullptr ? entry->pw_name : "";
+}
+
 void WriteHolder(int descriptor)
 {
     std::array<char, 256> host{};
     gethostname(host.data(), host.size() - 1);
-    const char* user = std::getenv("USER");
     const auto now = std::chrono::duration_cast<std::chrono::seconds>(Clock::now().time_since_epoch());
-    const std::string text =
-        fmt::format("{}\n{}\n{}\n{}\n", kMark, user != nullptr ? user : "", host.data(), now.count());
+    const std::string text = fmt::format("{}\n{}\n{}\n{}\n", kMark, UserName(), host.data(), now.count());
     // Who holds it is a courtesy: a lock without a name is still a lock.
     if (ftruncate(descriptor, 0) == 0)
         static_cast<void>(pwrite(descriptor, text.data(), text.size(), 0));

@@ -2,6 +2,7 @@
 // What happens to unsaved work and to files that others write, too.
 #include "app/frame/file_commands.h"
 
+#include "app/document/recent_files.h"
 #include "app/frame/recovery_dialog.h"
 #include "app/frame/session_end.h"
 #include "gui_base/input/controls/tv_textctrl.h"
@@ -215,6 +216,16 @@ TEST_F(FileCommandsTest, AnEndingThatIsAddedReplacesNoFileUnasked)
         EXPECT_EQ(m_frame->Files().SaveAs(), answer == wxID_YES);
         EXPECT_EQ(SodiumIn(path), answer == wxID_YES ? 5.0 : 1.0);
     }
+}
+
+TEST_F(FileCommandsTest, RecentFilesAreWhatTheyWereCalled)
+{
+    for (const char* name : {"b\xff\x1b.tarnvik", "two\nlines.tarnvik"}) {
+        WriteAs(m_folder / name, 1.0);
+        EXPECT_TRUE(m_frame->Files().Open(m_folder / name));
+    }
+    EXPECT_THAT(app::RecentFiles(), testing::ElementsAre(m_folder / "b\xff\x1b.tarnvik"));
+    EXPECT_EQ(m_frame->GetTitle(), "two\\x0alines - Tarnvik");
 }
 
 TEST_F(FileCommandsTest, TwoWindowsOnOneProjectAreTold)

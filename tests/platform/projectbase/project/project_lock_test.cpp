@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <csignal>
+#include <cstdlib>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -71,6 +72,17 @@ TEST_F(Lock, GoesWithTheProgramThatIsKilled)
     EXPECT_FALSE(fs::exists(m_lockFile));
     close(ready[0]);
     close(ready[1]);
+}
+
+TEST_F(Lock, NamesItsHolderWhateverTheEnvironment)
+{
+    const char* const present = std::getenv("USER");
+    const std::string user = present != nullptr ? present : "";
+    unsetenv("USER");
+    const auto taken = ProjectLock::TryTake(m_path);
+    EXPECT_NE(ProjectLock::TryTake(m_path).holder.value().user, "");
+    if (present != nullptr)
+        setenv("USER", user.c_str(), 1);
 }
 
 TEST_F(Lock, IsSeenByAUserWhoMayNotWriteIt)
