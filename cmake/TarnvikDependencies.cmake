@@ -10,6 +10,7 @@ find_package(EXPAT REQUIRED)
 find_package(PkgConfig REQUIRED)
 find_package(Gettext REQUIRED)
 pkg_check_modules(gtk3 REQUIRED IMPORTED_TARGET GLOBAL gtk+-3.0)
+pkg_check_modules(x11 REQUIRED IMPORTED_TARGET GLOBAL x11)
 
 pkg_check_modules(re2 REQUIRED IMPORTED_TARGET GLOBAL re2)
 pkg_check_modules(libpq REQUIRED IMPORTED_TARGET GLOBAL libpq)

@@ -27,6 +27,9 @@ std::vector<std::filesystem::path> RecentFiles()
 void AddRecentFile(const std::filesystem::path& path)
 {
     const auto absolute = std::filesystem::absolute(path);
+    // They are kept one a line; half of such a name would lead nowhere.
+    if (absolute.native().find('\n') != std::string::npos)
+        return;
     auto files = RecentFiles();
     std::erase(files, absolute);
     files.insert(files.begin(), absolute);

@@ -11,6 +11,7 @@
 #include "gui_base/dialogs/questions.h"
 #include "gui_base/input/events.h"
 #include "gui_base/input/validation/commit.h"
+#include "gui_base/support/file_path.h"
 #include "gui_base/support/translation.h"
 #include "projectbase/project/project_file.h"
 #include "projectbase/project/project_lock.h"
@@ -26,12 +27,6 @@ namespace {
 wxString Tr(const char* source)
 {
     return i18n::Translated(source);
-}
-
-/// As the file system has it, also where a name is no text.
-std::filesystem::path PathOf(const wxString& path)
-{
-    return std::filesystem::path(static_cast<const char*>(path.fn_str()));
 }
 
 /// "anna on plant-7, since 2026-11-22 05:30"
@@ -191,8 +186,14 @@ bool FileCommands::SaveAs()
     if (dialog.ShowModal() != wxID_OK)
         return false;
     std::filesystem::path path = PathOf(dialog.GetPath());
-    if (path.extension().empty())
+    if (path.extension().empty()) {
         path += ".tarnvik";
+        // The dialog asked about the name without its ending.
+        std::error_code unknown;
+        if (std::filesystem::exists(path, unknown) &&
+            !dialogs::ConfirmReplacing(&m_frame, ShownPath(path), Tr("Save project")))
+            return false;
+    }
     return SaveTo(path);
 }
 

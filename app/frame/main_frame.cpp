@@ -12,6 +12,7 @@
 #include "gui_base/input/validation/commit.h"
 #include "gui_base/report/range_sentence.h"
 #include "gui_base/report/report_builder.h"
+#include "gui_base/support/file_path.h"
 #include "gui_base/support/translation.h"
 #include "projectbase/project/range_faults.h"
 #include "projectbase/settings/settings.h"
@@ -271,7 +272,7 @@ void MainFrame::PrintReport()
     const std::string name = m_document->GetName();
     const wxString title = name.empty() ? i18n::Translated("Untitled") : ShownText(name);
     const ReportHead head = MakeReportHead(GetProject(), title.utf8_string(), "Tarnvik " TARNVIK_VERSION);
-    const wxFileName proposed(wxString::FromUTF8(m_document->GetPath().parent_path().string()), title, "pdf");
+    const wxFileName proposed(DialogPath(m_document->GetPath().parent_path()), title, "pdf");
     const auto sources = ReportSources(GetProject());
     std::vector<const ReportPageSource*> pages;
     for (const auto& source : sources)

@@ -3,6 +3,7 @@
 
 #include "gui_base/input/panel/aui_notebook.h"
 #include "gui_base/input/panel/tv_modulepanelbase.h"
+#include "gui_base/messages/user_message.h"
 #include "gui_base/support/image_loader.h"
 #include "gui_base/support/translation.h"
 #include "projectbase/project/project.h"
@@ -146,7 +147,7 @@ wxString ModuleBook::NameOf(const PageHost& host) const
 {
     const OwnerNode* owner = m_project->FindOwner(host.GetOwner());
     const bool named = owner != nullptr && !owner->GetName().empty();
-    return i18n::Translated(named ? wxString::FromUTF8(owner->GetName()) : wxString(host.GetModule().title));
+    return i18n::Translated(named ? ShownText(owner->GetName()) : wxString(host.GetModule().title));
 }
 
 void ModuleBook::Localize()

@@ -2,6 +2,7 @@
 #include "app/frame/results_text.h"
 
 #include "gui_base/input/validation/numeric_validator.h"
+#include "gui_base/messages/user_message.h"
 #include "gui_base/support/translation.h"
 #include "gui_base/water/rows/ion_rows.h"
 #include "gui_base/water/rows/property_rows.h"
@@ -63,7 +64,7 @@ wxString ResultsText(const LiquidData& water, const std::string& unitSystem)
 {
     const DetailList& details = *water.GetDetails();
     wxString text;
-    AddLine(text, {i18n::Translated(wxString::FromUTF8(water.GetName()))});
+    AddLine(text, {i18n::Translated(ShownText(water.GetName()))});
     AddLine(text, {"", i18n::Translated("Original"), i18n::Translated("Unit"), "meq/l", "mg/l"});
     AddIons(text, details, wateranalysis::kCationRows, wateranalysis::kCationTotals);
     AddIons(text, details, wateranalysis::kAnionRows, wateranalysis::kAnionTotals);

@@ -1,14 +1,18 @@
 // SPDX-License-Identifier: MIT
 #include "app/frame/session_end.h"
 
+#include "app/frame/display_loss.h"
 #include "app/frame/file_commands.h"
 #include "app/frame/main_frame.h"
+#include "tncommon/printable_text.h"
 
 #include <wx/app.h>
 #include <wx/weakref.h>
 
 #include <array>
 #include <csignal>
+#include <exception>
+#include <iostream>
 
 namespace app {
 
@@ -24,6 +28,17 @@ void KeepWork()
 {
     if (WatchedFrame())
         WatchedFrame()->Files().KeepUnsaved();
+}
+
+/// What is typed and not yet left cannot be asked for any more.
+void KeepWorkWithoutDisplay()
+{
+    try {
+        if (WatchedFrame())
+            WatchedFrame()->GetDocument().Autosave();
+    } catch (const std::exception& error) {
+        std::cerr << "tarnvik: " << tncommon::PrintableText(error.what()) << std::endl;
+    }
 }
 
 /// Called between two events, not by the signal itself.
@@ -48,6 +63,7 @@ void KeepWorkAtSessionEnd(MainFrame& frame)
     WatchedFrame() = &frame;
     for (const int signal : std::array{SIGTERM, SIGHUP, SIGINT})
         wxTheApp->SetSignalHandler(signal, &OnSignal);
+    KeepWorkAtDisplayLoss(&KeepWorkWithoutDisplay);
     for (const auto& event : {wxEVT_QUERY_END_SESSION, wxEVT_END_SESSION}) {
         wxTheApp->Unbind(event, &OnSessionEnd);
         wxTheApp->Bind(event, &OnSessionEnd);

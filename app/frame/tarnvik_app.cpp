@@ -152,7 +152,7 @@ bool TarnvikApp::OnExceptionInMainLoop()
     try {
         throw;
     } catch (const std::exception& error) {
-        wxLogError("%s", wxString::FromUTF8(error.what()));
+        wxLogError("%s", MessageOf(error).text);
     } catch (...) {
         wxLogError("Unknown exception");
     }

@@ -8,6 +8,8 @@
 #include "gui_base/dialogs/progress_window.h"
 #include "gui_base/dialogs/questions.h"
 #include "gui_base/input/validation/commit.h"
+#include "gui_base/messages/user_message.h"
+#include "gui_base/support/file_path.h"
 #include "gui_base/support/translation.h"
 #include "gui_base/water/analysis/laboratory_dialog.h"
 #include "gui_base/water/feedwater/water_clipboard.h"
@@ -57,7 +59,7 @@ wxString AnalysisWildcard()
 
 wxString ShownName(const LiquidData& water)
 {
-    return i18n::Translated(wxString::FromUTF8(water.GetName()));
+    return i18n::Translated(ShownText(water.GetName()));
 }
 
 /// "more than 1000 columns (row 3, column 1001)".
@@ -155,12 +157,12 @@ void WaterCommands::Import()
     wxFileDialog dialog(&m_frame, Tr("Import analysis"), wxString(), wxString(), AnalysisWildcard(),
                         wxFD_OPEN | wxFD_FILE_MUST_EXIST);
     if (dialog.ShowModal() == wxID_OK)
-        ImportFrom(dialog.GetPath().utf8_string());
+        ImportFrom(PathOf(dialog.GetPath()));
 }
 
 std::optional<laboratory::File> WaterCommands::ReadAnalysis(const std::filesystem::path& path)
 {
-    const wxString name = wxString::FromUTF8(path.string());
+    const wxString name = ShownPath(path);
     const auto refuse = [&](const wxString& why) {
         m_frame.ReportError(wxString::Format(Tr("%s cannot be read: %s"), name, why));
         return std::nullopt;
@@ -176,8 +178,10 @@ std::optional<laboratory::File> WaterCommands::ReadAnalysis(const std::filesyste
             return std::nullopt;
     } catch (const delimited::TooLarge& error) {
         return refuse(TooLargeText(error));
+    } catch (const std::system_error& error) {
+        return refuse(ReadingCauseText(error.code(), laboratory::kMostBytes));
     } catch (const std::exception& error) {
-        return refuse(wxString::FromUTF8(error.what()));
+        return refuse(MessageOf(error).text);
     }
     if (!file.samples.empty())
         return file;
@@ -223,11 +227,16 @@ void WaterCommands::Export()
                                               Tr("Water analysis"), AnalysisWildcard(), "csv");
     if (!file.IsOk())
         return;
+    const std::filesystem::path path = PathOf(file.GetFullPath());
+    const auto refuse = [&](const wxString& why) {
+        m_frame.ReportError(wxString::Format(Tr("%s cannot be written: %s"), ShownPath(path), why));
+    };
     try {
-        tncommon::ReplaceFile(file.GetFullPath().utf8_string(), water::WriteLaboratoryFile(waters));
+        tncommon::ReplaceFile(path, water::WriteLaboratoryFile(waters));
+    } catch (const std::system_error& error) {
+        refuse(CauseText(error.code()));
     } catch (const std::exception& error) {
-        m_frame.ReportError(wxString::Format(Tr("%s cannot be written: %s"), file.GetFullPath(),
-                                             wxString::FromUTF8(error.what())));
+        refuse(MessageOf(error).text);
     }
 }
 

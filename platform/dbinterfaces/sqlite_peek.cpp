@@ -76,6 +76,8 @@ bool SqlitePeek::HasLog(const std::filesystem::path& path)
 void SqlitePeek::Fail()
 {
     const int code = sqlite3_errcode(m_database.get()) & 0xff;
+    if (code == SQLITE_CORRUPT)
+        throw FileInPieces(DatabaseError::Kind::NotOurs, sqlite3_errmsg(m_database.get()));
     const bool isBusy = code == SQLITE_BUSY || code == SQLITE_LOCKED;
     throw DatabaseError(isBusy ? DatabaseError::Kind::Locked : DatabaseError::Kind::NotOurs,
                         sqlite3_errmsg(m_database.get()));

@@ -15,6 +15,12 @@
 #include <memory>
 #include <string>
 
+/// The file is a SQLite database, but damaged, or in pieces while its log is taken over (NotOurs).
+class FileInPieces : public DatabaseError
+{
+    using DatabaseError::DatabaseError;
+};
+
 class SqlitePeek
 {
 public:
@@ -28,7 +34,7 @@ public:
     SqlitePeek(const std::filesystem::path& path, View view);
 
     /// The number in the first column of the first row, 0 where there is none. Throws DatabaseError: NotOurs
-    /// for a file that is no SQLite database or a damaged one.
+    /// for a file that is no SQLite database, FileInPieces for a damaged one.
     std::int64_t Number(const std::string& query);
 
     /// Whether a log beside the file holds what the file itself does not.

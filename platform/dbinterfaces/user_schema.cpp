@@ -184,11 +184,14 @@ void RefuseForeignFile(const std::filesystem::path& path)
         try {
             RefuseVersionOfFile(path, SqlitePeek::View::FileAlone);
             break;
-        } catch (const DatabaseError&) {
-            // Another program that is just taking its log over into the file leaves it in pieces for a
-            // moment.
-            if (look == kLooks || !SqlitePeek::HasLog(path))
+        } catch (const DatabaseError& problem) {
+            // A program that takes its log over into the file leaves it in pieces for a moment, and for good
+            // when it is killed meanwhile: then the log has what is missing.
+            const bool inPieces = dynamic_cast<const FileInPieces*>(&problem) != nullptr;
+            if (!SqlitePeek::HasLog(path) || (look == kLooks && !inPieces))
                 throw;
+            if (look == kLooks)
+                break;
         }
         std::this_thread::sleep_for(std::chrono::milliseconds(20));
     }

@@ -60,12 +60,14 @@ void RequireOpen(Session& state)
 {
     if (!state.session) {
         if (state.inTransaction)
-            throw DatabaseError(DatabaseError::Kind::Failed, "the connection was lost in a transaction");
+            throw DatabaseError(DatabaseError::Kind::Failed, "the connection was lost in a transaction",
+                                state.target.shown);
         OpenLocked(state, state.connectionText);
     } else if (state.target.backend == Backend::Sqlite && Identity(state.target.path) != state.file) {
         state.Replace(nullptr);
         throw DatabaseError(DatabaseError::Kind::Failed,
-                            fmt::format("{}: the file was removed while it was in use", state.target.shown));
+                            fmt::format("{}: the file was removed while it was in use", state.target.shown),
+                            state.target.shown);
     }
 }
 

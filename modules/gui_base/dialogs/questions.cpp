@@ -19,6 +19,15 @@ int AskYesNo(wxWindow* parent, const wxString& question, const wxString& title, 
     return dialog.ShowModal();
 }
 
+bool ConfirmReplacing(wxWindow* parent, const wxString& file, const wxString& title)
+{
+    wxMessageDialog dialog(
+        parent, wxString::Format(i18n::Translated("The file %s exists already. Replace it?"), file), title,
+        wxYES_NO | wxNO_DEFAULT | wxCENTRE | wxICON_QUESTION);
+    dialog.SetYesNoLabels(i18n::Translated("&Replace"), i18n::Translated("&Cancel"));
+    return dialog.ShowModal() == wxID_YES;
+}
+
 void ShowMessage(wxWindow* parent, const wxString& message, const wxString& title, long icon)
 {
     wxMessageDialog dialog(parent, message, title, wxOK | wxCENTRE | icon);

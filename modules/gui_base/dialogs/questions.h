@@ -14,6 +14,9 @@ namespace dialogs {
 GUI_BASE_EXPORT int AskYesNo(wxWindow* parent, const wxString& question, const wxString& title, long icon,
                              const wxString& explanation = {});
 
+/// Whether a file that exists, as it is shown, may be replaced; "no" by default.
+GUI_BASE_EXPORT bool ConfirmReplacing(wxWindow* parent, const wxString& file, const wxString& title);
+
 /// Shows a message with an OK button.
 GUI_BASE_EXPORT void ShowMessage(wxWindow* parent, const wxString& message, const wxString& title, long icon);
 

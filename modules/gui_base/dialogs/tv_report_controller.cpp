@@ -8,6 +8,7 @@
 #include "gui_base/dialogs/progress_window.h"
 #include "gui_base/messages/user_message.h"
 #include "gui_base/report/report_file.h"
+#include "gui_base/support/file_path.h"
 #include "gui_base/support/translation.h"
 
 #include <wx/log.h>
@@ -30,7 +31,7 @@ void TryDatabase(Access access)
     try {
         access();
     } catch (const std::exception& error) {
-        wxLogWarning("%s", wxString::FromUTF8(error.what()));
+        wxLogWarning("%s", MessageOf(error).text);
     }
 }
 
@@ -131,7 +132,7 @@ bool TvReportController::Write(const report::Document& document, const wxFileNam
     dialogs::ProgressWindow progress(m_parent, i18n::Translated("Print to PDF"),
                                      i18n::Translated("The report is being written"), m_progressDelay);
     try {
-        WriteReportFile(document, file.GetFullPath().utf8_string(),
+        WriteReportFile(document, PathOf(file.GetFullPath()),
                         [&progress](double done) { return progress.Update(done); });
         return true;
     } catch (const report::Cancelled&) {
@@ -145,18 +146,19 @@ void TvReportController::ShowError(const wxFileName& file, const wxString& cause
         m_parent,
         wxString::Format(i18n::Translated("The report could not be written to %s: %s. A file of that name "
                                           "is as it was."),
-                         file.GetFullPath(), cause),
+                         ShownPath(PathOf(file.GetFullPath())), cause),
         i18n::Translated("Print to PDF"), wxOK | wxICON_ERROR);
     dialog.ShowModal();
 }
 
 void TvReportController::OfferToOpen(const wxFileName& file)
 {
-    wxMessageDialog dialog(
-        m_parent,
-        wxString::Format(i18n::Translated("The report was written to %s. Open it?"), file.GetFullPath()),
-        i18n::Translated("Print to PDF"), wxYES_NO | wxICON_INFORMATION);
+    wxMessageDialog dialog(m_parent,
+                           wxString::Format(i18n::Translated("The report was written to %s. Open it?"),
+                                            ShownPath(PathOf(file.GetFullPath()))),
+                           i18n::Translated("Print to PDF"), wxYES_NO | wxICON_INFORMATION);
     dialog.SetYesNoLabels(i18n::Translated("&Open"), i18n::Translated("&Close"));
     if (dialog.ShowModal() == wxID_YES && !wxLaunchDefaultApplication(file.GetFullPath()))
-        wxLogError(i18n::Translated("There is no program that opens %s."), file.GetFullPath());
+        wxLogError(i18n::Translated("There is no program that opens %s."),
+                   ShownPath(PathOf(file.GetFullPath())));
 }

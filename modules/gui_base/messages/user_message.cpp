@@ -84,6 +84,22 @@ wxString CauseText(const std::error_code& cause)
     }
 }
 
+wxString ReadingCauseText(const std::error_code& cause, std::size_t limit)
+{
+    switch (cause.value()) {
+        case EACCES:
+        case EPERM:
+            return wxGetTranslation(wxTRANSLATE("you have no right to read it"));
+        case ENOENT:
+        case ENOTDIR:
+            return wxGetTranslation(wxTRANSLATE("there is no such file"));
+        case EFBIG:
+            return wxString::Format(wxGetTranslation(wxTRANSLATE("it is larger than %zu MiB")), limit >> 20);
+        default:
+            return CauseText(cause);
+    }
+}
+
 UserMessage MessageOf(const std::exception& error)
 {
     const wxString technical = ShownText(error.what());

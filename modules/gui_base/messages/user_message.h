@@ -7,6 +7,7 @@
 
 #include <wx/string.h>
 
+#include <cstddef>
 #include <exception>
 #include <filesystem>
 #include <string>
@@ -25,6 +26,9 @@ GUI_BASE_EXPORT UserMessage MessageOf(const std::exception& error);
 
 /// Why a file could not be written, as the end of a sentence.
 GUI_BASE_EXPORT wxString CauseText(const std::error_code& cause);
+
+/// The same for a file that could not be read, of which at most `limit` bytes are.
+GUI_BASE_EXPORT wxString ReadingCauseText(const std::error_code& cause, std::size_t limit);
 
 /// A path or a text of unknown origin as it can be shown: what is no character, or is a control character, is
 /// escaped.

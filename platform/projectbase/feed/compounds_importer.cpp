@@ -15,7 +15,6 @@ namespace {
 using DBObjects::Compound;
 
 constexpr const char* kRoot = "compounds";
-constexpr std::size_t kLargestFile = std::size_t{16} << 20;
 
 }  // namespace
 
@@ -89,5 +88,5 @@ void SaveCompoundFile(const std::filesystem::path& path, const std::vector<Compo
 std::unique_ptr<wxXmlDocument> LoadCompoundFile(const std::filesystem::path& path,
                                                 tncommon::FileSystem& fileSystem)
 {
-    return FromCompoundFile(tncommon::ReadWholeFile(path, kLargestFile, fileSystem));
+    return FromCompoundFile(tncommon::ReadWholeFile(path, kLargestCompoundFile, fileSystem));
 }

@@ -54,5 +54,6 @@ PROJECTBASE_EXPORT void SaveCompoundFile(const std::filesystem::path& path,
 PROJECTBASE_EXPORT std::unique_ptr<wxXmlDocument> LoadCompoundFile(
     const std::filesystem::path& path, tncommon::FileSystem& fileSystem = tncommon::FileSystem::Native());
 
-/// Most compounds of one file.
+/// Most bytes and compounds of one file.
+inline constexpr std::size_t kLargestCompoundFile = std::size_t{16} << 20;
 inline constexpr std::size_t kMostCompoundsOfFile = 100'000;

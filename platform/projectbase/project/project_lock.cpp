@@ -8,6 +8,7 @@
 #include <charconv>
 #include <cstdlib>
 #include <fcntl.h>
+#include <pwd.h>
 #include <sstream>
 #include <sys/file.h>
 #include <sys/stat.h>
@@ -57,17 +58,35 @@ ProjectLock::Holder HolderOf(const std::string& text)
     return holder;
 }
 
+/// Empty where nobody knows it.
+std::string UserName()
+{
+    if (const char* user = std::getenv("USER"); user != nullptr && *user != '\0')
+        return user;
+    const passwd* entry = getpwuid(getuid());
+    return entry != nullptr && entry->pw_name != nullptr ? entry->pw_name : "";
+}
+
 void WriteHolder(int descriptor)
 {
     std::array<char, 256> host{};
     gethostname(host.data(), host.size() - 1);
-    const char* user = std::getenv("USER");
     const auto now = std::chrono::duration_cast<std::chrono::seconds>(Clock::now().time_since_epoch());
-    const std::string text =
-        fmt::format("{}\n{}\n{}\n{}\n", kMark, user != nullptr ? user : "", host.data(), now.count());
+    const std::string text = fmt::format("{}\n{}\n{}\n{}\n", kMark, UserName(), host.data(), now.count());
     // Who holds it is a courtesy: a lock without a name is still a lock.
     if (ftruncate(descriptor, 0) == 0)
         static_cast<void>(pwrite(descriptor, text.data(), text.size(), 0));
+}
+
+/// The lock file, made where there is none. That of another user, who may be the only one to write it, is
+/// opened for reading, which is enough to see whether it is locked. No link is followed: it could lead to a
+/// file that is dear to somebody.
+int OpenLock(const fs::path& file, bool& isOurs)
+{
+    constexpr int kFlags = O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK;
+    const int descriptor = open(file.c_str(), O_RDWR | O_CREAT | kFlags, 0666);
+    isOurs = descriptor >= 0 || errno != EACCES;
+    return isOurs ? descriptor : open(file.c_str(), O_RDONLY | kFlags);
 }
 
 bool IsStill(int descriptor, const fs::path& file)
@@ -99,9 +118,8 @@ ProjectLock::Attempt ProjectLock::TryTake(const fs::path& project)
 {
     const fs::path file = LockFileOf(project);
     for (int i = 0; i < kTries; ++i) {
-        // No link is followed: it could lead to a file that is dear to somebody.
-        const int descriptor =
-            open(file.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK, 0666);
+        bool isOurs = true;
+        const int descriptor = OpenLock(file, isOurs);
         if (descriptor < 0)
             return {};
         const bool locked = flock(descriptor, LOCK_EX | LOCK_NB) == 0;
@@ -109,6 +127,11 @@ ProjectLock::Attempt ProjectLock::TryTake(const fs::path& project)
         const std::string text = ReadLock(descriptor);
         const bool foreign = !text.empty() && !text.starts_with(kMark);
         if (locked && !foreign && IsStill(descriptor, file)) {
+            // What a crash of somebody else left cannot carry our name.
+            if (!isOurs && unlink(file.c_str()) == 0) {
+                close(descriptor);
+                continue;
+            }
             WriteHolder(descriptor);
             return {.lock = std::unique_ptr<ProjectLock>(new ProjectLock(file, descriptor)), .holder = {}};
         }

@@ -2,6 +2,7 @@
 // What happens to unsaved work and to files that others write, too.
 #include "app/frame/file_commands.h"
 
+#include "app/document/recent_files.h"
 #include "app/frame/recovery_dialog.h"
 #include "app/frame/session_end.h"
 #include "gui_base/input/controls/tv_textctrl.h"
@@ -12,10 +13,14 @@
 
 #include <gmock/gmock.h>
 #include <wx/button.h>
+#include <wx/filedlg.h>
 #include <wx/msgdlg.h>
 
 #include <csignal>
 #include <cstdlib>
+#include <string_view>
+#include <sys/socket.h>
+#include <sys/un.h>
 
 namespace {
 
@@ -192,6 +197,37 @@ TEST_F(FileCommandsTest, AFileThatSomebodyElseWroteIsNotReplacedUnasked)
     EXPECT_EQ(SodiumIn(path), 200.0);
 }
 
+TEST_F(FileCommandsTest, AnEndingThatIsAddedReplacesNoFileUnasked)
+{
+    const fs::path path = m_folder / "plant.tarnvik";
+    WriteAs(path, 1.0);
+    // Otherwise the dialog completes the name by itself.
+    WriteAs(m_folder / "plant 2.tarnvik", 2.0);
+    Enter(Field("na.orig"), "5");
+    for (const int answer : {wxID_NO, wxID_YES}) {
+        m_dialogs.Expect([&](wxDialog& dialog) {
+            return ChooseFile(dynamic_cast<wxFileDialog&>(dialog), m_folder / "plant") ? wxID_OK
+                                                                                       : wxID_CANCEL;
+        });
+        m_dialogs.Expect([&](wxDialog& dialog) {
+            EXPECT_TRUE(dynamic_cast<wxMessageDialog&>(dialog).GetMessage().Contains("plant.tarnvik exists"));
+            return answer;
+        });
+        EXPECT_EQ(m_frame->Files().SaveAs(), answer == wxID_YES);
+        EXPECT_EQ(SodiumIn(path), answer == wxID_YES ? 5.0 : 1.0);
+    }
+}
+
+TEST_F(FileCommandsTest, RecentFilesAreWhatTheyWereCalled)
+{
+    for (const char* name : {"b\xff\x1b.tarnvik", "two\nlines.tarnvik"}) {
+        WriteAs(m_folder / name, 1.0);
+        EXPECT_TRUE(m_frame->Files().Open(m_folder / name));
+    }
+    EXPECT_THAT(app::RecentFiles(), testing::ElementsAre(m_folder / "b\xff\x1b.tarnvik"));
+    EXPECT_EQ(m_frame->GetTitle(), "two\\x0alines - Tarnvik");
+}
+
 TEST_F(FileCommandsTest, TwoWindowsOnOneProjectAreTold)
 {
     const fs::path path = m_folder / "plant.tarnvik";
@@ -245,31 +281,73 @@ TEST_F(FileCommandsTest, AWindowThatMustCloseGivesNothingUp)
     m_frame = new app::MainFrame(MakeDocument(m_water));
 }
 
-using SessionEndDeathTest = FileCommandsTest;
+class SessionEndDeathTest : public FileCommandsTest
+{
+protected:
+    void SetUp() override
+    {
+        // The process that is ended begins its test anew, and keeps where this one looks.
+        GTEST_FLAG_SET(death_test_style, "threadsafe");
+        if (std::getenv("TARNVIK_TEST_STATE") == nullptr)
+            setenv("TARNVIK_TEST_STATE", (m_folder / "ended").c_str(), 1);
+        setenv("TARNVIK_USER_DATA", std::getenv("TARNVIK_TEST_STATE"), 1);
+        FileCommandsTest::SetUp();
+    }
+    void TypeSodium()
+    {
+        app::KeepWorkAtSessionEnd(*m_frame);
+        Focus(Field("na.orig"));
+        Field("na.orig").SelectAll();
+        Type("12.5");
+    }
+    /// As if the display server had ended.
+    static void LoseDisplay()
+    {
+        for (int descriptor = 3; descriptor < 1024; ++descriptor) {
+            sockaddr_un peer{};
+            socklen_t size = sizeof(peer);
+            if (getpeername(descriptor, reinterpret_cast<sockaddr*>(&peer), &size) == 0 &&
+                peer.sun_family == AF_UNIX &&
+                std::string_view(peer.sun_path + 1, sizeof(peer.sun_path) - 1).find("X11-unix") !=
+                    std::string_view::npos)
+                shutdown(descriptor, SHUT_RDWR);
+        }
+    }
+    void ExpectSodiumKept()
+    {
+        const auto kept = RecoveryFile::List();
+        unsetenv("TARNVIK_TEST_STATE");
+        ASSERT_EQ(kept.size(), 1u);
+        const auto project = RecoveryFile::Load(kept[0]);
+        EXPECT_EQ(project->GetLiquid(0).GetDetails()->At("liquid/na.orig").GetDoubleValue(), 12.5);
+    }
+};
 
 TEST_F(SessionEndDeathTest, KeepsWhatIsTypedAndNotYetLeft)
 {
-    // The process that is ended begins this test anew.
-    GTEST_FLAG_SET(death_test_style, "threadsafe");
-    if (std::getenv("TARNVIK_TEST_STATE") == nullptr)
-        setenv("TARNVIK_TEST_STATE", (m_folder / "ended").c_str(), 1);
-    setenv("TARNVIK_USER_DATA", std::getenv("TARNVIK_TEST_STATE"), 1);
     EXPECT_EXIT(
         {
-            app::KeepWorkAtSessionEnd(*m_frame);
-            Focus(Field("na.orig"));
-            Field("na.orig").SelectAll();
-            Type("12.5");
+            TypeSodium();
             std::raise(SIGTERM);
             Pump();
-            std::exit(1);
+            std::exit(0);
         },
         testing::KilledBySignal(SIGTERM), "");
-    const auto kept = RecoveryFile::List();
-    unsetenv("TARNVIK_TEST_STATE");
-    ASSERT_EQ(kept.size(), 1u);
-    EXPECT_EQ(RecoveryFile::Load(kept[0])->GetLiquid(0).GetDetails()->At("liquid/na.orig").GetDoubleValue(),
-              12.5);
+    ExpectSodiumKept();
+}
+
+TEST_F(SessionEndDeathTest, KeepsTheWorkWhenTheDisplayIsGone)
+{
+    EXPECT_EXIT(
+        {
+            TypeSodium();
+            Press(WXK_TAB);
+            LoseDisplay();
+            Pump();
+            std::exit(0);
+        },
+        testing::ExitedWithCode(1), "");
+    ExpectSodiumKept();
 }
 
 }  // namespace

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Analyses of laboratories in the program's window: imported with a preview, and exported.
+#include "gui_base/input/panel/aui_notebook.h"
+#include "gui_base/support/file_path.h"
 #include "gui_base/water/analysis/laboratory_dialog.h"
 #include "projectbase/settings/settings.h"
 #include "tests/support/program_fixture.h"
@@ -116,6 +118,27 @@ TEST_F(LaboratoryCommandsTest, ATableTooLargeIsRefused)
     std::ofstream(path, std::ios::app) << std::string(9'000'000, '1');
     m_frame->Waters().ImportFrom(path);
     EXPECT_EQ(MessageCount(), 2) << "larger than such a file may be";
+    EXPECT_TRUE(m_frame->GetMessageArea().GetItemText(1, 1).EndsWith("it is larger than 16 MiB"));
+}
+
+TEST_F(LaboratoryCommandsTest, FilesAndWatersWhoseNamesAreNoTextAreShownEscaped)
+{
+    const std::filesystem::path path = m_folder / "l\xff\x1b[2Jab.csv";
+    m_frame->Waters().ImportFrom(path);
+    ASSERT_EQ(MessageCount(), 1);
+    const wxString text = m_frame->GetMessageArea().GetItemText(0, 1);
+    EXPECT_TRUE(text.Contains("l\\xff\\x1b[2Jab.csv cannot be read: there is no such file")) << text;
+
+    std::ofstream(path) << "Ca [mg/l]\n40\n";
+    m_dialogs.Expect([](wxDialog&) { return wxID_OK; });
+    m_frame->Waters().ImportFrom(PathOf(DialogPath(path)));
+    EXPECT_EQ(Water("ca.orig").GetDoubleValue(), 40.0);
+
+    OpenProject().RenameOwner(OpenProject().GetLiquid(0), "W\x1b[2J\xff");
+    Pump();
+    EXPECT_EQ(m_frame->GetBook().GetCurrent()->GetModule().id, "water");
+    const auto& tabs = gui_test::Find<AuiNotebook>(*m_frame);
+    EXPECT_EQ(tabs.GetPageText(static_cast<std::size_t>(tabs.GetSelection())), "W\\x1b[2J\\xff");
 }
 
 TEST_F(LaboratoryCommandsTest, ALongReadingIsShownAndCancelled)

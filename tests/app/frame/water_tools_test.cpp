@@ -141,7 +141,7 @@ TEST_F(WaterToolsTest, ALibraryThatCannotBeReachedIsReported)
     std::filesystem::remove(File());
     Menu("Tools", "Save to water library");
     EXPECT_EQ(MessageCount(), 1);
-    EXPECT_NE(m_frame->GetMessageArea().GetItemText(0, 1).Find("removed"), wxNOT_FOUND);
+    EXPECT_NE(m_frame->GetMessageArea().GetItemText(0, 1).Find("Check that it can be reached"), wxNOT_FOUND);
     EXPECT_FALSE(m_frame->GetDocument().IsUnsaved());
 }
 

@@ -172,6 +172,30 @@ unsigned ModeOf(const fs::path& path)
     return stat(path.c_str(), &status) == 0 ? status.st_mode & 07777U : 0U;
 }
 
+TEST(UserDatabaseFile, InPiecesIsWholeWithItsLog)
+{
+    const support::TempFolder folder;
+    const fs::path path = folder / "user.db";
+    ProjectDatabase::Open(path.string());
+    ProjectDatabase::SetUserParameter("kept", "here");
+    ProjectDatabase::Close();
+    std::streamoff root = 0;
+    std::streamoff size = 0;
+    {
+        const auto session = Open(path);
+        *session << "SELECT rootpage FROM sqlite_master WHERE name = 'tarnvik_schema'", soci::into(root);
+        *session << "PRAGMA page_size", soci::into(size);
+    }
+    MakeCrashed(path, {"PRAGMA wal_autocheckpoint = 0", "UPDATE tarnvik_schema SET version = version + 1",
+                       "UPDATE tarnvik_schema SET version = version - 1"});
+    // The program was killed while it took the log over into the file.
+    std::fstream(path, std::ios::in | std::ios::out | std::ios::binary).seekp((root - 1) * size)
+        << std::string(static_cast<std::size_t>(size), '\xff');
+    ASSERT_NO_THROW(ProjectDatabase::Open(path.string()));
+    EXPECT_EQ(ProjectDatabase::GetUserParameter("kept"), "here");
+    ProjectDatabase::Close();
+}
+
 TEST(UserDatabaseFile, IsOpenToItsOwnerOnlyWhateverItWas)
 {
     const support::TempFolder folder;

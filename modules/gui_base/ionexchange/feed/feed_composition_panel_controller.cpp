@@ -4,6 +4,7 @@
 #include "dbinterfaces/master_database.h"
 #include "dbinterfaces/project_database.h"
 #include "gui_base/input/events.h"
+#include "gui_base/messages/user_message.h"
 #include "gui_base/support/translation.h"
 #include "projectbase/feed/known_elements.h"
 #include "projectbase/units/unit_system_manager.h"
@@ -103,7 +104,7 @@ bool FeedCompositionPanelController::Guarded(const std::function<void()>& work)
         return true;
     } catch (const std::exception& error) {
         if (m_view)
-            m_view->ShowErrorMessage(wxString::FromUTF8(error.what()));
+            m_view->ShowErrorMessage(MessageOf(error).text);
         return false;
     }
 }

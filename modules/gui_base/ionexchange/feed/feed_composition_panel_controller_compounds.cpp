@@ -3,6 +3,8 @@
 // project.
 #include "dbinterfaces/project_database.h"
 #include "gui_base/ionexchange/feed/feed_composition_panel_controller.h"
+#include "gui_base/messages/user_message.h"
+#include "gui_base/support/file_path.h"
 #include "gui_base/support/translation.h"
 #include "projectbase/feed/compounds_importer.h"
 #include "projectbase/library/compound_import.h"
@@ -129,11 +131,13 @@ void FeedCompositionPanelController::Export(const std::vector<int>& selected, co
 {
     Guarded([&] {
         try {
-            SaveCompoundFile(path.utf8_string(), Chosen(compounds, selected));
-            m_view->ShowInfoMessage(wxString::Format(Tr(wxTRANSLATE("Compounds exported to:\n %s")), path));
-        } catch (const std::system_error&) {
+            SaveCompoundFile(PathOf(path), Chosen(compounds, selected));
+            m_view->ShowInfoMessage(
+                wxString::Format(Tr(wxTRANSLATE("Compounds exported to:\n %s")), ShownPath(PathOf(path))));
+        } catch (const std::system_error& error) {
             m_view->ShowErrorMessage(
-                wxString::Format(Tr(wxTRANSLATE("Couldn't open file to write: %s")), path));
+                wxString::Format(Tr(wxTRANSLATE("Couldn't open file to write: %s")),
+                                 ShownPath(PathOf(path)) + "\n" + CauseText(error.code())));
         }
     });
 }
@@ -148,19 +152,21 @@ void FeedCompositionPanelController::ImportCompoundsCallback(FeedEvent&)
 void FeedCompositionPanelController::ImportFile(const wxString& path)
 {
     const auto unreadable = [&](const wxString& cause) {
-        m_view->ShowErrorMessage(wxString::Format(
-            Tr(wxTRANSLATE("An error occurred during reading the file: %s")), path + "\n" + cause));
+        m_view->ShowErrorMessage(
+            wxString::Format(Tr(wxTRANSLATE("An error occurred during reading the file: %s")),
+                             ShownPath(PathOf(path)) + "\n" + cause));
     };
     const auto work = [&] {
         try {
-            Import(*LoadCompoundFile(path.utf8_string()));
-        } catch (const std::system_error&) {
-            m_view->ShowErrorMessage(
-                wxString::Format(Tr(wxTRANSLATE("Couldn't open file to read: %s")), path));
+            Import(*LoadCompoundFile(PathOf(path)));
+        } catch (const std::system_error& error) {
+            m_view->ShowErrorMessage(wxString::Format(
+                Tr(wxTRANSLATE("Couldn't open file to read: %s")),
+                ShownPath(PathOf(path)) + "\n" + ReadingCauseText(error.code(), kLargestCompoundFile)));
         } catch (const tncommon::ZipError& error) {
             unreadable(Tr(error.what()));
         } catch (const CompoundFileError& error) {
-            unreadable(wxString::FromUTF8(error.what()));
+            unreadable(MessageOf(error).text);
         }
     };
     // What an import that fails half-way has brought is shown, too.

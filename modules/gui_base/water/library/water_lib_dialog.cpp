@@ -3,6 +3,7 @@
 
 #include "gui_base/dialogs/questions.h"
 #include "gui_base/input/controls/tv_searchctrl.h"
+#include "gui_base/messages/user_message.h"
 #include "gui_base/support/translation.h"
 #include "gui_base/water/library/water_lib_arrangement.h"
 #include "gui_base/water/library/water_lib_details.h"
@@ -75,10 +76,10 @@ bool WaterLibDialog::Guarded(const std::function<void()>& action)
         action();
         return true;
     } catch (const std::exception& error) {
-        m_logger.Error(error.what());
-        m_problem->ShowMessage(
-            wxString::Format(Tr("The water library cannot be used: %s"), wxString::FromUTF8(error.what())),
-            wxICON_ERROR);
+        const wxString text = MessageOf(error).text;
+        m_logger.Error(text.utf8_string());
+        m_problem->ShowMessage(wxString::Format(Tr("The water library cannot be used: %s"), text),
+                               wxICON_ERROR);
         return false;
     }
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // How the water library stores the current analysis: what the user is asked and told.
 #include "gui_base/dialogs/questions.h"
+#include "gui_base/messages/user_message.h"
 #include "gui_base/support/translation.h"
 #include "gui_base/water/library/water_lib_dialog.h"
 #include "gui_base/water/library/water_lib_texts.h"
@@ -23,7 +24,7 @@ bool Reported(std::string* problem, Action&& action)
         return action();
     } catch (const std::exception& error) {
         if (problem != nullptr)
-            *problem = error.what();
+            *problem = MessageOf(error).text.utf8_string();
         return false;
     }
 }

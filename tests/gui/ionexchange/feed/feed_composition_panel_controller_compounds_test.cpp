@@ -182,7 +182,7 @@ TEST_F(CompoundDatabaseTest, ExportsWhatIsListedAndReadsItBack)
 
     const auto nowhere = m_folder / "no" / "out.mvcf";
     m_controller->Export({0}, listed, wxString::FromUTF8(nowhere.string()));
-    EXPECT_EQ(LastLog(), "Couldn't open file to write: " + nowhere.string());
+    EXPECT_EQ(LastLog(), "Couldn't open file to write: " + nowhere.string() + "\nthe folder does not exist");
     EXPECT_EQ(LastLevel(), wxLOG_Error);
     Focus(Search());
     Type("zzzz");
@@ -265,7 +265,9 @@ TEST_F(CompoundDatabaseTest, FilesThatCannotBeReadAreNamedAndChangeNothing)
         std::string text;
     };
     const Case cases[] = {
-        {m_folder / "missing.mvcf", "Couldn't open file to read: "},
+        {m_folder / "missing.mvcf", "there is no such file"},
+        {m_folder.Path(), "it is a folder"},
+        {write("large.mvcf", std::string((16 << 20) + 1, 'x')), "it is larger than 16 MiB"},
         {write("empty.mvcf", ""), "An error occurred during reading the file: "},
         {write("foreign.mvcf", "<compounds/>"), "File structure wrong"},
         {write("cut.mvcf", whole.substr(0, whole.size() / 2)), "File structure wrong"},

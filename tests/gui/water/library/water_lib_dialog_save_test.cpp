@@ -114,7 +114,8 @@ TEST_P(WaterLibSave, AFailedSaveLeavesTheLibraryAsItWas)
     ExpectBox({"Duplicate"}, wxID_YES);
     std::string problem;
     EXPECT_FALSE(WaterLibDialog::SaveLiquidData(&m_liquid, &problem));
-    EXPECT_NE(problem.find("refuse"), std::string::npos) << problem;
+    EXPECT_NE(problem.find("Check that it can be reached"), std::string::npos) << problem;
+    EXPECT_EQ(problem.find("::Water"), std::string::npos) << problem;
     EXPECT_EQ(Sql("SELECT value FROM tarnvik_water_value WHERE name = 'liquid/na.orig'"),
               "1.00000000000000E+000");
     Describe("ES", "Madrid", "Well");

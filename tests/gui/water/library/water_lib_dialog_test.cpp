@@ -207,6 +207,11 @@ TEST_F(WaterLibTest, TellsOfADatabaseThatIsGone)
     Press(WXK_DELETE);
     EXPECT_EQ(Sources().size(), 1u);
     EXPECT_TRUE(TellsOfAProblem());
+    std::string problem;
+    m_logger.SetSink([&](const Logger::Entry& entry) { problem = entry.text; });
+    EXPECT_NE(problem.find("Check that it can be reached"), std::string::npos) << problem;
+    EXPECT_EQ(problem.find("::"), std::string::npos) << problem;
+    m_logger.SetSink({});
     // What was supplied is still there, and so is the dialog.
     ClickNode({"Sea waters"});
     EXPECT_EQ(m_dialog->GetWaterList().GetItemCount(), 3);

@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <csignal>
+#include <cstdlib>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -71,6 +72,44 @@ TEST_F(Lock, GoesWithTheProgramThatIsKilled)
     EXPECT_FALSE(fs::exists(m_lockFile));
     close(ready[0]);
     close(ready[1]);
+}
+
+TEST_F(Lock, NamesItsHolderWhateverTheEnvironment)
+{
+    const char* const present = std::getenv("USER");
+    const std::string user = present != nullptr ? present : "";
+    unsetenv("USER");
+    const auto taken = ProjectLock::TryTake(m_path);
+    EXPECT_NE(ProjectLock::TryTake(m_path).holder.value().user, "");
+    if (present != nullptr)
+        setenv("USER", user.c_str(), 1);
+}
+
+TEST_F(Lock, IsSeenByAUserWhoMayNotWriteIt)
+{
+    fs::permissions(m_folder.Path(), fs::perms::all);
+    auto other = ProjectLock::TryTake(m_path);
+    ASSERT_TRUE(other.lock);
+    fs::permissions(m_lockFile, static_cast<fs::perms>(0444));
+    const uid_t user = geteuid();
+    constexpr uid_t kNobody = 65534;
+    // Root may write everything.
+    ASSERT_TRUE(user != 0 || seteuid(kNobody) == 0);
+    EXPECT_TRUE(ProjectLock::TryTake(m_path).holder);
+    ASSERT_EQ(seteuid(user), 0);
+    other.lock.reset();
+
+    support::WriteBytes(m_lockFile, "tarnvik lock\nanna\nplant-7\n1\n");
+    fs::permissions(m_lockFile, static_cast<fs::perms>(0444));
+    ASSERT_TRUE(user != 0 || seteuid(kNobody) == 0);
+    {
+        const auto taken = ProjectLock::TryTake(m_path);
+        EXPECT_TRUE(taken.lock) << "a crash of somebody else left it";
+        const auto holder = ProjectLock::TryTake(m_path).holder;
+        EXPECT_TRUE(holder && holder->user != "anna");
+    }
+    EXPECT_FALSE(fs::exists(m_lockFile));
+    ASSERT_EQ(seteuid(user), 0);
 }
 
 TEST_F(Lock, TouchesNoStrangersFile)
