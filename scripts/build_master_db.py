@@ -154,13 +154,16 @@ def fill_detail_choices(db, csv_dir):
     for where, row in read_csv(csv_dir / "detail_choices.csv", ("key", "empty", "choices")):
         if ":" in row["choices"]:
             file, column = row["choices"].split(":")
-            choices = [other[column] for _, other in read_csv(csv_dir / file, (column,))]
+            if column == "#":
+                choices = [str(place) for place, _ in enumerate(read_csv(csv_dir / file, ()), start=1)]
+            else:
+                choices = [other[column] for _, other in read_csv(csv_dir / file, (column,))]
         else:
             choices = row["choices"].split()
         choices += [""] if row["empty"] == "yes" else []
         found = db.execute("SELECT type, default_value FROM detail WHERE name = ?", (row["key"],)).fetchone()
-        if found is None or found[0] != "string" or found[1] not in choices:
-            sys.exit(f"{where}: '{row['key']}' is no text with one of these values as its default")
+        if found is None or found[0] not in ("string", "long") or found[1] not in choices:
+            sys.exit(f"{where}: '{row['key']}' is no text or number with one of these values as its default")
         for position, choice in enumerate(choices):
             db.execute("INSERT INTO detail_choice VALUES (?,?,?)", (row["key"], position, choice))
 

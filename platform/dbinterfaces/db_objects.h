@@ -24,7 +24,7 @@ struct DetailDefinition
     std::string limitUnit;
     std::string defaultValue;               ///< empty: nothing is known yet
     std::string label;                      ///< what the user calls it, as source text
-    std::vector<std::string> choices = {};  ///< what a text may be; empty: anything
+    std::vector<std::string> choices = {};  ///< what a text or whole number may be; empty: anything
 };
 
 /// An ion of the water analysis.

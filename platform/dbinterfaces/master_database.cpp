@@ -107,7 +107,7 @@ std::optional<double> Optional(double value, soci::indicator indicator)
     return indicator == soci::i_ok ? std::optional(value) : std::nullopt;
 }
 
-/// What the texts of a group may be.
+/// What the texts and whole numbers of a group may be.
 void ReadChoices(soci::session& session, const std::string& group, const std::string& variant,
                  std::vector<DBObjects::DetailDefinition>& definitions)
 {

@@ -17,7 +17,7 @@ namespace support {
 /// How many times as much it may be under the sanitizers, and without the optimization that users get.
 #if defined(__SANITIZE_ADDRESS__)
 inline constexpr double kSlower = 5.0;
-#elif !defined(__OPTIMIZE__)
+#elif defined(__NO_INLINE__)
 inline constexpr double kSlower = 3.0;
 #else
 inline constexpr double kSlower = 1.0;
