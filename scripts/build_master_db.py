@@ -4,8 +4,8 @@
 
 build_master_db.py OUTPUT CSV_DIR --ions FILE --waters FILE [--iso-codes DIR] [--locales DIR]
 
-CSV_DIR holds details.csv, detail_choices.csv, elements.csv, alkalizing_agents.csv, compounds.csv, feed_mediums.csv, organics.csv, plants.csv
-and water_types.csv; the files are the rows of an analysis as list_ions writes them, and the waters of the library. Countries
+CSV_DIR holds details.csv, detail_choices.csv, elements.csv, alkalizing_agents.csv, compounds.csv, feed_mediums.csv, organics.csv, plants.csv,
+regenerants.csv, regenerant_densities.csv and water_types.csv; the files are the rows of an analysis as list_ions writes them, and the waters of the library. Countries
 and currencies come from the iso-codes package: their codes from its JSON files, their translated names from its message
 catalogues. The output is replaced as a whole or not at all, and equal inputs give equal bytes.
 """
@@ -21,7 +21,7 @@ import tempfile
 from pathlib import Path
 
 APPLICATION_ID = 0x54564D44  # "TVMD"
-SCHEMA_VERSION = 8
+SCHEMA_VERSION = 9
 ROLES = {"input", "derived"}
 TYPES = {"double", "long", "bool", "date", "string"}
 # Columns of the waters that are details by another name; a column that bears the name of an ion is its amount in mg/l.
@@ -34,6 +34,7 @@ WATER_COLUMNS = {
 # Kinds of compounds in the order of their numbers.
 ACID_BASE = ("neutral", "strong acid", "weak acid", "strong base", "weak base")
 EXCHANGERS = {"SAC_NA", "SAC_H", "WAC_H", "WBA", "SBA", "MB", "DEGAS"}
+REGENERANT_KINDS = {"acid", "base", "salt"}
 NO_COUNTRY = "International"
 # Which kinds of ions a placeholder in a detail's key stands for.
 KEY_PLACEHOLDERS = {
@@ -75,6 +76,11 @@ CREATE TABLE feed_medium_usage (medium_id INTEGER NOT NULL, module TEXT NOT NULL
 CREATE TABLE plant_type (id INTEGER PRIMARY KEY, type TEXT NOT NULL UNIQUE, name TEXT NOT NULL);
 CREATE TABLE plant_exchanger (type TEXT NOT NULL, position INTEGER NOT NULL, kind TEXT NOT NULL,
     optional INTEGER NOT NULL, PRIMARY KEY (type, position)) WITHOUT ROWID;
+-- What exchangers are regenerated with, and the densities (kg/l) of their solutions by content (% by mass) at 20 °C.
+CREATE TABLE regenerant (id INTEGER PRIMARY KEY, code TEXT NOT NULL UNIQUE, name TEXT NOT NULL, formula TEXT NOT NULL,
+    kind TEXT NOT NULL, equivalent_mass REAL NOT NULL);
+CREATE TABLE regenerant_density (code TEXT NOT NULL, percent REAL NOT NULL, density REAL NOT NULL,
+    PRIMARY KEY (code, percent)) WITHOUT ROWID;
 CREATE TABLE organic (id INTEGER PRIMARY KEY, code TEXT NOT NULL UNIQUE, label TEXT NOT NULL, acidity REAL NOT NULL,
     carbon REAL NOT NULL);
 CREATE TABLE water_type (id INTEGER PRIMARY KEY, code TEXT NOT NULL UNIQUE, description TEXT NOT NULL);
@@ -260,6 +266,23 @@ def fill_plants(db, csv_dir):
     return types
 
 
+def fill_regenerants(db, csv_dir):
+    columns = ("key", "name", "formula", "kind", "equivalent_mass", "source")
+    keys = []
+    for identifier, (where, row) in enumerate(read_csv(csv_dir / "regenerants.csv", columns), start=1):
+        if row["kind"] not in REGENERANT_KINDS:
+            sys.exit(f"{where}: unknown kind '{row['kind']}'")
+        db.execute("INSERT INTO regenerant VALUES (?,?,?,?,?,?)",
+                   (identifier, row["key"], row["name"], row["formula"], row["kind"],
+                    number(row["equivalent_mass"], where)))
+        keys.append(row["key"])
+    for where, row in read_csv(csv_dir / "regenerant_densities.csv", ("key", "percent", "density", "source")):
+        if row["key"] not in keys:
+            sys.exit(f"{where}: no regenerant '{row['key']}'")
+        db.execute("INSERT INTO regenerant_density VALUES (?,?,?)",
+                   (row["key"], number(row["percent"], where), number(row["density"], where)))
+
+
 def fill_organics(db, csv_dir):
     rows = read_csv(csv_dir / "organics.csv", ("key", "label", "acidity", "carbon"))
     for identifier, (where, row) in enumerate(rows, start=1):
@@ -348,6 +371,7 @@ def build(path, arguments):
     fill_alkalizing_agents(db, arguments.csv_dir, ions)
     fill_compounds(db, arguments.csv_dir)
     fill_feed_mediums(db, arguments.csv_dir, fill_plants(db, arguments.csv_dir))
+    fill_regenerants(db, arguments.csv_dir)
     fill_organics(db, arguments.csv_dir)
     fill_water_types(db, arguments.csv_dir)
     fill_waters(db, arguments.waters, ions)

@@ -127,6 +127,25 @@ struct PlantType
     std::vector<PlantExchanger> exchangers;  ///< in flow order
 };
 
+/// The density of a solution at 20 °C.
+struct SolutionDensity
+{
+    double percent = 0.0;  ///< by mass
+    double density = 0.0;  ///< kg/l
+};
+
+/// A chemical that exchangers are regenerated with.
+struct Regenerant
+{
+    int id = -1;
+    std::string key;   ///< for example "HCL"
+    std::string name;  ///< English
+    std::string formula;
+    std::string kind;                        ///< "acid", "base" or "salt"
+    double equivalentMass = 0.0;             ///< g/eq
+    std::vector<SolutionDensity> densities;  ///< by rising content, from water on
+};
+
 /// What the organic load of a water consists of. Typical figures of aquatic humic substances, Thurman 1985,
 /// Organic Geochemistry of Natural Waters.
 struct Organic

@@ -18,7 +18,7 @@ namespace {
 
 constexpr water_queries::Tables kMasterWaters{"", 0};
 constexpr int kApplicationId = 0x54564D44;  // "TVMD", as the build script writes it
-constexpr int kSchemaVersion = 8;
+constexpr int kSchemaVersion = 9;
 
 struct State
 {
@@ -311,6 +311,32 @@ std::vector<DBObjects::PlantType> MasterDatabase::GetPlantTypes()
         }
         return types;
     });
+}
+
+std::vector<DBObjects::Regenerant> MasterDatabase::GetRegenerants()
+{
+    return Run("GetRegenerants",
+               [](soci::session& session) {
+                   std::vector<DBObjects::Regenerant> regenerants;
+                   const soci::rowset<soci::row> rows =
+                       (session.prepare
+                        << "SELECT r.id, r.code, r.name, r.formula, r.kind, r.equivalent_mass, d.percent, "
+                           "d.density FROM regenerant r JOIN regenerant_density d ON d.code = r.code "
+                           "ORDER BY r.id, d.percent");
+                   for (const soci::row& row : rows) {
+                       const int id = row.get<int>(0);
+                       if (regenerants.empty() || regenerants.back().id != id)
+                           regenerants.push_back({id,
+                                                  row.get<std::string>(1),
+                                                  row.get<std::string>(2),
+                                                  row.get<std::string>(3),
+                                                  row.get<std::string>(4),
+                                                  row.get<double>(5),
+                                                  {}});
+                       regenerants.back().densities.push_back({row.get<double>(6), row.get<double>(7)});
+                   }
+                   return regenerants;
+               });
 }
 
 std::vector<DBObjects::Organic> MasterDatabase::GetOrganics(const std::string& pattern)

@@ -61,6 +61,9 @@ public:
     /// The types of plants in the order in which they are offered.
     static std::vector<DBObjects::PlantType> GetPlantTypes();
 
+    /// What exchangers are regenerated with, in the order in which it is offered.
+    static std::vector<DBObjects::Regenerant> GetRegenerants();
+
     /// What the organic load of a water can consist of, by a pattern of the key in which "%" stands for any
     /// text; "none" is first.
     static std::vector<DBObjects::Organic> GetOrganics(const std::string& pattern = "%");
