@@ -18,6 +18,7 @@ python3 - resources/examples/waters.csv:kind,category \
     resources/master/organics.csv:label resources/master/elements.csv:name,class,state_25c \
     resources/master/compounds.csv:category resources/master/feed_mediums.csv:name \
     resources/master/regenerants.csv:name \
+    resources/master/sequence_media.csv:label resources/master/sequence_types.csv:label \
     resources/master/details.csv:label >"$temporary/header.pot" <<'PYTHON'
 import csv
 import sys

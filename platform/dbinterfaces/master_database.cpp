@@ -18,7 +18,7 @@ namespace {
 
 constexpr water_queries::Tables kMasterWaters{"", 0};
 constexpr int kApplicationId = 0x54564D44;  // "TVMD", as the build script writes it
-constexpr int kSchemaVersion = 9;
+constexpr int kSchemaVersion = 10;
 
 struct State
 {
@@ -105,6 +105,14 @@ std::vector<Record> ReadNamed(soci::session& session, const std::string& table, 
 std::optional<double> Optional(double value, soci::indicator indicator)
 {
     return indicator == soci::i_ok ? std::optional(value) : std::nullopt;
+}
+
+/// The first five columns of what sequences are made of.
+DBObjects::SequenceFigures FiguresOf(const soci::row& row)
+{
+    constexpr double kNothing = std::numeric_limits<double>::quiet_NaN();
+    return {row.get<std::string>(0), row.get<std::string>(1), row.get<double>(2, kNothing),
+            row.get<std::string>(3), row.get<double>(4, kNothing)};
 }
 
 /// What the texts and whole numbers of a group may be.
@@ -336,6 +344,51 @@ std::vector<DBObjects::Regenerant> MasterDatabase::GetRegenerants()
                        regenerants.back().densities.push_back({row.get<double>(6), row.get<double>(7)});
                    }
                    return regenerants;
+               });
+}
+
+std::vector<DBObjects::SequenceMedium> MasterDatabase::GetSequenceMedia()
+{
+    return Run("GetSequenceMedia", [](soci::session& session) {
+        std::vector<DBObjects::SequenceMedium> media;
+        const soci::rowset<soci::row> rows =
+            (session.prepare << "SELECT code, label, kind, chemical FROM sequence_medium ORDER BY id");
+        for (const soci::row& row : rows)
+            media.push_back({row.get<std::string>(0), row.get<std::string>(1), row.get<std::string>(2),
+                             row.get<std::string>(3)});
+        return media;
+    });
+}
+
+std::vector<DBObjects::SequenceType> MasterDatabase::GetSequenceTypes()
+{
+    return Run("GetSequenceTypes",
+               [](soci::session& session) {
+                   std::vector<DBObjects::SequenceType> types;
+                   const soci::rowset<soci::row> rows =
+                       (session.prepare
+                        << "SELECT direction, flow, flow_value, amount, amount_value, code, label, class "
+                           "FROM sequence_type ORDER BY id");
+                   for (const soci::row& row : rows)
+                       types.push_back({row.get<std::string>(5), row.get<std::string>(6),
+                                        row.get<std::string>(7), FiguresOf(row)});
+                   return types;
+               });
+}
+
+std::vector<DBObjects::SequenceDefault> MasterDatabase::GetSequenceDefaults()
+{
+    return Run("GetSequenceDefaults",
+               [](soci::session& session) {
+                   std::vector<DBObjects::SequenceDefault> defaults;
+                   const soci::rowset<soci::row> rows =
+                       (session.prepare
+                        << "SELECT direction, flow, flow_value, amount, amount_value, kind, type, medium "
+                           "FROM sequence_default ORDER BY id");
+                   for (const soci::row& row : rows)
+                       defaults.push_back({row.get<std::string>(5), row.get<std::string>(6),
+                                           row.get<std::string>(7), FiguresOf(row)});
+                   return defaults;
                });
 }
 

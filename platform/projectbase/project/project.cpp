@@ -146,6 +146,7 @@ void Project::CalculateDesign()
         for (const std::size_t blend : blends[i])
             GetLiquid(blend).SetOutOfDate(true);
     }
+    CalculatePlant();
     // Inputs that the calculation settles (a reset, a blend) are not typed.
     m_journal->TakeTyped();
 }

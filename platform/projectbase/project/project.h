@@ -140,6 +140,8 @@ public:
 
 protected:
     Project(const Project& other);
+    /// What follows from calculated waters; nothing of what it writes counts as typed.
+    virtual void CalculatePlant() {}
     /// What typed inputs bring about in others; runs before anything is calculated from them.
     virtual void ApplyRules(const std::vector<TypedInput>& typed);
 
