@@ -64,6 +64,11 @@ public:
     /// What exchangers are regenerated with, in the order in which it is offered.
     static std::vector<DBObjects::Regenerant> GetRegenerants();
 
+    /// The resins with how they are regenerated, in the order in which they are offered.
+    static std::vector<DBObjects::Resin> GetResins();
+    /// How exchangers begin: what is for one type of plant only comes first.
+    static std::vector<DBObjects::ExchangerDefault> GetExchangerDefaults();
+
     /// What the organic load of a water can consist of, by a pattern of the key in which "%" stands for any
     /// text; "none" is first.
     static std::vector<DBObjects::Organic> GetOrganics(const std::string& pattern = "%");

@@ -32,7 +32,8 @@ public:
     /// Throws std::out_of_range.
     OwnerNode& GetStep(std::size_t index);
     const OwnerNode& GetStep(std::size_t index) const;
-    /// Adds an exchanger ("SAC_H", ...) with its compartments, each with one resin yet to be chosen.
+    /// Adds an exchanger ("SAC_H", ...) with its compartments, each with a resin, a regenerant, its level and
+    /// dilution that are usual for its kind in a plant of this type.
     OwnerNode& AddStep(const std::string& kind, std::size_t position);
 
     /// The compounds of the feed as the project stores them: the details of the group "feedcompound", one
@@ -48,6 +49,8 @@ public:
 
 protected:
     IEXProject(const IEXProject&) = default;
+    void CalculatePlant() override;
+    long ReachedStatus() const override;
 
 private:
     bool IsFeedKnown() const;
