@@ -5,7 +5,7 @@
 build_master_db.py OUTPUT CSV_DIR --ions FILE --waters FILE [--iso-codes DIR] [--locales DIR]
 
 CSV_DIR holds details.csv, detail_choices.csv, elements.csv, alkalizing_agents.csv, compounds.csv, feed_mediums.csv, organics.csv, plants.csv,
-regenerants.csv, regenerant_densities.csv, sequence_media.csv, sequence_types.csv, sequence_defaults.csv and water_types.csv; the files are the rows of an analysis as list_ions writes them, and the waters of the library. Countries
+regenerants.csv, regenerant_densities.csv, resins.csv, resin_regeneration.csv, exchanger_defaults.csv, sequence_media.csv, sequence_types.csv, sequence_defaults.csv and water_types.csv; the files are the rows of an analysis as list_ions writes them, and the waters of the library. Countries
 and currencies come from the iso-codes package: their codes from its JSON files, their translated names from its message
 catalogues. The output is replaced as a whole or not at all, and equal inputs give equal bytes.
 """
@@ -39,6 +39,7 @@ SEQUENCE_CLASSES = {"flow", "still", "chemical", "air"}
 SEQUENCE_MEDIA = {"water", "product", "chemical", "air"}
 SEQUENCE_FLOWS = {"", "v", "q", "q.bv"}
 SEQUENCE_AMOUNTS = {"", "t", "vol", "vol.bv"}
+RESIN_KINDS = {"SAC", "WAC", "WBA", "SBA", "inert"}
 NO_COUNTRY = "International"
 # Which kinds of ions a placeholder in a detail's key stands for.
 KEY_PLACEHOLDERS = {
@@ -92,6 +93,15 @@ CREATE TABLE sequence_type (id INTEGER PRIMARY KEY, code TEXT NOT NULL UNIQUE, l
     direction TEXT NOT NULL, flow TEXT NOT NULL, flow_value REAL, amount TEXT NOT NULL, amount_value REAL);
 CREATE TABLE sequence_default (id INTEGER PRIMARY KEY, kind TEXT NOT NULL, type TEXT NOT NULL, medium TEXT NOT NULL,
     direction TEXT NOT NULL, flow TEXT NOT NULL, flow_value REAL, amount TEXT NOT NULL, amount_value REAL);
+-- Resins by kind, what they are regenerated with, and how an exchanger begins.
+CREATE TABLE resin (id INTEGER PRIMARY KEY, code TEXT NOT NULL UNIQUE, name TEXT NOT NULL, kind TEXT NOT NULL,
+    total_capacity REAL NOT NULL, capacity REAL NOT NULL, bead REAL NOT NULL, density REAL NOT NULL, bulk_density REAL,
+    void REAL NOT NULL, swelling REAL NOT NULL, v_max REAL NOT NULL, t_max REAL NOT NULL);
+CREATE TABLE resin_regeneration (id INTEGER PRIMARY KEY, resin TEXT NOT NULL, chemical TEXT NOT NULL, mode TEXT NOT NULL,
+    q_max REAL, k REAL, level_min REAL, level_max REAL, ratio_min REAL, ratio_max REAL, UNIQUE (resin, chemical, mode));
+CREATE TABLE exchanger_default (plant TEXT NOT NULL, kind TEXT NOT NULL, compartment INTEGER NOT NULL, mode TEXT NOT NULL,
+    v_max REAL NOT NULL, resin TEXT NOT NULL, chemical TEXT NOT NULL, level REAL NOT NULL, supply REAL NOT NULL,
+    dilution REAL NOT NULL, temperature REAL NOT NULL, PRIMARY KEY (plant, kind, compartment)) WITHOUT ROWID;
 CREATE TABLE organic (id INTEGER PRIMARY KEY, code TEXT NOT NULL UNIQUE, label TEXT NOT NULL, acidity REAL NOT NULL,
     carbon REAL NOT NULL);
 CREATE TABLE water_type (id INTEGER PRIMARY KEY, code TEXT NOT NULL UNIQUE, description TEXT NOT NULL);
@@ -326,6 +336,35 @@ def fill_sequences(db, csv_dir):
                    (identifier, row["kind"], row["type"], row["medium"]) + sequence_figures(where, row))
 
 
+def fill_resins(db, csv_dir):
+    columns = ("total_capacity", "capacity", "bead", "density", "bulk_density", "void", "swelling", "v_max", "t_max")
+    resins = []
+    for where, row in read_csv(csv_dir / "resins.csv", ("key", "name", "kind", "source") + columns):
+        if row["kind"] not in RESIN_KINDS:
+            sys.exit(f"{where}: unknown kind '{row['kind']}'")
+        resins.append(row["key"])
+        db.execute("INSERT INTO resin VALUES (?,?,?,?,?,?,?,?,?,?,?,?,?)",
+                   (len(resins), row["key"], row["name"], row["kind"], *(number(row[each], where) for each in columns)))
+    chemicals = {code for code, in db.execute("SELECT code FROM regenerant")}
+    figures = ("q_max", "k", "level_min", "level_max", "ratio_min", "ratio_max")
+    names = ("resin", "chemical", "mode", "source")
+    for identifier, (where, row) in enumerate(read_csv(csv_dir / "resin_regeneration.csv", names + figures), start=1):
+        if row["resin"] not in resins or row["chemical"] not in chemicals or row["mode"] not in ("", "CO", "COUNTER", "MB"):
+            sys.exit(f"{where}: unknown resin, chemical or mode")
+        db.execute("INSERT INTO resin_regeneration VALUES (?,?,?,?,?,?,?,?,?,?)",
+                   (identifier, row["resin"], row["chemical"], row["mode"], *(number(row[each], where) for each in figures)))
+    figures = ("level", "supply", "dilution", "temperature")
+    names = ("plant", "kind", "compartment", "mode", "v_max", "resin", "chemical", "source")
+    plants = {type_ for type_, in db.execute("SELECT type FROM plant_type")} | {""}
+    for where, row in read_csv(csv_dir / "exchanger_defaults.csv", names + figures):
+        if (row["plant"] not in plants or row["kind"] not in EXCHANGERS or row["resin"] not in resins or
+                row["chemical"] not in chemicals or row["mode"] not in ("CO", "COUNTER")):
+            sys.exit(f"{where}: unknown plant, exchanger, mode, resin or chemical")
+        db.execute("INSERT INTO exchanger_default VALUES (?,?,?,?,?,?,?,?,?,?,?)",
+                   (row["plant"], row["kind"], int(row["compartment"]), row["mode"], number(row["v_max"], where),
+                    row["resin"], row["chemical"], *(number(row[each], where) for each in figures)))
+
+
 def fill_organics(db, csv_dir):
     rows = read_csv(csv_dir / "organics.csv", ("key", "label", "acidity", "carbon"))
     for identifier, (where, row) in enumerate(rows, start=1):
@@ -416,6 +455,7 @@ def build(path, arguments):
     fill_feed_mediums(db, arguments.csv_dir, fill_plants(db, arguments.csv_dir))
     fill_regenerants(db, arguments.csv_dir)
     fill_sequences(db, arguments.csv_dir)
+    fill_resins(db, arguments.csv_dir)
     fill_organics(db, arguments.csv_dir)
     fill_water_types(db, arguments.csv_dir)
     fill_waters(db, arguments.waters, ions)

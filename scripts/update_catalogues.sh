@@ -19,6 +19,7 @@ python3 - resources/examples/waters.csv:kind,category \
     resources/master/compounds.csv:category resources/master/feed_mediums.csv:name \
     resources/master/regenerants.csv:name \
     resources/master/sequence_media.csv:label resources/master/sequence_types.csv:label \
+    resources/master/resins.csv:name \
     resources/master/details.csv:label >"$temporary/header.pot" <<'PYTHON'
 import csv
 import sys

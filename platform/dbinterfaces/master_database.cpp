@@ -11,6 +11,7 @@
 #include <fmt/format.h>
 #include <soci/soci.h>
 
+#include <limits>
 #include <memory>
 #include <mutex>
 
@@ -107,12 +108,18 @@ std::optional<double> Optional(double value, soci::indicator indicator)
     return indicator == soci::i_ok ? std::optional(value) : std::nullopt;
 }
 
+/// NaN for what is null.
+double NumberAt(const soci::row& row, std::size_t column)
+{
+    return row.get_indicator(column) == soci::i_ok ? row.get<double>(column)
+                                                   : std::numeric_limits<double>::quiet_NaN();
+}
+
 /// The first five columns of what sequences are made of.
 DBObjects::SequenceFigures FiguresOf(const soci::row& row)
 {
-    constexpr double kNothing = std::numeric_limits<double>::quiet_NaN();
-    return {row.get<std::string>(0), row.get<std::string>(1), row.get<double>(2, kNothing),
-            row.get<std::string>(3), row.get<double>(4, kNothing)};
+    return {row.get<std::string>(0), row.get<std::string>(1), NumberAt(row, 2), row.get<std::string>(3),
+            NumberAt(row, 4)};
 }
 
 /// What the texts and whole numbers of a group may be.
@@ -388,6 +395,64 @@ std::vector<DBObjects::SequenceDefault> MasterDatabase::GetSequenceDefaults()
                    for (const soci::row& row : rows)
                        defaults.push_back({row.get<std::string>(5), row.get<std::string>(6),
                                            row.get<std::string>(7), FiguresOf(row)});
+                   return defaults;
+               });
+}
+
+std::vector<DBObjects::Resin> MasterDatabase::GetResins()
+{
+    return Run("GetResins", [](soci::session& session) {
+        std::vector<DBObjects::Resin> resins;
+        const soci::rowset<soci::row> rows =
+            (session.prepare << "SELECT id, code, name, kind, total_capacity, capacity, bead, density, "
+                                "bulk_density, void, swelling, v_max, t_max FROM resin ORDER BY id");
+        for (const soci::row& row : rows) {
+            const auto at = [&row](std::size_t column) { return NumberAt(row, column); };
+            resins.push_back({row.get<int>(0),
+                              row.get<std::string>(1),
+                              row.get<std::string>(2),
+                              row.get<std::string>(3),
+                              at(4),
+                              at(5),
+                              at(6),
+                              at(7),
+                              at(8),
+                              at(9),
+                              at(10),
+                              at(11),
+                              at(12),
+                              {}});
+        }
+        const soci::rowset<soci::row> regenerations =
+            (session.prepare << "SELECT resin, chemical, mode, q_max, k, level_min, level_max, ratio_min, "
+                                "ratio_max FROM resin_regeneration ORDER BY id");
+        for (const soci::row& row : regenerations) {
+            const auto at = [&row](std::size_t column) { return NumberAt(row, column); };
+            const auto resin = std::ranges::find(resins, row.get<std::string>(0), &DBObjects::Resin::key);
+            if (resin != resins.end())
+                resin->regenerations.push_back({row.get<std::string>(1), row.get<std::string>(2), at(3),
+                                                at(4), at(5), at(6), at(7), at(8)});
+        }
+        return resins;
+    });
+}
+
+std::vector<DBObjects::ExchangerDefault> MasterDatabase::GetExchangerDefaults()
+{
+    return Run("GetExchangerDefaults",
+               [](soci::session& session) {
+                   std::vector<DBObjects::ExchangerDefault> defaults;
+                   const soci::rowset<soci::row> rows =
+                       (session.prepare
+                        << "SELECT plant, kind, compartment, mode, v_max, resin, chemical, level, supply, "
+                           "dilution, temperature FROM exchanger_default ORDER BY plant DESC, kind, "
+                           "compartment");
+                   for (const soci::row& row : rows) {
+                       const auto at = [&row](std::size_t column) { return NumberAt(row, column); };
+                       defaults.push_back({row.get<std::string>(0), row.get<std::string>(1), row.get<int>(2),
+                                           row.get<std::string>(3), at(4), row.get<std::string>(5),
+                                           row.get<std::string>(6), at(7), at(8), at(9), at(10)});
+                   }
                    return defaults;
                });
 }

@@ -70,6 +70,11 @@ public:
     static std::vector<DBObjects::SequenceType> GetSequenceTypes();
     static std::vector<DBObjects::SequenceDefault> GetSequenceDefaults();
 
+    /// The resins with how they are regenerated, in the order in which they are offered.
+    static std::vector<DBObjects::Resin> GetResins();
+    /// How exchangers begin: what is for one type of plant only comes first.
+    static std::vector<DBObjects::ExchangerDefault> GetExchangerDefaults();
+
     /// What the organic load of a water can consist of, by a pattern of the key in which "%" stands for any
     /// text; "none" is first.
     static std::vector<DBObjects::Organic> GetOrganics(const std::string& pattern = "%");

@@ -2,6 +2,8 @@
 #include "projectbase/project/iex_project.h"
 
 #include "dbinterfaces/master_database.h"
+#include "projectbase/design/plant_design.h"
+#include "projectbase/design/resins.h"
 #include "projectbase/sequence/sequence_calculation.h"
 #include "projectbase/sequence/sequence_rows.h"
 
@@ -29,6 +31,17 @@ std::size_t CompartmentsOf(const std::string& kind)
     if (kind == kDegasser)
         return 0;
     return kind == "MB" ? 2 : 1;
+}
+
+void FillCompartment(OwnerNode& compartment, OwnerNode& resin, const DBObjects::ExchangerDefault& usual)
+{
+    DetailList& details = *compartment.GetDetails();
+    details.At("stepcomp/level").SetValue(usual.level);
+    details.At("stepcomp/rm.chemical").SetValue(usual.chemical);
+    details.At("stepcomp/rm.konz").SetValue(usual.supply);
+    details.At(design::kFirstDilution).SetValue(usual.dilution);
+    details.At("stepcomp/rm.temp").SetValue(usual.temperature);
+    resin.GetDetails()->At("compcomp/resin").SetValue(usual.resin);
 }
 
 bool IsComplete(const OwnerNode& compartment)
@@ -87,8 +100,16 @@ OwnerNode& IEXProject::AddStep(const std::string& kind, std::size_t position)
     const ProjectEdit edit(*this, wxTRANSLATE("add exchanger"));
     OwnerNode& step = AddOwner(GetRoot(), std::make_shared<OwnerNode>(OwnerKind::Exchanger), position);
     step.GetDetails()->At("step/kind").SetValue(kind);
-    for (std::size_t i = 0; i < CompartmentsOf(kind); ++i)
-        AddOwner(AddOwner(step, OwnerKind::Compartment), OwnerKind::Resin);
+    for (std::size_t i = 0; i < CompartmentsOf(kind); ++i) {
+        OwnerNode& compartment = AddOwner(step, OwnerKind::Compartment);
+        OwnerNode& resin = AddOwner(compartment, OwnerKind::Resin);
+        const auto* usual = design::FindDefault(GetModuleType(), kind, i);
+        if (usual == nullptr)
+            continue;
+        step.GetDetails()->At("step/mode").SetValue(usual->mode);
+        step.GetDetails()->At("step/v.max").SetValue(usual->maxVelocity);
+        FillCompartment(compartment, resin, *usual);
+    }
     sequence::AddDefaults(*this, step);
     return step;
 }
@@ -123,9 +144,13 @@ bool IEXProject::StepHasConditioning(std::size_t step, const RegSeqStep& row) co
 
 void IEXProject::CalculatePlant()
 {
-    for (const auto& step : GetRoot().GetChildren(OwnerKind::Exchanger))
-        sequence::Calculate(*step);
-    sequence::CalculateNet(*this);
+    design::UpdateDesign(*this);
+}
+
+long IEXProject::ReachedStatus() const
+{
+    const long reached = Project::ReachedStatus();
+    return reached == StatusComplete && design::IsDesigned(*this) ? StatusDesigned : reached;
 }
 
 bool IEXProject::IsFeedKnown() const

@@ -33,7 +33,8 @@ public:
     /// Throws std::out_of_range.
     OwnerNode& GetStep(std::size_t index);
     const OwnerNode& GetStep(std::size_t index) const;
-    /// Adds an exchanger ("SAC_H", ...) with its compartments, each with one resin yet to be chosen.
+    /// Adds an exchanger ("SAC_H", ...) with its compartments, each with a resin, a regenerant, its level and
+    /// dilution that are usual for its kind in a plant of this type.
     OwnerNode& AddStep(const std::string& kind, std::size_t position);
 
     /// The regeneration sequence of an exchanger; see sequence/sequence_rows.h. Throw std::out_of_range.
@@ -61,6 +62,7 @@ public:
 protected:
     IEXProject(const IEXProject&) = default;
     void CalculatePlant() override;
+    long ReachedStatus() const override;
 
 private:
     bool IsFeedKnown() const;

@@ -147,7 +147,7 @@ void Project::CalculateDesign()
             GetLiquid(blend).SetOutOfDate(true);
     }
     CalculatePlant();
-    // Inputs that the calculation settles (a reset, a blend) are not typed.
+    // Inputs that the calculation settles (a reset, a blend, a diameter) are not typed.
     m_journal->TakeTyped();
 }
 

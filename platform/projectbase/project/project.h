@@ -140,8 +140,11 @@ public:
 
 protected:
     Project(const Project& other);
-    /// What follows from calculated waters; nothing of what it writes counts as typed.
+    /// Designs the plant from its waters, which are up to date; runs within the edit, and nothing of
+    /// what it writes counts as typed.
     virtual void CalculatePlant() {}
+    /// How far the project has come by what is known of it.
+    virtual long ReachedStatus() const;
     /// What typed inputs bring about in others; runs before anything is calculated from them.
     virtual void ApplyRules(const std::vector<TypedInput>& typed);
 

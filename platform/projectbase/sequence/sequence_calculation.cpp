@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "projectbase/sequence/sequence_calculation.h"
 
+#include "projectbase/design/plant_design.h"
 #include "projectbase/design/regenerants.h"
 #include "projectbase/project/iex_project.h"
 
@@ -26,17 +27,6 @@ void Set(DetailList& details, std::string_view key, double value)
     const double before = detail.GetDoubleValue();
     if (before != value && !(std::isnan(before) && std::isnan(value)))
         detail.SetValue(value);
-}
-
-/// As installed, or else as designed.
-double ResinVolume(const OwnerNode& compartment)
-{
-    double volume = 0.0;
-    for (const auto& resin : compartment.GetChildren(OwnerKind::Resin)) {
-        const double installed = Value(*resin->GetDetails(), "compcomp/vol.actual");
-        volume += std::isnan(installed) ? Value(*resin->GetDetails(), "compcomp/vol") : installed;
-    }
-    return volume;
 }
 
 /// The keys of a chemical's supply and dilutions: those of regeneration and of conditioning are alike.
@@ -74,7 +64,7 @@ public:
         m_vessel.volume = 0.0;
         for (const auto& compartment : node.GetChildren(OwnerKind::Compartment)) {
             m_compartments.push_back(compartment.get());
-            m_beds.push_back({m_vessel.area, ResinVolume(*compartment)});
+            m_beds.push_back({m_vessel.area, design::BedVolume(*compartment)});
             m_vessel.volume += m_beds.back().volume;
         }
         for (const auto& row : node.GetChildren(OwnerKind::SequenceRow))
