@@ -4,8 +4,8 @@
 
 build_master_db.py OUTPUT CSV_DIR --ions FILE --waters FILE [--iso-codes DIR] [--locales DIR]
 
-CSV_DIR holds details.csv, detail_choices.csv, elements.csv, alkalizing_agents.csv, compounds.csv, feed_mediums.csv, organics.csv, plants.csv
-and water_types.csv; the files are the rows of an analysis as list_ions writes them, and the waters of the library. Countries
+CSV_DIR holds details.csv, detail_choices.csv, elements.csv, alkalizing_agents.csv, compounds.csv, feed_mediums.csv, organics.csv, plants.csv,
+water_types.csv and whatif.csv; the files are the rows of an analysis as list_ions writes them, and the waters of the library. Countries
 and currencies come from the iso-codes package: their codes from its JSON files, their translated names from its message
 catalogues. The output is replaced as a whole or not at all, and equal inputs give equal bytes.
 """
@@ -21,7 +21,7 @@ import tempfile
 from pathlib import Path
 
 APPLICATION_ID = 0x54564D44  # "TVMD"
-SCHEMA_VERSION = 8
+SCHEMA_VERSION = 9
 ROLES = {"input", "derived"}
 TYPES = {"double", "long", "bool", "date", "string"}
 # Columns of the waters that are details by another name; a column that bears the name of an ion is its amount in mg/l.
@@ -75,6 +75,10 @@ CREATE TABLE feed_medium_usage (medium_id INTEGER NOT NULL, module TEXT NOT NULL
 CREATE TABLE plant_type (id INTEGER PRIMARY KEY, type TEXT NOT NULL UNIQUE, name TEXT NOT NULL);
 CREATE TABLE plant_exchanger (type TEXT NOT NULL, position INTEGER NOT NULL, kind TEXT NOT NULL,
     optional INTEGER NOT NULL, PRIMARY KEY (type, position)) WITHOUT ROWID;
+-- Pairs of values of which one is sought for another, of a type of plant or of a kind of row of its regeneration sequences.
+CREATE TABLE what_if (type TEXT NOT NULL, position INTEGER NOT NULL, step TEXT NOT NULL, first TEXT NOT NULL,
+    first_label TEXT NOT NULL, second TEXT NOT NULL, second_label TEXT NOT NULL,
+    PRIMARY KEY (type, position)) WITHOUT ROWID;
 CREATE TABLE organic (id INTEGER PRIMARY KEY, code TEXT NOT NULL UNIQUE, label TEXT NOT NULL, acidity REAL NOT NULL,
     carbon REAL NOT NULL);
 CREATE TABLE water_type (id INTEGER PRIMARY KEY, code TEXT NOT NULL UNIQUE, description TEXT NOT NULL);
@@ -260,6 +264,31 @@ def fill_plants(db, csv_dir):
     return types
 
 
+def fill_what_if(db, csv_dir, plants):
+    columns = ("types", "steps", "first", "first_label", "second", "second_label")
+    known = {name: (kind, derived) for name, kind, derived in db.execute("SELECT name, type, derived FROM detail")}
+    seen = set()
+    for where, row in read_csv(csv_dir / "whatif.csv", columns):
+        for key in (row["first"], row["second"]):
+            if known.get(key, ("", 0))[0] not in ("double", "long"):
+                sys.exit(f"{where}: there is no number '{key}'")
+            if row["steps"] == "" and key.startswith("regseqstep/"):
+                sys.exit(f"{where}: '{key}' belongs to a row of a sequence, but no kind of row is given")
+        if known[row["first"]][1] and known[row["second"]][1]:
+            sys.exit(f"{where}: one of the two must be an input")
+        for plant in row["types"].split():
+            if plant not in plants:
+                sys.exit(f"{where}: unknown type '{plant}'")
+            for step in row["steps"].split() or [""]:
+                pair = (plant, step, row["first"], row["second"])
+                if pair in seen:
+                    sys.exit(f"{where}: the pair is there already")
+                seen.add(pair)
+                db.execute("INSERT INTO what_if VALUES (?,?,?,?,?,?,?)",
+                           (plant, len(seen), step, row["first"], row["first_label"], row["second"],
+                            row["second_label"]))
+
+
 def fill_organics(db, csv_dir):
     rows = read_csv(csv_dir / "organics.csv", ("key", "label", "acidity", "carbon"))
     for identifier, (where, row) in enumerate(rows, start=1):
@@ -347,7 +376,9 @@ def build(path, arguments):
         fill_iso_codes(db, table, entries, arguments.locales, domain)
     fill_alkalizing_agents(db, arguments.csv_dir, ions)
     fill_compounds(db, arguments.csv_dir)
-    fill_feed_mediums(db, arguments.csv_dir, fill_plants(db, arguments.csv_dir))
+    plants = fill_plants(db, arguments.csv_dir)
+    fill_feed_mediums(db, arguments.csv_dir, plants)
+    fill_what_if(db, arguments.csv_dir, plants)
     fill_organics(db, arguments.csv_dir)
     fill_water_types(db, arguments.csv_dir)
     fill_waters(db, arguments.waters, ions)

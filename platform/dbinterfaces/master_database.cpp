@@ -18,7 +18,7 @@ namespace {
 
 constexpr water_queries::Tables kMasterWaters{"", 0};
 constexpr int kApplicationId = 0x54564D44;  // "TVMD", as the build script writes it
-constexpr int kSchemaVersion = 8;
+constexpr int kSchemaVersion = 9;
 
 struct State
 {
@@ -310,6 +310,23 @@ std::vector<DBObjects::PlantType> MasterDatabase::GetPlantTypes()
                 types.back().exchangers.push_back({row.get<std::string>(2), row.get<int>(3) != 0});
         }
         return types;
+    });
+}
+
+std::vector<DBObjects::WhatIfPair> MasterDatabase::GetWhatIfTable(const std::string& type)
+{
+    return Run("GetWhatIfTable", [&](soci::session& session) {
+        DBObjects::WhatIfPair pair;
+        std::vector<DBObjects::WhatIfPair> pairs;
+        soci::statement statement =
+            (session.prepare << "SELECT step, first, first_label, second, second_label FROM what_if "
+                                "WHERE type = :type ORDER BY position",
+             soci::use(type, "type"), soci::into(pair.step), soci::into(pair.first),
+             soci::into(pair.firstLabel), soci::into(pair.second), soci::into(pair.secondLabel));
+        statement.execute();
+        while (statement.fetch())
+            pairs.push_back(pair);
+        return pairs;
     });
 }
 

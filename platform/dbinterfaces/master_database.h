@@ -61,6 +61,10 @@ public:
     /// The types of plants in the order in which they are offered.
     static std::vector<DBObjects::PlantType> GetPlantTypes();
 
+    /// The pairs of values that a what-if analysis of a type of plant offers, in their order; none for a type
+    /// that there is not.
+    static std::vector<DBObjects::WhatIfPair> GetWhatIfTable(const std::string& type);
+
     /// What the organic load of a water can consist of, by a pattern of the key in which "%" stands for any
     /// text; "none" is first.
     static std::vector<DBObjects::Organic> GetOrganics(const std::string& pattern = "%");
