@@ -132,8 +132,6 @@ TEST(PlantDesign, WasteIsDilutedByTheRowsThatCount)
     ExpectValues(*project, {{"ex.1", "step/c.th", 60.0}, {"ex.1", "step/c.cl", 149.33}});
     recycled.GetDetails()->At("regseqstep/flag.counts").SetValue(false);
     ExpectValues(*project, {{"ex.1", "step/c.th", 72.0}, {"ex.1", "step/c.cl", 179.19}});
-    project->GetDetails().At("project/wnetto").SetValue(230.0);
-    ExpectValues(*project, {{"ex.1", "step/m.th", 720.0}});
 }
 
 TEST(PlantDesign, TheWholeLineTakesEachIonOnce)
