@@ -5,7 +5,7 @@
 build_master_db.py OUTPUT CSV_DIR --ions FILE --waters FILE [--iso-codes DIR] [--locales DIR]
 
 CSV_DIR holds details.csv, detail_choices.csv, elements.csv, alkalizing_agents.csv, compounds.csv, feed_mediums.csv, organics.csv, plants.csv,
-regenerants.csv, regenerant_densities.csv, resins.csv, resin_regeneration.csv, exchanger_defaults.csv and water_types.csv; the files are the rows of an analysis as list_ions writes them, and the waters of the library. Countries
+regenerants.csv, regenerant_densities.csv, resins.csv, resin_regeneration.csv, exchanger_defaults.csv, sequence_media.csv, sequence_types.csv, sequence_defaults.csv and water_types.csv; the files are the rows of an analysis as list_ions writes them, and the waters of the library. Countries
 and currencies come from the iso-codes package: their codes from its JSON files, their translated names from its message
 catalogues. The output is replaced as a whole or not at all, and equal inputs give equal bytes.
 """
@@ -35,6 +35,10 @@ WATER_COLUMNS = {
 ACID_BASE = ("neutral", "strong acid", "weak acid", "strong base", "weak base")
 EXCHANGERS = {"SAC_NA", "SAC_H", "WAC_H", "WBA", "SBA", "MB", "DEGAS"}
 REGENERANT_KINDS = {"acid", "base", "salt"}
+SEQUENCE_CLASSES = {"flow", "still", "chemical", "air"}
+SEQUENCE_MEDIA = {"water", "product", "chemical", "air"}
+SEQUENCE_FLOWS = {"", "v", "q", "q.bv"}
+SEQUENCE_AMOUNTS = {"", "t", "vol", "vol.bv"}
 RESIN_KINDS = {"SAC", "WAC", "WBA", "SBA", "inert"}
 NO_COUNTRY = "International"
 # Which kinds of ions a placeholder in a detail's key stands for.
@@ -82,6 +86,13 @@ CREATE TABLE regenerant (id INTEGER PRIMARY KEY, code TEXT NOT NULL UNIQUE, name
     kind TEXT NOT NULL, equivalent_mass REAL NOT NULL);
 CREATE TABLE regenerant_density (code TEXT NOT NULL, percent REAL NOT NULL, density REAL NOT NULL,
     PRIMARY KEY (code, percent)) WITHOUT ROWID;
+-- The rows of regeneration sequences: what flows in them, what they can be, and those that an exchanger begins with.
+CREATE TABLE sequence_medium (id INTEGER PRIMARY KEY, code TEXT NOT NULL UNIQUE, label TEXT NOT NULL, kind TEXT NOT NULL,
+    chemical TEXT NOT NULL);
+CREATE TABLE sequence_type (id INTEGER PRIMARY KEY, code TEXT NOT NULL UNIQUE, label TEXT NOT NULL, class TEXT NOT NULL,
+    direction TEXT NOT NULL, flow TEXT NOT NULL, flow_value REAL, amount TEXT NOT NULL, amount_value REAL);
+CREATE TABLE sequence_default (id INTEGER PRIMARY KEY, kind TEXT NOT NULL, type TEXT NOT NULL, medium TEXT NOT NULL,
+    direction TEXT NOT NULL, flow TEXT NOT NULL, flow_value REAL, amount TEXT NOT NULL, amount_value REAL);
 -- Resins by kind, what they are regenerated with, and how an exchanger begins.
 CREATE TABLE resin (id INTEGER PRIMARY KEY, code TEXT NOT NULL UNIQUE, name TEXT NOT NULL, kind TEXT NOT NULL,
     total_capacity REAL NOT NULL, capacity REAL NOT NULL, bead REAL NOT NULL, density REAL NOT NULL, bulk_density REAL,
@@ -293,6 +304,38 @@ def fill_regenerants(db, csv_dir):
                    (row["key"], number(row["percent"], where), number(row["density"], where)))
 
 
+def sequence_figures(where, row):
+    """Direction, flow and amount of a row of a sequence."""
+    if row["direction"] not in ("UP", "DOWN") or row["flow"] not in SEQUENCE_FLOWS or row["amount"] not in SEQUENCE_AMOUNTS:
+        sys.exit(f"{where}: no direction, flow or amount of a sequence")
+    return (row["direction"], row["flow"], number(row["flow_value"], where), row["amount"],
+            number(row["amount_value"], where))
+
+
+def fill_sequences(db, csv_dir):
+    figures = ("direction", "flow", "flow_value", "amount", "amount_value")
+    chemicals = {code for code, in db.execute("SELECT code FROM regenerant")} | {""}
+    media, types = [], []
+    for where, row in read_csv(csv_dir / "sequence_media.csv", ("key", "label", "kind", "chemical")):
+        if row["kind"] not in SEQUENCE_MEDIA or row["chemical"] not in chemicals:
+            sys.exit(f"{where}: unknown kind or chemical")
+        media.append(row["key"])
+        db.execute("INSERT INTO sequence_medium VALUES (?,?,?,?,?)",
+                   (len(media), row["key"], row["label"], row["kind"], row["chemical"]))
+    for where, row in read_csv(csv_dir / "sequence_types.csv", ("key", "label", "class", "source") + figures):
+        if row["class"] not in SEQUENCE_CLASSES:
+            sys.exit(f"{where}: unknown class '{row['class']}'")
+        types.append(row["key"])
+        db.execute("INSERT INTO sequence_type VALUES (?,?,?,?,?,?,?,?,?)",
+                   (len(types), row["key"], row["label"], row["class"]) + sequence_figures(where, row))
+    rows = read_csv(csv_dir / "sequence_defaults.csv", ("kind", "type", "medium") + figures)
+    for identifier, (where, row) in enumerate(rows, start=1):
+        if row["kind"] not in EXCHANGERS or row["type"] not in types or row["medium"] not in media:
+            sys.exit(f"{where}: unknown exchanger, type or medium")
+        db.execute("INSERT INTO sequence_default VALUES (?,?,?,?,?,?,?,?,?)",
+                   (identifier, row["kind"], row["type"], row["medium"]) + sequence_figures(where, row))
+
+
 def fill_resins(db, csv_dir):
     columns = ("total_capacity", "capacity", "bead", "density", "bulk_density", "void", "swelling", "v_max", "t_max")
     resins = []
@@ -411,6 +454,7 @@ def build(path, arguments):
     fill_compounds(db, arguments.csv_dir)
     fill_feed_mediums(db, arguments.csv_dir, fill_plants(db, arguments.csv_dir))
     fill_regenerants(db, arguments.csv_dir)
+    fill_sequences(db, arguments.csv_dir)
     fill_resins(db, arguments.csv_dir)
     fill_organics(db, arguments.csv_dir)
     fill_water_types(db, arguments.csv_dir)

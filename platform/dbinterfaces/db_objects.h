@@ -146,6 +146,44 @@ struct Regenerant
     std::vector<SolutionDensity> densities;  ///< by rising content, from water on
 };
 
+/// What flows in a row of a regeneration sequence.
+struct SequenceMedium
+{
+    std::string key;       ///< for example "REGSEQ_TAP_WATER"
+    std::string label;     ///< English
+    std::string kind;      ///< "water", "product" (a water that the plant makes), "chemical" or "air"
+    std::string chemical;  ///< key of the regenerant, else empty
+};
+
+/// How a row of a regeneration sequence begins: its direction, and what is given of its flow and of its
+/// amount, without the beginning "regseqstep/" of the keys; empty where nothing is.
+struct SequenceFigures
+{
+    std::string direction;  ///< "UP" or "DOWN"
+    std::string flow;       ///< "v", "q" or "q.bv"
+    double flowValue = 0.0;
+    std::string amount;  ///< "t", "vol" or "vol.bv"
+    double amountValue = 0.0;
+};
+
+/// What a row of a regeneration sequence can be.
+struct SequenceType
+{
+    std::string key;        ///< for example "REGSEQ_BW"
+    std::string label;      ///< English
+    std::string rowClass;   ///< "flow", "still" (nothing flows), "chemical" or "air"
+    SequenceFigures usual;  ///< where the kind of exchanger says nothing else
+};
+
+/// A row of the sequence that an exchanger begins with.
+struct SequenceDefault
+{
+    std::string kind;  ///< of the exchanger
+    std::string type;
+    std::string medium;
+    SequenceFigures figures;
+};
+
 /// How a resin is regenerated with a chemical. The operating capacity at the level g (kg of the pure chemical
 /// per m³ of resin) is q (1 - exp(-k g)) where there is a curve. NaN where nothing is known.
 struct ResinRegeneration

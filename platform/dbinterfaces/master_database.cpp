@@ -115,6 +115,13 @@ double NumberAt(const soci::row& row, std::size_t column)
                                                    : std::numeric_limits<double>::quiet_NaN();
 }
 
+/// The first five columns of what sequences are made of.
+DBObjects::SequenceFigures FiguresOf(const soci::row& row)
+{
+    return {row.get<std::string>(0), row.get<std::string>(1), NumberAt(row, 2), row.get<std::string>(3),
+            NumberAt(row, 4)};
+}
+
 /// What the texts and whole numbers of a group may be.
 void ReadChoices(soci::session& session, const std::string& group, const std::string& variant,
                  std::vector<DBObjects::DetailDefinition>& definitions)
@@ -344,6 +351,51 @@ std::vector<DBObjects::Regenerant> MasterDatabase::GetRegenerants()
                        regenerants.back().densities.push_back({row.get<double>(6), row.get<double>(7)});
                    }
                    return regenerants;
+               });
+}
+
+std::vector<DBObjects::SequenceMedium> MasterDatabase::GetSequenceMedia()
+{
+    return Run("GetSequenceMedia", [](soci::session& session) {
+        std::vector<DBObjects::SequenceMedium> media;
+        const soci::rowset<soci::row> rows =
+            (session.prepare << "SELECT code, label, kind, chemical FROM sequence_medium ORDER BY id");
+        for (const soci::row& row : rows)
+            media.push_back({row.get<std::string>(0), row.get<std::string>(1), row.get<std::string>(2),
+                             row.get<std::string>(3)});
+        return media;
+    });
+}
+
+std::vector<DBObjects::SequenceType> MasterDatabase::GetSequenceTypes()
+{
+    return Run("GetSequenceTypes",
+               [](soci::session& session) {
+                   std::vector<DBObjects::SequenceType> types;
+                   const soci::rowset<soci::row> rows =
+                       (session.prepare
+                        << "SELECT direction, flow, flow_value, amount, amount_value, code, label, class "
+                           "FROM sequence_type ORDER BY id");
+                   for (const soci::row& row : rows)
+                       types.push_back({row.get<std::string>(5), row.get<std::string>(6),
+                                        row.get<std::string>(7), FiguresOf(row)});
+                   return types;
+               });
+}
+
+std::vector<DBObjects::SequenceDefault> MasterDatabase::GetSequenceDefaults()
+{
+    return Run("GetSequenceDefaults",
+               [](soci::session& session) {
+                   std::vector<DBObjects::SequenceDefault> defaults;
+                   const soci::rowset<soci::row> rows =
+                       (session.prepare
+                        << "SELECT direction, flow, flow_value, amount, amount_value, kind, type, medium "
+                           "FROM sequence_default ORDER BY id");
+                   for (const soci::row& row : rows)
+                       defaults.push_back({row.get<std::string>(5), row.get<std::string>(6),
+                                           row.get<std::string>(7), FiguresOf(row)});
+                   return defaults;
                });
 }
 

@@ -2,6 +2,7 @@
 // What a design writes into the details of its project.
 #include "projectbase/design/plant_steps.h"
 #include "projectbase/project/iex_project.h"
+#include "projectbase/sequence/sequence_calculation.h"
 
 #include <algorithm>
 #include <array>
@@ -172,6 +173,9 @@ void UpdateDesign(iex::IEXProject& project)
     PlantDesign plant = DesignBeds(project);
     StoreBeds(plant, project);
     // The rows of the regeneration sequences follow from area, volumes and regenerants; the wastes from them.
+    for (const ExchangerDesign& exchanger : plant.exchangers)
+        sequence::Calculate(*const_cast<OwnerNode*>(exchanger.node));
+    sequence::CalculateNet(project);
     DesignWastes(plant);
     StoreWastes(plant, project);
 }

@@ -2,42 +2,21 @@
 #include "projectbase/design/hydraulics.h"
 #include "projectbase/design/plant_steps.h"
 #include "projectbase/project/owner_node.h"
+#include "projectbase/sequence/sequence_calculation.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 
 namespace design {
 
 namespace {
 
-constexpr std::string_view kBackwash = "REGSEQ_BW";
-constexpr std::string_view kAir = "REGSEQ_AIR";
-/// Rows in which no water flows.
-constexpr std::array<std::string_view, 3> kStill{"REGSEQ_SETTLE", "REGSEQ_DRAIN", "REGSEQ_AIRMIX"};
-
-/// Volume (m³) of the rows that count as waste.
-double WasteVolume(const OwnerNode& exchanger)
-{
-    double volume = 0.0;
-    for (const auto& row : exchanger.GetChildren(OwnerKind::SequenceRow)) {
-        const DetailList& details = *row->GetDetails();
-        const std::string type = details.At("regseqstep/type").GetStdStringValue();
-        if (!details.At("regseqstep/flag.counts").GetBoolValue() ||
-            details.At("regseqstep/medium").GetStdStringValue() == kAir ||
-            std::ranges::find(kStill, type) != kStill.end())
-            continue;
-        volume += details.At("regseqstep/vol").GetDoubleValue();
-    }
-    return volume;
-}
-
 /// Of all resin of the vessel at the velocity of the first backwash.
 double ExpansionOf(const ExchangerDesign& exchanger)
 {
     const auto rows = exchanger.node->GetChildren(OwnerKind::SequenceRow);
     const auto backwash = std::ranges::find_if(rows, [](const auto& row) {
-        return row->GetDetails()->At("regseqstep/type").GetStdStringValue() == kBackwash;
+        return row->GetDetails()->At("regseqstep/type").GetStdStringValue() == sequence::kBackwash;
     });
     if (backwash == rows.end())
         return kNotKnown;
@@ -100,7 +79,7 @@ void DesignWastes(PlantDesign& plant)
             continue;
         hasBeds = true;
         exchanger.expansion = ExpansionOf(exchanger);
-        exchanger.wasteVolume = WasteVolume(*exchanger.node);
+        exchanger.wasteVolume = sequence::TotalsOf(*exchanger.node).waste;
         for (const CompartmentDesign& bed : exchanger.compartments)
             exchanger.waste += bed.waste;
         neutral += exchanger.waste.neutral;

@@ -4,6 +4,8 @@
 #include "dbinterfaces/master_database.h"
 #include "projectbase/design/plant_design.h"
 #include "projectbase/design/resins.h"
+#include "projectbase/sequence/sequence_calculation.h"
+#include "projectbase/sequence/sequence_rows.h"
 
 #include <wx/translation.h>
 
@@ -108,7 +110,36 @@ OwnerNode& IEXProject::AddStep(const std::string& kind, std::size_t position)
         step.GetDetails()->At("step/v.max").SetValue(usual->maxVelocity);
         FillCompartment(compartment, resin, *usual);
     }
+    sequence::AddDefaults(*this, step);
     return step;
+}
+
+RegSeqData IEXProject::GetRegSeqData(std::size_t step) const
+{
+    return sequence::Read(GetStep(step));
+}
+
+void IEXProject::SaveRegSeqData(std::size_t step, const RegSeqData& data)
+{
+    sequence::Save(*this, GetStep(step), data);
+}
+
+MediumSumsData IEXProject::GetRegSeqSums(std::size_t step) const
+{
+    return sequence::SumsOf(GetStep(step));
+}
+
+bool IEXProject::HasConditioning(std::size_t step) const
+{
+    const auto compartments = GetStep(step).GetChildren(OwnerKind::Compartment);
+    return IsOfType("FOODC") || std::ranges::any_of(compartments, [](const auto& compartment) {
+               return !compartment->GetDetails()->At("stepcomp/cond.chemical").GetStdStringValue().empty();
+           });
+}
+
+bool IEXProject::StepHasConditioning(std::size_t step, const RegSeqStep& row) const
+{
+    return row.type == sequence::kConditioning && HasConditioning(step);
 }
 
 void IEXProject::CalculatePlant()

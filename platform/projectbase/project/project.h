@@ -141,7 +141,7 @@ public:
 protected:
     Project(const Project& other);
     /// Designs the plant from its waters, which are up to date; runs within the edit when an input of
-    /// anything changed.
+    /// anything changed, and nothing of what it writes counts as typed.
     virtual void CalculatePlant() {}
     /// How far the project has come by what is known of it.
     virtual long ReachedStatus() const;
