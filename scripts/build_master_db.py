@@ -5,7 +5,7 @@
 build_master_db.py OUTPUT CSV_DIR --ions FILE --waters FILE [--iso-codes DIR] [--locales DIR]
 
 CSV_DIR holds details.csv, detail_choices.csv, elements.csv, alkalizing_agents.csv, compounds.csv, feed_mediums.csv, organics.csv, plants.csv,
-regenerants.csv, regenerant_densities.csv, resins.csv, resin_regeneration.csv, exchanger_defaults.csv, sequence_media.csv, sequence_types.csv, sequence_defaults.csv and water_types.csv; the files are the rows of an analysis as list_ions writes them, and the waters of the library. Countries
+regenerants.csv, regenerant_densities.csv, resins.csv, resin_regeneration.csv, exchanger_defaults.csv, sequence_media.csv, sequence_types.csv, sequence_defaults.csv, water_types.csv and whatif.csv; the files are the rows of an analysis as list_ions writes them, and the waters of the library. Countries
 and currencies come from the iso-codes package: their codes from its JSON files, their translated names from its message
 catalogues. The output is replaced as a whole or not at all, and equal inputs give equal bytes.
 """
@@ -21,7 +21,7 @@ import tempfile
 from pathlib import Path
 
 APPLICATION_ID = 0x54564D44  # "TVMD"
-SCHEMA_VERSION = 10
+SCHEMA_VERSION = 11
 ROLES = {"input", "derived"}
 TYPES = {"double", "long", "bool", "date", "string"}
 # Columns of the waters that are details by another name; a column that bears the name of an ion is its amount in mg/l.
@@ -102,6 +102,10 @@ CREATE TABLE resin_regeneration (id INTEGER PRIMARY KEY, resin TEXT NOT NULL, ch
 CREATE TABLE exchanger_default (plant TEXT NOT NULL, kind TEXT NOT NULL, compartment INTEGER NOT NULL, mode TEXT NOT NULL,
     v_max REAL NOT NULL, resin TEXT NOT NULL, chemical TEXT NOT NULL, level REAL NOT NULL, supply REAL NOT NULL,
     dilution REAL NOT NULL, temperature REAL NOT NULL, PRIMARY KEY (plant, kind, compartment)) WITHOUT ROWID;
+-- Pairs of values of which one is sought for another, of a type of plant or of a kind of row of its regeneration sequences.
+CREATE TABLE what_if (type TEXT NOT NULL, position INTEGER NOT NULL, step TEXT NOT NULL, first TEXT NOT NULL,
+    first_label TEXT NOT NULL, second TEXT NOT NULL, second_label TEXT NOT NULL,
+    PRIMARY KEY (type, position)) WITHOUT ROWID;
 CREATE TABLE organic (id INTEGER PRIMARY KEY, code TEXT NOT NULL UNIQUE, label TEXT NOT NULL, acidity REAL NOT NULL,
     carbon REAL NOT NULL);
 CREATE TABLE water_type (id INTEGER PRIMARY KEY, code TEXT NOT NULL UNIQUE, description TEXT NOT NULL);
@@ -365,6 +369,31 @@ def fill_resins(db, csv_dir):
                     row["resin"], row["chemical"], *(number(row[each], where) for each in figures)))
 
 
+def fill_what_if(db, csv_dir, plants):
+    columns = ("types", "steps", "first", "first_label", "second", "second_label")
+    known = {name: (kind, derived) for name, kind, derived in db.execute("SELECT name, type, derived FROM detail")}
+    seen = set()
+    for where, row in read_csv(csv_dir / "whatif.csv", columns):
+        for key in (row["first"], row["second"]):
+            if known.get(key, ("", 0))[0] not in ("double", "long"):
+                sys.exit(f"{where}: there is no number '{key}'")
+            if row["steps"] == "" and key.startswith("regseqstep/"):
+                sys.exit(f"{where}: '{key}' belongs to a row of a sequence, but no kind of row is given")
+        if known[row["first"]][1] and known[row["second"]][1]:
+            sys.exit(f"{where}: one of the two must be an input")
+        for plant in row["types"].split():
+            if plant not in plants:
+                sys.exit(f"{where}: unknown type '{plant}'")
+            for step in row["steps"].split() or [""]:
+                pair = (plant, step, row["first"], row["second"])
+                if pair in seen:
+                    sys.exit(f"{where}: the pair is there already")
+                seen.add(pair)
+                db.execute("INSERT INTO what_if VALUES (?,?,?,?,?,?,?)",
+                           (plant, len(seen), step, row["first"], row["first_label"], row["second"],
+                            row["second_label"]))
+
+
 def fill_organics(db, csv_dir):
     rows = read_csv(csv_dir / "organics.csv", ("key", "label", "acidity", "carbon"))
     for identifier, (where, row) in enumerate(rows, start=1):
@@ -452,7 +481,9 @@ def build(path, arguments):
         fill_iso_codes(db, table, entries, arguments.locales, domain)
     fill_alkalizing_agents(db, arguments.csv_dir, ions)
     fill_compounds(db, arguments.csv_dir)
-    fill_feed_mediums(db, arguments.csv_dir, fill_plants(db, arguments.csv_dir))
+    plants = fill_plants(db, arguments.csv_dir)
+    fill_feed_mediums(db, arguments.csv_dir, plants)
+    fill_what_if(db, arguments.csv_dir, plants)
     fill_regenerants(db, arguments.csv_dir)
     fill_sequences(db, arguments.csv_dir)
     fill_resins(db, arguments.csv_dir)

@@ -12,7 +12,7 @@ trap 'rm -rf "$temporary"' EXIT
 cd "$root"
 
 # The header of the template, and texts that stand in data: kinds and categories of waters, names of agents and
-# organics, elements, categories of compounds, feed mediums, names of details.
+# organics, elements, categories of compounds, feed mediums, names of details, pairs of the what-if analysis.
 python3 - resources/examples/waters.csv:kind,category \
     resources/master/water_types.csv:description resources/master/alkalizing_agents.csv:name \
     resources/master/organics.csv:label resources/master/elements.csv:name,class,state_25c \
@@ -20,7 +20,7 @@ python3 - resources/examples/waters.csv:kind,category \
     resources/master/regenerants.csv:name \
     resources/master/sequence_media.csv:label resources/master/sequence_types.csv:label \
     resources/master/resins.csv:name \
-    resources/master/details.csv:label >"$temporary/header.pot" <<'PYTHON'
+    resources/master/details.csv:label resources/master/whatif.csv:first_label,second_label >"$temporary/header.pot" <<'PYTHON'
 import csv
 import sys
 

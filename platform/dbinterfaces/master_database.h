@@ -75,6 +75,10 @@ public:
     /// How exchangers begin: what is for one type of plant only comes first.
     static std::vector<DBObjects::ExchangerDefault> GetExchangerDefaults();
 
+    /// The pairs of values that a what-if analysis of a type of plant offers, in their order; none for a type
+    /// that there is not.
+    static std::vector<DBObjects::WhatIfPair> GetWhatIfTable(const std::string& type);
+
     /// What the organic load of a water can consist of, by a pattern of the key in which "%" stands for any
     /// text; "none" is first.
     static std::vector<DBObjects::Organic> GetOrganics(const std::string& pattern = "%");

@@ -89,6 +89,8 @@ public:
     std::string PathOf(DetailOwner owner) const;
     /// The detail at an address, or null; of a list's entry there is none.
     DetailData* FindDetail(const DetailAddress& address);
+    /// Where a detail of the project lives; nothing for one that is none of its owners'.
+    std::optional<DetailAddress> AddressOf(const DetailData& detail) const;
 
     /// Adds an owner of a kind that its parent can have, at a place (at the end when there are fewer).
     OwnerNode& AddOwner(OwnerNode& parent, std::shared_ptr<OwnerNode> node, std::size_t position);

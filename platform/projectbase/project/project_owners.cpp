@@ -88,6 +88,15 @@ DetailData* Project::FindDetail(const DetailAddress& address)
     return node == nullptr ? nullptr : node->FindDetail(address.key);
 }
 
+std::optional<DetailAddress> Project::AddressOf(const DetailData& detail) const
+{
+    for (const auto& [id, node] : m_owners) {
+        if (node->FindDetail(detail.GetName()) == &detail)
+            return DetailAddress{node->GetOwner(), detail.GetName()};
+    }
+    return std::nullopt;
+}
+
 void Project::PutBlendsOutOfDate(OwnerKind changed)
 {
     if (changed != OwnerKind::Water)

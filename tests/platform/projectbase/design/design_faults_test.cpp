@@ -108,10 +108,9 @@ TEST(DesignFaults, ADoseThatTheLoadNeedsMoreOf)
 TEST(DesignFaults, ABackwashThatCarriesTheBeadsOut)
 {
     const auto project = MakePlant();
-    OwnerNode& row = support::AddRow(*project, 1, "REGSEQ_BW", "REGSEQ_RAW_WATER", 3.0);
-    row.GetDetails()->At("regseqstep/v").SetValue(30.0);
+    Put(*project, "ex.2.seq.1", "regseqstep/v", 30.0);
     EXPECT_EQ(Addresses(*project), std::vector<std::string>());
-    row.GetDetails()->At("regseqstep/v").SetValue(60.0);
+    Put(*project, "ex.2.seq.1", "regseqstep/v", 60.0);
     EXPECT_EQ(Addresses(*project), std::vector<std::string>{"ex.2.seq.1:regseqstep/v"});
 }
 
