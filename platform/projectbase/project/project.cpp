@@ -81,6 +81,7 @@ void Project::SetDetailGroups(const std::string& kind, std::vector<DetailGroup> 
 void Project::RestoreDetailGroups(const std::string& kind, const DetailGroupsPtr& groups)
 {
     const ProjectEdit edit(*this);
+    m_root.SetOutOfDate(true);
     m_journal->NoteGroups(kind, GetDetailGroups(kind));
     if (groups && !groups->empty())
         m_groups[kind] = groups;
@@ -143,12 +144,23 @@ void Project::CalculateDesign()
         if (!GetLiquid(i).IsOutOfDate())
             continue;
         CalculateOne(i);
+        m_root.SetOutOfDate(true);
         for (const std::size_t blend : blends[i])
             GetLiquid(blend).SetOutOfDate(true);
     }
-    CalculatePlant();
+    if (IsPlantOutOfDate()) {
+        CalculatePlant();
+        m_root.ForEach([](OwnerNode& node) { node.SetOutOfDate(false); });
+    }
     // Inputs that the calculation settles (a reset, a blend, a diameter) are not typed.
     m_journal->TakeTyped();
+}
+
+bool Project::IsPlantOutOfDate()
+{
+    bool isOutOfDate = false;
+    m_root.ForEach([&isOutOfDate](OwnerNode& node) { isOutOfDate = isOutOfDate || node.IsOutOfDate(); });
+    return isOutOfDate;
 }
 
 void Project::CalculateLiquid(std::size_t liquid)
@@ -156,6 +168,7 @@ void Project::CalculateLiquid(std::size_t liquid)
     const ProjectEdit edit(*this);
     ApplyPendingRules();
     CalculateOne(liquid);
+    m_root.SetOutOfDate(true);
     m_journal->TakeTyped();
     const auto blends = BlendsOfWaters();
     for (const std::size_t blend : blends[liquid])

@@ -142,8 +142,8 @@ public:
 
 protected:
     Project(const Project& other);
-    /// Designs the plant from its waters, which are up to date; runs within the edit, and nothing of
-    /// what it writes counts as typed.
+    /// Designs the plant from its waters, which are up to date; runs within the edit when an input of
+    /// anything changed, and nothing of what it writes counts as typed.
     virtual void CalculatePlant() {}
     /// How far the project has come by what is known of it.
     virtual long ReachedStatus() const;
@@ -174,6 +174,9 @@ private:
     void PutBlendsOutOfDate(OwnerKind changed);
     /// Whether a change lets a design be out of date.
     bool CountsForDesign(const StackElement& element);
+    void NoteStructure(StructureChange change);
+    /// Whether an input changed, of whatever owner, since the plant was designed.
+    bool IsPlantOutOfDate();
     void UpdateStatus(bool changed);
     /// The waters of a blend, as its recipe names them; none where one of them does not stand before it.
     std::vector<const LiquidData*> WatersOf(const LiquidData& blend) const;

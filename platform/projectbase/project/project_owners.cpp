@@ -107,6 +107,12 @@ void Project::PutBlendsOutOfDate(OwnerKind changed)
     }
 }
 
+void Project::NoteStructure(StructureChange change)
+{
+    m_root.SetOutOfDate(true);
+    m_journal->NoteStructure(std::move(change));
+}
+
 OwnerNode& Project::AddOwner(OwnerNode& parent, std::shared_ptr<OwnerNode> node, std::size_t position)
 {
     if (ParentKind(node->GetKind()) != parent.GetKind() || node->GetKind() == OwnerKind::Project ||
@@ -120,7 +126,7 @@ OwnerNode& Project::AddOwner(OwnerNode& parent, std::shared_ptr<OwnerNode> node,
     Register(*node);
     node->SetOutOfDate(true);
     PutBlendsOutOfDate(node->GetKind());
-    m_journal->NoteStructure(
+    NoteStructure(
         {.what = StructureChange::What::Added, .parent = parent.GetOwner(), .node = node, .after = place});
     return *node;
 }
@@ -145,7 +151,7 @@ void Project::RemoveOwner(OwnerNode& node)
     Unregister(node);
     node.m_parent = nullptr;
     PutBlendsOutOfDate(node.GetKind());
-    m_journal->NoteStructure(
+    NoteStructure(
         {.what = StructureChange::What::Removed, .parent = parent.GetOwner(), .node = kept, .before = place});
 }
 
@@ -165,11 +171,11 @@ void Project::MoveOwner(OwnerNode& node, std::size_t position)
     else
         std::rotate(at(to), at(from), at(from + 1));
     PutBlendsOutOfDate(node.GetKind());
-    m_journal->NoteStructure({.what = StructureChange::What::Moved,
-                              .parent = node.m_parent->GetOwner(),
-                              .node = siblings[to],
-                              .before = from,
-                              .after = to});
+    NoteStructure({.what = StructureChange::What::Moved,
+                   .parent = node.m_parent->GetOwner(),
+                   .node = siblings[to],
+                   .before = from,
+                   .after = to});
 }
 
 void Project::RenameOwner(OwnerNode& node, const std::string& name)
@@ -179,11 +185,11 @@ void Project::RenameOwner(OwnerNode& node, const std::string& name)
     const ProjectEdit edit(*this);
     const std::string before = std::exchange(node.m_name, name);
     PutBlendsOutOfDate(node.GetKind());
-    m_journal->NoteStructure({.what = StructureChange::What::Renamed,
-                              .parent = node.m_parent->GetOwner(),
-                              .node = node.m_parent->ChildrenOf(node.GetKind())[node.GetPosition()],
-                              .nameBefore = before,
-                              .nameAfter = name});
+    NoteStructure({.what = StructureChange::What::Renamed,
+                   .parent = node.m_parent->GetOwner(),
+                   .node = node.m_parent->ChildrenOf(node.GetKind())[node.GetPosition()],
+                   .nameBefore = before,
+                   .nameAfter = name});
     // Elsewhere the recipes are values of their own; a water without a name is in none of them.
     if (node.GetKind() != OwnerKind::Water || before.empty() || m_journal->GetKind() != EditKind::Typed)
         return;

@@ -3,7 +3,9 @@
 
 #include "core/ion_table.h"
 #include "core/ion_units.h"
+#include "projectbase/design/design_faults.h"
 #include "projectbase/details/detail_display.h"
+#include "projectbase/project/iex_project.h"
 #include "projectbase/project/project.h"
 #include "projectbase/units/temperature.h"
 #include "projectbase/water/alkalinity.h"
@@ -16,6 +18,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <optional>
 
 namespace {
@@ -306,5 +309,7 @@ std::vector<RangeFault> RangeFaults(const Project& project)
     std::vector<RangeFault> faults;
     AddNodeFaults(project.GetRoot(), faults);
     AddGroupFaults(project, faults);
+    if (const auto* plant = dynamic_cast<const iex::IEXProject*>(&project))
+        std::ranges::move(design::DesignFaults(*plant), std::back_inserter(faults));
     return faults;
 }
