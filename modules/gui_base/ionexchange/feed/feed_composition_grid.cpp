@@ -2,13 +2,13 @@
 #include "gui_base/ionexchange/feed/feed_composition_grid.h"
 
 #include "gui_base/dialogs/questions.h"
+#include "gui_base/input/controls/grid_keys.h"
 #include "gui_base/support/accessibility.h"
 #include "gui_base/support/image_loader.h"
 #include "gui_base/support/translation.h"
 
 #include <wx/dcclient.h>
 #include <wx/menu.h>
-#include <wx/toplevel.h>
 
 #include <algorithm>
 #include <cmath>
@@ -22,40 +22,6 @@ constexpr int kColumnWidth = 86;
 constexpr int kWideColumnWidth = 94;
 constexpr int kNarrowColumnWidth = 30;
 constexpr int kLeastNameWidth = 120;
-
-/// The key that opens a context menu.
-bool IsMenuKey(const wxKeyEvent& event)
-{
-    const int key = event.GetKeyCode();
-    return key == WXK_MENU || key == WXK_WINDOWS_MENU || (key == WXK_F10 && event.ShiftDown());
-}
-
-/// The windows that Tab reaches, in their order; `whole` counts as one of them.
-void CollectTabStops(wxWindow& parent, const wxWindow& whole, std::vector<wxWindow*>& stops)
-{
-    for (wxWindow* child : parent.GetChildren()) {
-        if (!child->IsShown() || !child->IsEnabled())
-            continue;
-        const bool isStop = child == &whole || child->GetChildren().empty();
-        if (!isStop)
-            CollectTabStops(*child, whole, stops);
-        else if (child == &whole || child->AcceptsFocusFromKeyboard())
-            stops.push_back(child);
-    }
-}
-
-/// Leaves a grid, which keeps Tab for its cells, to the control before or behind it.
-void LeaveByTab(wxWindow& grid, bool forward)
-{
-    std::vector<wxWindow*> stops;
-    CollectTabStops(*wxGetTopLevelParent(&grid), grid, stops);
-    const auto own = std::find(stops.begin(), stops.end(), &grid);
-    if (own == stops.end() || stops.size() < 2)
-        return;
-    const auto count = static_cast<std::ptrdiff_t>(stops.size());
-    const auto next = (own - stops.begin() + (forward ? 1 : count - 1)) % count;
-    stops[static_cast<std::size_t>(next)]->SetFocus();
-}
 
 }  // namespace
 
@@ -235,7 +201,7 @@ void FeedCompositionGridBase::OnKeyDown(wxKeyEvent& event)
     const bool editing = IsCellEditControlShown();
     if (event.GetKeyCode() == WXK_DELETE && !editing && !event.HasAnyModifiers())
         AskRemove(row);
-    else if (IsMenuKey(event) && !editing && row >= 0)
+    else if (grid_keys::IsMenuKey(event) && !editing && row >= 0)
         PopupRowMenu(row,
                      CalcScrolledPosition(CellToRect(row, std::max(GetGridCursorCol(), 0)).GetBottomLeft()));
     else
@@ -260,7 +226,7 @@ void FeedCompositionGridBase::OnTabbing(wxGridEvent& event)
     if (!IsThisEnabled() || place < 0 || place >= GetNumberRows() * inputs) {
         event.Veto();
         CommitCell();
-        CallAfter([this, forward] { LeaveByTab(*this, forward); });
+        CallAfter([this, forward] { grid_keys::LeaveByTab(*this, forward); });
         return;
     }
     row = place / inputs;
