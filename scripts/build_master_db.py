@@ -5,7 +5,7 @@
 build_master_db.py OUTPUT CSV_DIR --ions FILE --waters FILE [--iso-codes DIR] [--locales DIR]
 
 CSV_DIR holds details.csv, detail_choices.csv, elements.csv, alkalizing_agents.csv, compounds.csv, feed_mediums.csv, organics.csv, plants.csv,
-water_types.csv and whatif.csv; the files are the rows of an analysis as list_ions writes them, and the waters of the library. Countries
+regenerants.csv, regenerant_densities.csv, resins.csv, resin_regeneration.csv, exchanger_defaults.csv, sequence_media.csv, sequence_types.csv, sequence_defaults.csv, water_types.csv and whatif.csv; the files are the rows of an analysis as list_ions writes them, and the waters of the library. Countries
 and currencies come from the iso-codes package: their codes from its JSON files, their translated names from its message
 catalogues. The output is replaced as a whole or not at all, and equal inputs give equal bytes.
 """
@@ -21,7 +21,7 @@ import tempfile
 from pathlib import Path
 
 APPLICATION_ID = 0x54564D44  # "TVMD"
-SCHEMA_VERSION = 9
+SCHEMA_VERSION = 11
 ROLES = {"input", "derived"}
 TYPES = {"double", "long", "bool", "date", "string"}
 # Columns of the waters that are details by another name; a column that bears the name of an ion is its amount in mg/l.
@@ -34,6 +34,12 @@ WATER_COLUMNS = {
 # Kinds of compounds in the order of their numbers.
 ACID_BASE = ("neutral", "strong acid", "weak acid", "strong base", "weak base")
 EXCHANGERS = {"SAC_NA", "SAC_H", "WAC_H", "WBA", "SBA", "MB", "DEGAS"}
+REGENERANT_KINDS = {"acid", "base", "salt"}
+SEQUENCE_CLASSES = {"flow", "still", "chemical", "air"}
+SEQUENCE_MEDIA = {"water", "product", "chemical", "air"}
+SEQUENCE_FLOWS = {"", "v", "q", "q.bv"}
+SEQUENCE_AMOUNTS = {"", "t", "vol", "vol.bv"}
+RESIN_KINDS = {"SAC", "WAC", "WBA", "SBA", "inert"}
 NO_COUNTRY = "International"
 # Which kinds of ions a placeholder in a detail's key stands for.
 KEY_PLACEHOLDERS = {
@@ -79,6 +85,27 @@ CREATE TABLE plant_exchanger (type TEXT NOT NULL, position INTEGER NOT NULL, kin
 CREATE TABLE what_if (type TEXT NOT NULL, position INTEGER NOT NULL, step TEXT NOT NULL, first TEXT NOT NULL,
     first_label TEXT NOT NULL, second TEXT NOT NULL, second_label TEXT NOT NULL,
     PRIMARY KEY (type, position)) WITHOUT ROWID;
+-- What exchangers are regenerated with, and the densities (kg/l) of their solutions by content (% by mass) at 20 °C.
+CREATE TABLE regenerant (id INTEGER PRIMARY KEY, code TEXT NOT NULL UNIQUE, name TEXT NOT NULL, formula TEXT NOT NULL,
+    kind TEXT NOT NULL, equivalent_mass REAL NOT NULL);
+CREATE TABLE regenerant_density (code TEXT NOT NULL, percent REAL NOT NULL, density REAL NOT NULL,
+    PRIMARY KEY (code, percent)) WITHOUT ROWID;
+-- The rows of regeneration sequences: what flows in them, what they can be, and those that an exchanger begins with.
+CREATE TABLE sequence_medium (id INTEGER PRIMARY KEY, code TEXT NOT NULL UNIQUE, label TEXT NOT NULL, kind TEXT NOT NULL,
+    chemical TEXT NOT NULL);
+CREATE TABLE sequence_type (id INTEGER PRIMARY KEY, code TEXT NOT NULL UNIQUE, label TEXT NOT NULL, class TEXT NOT NULL,
+    direction TEXT NOT NULL, flow TEXT NOT NULL, flow_value REAL, amount TEXT NOT NULL, amount_value REAL);
+CREATE TABLE sequence_default (id INTEGER PRIMARY KEY, kind TEXT NOT NULL, type TEXT NOT NULL, medium TEXT NOT NULL,
+    direction TEXT NOT NULL, flow TEXT NOT NULL, flow_value REAL, amount TEXT NOT NULL, amount_value REAL);
+-- Resins by kind, what they are regenerated with, and how an exchanger begins.
+CREATE TABLE resin (id INTEGER PRIMARY KEY, code TEXT NOT NULL UNIQUE, name TEXT NOT NULL, kind TEXT NOT NULL,
+    total_capacity REAL NOT NULL, capacity REAL NOT NULL, bead REAL NOT NULL, density REAL NOT NULL, bulk_density REAL,
+    void REAL NOT NULL, swelling REAL NOT NULL, v_max REAL NOT NULL, t_max REAL NOT NULL);
+CREATE TABLE resin_regeneration (id INTEGER PRIMARY KEY, resin TEXT NOT NULL, chemical TEXT NOT NULL, mode TEXT NOT NULL,
+    q_max REAL, k REAL, level_min REAL, level_max REAL, ratio_min REAL, ratio_max REAL, UNIQUE (resin, chemical, mode));
+CREATE TABLE exchanger_default (plant TEXT NOT NULL, kind TEXT NOT NULL, compartment INTEGER NOT NULL, mode TEXT NOT NULL,
+    v_max REAL NOT NULL, resin TEXT NOT NULL, chemical TEXT NOT NULL, level REAL NOT NULL, supply REAL NOT NULL,
+    dilution REAL NOT NULL, temperature REAL NOT NULL, PRIMARY KEY (plant, kind, compartment)) WITHOUT ROWID;
 CREATE TABLE organic (id INTEGER PRIMARY KEY, code TEXT NOT NULL UNIQUE, label TEXT NOT NULL, acidity REAL NOT NULL,
     carbon REAL NOT NULL);
 CREATE TABLE water_type (id INTEGER PRIMARY KEY, code TEXT NOT NULL UNIQUE, description TEXT NOT NULL);
@@ -289,6 +316,84 @@ def fill_what_if(db, csv_dir, plants):
                             row["second_label"]))
 
 
+def fill_regenerants(db, csv_dir):
+    columns = ("key", "name", "formula", "kind", "equivalent_mass", "source")
+    keys = []
+    for identifier, (where, row) in enumerate(read_csv(csv_dir / "regenerants.csv", columns), start=1):
+        if row["kind"] not in REGENERANT_KINDS:
+            sys.exit(f"{where}: unknown kind '{row['kind']}'")
+        db.execute("INSERT INTO regenerant VALUES (?,?,?,?,?,?)",
+                   (identifier, row["key"], row["name"], row["formula"], row["kind"],
+                    number(row["equivalent_mass"], where)))
+        keys.append(row["key"])
+    for where, row in read_csv(csv_dir / "regenerant_densities.csv", ("key", "percent", "density", "source")):
+        if row["key"] not in keys:
+            sys.exit(f"{where}: no regenerant '{row['key']}'")
+        db.execute("INSERT INTO regenerant_density VALUES (?,?,?)",
+                   (row["key"], number(row["percent"], where), number(row["density"], where)))
+
+
+def sequence_figures(where, row):
+    """Direction, flow and amount of a row of a sequence."""
+    if row["direction"] not in ("UP", "DOWN") or row["flow"] not in SEQUENCE_FLOWS or row["amount"] not in SEQUENCE_AMOUNTS:
+        sys.exit(f"{where}: no direction, flow or amount of a sequence")
+    return (row["direction"], row["flow"], number(row["flow_value"], where), row["amount"],
+            number(row["amount_value"], where))
+
+
+def fill_sequences(db, csv_dir):
+    figures = ("direction", "flow", "flow_value", "amount", "amount_value")
+    chemicals = {code for code, in db.execute("SELECT code FROM regenerant")} | {""}
+    media, types = [], []
+    for where, row in read_csv(csv_dir / "sequence_media.csv", ("key", "label", "kind", "chemical")):
+        if row["kind"] not in SEQUENCE_MEDIA or row["chemical"] not in chemicals:
+            sys.exit(f"{where}: unknown kind or chemical")
+        media.append(row["key"])
+        db.execute("INSERT INTO sequence_medium VALUES (?,?,?,?,?)",
+                   (len(media), row["key"], row["label"], row["kind"], row["chemical"]))
+    for where, row in read_csv(csv_dir / "sequence_types.csv", ("key", "label", "class", "source") + figures):
+        if row["class"] not in SEQUENCE_CLASSES:
+            sys.exit(f"{where}: unknown class '{row['class']}'")
+        types.append(row["key"])
+        db.execute("INSERT INTO sequence_type VALUES (?,?,?,?,?,?,?,?,?)",
+                   (len(types), row["key"], row["label"], row["class"]) + sequence_figures(where, row))
+    rows = read_csv(csv_dir / "sequence_defaults.csv", ("kind", "type", "medium") + figures)
+    for identifier, (where, row) in enumerate(rows, start=1):
+        if row["kind"] not in EXCHANGERS or row["type"] not in types or row["medium"] not in media:
+            sys.exit(f"{where}: unknown exchanger, type or medium")
+        db.execute("INSERT INTO sequence_default VALUES (?,?,?,?,?,?,?,?,?)",
+                   (identifier, row["kind"], row["type"], row["medium"]) + sequence_figures(where, row))
+
+
+def fill_resins(db, csv_dir):
+    columns = ("total_capacity", "capacity", "bead", "density", "bulk_density", "void", "swelling", "v_max", "t_max")
+    resins = []
+    for where, row in read_csv(csv_dir / "resins.csv", ("key", "name", "kind", "source") + columns):
+        if row["kind"] not in RESIN_KINDS:
+            sys.exit(f"{where}: unknown kind '{row['kind']}'")
+        resins.append(row["key"])
+        db.execute("INSERT INTO resin VALUES (?,?,?,?,?,?,?,?,?,?,?,?,?)",
+                   (len(resins), row["key"], row["name"], row["kind"], *(number(row[each], where) for each in columns)))
+    chemicals = {code for code, in db.execute("SELECT code FROM regenerant")}
+    figures = ("q_max", "k", "level_min", "level_max", "ratio_min", "ratio_max")
+    names = ("resin", "chemical", "mode", "source")
+    for identifier, (where, row) in enumerate(read_csv(csv_dir / "resin_regeneration.csv", names + figures), start=1):
+        if row["resin"] not in resins or row["chemical"] not in chemicals or row["mode"] not in ("", "CO", "COUNTER", "MB"):
+            sys.exit(f"{where}: unknown resin, chemical or mode")
+        db.execute("INSERT INTO resin_regeneration VALUES (?,?,?,?,?,?,?,?,?,?)",
+                   (identifier, row["resin"], row["chemical"], row["mode"], *(number(row[each], where) for each in figures)))
+    figures = ("level", "supply", "dilution", "temperature")
+    names = ("plant", "kind", "compartment", "mode", "v_max", "resin", "chemical", "source")
+    plants = {type_ for type_, in db.execute("SELECT type FROM plant_type")} | {""}
+    for where, row in read_csv(csv_dir / "exchanger_defaults.csv", names + figures):
+        if (row["plant"] not in plants or row["kind"] not in EXCHANGERS or row["resin"] not in resins or
+                row["chemical"] not in chemicals or row["mode"] not in ("CO", "COUNTER")):
+            sys.exit(f"{where}: unknown plant, exchanger, mode, resin or chemical")
+        db.execute("INSERT INTO exchanger_default VALUES (?,?,?,?,?,?,?,?,?,?,?)",
+                   (row["plant"], row["kind"], int(row["compartment"]), row["mode"], number(row["v_max"], where),
+                    row["resin"], row["chemical"], *(number(row[each], where) for each in figures)))
+
+
 def fill_organics(db, csv_dir):
     rows = read_csv(csv_dir / "organics.csv", ("key", "label", "acidity", "carbon"))
     for identifier, (where, row) in enumerate(rows, start=1):
@@ -379,6 +484,9 @@ def build(path, arguments):
     plants = fill_plants(db, arguments.csv_dir)
     fill_feed_mediums(db, arguments.csv_dir, plants)
     fill_what_if(db, arguments.csv_dir, plants)
+    fill_regenerants(db, arguments.csv_dir)
+    fill_sequences(db, arguments.csv_dir)
+    fill_resins(db, arguments.csv_dir)
     fill_organics(db, arguments.csv_dir)
     fill_water_types(db, arguments.csv_dir)
     fill_waters(db, arguments.waters, ions)

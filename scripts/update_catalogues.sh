@@ -17,6 +17,9 @@ python3 - resources/examples/waters.csv:kind,category \
     resources/master/water_types.csv:description resources/master/alkalizing_agents.csv:name \
     resources/master/organics.csv:label resources/master/elements.csv:name,class,state_25c \
     resources/master/compounds.csv:category resources/master/feed_mediums.csv:name \
+    resources/master/regenerants.csv:name \
+    resources/master/sequence_media.csv:label resources/master/sequence_types.csv:label \
+    resources/master/resins.csv:name \
     resources/master/details.csv:label resources/master/whatif.csv:first_label,second_label >"$temporary/header.pot" <<'PYTHON'
 import csv
 import sys

@@ -18,6 +18,8 @@ std::size_t MostOf(std::string_view key)
 {
     if (key.ends_with("/comments"))
         return kText;
+    if (key == "step/remarks")
+        return kRemarks;
     if (key.ends_with("/formula"))
         return kFormula;
     return key == "liquid/blend.parts" || key == "liquid/amine.bases" ? kRecipe : kName;

@@ -16,6 +16,8 @@ inline constexpr std::size_t kName = 1'000;
 inline constexpr std::size_t kFormula = 10'000;
 /// Comments and stored values.
 inline constexpr std::size_t kText = 100'000;
+/// Remarks on a regeneration sequence.
+inline constexpr std::size_t kRemarks = 4'000;
 /// The recipe of a blend, which names a thousand waters.
 inline constexpr std::size_t kRecipe = 250'000;
 

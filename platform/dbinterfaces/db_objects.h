@@ -138,6 +138,114 @@ struct WhatIfPair
     std::string secondLabel;
 };
 
+/// The density of a solution at 20 °C.
+struct SolutionDensity
+{
+    double percent = 0.0;  ///< by mass
+    double density = 0.0;  ///< kg/l
+};
+
+/// A chemical that exchangers are regenerated with.
+struct Regenerant
+{
+    int id = -1;
+    std::string key;   ///< for example "HCL"
+    std::string name;  ///< English
+    std::string formula;
+    std::string kind;                        ///< "acid", "base" or "salt"
+    double equivalentMass = 0.0;             ///< g/eq
+    std::vector<SolutionDensity> densities;  ///< by rising content, from water on
+};
+
+/// What flows in a row of a regeneration sequence.
+struct SequenceMedium
+{
+    std::string key;       ///< for example "REGSEQ_TAP_WATER"
+    std::string label;     ///< English
+    std::string kind;      ///< "water", "product" (a water that the plant makes), "chemical" or "air"
+    std::string chemical;  ///< key of the regenerant, else empty
+};
+
+/// How a row of a regeneration sequence begins: its direction, and what is given of its flow and of its
+/// amount, without the beginning "regseqstep/" of the keys; empty where nothing is.
+struct SequenceFigures
+{
+    std::string direction;  ///< "UP" or "DOWN"
+    std::string flow;       ///< "v", "q" or "q.bv"
+    double flowValue = 0.0;
+    std::string amount;  ///< "t", "vol" or "vol.bv"
+    double amountValue = 0.0;
+};
+
+/// What a row of a regeneration sequence can be.
+struct SequenceType
+{
+    std::string key;        ///< for example "REGSEQ_BW"
+    std::string label;      ///< English
+    std::string rowClass;   ///< "flow", "still" (nothing flows), "chemical" or "air"
+    SequenceFigures usual;  ///< where the kind of exchanger says nothing else
+};
+
+/// A row of the sequence that an exchanger begins with.
+struct SequenceDefault
+{
+    std::string kind;  ///< of the exchanger
+    std::string type;
+    std::string medium;
+    SequenceFigures figures;
+};
+
+/// How a resin is regenerated with a chemical. The operating capacity at the level g (kg of the pure chemical
+/// per m³ of resin) is q (1 - exp(-k g)) where there is a curve. NaN where nothing is known.
+struct ResinRegeneration
+{
+    static constexpr double kUnknown = std::numeric_limits<double>::quiet_NaN();
+
+    std::string chemical;           ///< key of the regenerant
+    std::string mode;               ///< "CO", "COUNTER", "MB" (in a mixed bed); empty: whatever it is
+    double capacityMax = kUnknown;  ///< q, eq/l
+    double k = kUnknown;            ///< m³/kg
+    double levelMin = kUnknown;     ///< usual levels, kg/m³
+    double levelMax = kUnknown;
+    double ratioMin = kUnknown;  ///< usual share of the load, %
+    double ratioMax = kUnknown;
+};
+
+/// A kind of resin with figures that are typical for it.
+struct Resin
+{
+    int id = -1;
+    std::string key;                                                ///< for example "sac_gel"
+    std::string name;                                               ///< English
+    std::string kind;                                               ///< "SAC", "WAC", "WBA", "SBA" or "inert"
+    double totalCapacity = 0.0;                                     ///< eq/l
+    double capacity = 0.0;                                          ///< typical operating capacity, eq/l
+    double bead = 0.0;                                              ///< harmonic mean diameter, mm
+    double density = 0.0;                                           ///< of the wet beads, exhausted, kg/m³
+    double bulkDensity = std::numeric_limits<double>::quiet_NaN();  ///< as shipped, kg/m³
+    double voidFraction = 0.0;                                      ///< of the settled bed
+    double swelling = 0.0;                                          ///< from one form to the other, %
+    double maxVelocity = 0.0;                                       ///< m/h
+    double maxTemperature = 0.0;                                    ///< °C
+    std::vector<ResinRegeneration> regenerations;
+};
+
+/// How a compartment of a new exchanger begins.
+struct ExchangerDefault
+{
+    std::string plant;  ///< beginning of the types that it is for; empty: any
+    std::string kind;   ///< of the exchanger
+    int compartment = 1;
+    std::string mode;
+    double maxVelocity = 0.0;  ///< m/h
+    std::string resin;
+    std::string chemical;
+    double level = 0.0;        ///< kg/m³
+    double supply = 0.0;       ///< %
+    double dilution = 0.0;     ///< %
+    double temperature = 0.0;  ///< °C
+};
+
 /// What the organic load of a water consists of. Typical figures of aquatic humic substances, Thurman 1985,
 /// Organic Geochemistry of Natural Waters.
 struct Organic

@@ -65,6 +65,20 @@ public:
     /// that there is not.
     static std::vector<DBObjects::WhatIfPair> GetWhatIfTable(const std::string& type);
 
+    /// What exchangers are regenerated with, in the order in which it is offered.
+    static std::vector<DBObjects::Regenerant> GetRegenerants();
+
+    /// What flows in the rows of regeneration sequences, and what these can be, in the order in which it is
+    /// offered; and the rows that each kind of exchanger begins with, in their order.
+    static std::vector<DBObjects::SequenceMedium> GetSequenceMedia();
+    static std::vector<DBObjects::SequenceType> GetSequenceTypes();
+    static std::vector<DBObjects::SequenceDefault> GetSequenceDefaults();
+
+    /// The resins with how they are regenerated, in the order in which they are offered.
+    static std::vector<DBObjects::Resin> GetResins();
+    /// How exchangers begin: what is for one type of plant only comes first.
+    static std::vector<DBObjects::ExchangerDefault> GetExchangerDefaults();
+
     /// What the organic load of a water can consist of, by a pattern of the key in which "%" stands for any
     /// text; "none" is first.
     static std::vector<DBObjects::Organic> GetOrganics(const std::string& pattern = "%");

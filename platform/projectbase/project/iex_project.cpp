@@ -2,6 +2,10 @@
 #include "projectbase/project/iex_project.h"
 
 #include "dbinterfaces/master_database.h"
+#include "projectbase/design/plant_design.h"
+#include "projectbase/design/resins.h"
+#include "projectbase/sequence/sequence_calculation.h"
+#include "projectbase/sequence/sequence_rows.h"
 
 #include <wx/translation.h>
 
@@ -27,6 +31,17 @@ std::size_t CompartmentsOf(const std::string& kind)
     if (kind == kDegasser)
         return 0;
     return kind == "MB" ? 2 : 1;
+}
+
+void FillCompartment(OwnerNode& compartment, OwnerNode& resin, const DBObjects::ExchangerDefault& usual)
+{
+    DetailList& details = *compartment.GetDetails();
+    details.At("stepcomp/level").SetValue(usual.level);
+    details.At("stepcomp/rm.chemical").SetValue(usual.chemical);
+    details.At("stepcomp/rm.konz").SetValue(usual.supply);
+    details.At(design::kFirstDilution).SetValue(usual.dilution);
+    details.At("stepcomp/rm.temp").SetValue(usual.temperature);
+    resin.GetDetails()->At("compcomp/resin").SetValue(usual.resin);
 }
 
 bool IsComplete(const OwnerNode& compartment)
@@ -85,9 +100,57 @@ OwnerNode& IEXProject::AddStep(const std::string& kind, std::size_t position)
     const ProjectEdit edit(*this, wxTRANSLATE("add exchanger"));
     OwnerNode& step = AddOwner(GetRoot(), std::make_shared<OwnerNode>(OwnerKind::Exchanger), position);
     step.GetDetails()->At("step/kind").SetValue(kind);
-    for (std::size_t i = 0; i < CompartmentsOf(kind); ++i)
-        AddOwner(AddOwner(step, OwnerKind::Compartment), OwnerKind::Resin);
+    for (std::size_t i = 0; i < CompartmentsOf(kind); ++i) {
+        OwnerNode& compartment = AddOwner(step, OwnerKind::Compartment);
+        OwnerNode& resin = AddOwner(compartment, OwnerKind::Resin);
+        const auto* usual = design::FindDefault(GetModuleType(), kind, i);
+        if (usual == nullptr)
+            continue;
+        step.GetDetails()->At("step/mode").SetValue(usual->mode);
+        step.GetDetails()->At("step/v.max").SetValue(usual->maxVelocity);
+        FillCompartment(compartment, resin, *usual);
+    }
+    sequence::AddDefaults(*this, step);
     return step;
+}
+
+RegSeqData IEXProject::GetRegSeqData(std::size_t step) const
+{
+    return sequence::Read(GetStep(step));
+}
+
+void IEXProject::SaveRegSeqData(std::size_t step, const RegSeqData& data)
+{
+    sequence::Save(*this, GetStep(step), data);
+}
+
+MediumSumsData IEXProject::GetRegSeqSums(std::size_t step) const
+{
+    return sequence::SumsOf(GetStep(step));
+}
+
+bool IEXProject::HasConditioning(std::size_t step) const
+{
+    const auto compartments = GetStep(step).GetChildren(OwnerKind::Compartment);
+    return IsOfType("FOODC") || std::ranges::any_of(compartments, [](const auto& compartment) {
+               return !compartment->GetDetails()->At("stepcomp/cond.chemical").GetStdStringValue().empty();
+           });
+}
+
+bool IEXProject::StepHasConditioning(std::size_t step, const RegSeqStep& row) const
+{
+    return row.type == sequence::kConditioning && HasConditioning(step);
+}
+
+void IEXProject::CalculatePlant()
+{
+    design::UpdateDesign(*this);
+}
+
+long IEXProject::ReachedStatus() const
+{
+    const long reached = Project::ReachedStatus();
+    return reached == StatusComplete && design::IsDesigned(*this) ? StatusDesigned : reached;
 }
 
 bool IEXProject::IsFeedKnown() const

@@ -8,6 +8,7 @@
 #include "projectbase/feed/feed_composition.h"
 #include "projectbase/project/project.h"
 #include "projectbase/project/project_edit.h"
+#include "projectbase/sequence/reg_seq_data.h"
 
 namespace iex {
 
@@ -32,8 +33,20 @@ public:
     /// Throws std::out_of_range.
     OwnerNode& GetStep(std::size_t index);
     const OwnerNode& GetStep(std::size_t index) const;
-    /// Adds an exchanger ("SAC_H", ...) with its compartments, each with one resin yet to be chosen.
+    /// Adds an exchanger ("SAC_H", ...) with its compartments, each with a resin, a regenerant, its level and
+    /// dilution that are usual for its kind in a plant of this type.
     OwnerNode& AddStep(const std::string& kind, std::size_t position);
+
+    /// The regeneration sequence of an exchanger; see sequence/sequence_rows.h. Throw std::out_of_range.
+    RegSeqData GetRegSeqData(std::size_t step) const;
+    void SaveRegSeqData(std::size_t step, const RegSeqData& data);
+    /// How much of each medium a regeneration of the exchanger needs.
+    MediumSumsData GetRegSeqSums(std::size_t step) const;
+    /// Whether an exchanger is conditioned after its regeneration: those of food columns, and those with a
+    /// compartment that has a chemical for it. Throws std::out_of_range.
+    bool HasConditioning(std::size_t step) const;
+    /// Whether a row of its sequence carries that chemical.
+    bool StepHasConditioning(std::size_t step, const RegSeqStep& row) const;
 
     /// The compounds of the feed as the project stores them: the details of the group "feedcompound", one
     /// group for each: meq/l, and what was typed beside it; the molar mass follows from the formula. Throws
@@ -48,6 +61,8 @@ public:
 
 protected:
     IEXProject(const IEXProject&) = default;
+    void CalculatePlant() override;
+    long ReachedStatus() const override;
 
 private:
     bool IsFeedKnown() const;

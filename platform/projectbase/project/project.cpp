@@ -146,7 +146,8 @@ void Project::CalculateDesign()
         for (const std::size_t blend : blends[i])
             GetLiquid(blend).SetOutOfDate(true);
     }
-    // Inputs that the calculation settles (a reset, a blend) are not typed.
+    CalculatePlant();
+    // Inputs that the calculation settles (a reset, a blend, a diameter) are not typed.
     m_journal->TakeTyped();
 }
 

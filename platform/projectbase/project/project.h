@@ -142,6 +142,11 @@ public:
 
 protected:
     Project(const Project& other);
+    /// Designs the plant from its waters, which are up to date; runs within the edit, and nothing of
+    /// what it writes counts as typed.
+    virtual void CalculatePlant() {}
+    /// How far the project has come by what is known of it.
+    virtual long ReachedStatus() const;
     /// What typed inputs bring about in others; runs before anything is calculated from them.
     virtual void ApplyRules(const std::vector<TypedInput>& typed);
 

@@ -84,11 +84,16 @@ bool Project::CountsForDesign(const StackElement& element)
            (detail->GetType() != DetailType::String && detail->GetType() != DetailType::Date);
 }
 
+long Project::ReachedStatus() const
+{
+    if (IsReadyToCalculate())
+        return StatusComplete;
+    return GetLiquidCount() > 0 ? StatusWaters : StatusNew;
+}
+
 void Project::UpdateStatus(bool changed)
 {
-    const long reached = IsReadyToCalculate()   ? StatusComplete
-                         : GetLiquidCount() > 0 ? StatusWaters
-                                                : StatusNew;
+    const long reached = ReachedStatus();
     if (changed || m_status < reached)
         m_status = reached;
 }

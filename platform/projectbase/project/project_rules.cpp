@@ -5,6 +5,7 @@
 #include "projectbase/feed/feed_quantities.h"
 #include "projectbase/project/iex_project.h"
 #include "projectbase/project/project.h"
+#include "projectbase/sequence/sequence_rows.h"
 #include "projectbase/water/normalization.h"
 
 #include <algorithm>
@@ -137,17 +138,73 @@ void FollowQuantities(const Context& context, const TypedInput& input)
     details.At("project/quantities.typed").SetValue(quantities.GetOrder());
 }
 
+void RememberTypedOfRow(const Context&, const TypedInput& input)
+{
+    sequence::RememberTyped(input.node, input.detail.GetName());
+}
+
+void KeepRequiredRows(const Context& context, const TypedInput& input)
+{
+    OwnerNode* const exchanger = input.node.GetParent();
+    if (exchanger != nullptr)
+        sequence::KeepRequired(context.project, *exchanger);
+}
+
+/// The rows of a chemical follow it.
+void FollowChemical(const Context& context, const TypedInput& input)
+{
+    const std::string before = std::get<wxString>(input.before).utf8_string();
+    const bool conditioning = input.detail.GetName() == "stepcomp/cond.chemical";
+    if (OwnerNode* const exchanger = input.node.GetParent())
+        sequence::ReplaceChemical(*exchanger, before, input.detail.GetStdStringValue(), conditioning);
+    KeepRequiredRows(context, input);
+}
+
+/// The portions of two dilutions make a whole.
+void FollowPortion(const Context& context, const TypedInput& input)
+{
+    constexpr double kWhole = 100.0;
+    std::string other = input.detail.GetName();
+    if (other.ends_with('2'))
+        other.pop_back();
+    else
+        other += '2';
+    const double rest = kWhole - input.detail.GetDoubleValue();
+    if (!context.IsTyped(input.node, other))
+        input.node.GetDetails()->At(other).SetValue(rest);
+}
+
 struct RuleOfKey
 {
     std::string_view key;
     Rule rule;
 };
 constexpr std::array kRules{
-    RuleOfKey{"liquid/balance.ph", &FillWaterIons},   RuleOfKey{"liquid/hco3.orig", &ReplaceAlkalinity},
-    RuleOfKey{"liquid/co3.orig", &ReplaceAlkalinity}, RuleOfKey{"liquid/analysis.type", &BeginShortAnalysis},
-    RuleOfKey{"feed/medium", &TakeDensity},           RuleOfKey{"feed/adjust.ph", &BeginPhAdjustment},
-    RuleOfKey{"project/qbrutto", &FollowQuantities},  RuleOfKey{"project/lz", &FollowQuantities},
+    RuleOfKey{"liquid/balance.ph", &FillWaterIons},
+    RuleOfKey{"liquid/hco3.orig", &ReplaceAlkalinity},
+    RuleOfKey{"liquid/co3.orig", &ReplaceAlkalinity},
+    RuleOfKey{"liquid/analysis.type", &BeginShortAnalysis},
+    RuleOfKey{"feed/medium", &TakeDensity},
+    RuleOfKey{"feed/adjust.ph", &BeginPhAdjustment},
+    RuleOfKey{"project/qbrutto", &FollowQuantities},
+    RuleOfKey{"project/lz", &FollowQuantities},
     RuleOfKey{"project/wbrutto", &FollowQuantities},
+    RuleOfKey{"regseqstep/v", &RememberTypedOfRow},
+    RuleOfKey{"regseqstep/q", &RememberTypedOfRow},
+    RuleOfKey{"regseqstep/q.bv", &RememberTypedOfRow},
+    RuleOfKey{"regseqstep/t", &RememberTypedOfRow},
+    RuleOfKey{"regseqstep/vol", &RememberTypedOfRow},
+    RuleOfKey{"regseqstep/vol.bv", &RememberTypedOfRow},
+    RuleOfKey{"regseqstep/type", &KeepRequiredRows},
+    RuleOfKey{"regseqstep/medium", &KeepRequiredRows},
+    RuleOfKey{"regseqstep/flag.removable", &KeepRequiredRows},
+    RuleOfKey{"stepcomp/rm.chemical", &FollowChemical},
+    RuleOfKey{"stepcomp/cond.chemical", &FollowChemical},
+    RuleOfKey{"stepcomp/rm.progressive", &KeepRequiredRows},
+    RuleOfKey{"stepcomp/rm.portion", &FollowPortion},
+    RuleOfKey{"stepcomp/rm.portion2", &FollowPortion},
+    RuleOfKey{"stepcomp/cond.portion", &FollowPortion},
+    RuleOfKey{"stepcomp/cond.portion2", &FollowPortion},
 };
 
 }  // namespace

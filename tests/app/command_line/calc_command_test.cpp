@@ -333,7 +333,7 @@ TEST_F(Calc, SetsValuesOfEveryPartOfAPlantAndReadsThemBack)
     ProjectFile::Save(plant, path);
     const Result set =
         Run({path, "--json", "--set", "ex.1.comp.2:stepcomp/level=80", "--set",
-             "ex.1.comp.2.resin.1:resin=sba", "--set", "project/qbrutto=20", "--set", "project/lz=12",
+             "ex.1.comp.2.resin.1:resin=sba_1", "--set", "project/qbrutto=20", "--set", "project/lz=12",
              "--set", "water.1:na=10meq/l", "--set", "project/title=", "--set", "ex.1:v.max=500"});
     ASSERT_EQ(set.code, 0) << set.err;
     EXPECT_EQ(Value(set, "stepcomp/level", 6), "80");

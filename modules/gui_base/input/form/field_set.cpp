@@ -212,14 +212,6 @@ wxWindow* FieldSet::CreateChoice(wxWindow* parent, const FormRow& row, DetailDat
     return AddSelfStoring(new tvChoiceAdv(items, &detail, parent, wxID_ANY), label);
 }
 
-template <typename Control>
-Control* FieldSet::AddSelfStoring(Control* control, const wxString& label)
-{
-    m_selfStoring.push_back({control, label});
-    AddSelfRefreshing(control);
-    return AddLocalizable(control);
-}
-
 FormCells FieldSet::AddUnitRow(wxWindow* parent, wxSizer& grid, const FormRow& row, DetailData& detail)
 {
     tvChoice::Items units;

@@ -105,6 +105,14 @@ public:
         m_localizables.push_back(MakeLocalizable(control));
         return control;
     }
+    /// A control that stores what the user chooses in its detail and then processes a tvCHANGE_EVENT.
+    template <typename Control>
+    Control* AddSelfStoring(Control* control, const wxString& label)
+    {
+        m_selfStoring.push_back({control, label});
+        AddSelfRefreshing(control);
+        return AddLocalizable(control);
+    }
     void AddSelfRefreshing(DetailContainerWindow* window) { m_selfRefreshing.push_back(window); }
 
     /// Gives every field its validator; once, after all were made.
@@ -157,8 +165,6 @@ private:
     TvTextCtrl* AddTextField(wxWindow* parent, const FormRow& row, DetailData& detail);
     wxWindow* CreateChoice(wxWindow* parent, const FormRow& row, DetailData& detail);
     FormCells AddUnitRow(wxWindow* parent, wxSizer& grid, const FormRow& row, DetailData& detail);
-    template <typename Control>
-    Control* AddSelfStoring(Control* control, const wxString& label);
     Field* Find(const std::string& key) const;
 
     DetailList& m_details;

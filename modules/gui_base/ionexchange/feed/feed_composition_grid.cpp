@@ -2,8 +2,8 @@
 #include "gui_base/ionexchange/feed/feed_composition_grid.h"
 
 #include "gui_base/dialogs/questions.h"
-#include "gui_base/input/controls/grid_keys.h"
 #include "gui_base/support/accessibility.h"
+#include "gui_base/support/grid_keys.h"
 #include "gui_base/support/image_loader.h"
 #include "gui_base/support/translation.h"
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "gui_base/ionexchange/whatif/what_if_grid.h"
 
-#include "gui_base/input/controls/grid_keys.h"
 #include "gui_base/support/accessibility.h"
+#include "gui_base/support/grid_keys.h"
 #include "gui_base/support/translation.h"
 
 #include <wx/dcclient.h>

@@ -321,12 +321,19 @@ TEST(WhatIfGridPairLoader, NamesTheStepsOfEverySequence)
     OwnerNode& anion = add(1, "REGSEQ_REG");
     const auto first = WhatIfGridPairLoader::GetTableForStep(project, cation);
     ASSERT_FALSE(first.empty());
-    EXPECT_EQ(first[0].first.name, "Flow rate (2), exchanger 1");
+    EXPECT_EQ(first[0].first.name,
+              wxString::Format("Flow rate (%d), exchanger 1", static_cast<int>(cation.GetPosition()) + 1));
     EXPECT_EQ(first[0].first.unit, "gpm");
     EXPECT_EQ(first[0].second.detail, cation.FindDetail("regseqstep/v"));
     EXPECT_EQ(first[0].second.type, "double");
     EXPECT_EQ(WhatIfGridPairLoader::GetTableForStep(project, anion).size(), first.size());
-    EXPECT_EQ(WhatIfGridPairLoader::GetTableForSteps(project).size(), 2 * first.size());
+    std::size_t all = 0;
+    for (std::size_t i = 0; i < project.NumberSteps(); ++i) {
+        for (const auto& row : project.GetStep(i).GetChildren(OwnerKind::SequenceRow))
+            all += WhatIfGridPairLoader::GetTableForStep(project, *row).size();
+    }
+    EXPECT_GT(all, 2 * first.size());
+    EXPECT_EQ(WhatIfGridPairLoader::GetTableForSteps(project).size(), all);
     EXPECT_TRUE(WhatIfGridPairLoader::GetTableForAnionerOnlyStep(project, cation).empty());
     EXPECT_EQ(WhatIfGridPairLoader::GetTableForAnionerOnlyStep(project, anion).size(), first.size());
 

@@ -237,7 +237,7 @@ TEST_F(ProjectEdits, ACloneIsIndependentAndHasTheSameAddresses)
     const DetailAddress address{row.GetOwner(), "regseqstep/t"};
     ASSERT_NE(copy->FindDetail(address), nullptr);
     EXPECT_EQ(copy->FindDetail(address)->GetDoubleValue(), 0.5);
-    EXPECT_EQ(copy->PathOf(address.owner), "ex.2.seq.1");
+    EXPECT_EQ(copy->PathOf(address.owner), plant.PathOf(address.owner));
     copy->FindDetail(address)->SetValue(0.75);
     EXPECT_EQ(row.GetDetails()->At("regseqstep/t").GetDoubleValue(), 0.5);
     EXPECT_EQ(copy->GetModuleType(), "DEMI");

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-/// What the keyboard does in every grid of the library.
+/// Keys that every grid of the library answers alike. GUI thread only.
 
 #include "gui_base/gui_base_export.h"
 
@@ -10,7 +10,7 @@
 
 namespace grid_keys {
 
-/// Whether it is a key that opens a context menu.
+/// The key that opens a context menu.
 GUI_BASE_EXPORT bool IsMenuKey(const wxKeyEvent& event);
 
 /// Leaves a grid, which keeps Tab for its cells, to the control before or behind it.

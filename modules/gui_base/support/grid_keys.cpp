@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "gui_base/input/controls/grid_keys.h"
+#include "gui_base/support/grid_keys.h"
 
 #include <wx/toplevel.h>
 

@@ -1,0 +1,208 @@
+// SPDX-License-Identifier: MIT
+#include "gui_base/ionexchange/regeneration/regseq_grid.h"
+
+#include "gui_base/support/accessibility.h"
+#include "gui_base/support/grid_keys.h"
+#include "gui_base/support/translation.h"
+
+#include <wx/dcclient.h>
+#include <wx/menu.h>
+
+#include <algorithm>
+#include <array>
+#include <optional>
+
+namespace {
+
+constexpr int kNumberWidth = 72;
+constexpr int kMostRowsShown = 14;
+/// Beside the text of a choice stands the arrow of its list while it is edited.
+constexpr int kArrowWidth = 44;
+
+struct MenuRow
+{
+    TVRegSeqGrid::Command command;
+    const char* label;
+};
+constexpr std::array kMenu{
+    MenuRow{TVRegSeqGrid::Command::Add, wxTRANSLATE("Add")},
+    MenuRow{TVRegSeqGrid::Command::MoveUp, wxTRANSLATE("Move up")},
+    MenuRow{TVRegSeqGrid::Command::MoveDown, wxTRANSLATE("Move down")},
+    MenuRow{TVRegSeqGrid::Command::Remove, wxTRANSLATE("Remove")},
+};
+
+}  // namespace
+
+TVRegSeqGrid::TVRegSeqGrid(wxWindow* parent, int id)
+    : wxGrid(parent, id, wxDefaultPosition, wxDefaultSize, wxWANTS_CHARS | wxBORDER_THEME),
+      m_table(new RegSeqTable([this] {
+          if (m_onEdit)
+              m_onEdit();
+      }))
+{
+    SetTable(m_table, true, wxGridSelectRows);
+    SetColLabelSize(FromDIP(40));
+    SetRowLabelSize(FromDIP(32));
+    SetDefaultRowSize(FromDIP(28));
+    DisableDragRowSize();
+    SetCellHighlightROPenWidth(1);
+    Bind(wxEVT_KEY_DOWN, &TVRegSeqGrid::OnKeyDown, this);
+    Bind(wxEVT_GRID_TABBING, &TVRegSeqGrid::OnTabbing, this);
+    Bind(wxEVT_GRID_CELL_RIGHT_CLICK, [this](wxGridEvent& event) {
+        const auto chosen = GetChosenRows();
+        if (std::ranges::find(chosen, event.GetRow()) == chosen.end()) {
+            SetGridCursor(event.GetRow(), event.GetCol());
+            SelectRow(event.GetRow());
+        }
+        ShowMenu(wxDefaultPosition);
+    });
+    Bind(wxEVT_SYS_COLOUR_CHANGED, [this](wxSysColourChangedEvent& event) {
+        m_table->TakeColours();
+        ForceRefresh();
+        event.Skip();
+    });
+}
+
+void TVRegSeqGrid::SetSteps(const std::vector<RegSeqStep>& steps)
+{
+    const wxGridUpdateLocker frozen(this);
+    const int before = m_table->GetNumberRows();
+    const int count = static_cast<int>(steps.size());
+    const int row = GetGridCursorRow();
+    const int column = std::max(GetGridCursorCol(), 0);
+    if (before != count)
+        DisableCellEditControl();
+    m_table->SetSteps(steps);
+    if (count < before) {
+        wxGridTableMessage removed(m_table, wxGRIDTABLE_NOTIFY_ROWS_DELETED, count, before - count);
+        ProcessTableMessage(removed);
+    } else if (count > before) {
+        wxGridTableMessage added(m_table, wxGRIDTABLE_NOTIFY_ROWS_APPENDED, count - before);
+        ProcessTableMessage(added);
+    }
+    if (count > 0 && row >= count)
+        SetGridCursor(count - 1, column);
+    if (before != count)
+        FitHeight();
+    ForceRefresh();
+}
+
+void TVRegSeqGrid::FitHeight()
+{
+    const int rows = std::clamp(GetNumberRows(), 4, kMostRowsShown);
+    SetMinSize(wxSize(-1, GetColLabelSize() + rows * GetDefaultRowSize() + FromDIP(20)));
+    if (GetParent() != nullptr)
+        GetParent()->Layout();
+}
+
+void TVRegSeqGrid::ShowTexts()
+{
+    DisableCellEditControl();
+    FitColumns();
+    ForceRefresh();
+}
+
+void TVRegSeqGrid::FitColumns()
+{
+    wxClientDC dc(GetGridColLabelWindow());
+    for (int column = 0; column < kRegSeqColumnCount; ++column) {
+        dc.SetFont(GetLabelFont());
+        int wanted = dc.GetMultiLineTextExtent(m_table->GetColLabelValue(column)).x + FromDIP(12);
+        dc.SetFont(GetDefaultCellFont());
+        const auto texts = m_table->TextsOf(column);
+        for (const wxString& text : texts)
+            wanted = std::max(wanted, dc.GetTextExtent(text).x + FromDIP(kArrowWidth));
+        SetColSize(column, std::max(wanted, texts.empty() ? FromDIP(kNumberWidth) : 0));
+    }
+}
+
+std::vector<int> TVRegSeqGrid::GetChosenRows() const
+{
+    std::vector<int> rows;
+    for (const wxGridBlockCoords& block : GetSelectedRowBlocks()) {
+        for (int row = block.GetTopRow(); row <= block.GetBottomRow(); ++row)
+            rows.push_back(row);
+    }
+    if (rows.empty() && GetGridCursorRow() >= 0 && GetGridCursorRow() < GetNumberRows())
+        rows.push_back(GetGridCursorRow());
+    std::ranges::sort(rows);
+    return rows;
+}
+
+void TVRegSeqGrid::SelectRows(const std::vector<int>& rows)
+{
+    ClearSelection();
+    std::optional<int> first;
+    for (const int row : rows) {
+        if (row < 0 || row >= GetNumberRows())
+            continue;
+        first = std::min(first.value_or(row), row);
+    }
+    if (!first)
+        return;
+    SetGridCursor(*first, std::max(GetGridCursorCol(), 0));
+    for (const int row : rows) {
+        if (row >= 0 && row < GetNumberRows())
+            SelectRow(row, true);
+    }
+}
+
+void TVRegSeqGrid::ShowMenu(const wxPoint& position)
+{
+    DisableCellEditControl();
+    wxMenu menu;
+    for (const MenuRow& row : kMenu) {
+        menu.Append(static_cast<int>(row.command) + 1, i18n::Translated(row.label));
+        menu.Enable(static_cast<int>(row.command) + 1, !m_isPossible || m_isPossible(row.command));
+    }
+    const int chosen = GetPopupMenuSelectionFromUser(menu, position);
+    if (chosen != wxID_NONE && m_onCommand)
+        m_onCommand(static_cast<Command>(chosen - 1));
+}
+
+void TVRegSeqGrid::OnKeyDown(wxKeyEvent& event)
+{
+    const int key = event.GetKeyCode();
+    const bool isAlt = event.GetModifiers() == wxMOD_ALT;
+    std::optional<Command> command;
+    if (!event.HasAnyModifiers() && (key == WXK_INSERT || key == WXK_NUMPAD_INSERT))
+        command = Command::Add;
+    else if (!event.HasAnyModifiers() && (key == WXK_DELETE || key == WXK_NUMPAD_DELETE))
+        command = Command::Remove;
+    else if (isAlt && (key == WXK_UP || key == WXK_NUMPAD_UP))
+        command = Command::MoveUp;
+    else if (isAlt && (key == WXK_DOWN || key == WXK_NUMPAD_DOWN))
+        command = Command::MoveDown;
+    if (IsCellEditControlShown()) {
+        event.Skip();
+    } else if (command) {
+        if (m_onCommand && (!m_isPossible || m_isPossible(*command)))
+            m_onCommand(*command);
+    } else if (grid_keys::IsMenuKey(event)) {
+        const int row = std::max(GetGridCursorRow(), 0);
+        const wxPoint corner = CellToRect(row, std::max(GetGridCursorCol(), 0)).GetBottomLeft();
+        ShowMenu(CalcScrolledPosition(corner));
+    } else {
+        event.Skip();
+    }
+}
+
+void TVRegSeqGrid::OnTabbing(wxGridEvent& event)
+{
+    // From cell to cell that can be edited, in reading order, and out of the grid behind the last one.
+    const bool forward = !event.ShiftDown();
+    const int cells = GetNumberRows() * kRegSeqColumnCount;
+    int place = event.GetRow() * kRegSeqColumnCount + event.GetCol();
+    do
+        place += forward ? 1 : -1;
+    while (place >= 0 && place < cells &&
+           !m_table->IsEditable(place / kRegSeqColumnCount, place % kRegSeqColumnCount));
+    DisableCellEditControl();
+    if (place < 0 || place >= cells) {
+        event.Veto();
+        CallAfter([this, forward] { grid_keys::LeaveByTab(*this, forward); });
+        return;
+    }
+    ClearSelection();
+    GoToCell(place / kRegSeqColumnCount, place % kRegSeqColumnCount);
+}
