@@ -112,6 +112,10 @@ constexpr std::array kToolsMenu{
         wxTRANSLATE("&Save to water library"), "Ctrl+Shift+L",
         [](MainFrame& frame) { frame.Waters().SaveToLibrary(); }, wxID_ANY, &HasWater),
     kSeparator,
+    Row(
+        wxTRANSLATE("What-&if analysis..."), "Ctrl+Shift+W", [](MainFrame& frame) { frame.ShowWhatIf(); },
+        wxID_ANY, [](const MainFrame& frame) { return frame.HasWhatIf(); }),
+    kSeparator,
     Row(wxTRANSLATE("&Add water"), "", [](MainFrame& frame) { frame.Waters().Add(); }),
     Row(wxTRANSLATE("&Blend waters..."), "Ctrl+B", [](MainFrame& frame) { frame.Waters().Blend(); }),
     Row(
