@@ -8,10 +8,11 @@ namespace app {
 Module ProjectModule();
 Module WaterModule();
 Module FeedModule();
+Module DesignModule();
 
 std::span<const Module> Modules()
 {
-    static const std::array modules{ProjectModule(), WaterModule(), FeedModule()};
+    static const std::array modules{ProjectModule(), WaterModule(), FeedModule(), DesignModule()};
     return modules;
 }
 
