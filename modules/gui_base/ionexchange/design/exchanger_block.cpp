@@ -131,16 +131,30 @@ ExchangerBlock::ExchangerBlock(OwnerNode& exchanger, FieldSet& fields, TvStaticB
 {
     wxWindow* const parent = box.GetStaticBox();
     const wxSizerFlags spaced = wxSizerFlags().Border(wxALL, parent->FromDIP(form::kGap));
-    auto* columns = new wxBoxSizer(wxHORIZONTAL);
+    // What is typed, what the vessel comes to, what the bed comes to; a second bed stands below the first.
+    auto* columns = form::NewGrid(*parent);
+    columns->SetHGap(parent->FromDIP(6 * form::kGap));
+    auto* inputs = form::NewGrid(*parent);
+    columns->Add(inputs);
     const auto compartments = exchanger.GetChildren(OwnerKind::Compartment);
     if (compartments.empty()) {
-        AddColumn(parent, *columns, exchanger, kDegasserInputs);
+        AddRows(parent, *inputs, exchanger, kDegasserInputs);
     } else {
-        AddColumn(parent, *columns, exchanger, kVesselInputs);
-        AddColumn(parent, *columns, exchanger, kVesselResults);
+        AddRows(parent, *inputs, exchanger, kVesselInputs);
+        auto* results = form::NewGrid(*parent);
+        AddRows(parent, *results, exchanger, kVesselResults);
+        columns->Add(results);
     }
-    for (const auto& compartment : compartments)
-        AddCompartment(parent, *columns, *compartment);
+    for (const auto& compartment : compartments) {
+        if (compartment != compartments.front()) {
+            inputs = form::NewGrid(*parent);
+            columns->Add(inputs);
+            columns->AddSpacer(0);
+        }
+        auto* results = form::NewGrid(*parent);
+        AddCompartment(parent, *inputs, *results, *compartment);
+        columns->Add(results);
+    }
     box.Add(columns, spaced);
     m_notes = new wxStaticText(parent, wxID_ANY, wxString());
     box.Add(m_notes, spaced);
@@ -154,27 +168,15 @@ void ExchangerBlock::AddRows(wxWindow* parent, wxSizer& grid, OwnerNode& owner, 
     }
 }
 
-void ExchangerBlock::AddColumn(wxWindow* parent, wxSizer& columns, OwnerNode& owner,
-                               std::span<const FormRow> rows)
+void ExchangerBlock::AddCompartment(wxWindow* parent, wxSizer& inputs, wxSizer& results,
+                                    OwnerNode& compartment)
 {
-    auto* grid = form::NewGrid(*parent);
-    AddRows(parent, *grid, owner, rows);
-    columns.Add(grid, wxSizerFlags().Border(wxRIGHT, parent->FromDIP(4 * form::kGap)));
-}
-
-void ExchangerBlock::AddCompartment(wxWindow* parent, wxSizer& columns, OwnerNode& compartment)
-{
-    auto* inputs = form::NewGrid(*parent);
-    auto* results = form::NewGrid(*parent);
     for (const auto& resin : compartment.GetChildren(OwnerKind::Resin)) {
-        AddRows(parent, *inputs, *resin, kResinInputs);
-        AddRows(parent, *results, *resin, kResinResults);
+        AddRows(parent, inputs, *resin, kResinInputs);
+        AddRows(parent, results, *resin, kResinResults);
     }
-    AddRows(parent, *inputs, compartment, kBedInputs);
-    AddRows(parent, *results, compartment, kBedResults);
-    const wxSizerFlags spaced = wxSizerFlags().Border(wxRIGHT, parent->FromDIP(4 * form::kGap));
-    columns.Add(inputs, spaced);
-    columns.Add(results, spaced);
+    AddRows(parent, inputs, compartment, kBedInputs);
+    AddRows(parent, results, compartment, kBedResults);
 }
 
 void ExchangerBlock::ShowNotes(const iex::IEXProject& project, const design::ExchangerDesign& exchanger)

@@ -29,8 +29,7 @@ public:
 
 private:
     void AddRows(wxWindow* parent, wxSizer& grid, OwnerNode& owner, std::span<const FormRow> rows);
-    void AddCompartment(wxWindow* parent, wxSizer& columns, OwnerNode& compartment);
-    void AddColumn(wxWindow* parent, wxSizer& columns, OwnerNode& owner, std::span<const FormRow> rows);
+    void AddCompartment(wxWindow* parent, wxSizer& inputs, wxSizer& results, OwnerNode& compartment);
 
     FieldSet& m_fields;
     wxStaticText* m_notes = nullptr;
