@@ -2,9 +2,10 @@
 #include "app/command_line/project_output.h"
 
 #include "dbinterfaces/master_database.h"
+#include "gui_base/report/design_report.h"
 #include "gui_base/report/range_sentence.h"
 #include "projectbase/details/detail_display.h"
-#include "projectbase/project/project.h"
+#include "projectbase/project/iex_project.h"
 #include "projectbase/project/project_json.h"
 #include "projectbase/project/range_faults.h"
 #include "projectbase/water/alkalization.h"
@@ -85,10 +86,58 @@ void PrintSummary(const DetailList& details, const std::string& unitSystem, std:
     }
 }
 
-/// English, ISO units, a decimal point.
-ReportContext PlainContext()
+/// English, ISO units unless it says otherwise, a decimal point.
+ReportContext PlainContext(const std::string& unitSystem = "iso")
 {
-    return {};
+    ReportContext context;
+    context.unitSystem = unitSystem;
+    return context;
+}
+
+void PrintLine(const designtext::Line& line, std::ostream& out)
+{
+    if (!line.value.empty())
+        fmt::print(out, "  {:<52}{:>16} {}\n", line.name, line.value, line.unit);
+}
+
+void PrintDetails(const OwnerNode& node, std::span<const char* const> keys, const ReportContext& context,
+                  std::ostream& out)
+{
+    for (const char* key : keys)
+        PrintLine(designtext::DetailLine(node.GetDetails()->At(key), context), out);
+}
+
+void PrintExchanger(const design::ExchangerDesign& exchanger, const ReportContext& context, std::ostream& out)
+{
+    fmt::print(out, "\n{}\n", designtext::ExchangerTitle(*exchanger.node, context));
+    PrintDetails(*exchanger.node, designtext::ExchangerResults(), context, out);
+    for (const designtext::Line& line : designtext::LeakageLines(exchanger.leakages, context))
+        PrintLine(line, out);
+    for (std::size_t i = 0; i < exchanger.compartments.size(); ++i) {
+        const design::CompartmentDesign& bed = exchanger.compartments[i];
+        if (const std::string title = designtext::CompartmentTitle(exchanger, i, context); !title.empty())
+            fmt::print(out, " {}\n", title);
+        for (const designtext::Line& line : designtext::CapacityLines(bed.capacity, context))
+            PrintLine(line, out);
+        PrintDetails(*bed.node, designtext::CompartmentResults(exchanger.compartments.size() == 1), context,
+                     out);
+        for (const auto& resin : bed.node->GetChildren(OwnerKind::Resin))
+            PrintDetails(*resin, designtext::ResinResults(), context, out);
+    }
+}
+
+/// What the design of a plant comes to; nothing for a project without exchangers.
+void PrintDesign(const Project& project, std::ostream& out)
+{
+    const auto* plant = dynamic_cast<const iex::IEXProject*>(&project);
+    if (plant == nullptr || plant->NumberSteps() == 0)
+        return;
+    const ReportContext context = PlainContext(project.GetUnitSystemDisplay());
+    const design::PlantDesign design = design::DesignOf(*plant);
+    for (const design::ExchangerDesign& exchanger : design.exchangers)
+        PrintExchanger(exchanger, context, out);
+    for (const designtext::Line& line : designtext::NeutralisationLines(design, context))
+        PrintLine(line, out);
 }
 
 /// "water.1:liquid/ph", "project/qbrutto", "feedcompound.3:feedcompound/conc.meql".
@@ -110,6 +159,7 @@ void PrintTable(const Project& project, std::ostream& out)
         PrintIons(*liquid.GetDetails(), project.GetUnitSystemDisplay(), out);
         PrintSummary(*liquid.GetDetails(), project.GetUnitSystemDisplay(), out);
     }
+    PrintDesign(project, out);
 }
 
 void PrintJson(const Project& project, const std::string& file, std::ostream& out)

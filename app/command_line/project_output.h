@@ -11,7 +11,8 @@ class Project;
 
 namespace app {
 
-/// One table for each water, in the unit system of the project. What is not known is shown as a dash.
+/// One table for each water, in the unit system of the project, in which what is not known is shown as a
+/// dash; then what is known of each exchanger.
 void PrintTable(const Project& project, std::ostream& out);
 
 /// See ProjectToJson.

@@ -94,16 +94,21 @@ const WaterTemplate* FindWaterTemplate(const std::string& id)
     return nullptr;
 }
 
-std::unique_ptr<Project> NewProjectFrom(const WaterTemplate& water)
+void FillWater(LiquidData& liquid, const WaterTemplate& water)
 {
-    auto project = std::make_unique<iex::IEXProject>();
-    const ProjectEdit edit(*project, {}, EditKind::Copied);
-    LiquidData& liquid = project->GetLiquid(0);
     liquid.SetName(water.name);
     for (const auto& [key, value] : water.values)
         liquid.GetDetails()->At(key).SetValue(value);
     for (const auto& [key, text] : water.texts)
         liquid.GetDetails()->At(key).SetValue(text);
+}
+
+std::unique_ptr<Project> NewProjectFrom(const WaterTemplate& water)
+{
+    auto project = std::make_unique<iex::IEXProject>();
+    const ProjectEdit edit(*project, {}, EditKind::Copied);
+    LiquidData& liquid = project->GetLiquid(0);
+    FillWater(liquid, water);
     if (DetailData* title = project->GetDetails().GetDetail("project/title"))
         title->SetValue(water.name);
     if (DetailData* comments = project->GetDetails().GetDetail("project/comments"))

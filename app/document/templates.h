@@ -30,6 +30,8 @@ const std::vector<WaterTemplate>& WaterTemplates();
 /// The template with that identifier, or null.
 const WaterTemplate* FindWaterTemplate(const std::string& id);
 
+/// Gives a water the name and all that the analysis of the template states.
+void FillWater(LiquidData& liquid, const WaterTemplate& water);
 /// A calculated project whose water has the template's analysis; what the template does not state is unknown
 /// or 0.
 std::unique_ptr<Project> NewProjectFrom(const WaterTemplate& water);

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
-// make_examples FOLDER: writes every water of the templates as a project file of its own. Part of the build.
+// make_examples FOLDER: writes every water of the templates, and a plant of every type, as a project file of
+// its own. Part of the build.
+#include "app/document/plant_templates.h"
 #include "app/document/templates.h"
 #include "projectbase/project/project_file.h"
 
@@ -21,6 +23,8 @@ int main(int argc, char** argv)
         }
         for (const app::WaterTemplate& water : app::WaterTemplates())
             ProjectFile::Save(*app::NewProjectFrom(water), folder / (water.id + ".tarnvik"));
+        for (const app::PlantTemplate& plant : app::PlantTemplates())
+            ProjectFile::Save(*app::NewProjectFrom(plant), folder / (std::string(plant.id) + ".tarnvik"));
     } catch (const std::exception& error) {
         std::cerr << "make_examples: " << error.what() << '\n';
         return 1;

@@ -8,13 +8,14 @@ namespace app {
 Module ProjectModule();
 Module WaterModule();
 Module FeedModule();
+Module DesignModule();
 Module RegenerationModule();
 Module WasteWaterModule();
 
 std::span<const Module> Modules()
 {
-    static const std::array modules{ProjectModule(), WaterModule(), FeedModule(), RegenerationModule(),
-                                    WasteWaterModule()};
+    static const std::array modules{ProjectModule(), WaterModule(),        FeedModule(),
+                                    DesignModule(),  RegenerationModule(), WasteWaterModule()};
     return modules;
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/tour/tour.h"
 
+#include "app/document/plant_templates.h"
 #include "app/document/templates.h"
 #include "app/frame/main_frame.h"
 #include "app/frame/recovery_dialog.h"
@@ -96,6 +97,19 @@ std::unique_ptr<Project> NewPictured()
                             concentration);
     }
     plant->SaveFeedCompositionToDetails(composition);
+    return project;
+}
+
+/// The plant whose pages a module belongs to, where it is not one of waters alone.
+std::unique_ptr<Project> NewPicturedFor(const Module& module)
+{
+    auto project = NewPictured();
+    for (const PlantTemplate& plant : PlantTemplates()) {
+        if (module.isFor(*project))
+            break;
+        if (plant.id == std::string_view("demineralisation"))
+            project = NewProjectFrom(plant);
+    }
     return project;
 }
 
@@ -203,7 +217,7 @@ void Tour::TakeExhibit(const Exhibit& exhibit)
 
 void Tour::TakeModule(const Module& module, const ModuleLook& look)
 {
-    auto* frame = new MainFrame(std::make_unique<Document>(NewPictured()));
+    auto* frame = new MainFrame(std::make_unique<Document>(NewPicturedFor(module)));
     frame->SetClientSize(look.size);
     frame->Show();
     const wxString language = CurrentLanguage();
@@ -225,10 +239,7 @@ void Tour::TakeModule(const Module& module, const ModuleLook& look)
 
 void Tour::TakeModules()
 {
-    const auto project = NewExample();
     for (const Module& module : Modules()) {
-        if (!module.isFor(*project))
-            continue;
         for (const ModuleLook& look : ModuleLooks())
             TakeModule(module, look);
     }

@@ -139,7 +139,9 @@ void CheckExchanger(const ExchangerDesign& exchanger, double runningTime, Faults
         faults.Check(node, "step/v", resinLimit, kVelocityOfResin);
     else
         faults.Check(node, "step/v", limit, kVelocity);
-    faults.Check(node, "step/bed.depth", Value(node, "step/bed.min"), kDepth);
+    // Where nothing is to be taken there is no bed.
+    if (exchanger.depth > 0.0)
+        faults.Check(node, "step/bed.depth", Value(node, "step/bed.min"), kDepth);
     faults.Check(node, "step/dp", kGreatestPressureDrop, kPressureDrop);
     if (isInstalled)
         faults.Check(node, "step/run.time", runningTime, kRunTime);

@@ -2,6 +2,7 @@
 #include "projectbase/project/project_json.h"
 
 #include "core/text_limits.h"
+#include "projectbase/design/design_json.h"
 #include "projectbase/project/iex_project.h"
 #include "projectbase/project/project_edit.h"
 #include "projectbase/units/unit_system_manager.h"
@@ -70,6 +71,8 @@ public:
                  fmt::format(",\n  \"status\": {}", project.GetStatus()) +
                  ",\n  \"unitSystem\": " + Quoted(project.GetUnitSystemDisplay()) + ",\n  \"project\": ";
         Details(project.GetDetails(), "  ");
+        if (const auto* plant = dynamic_cast<const iex::IEXProject*>(&project))
+            m_design = design::DesignOf(*plant);
         Nodes(",\n  \"liquids\": ", project.GetRoot(), OwnerKind::Water, "  ");
         Nodes(",\n  \"exchangers\": ", project.GetRoot(), OwnerKind::Exchanger, "  ");
         Groups(project);
@@ -120,11 +123,14 @@ private:
             m_text += "\"details\": ";
             Details(*node->GetDetails(), inner);
             if (kind == OwnerKind::Exchanger) {
+                m_text += ",\n" + inner + "\"leakages\": " + design::LeakagesAsJson(m_design, *node);
                 Nodes(",\n" + inner + "\"compartments\": ", *node, OwnerKind::Compartment, inner);
                 Nodes(",\n" + inner + "\"sequence\": ", *node, OwnerKind::SequenceRow, inner);
             }
-            if (kind == OwnerKind::Compartment)
+            if (kind == OwnerKind::Compartment) {
+                m_text += ",\n" + inner + "\"capacity\": " + design::CapacityAsJson(m_design, *node);
                 Nodes(",\n" + inner + "\"resins\": ", *node, OwnerKind::Resin, inner);
+            }
             m_text += "\n" + indent + "  }";
             separator = ",\n";
         }
@@ -169,6 +175,7 @@ private:
     }
 
     std::string m_text;
+    design::PlantDesign m_design;
 };
 
 [[noreturn]] void Unreadable(const std::string& what)

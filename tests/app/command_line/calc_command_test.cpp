@@ -363,6 +363,34 @@ TEST_F(Calc, SetsValuesOfEveryPartOfAPlantAndReadsThemBack)
     }
 }
 
+TEST_F(Calc, TellsTheDesignOfAPlant)
+{
+    iex::IEXProject plant("DEMI");
+    plant.GetLiquid(0).GetDetails()->At("liquid/ca.orig").SetValue(140.28);
+    const std::string path = (m_folder / "plant.tarnvik").string();
+    ProjectFile::Save(plant, path);
+    const std::vector<std::string> typed{"--set", "project/qbrutto=20",
+                                         "--set", "project/lz=12",
+                                         "--set", "ex.1.comp.1:stepcomp/capacity.typed=1.0",
+                                         "--set", "ex.1.comp.1:stepcomp/level=70",
+                                         "--set", "ex.1:step/diameter=0.5"};
+    std::vector<std::string> args{path};
+    args.insert(args.end(), typed.begin(), typed.end());
+    const Result table = Run(args);
+    EXPECT_THAT(table.out, HasSubstr("1. Strong-acid cation exchanger"));
+    EXPECT_THAT(table.out, ContainsRegex("Resin volume +1.86667 m"));
+    EXPECT_THAT(table.out, HasSubstr("Leakage: Sodium"));
+    EXPECT_THAT(table.err, HasSubstr("ex.1: Velocity 101.85916 m/h is above the velocity limit of 40 m/h"));
+    args.push_back("--json");
+    const Result text = Run(args);
+    EXPECT_EQ(Value(text, "step/load"), "1680");
+    EXPECT_EQ(Value(text, "step/rb.ges"), "130.66666666666666");
+    EXPECT_THAT(text.out, HasSubstr("\"status\": 3"));
+    EXPECT_THAT(text.out, HasSubstr("\"origin\":\"as typed\""));
+    EXPECT_THAT(text.out, HasSubstr("\"address\": \"ex.1:step/v\""));
+    EXPECT_THAT(text.out, HasSubstr("\"name\":\"temperature\"")) << "a correction of the anion exchanger";
+}
+
 TEST_F(Calc, PrintsPointsInALocaleWithCommas)
 {
     const std::string plain = Run({m_path}).out;

@@ -1,0 +1,144 @@
+// SPDX-License-Identifier: MIT
+#include "gui_base/ionexchange/design/design_panel.h"
+
+#include "gui_base/input/controls/tv_staticboxsizer.h"
+#include "gui_base/input/form/form_grid.h"
+#include "gui_base/report/design_report.h"
+
+#include <wx/statbox.h>
+#include <wx/translation.h>
+
+#include <array>
+
+namespace {
+
+constexpr std::array kLineRows{
+    FormRow{.key = "project/water", .label = wxTRANSLATE("Water of the plant")},
+    FormRow{.key = "project/qbrutto", .label = wxTRANSLATE("Source flow rate")},
+    FormRow{.key = "project/lz", .label = wxTRANSLATE("Running time")},
+    FormRow{.key = "project/wbrutto", .label = wxTRANSLATE("Water volume")},
+    FormRow{.key = "project/nlines", .label = wxTRANSLATE("Number of lines")},
+};
+constexpr std::array kLineResults{
+    FormRow{.key = "project/qnetto", .label = wxTRANSLATE("Net flow rate"), .field = FormField::Result},
+    FormRow{.key = "project/wnetto", .label = wxTRANSLATE("Net volume"), .field = FormField::Result},
+    FormRow{.key = "project/vol.serv.all", .label = wxTRANSLATE("Service water"), .field = FormField::Result},
+    FormRow{.key = "project/vol.waste.all", .label = wxTRANSLATE("Waste water"), .field = FormField::Result},
+    FormRow{
+        .key = "project/vol.inert.total", .label = wxTRANSLATE("Inert resin"), .field = FormField::Result},
+};
+
+}  // namespace
+
+DesignPanel::DesignPanel(iex::IEXProject& project, wxWindow* parent)
+    : FormPanel(&project, project.GetDetails(), parent), m_plant(project)
+{
+    Create();
+}
+
+void DesignPanel::DoCreateForm()
+{
+    GetFields().SetLabelSuffix(":");
+    m_blocks.clear();
+    m_kept.clear();
+    auto* outer = new wxBoxSizer(wxVERTICAL);
+    const wxSizerFlags spaced = wxSizerFlags().Border(wxALL, FromDIP(form::kGap)).Expand();
+    auto* line = AddLocalizable(new TvStaticBoxSizer(wxHORIZONTAL, this, wxTRANSLATE("Line")));
+    for (const std::span<const FormRow> rows :
+         {std::span<const FormRow>(kLineRows), std::span<const FormRow>(kLineResults)}) {
+        auto* grid = NewGrid();
+        GetFields().AddRows(line->GetStaticBox(), *grid, rows);
+        line->Add(grid, wxSizerFlags().Border(wxALL, FromDIP(form::kGap)));
+    }
+    outer->Add(line, spaced);
+    for (const auto& exchanger : m_plant.GetRoot().GetChildren(OwnerKind::Exchanger)) {
+        const std::string kind = exchanger->GetDetails()->At("step/kind").GetStdStringValue();
+        auto* box = AddLocalizable(new TvStaticBoxSizer(wxVERTICAL, this, designtext::KindName(kind)));
+        m_blocks.push_back(std::make_unique<ExchangerBlock>(*exchanger, GetFields(), *box));
+        m_kept.push_back(exchanger);
+        outer->Add(box, spaced);
+    }
+    m_parts = PartsNow();
+    SetSizer(outer);
+}
+
+std::vector<DetailOwner> DesignPanel::PartsNow() const
+{
+    std::vector<DetailOwner> parts;
+    for (const auto& exchanger : m_plant.GetRoot().GetChildren(OwnerKind::Exchanger)) {
+        parts.push_back(exchanger->GetOwner());
+        for (const auto& compartment : exchanger->GetChildren(OwnerKind::Compartment)) {
+            parts.push_back(compartment->GetOwner());
+            for (const auto& resin : compartment->GetChildren(OwnerKind::Resin))
+                parts.push_back(resin->GetOwner());
+        }
+    }
+    return parts;
+}
+
+bool DesignPanel::IsUpToDate() const
+{
+    return m_parts == PartsNow();
+}
+
+void DesignPanel::ShowNotes()
+{
+    if (!IsUpToDate())
+        return;
+    const design::PlantDesign plant = design::DesignOf(m_plant);
+    for (std::size_t i = 0; i < m_blocks.size(); ++i)
+        m_blocks[i]->ShowNotes(m_plant, plant.exchangers[i]);
+    Layout();
+    FitInside();
+}
+
+wxString DesignPanel::GetNotes(std::size_t exchanger) const
+{
+    return m_blocks.at(exchanger)->GetNotes();
+}
+
+void DesignPanel::DoTransferDetailsToWindows()
+{
+    FormPanel::DoTransferDetailsToWindows();
+    ShowNotes();
+}
+
+void DesignPanel::DoFollowProject()
+{
+    if (IsUpToDate())
+        return FormPanel::DoFollowProject();
+    if (m_recreating)
+        return;
+    // Not inside the handler of one of its own controls.
+    m_recreating = true;
+    CallAfter([this] {
+        m_recreating = false;
+        RecreatePanel();
+    });
+}
+
+void DesignPanel::DoLocalize()
+{
+    FormPanel::DoLocalize();
+    ShowNotes();
+}
+
+void DesignPanel::DoUpdateUnits()
+{
+    FormPanel::DoUpdateUnits();
+    ShowNotes();
+}
+
+bool DesignPanel::FocusDetail(const DetailAddress& address)
+{
+    const DetailData* detail = m_plant.FindDetail(address);
+    if (detail == nullptr)
+        return false;
+    wxWindow* window = GetFields().FindField(*detail);
+    for (const auto& block : m_blocks)
+        window = window == nullptr ? block->FindWindow(*detail) : window;
+    if (window == nullptr)
+        return false;
+    window->SetFocus();
+    return true;
+}

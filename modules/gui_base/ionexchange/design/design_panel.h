@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+/// The exchangers of a line in flow order, each as a block: what its bed and vessel are to be, what they come
+/// to, where the capacity comes from, and what is to be looked at. GUI thread only.
+
+#include "gui_base/input/form/form_panel.h"
+#include "gui_base/ionexchange/design/exchanger_block.h"
+#include "projectbase/project/iex_project.h"
+
+#include <memory>
+#include <vector>
+
+class GUI_BASE_EXPORT DesignPanel : public FormPanel
+{
+public:
+    /// The project outlives the panel.
+    DesignPanel(iex::IEXProject& project, wxWindow* parent);
+
+    bool FocusDetail(const DetailAddress& address) override;
+    /// The field of a detail, or null.
+    TvTextCtrl* FindField(const DetailData& detail) const { return GetFields().FindField(detail); }
+    /// What stands below the fields of an exchanger: capacity, corrections, leakages, messages.
+    wxString GetNotes(std::size_t exchanger) const;
+
+protected:
+    void DoCreateForm() override;
+    void DoTransferDetailsToWindows() override;
+    void DoFollowProject() override;
+    void DoLocalize() override;
+    void DoUpdateUnits() override;
+    // The project settles its own status.
+    long GetPanelProjectStatus() override { return GetProjectStatus(); }
+
+private:
+    void ShowNotes();
+    /// Whether the blocks are those of the exchangers that the project has now.
+    bool IsUpToDate() const;
+    std::vector<DetailOwner> PartsNow() const;
+
+    iex::IEXProject& m_plant;
+    std::vector<std::unique_ptr<ExchangerBlock>> m_blocks;
+    /// The fields hold on to the details of these, also after they left the project.
+    std::vector<std::shared_ptr<OwnerNode>> m_kept;
+    std::vector<DetailOwner> m_parts;
+    bool m_recreating = false;
+};

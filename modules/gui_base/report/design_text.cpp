@@ -1,0 +1,152 @@
+// SPDX-License-Identifier: MIT
+#include "gui_base/report/design_report.h"
+#include "projectbase/project/owner_node.h"
+#include "projectbase/units/unit_system_manager.h"
+
+#include <fmt/format.h>
+#include <wx/translation.h>
+
+#include <array>
+#include <cmath>
+
+namespace designtext {
+
+namespace {
+
+constexpr int kDigits = 5;
+constexpr int kFewDigits = 3;
+
+struct NameOfKind
+{
+    const char* kind;
+    const char* name;
+};
+constexpr std::array kNames{
+    NameOfKind{"SAC_NA", wxTRANSLATE("Softener")},
+    NameOfKind{"SAC_H", wxTRANSLATE("Strong-acid cation exchanger")},
+    NameOfKind{"WAC_H", wxTRANSLATE("Weak-acid cation exchanger")},
+    NameOfKind{"WBA", wxTRANSLATE("Weak-base anion exchanger")},
+    NameOfKind{"SBA", wxTRANSLATE("Strong-base anion exchanger")},
+    NameOfKind{"MB", wxTRANSLATE("Mixed bed")},
+    NameOfKind{"DEGAS", wxTRANSLATE("Degasser")},
+};
+
+constexpr std::array kExchangerResults{"step/load",      "step/capacity",  "step/diameter",   "step/area",
+                                       "step/v",         "step/bvh",       "step/bed.depth",  "step/dp",
+                                       "step/expansion", "step/run.time",  "step/throughput", "step/rb.ges",
+                                       "step/rb.ratio",  "step/rb.excess", "step/konz.d"};
+constexpr std::array kCompartmentResults{"stepcomp/load",       "stepcomp/capacity", "stepcomp/level",
+                                         "stepcomp/rm",         "stepcomp/rb.ratio", "stepcomp/rb.excess",
+                                         "stepcomp/cond.amount"};
+constexpr std::array kResinResults{"compcomp/vol", "compcomp/vol.actual", "compcomp/vol.total"};
+
+std::string Range(double low, double high, const ReportContext& context)
+{
+    return context.Number(low, kFewDigits) + " \u2013 " + context.Number(high, kFewDigits);
+}
+
+Line Amount(const std::string& name, double value, const std::string& unit, const ReportContext& context)
+{
+    return {name, context.Number(UnitSystemManager::FromISO(unit, context.unitSystem, value), kDigits),
+            UnitSystemManager::GetUnit(unit, context.unitSystem, true)};
+}
+
+}  // namespace
+
+const char* KindName(const std::string& kind)
+{
+    const auto found = std::ranges::find(kNames, kind, &NameOfKind::kind);
+    return found == kNames.end() ? wxTRANSLATE("Exchanger") : found->name;
+}
+
+std::string ExchangerTitle(const OwnerNode& exchanger, const ReportContext& context)
+{
+    const std::string kind = exchanger.GetDetails()->At("step/kind").GetStdStringValue();
+    return fmt::format("{}. {}", exchanger.GetPosition() + 1, context.Translated(KindName(kind)));
+}
+
+std::string CompartmentTitle(const design::ExchangerDesign& exchanger, std::size_t compartment,
+                             const ReportContext& context)
+{
+    if (exchanger.compartments.size() < 2)
+        return {};
+    const design::Resin* resin = exchanger.compartments[compartment].resin;
+    const std::string number = fmt::format("{}.{}", exchanger.node->GetPosition() + 1, compartment + 1);
+    return resin == nullptr ? number : number + " " + context.Translated(resin->name.c_str());
+}
+
+std::vector<Line> CapacityLines(const design::Capacity& capacity, const ReportContext& context)
+{
+    if (std::isnan(capacity.base))
+        return {};
+    std::vector<Line> lines{
+        {context.Translated(wxTRANSLATE("Capacity")) + ": " + context.Translated(capacity.origin),
+         context.Number(capacity.base, kDigits), "eq/l"}};
+    for (const design::Correction& correction : capacity.Corrections())
+        lines.push_back(
+            {context.Translated(wxTRANSLATE("Correction")) + ": " + context.Translated(correction.name),
+             "\u00d7 " + context.Number(correction.factor, kDigits),
+             {}});
+    return lines;
+}
+
+std::vector<Line> LeakageLines(const std::vector<design::Leakage>& leakages, const ReportContext& context)
+{
+    std::vector<Line> lines;
+    for (const design::Leakage& leakage : leakages) {
+        const auto shown = [&](double value) {
+            return UnitSystemManager::FromISO(leakage.unit, context.unitSystem, value);
+        };
+        lines.push_back({context.Translated(wxTRANSLATE("Leakage")) + ": " + context.Translated(leakage.name),
+                         Range(shown(leakage.low), shown(leakage.high), context),
+                         UnitSystemManager::GetUnit(leakage.unit, context.unitSystem, true)});
+    }
+    return lines;
+}
+
+std::vector<Line> NeutralisationLines(const design::PlantDesign& plant, const ReportContext& context)
+{
+    if (std::isnan(plant.neutral))
+        return {};
+    std::vector<Line> lines{
+        Amount(context.Translated(wxTRANSLATE("Free acid (+) or base (\u2212) of a line")), plant.neutral,
+               "eq", context)};
+    const std::string neutralised = context.Translated(wxTRANSLATE("Neutralised with"));
+    const auto add = [&](const design::Regenerant& chemical, double mass) {
+        lines.push_back(
+            Amount(neutralised + ": " + context.Translated(chemical.name.c_str()), mass, "kg", context));
+    };
+    if (plant.bought != nullptr)
+        add(*plant.bought, plant.boughtMass);
+    for (const design::ExchangerDesign& exchanger : plant.exchangers) {
+        for (const design::CompartmentDesign& bed : exchanger.compartments) {
+            if (bed.neutralizes > 0.0)
+                add(*bed.chemical, bed.neutralizes);
+        }
+    }
+    return lines;
+}
+
+std::span<const char* const> ExchangerResults()
+{
+    return kExchangerResults;
+}
+
+std::span<const char* const> CompartmentResults(bool isOnlyOne)
+{
+    static constexpr std::array kOwn{"stepcomp/level", "stepcomp/cond.amount"};
+    return isOnlyOne ? std::span<const char* const>(kOwn) : std::span<const char* const>(kCompartmentResults);
+}
+
+std::span<const char* const> ResinResults()
+{
+    return kResinResults;
+}
+
+Line DetailLine(const DetailData& detail, const ReportContext& context)
+{
+    return Amount(context.Translated(detail.GetLabel().c_str()), detail.GetDoubleValue(), detail.GetUnit(),
+                  context);
+}
+
+}  // namespace designtext

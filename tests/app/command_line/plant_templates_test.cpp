@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: MIT
+#include "app/document/plant_templates.h"
+
+#include "projectbase/project/project_file.h"
+#include "projectbase/project/range_faults.h"
+#include "tests/support/project_fixture.h"
+#include "tests/support/temp_folder.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <set>
+
+namespace {
+
+TEST(PlantTemplates, AreDesignedWithoutAMessageAndComeBackFromTheirFiles)
+{
+    const support::TempFolder folder;
+    std::set<std::string> types;
+    for (const app::PlantTemplate& plant : app::PlantTemplates()) {
+        types.insert(plant.type);
+        const auto project = app::NewProjectFrom(plant);
+        EXPECT_EQ(project->GetStatus(), StatusDesigned) << plant.id;
+        for (const RangeFault& fault : RangeFaults(*project))
+            ADD_FAILURE() << plant.id << ": " << project->PathOf(fault.address.owner) << ":"
+                          << fault.address.key << " " << fault.value << " / " << fault.limit;
+        EXPECT_GT(project->GetDetails().At("project/wnetto").GetDoubleValue(), 0.0) << plant.id;
+        ProjectFile::Save(*project, folder.Path() / "plant.tarnvik");
+        const auto back = ProjectFile::Load(folder.Path() / "plant.tarnvik");
+        EXPECT_EQ(support::Difference(*project, *back, false), "") << plant.id;
+    }
+    EXPECT_EQ(types, (std::set<std::string>{"SOFT", "DEALK", "DEMI", "MB", "CP", "FOODC"}));
+}
+
+}  // namespace
