@@ -81,10 +81,6 @@ CREATE TABLE feed_medium_usage (medium_id INTEGER NOT NULL, module TEXT NOT NULL
 CREATE TABLE plant_type (id INTEGER PRIMARY KEY, type TEXT NOT NULL UNIQUE, name TEXT NOT NULL);
 CREATE TABLE plant_exchanger (type TEXT NOT NULL, position INTEGER NOT NULL, kind TEXT NOT NULL,
     optional INTEGER NOT NULL, PRIMARY KEY (type, position)) WITHOUT ROWID;
--- Pairs of values of which one is sought for another, of a type of plant or of a kind of row of its regeneration sequences.
-CREATE TABLE what_if (type TEXT NOT NULL, position INTEGER NOT NULL, step TEXT NOT NULL, first TEXT NOT NULL,
-    first_label TEXT NOT NULL, second TEXT NOT NULL, second_label TEXT NOT NULL,
-    PRIMARY KEY (type, position)) WITHOUT ROWID;
 -- What exchangers are regenerated with, and the densities (kg/l) of their solutions by content (% by mass) at 20 °C.
 CREATE TABLE regenerant (id INTEGER PRIMARY KEY, code TEXT NOT NULL UNIQUE, name TEXT NOT NULL, formula TEXT NOT NULL,
     kind TEXT NOT NULL, equivalent_mass REAL NOT NULL);
@@ -106,6 +102,10 @@ CREATE TABLE resin_regeneration (id INTEGER PRIMARY KEY, resin TEXT NOT NULL, ch
 CREATE TABLE exchanger_default (plant TEXT NOT NULL, kind TEXT NOT NULL, compartment INTEGER NOT NULL, mode TEXT NOT NULL,
     v_max REAL NOT NULL, resin TEXT NOT NULL, chemical TEXT NOT NULL, level REAL NOT NULL, supply REAL NOT NULL,
     dilution REAL NOT NULL, temperature REAL NOT NULL, PRIMARY KEY (plant, kind, compartment)) WITHOUT ROWID;
+-- Pairs of values of which one is sought for another, of a type of plant or of a kind of row of its regeneration sequences.
+CREATE TABLE what_if (type TEXT NOT NULL, position INTEGER NOT NULL, step TEXT NOT NULL, first TEXT NOT NULL,
+    first_label TEXT NOT NULL, second TEXT NOT NULL, second_label TEXT NOT NULL,
+    PRIMARY KEY (type, position)) WITHOUT ROWID;
 CREATE TABLE organic (id INTEGER PRIMARY KEY, code TEXT NOT NULL UNIQUE, label TEXT NOT NULL, acidity REAL NOT NULL,
     carbon REAL NOT NULL);
 CREATE TABLE water_type (id INTEGER PRIMARY KEY, code TEXT NOT NULL UNIQUE, description TEXT NOT NULL);
@@ -291,31 +291,6 @@ def fill_plants(db, csv_dir):
     return types
 
 
-def fill_what_if(db, csv_dir, plants):
-    columns = ("types", "steps", "first", "first_label", "second", "second_label")
-    known = {name: (kind, derived) for name, kind, derived in db.execute("SELECT name, type, derived FROM detail")}
-    seen = set()
-    for where, row in read_csv(csv_dir / "whatif.csv", columns):
-        for key in (row["first"], row["second"]):
-            if known.get(key, ("", 0))[0] not in ("double", "long"):
-                sys.exit(f"{where}: there is no number '{key}'")
-            if row["steps"] == "" and key.startswith("regseqstep/"):
-                sys.exit(f"{where}: '{key}' belongs to a row of a sequence, but no kind of row is given")
-        if known[row["first"]][1] and known[row["second"]][1]:
-            sys.exit(f"{where}: one of the two must be an input")
-        for plant in row["types"].split():
-            if plant not in plants:
-                sys.exit(f"{where}: unknown type '{plant}'")
-            for step in row["steps"].split() or [""]:
-                pair = (plant, step, row["first"], row["second"])
-                if pair in seen:
-                    sys.exit(f"{where}: the pair is there already")
-                seen.add(pair)
-                db.execute("INSERT INTO what_if VALUES (?,?,?,?,?,?,?)",
-                           (plant, len(seen), step, row["first"], row["first_label"], row["second"],
-                            row["second_label"]))
-
-
 def fill_regenerants(db, csv_dir):
     columns = ("key", "name", "formula", "kind", "equivalent_mass", "source")
     keys = []
@@ -392,6 +367,31 @@ def fill_resins(db, csv_dir):
         db.execute("INSERT INTO exchanger_default VALUES (?,?,?,?,?,?,?,?,?,?,?)",
                    (row["plant"], row["kind"], int(row["compartment"]), row["mode"], number(row["v_max"], where),
                     row["resin"], row["chemical"], *(number(row[each], where) for each in figures)))
+
+
+def fill_what_if(db, csv_dir, plants):
+    columns = ("types", "steps", "first", "first_label", "second", "second_label")
+    known = {name: (kind, derived) for name, kind, derived in db.execute("SELECT name, type, derived FROM detail")}
+    seen = set()
+    for where, row in read_csv(csv_dir / "whatif.csv", columns):
+        for key in (row["first"], row["second"]):
+            if known.get(key, ("", 0))[0] not in ("double", "long"):
+                sys.exit(f"{where}: there is no number '{key}'")
+            if row["steps"] == "" and key.startswith("regseqstep/"):
+                sys.exit(f"{where}: '{key}' belongs to a row of a sequence, but no kind of row is given")
+        if known[row["first"]][1] and known[row["second"]][1]:
+            sys.exit(f"{where}: one of the two must be an input")
+        for plant in row["types"].split():
+            if plant not in plants:
+                sys.exit(f"{where}: unknown type '{plant}'")
+            for step in row["steps"].split() or [""]:
+                pair = (plant, step, row["first"], row["second"])
+                if pair in seen:
+                    sys.exit(f"{where}: the pair is there already")
+                seen.add(pair)
+                db.execute("INSERT INTO what_if VALUES (?,?,?,?,?,?,?)",
+                           (plant, len(seen), step, row["first"], row["first_label"], row["second"],
+                            row["second_label"]))
 
 
 def fill_organics(db, csv_dir):

@@ -8,10 +8,13 @@ namespace app {
 Module ProjectModule();
 Module WaterModule();
 Module FeedModule();
+Module RegenerationModule();
+Module WasteWaterModule();
 
 std::span<const Module> Modules()
 {
-    static const std::array modules{ProjectModule(), WaterModule(), FeedModule()};
+    static const std::array modules{ProjectModule(), WaterModule(), FeedModule(), RegenerationModule(),
+                                    WasteWaterModule()};
     return modules;
 }
 

@@ -127,17 +127,6 @@ struct PlantType
     std::vector<PlantExchanger> exchangers;  ///< in flow order
 };
 
-/// Two values of a plant of which one is sought so that the other becomes what the user wants. Labels are
-/// source texts.
-struct WhatIfPair
-{
-    std::string step;   ///< kind of the rows of a sequence that have the pair; empty: it is the plant's
-    std::string first;  ///< key of the value that is sought unless the user turns the pair round
-    std::string firstLabel;
-    std::string second;
-    std::string secondLabel;
-};
-
 /// The density of a solution at 20 °C.
 struct SolutionDensity
 {
@@ -244,6 +233,17 @@ struct ExchangerDefault
     double supply = 0.0;       ///< %
     double dilution = 0.0;     ///< %
     double temperature = 0.0;  ///< °C
+};
+
+/// Two values of a plant of which one is sought so that the other becomes what the user wants. Labels are
+/// source texts.
+struct WhatIfPair
+{
+    std::string step;   ///< kind of the rows of a sequence that have the pair; empty: it is the plant's
+    std::string first;  ///< key of the value that is sought unless the user turns the pair round
+    std::string firstLabel;
+    std::string second;
+    std::string secondLabel;
 };
 
 /// What the organic load of a water consists of. Typical figures of aquatic humic substances, Thurman 1985,

@@ -328,23 +328,6 @@ std::vector<DBObjects::PlantType> MasterDatabase::GetPlantTypes()
     });
 }
 
-std::vector<DBObjects::WhatIfPair> MasterDatabase::GetWhatIfTable(const std::string& type)
-{
-    return Run("GetWhatIfTable", [&](soci::session& session) {
-        DBObjects::WhatIfPair pair;
-        std::vector<DBObjects::WhatIfPair> pairs;
-        soci::statement statement =
-            (session.prepare << "SELECT step, first, first_label, second, second_label FROM what_if "
-                                "WHERE type = :type ORDER BY position",
-             soci::use(type, "type"), soci::into(pair.step), soci::into(pair.first),
-             soci::into(pair.firstLabel), soci::into(pair.second), soci::into(pair.secondLabel));
-        statement.execute();
-        while (statement.fetch())
-            pairs.push_back(pair);
-        return pairs;
-    });
-}
-
 std::vector<DBObjects::Regenerant> MasterDatabase::GetRegenerants()
 {
     return Run("GetRegenerants",
@@ -472,6 +455,23 @@ std::vector<DBObjects::ExchangerDefault> MasterDatabase::GetExchangerDefaults()
                    }
                    return defaults;
                });
+}
+
+std::vector<DBObjects::WhatIfPair> MasterDatabase::GetWhatIfTable(const std::string& type)
+{
+    return Run("GetWhatIfTable", [&](soci::session& session) {
+        DBObjects::WhatIfPair pair;
+        std::vector<DBObjects::WhatIfPair> pairs;
+        soci::statement statement =
+            (session.prepare << "SELECT step, first, first_label, second, second_label FROM what_if "
+                                "WHERE type = :type ORDER BY position",
+             soci::use(type, "type"), soci::into(pair.step), soci::into(pair.first),
+             soci::into(pair.firstLabel), soci::into(pair.second), soci::into(pair.secondLabel));
+        statement.execute();
+        while (statement.fetch())
+            pairs.push_back(pair);
+        return pairs;
+    });
 }
 
 std::vector<DBObjects::Organic> MasterDatabase::GetOrganics(const std::string& pattern)

@@ -61,10 +61,6 @@ public:
     /// The types of plants in the order in which they are offered.
     static std::vector<DBObjects::PlantType> GetPlantTypes();
 
-    /// The pairs of values that a what-if analysis of a type of plant offers, in their order; none for a type
-    /// that there is not.
-    static std::vector<DBObjects::WhatIfPair> GetWhatIfTable(const std::string& type);
-
     /// What exchangers are regenerated with, in the order in which it is offered.
     static std::vector<DBObjects::Regenerant> GetRegenerants();
 
@@ -78,6 +74,10 @@ public:
     static std::vector<DBObjects::Resin> GetResins();
     /// How exchangers begin: what is for one type of plant only comes first.
     static std::vector<DBObjects::ExchangerDefault> GetExchangerDefaults();
+
+    /// The pairs of values that a what-if analysis of a type of plant offers, in their order; none for a type
+    /// that there is not.
+    static std::vector<DBObjects::WhatIfPair> GetWhatIfTable(const std::string& type);
 
     /// What the organic load of a water can consist of, by a pattern of the key in which "%" stands for any
     /// text; "none" is first.

@@ -56,6 +56,15 @@ void Put(Project& project, const std::string& owner, const std::string& key, Val
     Detail(project, owner, key).SetValue(value);
 }
 
+/// Takes the rows of an exchanger's sequence away.
+inline void RemoveRows(iex::IEXProject& project, std::size_t exchanger)
+{
+    const ProjectEdit edit(project);
+    const auto rows = project.GetStep(exchanger).GetChildren(OwnerKind::SequenceRow);
+    for (const OwnerNode::Nodes nodes(rows.begin(), rows.end()); const auto& row : nodes)
+        project.RemoveOwner(*row);
+}
+
 /// A row of a sequence with its volume (m³).
 inline OwnerNode& AddRow(iex::IEXProject& project, std::size_t exchanger, const std::string& type,
                          const std::string& medium, double volume)

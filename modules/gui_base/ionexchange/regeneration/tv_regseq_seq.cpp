@@ -33,9 +33,14 @@ TVRegSeqSubPanel::TVRegSeqSubPanel(iex::IEXProject* project, wxWindow* parent, i
                                    const wxPoint& pos, const wxSize& size, long style)
     : FormPanel(project, *project->GetStep(static_cast<std::size_t>(step)).GetDetails(), parent, id, pos,
                 size, style),
-      m_step(static_cast<std::size_t>(step))
+      m_exchanger(project->GetStep(static_cast<std::size_t>(step)))
 {
     Create();
+}
+
+std::size_t TVRegSeqSubPanel::GetStep() const
+{
+    return m_exchanger.GetParent() != nullptr ? m_exchanger.GetPosition() : static_cast<std::size_t>(-1);
 }
 
 void TVRegSeqSubPanel::DoCreateForm()
@@ -192,8 +197,11 @@ void TVRegSeqSubPanel::SetData(const RegSeqUIData& data)
         SetChoicesDirection(data.directions);
         m_grid->ShowTexts();
     }
+    const bool otherHeight = data.steps.size() != GetSequenceRows().size();
     SetSequenceRows(data.steps);
     SetRemarks(data.remarks);
+    if (otherHeight)
+        FitAndLayout();
 }
 
 RegSeqUIData TVRegSeqSubPanel::GetData() const

@@ -5,6 +5,7 @@
 #include "projectbase/sequence/row_quantities.h"
 #include "projectbase/sequence/sequence_calculation.h"
 #include "projectbase/sequence/sequence_rows.h"
+#include "tests/support/plant_fixture.h"
 #include "tests/support/project_history.h"
 
 #include <gmock/gmock.h>
@@ -123,6 +124,7 @@ protected:
         for (const char* chemical : chemicals) {
             OwnerNode& compartment = m_project.AddOwner(exchanger, OwnerKind::Compartment);
             OwnerNode& resin = m_project.AddOwner(compartment, OwnerKind::Resin);
+            Set(resin, "compcomp/resin", "sac_gel");
             Set(resin, "compcomp/vol", 0.9333);
             Set(compartment, "stepcomp/rm.chemical", chemical);
             Set(compartment, "stepcomp/rm", 65.33);
@@ -297,6 +299,35 @@ TEST_F(SequenceTest, WhatComesInGoesOutWhateverTheRows)
         const sequence::Totals totals = sequence::TotalsOf(exchanger);
         EXPECT_NEAR(totals.ownUse + totals.serviceWater + totals.chemicals, rows, 1e-9 * rows);
         EXPECT_LE(totals.waste, rows * (1.0 + 1e-12));
+    }
+}
+
+TEST(SequenceOfAPlant, WaterInIsWaterOut)
+{
+    for (const char* type : {"SOFT", "DEALK", "DEMI", "MB", "CP"}) {
+        iex::IEXProject plant(type);
+        support::SetWater(plant, {{"na", 1.0}, {"ca", 3.0}, {"hco3", 2.5}, {"cl", 1.5}, {"sio2", 0.2}});
+        support::SetFlow(plant);
+        support::Put(plant, "", "project/nlines", 3L);
+        double rows = 0.0;
+        double chemicals = 0.0;
+        double waste = 0.0;
+        for (std::size_t step = 0; step < plant.NumberSteps(); ++step) {
+            for (const RegSeqStep& row : plant.GetRegSeqData(step).steps) {
+                const std::string& kind = sequence::FindType(row.type)->rowClass;
+                rows += kind == "flow" || kind == "chemical" ? row.values.vol : 0.0;
+            }
+            chemicals += sequence::TotalsOf(plant.GetStep(step)).chemicals;
+            waste += sequence::TotalsOf(plant.GetStep(step)).waste;
+        }
+        const auto project = [&plant](const char* key) { return support::Get(plant, "", key); };
+        EXPECT_GT(rows, 0.0) << type;
+        EXPECT_NEAR(project("project/wbrutto") + project("project/vol.serv.all") / 3.0 + chemicals,
+                    project("project/wnetto") + rows, 1e-9 * rows)
+            << type;
+        EXPECT_NEAR(project("project/vol.waste.all"), 3.0 * waste, 1e-9 * waste) << type;
+        EXPECT_NEAR(project("project/qnetto"), project("project/wnetto") / 12.0, 1e-9) << type;
+        EXPECT_EQ(plant.GetStatus(), StatusDesigned) << type;
     }
 }
 
