@@ -4,10 +4,10 @@
 #include "gui_base/input/controls/tv_staticboxsizer.h"
 #include "gui_base/input/controls/tv_statictext.h"
 
-#include <algorithm>
 #include <wx/statbox.h>
 #include <wx/translation.h>
 
+#include <algorithm>
 #include <array>
 
 namespace {
