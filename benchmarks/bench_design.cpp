@@ -19,9 +19,8 @@ std::unique_ptr<iex::IEXProject> MakeLargePlant()
     support::SetWater(*project, {{"ca", 2.0}, {"mg", 1.0}, {"na", 0.5}, {"hco3", 2.0}, {"cl", 1.5}});
     support::SetFlow(*project);
     for (std::size_t exchanger = 0; exchanger < project->NumberSteps(); ++exchanger) {
-        for (int row = 0; row < 20; ++row)
-            support::AddRow(*project, exchanger, row == 0 ? "REGSEQ_BW" : "REGSEQ_RINSE", "REGSEQ_RAW_WATER",
-                            2.0);
+        while (project->GetStep(exchanger).GetChildren(OwnerKind::SequenceRow).size() < 20)
+            support::AddRow(*project, exchanger, "REGSEQ_RINSE", "REGSEQ_RAW_WATER", 2.0);
     }
     return project;
 }

@@ -4,6 +4,7 @@
 #include "gui_base/input/controls/tv_staticboxsizer.h"
 #include "gui_base/input/form/form_grid.h"
 #include "gui_base/report/design_report.h"
+#include "projectbase/whatif/what_if_rows.h"
 
 #include <wx/statbox.h>
 #include <wx/translation.h>
@@ -74,6 +75,11 @@ std::vector<DetailOwner> DesignPanel::PartsNow() const
         }
     }
     return parts;
+}
+
+bool DesignPanel::DoHasWhatIf()
+{
+    return whatif::HasRows(*GetProject());
 }
 
 bool DesignPanel::IsUpToDate() const

@@ -31,6 +31,7 @@ protected:
     void DoUpdateUnits() override;
     // The project settles its own status.
     long GetPanelProjectStatus() override { return GetProjectStatus(); }
+    bool DoHasWhatIf() override;
 
 private:
     void ShowNotes();

@@ -3,6 +3,7 @@
 
 #include "gui_base/input/controls/tv_staticboxsizer.h"
 #include "gui_base/input/controls/tv_statictext.h"
+#include "projectbase/whatif/what_if_rows.h"
 
 #include <wx/statbox.h>
 #include <wx/translation.h>
@@ -69,6 +70,11 @@ void TvWasteWaterAndComposition::SetRegenerants(const std::vector<WasteData>& re
     m_regenerants = regenerants;
     // Whoever tells of it may be a field of this panel.
     CallAfter([this] { RecreatePanel(); });
+}
+
+bool TvWasteWaterAndComposition::DoHasWhatIf()
+{
+    return GetProject() != nullptr && whatif::HasRows(*GetProject());
 }
 
 DetailList& TvWasteWaterAndComposition::DetailsOf(const WasteData& regenerant)

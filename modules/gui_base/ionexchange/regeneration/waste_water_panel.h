@@ -31,6 +31,7 @@ public:
 
 protected:
     void DoCreateForm() override;
+    bool DoHasWhatIf() override;
 
 private:
     struct Row
