@@ -31,8 +31,8 @@ int WithoutWindows(const std::vector<std::string>& args, std::ostream& out, std:
 }
 
 constexpr std::array kCommands{
-    app::Command{"calc", "FILE [--set KEY=VALUE]... [--json]", "prints the results of a project",
-                 WithoutWindows<app::RunCalc>},
+    app::Command{"calc", "FILE [--set KEY=VALUE]... [--sweep KEY=FROM:TO:N]... [--json]",
+                 "prints the results of a project", WithoutWindows<app::RunCalc>},
     app::Command{"report", "FILE -o OUT.pdf [--pages PAGE,...]", "prints a project as PDF",
                  WithoutWindows<app::RunReport>},
     app::Command{"tour", "DIR [--modules]", "takes a picture of every control and module",

@@ -4,9 +4,13 @@
 #include "app/command_line/project_output.h"
 #include "app/command_line/project_setting.h"
 #include "app/command_line/project_source.h"
+#include "app/command_line/sweep_command.h"
 #include "gui_base/messages/user_message.h"
 #include "projectbase/project/project.h"
 
+#include <algorithm>
+#include <array>
+#include <iterator>
 #include <optional>
 #include <ostream>
 #include <stdexcept>
@@ -17,6 +21,8 @@ namespace {
 
 constexpr const char* kUsage =
     "usage: tarnvik calc FILE [--set [OWNER:]KEY=VALUE[UNIT]]... [--json]\n"
+    "       tarnvik calc FILE [--set ...]... --sweep [OWNER:]KEY=FROM:TO[UNIT]:N ...\n"
+    "                    [--columns KEY,...] [--json] [--shard K/N]\n"
     "\n"
     "Calculates the project in FILE and prints the results. FILE is not changed.\n"
     "\n"
@@ -30,12 +36,21 @@ constexpr const char* kUsage =
     "        balance.auto=true\n"
     "  --json                prints everything the project knows, in ISO units; FILE may\n"
     "                        be such a text\n"
+    "  --sweep ex.1.comp.1:level=50:120:8\n"
+    "                        calculates a row for each of N values from FROM to TO; of\n"
+    "                        several sweeps every combination. Rows are CSV, in ISO units\n"
+    "  --columns KEY,...     what the rows show beside what is swept; alone, a single row\n"
+    "  --shard K/N           the K-th of N parts of the rows, which make the whole\n"
+    "  --json                with these, a line of JSON for each row\n"
     "  --help                prints this text\n";
 
 struct Options
 {
     std::string file;
     std::vector<std::string> settings;
+    std::vector<std::string> sweeps;
+    std::vector<std::string> columns;
+    std::optional<Shard> shard;
     bool json = false;
     bool help = false;
 };
@@ -45,6 +60,54 @@ struct UsageError : std::runtime_error
     using std::runtime_error::runtime_error;
 };
 
+std::vector<std::string> SplitColumns(const std::string& text)
+{
+    std::vector<std::string> columns;
+    for (std::size_t begin = 0; begin <= text.size();) {
+        const std::size_t end = std::min(text.find(',', begin), text.size());
+        if (end == begin)
+            throw UsageError("--columns needs KEY,KEY,...");
+        columns.push_back(text.substr(begin, end - begin));
+        begin = end + 1;
+    }
+    return columns;
+}
+
+/// Takes an option that has a value; false for another word.
+bool TakeOption(Options& options, const std::string& name, const std::string& value)
+{
+    if (name == "--set")
+        options.settings.push_back(value);
+    else if (name == "--sweep")
+        options.sweeps.push_back(value);
+    else if (name == "--columns")
+        std::ranges::move(SplitColumns(value), std::back_inserter(options.columns));
+    else if (name == "--shard")
+        options.shard = ParseShard(value);
+    else
+        return false;
+    return true;
+}
+
+/// What an option with a value needs; null for one that has none.
+const char* NeededBy(const std::string& option)
+{
+    constexpr std::array<std::pair<std::string_view, const char*>, 4> kNeeds{{{"--set", "KEY=VALUE"},
+                                                                              {"--sweep", "KEY=FROM:TO:N"},
+                                                                              {"--columns", "KEY,KEY,..."},
+                                                                              {"--shard", "K/N"}}};
+    const auto found = std::ranges::find(kNeeds, option, &std::pair<std::string_view, const char*>::first);
+    return found == kNeeds.end() ? nullptr : found->second;
+}
+
+void CheckOptions(const Options& options, const std::optional<std::string>& file)
+{
+    if (!file && !options.help)
+        throw UsageError("no file is given");
+    if (options.shard && options.sweeps.empty())
+        throw UsageError("--shard is for parts of a sweep");
+}
+
 Options ParseOptions(const std::vector<std::string>& args)
 {
     Options options;
@@ -52,6 +115,7 @@ Options ParseOptions(const std::vector<std::string>& args)
     bool onlyFiles = false;
     for (std::size_t i = 0; i < args.size(); ++i) {
         const std::string& word = args[i];
+        const std::size_t equals = word.find('=');
         if (onlyFiles || word.empty() || word[0] != '-') {
             if (file)
                 throw UsageError("more than one file: '" + *file + "' and '" + word + "'");
@@ -62,33 +126,61 @@ Options ParseOptions(const std::vector<std::string>& args)
             options.json = true;
         } else if (word == "--help" || word == "-h") {
             options.help = true;
-        } else if (word == "--set" && i + 1 < args.size()) {
-            options.settings.push_back(args[++i]);
-        } else if (word.starts_with("--set=")) {
-            options.settings.push_back(word.substr(6));
-        } else {
-            throw UsageError(word == "--set" ? "--set needs KEY=VALUE" : "unknown option '" + word + "'");
+        } else if (NeededBy(word) != nullptr && i + 1 < args.size()) {
+            TakeOption(options, word, args[++i]);
+        } else if (NeededBy(word) != nullptr) {
+            throw UsageError(word + " needs " + NeededBy(word));
+        } else if (equals == std::string::npos ||
+                   !TakeOption(options, word.substr(0, equals), word.substr(equals + 1))) {
+            throw UsageError("unknown option '" + word + "'");
         }
     }
-    if (!file && !options.help)
-        throw UsageError("no file is given");
+    CheckOptions(options, file);
     options.file = file.value_or("");
     return options;
 }
 
-void Calculate(const Options& options, std::ostream& out, std::ostream& err)
+/// "ex.1:step/v", as a column is named.
+std::string ColumnOf(const SweepRange& range)
+{
+    return range.key.owner.empty() ? range.key.key : range.key.owner + ":" + range.key.key;
+}
+
+/// Returns the exit code.
+int CalculateVariants(const Options& options, Project& project, std::ostream& out, std::ostream& err)
+{
+    std::vector<SweepRange> ranges;
+    std::ranges::transform(options.sweeps, std::back_inserter(ranges), ParseSweep);
+    const Sweep sweep(std::move(ranges));
+    sweep.Check(project);
+    std::vector<std::string> swept;
+    std::ranges::transform(sweep.GetRanges(), std::back_inserter(swept), ColumnOf);
+    const VariantRow row(project, swept, options.columns,
+                         options.json ? VariantRow::Form::JsonLine : VariantRow::Form::Csv);
+    const std::uint64_t failed =
+        WriteVariants(project, sweep, options.shard.value_or(Shard()), row, out, err);
+    if (failed > 0)
+        err << "tarnvik calc: " << failed << " variants could not be set\n";
+    return failed > 0 ? 1 : 0;
+}
+
+/// Returns the exit code.
+int Calculate(const Options& options, std::ostream& out, std::ostream& err)
 {
     const auto project = LoadProject(options.file);
     project->GetLogger().SetSink(
         [&err](const Logger::Entry& entry) { err << "tarnvik: " << entry.text << '\n'; });
     for (const std::string& text : options.settings)
         ApplySetting(*project, ParseSetting(text));
+    if (!options.sweeps.empty() || !options.columns.empty())
+        return CalculateVariants(options, *project, out, err);
     for (const std::string& warning : RangeWarnings(*project))
         err << "tarnvik: warning: " << warning << '\n';
     if (options.json)
         PrintJson(*project, options.file, out);
     else
         PrintTable(*project, out);
+    return 0;
 }
 
 }  // namespace
@@ -97,10 +189,9 @@ int RunCalc(const std::vector<std::string>& args, std::ostream& out, std::ostrea
 {
     try {
         const Options options = ParseOptions(args);
-        if (options.help)
-            out << kUsage;
-        else
-            Calculate(options, out, err);
+        if (!options.help)
+            return Calculate(options, out, err);
+        out << kUsage;
         return 0;
     } catch (const UsageError& error) {
         err << "tarnvik calc: " << error.what() << "\n\n" << kUsage;

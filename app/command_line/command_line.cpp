@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/command_line/command_line.h"
 
+#include "app/command_line/printable_output.h"
 #include "tncommon/printable_text.h"
 
 #include <fmt/format.h>
@@ -67,12 +68,14 @@ std::optional<int> RunCommandLine(std::span<const Command> commands, const std::
     }
     const auto named = std::ranges::find(commands, first, &Command::name);
     if (named != commands.end()) {
-        // Names of files and of waters come from anywhere: a terminal must not obey them.
-        std::ostringstream results;
         std::ostringstream messages;
-        const int code = named->run({args.begin() + 1, args.end()}, results, messages);
-        err << tncommon::PrintableLines(messages.view()) << std::flush;
-        out << tncommon::PrintableLines(results.view()) << std::flush;
+        int code = 0;
+        {
+            PrintableOutput results(out);
+            std::ostream stream(&results);
+            code = named->run({args.begin() + 1, args.end()}, stream, messages);
+            err << tncommon::PrintableLines(messages.view()) << std::flush;
+        }
         if (out)
             return code;
         err << "tarnvik " << first << ": the results could not be written\n";

@@ -25,12 +25,11 @@ std::string_view Trim(std::string_view text)
 }
 
 /// The place of the entry that a setting names.
-std::size_t EntryOf(const FeedComposition& composition, const ProjectSetting& setting)
+std::size_t EntryOf(std::size_t count, const ProjectSetting& setting)
 {
     const std::string_view digits = std::string_view(setting.owner).substr(kFeedEntry.size());
     std::size_t number = 0;
     const auto parsed = std::from_chars(digits.data(), digits.data() + digits.size(), number);
-    const std::size_t count = composition.GetEntries().size();
     if (parsed.ec != std::errc() || parsed.ptr != digits.data() + digits.size() || number < 1 ||
         number > count)
         throw SettingError(
@@ -67,13 +66,25 @@ Quantity ParseQuantity(const ProjectSetting& setting)
             std::string(Trim(std::string_view(parsed.ptr, static_cast<std::size_t>(end - parsed.ptr))))};
 }
 
+DetailAddress FindFeedAddress(const Project& project, const ProjectSetting& setting)
+{
+    const auto groups = project.GetDetailGroups("feedcompound");
+    const std::size_t entry = EntryOf(groups == nullptr ? 0 : groups->size(), setting);
+    for (const std::string& name :
+         {setting.key, "feedcompound/" + setting.key + ".typed", "feedcompound/" + setting.key}) {
+        if (FindDetail(*(*groups)[entry], name) != nullptr)
+            return {{}, name, static_cast<int>(entry)};
+    }
+    throw SettingError(fmt::format("there is no value '{}' of a compound", setting.key));
+}
+
 void ApplyFeedSetting(Project& project, const ProjectSetting& setting)
 {
     auto* plant = dynamic_cast<iex::IEXProject*>(&project);
     if (plant == nullptr)
         throw SettingError("the project has no feed");
     FeedComposition composition = plant->LoadFeedCompositionFromDetails();
-    const std::size_t index = EntryOf(composition, setting);
+    const std::size_t index = EntryOf(composition.GetEntries().size(), setting);
     std::string_view key = setting.key;
     if (key.starts_with("feedcompound/"))
         key.remove_prefix(std::string_view("feedcompound/").size());

@@ -18,6 +18,9 @@ inline constexpr std::string_view kFeedEntry = "feedcompound.";
 /// understood, too. Throws SettingError when there is no such entry or value.
 void ApplyFeedSetting(Project& project, const ProjectSetting& setting);
 
+/// Where the value of an entry lives that such a setting names. Throws SettingError when there is none.
+DetailAddress FindFeedAddress(const Project& project, const ProjectSetting& setting);
+
 struct Quantity
 {
     double value = std::numeric_limits<double>::quiet_NaN();

@@ -180,6 +180,22 @@ void SetText(const Target& target, const ProjectSetting& setting)
 
 }  // namespace
 
+DetailAddress FindAddress(Project& project, const ProjectSetting& setting)
+{
+    if (setting.owner.starts_with(kFeedEntry))
+        return FindFeedAddress(project, setting);
+    OwnerNode& owner = setting.owner.empty() && project.GetDetails().GetDetail(setting.key) != nullptr
+                           ? project.GetRoot()
+                           : FindOwner(project, setting.owner);
+    for (const std::string& name : {setting.key, std::string(PrefixOf(owner.GetKind())) + setting.key}) {
+        // What a key is short for is what it sets, where it sets anything.
+        const bool isShort = name != setting.key && owner.FindDetail(name + std::string(kOrig)) != nullptr;
+        if (!isShort && owner.FindDetail(name) != nullptr)
+            return {owner.GetOwner(), name};
+    }
+    return {owner.GetOwner(), FindTarget(project, setting).name};
+}
+
 ProjectSetting ParseSetting(const std::string& text)
 {
     const auto equals = text.find('=');

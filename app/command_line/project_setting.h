@@ -10,10 +10,10 @@
 /// ("liquid/", "stepcomp/") may be left out, and so may ".orig" of what is entered in a unit of choice:
 /// "na=12mg/l" sets the number and the unit, "na=12" the number alone.
 
+#include "projectbase/project/owner_node.h"
+
 #include <stdexcept>
 #include <string>
-
-class Project;
 
 namespace app {
 
@@ -34,6 +34,10 @@ struct ProjectSetting
 
 /// Throws SettingError for a text of another form.
 ProjectSetting ParseSetting(const std::string& text);
+
+/// Where the value lives that a setting's owner and key name, an input or not; the name of a value as it
+/// stands comes before what it may be short for. Throws SettingError when there is none.
+DetailAddress FindAddress(Project& project, const ProjectSetting& setting);
 
 /// Throws SettingError when there is no such input, or it cannot hold the value; the project is then
 /// unchanged.

@@ -9,7 +9,10 @@
 #include "gui_base/input/controls/tv_statusbar.h"
 #include "gui_base/input/events.h"
 #include "gui_base/input/panel/aui_notebook.h"
+#include "gui_base/input/panel/tv_modulepanelbase.h"
 #include "gui_base/input/validation/commit.h"
+#include "gui_base/ionexchange/whatif/what_if_dialog.h"
+#include "gui_base/ionexchange/whatif/what_if_grid_pair_loader.h"
 #include "gui_base/report/range_sentence.h"
 #include "gui_base/report/report_builder.h"
 #include "gui_base/support/file_path.h"
@@ -264,6 +267,27 @@ void MainFrame::StepHistory(bool (UndoRedoDetailStack::*step)(), const UndoStep*
     const auto place = taken == nullptr ? std::nullopt : PlaceOf(*taken);
     if ((m_document->GetHistory().*step)() && place)
         m_book->ShowDetail(*place);
+}
+
+bool MainFrame::HasWhatIf() const
+{
+    ModulePanelBase* panel = m_book->GetCurrentPanel();
+    return panel != nullptr && panel->HasWhatIf();
+}
+
+void MainFrame::ShowWhatIf()
+{
+    CommitFocusedField();
+    Project& project = GetProject();
+    try {
+        std::vector<WifPair> rows = WhatIfGridPairLoader::GetTable(project);
+        std::ranges::move(WhatIfGridPairLoader::GetTableForSteps(project), std::back_inserter(rows));
+        WhatIfDialog dialog(std::make_unique<WifTable>(std::move(rows), project), &project, this);
+        dialog.SetHelp(m_help.get());
+        dialog.ShowModal();
+    } catch (const std::exception& error) {
+        ReportError(error);
+    }
 }
 
 void MainFrame::PrintReport()

@@ -53,6 +53,9 @@ public:
     /// "Undo change of Sodium", in the present language.
     wxString UndoText() const;
     wxString RedoText() const;
+    /// Whether the page in front offers a what-if analysis.
+    bool HasWhatIf() const;
+    void ShowWhatIf();
     void PrintReport();
     void ShowHelp();
     void ShowHelpContents();

@@ -35,6 +35,7 @@ constexpr std::array kFileMenu{
         wxTRANSLATE("&New project"), "Ctrl+N", [](MainFrame& frame) { frame.Files().New(); }, wxID_NEW),
     Row(wxTRANSLATE("New from &example..."), "Ctrl+Shift+N",
         [](MainFrame& frame) { frame.Files().NewFromExample(); }),
+    Row(wxTRANSLATE("New p&lant..."), "Ctrl+Alt+N", [](MainFrame& frame) { frame.Files().NewPlant(); }),
     Row(
         wxTRANSLATE("&Open..."), "Ctrl+O", [](MainFrame& frame) { frame.Files().AskAndOpen(); }, wxID_OPEN),
     Submenu(wxTRANSLATE("Open &recent"),
@@ -111,6 +112,10 @@ constexpr std::array kToolsMenu{
     Row(
         wxTRANSLATE("&Save to water library"), "Ctrl+Shift+L",
         [](MainFrame& frame) { frame.Waters().SaveToLibrary(); }, wxID_ANY, &HasWater),
+    kSeparator,
+    Row(
+        wxTRANSLATE("What-&if analysis..."), "Ctrl+Shift+W", [](MainFrame& frame) { frame.ShowWhatIf(); },
+        wxID_ANY, [](const MainFrame& frame) { return frame.HasWhatIf(); }),
     kSeparator,
     Row(wxTRANSLATE("&Add water"), "", [](MainFrame& frame) { frame.Waters().Add(); }),
     Row(wxTRANSLATE("&Blend waters..."), "Ctrl+B", [](MainFrame& frame) { frame.Waters().Blend(); }),

@@ -3,6 +3,7 @@
 
 #include "gui_base/input/panel/aui_notebook.h"
 #include "gui_base/input/panel/tv_modulepanelbase.h"
+#include "gui_base/ionexchange/exchanger_name.h"
 #include "gui_base/messages/user_message.h"
 #include "gui_base/support/image_loader.h"
 #include "gui_base/support/translation.h"
@@ -76,8 +77,10 @@ std::vector<ModuleBook::Item> ModuleBook::WantedItems() const
             items.push_back({&module, {}});
             continue;
         }
-        for (const auto& owner : m_project->GetRoot().GetChildren(module.pageOf))
-            items.push_back({&module, owner->GetOwner()});
+        for (const auto& owner : m_project->GetRoot().GetChildren(module.pageOf)) {
+            if (module.hasPage == nullptr || module.hasPage(*owner))
+                items.push_back({&module, owner->GetOwner()});
+        }
     }
     return items;
 }
@@ -89,7 +92,7 @@ void ModuleBook::AddPage(const Item& item, std::size_t place)
                                      *m_project->FindOwner(item.owner));
     });
     m_hosts.insert(m_hosts.begin() + static_cast<std::ptrdiff_t>(place), host);
-    m_notebook.InsertPage(std::min(place, m_notebook.GetPageCount()), host, NameOf(*host));
+    m_notebook.InsertPage(std::min(place, m_notebook.GetPageCount()), host, TabNameOf(*host));
 }
 
 void ModuleBook::Follow()
@@ -146,15 +149,26 @@ void ModuleBook::SelectFirst()
 wxString ModuleBook::NameOf(const PageHost& host) const
 {
     const OwnerNode* owner = m_project->FindOwner(host.GetOwner());
+    if (owner != nullptr && owner->GetKind() == OwnerKind::Exchanger)
+        return ExchangerName(*owner);
     const bool named = owner != nullptr && !owner->GetName().empty();
     return i18n::Translated(named ? ShownText(owner->GetName()) : wxString(host.GetModule().title));
+}
+
+wxString ModuleBook::TabNameOf(const PageHost& host) const
+{
+    // Several modules have a page for each exchanger.
+    const OwnerNode* owner = m_project->FindOwner(host.GetOwner());
+    if (owner != nullptr && owner->GetKind() == OwnerKind::Exchanger)
+        return wxString::Format("%s %zu", i18n::Translated(host.GetModule().title), owner->GetPosition() + 1);
+    return NameOf(host);
 }
 
 void ModuleBook::Localize()
 {
     for (PageHost* host : m_hosts) {
         const auto page = static_cast<std::size_t>(m_notebook.GetPageIndex(host));
-        const wxString name = NameOf(*host);
+        const wxString name = TabNameOf(*host);
         // The toolkit draws all tabs anew for each text.
         if (m_notebook.GetPageText(page) != name)
             m_notebook.SetPageText(page, name);

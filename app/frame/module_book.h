@@ -64,6 +64,7 @@ private:
     void SelectFirst();
     void FillTree();
     wxString NameOf(const PageHost& host) const;
+    wxString TabNameOf(const PageHost& host) const;
     PageHost* Find(const std::string& module, DetailOwner owner) const;
     void Select(PageHost& host);
     void OnTreeSelection(wxTreeEvent& event);

@@ -9,10 +9,13 @@ Module ProjectModule();
 Module WaterModule();
 Module FeedModule();
 Module DesignModule();
+Module RegenerationModule();
+Module WasteWaterModule();
 
 std::span<const Module> Modules()
 {
-    static const std::array modules{ProjectModule(), WaterModule(), FeedModule(), DesignModule()};
+    static const std::array modules{ProjectModule(), WaterModule(),        FeedModule(),
+                                    DesignModule(),  RegenerationModule(), WasteWaterModule()};
     return modules;
 }
 

@@ -4,6 +4,7 @@
 #include "app/document/plant_templates.h"
 #include "app/document/templates.h"
 #include "app/frame/main_frame.h"
+#include "app/frame/plant_dialog.h"
 #include "app/frame/recovery_dialog.h"
 #include "app/frame/settings_dialog.h"
 #include "app/frame/template_dialog.h"
@@ -17,6 +18,8 @@
 #include "gui_base/input/panel/aui_notebook.h"
 #include "gui_base/ionexchange/feed/compound_editor_dialog.h"
 #include "gui_base/ionexchange/regeneration/waste_water_panel.h"
+#include "gui_base/ionexchange/whatif/what_if_dialog.h"
+#include "gui_base/ionexchange/whatif/what_if_grid_pair_loader.h"
 #include "gui_base/support/translation.h"
 #include "gui_base/support/window_picture.h"
 #include "gui_base/water/feedwater/comment_entry_dialog.h"
@@ -147,6 +150,7 @@ public:
     void TakeModules();
     void TakeDialogs();
     void TakeWasteWater(wxWindow& owner);
+    void TakeWhatIf(wxWindow& owner);
 
 private:
     void Save(wxWindow& window, const std::string& name)
@@ -272,6 +276,8 @@ void Tour::TakeDialogs()
     TakeDialog(recovery, "recovery");
     TemplateDialog templates(owner, WaterTemplates());
     TakeDialog(templates, "new_from_template");
+    PlantDialog plants(owner);
+    TakeDialog(plants, "new_plant");
     PageSelectionDialog pages({{"Water analysis", 1}, {"Summary", 2}}, owner);
     TakeDialog(pages, "page_selection");
     InfoMessageDialog info("The results are computed.", owner);
@@ -301,6 +307,7 @@ void Tour::TakeDialogs()
     comment.SetComment("Sampled after a week of rain");
     TakeDialog(comment, "comments");
     TakeWasteWater(*owner);
+    TakeWhatIf(*owner);
     CompoundEditorDialog editor(SampleCompound(), owner, wxID_ANY, i18n::Translated("Compound editor"));
     TakeDialog(editor, "compound_editor");
     owner->Destroy();
@@ -326,6 +333,24 @@ void Tour::TakeWasteWater(wxWindow& owner)
     dialog.SetSizerAndFit(sizer);
     TakeDialog(dialog, "waste_water");
     dialog.DestroyChildren();
+}
+
+/// A value that was found, and one that cannot be.
+void Tour::TakeWhatIf(wxWindow& owner)
+{
+    iex::IEXProject project;
+    project.GetDetails().At("project/qbrutto").SetValue(20.0);
+    project.GetDetails().At("project/lz").SetValue(12.0);
+    const wxString language = CurrentLanguage();
+    for (const char* shown : {"en", "de"}) {
+        SwitchLanguage(shown);
+        WhatIfDialog dialog(std::make_unique<WifTable>(WhatIfGridPairLoader::GetTable(project), project),
+                            &project, &owner);
+        dialog.OnEdited(0, 300.0);
+        dialog.OnEdited(1, -1.0);
+        TakeDialog(dialog, std::string("what_if_") + shown);
+    }
+    SwitchLanguage(language);
 }
 
 }  // namespace

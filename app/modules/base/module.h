@@ -47,8 +47,10 @@ struct Module
     const char* title;     ///< source text
     const char* icon;      ///< archive entry of the picture in the tree
     const char* helpPage;  ///< in the user guide
-    /// Owners that have a page each: the project, or every water.
+    /// Owners that have a page each: the project, or every water, or exchangers.
     OwnerKind pageOf = OwnerKind::Project;
+    /// Whether an owner of that kind has a page; null where each has.
+    bool (*hasPage)(const OwnerNode& owner) = nullptr;
     /// Whether projects of that type of plant have the module.
     bool (*isFor)(const Project& project) = nullptr;
     /// Whether a value is shown and edited on the page of the owner.

@@ -39,6 +39,8 @@ public:
     void RedoAll();
     bool CanUndo() const { return m_done > 0; }
     bool CanRedo() const { return m_done < m_steps.size(); }
+    /// How many steps are in effect.
+    std::size_t GetDoneCount() const { return m_done; }
     /// The steps that Undo and Redo would take; null where there is none.
     const UndoStep* GetUndoStep() const { return CanUndo() ? &m_steps[m_done - 1] : nullptr; }
     const UndoStep* GetRedoStep() const { return CanRedo() ? &m_steps[m_done] : nullptr; }

@@ -104,8 +104,8 @@ void ModulePanelBase::BindBaseEvents()
     Bind(wxEVT_MOUSEWHEEL, &ModulePanelBase::OnWheel, this);
     Bind(wxEVT_SHOW, [this](wxShowEvent& event) {
         event.Skip();
-        if (event.IsShown() && m_stale)
-            FollowProject();
+        if (event.IsShown())
+            CatchUp(*this);
     });
 }
 
@@ -160,6 +160,15 @@ void ModulePanelBase::OnProjectChanged(const ProjectChanges& changes)
         FollowProject();
     else
         m_stale = true;
+}
+
+void ModulePanelBase::CatchUp(wxWindow& window)
+{
+    if (auto* panel = dynamic_cast<ModulePanelBase*>(&window); panel != nullptr && panel->m_stale)
+        panel->FollowProject();
+    // Panels on this one came into view with it.
+    for (wxWindow* child : window.GetChildren())
+        CatchUp(*child);
 }
 
 void ModulePanelBase::FollowProject()
@@ -325,9 +334,9 @@ void ModulePanelBase::LocalizeControls()
 
 void ModulePanelBase::FitAndLayout()
 {
-    // A page of a notebook keeps the place that it is given, and scrolls.
+    // A page of a notebook keeps the place that it is given, and scrolls; any other one has room for all.
     if (GetSizer() != nullptr && !IsBookPage())
-        GetSizer()->Fit(this);
+        GetSizer()->SetSizeHints(this);
     if (GetSizer() != nullptr)
         FitInside();
     if (GetParent() != nullptr)

@@ -148,6 +148,8 @@ protected:
     bool TransferDetailsFromWindow();
     void SetDefaultScrollRate() { SetScrollRate(1, 1); }
     void CalculateDesign();
+    /// Gives the panel the room that its contents want now, and lays out what is around it.
+    void FitAndLayout();
 
     /// Handler of every committed edit.
     void OnFieldUpdate(wxCommandEvent& event);
@@ -155,12 +157,13 @@ protected:
 private:
     void OnProjectChanged(const ProjectChanges& changes) override;
     void FollowProject();
+    /// Shows what others changed while the panel and those on it were out of view.
+    static void CatchUp(wxWindow& window);
     void ShowSelfRefreshing();
     bool IsInView() const;
     void BindBaseEvents();
     void LocalizeControls();
     void ShowInUnitSystem(bool transferValues);
-    void FitAndLayout();
     /// The wheel scrolls the panel wherever the pointer stands on it.
     void ForwardWheelOf(wxWindow& parent);
     void OnWheel(wxMouseEvent& event);

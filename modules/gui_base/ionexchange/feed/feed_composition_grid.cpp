@@ -9,7 +9,6 @@
 
 #include <wx/dcclient.h>
 #include <wx/menu.h>
-#include <wx/toplevel.h>
 
 #include <algorithm>
 #include <cmath>

@@ -31,6 +31,17 @@ constexpr std::array kMenu{
     MenuRow{TVRegSeqGrid::Command::Remove, wxTRANSLATE("Remove")},
 };
 
+struct Flag
+{
+    const char* label;
+    bool RegSeqStep::*flag;
+};
+constexpr std::array kFlags{
+    Flag{wxTRANSLATE("Counts as waste"), &RegSeqStep::counts},
+    Flag{wxTRANSLATE("Product water is taken from the product"), &RegSeqStep::own},
+};
+constexpr int kFirstFlag = 100;
+
 }  // namespace
 
 TVRegSeqGrid::TVRegSeqGrid(wxWindow* parent, int id)
@@ -91,8 +102,6 @@ void TVRegSeqGrid::FitHeight()
 {
     const int rows = std::clamp(GetNumberRows(), 4, kMostRowsShown);
     SetMinSize(wxSize(-1, GetColLabelSize() + rows * GetDefaultRowSize() + FromDIP(20)));
-    if (GetParent() != nullptr)
-        GetParent()->Layout();
 }
 
 void TVRegSeqGrid::ShowTexts()
@@ -155,8 +164,18 @@ void TVRegSeqGrid::ShowMenu(const wxPoint& position)
         menu.Append(static_cast<int>(row.command) + 1, i18n::Translated(row.label));
         menu.Enable(static_cast<int>(row.command) + 1, !m_isPossible || m_isPossible(row.command));
     }
+    const std::vector<int> rows = GetChosenRows();
+    menu.AppendSeparator();
+    for (std::size_t i = 0; !rows.empty() && i < kFlags.size(); ++i) {
+        const int id = kFirstFlag + static_cast<int>(i);
+        menu.AppendCheckItem(id, i18n::Translated(kFlags[i].label));
+        menu.Check(id, GetSteps()[static_cast<std::size_t>(rows.front())].*kFlags[i].flag);
+    }
     const int chosen = GetPopupMenuSelectionFromUser(menu, position);
-    if (chosen != wxID_NONE && m_onCommand)
+    if (chosen >= kFirstFlag)
+        m_table->SetFlag(rows, kFlags[static_cast<std::size_t>(chosen - kFirstFlag)].flag,
+                         menu.IsChecked(chosen));
+    else if (chosen != wxID_NONE && m_onCommand)
         m_onCommand(static_cast<Command>(chosen - 1));
 }
 

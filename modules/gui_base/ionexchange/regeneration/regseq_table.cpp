@@ -13,7 +13,6 @@
 #include <array>
 #include <cmath>
 #include <limits>
-#include <span>
 
 namespace {
 
@@ -216,6 +215,13 @@ void RegSeqTable::SetValue(int row, int column, const wxString& text)
         const double value = number.value_or(std::numeric_limits<double>::quiet_NaN());
         step.Type(shown.quantity, UnitSystemManager::ToISO(shown.unit, m_unitSystem, value) / shown.perHour);
     }
+    m_onEdit();
+}
+
+void RegSeqTable::SetFlag(const std::vector<int>& rows, bool RegSeqStep::*flag, bool value)
+{
+    for (const int row : rows)
+        m_steps.at(static_cast<std::size_t>(row)).*flag = value;
     m_onEdit();
 }
 

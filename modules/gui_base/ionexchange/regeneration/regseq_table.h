@@ -50,6 +50,8 @@ public:
     const std::vector<RegSeqStep>& GetSteps() const { return m_steps; }
     /// The grid has to be told when their number changes.
     void SetSteps(std::vector<RegSeqStep> steps) { m_steps = std::move(steps); }
+    /// Sets a flag of some rows, as one edit.
+    void SetFlag(const std::vector<int>& rows, bool RegSeqStep::*flag, bool value);
     void SetChoicesType(Choices choices);
     void SetChoicesMedium(Choices choices);
     void SetChoicesDirection(Choices choices);

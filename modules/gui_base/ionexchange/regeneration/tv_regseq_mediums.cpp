@@ -16,7 +16,7 @@ namespace {
 
 constexpr int kDigits = 4;
 constexpr int kNameWidth = 190;
-constexpr int kVolumeWidth = 90;
+constexpr int kVolumeWidth = 110;
 constexpr int kRowsShown = 6;
 
 }  // namespace
@@ -32,6 +32,7 @@ TVRegSeqMediumsGrid::TVRegSeqMediumsGrid(wxWindow* parent, int id)
     SetDefaultRowSize(FromDIP(26));
     SetColSize(0, FromDIP(kNameWidth));
     SetColSize(1, FromDIP(kVolumeWidth));
+    SetDefaultCellAlignment(wxALIGN_LEFT, wxALIGN_CENTRE);
     SetDefaultCellBackgroundColour(TvTextCtrl::ReadOnlyColour());
     SetMinSize(wxSize(FromDIP(kNameWidth + kVolumeWidth + 20),
                       GetColLabelSize() + kRowsShown * GetDefaultRowSize() + FromDIP(4)));
@@ -77,7 +78,9 @@ TVRegenerationMediumsSubpanel::TVRegenerationMediumsSubpanel(iex::IEXProject* pr
                                                              int id, const wxPoint& pos, const wxSize& size,
                                                              long style, const wxString& name,
                                                              std::size_t step)
-    : ModulePanelBase(project, parent, id, pos, size, style, name), m_iexProject(project), m_step(step)
+    : ModulePanelBase(project, parent, id, pos, size, style, name),
+      m_iexProject(project),
+      m_exchanger(project->GetStep(step))
 {
     Create();
 }
@@ -94,6 +97,7 @@ void TVRegenerationMediumsSubpanel::DoCreateControls()
 void TVRegenerationMediumsSubpanel::UpdateGrid()
 {
     // An exchanger that left the line has no page for long.
-    if (m_step < m_iexProject->NumberSteps())
-        m_grid->SetSums(m_iexProject->GetRegSeqSums(m_step), GetCurrentDisplayUnitSystem());
+    if (m_exchanger.GetParent() != nullptr)
+        m_grid->SetSums(m_iexProject->GetRegSeqSums(m_exchanger.GetPosition()),
+                        GetCurrentDisplayUnitSystem());
 }

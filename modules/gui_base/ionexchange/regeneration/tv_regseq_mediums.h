@@ -24,7 +24,7 @@ public:
 class GUI_BASE_EXPORT TVRegenerationMediumsSubpanel : public ModulePanelBase
 {
 public:
-    /// `step` is the place of the exchanger in its line.
+    /// `step` is the place of the exchanger in its line; throws std::out_of_range where there is none.
     TVRegenerationMediumsSubpanel(iex::IEXProject* project, wxWindow* parent, int id = wxID_ANY,
                                   const wxPoint& pos = wxDefaultPosition, const wxSize& size = wxDefaultSize,
                                   long style = wxTAB_TRAVERSAL,
@@ -52,7 +52,7 @@ protected:
 
 private:
     iex::IEXProject* m_iexProject;
-    std::size_t m_step;
+    const OwnerNode& m_exchanger;
     long m_status = 0;
     TVRegSeqMediumsGrid* m_grid = nullptr;
 };

@@ -7,6 +7,7 @@
 #include "gui_base/input/form/form_grid.h"
 #include "gui_base/support/accessibility.h"
 #include "gui_base/support/translation.h"
+#include "projectbase/whatif/what_if_rows.h"
 
 #include <wx/stattext.h>
 #include <wx/wupdlock.h>
@@ -32,9 +33,14 @@ TVRegSeqSubPanel::TVRegSeqSubPanel(iex::IEXProject* project, wxWindow* parent, i
                                    const wxPoint& pos, const wxSize& size, long style)
     : FormPanel(project, *project->GetStep(static_cast<std::size_t>(step)).GetDetails(), parent, id, pos,
                 size, style),
-      m_step(static_cast<std::size_t>(step))
+      m_exchanger(project->GetStep(static_cast<std::size_t>(step)))
 {
     Create();
+}
+
+std::size_t TVRegSeqSubPanel::GetStep() const
+{
+    return m_exchanger.GetParent() != nullptr ? m_exchanger.GetPosition() : static_cast<std::size_t>(-1);
 }
 
 void TVRegSeqSubPanel::DoCreateForm()
@@ -191,8 +197,11 @@ void TVRegSeqSubPanel::SetData(const RegSeqUIData& data)
         SetChoicesDirection(data.directions);
         m_grid->ShowTexts();
     }
+    const bool otherHeight = data.steps.size() != GetSequenceRows().size();
     SetSequenceRows(data.steps);
     SetRemarks(data.remarks);
+    if (otherHeight)
+        FitAndLayout();
 }
 
 RegSeqUIData TVRegSeqSubPanel::GetData() const
@@ -274,5 +283,5 @@ void TVRegSeqSubPanel::DoFollowProject()
 
 bool TVRegSeqSubPanel::DoHasWhatIf()
 {
-    return GetProject() != nullptr;
+    return GetProject() != nullptr && whatif::HasRows(*GetProject());
 }

@@ -60,7 +60,8 @@ public:
     void SendTvChangeEvent() { SendChangeEvent(); }
     void UpdateCharLimitCounter();
 
-    std::size_t GetStep() const { return m_step; }
+    /// The place of the exchanger in its line now; no place that there is once it has left the line.
+    std::size_t GetStep() const;
     TVRegSeqGrid& GetGrid() const { return *m_grid; }
     bool FocusDetail(const DetailAddress& address) override;
 
@@ -81,7 +82,7 @@ private:
     void Post(wxEventType type);
     void ShowUnits();
 
-    std::size_t m_step;
+    const OwnerNode& m_exchanger;
     TVRegSeqGrid* m_grid = nullptr;
     TvButton* m_add = nullptr;
     TvButton* m_up = nullptr;

@@ -5,6 +5,7 @@
 #include "gui_base/dialogs/gui_utils.h"
 #include "gui_base/input/controls/tv_staticboxsizer.h"
 #include "gui_base/support/translation.h"
+#include "projectbase/whatif/what_if_rows.h"
 
 #include <wx/sizer.h>
 #include <wx/statbox.h>
@@ -43,6 +44,11 @@ void FeedWaterPanel::DoCreateForm()
     AddToDetailContainerWindows(m_specification);
     AddToDetailContainerWindows(m_metaInformation);
     m_specification->SetStatusBar(GetStatusBar());
+}
+
+bool FeedWaterPanel::DoHasWhatIf()
+{
+    return whatif::HasRows(*GetProject());
 }
 
 void FeedWaterPanel::CreateHeader()

@@ -24,6 +24,7 @@ protected:
     void DoTransferDetailsToWindows() override;
     void DoUpdateUnits() override;
     void DoLocalize() override;
+    bool DoHasWhatIf() override;
 
 private:
     void CreateHeader();

@@ -72,21 +72,27 @@ TEST(WhatIfRows, EveryTypeOfPlantHasThemAndNamesWhatExists)
 TEST(WhatIfRows, ARowOfASequenceHasThePairsOfItsKind)
 {
     IEXProject project("SOFT");
-    const auto of = [&](OwnerNode& row) { return Texts(project, whatif::SequenceRows(project, row)); };
-    const auto pair = [&](const OwnerNode& row, const std::string& first, const std::string& second) {
-        const std::string path = project.PathOf(row.GetOwner());
-        return path + ":regseqstep/" + first + " " +
-               (second.find(':') != second.npos ? "" : path + ":regseqstep/") + second;
+    const auto of = [&](const char* kind) {
+        OwnerNode& row = AddRow(project, 0, kind);
+        std::vector<std::string> texts;
+        for (const Row& each : whatif::SequenceRows(project, row)) {
+            EXPECT_EQ(each.first.node, &row);
+            texts.push_back(each.pair.first + " " + PlaceText(project, each.second));
+        }
+        return texts;
     };
-    OwnerNode& backwash = AddRow(project, 0, "REGSEQ_BW");
-    EXPECT_TRUE(Has(of(backwash), pair(backwash, "t", "vol")));
-    EXPECT_TRUE(Has(of(backwash), pair(backwash, "v", "ex.1:step/expansion")));
-    EXPECT_TRUE(of(AddRow(project, 0, "REGSEQ_SETTLE")).empty());
-    OwnerNode& dose = AddRow(project, 0, "REGSEQ_REG");
-    const auto regenerant = of(dose);
-    EXPECT_TRUE(Has(regenerant, pair(dose, "q", "t")));
-    EXPECT_FALSE(Has(regenerant, pair(dose, "t", "vol"))) << "the volume of a chemical is not typed";
-    EXPECT_EQ(of(AddRow(project, 0, "REGSEQ_REG_FIRST")).size(), regenerant.size())
+    const auto path = [&project] {
+        return "ex.1.seq." + std::to_string(project.GetStep(0).GetChildren(OwnerKind::SequenceRow).size());
+    };
+    const auto backwash = of("REGSEQ_BW");
+    EXPECT_TRUE(Has(backwash, "regseqstep/t " + path() + ":regseqstep/vol"));
+    EXPECT_TRUE(Has(backwash, "regseqstep/v ex.1:step/expansion"));
+    EXPECT_TRUE(of("REGSEQ_SETTLE").empty());
+    const auto regenerant = of("REGSEQ_REG");
+    EXPECT_TRUE(Has(regenerant, "regseqstep/q " + path() + ":regseqstep/t"));
+    EXPECT_FALSE(Has(regenerant, "regseqstep/t " + path() + ":regseqstep/vol"))
+        << "the volume of a chemical is not typed";
+    EXPECT_EQ(of("REGSEQ_REG_FIRST").size(), regenerant.size())
         << "the first regenerant has the pairs of the others";
 }
 
