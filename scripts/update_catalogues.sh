@@ -19,7 +19,7 @@ python3 - resources/examples/waters.csv:kind,category \
     resources/master/compounds.csv:category resources/master/feed_mediums.csv:name \
     resources/master/regenerants.csv:name \
     resources/master/sequence_media.csv:label resources/master/sequence_types.csv:label \
-    resources/master/resins.csv:name \
+    resources/master/resins.csv:name resources/master/plants.csv:name \
     resources/master/details.csv:label resources/master/whatif.csv:first_label,second_label >"$temporary/header.pot" <<'PYTHON'
 import csv
 import sys

@@ -6,6 +6,7 @@
 #include "app/frame/main_frame.h"
 #include "app/frame/menu_table.h"
 #include "app/frame/message_log.h"
+#include "app/frame/plant_dialog.h"
 #include "app/frame/recovery_dialog.h"
 #include "app/frame/template_dialog.h"
 #include "gui_base/dialogs/questions.h"
@@ -75,6 +76,18 @@ void FileCommands::NewFromExample()
         return;
     if (const WaterTemplate* chosen = dialog.GetChosen())
         ShowNew(NewProjectFrom(*chosen));
+}
+
+void FileCommands::NewPlant()
+{
+    CommitFocusedField();
+    if (!ConfirmDiscard())
+        return;
+    PlantDialog dialog(&m_frame);
+    if (dialog.ShowModal() != wxID_OK)
+        return;
+    if (auto project = dialog.MakeProject())
+        ShowNew(std::move(project));
 }
 
 void FileCommands::AskAndOpen()

@@ -27,6 +27,8 @@ public:
 
     void New();
     void NewFromExample();
+    /// A project of a type of plant that the user chooses.
+    void NewPlant();
     void AskAndOpen();
     /// Opens a file; a file that cannot be opened is answered in the message area and changes nothing.
     bool Open(const std::filesystem::path& path);

@@ -35,6 +35,7 @@ constexpr std::array kFileMenu{
         wxTRANSLATE("&New project"), "Ctrl+N", [](MainFrame& frame) { frame.Files().New(); }, wxID_NEW),
     Row(wxTRANSLATE("New from &example..."), "Ctrl+Shift+N",
         [](MainFrame& frame) { frame.Files().NewFromExample(); }),
+    Row(wxTRANSLATE("New p&lant..."), "Ctrl+Alt+N", [](MainFrame& frame) { frame.Files().NewPlant(); }),
     Row(
         wxTRANSLATE("&Open..."), "Ctrl+O", [](MainFrame& frame) { frame.Files().AskAndOpen(); }, wxID_OPEN),
     Submenu(wxTRANSLATE("Open &recent"),

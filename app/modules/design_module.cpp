@@ -16,22 +16,9 @@ bool IsFor(const Project& project)
     return plant != nullptr && plant->NumberSteps() > 0;
 }
 
-/// Values of the plant; flow, time and volume stand with the first water, too, which leads to them.
-bool Holds(const Project& project, const OwnerNode&, const DetailAddress& address)
+bool Holds(const Project&, const OwnerNode&, const DetailAddress& address)
 {
-    const OwnerNode* owner = project.FindOwner(address.owner);
-    if (owner == nullptr)
-        return false;
-    switch (owner->GetKind()) {
-        case OwnerKind::Exchanger:
-        case OwnerKind::Compartment:
-        case OwnerKind::Resin:
-            return true;
-        case OwnerKind::Project:
-            return address.key == "project/water";
-        default:
-            return false;
-    }
+    return DesignPanel::Shows(address.key);
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include "app/document/plant_templates.h"
 #include "app/document/templates.h"
 #include "app/frame/main_frame.h"
+#include "app/frame/plant_dialog.h"
 #include "app/frame/recovery_dialog.h"
 #include "app/frame/settings_dialog.h"
 #include "app/frame/template_dialog.h"
@@ -275,6 +276,8 @@ void Tour::TakeDialogs()
     TakeDialog(recovery, "recovery");
     TemplateDialog templates(owner, WaterTemplates());
     TakeDialog(templates, "new_from_template");
+    PlantDialog plants(owner);
+    TakeDialog(plants, "new_plant");
     PageSelectionDialog pages({{"Water analysis", 1}, {"Summary", 2}}, owner);
     TakeDialog(pages, "page_selection");
     InfoMessageDialog info("The results are computed.", owner);

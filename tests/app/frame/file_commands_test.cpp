@@ -13,7 +13,9 @@
 
 #include <gmock/gmock.h>
 #include <wx/button.h>
+#include <wx/checkbox.h>
 #include <wx/filedlg.h>
+#include <wx/listctrl.h>
 #include <wx/msgdlg.h>
 
 #include <csignal>
@@ -216,6 +218,26 @@ TEST_F(FileCommandsTest, AnEndingThatIsAddedReplacesNoFileUnasked)
         EXPECT_EQ(m_frame->Files().SaveAs(), answer == wxID_YES);
         EXPECT_EQ(SodiumIn(path), answer == wxID_YES ? 5.0 : 1.0);
     }
+}
+
+TEST_F(FileCommandsTest, ANewPlantIsOfTheTypeThatIsChosen)
+{
+    // Of the types in the list, softening and demineralisation, the latter with the figures of an example.
+    for (const bool withExample : {false, true}) {
+        m_dialogs.Expect([withExample](wxDialog& dialog) {
+            Find<wxListView>(dialog).Select(withExample ? 3 : 1);
+            Find<wxCheckBox>(dialog).SetValue(withExample);
+            return static_cast<int>(wxID_OK);
+        });
+        m_frame->Files().NewPlant();
+        const Project& project = m_frame->GetProject();
+        EXPECT_EQ(project.GetModuleType(), withExample ? "DEMI" : "SOFT");
+        EXPECT_EQ(project.GetStatus(), withExample ? StatusDesigned : StatusWaters);
+        EXPECT_NE(m_frame->GetBook().Show("design", {}), nullptr);
+    }
+    m_dialogs.Expect([](wxDialog&) { return static_cast<int>(wxID_CANCEL); });
+    m_frame->Files().NewPlant();
+    EXPECT_EQ(m_frame->GetProject().GetModuleType(), "DEMI");
 }
 
 TEST_F(FileCommandsTest, RecentFilesAreWhatTheyWereCalled)

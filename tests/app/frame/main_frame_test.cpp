@@ -61,7 +61,7 @@ TEST_F(MainFrameTest, SavesAndReopensEveryDigit)
     EXPECT_EQ(Value("na.orig"), 6.123456789012345);
     EXPECT_TRUE(std::isnan(Value("ph"))) << "what was not known still is not";
     EXPECT_EQ(m_frame->GetTitle(), "water - Tarnvik");
-    EXPECT_EQ(m_frame->GetMenuBar()->GetMenu(0)->FindItemByPosition(3)->GetSubMenu()->GetMenuItemCount(), 1u);
+    EXPECT_EQ(m_frame->GetMenuBar()->GetMenu(0)->FindItemByPosition(4)->GetSubMenu()->GetMenuItemCount(), 1u);
 }
 
 TEST_F(MainFrameTest, SavingCommitsTheFieldThatIsBeingEdited)

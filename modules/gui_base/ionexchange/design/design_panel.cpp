@@ -3,15 +3,19 @@
 
 #include "gui_base/input/controls/tv_staticboxsizer.h"
 #include "gui_base/input/form/form_grid.h"
-#include "gui_base/report/design_report.h"
+#include "projectbase/design/exchanger_label.h"
 #include "projectbase/whatif/what_if_rows.h"
 
 #include <wx/statbox.h>
 #include <wx/translation.h>
 
+#include <algorithm>
 #include <array>
 
 namespace {
+
+// Room for gallons of a whole cycle.
+constexpr int kFieldWidth = 96;
 
 constexpr std::array kLineRows{
     FormRow{.key = "project/water", .label = wxTRANSLATE("Water of the plant")},
@@ -40,6 +44,7 @@ DesignPanel::DesignPanel(iex::IEXProject& project, wxWindow* parent)
 void DesignPanel::DoCreateForm()
 {
     GetFields().SetLabelSuffix(":");
+    GetFields().SetFieldWidth(kFieldWidth);
     m_blocks.clear();
     m_kept.clear();
     auto* outer = new wxBoxSizer(wxVERTICAL);
@@ -54,7 +59,7 @@ void DesignPanel::DoCreateForm()
     outer->Add(line, spaced);
     for (const auto& exchanger : m_plant.GetRoot().GetChildren(OwnerKind::Exchanger)) {
         const std::string kind = exchanger->GetDetails()->At("step/kind").GetStdStringValue();
-        auto* box = AddLocalizable(new TvStaticBoxSizer(wxVERTICAL, this, designtext::KindName(kind)));
+        auto* box = AddLocalizable(new TvStaticBoxSizer(wxVERTICAL, this, design::ExchangerLabel(kind)));
         m_blocks.push_back(std::make_unique<ExchangerBlock>(*exchanger, GetFields(), *box));
         m_kept.push_back(exchanger);
         outer->Add(box, spaced);
@@ -133,6 +138,13 @@ void DesignPanel::DoUpdateUnits()
 {
     FormPanel::DoUpdateUnits();
     ShowNotes();
+}
+
+bool DesignPanel::Shows(std::string_view key)
+{
+    const auto isRow = [key](const FormRow& row) { return key == row.key; };
+    return std::ranges::any_of(kLineRows, isRow) || std::ranges::any_of(kLineResults, isRow) ||
+           ExchangerBlock::Shows(key);
 }
 
 bool DesignPanel::FocusDetail(const DetailAddress& address)

@@ -17,6 +17,8 @@ public:
     /// The project outlives the panel.
     DesignPanel(iex::IEXProject& project, wxWindow* parent);
 
+    /// Whether the panel shows that value of the project, an exchanger or its parts.
+    static bool Shows(std::string_view key);
     bool FocusDetail(const DetailAddress& address) override;
     /// The field of a detail, or null.
     TvTextCtrl* FindField(const DetailData& detail) const { return GetFields().FindField(detail); }

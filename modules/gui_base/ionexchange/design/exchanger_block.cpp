@@ -17,6 +17,8 @@
 
 namespace {
 
+constexpr int kChoiceWidth = 240;
+
 using Items = std::vector<std::pair<wxString, wxString>>;
 
 Items ModeItems()
@@ -160,11 +162,24 @@ ExchangerBlock::ExchangerBlock(OwnerNode& exchanger, FieldSet& fields, TvStaticB
     box.Add(m_notes, spaced);
 }
 
+bool ExchangerBlock::Shows(std::string_view key)
+{
+    const auto has = [key](const auto& rows) {
+        return std::ranges::any_of(rows, [key](const FormRow& row) { return key == row.key; });
+    };
+    return has(kVesselInputs) || has(kDegasserInputs) || has(kVesselResults) || has(kResinInputs) ||
+           has(kBedInputs) || has(kBedResults) || has(kResinResults);
+}
+
 void ExchangerBlock::AddRows(wxWindow* parent, wxSizer& grid, OwnerNode& owner, std::span<const FormRow> rows)
 {
     for (const FormRow& row : rows) {
         DetailData& detail = owner.GetDetails()->At(row.key);
-        m_windows.emplace_back(&detail, m_fields.AddRow(parent, grid, row, detail).field);
+        wxWindow* const field = m_fields.AddRow(parent, grid, row, detail).field;
+        // The longest name of a resin would make a row of numbers as wide.
+        if (row.field == FormField::Choice)
+            field->SetMinSize(parent->FromDIP(wxSize(kChoiceWidth, -1)));
+        m_windows.emplace_back(&detail, field);
     }
 }
 

@@ -10,6 +10,7 @@
 #include <wx/stattext.h>
 
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -20,6 +21,9 @@ class ExchangerBlock
 public:
     /// Makes the controls of an exchanger in `box`, bound by `fields`.
     ExchangerBlock(OwnerNode& exchanger, FieldSet& fields, TvStaticBoxSizer& box);
+
+    /// Whether a row of a block shows that value.
+    static bool Shows(std::string_view key);
 
     /// Where a capacity comes from, leakages and messages.
     void ShowNotes(const iex::IEXProject& project, const design::ExchangerDesign& exchanger);
