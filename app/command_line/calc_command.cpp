@@ -35,13 +35,12 @@ constexpr const char* kUsage =
     "                        ... of a compound of the feed; conc.effluent of the effluent\n"
     "        balance.auto=true\n"
     "  --json                prints everything the project knows, in ISO units; FILE may\n"
-    "                        be such a text\n"
+    "                        be such a text; of rows a line for each\n"
     "  --sweep ex.1.comp.1:level=50:120:8\n"
     "                        calculates a row for each of N values from FROM to TO; of\n"
     "                        several sweeps every combination. Rows are CSV, in ISO units\n"
     "  --columns KEY,...     what the rows show beside what is swept; alone, a single row\n"
     "  --shard K/N           the K-th of N parts of the rows, which make the whole\n"
-    "  --json                with these, a line of JSON for each row\n"
     "  --help                prints this text\n";
 
 struct Options

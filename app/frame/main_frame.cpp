@@ -30,7 +30,7 @@ namespace app {
 namespace {
 
 constexpr int kStatusFields = 3;
-constexpr int kTreeWidth = 240;
+constexpr int kTreeWidth = 270;
 constexpr int kMessageHeight = 110;
 
 /// Wide enough for all columns of a water analysis, where the screen is.

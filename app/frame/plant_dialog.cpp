@@ -4,8 +4,8 @@
 #include "app/document/plant_templates.h"
 #include "dbinterfaces/master_database.h"
 #include "gui_base/dialogs/dialog_buttons.h"
+#include "gui_base/report/design_report.h"
 #include "gui_base/support/translation.h"
-#include "projectbase/design/exchanger_label.h"
 
 #include <wx/sizer.h>
 
@@ -28,7 +28,7 @@ wxString ExchangersOf(const DBObjects::PlantType& type)
 {
     wxString text;
     for (const DBObjects::PlantExchanger& exchanger : type.exchangers) {
-        const wxString name = i18n::Translated(design::ExchangerLabel(exchanger.kind));
+        const wxString name = i18n::Translated(designtext::KindName(exchanger.kind));
         text += (text.empty() ? "" : ", ") + (exchanger.optional ? "(" + name + ")" : name);
     }
     return text;

@@ -57,19 +57,42 @@ bool HoldsWaste(const Project& project, const OwnerNode& owner, const DetailAddr
     return isWaste && IsPartOf(project, owner, address.owner);
 }
 
-ModulePage MakeWastePage(const PageContext& context, OwnerNode& owner)
+std::vector<WasteData> RegenerantsOf(const OwnerNode& exchanger)
 {
-    auto& project = dynamic_cast<iex::IEXProject&>(context.project);
     std::vector<WasteData> regenerants;
-    for (const auto& compartment : owner.GetChildren(OwnerKind::Compartment)) {
+    for (const auto& compartment : exchanger.GetChildren(OwnerKind::Compartment)) {
         const DetailData& chosen = compartment->GetDetails()->At("stepcomp/rm.chemical");
         const design::Regenerant* const chemical = design::FindRegenerant(chosen.GetStdStringValue());
         regenerants.push_back({chemical != nullptr ? chemical->name : std::string(wxTRANSLATE("Regenerant")),
                                {compartment, compartment->GetDetails()}});
     }
-    return {.panel = new TvWasteWaterAndComposition(&project, context.parent, regenerants,
-                                                    wxTRANSLATE("Waste water and composition"),
-                                                    owner.GetPosition())};
+    return regenerants;
+}
+
+/// The waste of an exchanger whose chemicals may change.
+class WastePanel : public TvWasteWaterAndComposition
+{
+public:
+    WastePanel(iex::IEXProject& project, const OwnerNode& exchanger, wxWindow* parent)
+        : TvWasteWaterAndComposition(&project, parent, RegenerantsOf(exchanger),
+                                     wxTRANSLATE("Waste water and composition"), exchanger.GetPosition()),
+          m_exchanger(exchanger)
+    {}
+
+protected:
+    void DoFollowProject() override
+    {
+        TvWasteWaterAndComposition::DoFollowProject();
+        SetRegenerants(RegenerantsOf(m_exchanger));
+    }
+
+private:
+    const OwnerNode& m_exchanger;
+};
+
+ModulePage MakeWastePage(const PageContext& context, OwnerNode& owner)
+{
+    return {.panel = new WastePanel(dynamic_cast<iex::IEXProject&>(context.project), owner, context.parent)};
 }
 
 }  // namespace

@@ -338,7 +338,10 @@ void Tour::TakeWasteWater(wxWindow& owner)
 /// A value that was found, and one that cannot be.
 void Tour::TakeWhatIf(wxWindow& owner)
 {
-    iex::IEXProject project;
+    iex::IEXProject project("DEMI");
+    DetailList& water = *project.GetLiquid(0).GetDetails();
+    for (const auto& [ion, value] : {std::pair("ca", 80.0), {"na", 46.0}, {"cl", 106.0}, {"hco3", 183.0}})
+        water.At(std::string("liquid/") + ion + ".orig").SetValue(value);
     project.GetDetails().At("project/qbrutto").SetValue(20.0);
     project.GetDetails().At("project/lz").SetValue(12.0);
     const wxString language = CurrentLanguage();
@@ -346,7 +349,7 @@ void Tour::TakeWhatIf(wxWindow& owner)
         SwitchLanguage(shown);
         WhatIfDialog dialog(std::make_unique<WifTable>(WhatIfGridPairLoader::GetTable(project), project),
                             &project, &owner);
-        dialog.OnEdited(0, 300.0);
+        dialog.OnEdited(0, 2.0);
         dialog.OnEdited(1, -1.0);
         TakeDialog(dialog, std::string("what_if_") + shown);
     }

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include "gui_base/report/design_report.h"
-#include "projectbase/design/exchanger_label.h"
 #include "projectbase/project/owner_node.h"
 #include "projectbase/units/unit_system_manager.h"
 
@@ -16,6 +15,21 @@ namespace {
 
 constexpr int kDigits = 5;
 constexpr int kFewDigits = 3;
+
+struct NameOfKind
+{
+    const char* kind;
+    const char* name;
+};
+constexpr std::array kNames{
+    NameOfKind{"SAC_NA", wxTRANSLATE("Softener")},
+    NameOfKind{"SAC_H", wxTRANSLATE("Strong-acid cation exchanger")},
+    NameOfKind{"WAC_H", wxTRANSLATE("Weak-acid cation exchanger")},
+    NameOfKind{"WBA", wxTRANSLATE("Weak-base anion exchanger")},
+    NameOfKind{"SBA", wxTRANSLATE("Strong-base anion exchanger")},
+    NameOfKind{"MB", wxTRANSLATE("Mixed bed")},
+    NameOfKind{"DEGAS", wxTRANSLATE("Degasser")},
+};
 
 constexpr std::array kExchangerResults{"step/load",      "step/capacity",  "step/diameter",   "step/area",
                                        "step/v",         "step/bvh",       "step/bed.depth",  "step/dp",
@@ -39,11 +53,16 @@ Line Amount(const std::string& name, double value, const std::string& unit, cons
 
 }  // namespace
 
+const char* KindName(const std::string& kind)
+{
+    const auto found = std::ranges::find(kNames, kind, &NameOfKind::kind);
+    return found == kNames.end() ? wxTRANSLATE("Exchanger") : found->name;
+}
+
 std::string ExchangerTitle(const OwnerNode& exchanger, const ReportContext& context)
 {
     const std::string kind = exchanger.GetDetails()->At("step/kind").GetStdStringValue();
-    return fmt::format("{} {}", exchanger.GetPosition() + 1,
-                       context.Translated(design::ExchangerLabel(kind)));
+    return fmt::format("{} {}", exchanger.GetPosition() + 1, context.Translated(KindName(kind)));
 }
 
 std::string CompartmentTitle(const design::ExchangerDesign& exchanger, std::size_t compartment,

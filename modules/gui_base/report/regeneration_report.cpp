@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "gui_base/report/regeneration_report.h"
 
-#include "projectbase/design/exchanger_label.h"
+#include "gui_base/report/design_report.h"
 #include "projectbase/project/iex_project.h"
 #include "projectbase/sequence/sequence_calculation.h"
 #include "projectbase/sequence/sequence_rows.h"
@@ -63,15 +63,6 @@ template <typename Record>
 std::string LabelOf(const Record* record, const ReportContext& context)
 {
     return record != nullptr ? context.Translated(record->label.c_str()) : std::string();
-}
-
-std::string NameOf(const OwnerNode& exchanger, const ReportContext& context)
-{
-    if (!exchanger.GetName().empty())
-        return exchanger.GetName();
-    const std::string kind = exchanger.GetDetails()->At("step/kind").GetStdStringValue();
-    return fmt::format("{} {}", exchanger.GetPosition() + 1,
-                       context.Translated(design::ExchangerLabel(kind)));
 }
 
 report::Table SequenceTable(const OwnerNode& exchanger, const ReportContext& context)
@@ -143,11 +134,11 @@ std::vector<ReportPage> RegenerationReport::GetReportPages(const ReportContext& 
         if (!IsRegenerated(*exchanger))
             continue;
         const auto place = static_cast<int>(exchanger->GetPosition());
-        pages.push_back(
-            {.title = wxString::FromUTF8(fmt::format(
-                 "{}: {}", context.Translated(wxTRANSLATE("Regeneration")), NameOf(*exchanger, context))),
-             .id = place,
-             .name = fmt::format("{}:regeneration", place)});
+        pages.push_back({.title = wxString::FromUTF8(
+                             fmt::format("{}: {}", context.Translated(wxTRANSLATE("Regeneration")),
+                                         designtext::ExchangerTitle(*exchanger, context))),
+                         .id = place,
+                         .name = fmt::format("{}:regeneration", place)});
     }
     return pages;
 }
@@ -160,7 +151,7 @@ report::Section RegenerationReport::BuildReportPage(int id, const ReportContext&
         throw std::out_of_range(fmt::format("RegenerationReport::BuildReportPage: there is no page {}", id));
     const OwnerNode& exchanger = *exchangers[static_cast<std::size_t>(id)];
     report::Section section{.title = fmt::format("{}: {}", context.Translated(wxTRANSLATE("Regeneration")),
-                                                 NameOf(exchanger, context))};
+                                                 designtext::ExchangerTitle(exchanger, context))};
     section.blocks.push_back(SequenceTable(exchanger, context));
     const std::string remarks = exchanger.GetDetails()->At("step/remarks").GetStdStringValue();
     if (!remarks.empty())

@@ -4,7 +4,8 @@
 #include "dbinterfaces/database_error.h"
 #include "dbinterfaces/master_database.h"
 
-#include <algorithm>
+#include <map>
+#include <mutex>
 
 namespace whatif {
 
@@ -12,6 +13,17 @@ namespace {
 
 constexpr std::string_view kRegenerant = "REGSEQ_REG";
 constexpr std::string_view kFirstRegenerant = "REGSEQ_REG_FIRST";
+
+/// The pairs of a type of plant, read once. Any thread.
+const std::vector<DBObjects::WhatIfPair>& PairsOf(const std::string& type)
+{
+    static std::mutex mutex;
+    static std::map<std::string, std::vector<DBObjects::WhatIfPair>> known;
+    const std::lock_guard lock(mutex);
+    const auto found = known.find(type);
+    return found != known.end() ? found->second
+                                : known.emplace(type, MasterDatabase::GetWhatIfTable(type)).first->second;
+}
 
 /// A vessel without resin has no bed that anything could be sought for.
 bool HasBed(const OwnerNode& node)
@@ -49,12 +61,11 @@ Place PlaceAbove(OwnerNode& sequenceRow, const std::string& key)
     return {};
 }
 
-}  // namespace
-
-std::vector<Row> PlantRows(Project& project)
+/// Calls `visit` with each row of the plant until it says that it has seen enough; returns whether it did.
+template <typename Visit>
+bool VisitPlantRows(Project& project, Visit visit)
 {
-    std::vector<Row> rows;
-    for (const DBObjects::WhatIfPair& pair : MasterDatabase::GetWhatIfTable(project.GetModuleType())) {
+    for (const DBObjects::WhatIfPair& pair : PairsOf(project.GetModuleType())) {
         if (!pair.step.empty())
             continue;
         std::vector<Place> firsts;
@@ -63,11 +74,25 @@ std::vector<Row> PlantRows(Project& project)
         CollectPlaces(project.GetRoot(), pair.second, seconds);
         for (const Place& first : firsts) {
             for (const Place& second : seconds) {
-                if (BelongsTo(first.node, second.node) || BelongsTo(second.node, first.node))
-                    rows.push_back({pair, first, second});
+                const bool isJoined =
+                    BelongsTo(first.node, second.node) || BelongsTo(second.node, first.node);
+                if (isJoined && visit(Row{pair, first, second}))
+                    return true;
             }
         }
     }
+    return false;
+}
+
+}  // namespace
+
+std::vector<Row> PlantRows(Project& project)
+{
+    std::vector<Row> rows;
+    VisitPlantRows(project, [&rows](Row row) {
+        rows.push_back(std::move(row));
+        return false;
+    });
     return rows;
 }
 
@@ -77,7 +102,7 @@ std::vector<Row> SequenceRows(const Project& project, OwnerNode& sequenceRow)
     if (kind == nullptr)
         return {};
     std::vector<Row> rows;
-    for (const DBObjects::WhatIfPair& pair : MasterDatabase::GetWhatIfTable(project.GetModuleType())) {
+    for (const DBObjects::WhatIfPair& pair : PairsOf(project.GetModuleType())) {
         if (pair.step.empty() || !IsSameKindOfRow(pair.step, kind->GetStdStringValue()))
             continue;
         const Place first = PlaceAbove(sequenceRow, pair.first);
@@ -98,7 +123,7 @@ namespace {
 
 bool HasAnyRow(Project& project)
 {
-    if (!PlantRows(project).empty())
+    if (VisitPlantRows(project, [](const Row&) { return true; }))
         return true;
     for (const auto& exchanger : project.GetRoot().GetChildren(OwnerKind::Exchanger)) {
         for (const auto& row : exchanger->GetChildren(OwnerKind::SequenceRow)) {

@@ -137,7 +137,7 @@ TEST_F(SweepTest, PartsMakeTheWholeUnderGnuParallel)
 {
     if (std::system("parallel --version >/dev/null 2>&1") != 0)
         GTEST_SKIP() << "GNU parallel is not installed (package parallel)";
-    const std::string command = std::string(TARNVIK_PROGRAM) + " calc " + m_path +
+    const std::string command = std::string("\"") + TARNVIK_PROGRAM + "\" calc \"" + m_path + "\"" +
                                 " --sweep project/qbrutto=10:40:31 --sweep ex.1.comp.1:level=60:120:7";
     const auto output = [](const std::string& line) {
         std::string text;

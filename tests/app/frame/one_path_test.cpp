@@ -101,12 +101,16 @@ protected:
     {
         std::vector<wxString> shown;
         for (const app::Module& module : app::Modules()) {
+            if (!module.isFor(OpenProject()))
+                continue;
             if (module.pageOf == OwnerKind::Project) {
                 ShowPage(module, OpenProject().GetRoot(), shown);
                 continue;
             }
-            for (std::size_t i = 0; i < OpenProject().GetLiquidCount(); ++i)
-                ShowPage(module, OpenProject().GetLiquid(i), shown);
+            for (const auto& owner : OpenProject().GetRoot().GetChildren(module.pageOf)) {
+                if (module.hasPage == nullptr || module.hasPage(*owner))
+                    ShowPage(module, *owner, shown);
+            }
         }
         return shown;
     }

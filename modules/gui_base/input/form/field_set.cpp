@@ -349,7 +349,8 @@ bool FieldSet::StoreFields(const std::string& unitSystem)
 void FieldSet::OnCommit(const std::function<void()>& typed, const std::function<void()>& stored)
 {
     for (const auto& field : m_fields) {
-        if (field->control->IsEditable())
+        // A field that is stored can be made editable later.
+        if ((field->transferFlags & TransferToDetail) != 0)
             // Nobody else hears of it: a dialog would press its default button.
             field->control->Bind(wxEVT_TEXT_ENTER, [typed](wxCommandEvent&) { typed(); });
     }

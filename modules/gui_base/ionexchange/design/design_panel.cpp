@@ -3,7 +3,7 @@
 
 #include "gui_base/input/controls/tv_staticboxsizer.h"
 #include "gui_base/input/form/form_grid.h"
-#include "projectbase/design/exchanger_label.h"
+#include "gui_base/report/design_report.h"
 
 #include <wx/statbox.h>
 #include <wx/translation.h>
@@ -58,7 +58,7 @@ void DesignPanel::DoCreateForm()
     outer->Add(line, spaced);
     for (const auto& exchanger : m_plant.GetRoot().GetChildren(OwnerKind::Exchanger)) {
         const std::string kind = exchanger->GetDetails()->At("step/kind").GetStdStringValue();
-        auto* box = AddLocalizable(new TvStaticBoxSizer(wxVERTICAL, this, design::ExchangerLabel(kind)));
+        auto* box = AddLocalizable(new TvStaticBoxSizer(wxVERTICAL, this, designtext::KindName(kind)));
         m_blocks.push_back(std::make_unique<ExchangerBlock>(*exchanger, GetFields(), *box));
         m_kept.push_back(exchanger);
         outer->Add(box, spaced);

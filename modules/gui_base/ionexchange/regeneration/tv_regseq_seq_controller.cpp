@@ -79,8 +79,11 @@ void TVRegSeqSubPanelController::RegisterCallbacks()
         return;
     const auto answer = [this](wxEventType type, void (TVRegSeqSubPanelController::*handler)()) {
         m_view->Bind(wxEventTypeTag<wxCommandEvent>(type),
-                     [this, handler, alive = std::weak_ptr<bool>(m_saving)](wxCommandEvent&) {
-                         if (!alive.expired())
+                     [this, handler, alive = std::weak_ptr<bool>(m_saving)](wxCommandEvent& event) {
+                         // Another one may be left to answer.
+                         if (alive.expired())
+                             event.Skip();
+                         else
                              (this->*handler)();
                      });
     };
@@ -90,7 +93,8 @@ void TVRegSeqSubPanelController::RegisterCallbacks()
     answer(tvREGSEQ_REMOVE_STEP, &TVRegSeqSubPanelController::OnStepRemove);
     answer(tvREGSEQ_REMARKS_CHANGED, &TVRegSeqSubPanelController::OnRemarksChanged);
     answer(tvREGSEQ_CHANGED, &TVRegSeqSubPanelController::OnSequenceChanged);
-    m_view->Bind(tvREGSEQ_REFRESH, [this, alive = std::weak_ptr<bool>(m_saving)](wxCommandEvent&) {
+    m_view->Bind(tvREGSEQ_REFRESH, [this, alive = std::weak_ptr<bool>(m_saving)](wxCommandEvent& event) {
+        event.Skip();
         const auto saving = alive.lock();
         if (!saving || *saving)
             return;

@@ -7,6 +7,7 @@
 #include <wx/statbox.h>
 #include <wx/translation.h>
 
+#include <algorithm>
 #include <array>
 
 namespace {
@@ -61,6 +62,15 @@ TvTextCtrl* TvWasteWaterAndComposition::FindField(const std::string& key, int re
     return detail != nullptr ? GetFields().FindField(*detail) : nullptr;
 }
 
+void TvWasteWaterAndComposition::SetRegenerants(const std::vector<WasteData>& regenerants)
+{
+    if (std::ranges::equal(regenerants, m_regenerants, {}, &WasteData::name, &WasteData::name))
+        return;
+    m_regenerants = regenerants;
+    // Whoever tells of it may be a field of this panel.
+    CallAfter([this] { RecreatePanel(); });
+}
+
 DetailList& TvWasteWaterAndComposition::DetailsOf(const WasteData& regenerant)
 {
     return regenerant.details ? *regenerant.details : m_unknown;
@@ -110,7 +120,7 @@ void TvWasteWaterAndComposition::AddField(wxWindow* parent, wxSizer& grid, Detai
                                       .field = FormField::Result,
                                       .inIsoUnits = true},
                                      detail),
-             wxSizerFlags().CentreVertical());
+             wxSizerFlags().Right().CentreVertical());
 }
 
 wxSizer* TvWasteWaterAndComposition::CreateSection(wxWindow* parent, const char* title,

@@ -22,6 +22,9 @@ public:
                                const std::vector<WasteData>& regenerants, const wxString& title,
                                std::size_t step = 0);
 
+    /// Shows other regenerants than before; nothing changes while they have the same names.
+    void SetRegenerants(const std::vector<WasteData>& regenerants);
+
     static constexpr int kStep = -1;
     /// The field of a detail of the step ("step/m.th") or of a regenerant ("stepcomp/rm"), or null.
     TvTextCtrl* FindField(const std::string& key, int regenerant = kStep) const;

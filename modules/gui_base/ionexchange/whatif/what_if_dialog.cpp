@@ -11,6 +11,7 @@
 #include "projectbase/whatif/input_copy.h"
 #include "projectbase/whatif/what_if.h"
 
+#include <wx/display.h>
 #include <wx/sizer.h>
 #include <wx/stattext.h>
 #include <wx/translation.h>
@@ -21,6 +22,8 @@
 namespace {
 
 constexpr int kGap = 4;
+constexpr int kLeastWidth = 640;
+constexpr int kHeight = 520;
 constexpr const char* kHelpPage = "project_what_if.htm";
 
 static_assert(WhatIfDialog::kTolerance == WhatIf::kTolerance &&
@@ -74,7 +77,11 @@ void WhatIfDialog::CreateControls()
     outer->Add(CreateButtonRow(), row);
     SetSizer(outer);
     SetMinSize(FromDIP(wxSize(480, 280)));
-    SetSize(FromDIP(wxSize(820, 460)));
+    // All columns, as far as the screen goes.
+    wxSize size(m_grid->GetWidthOfColumns() + FromDIP(4 * kGap), FromDIP(kHeight));
+    size.IncTo(FromDIP(wxSize(kLeastWidth, kHeight)));
+    size.DecTo(wxDisplay(this).GetClientArea().GetSize());
+    SetSize(size);
     m_grid->SetFocus();
     CentreOnParent();
 }

@@ -18,6 +18,7 @@ constexpr int kNameWidth = 190;
 constexpr int kValueWidth = 110;
 constexpr int kUnitWidth = 60;
 constexpr int kRowHeight = 26;
+constexpr int kScrollbarMargin = 16;
 
 }  // namespace
 
@@ -57,6 +58,14 @@ void WhatIfGrid::FitColumns()
         SetColSize(column,
                    std::max({GetColSize(column), label, FromDIP(kLeast[static_cast<std::size_t>(column)])}));
     }
+}
+
+int WhatIfGrid::GetWidthOfColumns() const
+{
+    int width = wxSystemSettings::GetMetric(wxSYS_VSCROLL_X, this) + FromDIP(kScrollbarMargin);
+    for (int column = 0; column < WifTable::kColumnCount; ++column)
+        width += GetColSize(column);
+    return width;
 }
 
 int WhatIfGrid::GetColLabelWidth(int column)

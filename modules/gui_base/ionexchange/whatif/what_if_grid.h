@@ -22,6 +22,8 @@ public:
     /// Ends the typing in a cell; what was typed counts.
     void CommitCell() { DisableCellEditControl(); }
     void FitColumns();
+    /// What the grid needs to show all of them, with its scrollbar.
+    int GetWidthOfColumns() const;
     /// Draws all cells as they now are, whatever the grid remembers of them.
     void ShowAnew();
 

@@ -3,13 +3,17 @@
 #include "projectbase/whatif/what_if.h"
 
 #include "projectbase/project/iex_project.h"
+#include "projectbase/whatif/what_if_rows.h"
 #include "tests/support/function_project.h"
+#include "tests/support/plant_fixture.h"
 #include "tests/support/project_fixture.h"
 #include "tests/support/project_history.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <limits>
 #include <vector>
 
@@ -268,6 +272,46 @@ TEST(WhatIf, FollowsTheRulesOfTheProject)
     EXPECT_NEAR(water.At("liquid/tds").GetDoubleValue(), 400.0, 1e-6);
     EXPECT_TRUE(seek(water.At("liquid/na.orig"), water.At("liquid/cond25"), 900.0));
     EXPECT_NEAR(water.At("liquid/cond25").GetDoubleValue(), 900.0, 1e-4);
+}
+
+/// Whatever one value of a row becomes when the other one is changed, the search finds the change again: for
+/// all rows of all plants that can be designed from a water.
+TEST(WhatIf, FindsAgainWhatADesignCameTo)
+{
+    for (const char* type : {"SOFT", "DEALK", "DEMI", "MB", "CP"}) {
+        iex::IEXProject project(type);
+        support::SetWater(project, {{"ca", 4.0}, {"na", 2.0}, {"hco3", 3.0}, {"cl", 3.0}});
+        support::SetFlow(project);
+        ASSERT_EQ(project.GetStatus(), StatusDesigned);
+        std::vector<whatif::Row> rows = whatif::PlantRows(project);
+        for (const auto& exchanger : project.GetRoot().GetChildren(OwnerKind::Exchanger)) {
+            for (const auto& step : exchanger->GetChildren(OwnerKind::SequenceRow))
+                std::ranges::copy(whatif::SequenceRows(project, *step), std::back_inserter(rows));
+        }
+        int found = 0;
+        for (const whatif::Row& row : rows) {
+            SCOPED_TRACE(type + (" " + row.pair.first) + " " + row.pair.second);
+            const auto changed = project.Clone();
+            DetailData& first = *changed->FindDetail(*project.AddressOf(*row.first.detail));
+            const DetailData& second = *changed->FindDetail(*project.AddressOf(*row.second.detail));
+            if (first.GetType() == DetailType::Long)
+                first.SetValue(first.GetLongValue() + 2);
+            else
+                first.SetValue(std::isnan(first.GetDoubleValue()) ? 1.3 : first.GetDoubleValue() * 0.9);
+            const double wanted = second.GetDoubleValue();
+            if (second.HasSameValue(*row.second.detail) || !std::isfinite(wanted))
+                continue;
+            const auto copy = project.Clone();
+            bool ok = false;
+            const double deviation = WhatIf(*copy).Calculate(
+                copy->FindDetail(*project.AddressOf(*row.first.detail)),
+                copy->FindDetail(*project.AddressOf(*row.second.detail)), wanted, 1000, ok);
+            const bool isBeyondLimit = second.HasMaxValue() && wanted > second.GetMaxValue();
+            EXPECT_EQ(ok && deviation <= WhatIf::kTolerance, !isBeyondLimit) << wanted << " " << deviation;
+            ++found;
+        }
+        EXPECT_GT(found, static_cast<int>(rows.size()) * 2 / 3);
+    }
 }
 
 }  // namespace
