@@ -11,6 +11,6 @@ wxString ExchangerName(const OwnerNode& exchanger)
         return ShownText(exchanger.GetName());
     const DetailData* const kind = exchanger.FindDetail("step/kind");
     const std::string key = kind != nullptr ? kind->GetStdStringValue() : std::string();
-    return wxString::Format("%zu. %s", exchanger.GetPosition() + 1,
+    return wxString::Format("%zu %s", exchanger.GetPosition() + 1,
                             i18n::Translated(design::ExchangerLabel(key)));
 }

@@ -6,6 +6,6 @@
 
 #include <wx/string.h>
 
-/// "2. Strong base anion": its place in the line and what it is, in the present language; its own
+/// "2 Strong-base anion exchanger": its place in the line and what it is, in the present language; its own
 /// name where it has one.
 GUI_BASE_EXPORT wxString ExchangerName(const OwnerNode& exchanger);

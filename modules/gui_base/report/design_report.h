@@ -17,7 +17,7 @@ class Project;
 /// What windows, report and command line say of a design alike.
 namespace designtext {
 
-/// "2 Strong base anion".
+/// "2 Strong-base anion exchanger".
 GUI_BASE_REPORT_EXPORT std::string ExchangerTitle(const OwnerNode& exchanger, const ReportContext& context);
 /// What a compartment of a mixed bed is called after the resin in it; empty where it is the only one.
 GUI_BASE_REPORT_EXPORT std::string CompartmentTitle(const design::ExchangerDesign& exchanger,

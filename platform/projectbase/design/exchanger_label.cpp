@@ -16,9 +16,12 @@ struct Kind
     const char* label;
 };
 constexpr std::array kKinds{
-    Kind{"SAC_NA", wxTRANSLATE("Softener")},        Kind{"SAC_H", wxTRANSLATE("Strong acid cation")},
-    Kind{"WAC_H", wxTRANSLATE("Weak acid cation")}, Kind{"WBA", wxTRANSLATE("Weak base anion")},
-    Kind{"SBA", wxTRANSLATE("Strong base anion")},  Kind{"MB", wxTRANSLATE("Mixed bed")},
+    Kind{"SAC_NA", wxTRANSLATE("Softener")},
+    Kind{"SAC_H", wxTRANSLATE("Strong-acid cation exchanger")},
+    Kind{"WAC_H", wxTRANSLATE("Weak-acid cation exchanger")},
+    Kind{"WBA", wxTRANSLATE("Weak-base anion exchanger")},
+    Kind{"SBA", wxTRANSLATE("Strong-base anion exchanger")},
+    Kind{"MB", wxTRANSLATE("Mixed bed")},
     Kind{"DEGAS", wxTRANSLATE("Degasser")},
 };
 

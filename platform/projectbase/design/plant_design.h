@@ -23,8 +23,8 @@ namespace design {
 inline constexpr double kNotKnown = std::numeric_limits<double>::quiet_NaN();
 
 /// Keys of the two dilutions of a regenerant.
-inline constexpr std::string_view kFirstDilution = "stepcomp/rm.konz.d";
-inline constexpr std::string_view kSecondDilution = "stepcomp/rm.konz.d2";
+inline constexpr std::string_view kFirstDilution = "stepcomp/konz.d";
+inline constexpr std::string_view kSecondDilution = "stepcomp/konz.d2";
 
 /// The first resin of a compartment that exchanges, null where none is chosen yet.
 PROJECTBASE_EXPORT const OwnerNode* WorkingResin(const OwnerNode& compartment);

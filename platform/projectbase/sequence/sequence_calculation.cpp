@@ -35,8 +35,8 @@ struct DoseKeys
     std::string_view chemical, amount, supply, progressive, first, firstPortion, second, secondPortion;
 };
 constexpr DoseKeys kRegeneration{"stepcomp/rm.chemical",    "stepcomp/rm",         "stepcomp/rm.konz",
-                                 "stepcomp/rm.progressive", "stepcomp/rm.konz.d",  "stepcomp/rm.portion",
-                                 "stepcomp/rm.konz.d2",     "stepcomp/rm.portion2"};
+                                 "stepcomp/rm.progressive", "stepcomp/konz.d",     "stepcomp/rm.portion",
+                                 "stepcomp/konz.d2",        "stepcomp/rm.portion2"};
 constexpr DoseKeys kConditioner{"stepcomp/cond.chemical",    "stepcomp/cond.amount",  "stepcomp/cond.konz",
                                 "stepcomp/cond.progressive", "stepcomp/cond.konz.d",  "stepcomp/cond.portion",
                                 "stepcomp/cond.konz.d2",     "stepcomp/cond.portion2"};

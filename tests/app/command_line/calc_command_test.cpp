@@ -377,7 +377,7 @@ TEST_F(Calc, TellsTheDesignOfAPlant)
     std::vector<std::string> args{path};
     args.insert(args.end(), typed.begin(), typed.end());
     const Result table = Run(args);
-    EXPECT_THAT(table.out, HasSubstr("1 Strong acid cation"));
+    EXPECT_THAT(table.out, HasSubstr("1 Strong-acid cation exchanger"));
     EXPECT_THAT(table.out, ContainsRegex("Resin volume +1.86667 m"));
     EXPECT_THAT(table.out, HasSubstr("Leakage: Sodium"));
     EXPECT_THAT(table.err, HasSubstr("ex.1: Velocity 101.85916 m/h is above the velocity limit of 40 m/h"));

@@ -45,8 +45,8 @@ TEST(DesignReport, TellsEachExchangerWithItsCorrectionsWasteAndMessages)
     ReportContext context;
     ASSERT_EQ(report.GetReportPages(context).size(), 1u);
     const auto lines = LinesOf(report.BuildReportPage(0, context));
-    EXPECT_THAT(lines, Contains("# 1 Strong acid cation"));
-    EXPECT_THAT(lines, Contains("# 2 Strong base anion"));
+    EXPECT_THAT(lines, Contains("# 1 Strong-acid cation exchanger"));
+    EXPECT_THAT(lines, Contains("# 2 Strong-base anion exchanger"));
     EXPECT_THAT(lines, Contains("Load 840 eq"));
     EXPECT_THAT(lines, Contains("Resin volume 0.93333 m³"));
     EXPECT_THAT(lines, Contains("Capacity: as typed 1 eq/l"));

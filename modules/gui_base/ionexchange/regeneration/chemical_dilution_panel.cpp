@@ -146,8 +146,8 @@ TvChemicalDiliutionPanel* MakeRegenerationPanel(Project* project, wxWindow* pare
     return new TvChemicalDiliutionPanel(
         project, parent,
         {details.At("stepcomp/rm.chemical"), details.At("stepcomp/level"), details.At("stepcomp/rm.konz"),
-         details.At("stepcomp/rm.progressive"), details.At("stepcomp/rm.konz.d"),
-         details.At("stepcomp/rm.portion"), details.At("stepcomp/rm.konz.d2"),
+         details.At("stepcomp/rm.progressive"), details.At("stepcomp/konz.d"),
+         details.At("stepcomp/rm.portion"), details.At("stepcomp/konz.d2"),
          details.At("stepcomp/rm.portion2"), details.At("stepcomp/rm.temp")},
         AllChemicals(), wxTRANSLATE("Kind of regeneration"), wxTRANSLATE("Regenerant"));
 }

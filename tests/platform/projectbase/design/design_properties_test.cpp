@@ -203,7 +203,7 @@ TEST(DesignProperties, WhatLacksAnInputIsEmpty)
          {"step/bed.depth", "step/throughput", "step/rb.ges"},
          {"step/load", "step/capacity"}},
         {"ex.1", "step/v.max", {"step/diameter", "step/v", "step/bed.depth"}, {"step/load", "step/rb.ges"}},
-        {"ex.1.comp.1", "stepcomp/rm.konz.d", {"step/konz.d"}, {"step/rb.ges"}},
+        {"ex.1.comp.1", "stepcomp/konz.d", {"step/konz.d"}, {"step/rb.ges"}},
         {"water.1", "liquid/temp.orig", {"step/capacity", "step/dp"}, {"step/load", "step/v"}},
     };
     for (const auto& [owner, key, empty, known] : cases) {

@@ -162,6 +162,22 @@ TEST(PlantDesign, TheWholeLineTakesEachIonOnce)
     EXPECT_TRUE(std::isnan(Get(project, "ex.3", "step/m.th")));
 }
 
+TEST(PlantDesign, CarbonCountsByItsMolesAndWhatClosesTheBalanceOnRequest)
+{
+    iex::IEXProject project("DEMI");
+    SetWater(project, {{"ca", 3.5}, {"co3", 1.0}, {"hco3", 1.0}, {"cl", 1.0}});
+    SetFlow(project);
+    ExpectValues(project, {{"ex.2", "step/load", 240.0 * (1.0 + 1.5)}});
+    Put(project, "water.1", "liquid/balance.auto", true);
+    ExpectValues(project, {{"ex.1", "step/load", 840.0}, {"ex.2", "step/load", 240.0 * (1.5 + 1.5)}});
+    SetWater(project, {{"cl", 2.5}});
+    ExpectValues(project, {{"ex.1", "step/load", 240.0 * 4.5}, {"ex.1", "step/m.na_k_nh4", 240.0}});
+    // CO2 that is to be calculated without a pH is not known, and neither is what takes it.
+    Put(project, "water.1", "liquid/calculate.co2", true);
+    EXPECT_TRUE(std::isnan(Get(project, "ex.2", "step/load")));
+    ExpectValues(project, {{"ex.1", "step/load", 240.0 * 4.5}});
+}
+
 TEST(PlantDesign, ASoftenerGivesSodiumForHardness)
 {
     iex::IEXProject project("SOFT");

@@ -129,7 +129,7 @@ protected:
             Set(compartment, "stepcomp/rm.chemical", chemical);
             Set(compartment, "stepcomp/rm", 65.33);
             Set(compartment, "stepcomp/rm.konz", 30.0);
-            Set(compartment, "stepcomp/rm.konz.d", 5.0);
+            Set(compartment, "stepcomp/konz.d", 5.0);
         }
         sequence::AddDefaults(m_project, exchanger);
         sequence::Calculate(exchanger);
@@ -175,7 +175,7 @@ TEST_F(SequenceTest, AChemicalFlowsAsItsDoseAndDilutionSay)
     EXPECT_NEAR(rows[1].dilutionVolume, 1.2772 - 0.1895, 1e-4);
     EXPECT_EQ(rows[1].dilution->key, "REGSEQ_DECAT_WATER");
 
-    Set(*exchanger.GetChildren(OwnerKind::Compartment)[0], "stepcomp/rm.konz.d", 60.0);
+    Set(*exchanger.GetChildren(OwnerKind::Compartment)[0], "stepcomp/konz.d", 60.0);
     sequence::Calculate(exchanger);
     EXPECT_TRUE(std::isnan(Get(acid, "regseqstep/vol"))) << "a density that is not known";
     EXPECT_TRUE(std::isnan(Get(acid, "regseqstep/t")));
@@ -188,8 +188,8 @@ TEST_F(SequenceTest, SulfuricAcidInTwoStepsHasTwoRows)
     EXPECT_THAT(TypesOf(exchanger), ElementsAre("REGSEQ_BW", "REGSEQ_REG!", "REGSEQ_DISP!", "REGSEQ_RINSE!"));
     OwnerNode& compartment = *exchanger.GetChildren(OwnerKind::Compartment)[0];
     Set(compartment, "stepcomp/rm.konz", 96.0);
-    Set(compartment, "stepcomp/rm.konz.d", 2.0);
-    Set(compartment, "stepcomp/rm.konz.d2", 4.0);
+    Set(compartment, "stepcomp/konz.d", 2.0);
+    Set(compartment, "stepcomp/konz.d2", 4.0);
     Set(compartment, "stepcomp/rm.progressive", true);
     EXPECT_THAT(TypesOf(exchanger), ElementsAre("REGSEQ_BW", "REGSEQ_REG_FIRST!", "REGSEQ_REG!",
                                                 "REGSEQ_DISP!", "REGSEQ_RINSE!"));
