@@ -230,8 +230,8 @@ void ApplySetting(Project& project, const ProjectSetting& setting)
             SetText(target, setting);
         given = target.detail->GetStoredValue();
     }
-    // A blend is what its waters make it, an ion without a name is none.
-    if (!SameDetailValue(given, target.detail->GetStoredValue()))
+    // A blend is what its waters make it, an ion without a name is none. What is given back may follow again.
+    if (!setting.value.empty() && !SameDetailValue(given, target.detail->GetStoredValue()))
         throw SettingError(fmt::format("'{}' is settled by other values of the project", setting.key));
 }
 

@@ -145,6 +145,8 @@ void RememberTypedOfRow(const Context&, const TypedInput& input)
 
 void KeepRequiredRows(const Context& context, const TypedInput& input)
 {
+    if (input.node.GetKind() == OwnerKind::SequenceRow)
+        sequence::CorrectMedium(input.node);
     OwnerNode* const exchanger = input.node.GetParent();
     if (exchanger != nullptr)
         sequence::KeepRequired(context.project, *exchanger);
@@ -174,6 +176,19 @@ void FollowPortion(const Context& context, const TypedInput& input)
         input.node.GetDetails()->At(other).SetValue(rest);
 }
 
+/// Without a second dilution the first one is all.
+void KeepDilutions(const Context& context, const TypedInput& input)
+{
+    const std::string& key = input.detail.GetName();
+    const std::string portion = key.substr(0, key.rfind('.')) + ".portion";
+    DetailList& details = *input.node.GetDetails();
+    if (!input.detail.GetBoolValue()) {
+        details.At(portion).SetValue(100.0);
+        details.At(portion + "2").SetValue(0.0);
+    }
+    KeepRequiredRows(context, input);
+}
+
 struct RuleOfKey
 {
     std::string_view key;
@@ -200,7 +215,8 @@ constexpr std::array kRules{
     RuleOfKey{"regseqstep/flag.removable", &KeepRequiredRows},
     RuleOfKey{"stepcomp/rm.chemical", &FollowChemical},
     RuleOfKey{"stepcomp/cond.chemical", &FollowChemical},
-    RuleOfKey{"stepcomp/rm.progressive", &KeepRequiredRows},
+    RuleOfKey{"stepcomp/rm.progressive", &KeepDilutions},
+    RuleOfKey{"stepcomp/cond.progressive", &KeepDilutions},
     RuleOfKey{"stepcomp/rm.portion", &FollowPortion},
     RuleOfKey{"stepcomp/rm.portion2", &FollowPortion},
     RuleOfKey{"stepcomp/cond.portion", &FollowPortion},

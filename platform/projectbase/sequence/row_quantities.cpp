@@ -9,10 +9,14 @@ namespace {
 
 constexpr double kUnknown = std::numeric_limits<double>::quiet_NaN();
 
+double Finite(double value)
+{
+    return std::isfinite(value) ? value : kUnknown;
+}
+
 double Quotient(double value, double divisor)
 {
-    const double quotient = value / divisor;
-    return std::isfinite(quotient) ? quotient : kUnknown;
+    return Finite(value / divisor);
 }
 
 /// Fills the flows that were not typed from the flow rate, which is m³/h.
@@ -32,7 +36,7 @@ double FlowRate(const RowQuantities& row, std::string_view flow, const BedSize& 
 {
     if (flow == "q")
         return row.q;
-    return flow == "q.bv" ? row.qBv * bed.volume : row.v * bed.area;
+    return Finite(flow == "q.bv" ? row.qBv * bed.volume : row.v * bed.area);
 }
 
 }  // namespace
@@ -46,13 +50,13 @@ RowQuantities FollowTyped(const RowQuantities& row, std::string_view flow, std::
     SetFlow(result, q, typed, bed);
     if (amount == "vol" || amount == "vol.bv") {
         const bool inBedVolumes = amount == "vol.bv";
-        const double volume = inBedVolumes ? row.volBv * bed.volume : row.vol;
+        const double volume = inBedVolumes ? Finite(row.volBv * bed.volume) : row.vol;
         result.t = Quotient(volume, q);
         result.vol = volume;
         result.volBv = inBedVolumes ? row.volBv : Quotient(volume, bed.volume);
         return result;
     }
-    result.vol = q * row.t;
+    result.vol = Finite(q * row.t);
     result.volBv = Quotient(result.vol, bed.volume);
     return result;
 }

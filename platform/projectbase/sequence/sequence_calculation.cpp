@@ -227,7 +227,9 @@ std::vector<RowVolumes> Volumes(const OwnerNode& node)
             const Exchanger::Dose dose = exchanger.DoseOf(row);
             entry.volume = dose.supply;
             entry.dilution = exchanger.DilutionOf(row);
-            entry.dilutionVolume = dose.solution - dose.supply;
+            // A supply weaker than what is applied cannot be diluted.
+            const double water = dose.solution - dose.supply;
+            entry.dilutionVolume = water < 0.0 ? kUnknown : water;
         }
         volumes.push_back(entry);
     }
@@ -293,7 +295,9 @@ void CalculateNet(iex::IEXProject& project)
     }
     const double unknown = hasSequence ? 0.0 : kUnknown;
     const auto lines = static_cast<double>(details.At("project/nlines").GetLongValue());
-    const double net = Value(details, "project/wbrutto") - all.ownUse + unknown;
+    // Own use beyond the product leaves nothing to speak of.
+    const double rest = Value(details, "project/wbrutto") - all.ownUse + unknown;
+    const double net = rest > 0.0 ? rest : kUnknown;
     const double flow = net / Value(details, "project/lz");
     Set(details, "project/wnetto", net);
     Set(details, "project/qnetto", std::isfinite(flow) ? flow : kUnknown);

@@ -264,6 +264,15 @@ void Save(Project& project, OwnerNode& exchanger, const RegSeqData& data)
     KeepRequired(project, exchanger);
 }
 
+void CorrectMedium(OwnerNode& row)
+{
+    const Type* const type = FindType(Text(row, "regseqstep/type"));
+    const OwnerNode* const exchanger = row.GetParent();
+    if (type != nullptr && exchanger != nullptr)
+        SetText(*row.GetDetails(), "regseqstep/medium",
+                MediumFor(*exchanger, *type, Text(row, "regseqstep/medium")));
+}
+
 void KeepRequired(Project& project, OwnerNode& exchanger)
 {
     const ProjectEdit edit(project);

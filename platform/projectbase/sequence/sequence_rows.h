@@ -22,6 +22,9 @@ PROJECTBASE_EXPORT RegSeqData Read(const OwnerNode& exchanger);
 /// text_limits::kRemarks letters.
 PROJECTBASE_EXPORT void Save(Project& project, OwnerNode& exchanger, const RegSeqData& data);
 
+/// Gives a row a medium that its type can have, where it has another one.
+PROJECTBASE_EXPORT void CorrectMedium(OwnerNode& row);
+
 /// Adds what the exchanger requires and marks the first row of each such kind as not removable: a
 /// regenerant, displacement and rinse; the first regenerant, too, where sulfuric acid is applied in two
 /// steps; in a mixed bed backwash, both regenerants, air mixing and final rinse.

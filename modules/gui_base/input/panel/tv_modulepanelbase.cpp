@@ -339,8 +339,17 @@ void ModulePanelBase::FitAndLayout()
         GetSizer()->SetSizeHints(this);
     if (GetSizer() != nullptr)
         FitInside();
-    if (GetParent() != nullptr)
-        GetParent()->Layout();
+    // What is around a panel on a page grows with it, as far as the page that scrolls.
+    const ModulePanelBase* whole = this;
+    for (wxWindow* around = GetParent(); around != nullptr; around = around->GetParent()) {
+        if (auto* const page = dynamic_cast<ModulePanelBase*>(around)) {
+            page->FitInside();
+            whole = page;
+        }
+        around->Layout();
+        if (whole->IsBookPage() || around->IsTopLevel())
+            break;
+    }
 }
 
 bool ModulePanelBase::IsBookPage() const

@@ -59,6 +59,11 @@ TVRegSeqGrid::TVRegSeqGrid(wxWindow* parent, int id)
     SetCellHighlightROPenWidth(1);
     Bind(wxEVT_KEY_DOWN, &TVRegSeqGrid::OnKeyDown, this);
     Bind(wxEVT_GRID_TABBING, &TVRegSeqGrid::OnTabbing, this);
+    Bind(wxEVT_GRID_LABEL_LEFT_CLICK, [this](wxGridEvent& event) {
+        // The keys are for what is selected.
+        SetFocus();
+        event.Skip();
+    });
     Bind(wxEVT_GRID_CELL_RIGHT_CLICK, [this](wxGridEvent& event) {
         const auto chosen = GetChosenRows();
         if (std::ranges::find(chosen, event.GetRow()) == chosen.end()) {

@@ -12,11 +12,17 @@
 
 namespace {
 
-std::vector<SelectionChoice> TypeChoices()
+/// Conditioning only where there is one, or a row for it.
+std::vector<SelectionChoice> TypeChoices(bool hasConditioning, const std::vector<RegSeqStep>& steps)
 {
+    const bool isThere = std::ranges::any_of(
+        steps, [](const RegSeqStep& step) { return step.type == sequence::kConditioning; });
     std::vector<SelectionChoice> choices;
-    for (const sequence::Type& type : sequence::Types())
+    for (const sequence::Type& type : sequence::Types()) {
+        if (type.key == sequence::kConditioning && !hasConditioning && !isThere)
+            continue;
         choices.push_back({wxString::FromUTF8(type.key), i18n::Translated(wxString::FromUTF8(type.label))});
+    }
     return choices;
 }
 
@@ -131,7 +137,7 @@ void TVRegSeqSubPanelController::SetDataToView()
         return;
     m_view->SetData({.steps = m_data.steps,
                      .remarks = wxString::FromUTF8(m_data.remarks),
-                     .types = TypeChoices(),
+                     .types = TypeChoices(m_project->HasConditioning(m_view->GetStep()), m_data.steps),
                      .media = MediumChoices(m_project->GetStep(m_view->GetStep())),
                      .directions = DirectionChoices()});
 }

@@ -113,6 +113,8 @@ TEST_F(RegenerationTest, ACellIsTypedAndTheRestFollows)
     EXPECT_FALSE(Grid().GetRegSeqTable().IsEditable(0, kRegSeqVelocity));
     EXPECT_TRUE(Grid().GetRegSeqTable().IsEditable(0, kRegSeqHours));
     EXPECT_EQ(Types()[0], "SETTLE");
+    const auto types = Grid().GetRegSeqTable().TextsOf(kRegSeqType);
+    EXPECT_EQ(std::ranges::count(types, "Conditioning"), 0) << "without a conditioner";
 }
 
 TEST_F(RegenerationTest, RowsComeGoAndMoveByKeysAndButtons)
@@ -129,6 +131,10 @@ TEST_F(RegenerationTest, RowsComeGoAndMoveByKeysAndButtons)
     Pump();
     EXPECT_THAT(Types(), ElementsAre("BW", "REG", "DISP", "BW", "RINSE"));
     EXPECT_THAT(m_panel->GetSequence().GetSelectedRows(), ElementsAre(3)) << "the selection follows";
+
+    const auto& remarks = Find<TvTextCtrl>(*m_panel, "Remarks");
+    const wxRect inside(m_panel->GetSequence().GetClientSize());
+    EXPECT_TRUE(inside.Contains(wxRect(remarks.GetPosition(), remarks.GetSize()))) << "has room";
 
     // By the rule of the swap: row 0 stays, row 1 then changes places with it.
     m_panel->GetSequence().SelectRows({0, 1});
@@ -205,6 +211,11 @@ TEST_F(RegenerationTest, ADilutionFollowsItsPanel)
     Pump();
     EXPECT_EQ(details.At("stepcomp/rm.portion2").GetDoubleValue(), 60.0);
     EXPECT_EQ(details.At("stepcomp/rm.portion").GetDoubleValue(), 40.0) << "together they are all";
+    Click(Find<TvCheckBox>(*m_panel, "Progressive"));
+    Pump();
+    EXPECT_EQ(details.At("stepcomp/rm.portion").GetDoubleValue(), 100.0) << "alone it is all";
+    Click(Find<TvCheckBox>(*m_panel, "Progressive"));
+    Pump();
     auto& chemical = Find<tvChoiceAdv>(*m_panel, "Kind of regeneration");
     EXPECT_EQ(chemical.GetKey(), "HCL");
     Focus(chemical);

@@ -90,6 +90,12 @@ TEST(RowQuantities, WhatCannotBeKnownIsEmpty)
          "t",
          {2.0, 0.0},
          {.v = 10.0, .q = 20.0, .t = 0.5, .vol = 10.0}},
+        {"beyond all numbers",
+         {.v = 1e300, .t = 1e300},
+         "v",
+         "t",
+         bed,
+         {.v = 1e300, .q = 2e300, .qBv = 5e299, .t = 1e300}},
         {"nothing typed", {.v = 10.0}, "v", "t", bed, {.v = 10.0, .q = 20.0, .qBv = 5.0}},
     };
     for (const auto& row : cases)
@@ -180,6 +186,9 @@ TEST_F(SequenceTest, AChemicalFlowsAsItsDoseAndDilutionSay)
     EXPECT_TRUE(std::isnan(Get(acid, "regseqstep/vol"))) << "a density that is not known";
     EXPECT_TRUE(std::isnan(Get(acid, "regseqstep/t")));
     EXPECT_EQ(Get(acid, "regseqstep/q.bv"), 4.0) << "what was typed stays";
+    Set(*exchanger.GetChildren(OwnerKind::Compartment)[0], "stepcomp/konz.d", 33.0);
+    sequence::Calculate(exchanger);
+    EXPECT_TRUE(std::isnan(sequence::Volumes(exchanger)[1].dilutionVolume)) << "stronger than its supply";
 }
 
 TEST_F(SequenceTest, SulfuricAcidInTwoStepsHasTwoRows)
@@ -229,6 +238,12 @@ TEST_F(SequenceTest, WhatAnExchangerRequiresStays)
     EXPECT_TRUE(sequence::Read(bed).steps.back().removable);
     Set(Row(bed, 4), "regseqstep/type", "REGSEQ_DRAIN");
     EXPECT_EQ(TypesOf(bed).back(), "REGSEQ_RINSE!") << "now the only one";
+    // A row has a medium that its type can have, however it is told.
+    Set(Row(bed, 0), "regseqstep/medium", "REGSEQ_AIR");
+    EXPECT_EQ(sequence::Read(bed).steps[0].medium, "REGSEQ_TAP_WATER");
+    Set(Row(bed, 0), "regseqstep/type", "REGSEQ_AIRMIX");
+    EXPECT_EQ(sequence::Read(bed).steps[1].medium, "REGSEQ_AIR")
+        << "the backwash that is required stands before";
 }
 
 TEST_F(SequenceTest, RowsKeepTheirIdentityAndAreUndone)
