@@ -34,6 +34,7 @@ std::string UnitName(const std::string& name)
 /// The list and the name in it that a key means.
 struct Target
 {
+    OwnerNode* owner = nullptr;
     DetailList* list = nullptr;
     std::string name;
     DetailData* detail = nullptr;
@@ -104,7 +105,7 @@ Target FindTarget(Project& project, const ProjectSetting& setting)
 {
     if (setting.owner.empty()) {
         if (DetailData* detail = project.GetDetails().GetDetail(setting.key))
-            return {&project.GetDetails(), setting.key, detail};
+            return {&project.GetRoot(), &project.GetDetails(), setting.key, detail};
     }
     OwnerNode& owner = FindOwner(project, setting.owner);
     DetailList* list = owner.GetDetails();
@@ -113,11 +114,11 @@ Target FindTarget(Project& project, const ProjectSetting& setting)
         setting.key.find('/') != std::string::npos ? setting.key : std::string(prefix) + setting.key;
     // "temp" stands for what is typed, not for the temperature in °C that follows from it.
     if (DetailData* typed = list->GetDetail(name + std::string(kOrig)))
-        return {list, name + std::string(kOrig), typed};
+        return {&owner, list, name + std::string(kOrig), typed};
     DetailData* detail = list->GetDetail(name);
     if (detail == nullptr)
         throw SettingError(fmt::format("there is no value '{}'", setting.key));
-    return {list, name, detail};
+    return {&owner, list, name, detail};
 }
 
 /// The unit as the project keeps it; throws when what is typed as `name` cannot be given in it.
@@ -228,6 +229,7 @@ void ApplySetting(Project& project, const ProjectSetting& setting)
             SetNumber(target, setting);
         else
             SetText(target, setting);
+        project.NoteTyped(*target.owner, *target.detail);
         given = target.detail->GetStoredValue();
     }
     // A blend is what its waters make it, an ion without a name is none. What is given back may follow again.

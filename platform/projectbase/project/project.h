@@ -85,6 +85,9 @@ public:
     /// The owner of a written path ("water.1", "ex.2.comp.1.resin.1", "ex.2.seq.4", "" for the project), or
     /// null. Places count from 1.
     OwnerNode* FindOwner(std::string_view path);
+    /// An input of the owner was typed, also where its value is what it was before: what follows from several
+    /// inputs asks which of them was typed last. Within an edit.
+    void NoteTyped(OwnerNode& owner, DetailData& detail);
     /// The path of an owner at its present place; empty for the project.
     std::string PathOf(DetailOwner owner) const;
     /// The detail at an address, or null; of a list's entry there is none.

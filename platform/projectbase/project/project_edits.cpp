@@ -98,6 +98,11 @@ void Project::UpdateStatus(bool changed)
         m_status = reached;
 }
 
+void Project::NoteTyped(OwnerNode& owner, DetailData& detail)
+{
+    m_journal->MarkTyped(owner, detail);
+}
+
 void Project::ApplyPendingRules()
 {
     if (m_journal->GetKind() != EditKind::Typed)

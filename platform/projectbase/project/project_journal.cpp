@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <utility>
 
 namespace {
 
@@ -71,6 +72,12 @@ std::vector<TypedInput> ProjectJournal::TakeTyped()
         typed.push_back({*value->node, *value->detail, value->seen});
         value->seen = value->detail->GetStoredValue();
     }
+    for (const auto& [node, detail] : std::exchange(m_marked, {})) {
+        const bool isTaken = std::ranges::any_of(
+            typed, [detail = detail](const TypedInput& input) { return &input.detail == detail; });
+        if (!isTaken && !detail->IsDerived() && node->m_project != nullptr)
+            typed.push_back({*node, *detail, detail->GetStoredValue()});
+    }
     return typed;
 }
 
@@ -103,6 +110,7 @@ ProjectChanges ProjectJournal::Close(const std::map<std::string, DetailGroupsPtr
         }
     }
     m_elements.clear();
+    m_marked.clear();
     m_serial = 0;
     return {m_kind, std::move(name), isNamed, std::move(elements)};
 }

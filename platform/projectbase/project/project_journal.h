@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <map>
 #include <string>
+#include <utility>
 #include <variant>
 #include <vector>
 
@@ -46,8 +47,10 @@ public:
     void NoteGroups(const std::string& kind, const DetailGroupsPtr& before);
     void NoteStructure(StructureChange change) { m_elements.emplace_back(std::move(change)); }
 
+    /// Somebody typed the value that stood there already.
+    void MarkTyped(OwnerNode& node, DetailData& detail) { m_marked.emplace_back(&node, &detail); }
     /// Inputs that changed since they were taken here, in the order of their first writes, with the values
-    /// before.
+    /// before; and those that were marked since then.
     std::vector<TypedInput> TakeTyped();
     /// Ends the record and gives what it amounts to. `groups` are those that the project has now.
     ProjectChanges Close(const std::map<std::string, DetailGroupsPtr>& groups);
@@ -60,4 +63,5 @@ private:
     EditKind m_kind = EditKind::Typed;
     std::string m_name;
     std::vector<Element> m_elements;
+    std::vector<std::pair<OwnerNode*, DetailData*>> m_marked;
 };

@@ -176,6 +176,12 @@ void FollowPortion(const Context& context, const TypedInput& input)
         input.node.GetDetails()->At(other).SetValue(rest);
 }
 
+/// What is typed stays, also where the design would come to the same.
+void KeepDiameter(const Context&, const TypedInput& input)
+{
+    input.node.GetDetails()->At("step/diameter.designed").SetValue(std::nan(""));
+}
+
 /// Without a second dilution the first one is all.
 void KeepDilutions(const Context& context, const TypedInput& input)
 {
@@ -213,6 +219,7 @@ constexpr std::array kRules{
     RuleOfKey{"regseqstep/type", &KeepRequiredRows},
     RuleOfKey{"regseqstep/medium", &KeepRequiredRows},
     RuleOfKey{"regseqstep/flag.removable", &KeepRequiredRows},
+    RuleOfKey{"step/diameter", &KeepDiameter},
     RuleOfKey{"stepcomp/rm.chemical", &FollowChemical},
     RuleOfKey{"stepcomp/cond.chemical", &FollowChemical},
     RuleOfKey{"stepcomp/rm.progressive", &KeepDilutions},

@@ -6,6 +6,7 @@
 #include "tests/support/locale_scope.h"
 #include "tests/support/temp_folder.h"
 
+#include <fmt/format.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -310,6 +311,34 @@ TEST_F(Calc, PrintsTheSameValidJsonEveryTime)
         "assert d['liquids'][0]['details']['liquid/na.orig'] == {'value': 22.99, 'unit': 'mg/l'}";
     const std::string command = "python3 -c \"" + program + "\" '" + (m_folder / "out.json").string() + "'";
     EXPECT_EQ(std::system(command.c_str()), 0);
+}
+
+TEST_F(Calc, WhatIsTypedStaysAlsoWhereItStoodThereBefore)
+{
+    iex::IEXProject plant("DEMI");
+    plant.GetDetails().At("project/qbrutto").SetValue(30.0);
+    plant.GetDetails().At("project/lz").SetValue(16.0);
+    plant.GetLiquid(0).GetDetails()->At("liquid/ca.orig").SetValue(60.0);
+    OwnerNode& row = *plant.FindOwner("ex.1.seq.3");
+    row.GetDetails()->At("regseqstep/t").SetValue(0.5);
+    row.GetDetails()->At("regseqstep/vol.bv").SetValue(2.0);
+    const double time = row.GetDetails()->At("regseqstep/t").GetDoubleValue();
+    const double diameter = plant.GetStep(0).GetDetails()->At("step/diameter").GetDoubleValue();
+    const std::string path = (m_folder / "plant.tarnvik").string();
+    ProjectFile::Save(plant, path);
+    const auto set = [](const std::string& key, double value) { return fmt::format("{}={}", key, value); };
+    const Result flow = Run({path, "--json", "--set", "project/qbrutto=30", "--set", "project/wbrutto=300"});
+    EXPECT_THAT(flow.out, HasSubstr("\"project/lz\": {\"value\": 10,"));
+    const Result rinse = Run({path, "--json", "--set", set("ex.1.seq.3:regseqstep/t", time), "--set",
+                              "ex.1.seq.3:regseqstep/q=10"});
+    EXPECT_THAT(rinse.out, HasSubstr(fmt::format("\"regseqstep/vol\": {{\"value\": {},", 10.0 * time)));
+    const Result vessel =
+        Run({path, "--json", "--set", set("ex.1:step/diameter", diameter), "--set", "project/qbrutto=90"});
+    EXPECT_THAT(vessel.out, HasSubstr(fmt::format("\"step/diameter\": {{\"value\": {},", diameter)));
+    const Result free =
+        Run({path, "--json", "--set", "ex.1:step/diameter=3", "--set", "ex.1:step/diameter="});
+    EXPECT_EQ(free.code, 0) << free.err;
+    EXPECT_THAT(free.out, HasSubstr(fmt::format("\"step/diameter\": {{\"value\": {},", diameter)));
 }
 
 TEST_F(Calc, SetsValuesOfEveryPartOfAPlantAndReadsThemBack)

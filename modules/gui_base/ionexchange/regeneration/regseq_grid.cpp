@@ -7,6 +7,7 @@
 
 #include <wx/dcclient.h>
 #include <wx/menu.h>
+#include <wx/settings.h>
 
 #include <algorithm>
 #include <array>
@@ -42,6 +43,19 @@ constexpr std::array kFlags{
 };
 constexpr int kFirstFlag = 100;
 
+/// The toolkit keeps its light text on the pale background of a selection without the focus.
+void TakeSelectionColours(wxGrid& grid)
+{
+    const wxColour window = wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOW);
+    const wxColour highlight = wxSystemSettings::GetColour(wxSYS_COLOUR_HIGHLIGHT);
+    constexpr double kShare = 0.35;
+    const auto mix = [](unsigned char a, unsigned char b) { return wxColour::AlphaBlend(a, b, kShare); };
+    grid.SetSelectionForeground(wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOWTEXT));
+    grid.SetSelectionBackground(wxColour(mix(highlight.Red(), window.Red()),
+                                         mix(highlight.Green(), window.Green()),
+                                         mix(highlight.Blue(), window.Blue())));
+}
+
 }  // namespace
 
 TVRegSeqGrid::TVRegSeqGrid(wxWindow* parent, int id)
@@ -57,6 +71,7 @@ TVRegSeqGrid::TVRegSeqGrid(wxWindow* parent, int id)
     SetDefaultRowSize(FromDIP(28));
     DisableDragRowSize();
     SetCellHighlightROPenWidth(1);
+    TakeSelectionColours(*this);
     Bind(wxEVT_KEY_DOWN, &TVRegSeqGrid::OnKeyDown, this);
     Bind(wxEVT_GRID_TABBING, &TVRegSeqGrid::OnTabbing, this);
     Bind(wxEVT_GRID_LABEL_LEFT_CLICK, [this](wxGridEvent& event) {
@@ -74,6 +89,7 @@ TVRegSeqGrid::TVRegSeqGrid(wxWindow* parent, int id)
     });
     Bind(wxEVT_SYS_COLOUR_CHANGED, [this](wxSysColourChangedEvent& event) {
         m_table->TakeColours();
+        TakeSelectionColours(*this);
         ForceRefresh();
         event.Skip();
     });
