@@ -31,23 +31,6 @@ constexpr std::array kQuantities{
     Quantity{wxTRANSLATE("Volume"), "m3", "vol"},       Quantity{wxTRANSLATE("Volume"), "BV", "vol.bv"},
 };
 
-struct WasteRow
-{
-    const char* label;
-    const char* amount;
-    const char* concentration;
-};
-constexpr std::array kWaste{
-    WasteRow{wxTRANSLATE("TH"), "step/m.th", "step/c.th"},
-    WasteRow{wxTRANSLATE("Na, K, NH4"), "step/m.na_k_nh4", "step/c.na_k_nh4"},
-    WasteRow{wxTRANSLATE("Other cations"), "step/m.other.c", "step/c.other.c"},
-    WasteRow{wxTRANSLATE("Cl"), "step/m.cl", "step/c.cl"},
-    WasteRow{wxTRANSLATE("SO4"), "step/m.so4", "step/c.so4"},
-    WasteRow{wxTRANSLATE("HCO3"), "step/m.hco3", "step/c.hco3"},
-    WasteRow{wxTRANSLATE("SiO2"), "step/m.sio2", "step/c.sio2"},
-    WasteRow{wxTRANSLATE("Other anions"), "step/m.other.a", "step/c.other.a"},
-};
-
 std::string InUnit(const char* unit, double value, const ReportContext& context)
 {
     return context.Number(UnitSystemManager::FromISO(unit, context.unitSystem, value), kDigits);
@@ -101,25 +84,6 @@ report::Table MediumTable(const OwnerNode& exchanger, const ReportContext& conte
     return table;
 }
 
-report::Table WasteTable(const OwnerNode& exchanger, const ReportContext& context)
-{
-    report::Table table{.columns = {{.title = {}, .stretch = 1.0},
-                                    {.title = "eq", .align = report::Align::Number},
-                                    {.title = "meq/l", .align = report::Align::Number}}};
-    const DetailList& details = *exchanger.GetDetails();
-    const auto number = [&](const char* key) {
-        return context.Number(details.At(key).GetDoubleValue(), kDigits);
-    };
-    for (const WasteRow& row : kWaste)
-        table.rows.push_back({.cells = {{.text = context.Translated(row.label)},
-                                        {.text = number(row.amount)},
-                                        {.text = number(row.concentration)}}});
-    table.rows.push_back({.cells = {{.text = context.Translated(wxTRANSLATE("Neutralisation"))},
-                                    {.text = number("step/neutral")},
-                                    {.text = {}}}});
-    return table;
-}
-
 bool IsRegenerated(const OwnerNode& exchanger)
 {
     return !exchanger.GetChildren(OwnerKind::SequenceRow).empty();
@@ -158,7 +122,5 @@ report::Section RegenerationReport::BuildReportPage(int id, const ReportContext&
         section.blocks.push_back(report::Paragraph{remarks});
     section.blocks.push_back(report::Heading{context.Translated(wxTRANSLATE("Medium volumes"))});
     section.blocks.push_back(MediumTable(exchanger, context));
-    section.blocks.push_back(report::Heading{context.Translated(wxTRANSLATE("Waste water and composition"))});
-    section.blocks.push_back(WasteTable(exchanger, context));
     return section;
 }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-/// A page for each exchanger that is regenerated: its sequence, what it needs of each medium, and its waste.
+/// A page for each exchanger that is regenerated: its sequence and what it needs of each medium.
 
 #include "gui_base/report/report_page_source.h"
 #include "gui_base_report/gui_base_report_export.h"

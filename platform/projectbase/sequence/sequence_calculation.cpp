@@ -20,13 +20,9 @@ double Value(const DetailList& details, std::string_view key)
     return details.At(key).GetDoubleValue();
 }
 
-/// Writes what follows; what stays is no change.
 void Set(DetailList& details, std::string_view key, double value)
 {
-    DetailData& detail = details.At(key);
-    const double before = detail.GetDoubleValue();
-    if (before != value && !(std::isnan(before) && std::isnan(value)))
-        detail.SetValue(value);
+    details.At(key).SetValue(value);
 }
 
 /// The keys of a chemical's supply and dilutions: those of regeneration and of conditioning are alike.

@@ -136,14 +136,12 @@ RegSeqStep Corrected(const OwnerNode& exchanger, const RegSeqStep& step)
 
 void SetText(DetailList& details, const char* key, const std::string& text)
 {
-    if (DetailData& detail = details.At(key); detail.GetStdStringValue() != text)
-        detail.SetValue(text);
+    details.At(key).SetValue(text);
 }
 
 void SetFlag(DetailList& details, const char* key, bool flag)
 {
-    if (DetailData& detail = details.At(key); detail.GetBoolValue() != flag)
-        detail.SetValue(flag);
+    details.At(key).SetValue(flag);
 }
 
 void WriteRow(OwnerNode& node, const RegSeqStep& row)
@@ -152,12 +150,8 @@ void WriteRow(OwnerNode& node, const RegSeqStep& row)
     SetText(details, "regseqstep/type", row.type);
     SetText(details, "regseqstep/medium", row.medium);
     SetText(details, "regseqstep/direction", row.direction);
-    for (const RowValue& value : kValues) {
-        DetailData& detail = details.At(value.key);
-        const double typed = row.Get(value.name);
-        if (detail.GetDoubleValue() != typed && !(std::isnan(detail.GetDoubleValue()) && std::isnan(typed)))
-            detail.SetValue(typed);
-    }
+    for (const RowValue& value : kValues)
+        details.At(value.key).SetValue(row.Get(value.name));
     SetText(details, "regseqstep/flow.typed", row.flowTyped);
     SetText(details, "regseqstep/amount.typed", row.amountTyped);
     SetFlag(details, "regseqstep/flag.counts", row.counts);

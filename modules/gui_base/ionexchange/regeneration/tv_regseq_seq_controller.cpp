@@ -159,7 +159,6 @@ void TVRegSeqSubPanelController::Store(const char* name, Follow follow)
     {
         const ProjectEdit edit(*m_project, name);
         SaveDataToProject();
-        LoadDataFromDetails();
         if (follow == Follow::Values)
             Calculate();
     }
