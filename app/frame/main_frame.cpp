@@ -3,6 +3,7 @@
 
 #include "app/frame/menu_table.h"
 #include "app/frame/message_log.h"
+#include "app/frame/plant_dialog.h"
 #include "app/frame/report_context.h"
 #include "dbinterfaces/project_database.h"
 #include "gui_base/dialogs/tv_report_controller.h"
@@ -17,6 +18,7 @@
 #include "gui_base/report/report_builder.h"
 #include "gui_base/support/file_path.h"
 #include "gui_base/support/translation.h"
+#include "projectbase/project/iex_project.h"
 #include "projectbase/project/range_faults.h"
 #include "projectbase/settings/settings.h"
 #include "tncommon/data_dir.h"
@@ -273,6 +275,21 @@ bool MainFrame::HasWhatIf() const
 {
     ModulePanelBase* panel = m_book->GetCurrentPanel();
     return panel != nullptr && panel->HasWhatIf();
+}
+
+bool MainFrame::CanChangePlant() const
+{
+    return dynamic_cast<const iex::IEXProject*>(&m_document->GetProject()) != nullptr;
+}
+
+void MainFrame::ChangePlant()
+{
+    CommitFocusedField();
+    try {
+        app::ChangePlant(this, dynamic_cast<iex::IEXProject&>(GetProject()));
+    } catch (const std::exception& error) {
+        ReportError(error);
+    }
 }
 
 void MainFrame::ShowWhatIf()

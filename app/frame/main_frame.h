@@ -56,6 +56,9 @@ public:
     /// Whether the page in front offers a what-if analysis.
     bool HasWhatIf() const;
     void ShowWhatIf();
+    /// Whether the project is of a plant whose type can be changed.
+    bool CanChangePlant() const;
+    void ChangePlant();
     void PrintReport();
     void ShowHelp();
     void ShowHelpContents();

@@ -116,6 +116,9 @@ constexpr std::array kToolsMenu{
     Row(
         wxTRANSLATE("What-&if analysis..."), "Ctrl+Shift+W", [](MainFrame& frame) { frame.ShowWhatIf(); },
         wxID_ANY, [](const MainFrame& frame) { return frame.HasWhatIf(); }),
+    Row(
+        wxTRANSLATE("Change &plant..."), "Ctrl+Shift+P", [](MainFrame& frame) { frame.ChangePlant(); },
+        wxID_ANY, [](const MainFrame& frame) { return frame.CanChangePlant(); }),
     kSeparator,
     Row(wxTRANSLATE("&Add water"), "", [](MainFrame& frame) { frame.Waters().Add(); }),
     Row(wxTRANSLATE("&Blend waters..."), "Ctrl+B", [](MainFrame& frame) { frame.Waters().Blend(); }),

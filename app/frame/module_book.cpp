@@ -119,13 +119,15 @@ void ModuleBook::Arrange()
     m_filling = true;
     m_tree.DeleteAllItems();
     m_filling = false;
-    const std::vector<PageHost*> before = m_hosts;
-    for (PageHost* host : before) {
-        if (std::ranges::any_of(wanted, [&](const Item& item) { return is(*host, item); }))
-            continue;
-        std::erase(m_hosts, host);
+    const auto kept = std::ranges::stable_partition(m_hosts, [&](const PageHost* host) {
+        return std::ranges::any_of(wanted, [&](const Item& item) { return is(*host, item); });
+    });
+    const std::vector<PageHost*> gone(kept.begin(), kept.end());
+    m_hosts.erase(kept.begin(), kept.end());
+    for (PageHost* host : gone)
+        host->Hold();
+    for (PageHost* host : gone)
         m_notebook.DeletePage(static_cast<std::size_t>(m_notebook.GetPageIndex(host)));
-    }
     for (std::size_t place = 0; place < wanted.size(); ++place) {
         const auto found =
             std::ranges::find_if(m_hosts, [&](const PageHost* host) { return is(*host, wanted[place]); });

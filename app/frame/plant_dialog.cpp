@@ -4,10 +4,14 @@
 #include "app/document/plant_templates.h"
 #include "dbinterfaces/master_database.h"
 #include "gui_base/dialogs/dialog_buttons.h"
+#include "gui_base/dialogs/questions.h"
+#include "gui_base/ionexchange/exchanger_name.h"
 #include "gui_base/support/translation.h"
 #include "projectbase/design/exchanger_label.h"
+#include "projectbase/project/iex_project.h"
 
 #include <wx/sizer.h>
+#include <wx/statbox.h>
 
 #include <algorithm>
 
@@ -23,15 +27,11 @@ const PlantTemplate* ExampleOf(const std::string& type)
     return found == plants.end() ? nullptr : &*found;
 }
 
-/// "Strong acid cation, Degasser, Strong base anion"; what may be left out stands in brackets.
-wxString ExchangersOf(const DBObjects::PlantType& type)
+bool HasExchanger(const iex::IEXProject& project, const std::string& kind)
 {
-    wxString text;
-    for (const DBObjects::PlantExchanger& exchanger : type.exchangers) {
-        const wxString name = i18n::Translated(design::ExchangerLabel(exchanger.kind));
-        text += (text.empty() ? "" : ", ") + (exchanger.optional ? "(" + name + ")" : name);
-    }
-    return text;
+    return std::ranges::any_of(project.GetRoot().GetChildren(OwnerKind::Exchanger), [&](const auto& step) {
+        return step->GetDetails()->At("step/kind").GetStdStringValue() == kind;
+    });
 }
 
 }  // namespace
@@ -39,34 +39,96 @@ wxString ExchangersOf(const DBObjects::PlantType& type)
 PlantDialog::PlantDialog(wxWindow* parent)
     : wxDialog(parent, wxID_ANY, i18n::Translated("New plant"), wxDefaultPosition, wxDefaultSize,
                wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER),
-      m_types(MasterDatabase::GetPlantTypes()),
-      m_list(new wxListView(this, wxID_ANY, wxDefaultPosition, FromDIP(wxSize(760, 240)),
-                            wxLC_REPORT | wxLC_SINGLE_SEL)),
-      m_example(new wxCheckBox(this, wxID_ANY, i18n::Translated("With the figures of an &example")))
+      m_types(MasterDatabase::GetPlantTypes())
 {
-    m_list->AppendColumn(i18n::Translated("Plant"), wxLIST_FORMAT_LEFT, FromDIP(220));
-    m_list->AppendColumn(i18n::Translated("Exchangers"), wxLIST_FORMAT_LEFT, FromDIP(520));
+    MakeControls("Create", true);
+}
+
+PlantDialog::PlantDialog(wxWindow* parent, const iex::IEXProject& project)
+    : wxDialog(parent, wxID_ANY, i18n::Translated("Change plant"), wxDefaultPosition, wxDefaultSize,
+               wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER),
+      m_types(MasterDatabase::GetPlantTypes()),
+      m_project(&project)
+{
+    MakeControls("Change", false);
+}
+
+void PlantDialog::MakeControls(const wxString& action, bool withExample)
+{
+    m_list = new wxListView(this, wxID_ANY, wxDefaultPosition, FromDIP(wxSize(420, 240)),
+                            wxLC_REPORT | wxLC_SINGLE_SEL);
+    m_list->AppendColumn(i18n::Translated("Plant"), wxLIST_FORMAT_LEFT, FromDIP(400));
+    long present = 0;
     for (const DBObjects::PlantType& type : m_types) {
         const long item =
             m_list->InsertItem(m_list->GetItemCount(), i18n::Translated(wxString::FromUTF8(type.name)));
-        m_list->SetItem(item, 1, ExchangersOf(type));
+        if (m_project != nullptr && type.type == m_project->GetModuleType())
+            present = item;
     }
-    m_list->Bind(wxEVT_LIST_ITEM_SELECTED, [this](wxListEvent&) { OnSelected(); });
+    m_list->Bind(wxEVT_LIST_ITEM_SELECTED, [this](wxListEvent&) { ShowExchangers(); });
     m_list->Bind(wxEVT_LIST_ITEM_ACTIVATED, [this](wxListEvent&) { EndModal(wxID_OK); });
 
     auto* outer = new wxBoxSizer(wxVERTICAL);
     const wxSizerFlags spaced = wxSizerFlags().Border(wxALL, FromDIP(8)).Expand();
-    outer->Add(m_list, wxSizerFlags(spaced).Proportion(1));
-    outer->Add(m_example, spaced);
-    outer->Add(dialogs::CreateButtons(*this, true, "Create"), spaced);
+    auto* columns = new wxBoxSizer(wxHORIZONTAL);
+    columns->Add(m_list, wxSizerFlags(spaced).Proportion(1));
+    columns->Add(MakeExchangers(), spaced);
+    outer->Add(columns, wxSizerFlags().Expand().Proportion(1));
+    if (withExample) {
+        m_example = new wxCheckBox(this, wxID_ANY, i18n::Translated("With the figures of an &example"));
+        m_example->Bind(wxEVT_CHECKBOX, [this](wxCommandEvent&) { ShowExchangers(); });
+        outer->Add(m_example, spaced);
+    }
+    outer->Add(dialogs::CreateButtons(*this, true, action), spaced);
     SetSizerAndFit(outer);
     if (!m_types.empty()) {
-        m_list->Select(0);
-        m_list->Focus(0);
+        m_list->Select(present);
+        m_list->Focus(present);
     }
-    OnSelected();
+    ShowExchangers();
     m_list->SetFocus();
     CentreOnParent();
+}
+
+wxSizer* PlantDialog::MakeExchangers()
+{
+    std::size_t longest = 0;
+    int widest = 0;
+    for (const DBObjects::PlantType& type : m_types) {
+        longest = std::max(longest, type.exchangers.size());
+        for (const DBObjects::PlantExchanger& exchanger : type.exchangers)
+            widest =
+                std::max(widest, GetTextExtent(i18n::Translated(design::ExchangerLabel(exchanger.kind))).x);
+    }
+    auto* box = new wxStaticBoxSizer(wxVERTICAL, this, i18n::Translated("Exchangers"));
+    for (std::size_t i = 0; i < longest; ++i) {
+        auto* check = new wxCheckBox(box->GetStaticBox(), wxID_ANY, wxString());
+        check->SetMinSize(wxSize(widest + FromDIP(40), -1));
+        box->Add(check, wxSizerFlags().Border(wxALL, FromDIP(4)).ReserveSpaceEvenIfHidden());
+        m_exchangers.push_back(check);
+    }
+    return box;
+}
+
+void PlantDialog::ShowExchangers()
+{
+    const DBObjects::PlantType* chosen = GetChosen();
+    if (m_example != nullptr)
+        m_example->Enable(chosen != nullptr && ExampleOf(chosen->type) != nullptr);
+    for (std::size_t i = 0; i < m_exchangers.size(); ++i) {
+        wxCheckBox& check = *m_exchangers[i];
+        const bool has = chosen != nullptr && i < chosen->exchangers.size();
+        check.Show(has);
+        if (!has)
+            continue;
+        const DBObjects::PlantExchanger& exchanger = chosen->exchangers[i];
+        check.SetLabel(i18n::Translated(design::ExchangerLabel(exchanger.kind)));
+        check.SetValue(!exchanger.optional ||
+                       (m_project != nullptr && HasExchanger(*m_project, exchanger.kind)));
+        // An example has exchangers of its own.
+        check.Enable(exchanger.optional && !IsExample());
+    }
+    Layout();
 }
 
 const DBObjects::PlantType* PlantDialog::GetChosen() const
@@ -75,10 +137,22 @@ const DBObjects::PlantType* PlantDialog::GetChosen() const
     return selected < 0 ? nullptr : &m_types[static_cast<std::size_t>(selected)];
 }
 
-void PlantDialog::OnSelected()
+std::string PlantDialog::GetType() const
 {
     const DBObjects::PlantType* chosen = GetChosen();
-    m_example->Enable(chosen != nullptr && ExampleOf(chosen->type) != nullptr);
+    return chosen == nullptr ? std::string() : chosen->type;
+}
+
+std::vector<std::string> PlantDialog::GetKinds() const
+{
+    std::vector<std::string> kinds;
+    if (const DBObjects::PlantType* chosen = GetChosen()) {
+        for (std::size_t i = 0; i < chosen->exchangers.size(); ++i) {
+            if (!chosen->exchangers[i].optional || m_exchangers[i]->GetValue())
+                kinds.push_back(chosen->exchangers[i].kind);
+        }
+    }
+    return kinds;
 }
 
 std::unique_ptr<Project> PlantDialog::MakeProject() const
@@ -86,10 +160,29 @@ std::unique_ptr<Project> PlantDialog::MakeProject() const
     const DBObjects::PlantType* chosen = GetChosen();
     if (chosen == nullptr)
         return nullptr;
-    const PlantTemplate* example = m_example->GetValue() ? ExampleOf(chosen->type) : nullptr;
-    if (example != nullptr)
-        return NewProjectFrom(*example);
-    return std::make_unique<iex::IEXProject>(chosen->type);
+    if (IsExample())
+        return NewProjectFrom(*ExampleOf(chosen->type));
+    auto project = std::make_unique<iex::IEXProject>(chosen->type);
+    project->SetPlant(chosen->type, GetKinds());
+    project->SetChanged(false);
+    return project;
+}
+
+void ChangePlant(wxWindow* parent, iex::IEXProject& project)
+{
+    PlantDialog dialog(parent, project);
+    if (dialog.ShowModal() != wxID_OK || dialog.GetType().empty())
+        return;
+    wxString lost;
+    for (const OwnerNode* exchanger : project.LostBy(dialog.GetKinds()))
+        lost += "\n" + ExchangerName(*exchanger);
+    const wxString question = i18n::Translated(
+        wxTRANSLATE("These exchangers are removed with their resins and regeneration sequences:"));
+    if (!lost.empty() &&
+        dialogs::AskYesNo(parent, question + lost, i18n::Translated("Change plant"), wxICON_WARNING,
+                          i18n::Translated(wxTRANSLATE("Undo brings them back."))) != wxID_YES)
+        return;
+    project.SetPlant(dialog.GetType(), dialog.GetKinds());
 }
 
 }  // namespace app

@@ -8,28 +8,47 @@
 #include <wx/listctrl.h>
 
 #include <memory>
+#include <string>
 #include <vector>
 
 class Project;
+namespace iex {
+class IEXProject;
+}
 
 namespace app {
 
-/// Choice of the type of plant that a new project is of, with an example of it on request.
+/// Choice of the type of plant and of its exchangers.
 class PlantDialog : public wxDialog
 {
 public:
+    /// For a new project, with the figures of an example on request.
     explicit PlantDialog(wxWindow* parent);
+    /// For the plant that a project is to become.
+    PlantDialog(wxWindow* parent, const iex::IEXProject& project);
 
-    /// A calculated project of the chosen type; null where none is chosen.
+    /// The chosen type with the kinds of its exchangers in flow order; an empty type where none is chosen.
+    std::string GetType() const;
+    std::vector<std::string> GetKinds() const;
+    /// A calculated project of the choice; null where none is chosen.
     std::unique_ptr<Project> MakeProject() const;
 
 private:
-    void OnSelected();
+    void MakeControls(const wxString& action, bool withExample);
+    wxSizer* MakeExchangers();
+    void ShowExchangers();
+    bool IsExample() const { return m_example != nullptr && m_example->IsEnabled() && m_example->GetValue(); }
     const DBObjects::PlantType* GetChosen() const;
 
     std::vector<DBObjects::PlantType> m_types;
-    wxListView* m_list;
-    wxCheckBox* m_example;
+    const iex::IEXProject* m_project = nullptr;
+    wxListView* m_list = nullptr;
+    std::vector<wxCheckBox*> m_exchangers;  ///< as many as the longest line has
+    wxCheckBox* m_example = nullptr;        ///< null for a project that exists
 };
+
+/// Lets the user choose what plant a project becomes. What would be lost is named and asked for; the change
+/// is one edit.
+void ChangePlant(wxWindow* parent, iex::IEXProject& project);
 
 }  // namespace app

@@ -74,6 +74,17 @@ Control& Find(wxWindow& window, const wxString& name, int index)
     throw std::runtime_error("no control " + name.utf8_string());
 }
 
+/// The first control of that type that shows a label.
+template <typename Control>
+Control& Labelled(wxWindow& window, const wxString& label)
+{
+    for (int index = 0;; ++index) {
+        auto& control = Find<Control>(window, {}, index);
+        if (control.GetLabel() == label)
+            return control;
+    }
+}
+
 /// A number locale of the C library ("de_DE.UTF-8") for the life of the object. Fails the test when there is
 /// none.
 class LocaleGuard

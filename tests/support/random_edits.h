@@ -133,6 +133,9 @@ private:
         const std::size_t steps = m_project.NumberSteps();
         if (steps == 0 || (steps < 4 && OneIn(2)))
             m_project.AddStep(Any({"SAC_H", "MB", "DEGAS"}), Pick(steps + 1));
+        else if (OneIn(8))
+            OneIn(2) ? m_project.SetPlant("DEMI", {"SAC_H", "DEGAS", "SBA"})
+                     : m_project.SetPlant("MB", {"MB"});
         else if (OneIn(3))
             m_project.RemoveOwner(m_project.GetStep(Pick(steps)));
         else

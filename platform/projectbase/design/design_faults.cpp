@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "projectbase/design/design_faults.h"
 
+#include "projectbase/design/dose_keys.h"
 #include "projectbase/design/hydraulics.h"
 #include "projectbase/design/plant_design.h"
 #include "projectbase/project/iex_project.h"
+#include "projectbase/sequence/sequence_calculation.h"
 
 #include <wx/translation.h>
 
@@ -32,6 +34,11 @@ constexpr Rule kTemperature{false, wxTRANSLATE("%s is above what the resin stand
 constexpr Rule kLevelTooLow{true, wxTRANSLATE("%s is below the usual range, which begins with %s")};
 constexpr Rule kLevelTooHigh{false, wxTRANSLATE("%s is above the usual range, which ends with %s")};
 constexpr Rule kRatio{true, wxTRANSLATE("%s does not suffice for the load, which needs %s")};
+constexpr Rule kDensity{false, wxTRANSLATE("%s is above the strongest solution whose density is known, %s")};
+constexpr Rule kSupply{false, wxTRANSLATE("%s is above the concentration of the supply, %s")};
+constexpr Rule kOwnUse{
+    false, wxTRANSLATE("%s, which the regenerations take from the product, is above all of it, %s")};
+constexpr const char* kOtherChemical = wxTRANSLATE("The resin is not regenerated with this chemical");
 constexpr Rule kTerminal{false, wxTRANSLATE("%s carries the beads out, which sink with %s")};
 
 class Faults
@@ -63,6 +70,18 @@ public:
                        .sentence = rule.sentence});
     }
 
+    /// Says of a choice what no number tells.
+    void Tell(const OwnerNode& node, std::string_view key, const char* sentence)
+    {
+        const DetailData& detail = node.GetDetails()->At(key);
+        all.push_back({.address = {node.GetOwner(), detail.GetName()},
+                       .label = detail.GetLabel(),
+                       .value = kNotKnown,
+                       .limit = kNotKnown,
+                       .unit = {},
+                       .sentence = sentence});
+    }
+
     std::vector<RangeFault> all;
 };
 
@@ -89,8 +108,31 @@ void CheckLevel(const ExchangerDesign& exchanger, const CompartmentDesign& bed, 
     faults.Check(*bed.node, "stepcomp/level", high, kLevelTooHigh);
 }
 
+/// Solutions that cannot be made, or whose volumes nobody knows.
+void CheckSolutions(const OwnerNode& compartment, const DoseKeys& keys, Faults& faults)
+{
+    const DetailList& details = *compartment.GetDetails();
+    const Regenerant* chemical = FindRegenerant(details.At(keys.chemical).GetStdStringValue());
+    if (chemical == nullptr || chemical->densities.empty())
+        return;
+    const double strongest = chemical->densities.back().percent;
+    const double supply = details.At(keys.supply).GetDoubleValue();
+    faults.Check(compartment, keys.supply, strongest, kDensity);
+    for (const std::string_view key : {keys.first, keys.second}) {
+        if (key == keys.second && !details.At(keys.progressive).GetBoolValue())
+            continue;
+        // The lower limit is the one that counts.
+        const bool isSupply = supply < strongest;
+        faults.Check(compartment, key, isSupply ? supply : strongest, isSupply ? kSupply : kDensity);
+    }
+}
+
 void CheckBed(const ExchangerDesign& exchanger, const CompartmentDesign& bed, Faults& faults)
 {
+    if (bed.resin != nullptr && bed.chemical != nullptr && !IsRegeneratedWith(*bed.resin, bed.chemical->key))
+        faults.Tell(*bed.node, kRegenerantKeys.chemical, kOtherChemical);
+    CheckSolutions(*bed.node, kRegenerantKeys, faults);
+    CheckSolutions(*bed.node, kConditionerKeys, faults);
     if (bed.resin == nullptr)
         return;
     const DetailData& resin = bed.resinNode->GetDetails()->At("compcomp/resin");
@@ -157,6 +199,9 @@ std::vector<RangeFault> DesignFaults(const iex::IEXProject& project)
     if (project.NumberSteps() == 0)
         return {};
     Faults faults;
+    const DetailData& product = project.GetDetails().At("project/wbrutto");
+    faults.Add(project.GetRoot(), product, sequence::TotalsOf(project).ownUse, wxTRANSLATE("Water"),
+               product.GetUnit(), product.GetDoubleValue(), kOwnUse);
     const double runningTime = project.GetDetails().At("project/lz").GetDoubleValue();
     for (const ExchangerDesign& exchanger : DesignOf(project).exchangers)
         CheckExchanger(exchanger, runningTime, faults);

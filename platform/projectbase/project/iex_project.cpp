@@ -18,6 +18,7 @@ namespace iex {
 namespace {
 
 constexpr const char* kDegasser = "DEGAS";
+constexpr const char* kInertResin = "inert";
 
 bool IsPositive(const DetailList& details, const char* key)
 {
@@ -42,6 +43,24 @@ void FillCompartment(OwnerNode& compartment, OwnerNode& resin, const DBObjects::
     details.At(design::kFirstDilution).SetValue(usual.dilution);
     details.At("stepcomp/rm.temp").SetValue(usual.temperature);
     resin.GetDetails()->At("compcomp/resin").SetValue(usual.resin);
+}
+
+std::string KindOf(const OwnerNode& exchanger)
+{
+    return exchanger.GetDetails()->At("step/kind").GetStdStringValue();
+}
+
+/// Whether a type has exchangers of these kinds, in that order and with all that it cannot do without.
+bool CanHave(const DBObjects::PlantType& plant, const std::vector<std::string>& kinds)
+{
+    auto next = kinds.begin();
+    for (const DBObjects::PlantExchanger& exchanger : plant.exchangers) {
+        if (next != kinds.end() && *next == exchanger.kind)
+            ++next;
+        else if (!exchanger.optional)
+            return false;
+    }
+    return next == kinds.end();
 }
 
 bool IsComplete(const OwnerNode& compartment)
@@ -112,6 +131,44 @@ OwnerNode& IEXProject::AddStep(const std::string& kind, std::size_t position)
     }
     sequence::AddDefaults(*this, step);
     return step;
+}
+
+void IEXProject::SetPlant(const std::string& type, const std::vector<std::string>& kinds)
+{
+    const auto plant = FindType(type);
+    if (!plant || !CanHave(*plant, kinds))
+        throw std::invalid_argument("IEXProject::SetPlant: a plant of type '" + type +
+                                    "' cannot have those exchangers");
+    const ProjectEdit edit(*this, wxTRANSLATE("change plant"));
+    for (const OwnerNode* lost : LostBy(kinds))
+        RemoveOwner(*FindOwner(lost->GetOwner()));
+    SetModuleType(type);
+    for (std::size_t i = 0; i < kinds.size(); ++i) {
+        if (i >= NumberSteps() || KindOf(GetStep(i)) != kinds[i])
+            AddStep(kinds[i], i);
+    }
+}
+
+std::vector<const OwnerNode*> IEXProject::LostBy(const std::vector<std::string>& kinds) const
+{
+    std::vector<const OwnerNode*> lost;
+    auto next = kinds.begin();
+    for (const auto& step : GetRoot().GetChildren(OwnerKind::Exchanger)) {
+        const auto found = std::find(next, kinds.end(), KindOf(*step));
+        if (found == kinds.end())
+            lost.push_back(step.get());
+        else
+            next = found + 1;
+    }
+    return lost;
+}
+
+OwnerNode& IEXProject::AddResin(OwnerNode& compartment, std::size_t position)
+{
+    const ProjectEdit edit(*this, wxTRANSLATE("add resin layer"));
+    OwnerNode& resin = AddOwner(compartment, std::make_shared<OwnerNode>(OwnerKind::Resin), position);
+    resin.GetDetails()->At("compcomp/resin").SetValue(kInertResin);
+    return resin;
 }
 
 RegSeqData IEXProject::GetRegSeqData(std::size_t step) const

@@ -36,6 +36,16 @@ public:
     /// Adds an exchanger ("SAC_H", ...) with its compartments, each with a resin, a regenerant, its level and
     /// dilution that are usual for its kind in a plant of this type.
     OwnerNode& AddStep(const std::string& kind, std::size_t position);
+    /// Makes it a plant of that type with exchangers of these kinds, as one edit. Of the exchangers that are
+    /// there those stay, with all that was typed, whose kinds come in the same order; the others go, and new
+    /// ones are as AddStep makes them. Throws std::invalid_argument where the type does not exist or cannot
+    /// have those exchangers.
+    void SetPlant(const std::string& type, const std::vector<std::string>& kinds);
+    /// The exchangers that would go.
+    std::vector<const OwnerNode*> LostBy(const std::vector<std::string>& kinds) const;
+    /// A resin of a compartment beside those that it has: an inert layer, to begin with. At the front it is
+    /// an under-layer, at the end a float.
+    OwnerNode& AddResin(OwnerNode& compartment, std::size_t position);
 
     /// The regeneration sequence of an exchanger; see sequence/sequence_rows.h. Throw std::out_of_range.
     RegSeqData GetRegSeqData(std::size_t step) const;

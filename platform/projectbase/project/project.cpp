@@ -47,6 +47,15 @@ std::unique_ptr<Project> Project::Clone() const
     return std::unique_ptr<Project>(new Project(*this));
 }
 
+void Project::SetModuleType(const std::string& type)
+{
+    if (type == m_moduleType)
+        return;
+    const ProjectEdit edit(*this);
+    m_root.SetOutOfDate(true);
+    m_journal->NoteType({.before = std::exchange(m_moduleType, type), .after = type});
+}
+
 LiquidData& Project::GetLiquid(std::size_t index)
 {
     return static_cast<LiquidData&>(*m_root.ChildrenOf(OwnerKind::Water).at(index));

@@ -47,6 +47,8 @@ public:
     Project& operator=(const Project&) = delete;
 
     const std::string& GetModuleType() const { return m_moduleType; }
+    /// Names another type. What the new type needs and the old one had stays as it is.
+    void SetModuleType(const std::string& type);
 
     /// Name of the displayed unit system; "iso" means ISO units.
     const std::string& GetUnitSystemDisplay() const { return m_unitSystem; }

@@ -5,13 +5,20 @@
 
 namespace {
 
+bool IsStructure(const StackElement& element)
+{
+    return std::holds_alternative<StructureChange>(element) || std::holds_alternative<TypeChange>(element);
+}
+
 DetailAddress AddressOf(const StackElement& element)
 {
     if (const auto* value = std::get_if<ValueChange>(&element))
         return value->address;
     if (const auto* groups = std::get_if<GroupsChange>(&element))
         return {{}, groups->kind};
-    return {std::get<StructureChange>(element).node->GetOwner(), {}};
+    if (const auto* structure = std::get_if<StructureChange>(&element))
+        return {structure->node->GetOwner(), {}};
+    return {};
 }
 
 }  // namespace
@@ -24,7 +31,7 @@ ProjectChanges::ProjectChanges(EditKind kind, std::string name, bool isNamed,
         const DetailOwner owner = AddressOf(element).owner;
         if (m_owners.empty() || m_owners.back() != owner)
             m_owners.push_back(owner);
-        m_hasStructure = m_hasStructure || std::holds_alternative<StructureChange>(element);
+        m_hasStructure = m_hasStructure || IsStructure(element);
     }
     std::ranges::sort(m_owners);
 }
@@ -37,6 +44,6 @@ bool ProjectChanges::Touches(DetailOwner owner) const
 bool ProjectChanges::Any(const std::function<bool(const DetailAddress&)>& is) const
 {
     return std::ranges::any_of(m_elements, [&is](const StackElement& element) {
-        return !std::holds_alternative<StructureChange>(element) && is(AddressOf(element));
+        return !IsStructure(element) && is(AddressOf(element));
     });
 }

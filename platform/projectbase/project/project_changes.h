@@ -53,8 +53,15 @@ struct StructureChange
     std::string nameAfter = {};
 };
 
+/// The project became one of another type of plant.
+struct TypeChange
+{
+    std::string before;
+    std::string after;
+};
+
 /// One element of a step of the history, or of what observers are told.
-using StackElement = std::variant<ValueChange, GroupsChange, StructureChange>;
+using StackElement = std::variant<ValueChange, GroupsChange, StructureChange, TypeChange>;
 
 /// How an edit came to be.
 enum class EditKind
@@ -77,6 +84,7 @@ public:
     bool IsNamed() const { return m_isNamed; }
     const std::vector<StackElement>& GetElements() const { return m_elements; }
 
+    /// Whether owners came, went, moved or were renamed, or the type of plant became another one.
     bool HasStructure() const { return m_hasStructure; }
     /// Whether a value of that owner changed, or the owner itself.
     bool Touches(DetailOwner owner) const;

@@ -105,6 +105,8 @@ ProjectChanges ProjectJournal::Close(const std::map<std::string, DetailGroupsPtr
             change->after = found == groups.end() ? nullptr : found->second;
             if (change->after != change->before)
                 elements.emplace_back(std::move(*change));
+        } else if (auto* type = std::get_if<TypeChange>(&element)) {
+            elements.emplace_back(std::move(*type));
         } else if (auto& structure = std::get<StructureChange>(element); !IsUnchanged(structure)) {
             elements.emplace_back(std::move(structure));
         }

@@ -46,6 +46,7 @@ public:
     void NoteValue(OwnerNode& node, DetailData& detail);
     void NoteGroups(const std::string& kind, const DetailGroupsPtr& before);
     void NoteStructure(StructureChange change) { m_elements.emplace_back(std::move(change)); }
+    void NoteType(TypeChange change) { m_elements.emplace_back(std::move(change)); }
 
     /// Somebody typed the value that stood there already.
     void MarkTyped(OwnerNode& node, DetailData& detail) { m_marked.emplace_back(&node, &detail); }
@@ -56,7 +57,7 @@ public:
     ProjectChanges Close(const std::map<std::string, DetailGroupsPtr>& groups);
 
 private:
-    using Element = std::variant<NotedValue, GroupsChange, StructureChange>;
+    using Element = std::variant<NotedValue, GroupsChange, StructureChange, TypeChange>;
 
     int m_depth = 0;
     std::uint64_t m_serial = 0;

@@ -167,8 +167,8 @@ private:
         const char* separator = "\n";
         for (const JsonMessage& message : messages) {
             m_text += fmt::format("{}    {{\"address\": {}, \"text\": {}, \"value\": {}, \"limit\": {}}}",
-                                  separator, Quoted(message.address), Quoted(message.text), message.value,
-                                  message.limit);
+                                  separator, Quoted(message.address), Quoted(message.text),
+                                  JsonNumber(message.value), JsonNumber(message.limit));
             separator = ",\n";
         }
         m_text += messages.empty() ? "]" : "\n  ]";

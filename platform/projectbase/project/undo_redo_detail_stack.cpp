@@ -53,6 +53,11 @@ public:
         }
     }
 
+    void operator()(const TypeChange& change) const
+    {
+        m_project.SetModuleType(m_back ? change.before : change.after);
+    }
+
 private:
     void Add(const StructureChange& change, std::size_t place) const
     {

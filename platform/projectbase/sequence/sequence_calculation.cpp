@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "projectbase/sequence/sequence_calculation.h"
 
+#include "projectbase/design/dose_keys.h"
 #include "projectbase/design/plant_design.h"
 #include "projectbase/design/regenerants.h"
 #include "projectbase/project/iex_project.h"
@@ -25,18 +26,6 @@ void Set(DetailList& details, std::string_view key, double value)
     details.At(key).SetValue(value);
 }
 
-/// The keys of a chemical's supply and dilutions: those of regeneration and of conditioning are alike.
-struct DoseKeys
-{
-    std::string_view chemical, amount, supply, progressive, first, firstPortion, second, secondPortion;
-};
-constexpr DoseKeys kRegeneration{"stepcomp/rm.chemical",    "stepcomp/rm",         "stepcomp/rm.konz",
-                                 "stepcomp/rm.progressive", "stepcomp/konz.d",     "stepcomp/rm.portion",
-                                 "stepcomp/konz.d2",        "stepcomp/rm.portion2"};
-constexpr DoseKeys kConditioner{"stepcomp/cond.chemical",    "stepcomp/cond.amount",  "stepcomp/cond.konz",
-                                "stepcomp/cond.progressive", "stepcomp/cond.konz.d",  "stepcomp/cond.portion",
-                                "stepcomp/cond.konz.d2",     "stepcomp/cond.portion2"};
-
 struct Row
 {
     OwnerNode* node = nullptr;
@@ -47,7 +36,10 @@ struct Row
     DetailList& Details() const { return *node->GetDetails(); }
     bool IsChemical() const { return type != nullptr && type->rowClass == "chemical"; }
     bool Flows() const { return type != nullptr && (type->rowClass == "flow" || IsChemical()); }
-    const DoseKeys& Keys() const { return type->key == kConditioning ? kConditioner : kRegeneration; }
+    const design::DoseKeys& Keys() const
+    {
+        return type->key == kConditioning ? design::kConditionerKeys : design::kRegenerantKeys;
+    }
 };
 
 /// A sequence with what its rows refer to.
@@ -86,7 +78,7 @@ public:
                                                        : design::FindRegenerant(row.medium->chemical);
         if (chemical == nullptr)
             return {};
-        const DoseKeys& keys = row.Keys();
+        const design::DoseKeys& keys = row.Keys();
         const DetailList& details = *m_compartments[static_cast<std::size_t>(row.compartment)]->GetDetails();
         const bool progressive = details.At(keys.progressive).GetBoolValue();
         // Rows that are alike share their dilution.
@@ -274,9 +266,8 @@ MediumSumsData SumsOf(const OwnerNode& exchanger)
     return result;
 }
 
-void CalculateNet(iex::IEXProject& project)
+Totals TotalsOf(const iex::IEXProject& project)
 {
-    DetailList& details = project.GetDetails();
     Totals all;
     bool hasSequence = false;
     for (std::size_t i = 0; i < project.NumberSteps(); ++i) {
@@ -286,19 +277,29 @@ void CalculateNet(iex::IEXProject& project)
         const Totals totals = TotalsOf(step);
         all.ownUse += totals.ownUse;
         all.serviceWater += totals.serviceWater;
+        all.chemicals += totals.chemicals;
         all.waste += totals.waste;
+        all.time = std::max(all.time, totals.time);
         hasSequence = true;
     }
-    const double unknown = hasSequence ? 0.0 : kUnknown;
+    if (!hasSequence)
+        return {kUnknown, kUnknown, kUnknown, kUnknown, kUnknown};
+    return all;
+}
+
+void CalculateNet(iex::IEXProject& project)
+{
+    DetailList& details = project.GetDetails();
+    const Totals all = TotalsOf(project);
     const auto lines = static_cast<double>(details.At("project/nlines").GetLongValue());
     // Own use beyond the product leaves nothing to speak of.
-    const double rest = Value(details, "project/wbrutto") - all.ownUse + unknown;
+    const double rest = Value(details, "project/wbrutto") - all.ownUse;
     const double net = rest > 0.0 ? rest : kUnknown;
     const double flow = net / Value(details, "project/lz");
     Set(details, "project/wnetto", net);
     Set(details, "project/qnetto", std::isfinite(flow) ? flow : kUnknown);
-    Set(details, "project/vol.serv.all", lines * all.serviceWater + unknown);
-    Set(details, "project/vol.waste.all", lines * all.waste + unknown);
+    Set(details, "project/vol.serv.all", lines * all.serviceWater);
+    Set(details, "project/vol.waste.all", lines * all.waste);
 }
 
 }  // namespace sequence

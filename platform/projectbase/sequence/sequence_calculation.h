@@ -41,6 +41,8 @@ struct Totals
     double time = 0.0;          ///< h
 };
 PROJECTBASE_EXPORT Totals TotalsOf(const OwnerNode& exchanger);
+/// Of all exchangers of a line, the time that of the longest; not numbers where none has a sequence.
+PROJECTBASE_EXPORT Totals TotalsOf(const iex::IEXProject& project);
 
 /// Per medium; air is no water and is not counted. The sums add up to the volumes of the rows.
 PROJECTBASE_EXPORT MediumSumsData SumsOf(const OwnerNode& exchanger);

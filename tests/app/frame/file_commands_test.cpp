@@ -226,7 +226,7 @@ TEST_F(FileCommandsTest, ANewPlantIsOfTheTypeThatIsChosen)
     for (const bool withExample : {false, true}) {
         m_dialogs.Expect([withExample](wxDialog& dialog) {
             Find<wxListView>(dialog).Select(withExample ? 3 : 1);
-            Find<wxCheckBox>(dialog).SetValue(withExample);
+            Find<wxCheckBox>(dialog, "With the figures of an example").SetValue(withExample);
             return static_cast<int>(wxID_OK);
         });
         m_frame->Files().NewPlant();

@@ -181,15 +181,19 @@ std::optional<double> NumericValidator::ParseControlValue(std::optional<double> 
 
 void NumericValidator::ReportNoNumber(const wxString& text, std::optional<double> becomes)
 {
+    TellNoNumber(*m_validatorWindow, m_validatorWindow->GetName(), text, becomes);
+}
+
+void NumericValidator::TellNoNumber(wxWindow& window, const wxString& name, const wxString& text,
+                                    std::optional<double> becomes)
+{
     if (!wxValidator::IsSilent())
         wxBell();
-    const wxString name = m_validatorWindow->GetName();
     const wxString message =
         becomes ? wxString::Format(i18n::Translated("%s: \"%s\" is no number; the value becomes %g"), name,
                                    text, *becomes)
                 : wxString::Format(i18n::Translated("%s: \"%s\" is no number; the value stays as it was"),
                                    name, text);
-    wxQueueEvent(wxGetTopLevelParent(m_validatorWindow),
-                 new MessageEvent(tv_MESSAGE, m_validatorWindow->GetId(), std::string(), std::string(),
-                                  {message.utf8_string()}));
+    wxQueueEvent(wxGetTopLevelParent(&window), new MessageEvent(tv_MESSAGE, window.GetId(), std::string(),
+                                                                std::string(), {message.utf8_string()}));
 }

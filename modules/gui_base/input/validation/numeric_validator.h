@@ -33,6 +33,10 @@ public:
     /// The number that a typed text states in the current locale. A point stands for the decimal sign where
     /// the locale knows no other use of it.
     static std::optional<double> ParseNumber(const wxString& text);
+    /// Rings the bell and tells the message area of the frame around `window` that a value's text is no
+    /// number: `becomes` is the number taken instead; without it the value stays as it was.
+    static void TellNoNumber(wxWindow& window, const wxString& name, const wxString& text,
+                             std::optional<double> becomes);
 
 protected:
     void DoTransferFromWindow() override;

@@ -3,7 +3,6 @@
 
 #include "gui_base/input/controls/tv_staticboxsizer.h"
 #include "gui_base/input/form/form_grid.h"
-#include "projectbase/design/exchanger_label.h"
 #include "projectbase/whatif/what_if_rows.h"
 
 #include <wx/statbox.h>
@@ -58,9 +57,8 @@ void DesignPanel::DoCreateForm()
     }
     outer->Add(line, spaced);
     for (const auto& exchanger : m_plant.GetRoot().GetChildren(OwnerKind::Exchanger)) {
-        const std::string kind = exchanger->GetDetails()->At("step/kind").GetStdStringValue();
-        auto* box = AddLocalizable(new TvStaticBoxSizer(wxVERTICAL, this, design::ExchangerLabel(kind)));
-        m_blocks.push_back(std::make_unique<ExchangerBlock>(*exchanger, GetFields(), *box));
+        auto* box = new wxStaticBoxSizer(wxVERTICAL, this);
+        m_blocks.push_back(std::make_unique<ExchangerBlock>(m_plant, *exchanger, GetFields(), *box));
         m_kept.push_back(exchanger);
         outer->Add(box, spaced);
     }
@@ -98,7 +96,7 @@ void DesignPanel::ShowNotes()
         return;
     const design::PlantDesign plant = design::DesignOf(m_plant);
     for (std::size_t i = 0; i < m_blocks.size(); ++i)
-        m_blocks[i]->ShowNotes(m_plant, plant.exchangers[i]);
+        m_blocks[i]->ShowNotes(plant.exchangers[i]);
     Layout();
     FitInside();
 }

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "gui_base/ionexchange/design/exchanger_block.h"
 
-#include "gui_base/input/controls/tv_staticboxsizer.h"
+#include "gui_base/input/controls/tv_button.h"
+#include "gui_base/input/controls/tv_statictext.h"
 #include "gui_base/input/form/form_grid.h"
 #include "gui_base/input/validation/numeric_validator.h"
+#include "gui_base/ionexchange/exchanger_name.h"
 #include "gui_base/report/design_report.h"
 #include "gui_base/report/range_sentence.h"
 #include "gui_base/support/translation.h"
@@ -17,7 +19,7 @@
 
 namespace {
 
-constexpr int kChoiceWidth = 240;
+constexpr int kChoiceWidth = 300;
 
 using Items = std::vector<std::pair<wxString, wxString>>;
 
@@ -128,34 +130,34 @@ bool IsPartOf(const OwnerNode* owner, const OwnerNode& exchanger)
 
 }  // namespace
 
-ExchangerBlock::ExchangerBlock(OwnerNode& exchanger, FieldSet& fields, TvStaticBoxSizer& box)
-    : m_fields(fields)
+ExchangerBlock::ExchangerBlock(iex::IEXProject& project, OwnerNode& exchanger, FieldSet& fields,
+                               wxStaticBoxSizer& box)
+    : m_project(project), m_exchanger(exchanger), m_fields(fields), m_box(*box.GetStaticBox())
 {
-    wxWindow* const parent = box.GetStaticBox();
+    wxWindow* const parent = &m_box;
     const wxSizerFlags spaced = wxSizerFlags().Border(wxALL, parent->FromDIP(form::kGap));
-    // What is typed, what the vessel comes to, what the bed comes to; a second bed stands below the first.
-    auto* columns = form::NewGrid(*parent);
-    columns->SetHGap(parent->FromDIP(6 * form::kGap));
-    auto* inputs = form::NewGrid(*parent);
-    columns->Add(inputs);
+    // What is typed, what the vessel comes to, what its beds come to.
+    auto* columns = new wxBoxSizer(wxHORIZONTAL);
+    const auto newColumn = [&columns, parent] {
+        auto* column = form::NewGrid(*parent);
+        columns->Add(column, wxSizerFlags().Border(wxRIGHT, parent->FromDIP(6 * form::kGap)));
+        return column;
+    };
+    auto* inputs = newColumn();
     const auto compartments = exchanger.GetChildren(OwnerKind::Compartment);
     if (compartments.empty()) {
         AddRows(parent, *inputs, exchanger, kDegasserInputs);
     } else {
         AddRows(parent, *inputs, exchanger, kVesselInputs);
-        auto* results = form::NewGrid(*parent);
-        AddRows(parent, *results, exchanger, kVesselResults);
-        columns->Add(results);
-    }
-    for (const auto& compartment : compartments) {
-        if (compartment != compartments.front()) {
-            inputs = form::NewGrid(*parent);
-            columns->Add(inputs);
-            columns->AddSpacer(0);
+        AddRows(parent, *newColumn(), exchanger, kVesselResults);
+        auto* results = newColumn();
+        for (const auto& compartment : compartments) {
+            if (compartments.size() > 1) {
+                AddHeading(parent, *inputs, compartment->GetPosition());
+                AddHeading(parent, *results, compartment->GetPosition());
+            }
+            AddCompartment(parent, *inputs, *results, *compartment);
         }
-        auto* results = form::NewGrid(*parent);
-        AddCompartment(parent, *inputs, *results, *compartment);
-        columns->Add(results);
     }
     box.Add(columns, spaced);
     m_notes = new wxStaticText(parent, wxID_ANY, wxString());
@@ -183,26 +185,66 @@ void ExchangerBlock::AddRows(wxWindow* parent, wxSizer& grid, OwnerNode& owner, 
     }
 }
 
+void ExchangerBlock::AddHeading(wxWindow* parent, wxSizer& grid, std::size_t compartment)
+{
+    static constexpr std::array kNames{wxTRANSLATE("Compartment 1"), wxTRANSLATE("Compartment 2")};
+    // More than two only a file can bring.
+    auto* name = m_fields.AddLabel(parent, kNames[std::min(compartment, kNames.size() - 1)]);
+    name->SetFont(name->GetFont().Bold());
+    grid.Add(name);
+    grid.AddSpacer(0);
+    grid.AddSpacer(0);
+}
+
 void ExchangerBlock::AddCompartment(wxWindow* parent, wxSizer& inputs, wxSizer& results,
                                     OwnerNode& compartment)
 {
-    for (const auto& resin : compartment.GetChildren(OwnerKind::Resin)) {
+    const auto resins = compartment.GetChildren(OwnerKind::Resin);
+    for (const auto& resin : resins) {
         AddRows(parent, inputs, *resin, kResinInputs);
+        if (resins.size() > 1)
+            AddButtons(parent, inputs, {{wxTRANSLATE("Remove layer"), [this, resin] {
+                                             const ProjectEdit edit(m_project,
+                                                                    wxTRANSLATE("remove resin layer"));
+                                             m_project.RemoveOwner(*resin);
+                                         }}});
         AddRows(parent, results, *resin, kResinResults);
     }
+    AddButtons(
+        parent, inputs,
+        {{wxTRANSLATE("Add layer below"), [this, &compartment] { m_project.AddResin(compartment, 0); }},
+         {wxTRANSLATE("Add layer above"), [this, &compartment] {
+              m_project.AddResin(compartment, compartment.GetChildren(OwnerKind::Resin).size());
+          }}});
     AddRows(parent, inputs, compartment, kBedInputs);
     AddRows(parent, results, compartment, kBedResults);
 }
 
-void ExchangerBlock::ShowNotes(const iex::IEXProject& project, const design::ExchangerDesign& exchanger)
+void ExchangerBlock::AddButtons(wxWindow* parent, wxSizer& grid, const std::vector<Button>& buttons)
 {
-    const ReportContext context = WindowContext(project);
+    auto* row = new wxBoxSizer(wxHORIZONTAL);
+    for (const Button& each : buttons) {
+        auto* button = m_fields.AddLocalizable(new TvButton(parent, wxID_ANY, each.label));
+        button->Bind(wxEVT_BUTTON, [action = each.action](wxCommandEvent&) { action(); });
+        row->Add(button, wxSizerFlags().Border(wxRIGHT, parent->FromDIP(form::kGap)));
+    }
+    grid.AddSpacer(0);
+    grid.Add(row);
+    grid.AddSpacer(0);
+}
+
+void ExchangerBlock::ShowNotes(const design::ExchangerDesign& exchanger)
+{
+    const wxString name = ExchangerName(m_exchanger);
+    if (m_box.GetLabelText() != name)
+        m_box.SetLabelText(name);
+    const ReportContext context = WindowContext(m_project);
     std::string text;
     for (const design::CompartmentDesign& bed : exchanger.compartments)
         Append(text, designtext::CapacityLines(bed.capacity, context));
     Append(text, designtext::LeakageLines(exchanger.leakages, context));
-    for (const RangeFault& fault : RangeFaults(project)) {
-        if (IsPartOf(project.FindOwner(fault.address.owner), *exchanger.node))
+    for (const RangeFault& fault : RangeFaults(m_project)) {
+        if (IsPartOf(m_project.FindOwner(fault.address.owner), *exchanger.node))
             Append(text, "\u26a0 " + RangeSentence(fault, context));
     }
     const wxString shown = wxString::FromUTF8(text);

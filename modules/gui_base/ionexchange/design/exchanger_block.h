@@ -7,35 +7,49 @@
 #include "projectbase/design/plant_design.h"
 #include "projectbase/project/iex_project.h"
 
+#include <wx/sizer.h>
+#include <wx/statbox.h>
 #include <wx/stattext.h>
 
+#include <functional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
 
-class TvStaticBoxSizer;
-
 class ExchangerBlock
 {
 public:
-    /// Makes the controls of an exchanger in `box`, bound by `fields`.
-    ExchangerBlock(OwnerNode& exchanger, FieldSet& fields, TvStaticBoxSizer& box);
+    /// Makes the controls of an exchanger in `box`, bound by `fields`. The exchanger outlives them.
+    ExchangerBlock(iex::IEXProject& project, OwnerNode& exchanger, FieldSet& fields, wxStaticBoxSizer& box);
 
     /// Whether a row of a block shows that value.
     static bool Shows(std::string_view key);
 
-    /// Where a capacity comes from, leakages and messages.
-    void ShowNotes(const iex::IEXProject& project, const design::ExchangerDesign& exchanger);
+    /// What the exchanger is called, where its capacities come from, leakages and messages.
+    void ShowNotes(const design::ExchangerDesign& exchanger);
     wxString GetNotes() const { return m_notes->GetLabelText(); }
     /// The window of a detail that no number shows, such as the choice of a resin; null where it has none.
     wxWindow* FindWindow(const DetailData& detail) const;
 
 private:
+    struct Button
+    {
+        const char* label;  ///< source text
+        std::function<void()> action;
+    };
+
     void AddRows(wxWindow* parent, wxSizer& grid, OwnerNode& owner, std::span<const FormRow> rows);
     void AddCompartment(wxWindow* parent, wxSizer& inputs, wxSizer& results, OwnerNode& compartment);
 
+    void AddHeading(wxWindow* parent, wxSizer& grid, std::size_t compartment);
+    void AddButtons(wxWindow* parent, wxSizer& grid, const std::vector<Button>& buttons);
+
+    iex::IEXProject& m_project;
+    OwnerNode& m_exchanger;
     FieldSet& m_fields;
+    wxStaticBox& m_box;
     wxStaticText* m_notes = nullptr;
     std::vector<std::pair<const DetailData*, wxWindow*>> m_windows;
 };

@@ -3,6 +3,7 @@
 #include "core/number_text.h"
 #include "gui_base/input/controls/tv_textctrl.h"
 #include "gui_base/input/validation/double_validator.h"
+#include "gui_base/input/validation/number_cells.h"
 #include "gui_base/ionexchange/feed/bitmap_grid_cell_renderer.h"
 #include "gui_base/ionexchange/feed/feed_composition_grid.h"
 #include "gui_base/ionexchange/feed/feed_total_box.h"
@@ -50,16 +51,6 @@ wxString AcidBaseText(int kind)
     return i18n::Translated(kAcidBaseTexts[known ? static_cast<std::size_t>(kind) : 0]);
 }
 
-wxGridCellAttr* NewAttribute(const wxColour& background, const wxColour& text, bool readOnly, int alignment)
-{
-    auto* attribute = new wxGridCellAttr;
-    attribute->SetBackgroundColour(background);
-    attribute->SetTextColour(text);
-    attribute->SetReadOnly(readOnly);
-    attribute->SetAlignment(alignment, wxALIGN_CENTRE);
-    return attribute;
-}
-
 }  // namespace
 
 FeedCompositionTable::FeedCompositionTable(Side side, const FeedComposition& composition, OnEdit onEdit)
@@ -89,13 +80,13 @@ void FeedCompositionTable::TakeColours(bool enabled)
     const wxColour input = enabled ? TvTextCtrl::EditableColour() : shown;
     const wxColour text =
         wxSystemSettings::GetColour(enabled ? wxSYS_COLOUR_WINDOWTEXT : wxSYS_COLOUR_GRAYTEXT);
-    m_text = NewAttribute(shown, text, true, wxALIGN_LEFT);
-    m_number = NewAttribute(shown, text, true, wxALIGN_RIGHT);
-    m_input = NewAttribute(input, text, !enabled, wxALIGN_RIGHT);
+    m_text = cells::NewAttribute(shown, text, true, wxALIGN_LEFT);
+    m_number = cells::NewAttribute(shown, text, true, wxALIGN_RIGHT);
+    m_input = cells::NewAttribute(input, text, !enabled, wxALIGN_RIGHT);
     // The alarm colours are pale in every theme, so the text on them is dark.
     m_negative =
-        NewAttribute(DoubleValidator(nullptr).GetBelowMinColour(), *wxBLACK, !enabled, wxALIGN_RIGHT);
-    m_icon = NewAttribute(shown, text, true, wxALIGN_CENTRE);
+        cells::NewAttribute(DoubleValidator(nullptr).GetBelowMinColour(), *wxBLACK, !enabled, wxALIGN_RIGHT);
+    m_icon = cells::NewAttribute(shown, text, true, wxALIGN_CENTRE);
     m_icon->SetRenderer(new BitmapGridCellRenderer(kRemoveImage));
 }
 
@@ -129,7 +120,7 @@ void FeedCompositionTable::SetValue(int row, int column, const wxString& text)
 {
     if (!IsUnitColumn(column) || row < 0 || row >= m_rows)
         return;
-    if (const auto value = NumericValidator::ParseNumber(text))
+    if (const auto value = cells::ParseNumber(*this, column, text))
         m_onEdit(static_cast<std::size_t>(row), UnitOfColumn(column), *value);
 }
 

@@ -4,6 +4,7 @@
 #include "core/number_text.h"
 #include "gui_base/input/controls/tv_textctrl.h"
 #include "gui_base/input/validation/double_validator.h"
+#include "gui_base/input/validation/number_cells.h"
 #include "gui_base/support/translation.h"
 #include "projectbase/units/unit_system_manager.h"
 
@@ -73,16 +74,6 @@ std::string ClassOf(const std::string& type)
     return found != nullptr ? found->rowClass : std::string();
 }
 
-wxGridCellAttr* NewAttribute(const wxColour& background, const wxColour& text, bool readOnly, int alignment)
-{
-    auto* attribute = new wxGridCellAttr;
-    attribute->SetBackgroundColour(background);
-    attribute->SetTextColour(text);
-    attribute->SetReadOnly(readOnly);
-    attribute->SetAlignment(alignment, wxALIGN_CENTRE);
-    return attribute;
-}
-
 }  // namespace
 
 RegSeqTable::RegSeqTable(std::function<void()> onEdit) : m_onEdit(std::move(onEdit))
@@ -111,11 +102,12 @@ void RegSeqTable::TakeColours()
 {
     ReleaseAttributes();
     const wxColour text = wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOWTEXT);
-    m_shownText = NewAttribute(TvTextCtrl::ReadOnlyColour(), text, true, wxALIGN_LEFT);
-    m_shownNumber = NewAttribute(TvTextCtrl::ReadOnlyColour(), text, true, wxALIGN_RIGHT);
-    m_number = NewAttribute(TvTextCtrl::EditableColour(), text, false, wxALIGN_RIGHT);
+    m_shownText = cells::NewAttribute(TvTextCtrl::ReadOnlyColour(), text, true, wxALIGN_LEFT);
+    m_shownNumber = cells::NewAttribute(TvTextCtrl::ReadOnlyColour(), text, true, wxALIGN_RIGHT);
+    m_number = cells::NewAttribute(TvTextCtrl::EditableColour(), text, false, wxALIGN_RIGHT);
     // The alarm colours are pale in every theme, so the text on them is dark.
-    m_negative = NewAttribute(DoubleValidator(nullptr).GetBelowMinColour(), *wxBLACK, false, wxALIGN_RIGHT);
+    m_negative =
+        cells::NewAttribute(DoubleValidator(nullptr).GetBelowMinColour(), *wxBLACK, false, wxALIGN_RIGHT);
 }
 
 void RegSeqTable::SetChoicesType(Choices choices)
@@ -209,7 +201,7 @@ void RegSeqTable::SetValue(int row, int column, const wxString& text)
         (column == kRegSeqType ? step.type : column == kRegSeqMedium ? step.medium : step.direction) = key;
     } else {
         const Column& shown = ColumnAt(column);
-        const auto number = NumericValidator::ParseNumber(text);
+        const auto number = cells::ParseNumber(*this, column, text);
         if (!number && !wxString(text).Trim().empty())
             return;
         const double value = number.value_or(std::numeric_limits<double>::quiet_NaN());
@@ -259,8 +251,9 @@ wxGridCellAttr* RegSeqTable::ChoiceAttribute(int row, int column)
     }
     wxGridCellAttr*& attribute = m_choices[what];
     if (attribute == nullptr) {
-        attribute = NewAttribute(TvTextCtrl::EditableColour(),
-                                 wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOWTEXT), false, wxALIGN_LEFT);
+        attribute =
+            cells::NewAttribute(TvTextCtrl::EditableColour(),
+                                wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOWTEXT), false, wxALIGN_LEFT);
         attribute->SetEditor(new TvGridCellChoiceEditor(choices, false));
     }
     return attribute;

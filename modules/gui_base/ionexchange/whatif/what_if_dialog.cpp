@@ -5,6 +5,7 @@
 #include "gui_base/ionexchange/whatif/what_if_grid.h"
 #include "gui_base/support/accessibility.h"
 #include "gui_base/support/button_label.h"
+#include "gui_base/support/events.h"
 #include "gui_base/support/help_file_provider.h"
 #include "gui_base/support/image_loader.h"
 #include "gui_base/support/translation.h"
@@ -141,6 +142,9 @@ void WhatIfDialog::BindEvents()
         wxEVT_BUTTON, [this](wxCommandEvent&) { Close(); }, wxID_CANCEL);
     Bind(wxEVT_CLOSE_WINDOW, &WhatIfDialog::OnClose, this);
     Bind(wxEVT_CHAR_HOOK, &WhatIfDialog::OnCharHook, this);
+    Bind(tv_MESSAGE, [this](MessageEvent& event) {
+        m_status->SetLabelText(wxString::FromUTF8(event.GetMessages().front()));
+    });
     m_table->SetOnEntered([this](int row, double value) { OnEdited(row, value); });
     m_grid->SetOnSearch([this](int row, int column) { SetColEditable(row, column); });
 }

@@ -2,6 +2,7 @@
 #include "gui_base/ionexchange/whatif/wif_table.h"
 
 #include "gui_base/input/controls/tv_textctrl.h"
+#include "gui_base/input/validation/number_cells.h"
 #include "gui_base/input/validation/numeric_validator.h"
 #include "gui_base/support/translation.h"
 #include "projectbase/details/detail_display.h"
@@ -98,7 +99,7 @@ void WifTable::SetValue(int row, int column, const wxString& text)
     const bool isNumber = detail->GetType() == DetailType::Double || detail->GetType() == DetailType::Long;
     if (!isNumber)
         detail->SetValueFromString(text);
-    else if (const auto value = NumericValidator::ParseNumber(text))
+    else if (const auto value = cells::ParseNumber(*this, column, text))
         Enter(row, *detail, *value);
 }
 
@@ -181,12 +182,10 @@ wxString WifTable::GetColLabelValue(int column)
 
 wxGridCellAttr* WifTable::NewAttribute(const wxColour& background, bool isNumber, bool isInput) const
 {
-    auto* attribute = new wxGridCellAttr;
-    attribute->SetBackgroundColour(background);
-    attribute->SetTextColour(
-        background == FailedColour() ? *wxBLACK : wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOWTEXT));
-    attribute->SetReadOnly(!isInput);
-    attribute->SetAlignment(isNumber ? wxALIGN_RIGHT : wxALIGN_LEFT, wxALIGN_CENTRE);
+    auto* attribute = cells::NewAttribute(
+        background,
+        background == FailedColour() ? *wxBLACK : wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOWTEXT),
+        !isInput, isNumber ? wxALIGN_RIGHT : wxALIGN_LEFT);
     if (isNumber) {
         // Numbers are shown and typed as in every field, not as the toolkit would.
         attribute->SetRenderer(new wxGridCellStringRenderer);

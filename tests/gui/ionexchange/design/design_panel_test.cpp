@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "gui_base/ionexchange/design/design_panel.h"
 
+#include "gui_base/input/controls/tv_button.h"
 #include "gui_base/input/controls/tv_choiceadv.h"
 #include "tests/support/gui_test.h"
 #include "tests/support/plant_fixture.h"
@@ -79,6 +80,32 @@ TEST_F(DesignPanelTest, AMessageLeadsToTheField)
     EXPECT_TRUE(Field("ex.2.comp.1", "stepcomp/level")->HasFocus());
     EXPECT_TRUE(lead("ex.1.comp.1.resin.1", "compcomp/resin")) << "a choice";
     EXPECT_FALSE(lead("water.1", "liquid/ph"));
+}
+
+TEST_F(DesignPanelTest, LayersComeAndGoByTheirButtons)
+{
+    const auto push = [this](const wxString& label) {
+        Click(Labelled<TvButton>(*m_panel, label));
+        Pump();
+    };
+    const auto resins = [this] {
+        std::vector<std::string> keys;
+        for (const auto& resin : m_project.FindOwner("ex.1.comp.1")->GetChildren(OwnerKind::Resin))
+            keys.push_back(resin->GetDetails()->At("compcomp/resin").GetStdStringValue());
+        return keys;
+    };
+    using Keys = std::vector<std::string>;
+    const double volume = support::Get(m_project, "ex.1.comp.1.resin.1", "compcomp/vol");
+    push("Add layer below");
+    EXPECT_EQ(resins(), (Keys{"inert", "sac_gel"}));
+    push("Add layer above");
+    EXPECT_EQ(resins(), (Keys{"inert", "sac_gel", "inert"}));
+    EXPECT_EQ(support::Get(m_project, "ex.1.comp.1.resin.2", "compcomp/vol"), volume);
+    push("Remove layer");
+    EXPECT_EQ(resins(), (Keys{"sac_gel", "inert"}));
+    push("Remove layer");
+    push("Add layer below");
+    EXPECT_EQ(resins(), (Keys{"inert", "inert"})) << "no exchanger needs a resin to be shown";
 }
 
 TEST_F(DesignPanelTest, FollowsExchangersThatComeAndGo)

@@ -13,6 +13,7 @@
 #include "gui_base/ionexchange/regeneration/tv_regseq_mediums.h"
 #include "gui_base/ionexchange/regeneration/tv_regseq_seq.h"
 #include "gui_base/ionexchange/regeneration/tv_regseq_seq_controller.h"
+#include "gui_base/support/events.h"
 #include "tests/support/gui_test.h"
 #include "tests/support/plant_fixture.h"
 #include "tests/support/project_history.h"
@@ -64,17 +65,6 @@ protected:
         return support::Get(*m_project, "ex.1.seq." + std::to_string(row + 1), key);
     }
 
-    /// The control that shows that label.
-    template <typename Control>
-    Control& Labelled(const wxString& label)
-    {
-        for (int index = 0;; ++index) {
-            auto& control = Find<Control>(*m_panel, {}, index);
-            if (control.GetLabel() == label)
-                return control;
-        }
-    }
-
     std::unique_ptr<iex::IEXProject> m_project;
     std::unique_ptr<support::History> m_history;
     RegenerationPanel* m_panel = nullptr;
@@ -96,8 +86,12 @@ TEST_F(RegenerationTest, ACellIsTypedAndTheRestFollows)
     EXPECT_EQ(Grid().GetCellValue(0, kRegSeqHours), "0.5");
     EXPECT_EQ(Grid().GetCellValue(0, kRegSeqVolume), "6.25") << "shown as soon as it is known";
     Cursor(0, kRegSeqMinutes);
+    std::vector<std::string> messages;
+    m_frame->Bind(tv_MESSAGE, [&messages](MessageEvent& event) { messages = event.GetMessages(); });
     Type("abc\r");
     Pump();
+    EXPECT_EQ(messages,
+              std::vector<std::string>{"Time min: \"abc\" is no number; the value stays as it was"});
     EXPECT_EQ(Row(0, "regseqstep/t"), 0.5) << "no number";
     m_history->stack.Undo();
     Pump();
@@ -138,12 +132,12 @@ TEST_F(RegenerationTest, RowsComeGoAndMoveByKeysAndButtons)
 
     // By the rule of the swap: row 0 stays, row 1 then changes places with it.
     m_panel->GetSequence().SelectRows({0, 1});
-    Click(Labelled<TvButton>("Move up"));
+    Click(Labelled<TvButton>(*m_panel, "Move up"));
     Pump();
     EXPECT_THAT(Types(), ElementsAre("REG", "BW", "DISP", "BW", "RINSE"));
     EXPECT_THAT(m_panel->GetSequence().GetSelectedRows(), ElementsAre(0, 1));
     m_panel->GetSequence().SelectRows({0, 1});
-    Click(Labelled<TvButton>("Move down"));
+    Click(Labelled<TvButton>(*m_panel, "Move down"));
     Pump();
     EXPECT_THAT(Types(), ElementsAre("DISP", "REG", "BW", "BW", "RINSE"));
     EXPECT_THAT(m_panel->GetSequence().GetSelectedRows(), ElementsAre(1, 2));
@@ -157,9 +151,9 @@ TEST_F(RegenerationTest, RowsComeGoAndMoveByKeysAndButtons)
     EXPECT_THAT(Types(), ElementsAre("DISP", "REG", "RINSE"));
     m_panel->GetSequence().SelectRows({0});
     m_panel->GetSequence().UpdateWindowUI();
-    EXPECT_FALSE(Labelled<TvButton>("Remove").IsEnabled());
-    EXPECT_FALSE(Labelled<TvButton>("Move up").IsEnabled());
-    EXPECT_TRUE(Labelled<TvButton>("Move down").IsEnabled());
+    EXPECT_FALSE(Labelled<TvButton>(*m_panel, "Remove").IsEnabled());
+    EXPECT_FALSE(Labelled<TvButton>(*m_panel, "Move up").IsEnabled());
+    EXPECT_TRUE(Labelled<TvButton>(*m_panel, "Move down").IsEnabled());
     m_history->stack.UndoAll();
     Pump();
     EXPECT_THAT(Types(), ElementsAre("BW", "REG", "DISP", "RINSE"));
@@ -173,7 +167,7 @@ TEST_F(RegenerationTest, RemarksAreOneStepForEachStayInTheirField)
     Focus(remarks);
     Type("warm");
     Pump();
-    EXPECT_TRUE(Labelled<wxStaticText>("4/4000").IsShown());
+    EXPECT_TRUE(Labelled<wxStaticText>(*m_panel, "4/4000").IsShown());
     EXPECT_EQ(remarks.GetInsertionPoint(), 4) << "nobody moves the caret";
     EXPECT_FALSE(m_history->stack.CanUndo());
     Focus(Grid());

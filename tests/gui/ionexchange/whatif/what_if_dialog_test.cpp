@@ -103,6 +103,9 @@ TEST_F(WhatIfDialogTest, AValueThatIsTypedFindsTheOther)
     EXPECT_EQ(Cell(0, kFound), "25");
     Press('Z', wxMOD_CONTROL | wxMOD_SHIFT);
     EXPECT_EQ(Cell(1, kFound), "24");
+    TypeInto(1, kEnter, "12a");
+    EXPECT_EQ(Cell(1, kFound), "24");
+    EXPECT_EQ(m_dialog->GetStatusText(), "Enter value: \"12a\" is no number; the value stays as it was");
     Push(wxID_BACKWARD);
     EXPECT_EQ(Cell(0, kEnter), "240");
     EXPECT_EQ(m_dialog->GetPosition(), -1);

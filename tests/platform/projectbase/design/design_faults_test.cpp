@@ -50,6 +50,8 @@ TEST(DesignFaults, TellWhatBedsAndResinsDoNotStandAndWhere)
         {"ex.1.comp.1", "stepcomp/level", 39.0, "ex.1.comp.1:stepcomp/level", 39.0, 40.0},
         {"ex.2.comp.1", "stepcomp/level", 71.0, "ex.2.comp.1:stepcomp/level", 71.0, 70.0},
         {"ex.2.comp.1", "stepcomp/rm.temp", 61.0, "ex.2.comp.1:stepcomp/rm.temp", 61.0, 60.0},
+        {"ex.1.comp.1", "stepcomp/rm.konz", 34.0, "ex.1.comp.1:stepcomp/rm.konz", 34.0, 33.0},
+        {"ex.1.comp.1", "stepcomp/konz.d", 31.0, "ex.1.comp.1:stepcomp/konz.d", 31.0, 30.0},
         {"water.1", "liquid/temp.orig", 70.0, "ex.2.comp.1.resin.1:compcomp/resin", 70.0, 60.0},
     };
     const auto project = MakePlant();
@@ -112,6 +114,34 @@ TEST(DesignFaults, ABackwashThatCarriesTheBeadsOut)
     EXPECT_EQ(Addresses(*project), std::vector<std::string>());
     Put(*project, "ex.2.seq.1", "regseqstep/v", 60.0);
     EXPECT_EQ(Addresses(*project), std::vector<std::string>{"ex.2.seq.1:regseqstep/v"});
+}
+
+TEST(DesignFaults, SaysWhyNothingFollows)
+{
+    const auto project = MakePlant();
+    Put(*project, "ex.1.comp.1", "stepcomp/konz.d2", 35.0);
+    EXPECT_EQ(Addresses(*project), std::vector<std::string>()) << "there is no second dilution";
+    Put(*project, "ex.1.comp.1", "stepcomp/rm.progressive", true);
+    EXPECT_EQ(Addresses(*project), std::vector<std::string>{"ex.1.comp.1:stepcomp/konz.d2"});
+    Put(*project, "ex.1.comp.1", "stepcomp/rm.progressive", false);
+
+    // A strong-base resin takes no acid.
+    Put(*project, "ex.2.comp.1", "stepcomp/rm.chemical", "HCL");
+    EXPECT_TRUE(std::isnan(support::Get(*project, "ex.2.comp.1.resin.1", "compcomp/vol")));
+    EXPECT_EQ(Addresses(*project).front(), "ex.2.comp.1:stepcomp/rm.chemical");
+    Put(*project, "ex.2.comp.1", "stepcomp/rm.chemical", "NAOH");
+
+    // Installed beds whose regeneration takes more than a short run makes.
+    Put(*project, "ex.1.comp.1.resin.1", "compcomp/vol.actual", 1.0);
+    Put(*project, "ex.2.comp.1.resin.1", "compcomp/vol.actual", 1.0);
+    Put(*project, "", "project/lz", 0.2);
+    EXPECT_TRUE(std::isnan(support::Get(*project, "", "project/wnetto")));
+    const auto faults = RangeFaults(*project);
+    const auto found = std::ranges::find_if(
+        faults, [](const RangeFault& fault) { return fault.address.key == "project/wbrutto"; });
+    ASSERT_NE(found, faults.end());
+    EXPECT_EQ(found->limit, 4.0);
+    EXPECT_GT(found->value, found->limit);
 }
 
 TEST(DesignFaults, WhatIsNotKnownBreaksNoRule)
