@@ -28,9 +28,7 @@ bool IsRegenerated(const OwnerNode& exchanger)
 bool IsPartOf(const Project& project, const OwnerNode& exchanger, DetailOwner owner)
 {
     const OwnerNode* node = project.FindOwner(owner);
-    while (node != nullptr && node != &exchanger)
-        node = node->GetParent();
-    return node != nullptr;
+    return node != nullptr && node->IsWithin(exchanger);
 }
 
 bool HoldsRegeneration(const Project& project, const OwnerNode& owner, const DetailAddress& address)

@@ -109,6 +109,14 @@ void OwnerNode::SetName(const std::string& name)
         m_project->RenameOwner(*this, name);
 }
 
+bool OwnerNode::IsWithin(const OwnerNode& other) const
+{
+    const OwnerNode* node = this;
+    while (node != nullptr && node != &other)
+        node = node->m_parent;
+    return node != nullptr;
+}
+
 std::size_t OwnerNode::GetPosition() const
 {
     if (m_parent == nullptr)

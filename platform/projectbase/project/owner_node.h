@@ -85,6 +85,8 @@ public:
     /// Null for the project itself and for a node that belongs to no project.
     const OwnerNode* GetParent() const { return m_parent; }
     OwnerNode* GetParent() { return m_parent; }
+    /// Whether the node is `other` or a part of it.
+    bool IsWithin(const OwnerNode& other) const;
     std::span<const std::shared_ptr<OwnerNode>> GetChildren(OwnerKind kind) const
     {
         return m_children[static_cast<std::size_t>(kind)];

@@ -120,14 +120,6 @@ void Append(std::string& text, const std::vector<designtext::Line>& lines)
         Append(text, line.name + ": " + line.value + (line.unit.empty() ? "" : " " + line.unit));
 }
 
-/// Whether an owner is the exchanger or a part of it.
-bool IsPartOf(const OwnerNode* owner, const OwnerNode& exchanger)
-{
-    while (owner != nullptr && owner != &exchanger)
-        owner = owner->GetParent();
-    return owner != nullptr;
-}
-
 }  // namespace
 
 ExchangerBlock::ExchangerBlock(iex::IEXProject& project, OwnerNode& exchanger, FieldSet& fields,
@@ -244,7 +236,8 @@ void ExchangerBlock::ShowNotes(const design::ExchangerDesign& exchanger)
         Append(text, designtext::CapacityLines(bed.capacity, context));
     Append(text, designtext::LeakageLines(exchanger.leakages, context));
     for (const RangeFault& fault : RangeFaults(m_project)) {
-        if (IsPartOf(m_project.FindOwner(fault.address.owner), *exchanger.node))
+        const OwnerNode* owner = m_project.FindOwner(fault.address.owner);
+        if (owner != nullptr && owner->IsWithin(*exchanger.node))
             Append(text, "\u26a0 " + RangeSentence(fault, context));
     }
     const wxString shown = wxString::FromUTF8(text);
