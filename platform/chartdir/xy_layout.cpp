@@ -18,6 +18,7 @@ constexpr double kTextSize = 12.0;
 constexpr double kSampleWidth = 34.0;
 constexpr double kLegendGap = 18.0;
 constexpr double kLeastSide = 20.0;
+constexpr double kLabelSteps = 34.0;
 constexpr double kDistanceOfXTicks = 75.0;
 constexpr double kDistanceOfYTicks = 38.0;
 constexpr int kMostTicks = 60;
@@ -48,6 +49,8 @@ XYLayout::XYLayout(const XYChart& chart, const Scale& xScale, const Scale& yScal
     double widest = 0.0;
     for (const TickLabel& label : m_yLabels)
         widest = std::max(widest, label.text.Width());
+    // The plot area keeps its place while a view is zoomed or moved and numbers get other digits.
+    widest = std::ceil(widest / kLabelSteps) * kLabelSteps;
     const double left = kMargin + (m_yTitle ? m_yTitle->Height() + kGap : 0.0) + widest + kGap + kTickLength;
     const double plotWidth = plotArea ? plotArea->width : std::max(width - left - 2.0 * kMargin, kLeastSide);
     m_mapping.plot = plotArea.value_or(
