@@ -11,11 +11,12 @@ Module FeedModule();
 Module DesignModule();
 Module RegenerationModule();
 Module WasteWaterModule();
+Module ChartModule();
 
 std::span<const Module> Modules()
 {
-    static const std::array modules{ProjectModule(), WaterModule(),        FeedModule(),
-                                    DesignModule(),  RegenerationModule(), WasteWaterModule()};
+    static const std::array modules{ProjectModule(),      WaterModule(),      FeedModule(), DesignModule(),
+                                    RegenerationModule(), WasteWaterModule(), ChartModule()};
     return modules;
 }
 
