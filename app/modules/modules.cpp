@@ -9,13 +9,14 @@ Module ProjectModule();
 Module WaterModule();
 Module FeedModule();
 Module DesignModule();
+Module OverviewModule();
 Module RegenerationModule();
 Module WasteWaterModule();
 
 std::span<const Module> Modules()
 {
-    static const std::array modules{ProjectModule(), WaterModule(),        FeedModule(),
-                                    DesignModule(),  RegenerationModule(), WasteWaterModule()};
+    static const std::array modules{ProjectModule(),  WaterModule(),        FeedModule(),      DesignModule(),
+                                    OverviewModule(), RegenerationModule(), WasteWaterModule()};
     return modules;
 }
 

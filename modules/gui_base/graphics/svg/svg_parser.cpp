@@ -1,0 +1,250 @@
+// SPDX-License-Identifier: MIT
+#include "gui_base/graphics/svg/svg_parser.h"
+
+#include "gui_base/graphics/svg/svg_raster.h"
+#include "tncommon/printable_text.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+#include <string>
+
+namespace {
+
+void Trace(const char* line)
+{
+    std::fputs(line, stdout);
+}
+
+void Trace(const char* line, const wxString& value)
+{
+    const std::string text = line + tncommon::PrintableText(value.utf8_string()) + "\n";
+    Trace(text.c_str());
+}
+
+wxString ValueOf(const svg::Declarations& declarations, const char* name)
+{
+    const auto found = declarations.find(name);
+    return found == declarations.end() ? wxString() : found->second;
+}
+
+void FillPlace(const wxXmlNode& node, SvgParserBase::Element& element)
+{
+    element.id = node.GetAttribute("id");
+    element.x = svg::ToNumber(node.GetAttribute("x"));
+    element.y = svg::ToNumber(node.GetAttribute("y"));
+}
+
+/// The first text on the chain of first children.
+wxString FirstText(const wxXmlNode& node)
+{
+    for (const wxXmlNode* at = &node; at != nullptr; at = svg::FirstChild(*at)) {
+        if (!at->GetContent().empty())
+            return at->GetContent();
+    }
+    return {};
+}
+
+/// What the spans on the chain of first children say: their place and, the deeper the stronger, their style.
+void ApplySpans(const wxXmlNode& node, SvgParserBase::TextElement& element)
+{
+    for (const wxXmlNode* at = &node; at != nullptr; at = svg::FirstChild(*at)) {
+        if (at->GetName() != "tspan")
+            continue;
+        if (at->HasAttribute("x") && at->HasAttribute("y")) {
+            element.x = svg::ToNumber(at->GetAttribute("x"));
+            element.y = svg::ToNumber(at->GetAttribute("y"));
+        }
+        for (const auto& [name, value] : svg::ParseDeclarations(at->GetAttribute("style")))
+            element.style[name] = value;
+    }
+}
+
+}  // namespace
+
+SvgParser::SvgParser()
+    : m_pixelsOfUnit{{"", 1.0},    {"px", 1.0},       {"mm", 3.7795}, {"cm", 37.795},
+                     {"in", 96.0}, {"pt", 4.0 / 3.0}, {"pc", 16.0}},
+      m_pointsOfUnit{{"", 0.75},      {"pt", 1.0},     {"px", 0.75},  {"mm", 2.8353},
+                     {"cm", 28.3527}, {"in", 72.0159}, {"pc", 0.9952}},
+      m_fontFamilies{{"", wxFONTFAMILY_DEFAULT},
+                     {"Arial", wxFONTFAMILY_DEFAULT},
+                     {"serif", wxFONTFAMILY_ROMAN},
+                     {"sans-serif", wxFONTFAMILY_SWISS},
+                     {"monospace", wxFONTFAMILY_TELETYPE}},
+      m_alignments{{{"none", Align::None},
+                    {"xMinYMin", Align::XMinYMin},
+                    {"xMidYMin", Align::XMidYMin},
+                    {"xMaxYMin", Align::XMaxYMin},
+                    {"xMinYMid", Align::XMinYMid},
+                    {"xMidYMid", Align::XMidYMid},
+                    {"xMaxYMid", Align::XMaxYMid},
+                    {"xMinYMax", Align::XMinYMax},
+                    {"xMidYMax", Align::XMidYMax},
+                    {"xMaxYMax", Align::XMaxYMax}},
+                   {{"meet", MeetOrSlice::Meet}, {"slice", MeetOrSlice::Slice}}}
+{}
+
+SvgParser::~SvgParser() = default;
+
+SvgParserBase::ParserResult* SvgParser::DoParseXml(wxXmlDocument* document)
+{
+    Trace("SvgParser::DoParseXml called \n");
+    m_document = document;
+    m_result = std::make_unique<ParserResult>();
+    m_styleSheet.clear();
+    const wxXmlNode* const root = document != nullptr ? document->GetRoot() : nullptr;
+    if (root == nullptr)
+        return m_result.get();
+    ReadStyleSheets(*root);
+    ReadViewport(*root);
+    ParseXMLForElementsToDraw(*root);
+    if (const wxSize size = DocumentSize(*root); size.x > 0 && size.y > 0)
+        m_result->bitmap = svg::RasteriseIn(svg::ShapesOf(*document), size);
+    return m_result.get();
+}
+
+void SvgParser::ReadStyleSheets(const wxXmlNode& root)
+{
+    for (const wxXmlNode* node = &root; node != nullptr; node = svg::NextInOrder(*node, root)) {
+        // Each sheet takes the place of the one before it.
+        if (node->GetName() == "style")
+            m_styleSheet = svg::ParseStyleSheet(svg::TextOf(*node));
+    }
+}
+
+void SvgParser::ReadViewport(const wxXmlNode& root)
+{
+    const wxString ratio = root.GetAttribute("preserveAspectRatio");
+    if (!ratio.empty()) {
+        m_result->align = svg::LookUp(m_alignments.first, ratio.BeforeFirst(' '));
+        m_result->meetOrSlice =
+            svg::LookUp(m_alignments.second, ratio.Contains(" ") ? ratio.AfterFirst(' ') : ratio);
+    }
+    const std::vector<double> box = svg::ToNumbers(root.GetAttribute("viewBox"));
+    if (box.size() >= 4)
+        m_result->viewBox = ViewBox{box[0], box[1], box[2], box[3]};
+}
+
+void SvgParser::ParseXMLForElementsToDraw(const wxXmlNode& root)
+{
+    m_result->elements.clear();
+    double pixelsLeft = svg::kMostPixels;
+    const wxXmlNode* node = root.GetChildren();
+    for (; node != nullptr; node = svg::NextInOrder(*node, root)) {
+        if (node->GetType() != wxXML_ELEMENT_NODE)
+            continue;
+        if (node->GetName() == "text") {
+            Trace("SvgParser::ParseXMLForElementsToDraw creating text element\n");
+            m_result->elements.push_back(MakeText(*node));
+        } else if (node->GetName() == "image") {
+            Trace("SvgParser::ParseXMLForElementsToDraw creating image element\n");
+            m_result->elements.push_back(MakeImage(*node, pixelsLeft));
+        }
+    }
+}
+
+std::unique_ptr<SvgParserBase::TextElement> SvgParser::MakeText(const wxXmlNode& node) const
+{
+    auto element = std::make_unique<TextElement>();
+    element->kind = kText;
+    FillPlace(node, *element);
+    element->text = FirstText(node);
+    element->style = svg::ParseDeclarations(node.GetAttribute("style"));
+    element->transform = CumulativeTransform(node);
+    const wxString name = node.GetAttribute("class");
+    if (const auto found = m_styleSheet.find(name); !name.empty() && found != m_styleSheet.end())
+        element->style.insert(found->second.begin(), found->second.end());
+    ApplySpans(node, *element);
+    SetFontStylesOnTextElement(*element);
+    element->fill = svg::ParseColour(ValueOf(element->style, "fill"));
+    return element;
+}
+
+std::unique_ptr<SvgParserBase::ImageElement> SvgParser::MakeImage(const wxXmlNode& node,
+                                                                  double& pixelsLeft) const
+{
+    auto element = std::make_unique<ImageElement>();
+    element->kind = kImage;
+    FillPlace(node, *element);
+    element->transform = CumulativeTransform(node);
+    element->width = svg::ToNumber(node.GetAttribute("width"));
+    element->height = svg::ToNumber(node.GetAttribute("height"));
+    element->image = svg::ParsePngReference(node.GetAttribute("xlink:href"), pixelsLeft);
+    if (element->image.IsOk())
+        pixelsLeft -= static_cast<double>(element->image.GetWidth()) * element->image.GetHeight();
+    return element;
+}
+
+Affine2DMatrix SvgParser::CumulativeTransform(const wxXmlNode& node) const
+{
+    std::vector<wxString> functions;
+    for (const wxXmlNode* at = &node; at != nullptr && at != m_document->GetRoot(); at = at->GetParent()) {
+        if (const wxString function = at->GetAttribute("transform"); !function.empty())
+            functions.push_back(function);
+    }
+    Affine2DMatrix matrix;
+    std::for_each(functions.rbegin(), functions.rend(),
+                  [&matrix](const wxString& function) { matrix.Concat(svg::ParseTransform(function)); });
+    return matrix;
+}
+
+void SvgParser::SetFontStylesOnTextElement(TextElement& element) const
+{
+    // The toolkit refuses fonts without a size, and rounds sizes to whole numbers of its own unit.
+    constexpr double kSmallest = 0.1;
+    constexpr double kLargest = 2000.0;
+    Trace("SvgParser::SetFontStylesOnTextElement called\n");
+    wxFont font(wxFontInfo(wxNORMAL_FONT->GetFractionalPointSize()));
+    const auto& style = element.style;
+    if (style.contains("font-size"))
+        font.SetFractionalPointSize(static_cast<float>(
+            std::clamp(FontSizeStringToPt(ValueOf(style, "font-size")), kSmallest, kLargest)));
+    if (style.contains("font-family")) {
+        Trace("SvgParser::SetFontStylesOnTextElement setting family\n");
+        const auto family = m_fontFamilies.find(ValueOf(style, "font-family"));
+        font.SetFamily(family != m_fontFamilies.end() ? family->second : wxFONTFAMILY_DEFAULT);
+    }
+    if (ValueOf(style, "font-weight") == "bold") {
+        Trace("SvgParser::SetFontStylesOnTextElement making bold\n");
+        font.MakeBold();
+    }
+    if (ValueOf(style, "font-style") == "italic") {
+        Trace("SvgParser::SetFontStylesOnTextElement making italic\n");
+        font.MakeItalic();
+    }
+    const wxString decoration = ValueOf(style, "text-decoration");
+    if (decoration == "underlined")
+        font.SetUnderlined(true);
+    if (decoration == "line-through")
+        font.SetStrikethrough(true);
+    element.font = font;
+}
+
+double SvgParser::FontSizeStringToPt(const wxString& fontSize) const
+{
+    Trace("SvgParser::FontSizeStringToPt called with fontSize: ", fontSize);
+    const svg::Length length = svg::ToLength(fontSize);
+    Trace("SvgParser::FontSizeStringToPt converting with unit: ", length.unit);
+    return length.value * svg::LookUp(m_pointsOfUnit, length.unit);
+}
+
+wxSize SvgParser::DocumentSize(const wxXmlNode& root) const
+{
+    const ViewBox box = m_result->viewBox.value_or(ViewBox{});
+    return {DocumentLength(root.GetAttribute("width"), box.width),
+            DocumentLength(root.GetAttribute("height"), box.height)};
+}
+
+int SvgParser::DocumentLength(const wxString& stated, double fallback) const
+{
+    // The conversion leaves what it could read of "100mm" behind, although it fails.
+    int whole = 0;
+    if (stated.ToInt(&whole) && whole > 0)
+        return whole;
+    const svg::Length length = svg::ToLength(stated);
+    const auto factor = m_pixelsOfUnit.find(length.unit);
+    const double pixels =
+        length.value > 0.0 && factor != m_pixelsOfUnit.end() ? length.value * factor->second : fallback;
+    return pixels > 0.0 && pixels < svg::kMostPixels ? static_cast<int>(std::ceil(pixels)) : 0;
+}
