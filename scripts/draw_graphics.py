@@ -31,7 +31,7 @@ STYLES = {
 }
 
 LEFT, RIGHT, HEIGHT = 206, 190, 630  # the room of feed and product, and the height of a drawing
-COLUMN = 262                         # of an exchanger
+COLUMN = 272                         # of an exchanger
 MAIN, TOP, BOTTOM = 118, 150, 374    # y of the line between exchangers, and of the vessels
 DRAIN = 396                          # y of the line out of a vessel
 NAMES = {"SAC_NA": "Softener", "SAC_H": "Strong-acid cation exchanger", "WAC_H": "Weak-acid cation exchanger",

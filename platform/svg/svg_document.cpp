@@ -20,7 +20,9 @@ wxXmlDocument ParseSvgDocument(const std::string& bytes, const std::string& grap
     const std::string problem = tncommon::FindXmlProblem(bytes, {.depth = kMostSvgDepth,
                                                                  .acceptsDoctype = true,
                                                                  .nodes = kMostSvgNodes,
-                                                                 .attributes = kMostSvgAttributes});
+                                                                 .attributes = kMostSvgAttributes,
+                                                                 .text = kMostSvgText,
+                                                                 .texts = kMostSvgTexts});
     if (!problem.empty())
         throw SvgLoadError(Problem::Damaged, graphic, problem);
     const wxLogNull noLog;

@@ -48,13 +48,25 @@ std::string FindXmlProblem(std::string_view xml, const XmlLimits& limits)
     int depth = 0;
     std::size_t nodes = 0;
     std::size_t quoted = 0;
+    std::size_t texts = 0;
+    std::size_t last = 0;
+    const auto isTooLong = [&](std::string_view text) {
+        if (text.find_first_not_of(" \t\r\n") == kEnd)
+            return false;
+        texts += text.size();
+        return text.size() > limits.text || texts > limits.texts;
+    };
     for (std::size_t at = xml.find('<'); at != kEnd; at = xml.find('<', at)) {
+        if (isTooLong(xml.substr(last, at - last)))
+            return "a text of the document is too long";
         const std::string_view rest = xml.substr(at);
         std::size_t behind = kEnd;
         if (rest.starts_with("<!--")) {
             behind = Behind(xml, at + 4, "-->");
         } else if (rest.starts_with("<![CDATA[")) {
             behind = Behind(xml, at, "]]>");
+            if (isTooLong(xml.substr(at, behind - at)))
+                return "a text of the document is too long";
         } else if (rest.starts_with("<!")) {
             behind = BehindTag(xml, at, quoted);
             const bool declares = xml.substr(at, behind - at).find('[') != kEnd;
@@ -75,7 +87,7 @@ std::string FindXmlProblem(std::string_view xml, const XmlLimits& limits)
         nodes += rest.starts_with("</") ? 0 : 1;
         if (nodes > limits.nodes || quoted > limits.attributes)
             return "the document has too many parts";
-        at = behind;
+        last = at = behind;
     }
     return {};
 }

@@ -24,6 +24,10 @@ struct XmlLimits
     /// time that grows with the square of what stands side by side.
     std::size_t nodes = static_cast<std::size_t>(-1);
     std::size_t attributes = static_cast<std::size_t>(-1);
+    /// Bytes of a text between two tags, and of all of them: a text is put together line by line. White space
+    /// alone is none.
+    std::size_t text = static_cast<std::size_t>(-1);
+    std::size_t texts = static_cast<std::size_t>(-1);
 };
 
 /// What speaks against parsing the document: bytes that are no UTF-8, a DTD, too deep nesting, too many

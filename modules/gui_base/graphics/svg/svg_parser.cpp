@@ -93,6 +93,7 @@ SvgParserBase::ParserResult* SvgParser::DoParseXml(wxXmlDocument* document)
     m_document = document;
     m_result = std::make_unique<ParserResult>();
     m_styleSheet.clear();
+    m_transforms.clear();
     const wxXmlNode* const root = document != nullptr ? document->GetRoot() : nullptr;
     if (root == nullptr)
         return m_result.get();
@@ -144,7 +145,7 @@ void SvgParser::ParseXMLForElementsToDraw(const wxXmlNode& root)
     }
 }
 
-std::unique_ptr<SvgParserBase::TextElement> SvgParser::MakeText(const wxXmlNode& node) const
+std::unique_ptr<SvgParserBase::TextElement> SvgParser::MakeText(const wxXmlNode& node)
 {
     auto element = std::make_unique<TextElement>();
     element->kind = kText;
@@ -161,8 +162,7 @@ std::unique_ptr<SvgParserBase::TextElement> SvgParser::MakeText(const wxXmlNode&
     return element;
 }
 
-std::unique_ptr<SvgParserBase::ImageElement> SvgParser::MakeImage(const wxXmlNode& node,
-                                                                  double& pixelsLeft) const
+std::unique_ptr<SvgParserBase::ImageElement> SvgParser::MakeImage(const wxXmlNode& node, double& pixelsLeft)
 {
     auto element = std::make_unique<ImageElement>();
     element->kind = kImage;
@@ -176,16 +176,21 @@ std::unique_ptr<SvgParserBase::ImageElement> SvgParser::MakeImage(const wxXmlNod
     return element;
 }
 
-Affine2DMatrix SvgParser::CumulativeTransform(const wxXmlNode& node) const
+Affine2DMatrix SvgParser::CumulativeTransform(const wxXmlNode& node)
 {
-    std::vector<wxString> functions;
-    for (const wxXmlNode* at = &node; at != nullptr && at != m_document->GetRoot(); at = at->GetParent()) {
-        if (const wxString function = at->GetAttribute("transform"); !function.empty())
-            functions.push_back(function);
-    }
+    // Many elements share the groups above them.
+    std::vector<const wxXmlNode*> unknown;
+    const wxXmlNode* at = &node;
+    for (; at != m_document->GetRoot() && !m_transforms.contains(at); at = at->GetParent())
+        unknown.push_back(at);
     Affine2DMatrix matrix;
-    std::for_each(functions.rbegin(), functions.rend(),
-                  [&matrix](const wxString& function) { matrix.Concat(svg::ParseTransform(function)); });
+    if (const auto known = m_transforms.find(at); known != m_transforms.end())
+        matrix = known->second;
+    std::for_each(unknown.rbegin(), unknown.rend(), [&](const wxXmlNode* each) {
+        if (const wxString function = each->GetAttribute("transform"); !function.empty())
+            matrix.Concat(svg::ParseTransform(function));
+        m_transforms[each] = matrix;
+    });
     return matrix;
 }
 

@@ -9,6 +9,9 @@
 #include "gui_base/graphics/svg/svg_syntax.h"
 #include "gui_base/gui_base_export.h"
 
+#include <unordered_map>
+#include <utility>
+
 class GUI_BASE_EXPORT SvgParser : public SvgParserBase
 {
 public:
@@ -22,9 +25,9 @@ private:
     void ReadStyleSheets(const wxXmlNode& root);
     void ReadViewport(const wxXmlNode& root);
     void ParseXMLForElementsToDraw(const wxXmlNode& root);
-    std::unique_ptr<TextElement> MakeText(const wxXmlNode& node) const;
-    std::unique_ptr<ImageElement> MakeImage(const wxXmlNode& node, double& pixelsLeft) const;
-    Affine2DMatrix CumulativeTransform(const wxXmlNode& node) const;
+    std::unique_ptr<TextElement> MakeText(const wxXmlNode& node);
+    std::unique_ptr<ImageElement> MakeImage(const wxXmlNode& node, double& pixelsLeft);
+    Affine2DMatrix CumulativeTransform(const wxXmlNode& node);
     void SetFontStylesOnTextElement(TextElement& element) const;
     double FontSizeStringToPt(const wxString& fontSize) const;
     /// What the root states, in whole pixels; a length with a unit or a fraction, or the view box where it
@@ -39,4 +42,5 @@ private:
     const std::map<wxString, double> m_pointsOfUnit;
     const std::map<wxString, wxFontFamily> m_fontFamilies;
     const std::pair<std::map<wxString, Align>, std::map<wxString, MeetOrSlice>> m_alignments;
+    std::unordered_map<const wxXmlNode*, Affine2DMatrix> m_transforms;  ///< of the nodes of the document
 };
