@@ -197,7 +197,7 @@ def draw_values(drawing, x, number, kind):
     step = f"ex.{number}:step/"
     rows = [("Diameter", "d", step + "diameter"), ("Bed depth", "depth", step + "bed.depth"), ("Velocity", "v", step + "v"),
             ("Specific flow rate", "bvh", step + "bvh"), ("Pressure drop", "dp", step + "dp"),
-            ("Load", "load", step + "load"), ("Run time", "time", step + "run.time")]
+            ("Load", "load", f"ex.{number}.comp.1:stepcomp/load"), ("Run time", "time", step + "run.time")]
     if kind == "MB":
         rows[5] = ("Throughput", "throughput", step + "throughput")
     for place, (caption, identifier, address) in enumerate(rows):

@@ -33,8 +33,9 @@ bool IsPartOf(const Project& project, const OwnerNode& exchanger, DetailOwner ow
 
 bool HoldsRegeneration(const Project& project, const OwnerNode& owner, const DetailAddress& address)
 {
-    const bool isChemical =
-        address.key.starts_with("stepcomp/rm.") || address.key.starts_with("stepcomp/cond.");
+    const bool isChemical = address.key.starts_with("stepcomp/rm.") ||
+                            address.key.starts_with("stepcomp/konz.") ||
+                            address.key.starts_with("stepcomp/cond.");
     const bool isRow = address.key.starts_with("regseqstep/") || address.key == "step/remarks" ||
                        address.key.starts_with("step/mb.");
     return (isRow || isChemical || address.key == "stepcomp/level") &&

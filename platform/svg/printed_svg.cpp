@@ -51,9 +51,9 @@ void Turn(wxXmlNode& root, const wxString& width, const wxString& height)
 
 }  // namespace
 
-std::string PrintedSvg(const wxXmlDocument& document,
-                       const std::function<wxString(const wxString& id, const wxString& text)>& textOf,
-                       double ascent)
+PrintedGraphic PrintedSvg(const wxXmlDocument& document,
+                          const std::function<wxString(const wxString& id, const wxString& text)>& textOf,
+                          double ascent)
 {
     if (document.GetRoot() == nullptr)
         return {};
@@ -64,12 +64,13 @@ std::string PrintedSvg(const wxXmlDocument& document,
     const wxString height = root.GetAttribute("height");
     double across = 0.0;
     double down = 0.0;
-    if (width.ToCDouble(&across) && height.ToCDouble(&down) && across > kMuchWider * down)
+    const bool isTurned = width.ToCDouble(&across) && height.ToCDouble(&down) && across > kMuchWider * down;
+    if (isTurned)
         Turn(root, width, height);
     wxMemoryOutputStream stream;
     if (!copy.Save(stream, wxXML_NO_INDENTATION))
         return {};
     std::string text(stream.GetSize(), '\0');
     stream.CopyTo(text.data(), text.size());
-    return text;
+    return {text, isTurned};
 }

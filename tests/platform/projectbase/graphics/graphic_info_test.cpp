@@ -150,7 +150,7 @@ TEST(GraphicInfo, PrintedGraphicsHaveTheirValuesOnTheBaseline)
     const auto print = [&](const char* size) {
         const std::string svg =
             std::string("<svg ") + size + "><g><text id='a' x='1'>-</text><text>b</text></g><rect/></svg>";
-        const std::string printed = PrintedSvg(ParseSvgDocument(svg, "g"), resolve, 0.93);
+        const std::string printed = PrintedSvg(ParseSvgDocument(svg, "g"), resolve, 0.93).svg;
         return printed.substr(printed.find("<svg"));
     };
     EXPECT_EQ(print("width=\"20\" height=\"20\""),
@@ -161,7 +161,7 @@ TEST(GraphicInfo, PrintedGraphicsHaveTheirValuesOnTheBaseline)
         "<svg width=\"20\" height=\"40\" viewBox=\"0 0 20 40\"><g transform=\"translate(20 0) rotate(90)\">"
         "<g><text id=\"a\" x=\"1\" dy=\"0.9300em\">a=5 &lt;</text><text "
         "dy=\"0.9300em\">B</text></g><rect/></g></svg>\n");
-    EXPECT_EQ(PrintedSvg(wxXmlDocument(), resolve, 0.93), "");
+    EXPECT_EQ(PrintedSvg(wxXmlDocument(), resolve, 0.93).svg, "");
 }
 
 }  // namespace
