@@ -34,7 +34,7 @@ void Resolve(wxXmlNode& node, const std::function<wxString(const wxString&, cons
         Resolve(*child, textOf, ascent);
 }
 
-/// Puts all that the root holds into a group that is turned to the right.
+/// Puts all that the root holds into a group that is turned to the left.
 void Turn(wxXmlNode& root, const wxString& width, const wxString& height)
 {
     auto* const group = new wxXmlNode(wxXML_ELEMENT_NODE, "g");
@@ -43,7 +43,7 @@ void Turn(wxXmlNode& root, const wxString& width, const wxString& height)
         child->SetParent(group);
     root.SetChildren(nullptr);
     root.AddChild(group);
-    SetAttribute(*group, "transform", "translate(" + height + " 0) rotate(90)");
+    SetAttribute(*group, "transform", "translate(0 " + width + ") rotate(-90)");
     SetAttribute(root, "width", height);
     SetAttribute(root, "height", width);
     SetAttribute(root, "viewBox", "0 0 " + height + " " + width);

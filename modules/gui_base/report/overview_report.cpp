@@ -46,7 +46,7 @@ report::Block DrawingOf(const SvgGraphicInfo<ArchiveLoadPolicy>& info, const Rep
                    : wxString::FromUTF8(context.Translated(text.utf8_string().c_str()));
     };
     // Points: what a page has below the title of the section.
-    constexpr double kWholePage = 580.0;
+    constexpr double kWholePage = 630.0;
     PrintedGraphic printed = PrintedSvg(info.document, textOf, report::AscentOf("sans-serif"));
     return report::Drawing{.svg = std::move(printed.svg), .height = printed.isTurned ? kWholePage : 0.0};
 }

@@ -158,7 +158,7 @@ TEST(GraphicInfo, PrintedGraphicsHaveTheirValuesOnTheBaseline)
               "<text dy=\"0.9300em\">B</text></g><rect/></svg>\n");
     EXPECT_EQ(
         print("width=\"40\" height=\"20\""),
-        "<svg width=\"20\" height=\"40\" viewBox=\"0 0 20 40\"><g transform=\"translate(20 0) rotate(90)\">"
+        "<svg width=\"20\" height=\"40\" viewBox=\"0 0 20 40\"><g transform=\"translate(0 40) rotate(-90)\">"
         "<g><text id=\"a\" x=\"1\" dy=\"0.9300em\">a=5 &lt;</text><text "
         "dy=\"0.9300em\">B</text></g><rect/></g></svg>\n");
     EXPECT_EQ(PrintedSvg(wxXmlDocument(), resolve, 0.93).svg, "");
