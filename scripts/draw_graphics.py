@@ -47,11 +47,15 @@ class Drawing:
     def __init__(self, width):
         self.width = width
         self.shapes = []
+        self.fittings = []  # what sits on lines
         self.texts = []
         self.values = []
 
     def add(self, shape):
         self.shapes.append(shape)
+
+    def fit(self, shape):
+        self.fittings.append(shape)
 
     def caption(self, x, y, text, style="caption"):
         self.texts.append(f'<text class="{style}" x="{x}" y="{y}">{escape(text)}</text>')
@@ -71,7 +75,7 @@ class Drawing:
                 f'viewBox="0 0 {self.width} {HEIGHT}">')
         paper = f'<rect x="0" y="0" width="{self.width}" height="{HEIGHT}" fill="#ffffff"/>'
         return "\n".join(['<?xml version="1.0" encoding="UTF-8"?>', "<!-- SPDX-License-Identifier: MIT -->", head,
-                          f"<style>\n{style}\n</style>", paper, *self.shapes, *self.texts, "</svg>", ""])
+                          f"<style>\n{style}\n</style>", paper, *self.shapes, *self.fittings, *self.texts, "</svg>", ""])
 
 
 def line(points, colour=WATER, width=3):
@@ -167,8 +171,8 @@ def draw_feed(drawing, plant):
     drawing.caption(24, 62, FEEDS.get(plant, "Feed water"), "name")
     drawing.add(tank(24, 84, 78, 68, WATER))
     drawing.add(line([(102, 140), (124, 140), (124, MAIN), (LEFT, MAIN)]))
-    drawing.add(pump(146, MAIN))
-    drawing.add(arrow(192, MAIN, "right"))
+    drawing.fit(pump(146, MAIN))
+    drawing.fit(arrow(192, MAIN, "right"))
     rows = [("Source flow rate", "feed.q", ":project/qbrutto", True), ("Water volume", "feed.w", ":project/wbrutto", True),
             ("Running time", "feed.lz", ":project/lz", True)]
     if plant == "FOODC":
@@ -185,7 +189,7 @@ def draw_product(drawing, x, from_main):
     """The product and what the line sends to waste; the line comes in at the drain of the last vessel."""
     drawing.caption(x + 62, 62, "Product", "name")
     drawing.add(line([from_main, (x + 20, DRAIN), (x + 20, MAIN), (x + 62, MAIN)]))
-    drawing.add(arrow(x + 62, MAIN, "right"))
+    drawing.fit(arrow(x + 62, MAIN, "right"))
     drawing.add(tank(x + 64, 84, 78, 68, WATER))
     for place, (caption, identifier, address) in enumerate(
             [("Net flow rate", "product.q", ":project/qnetto"), ("Net volume", "product.w", ":project/wnetto"),
@@ -219,8 +223,8 @@ def draw_regenerant(drawing, x, number, compartment):
 def draw_chemical_line(drawing, x, y_in):
     """From the tank up to the vessel: into the line at its bottom, or from above in a mixed bed."""
     drawing.add(line([(x + 47, 480), (x + 47, y_in)], CHEMICAL, 2))
-    drawing.add(valve(x + 47, 424, True, CHEMICAL))
-    drawing.add(arrow(x + 47, y_in, "up", CHEMICAL))
+    drawing.fit(valve(x + 47, 424, True, CHEMICAL))
+    drawing.fit(arrow(x + 47, y_in, "up", CHEMICAL))
 
 
 def draw_exchanger(drawing, x, number, kind):
@@ -228,8 +232,8 @@ def draw_exchanger(drawing, x, number, kind):
     centre = x + 62
     drawing.caption(x + 20, 84, NAMES[kind], "name")
     drawing.add(line([(x, MAIN), (centre, MAIN), (centre, TOP)]))
-    drawing.add(valve(x + 34, MAIN))
-    drawing.add(arrow(centre, TOP, "down"))
+    drawing.fit(valve(x + 34, MAIN))
+    drawing.fit(arrow(centre, TOP, "down"))
     drawing.add(line([(centre, BOTTOM), (centre, DRAIN)]))
     if kind == "DEGAS":
         drawing.add(tower(x + 20, TOP, 84, BOTTOM - TOP))
@@ -238,22 +242,22 @@ def draw_exchanger(drawing, x, number, kind):
         drawing.add(line([(x + 92, TOP), (x + 92, 128), (x + 132, 128)], AIR, 2) + arrow(x + 132, 128, "right", AIR))
         drawing.caption(x + 138, 120, "CO2")
         drawing.pair(x + 118, 340, "Residual CO2", f"ex{number}.co2", f"ex.{number}:step/co2.residual")
-        drawing.add(pump(x + 130, DRAIN))
+        drawing.fit(pump(x + 130, DRAIN))
         return COLUMN
     drawing.add(vessel(x + 20, TOP, 84, BOTTOM - TOP, ["anion", "cation"] if kind == "MB" else [BED_OF[kind]]))
     draw_values(drawing, x, number, kind)
-    drawing.add(valve(x + 90, DRAIN))
+    drawing.fit(valve(x + 90, DRAIN))
     # What leaves a regeneration goes to waste at the top of the bed, what regenerates comes from below.
     draw_chemical_line(drawing, x, BOTTOM - 2)
     drawing.add(line([(x + 104, 196), (x + 112, 196), (x + 112, 440)], WASTE, 2) + arrow(x + 112, 442, "down", WASTE))
-    drawing.add(valve(x + 112, 420, True, WASTE))
+    drawing.fit(valve(x + 112, 420, True, WASTE))
     drawing.caption(x + 124, 414, "Waste water")
     draw_regenerant(drawing, x, number, 1)
     if kind != "MB":
         return COLUMN
     draw_regenerant(drawing, x + COLUMN, number, 2)
     drawing.add(line([(x + COLUMN + 47, 480), (x + COLUMN + 47, 454), (x + 8, 454), (x + 8, 212), (x + 20, 212)], CHEMICAL, 2))
-    drawing.add(arrow(x + 20, 212, "right", CHEMICAL) + valve(x + COLUMN + 47, 467, True, CHEMICAL))
+    drawing.fit(arrow(x + 20, 212, "right", CHEMICAL) + valve(x + COLUMN + 47, 467, True, CHEMICAL))
     return 2 * COLUMN
 
 
@@ -270,7 +274,7 @@ def draw(plant, name, kinds):
         if place + 1 < len(kinds):
             rise = x + width - 14
             drawing.add(line([(x + 62, DRAIN), (rise, DRAIN), (rise, MAIN), (x + width, MAIN)]))
-            drawing.add(arrow(rise, 260, "up"))
+            drawing.fit(arrow(rise, 260, "up"))
         x += width
     draw_product(drawing, x - 34, (x - widths[-1] + 62, DRAIN))
     return drawing

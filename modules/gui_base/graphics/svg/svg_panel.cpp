@@ -106,6 +106,7 @@ void SvgPanel::OnPaint(wxPaintEvent&)
     const std::unique_ptr<wxGraphicsContext> context(wxGraphicsContext::Create(dc));
     if (context == nullptr)
         return;
+    context->SetContentScaleFactor(GetContentScaleFactor());
     m_renderer->DrawOnContext(context.get());
     DrawOver(*context);
 }

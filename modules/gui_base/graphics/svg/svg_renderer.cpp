@@ -142,14 +142,17 @@ void SvgRenderer<LoadPolicy>::DrawBackground(wxGraphicsContext& context)
     if (own.x == 0)
         return;
     const wxSize scaled(wxRound(own.x * m_scale), wxRound(own.y * m_scale));
-    if (scaled == own) {
+    // A screen may have several pixels where the toolkit counts one.
+    const double factor = context.GetContentScaleFactor();
+    const wxSize pixels(wxRound(scaled.x * factor), wxRound(scaled.y * factor));
+    if (pixels == own) {
         context.DrawBitmap(m_result->bitmap, 0.0, 0.0, own.x, own.y);
         return;
     }
-    if (!m_scaled.IsOk() || m_scaled.GetSize() != scaled) {
+    if (!m_scaled.IsOk() || m_scaled.GetSize() != pixels) {
         if (!m_shapes.IsOk())
             m_shapes = svg::ShapesOf(m_info->document);
-        m_scaled = svg::RasteriseIn(m_shapes, scaled);
+        m_scaled = svg::RasteriseIn(m_shapes, pixels);
     }
     // Beyond the largest picture lines become coarse.
     const wxBitmap& picture = m_scaled.IsOk() ? m_scaled : m_result->bitmap;

@@ -21,7 +21,8 @@ constexpr const char* kBlue = "<rect width='40' height='20' fill='#0000ff'/>";
 class SvgDrawingTest : public GuiTest
 {
 protected:
-    static wxImage Draw(Renderer& renderer, wxSize size, wxSize* answer = nullptr)
+    /// On a screen with `factor` pixels where the toolkit counts one.
+    static wxImage Draw(Renderer& renderer, wxSize size, wxSize* answer = nullptr, double factor = 1.0)
     {
         wxBitmap bitmap(size);
         {
@@ -29,6 +30,8 @@ protected:
             dc.SetBackground(*wxWHITE_BRUSH);
             dc.Clear();
             const std::unique_ptr<wxGraphicsContext> context(wxGraphicsContext::Create(dc));
+            context->SetContentScaleFactor(factor);
+            context->Scale(factor, factor);
             const wxSize drawn = renderer.DrawOnContext(context.get());
             if (answer != nullptr)
                 *answer = drawn;
@@ -139,6 +142,16 @@ TEST_F(SvgDrawingTest, BackgroundsAndImagesAreScaled)
     renderer.SetSize(80, 40);
     EXPECT_TRUE(memcmp(Draw(renderer, {80, 40}).GetData(), Draw(renderer, {80, 40}).GetData(), 80 * 40 * 3) ==
                 0);
+}
+
+TEST_F(SvgDrawingTest, ShapesAreAsFineAsTheScreen)
+{
+    Renderer renderer(Info(InSvg("<circle cx='20' cy='10' r='7' stroke='#000000' fill='none'/>")), m_parser);
+    const wxSize size(80, 40);
+    const wxImage fine = Draw(renderer, size, nullptr, 2.0);
+    renderer.SetSize(size.x, size.y);
+    const wxImage large = Draw(renderer, size);
+    EXPECT_EQ(memcmp(fine.GetData(), large.GetData(), 3UL * 80 * 40), 0);
 }
 
 TEST_F(SvgDrawingTest, ScalesFitOrAreOne)
