@@ -8,7 +8,9 @@
 
 #include <wx/dcmemory.h>
 
+#include <algorithm>
 #include <cmath>
+#include <span>
 
 namespace {
 
@@ -192,6 +194,62 @@ TEST_F(SvgDrawingTest, ValuesStandInPlaceOfTheirTexts)
     first->Set("11 m3/h");
     EXPECT_EQ(renderer.UpdateValues().size(), 1u);
     EXPECT_EQ(second->asked, 0);
+}
+
+TEST_F(SvgDrawingTest, WhatChangedIsDrawnAsIfAllWere)
+{
+    const auto value = std::make_shared<Value>("v", "10");
+    Renderer renderer(
+        Info("<svg width='120' height='60'><rect width='120' height='60' fill='#ffeecc'/>"
+             "<text id='v' x='8' y='6' style='font-size:20px'>-</text><text x='60' y='30'>abc</text></svg>",
+             {value}),
+        m_parser);
+    wxBitmap bitmap(120, 60);
+    const auto draw = [&](const wxRect2DDouble* part) {
+        wxMemoryDC dc(bitmap);
+        const std::unique_ptr<wxGraphicsContext> context(wxGraphicsContext::Create(dc));
+        if (part != nullptr)
+            context->Clip(std::floor(part->m_x), std::floor(part->m_y), std::ceil(part->m_width) + 2,
+                          std::ceil(part->m_height) + 2);
+        renderer.DrawOnContext(context.get());
+    };
+    renderer.UpdateValues();
+    draw(nullptr);
+    const wxImage before = bitmap.ConvertToImage();
+    value->Set("1");
+    const auto parts = renderer.UpdateValues();
+    ASSERT_EQ(parts.size(), 1u);
+    draw(&parts.front());
+    const wxImage partly = bitmap.ConvertToImage();
+    draw(nullptr);
+    const wxImage wholly = bitmap.ConvertToImage();
+    const std::size_t bytes = 3UL * 120 * 60;
+    EXPECT_EQ(memcmp(partly.GetData(), wholly.GetData(), bytes), 0);
+    EXPECT_NE(memcmp(before.GetData(), wholly.GetData(), bytes), 0);
+    const wxImage texts = Draw(renderer, {120, 60});
+    EXPECT_LT(std::ranges::min(std::span(texts.GetData(), bytes)), 60) << "texts are black";
+}
+
+/// Gives a picture once, and keeps it where its user must not look for it any more.
+class Unreliable : public SvgParserBase
+{
+    ParserResult* DoParseXml(wxXmlDocument*) override
+    {
+        if (m_result.bitmap.IsOk())
+            throw std::out_of_range("second time");
+        m_result.bitmap.Create(40, 20);
+        return &m_result;
+    }
+    ParserResult m_result;
+};
+
+TEST_F(SvgDrawingTest, AParserThatThrowsHasNoResult)
+{
+    m_parser = std::make_unique<Unreliable>();
+    Renderer renderer(Info("<svg/>"), m_parser);
+    EXPECT_EQ(renderer.GetScaledWidth(), 40.0);
+    EXPECT_THROW(renderer.SetGraphic(Info("<svg/>")), std::out_of_range);
+    EXPECT_EQ(renderer.GetScaledWidth(), 0.0);
 }
 
 TEST_F(SvgDrawingTest, AGraphicThatCannotBeParsedLeavesNothing)
