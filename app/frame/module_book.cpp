@@ -39,6 +39,10 @@ struct ModuleBook::Item
 ModuleBook::ModuleBook(wxTreeCtrl& tree, AuiNotebook& notebook) : m_tree(tree), m_notebook(notebook)
 {
     m_tree.Bind(wxEVT_TREE_SEL_CHANGED, &ModuleBook::OnTreeSelection, this);
+    m_notebook.Bind(wxEVT_AUINOTEBOOK_PAGE_CHANGED, [this](wxAuiNotebookEvent& event) {
+        event.Skip();
+        MarkInTree();
+    });
 }
 
 void ModuleBook::Open(Project& project, TVHelpFileProvider* help, wxStatusBar* statusBar,
@@ -202,6 +206,32 @@ void ModuleBook::FillTree()
     }
     m_tree.SetImages(images);
     m_tree.ExpandAll();
+    m_filling = false;
+    MarkInTree();
+}
+
+void ModuleBook::MarkInTree()
+{
+    const PageHost* current = GetCurrent();
+    const auto find = [&](const auto& self, const wxTreeItemId& parent) -> wxTreeItemId {
+        wxTreeItemIdValue cookie;
+        for (wxTreeItemId item = m_tree.GetFirstChild(parent, cookie); item.IsOk();
+             item = m_tree.GetNextChild(parent, cookie)) {
+            const auto* page = dynamic_cast<PageItem*>(m_tree.GetItemData(item));
+            if (page != nullptr && &page->GetHost() == current)
+                return item;
+            if (const wxTreeItemId below = self(self, item); below.IsOk())
+                return below;
+        }
+        return {};
+    };
+    const wxTreeItemId item = m_filling || current == nullptr || m_tree.IsEmpty()
+                                  ? wxTreeItemId()
+                                  : find(find, m_tree.GetRootItem());
+    if (!item.IsOk() || m_tree.IsSelected(item))
+        return;
+    m_filling = true;
+    m_tree.SelectItem(item);
     m_filling = false;
 }
 

@@ -63,6 +63,8 @@ private:
     void AddPage(const Item& item, std::size_t place);
     void SelectFirst();
     void FillTree();
+    /// Selects what stands for the page in front.
+    void MarkInTree();
     wxString NameOf(const PageHost& host) const;
     wxString TabNameOf(const PageHost& host) const;
     PageHost* Find(const std::string& module, DetailOwner owner) const;

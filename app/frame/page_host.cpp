@@ -16,6 +16,9 @@ PageHost::PageHost(wxWindow* parent, const Module& module, DetailOwner owner,
         event.Skip();
         if (event.IsShown() && m_released)
             MakePage();
+        // GTK leaves windows that were hidden when the order was made out of it.
+        if (event.IsShown() && GetPrevSibling() != nullptr)
+            MoveAfterInTabOrder(GetPrevSibling());
         // The page follows the project only while it is in view.
         if (m_page.panel != nullptr)
             m_page.panel->Show(event.IsShown());

@@ -12,11 +12,13 @@ Module DesignModule();
 Module OverviewModule();
 Module RegenerationModule();
 Module WasteWaterModule();
+Module ChartModule();
 
 std::span<const Module> Modules()
 {
-    static const std::array modules{ProjectModule(),  WaterModule(),        FeedModule(),      DesignModule(),
-                                    OverviewModule(), RegenerationModule(), WasteWaterModule()};
+    static const std::array modules{ProjectModule(),    WaterModule(),    FeedModule(),
+                                    DesignModule(),     OverviewModule(), RegenerationModule(),
+                                    WasteWaterModule(), ChartModule()};
     return modules;
 }
 

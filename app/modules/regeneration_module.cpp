@@ -4,6 +4,7 @@
 #include "gui_base/ionexchange/regeneration/regeneration_panel.h"
 #include "gui_base/ionexchange/regeneration/waste_water_panel.h"
 #include "gui_base/report/regeneration_report.h"
+#include "projectbase/design/plant_design.h"
 #include "projectbase/design/regenerants.h"
 #include "projectbase/project/iex_project.h"
 
@@ -34,8 +35,8 @@ bool IsPartOf(const Project& project, const OwnerNode& exchanger, DetailOwner ow
 bool HoldsRegeneration(const Project& project, const OwnerNode& owner, const DetailAddress& address)
 {
     const bool isChemical = address.key.starts_with("stepcomp/rm.") ||
-                            address.key.starts_with("stepcomp/konz.") ||
-                            address.key.starts_with("stepcomp/cond.");
+                            address.key.starts_with("stepcomp/cond.") ||
+                            address.key == design::kFirstDilution || address.key == design::kSecondDilution;
     const bool isRow = address.key.starts_with("regseqstep/") || address.key == "step/remarks" ||
                        address.key.starts_with("step/mb.");
     return (isRow || isChemical || address.key == "stepcomp/level") &&

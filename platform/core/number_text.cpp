@@ -12,6 +12,8 @@ namespace numbertext {
 namespace {
 
 constexpr int kDefaultDigits = 6;
+constexpr int kPlainDigits = 9;
+constexpr int kLeastPlain = -7;
 constexpr int kMaxDigits = 15;
 
 constexpr std::string_view kNoBreakSpace = "\u00a0";
@@ -70,9 +72,12 @@ std::string Format(double value, const Style& style, const Separators& separator
             int exponent = value == 0.0 ? 0 : static_cast<int>(std::floor(std::log10(std::fabs(value))));
             if (exponent < 0)
                 --exponent;
-            fixed = -digits <= exponent && exponent < digits;
+            const bool isSmall = exponent < -digits;
+            const bool isPlain = style.plain && exponent >= kLeastPlain && exponent < kPlainDigits;
+            fixed = isPlain || (!isSmall && exponent < digits);
             if (fixed) {
-                text = fmt::format("{:.{}f}", value, digits - std::max(exponent, 0));
+                const int decimals = isSmall ? digits - exponent - 2 : digits - std::max(exponent, 0);
+                text = fmt::format("{:.{}f}", value, std::max(decimals, 0));
                 DropTrailingZeros(text);
             } else {
                 text = fmt::format("{:.{}e}", value, digits);

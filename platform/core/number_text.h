@@ -34,6 +34,8 @@ struct Style
     int precision = 6;  ///< decimals, or significant digits in General notation
     bool trimZeros = false;
     bool groupThousands = false;
+    bool plain = false;  ///< General notation writes numbers from a millionth to a thousand million without
+                         ///< an exponent
 };
 
 /// `value` as text; empty for NaN and infinities. General notation uses d = precision significant digits (6

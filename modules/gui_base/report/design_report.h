@@ -40,6 +40,12 @@ GUI_BASE_REPORT_EXPORT std::vector<Line> LeakageLines(const std::vector<design::
 GUI_BASE_REPORT_EXPORT std::vector<Line> NeutralisationLines(const design::PlantDesign& plant,
                                                              const ReportContext& context);
 
+/// How much waste a regeneration of an exchanger leaves, and how those of the line are neutralised.
+GUI_BASE_REPORT_EXPORT std::vector<Line> WasteLines(const design::PlantDesign& plant,
+                                                    const OwnerNode& exchanger, const ReportContext& context);
+/// "name: value unit", each on a line of its own.
+GUI_BASE_REPORT_EXPORT std::string TextOf(const std::vector<Line>& lines);
+
 /// Keys of the results of an exchanger, a compartment and a resin in the order in which they are read.
 GUI_BASE_REPORT_EXPORT std::span<const char* const> ExchangerResults();
 /// Those of a compartment are less where it is the only one: the rest is its exchanger's.

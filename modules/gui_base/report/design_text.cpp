@@ -58,7 +58,7 @@ std::string CompartmentTitle(const design::ExchangerDesign& exchanger, std::size
 
 std::vector<Line> CapacityLines(const design::Capacity& capacity, const ReportContext& context)
 {
-    if (std::isnan(capacity.base))
+    if (std::isnan(capacity.value))
         return {};
     const std::string origin =
         context.Translated(wxTRANSLATE("Capacity")) + ": " + context.Translated(capacity.origin);
@@ -106,6 +106,26 @@ std::vector<Line> NeutralisationLines(const design::PlantDesign& plant, const Re
         }
     }
     return lines;
+}
+
+std::vector<Line> WasteLines(const design::PlantDesign& plant, const OwnerNode& exchanger,
+                             const ReportContext& context)
+{
+    std::vector<Line> lines = NeutralisationLines(plant, context);
+    const auto found = std::ranges::find(plant.exchangers, &exchanger, &design::ExchangerDesign::node);
+    if (found != plant.exchangers.end() && !std::isnan(found->wasteVolume))
+        lines.insert(lines.begin(), Amount(context.Translated(wxTRANSLATE("Waste water of a regeneration")),
+                                           found->wasteVolume, "m3", context));
+    return lines;
+}
+
+std::string TextOf(const std::vector<Line>& lines)
+{
+    std::string text;
+    for (const Line& line : lines)
+        text += (text.empty() ? "" : "\n") + line.name + ": " + line.value +
+                (line.unit.empty() ? "" : " " + line.unit);
+    return text;
 }
 
 std::span<const char* const> ExchangerResults()

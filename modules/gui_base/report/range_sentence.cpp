@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "gui_base/report/range_sentence.h"
 
+#include "gui_base/report/design_report.h"
 #include "projectbase/project/project.h"
 #include "projectbase/units/unit_system_manager.h"
 
@@ -27,8 +28,12 @@ std::string NameOf(DetailOwner owner, const Project& project, const ReportContex
     const OwnerNode* node = project.FindOwner(owner);
     if (node == nullptr || node->GetKind() == OwnerKind::Project)
         return {};
-    if (node->GetKind() != OwnerKind::Water)
-        return project.PathOf(owner);
+    if (node->GetKind() != OwnerKind::Water) {
+        const OwnerNode* exchanger = node;
+        while (exchanger->GetKind() != OwnerKind::Exchanger)
+            exchanger = exchanger->GetParent();
+        return designtext::ExchangerTitle(*exchanger, context) + " (" + project.PathOf(owner) + ")";
+    }
     return project.GetLiquidCount() > 1 ? context.Translated(node->GetName().c_str()) : std::string();
 }
 

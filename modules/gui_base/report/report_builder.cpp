@@ -44,12 +44,7 @@ ReportPageSource::~ReportPageSource() = default;
 
 std::string ReportContext::Number(double value, int digits) const
 {
-    constexpr int kPlainDigits = 9;
-    int needed = 1;
-    for (double rest = std::fabs(value); rest >= 10.0 && needed <= kPlainDigits; rest /= 10.0)
-        ++needed;
-    const int precision = needed <= kPlainDigits ? std::max(digits, needed) : digits;
-    return numbertext::Format(value, {.precision = precision}, separators);
+    return numbertext::Format(value, {.precision = digits, .plain = true}, separators);
 }
 
 ReportHead MakeReportHead(const Project& project, const std::string& fallbackTitle,

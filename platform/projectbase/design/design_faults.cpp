@@ -6,6 +6,7 @@
 #include "projectbase/design/plant_design.h"
 #include "projectbase/project/iex_project.h"
 #include "projectbase/sequence/sequence_calculation.h"
+#include "projectbase/sequence/sequence_tables.h"
 
 #include <wx/translation.h>
 
@@ -38,6 +39,8 @@ constexpr Rule kDensity{false, wxTRANSLATE("%s is above the strongest solution w
 constexpr Rule kSupply{false, wxTRANSLATE("%s is above the concentration of the supply, %s")};
 constexpr Rule kOwnUse{
     false, wxTRANSLATE("%s, which the regenerations take from the product, is above all of it, %s")};
+constexpr const char* kNoWater = wxTRANSLATE("There is no water of that number");
+constexpr const char* kNoChemical = wxTRANSLATE("The exchanger has no chemical for this row");
 constexpr const char* kOtherChemical = wxTRANSLATE("The resin is not regenerated with this chemical");
 constexpr Rule kTerminal{false, wxTRANSLATE("%s carries the beads out, which sink with %s")};
 
@@ -145,6 +148,17 @@ void CheckBed(const ExchangerDesign& exchanger, const CompartmentDesign& bed, Fa
     CheckLevel(exchanger, bed, faults);
 }
 
+/// Rows of a chemical that nobody chose for the exchanger.
+void CheckRows(const ExchangerDesign& exchanger, Faults& faults)
+{
+    for (const auto& row : exchanger.node->GetChildren(OwnerKind::SequenceRow)) {
+        const auto* type = sequence::FindType(row->GetDetails()->At("regseqstep/type").GetStdStringValue());
+        const bool isEmpty = row->GetDetails()->At("regseqstep/medium").GetStringValue().empty();
+        if (type != nullptr && type->rowClass == "chemical" && isEmpty)
+            faults.Tell(*row, "regseqstep/medium", kNoChemical);
+    }
+}
+
 /// A backwash that carries the beads out.
 void CheckBackwash(const ExchangerDesign& exchanger, Faults& faults)
 {
@@ -188,6 +202,7 @@ void CheckExchanger(const ExchangerDesign& exchanger, double runningTime, Faults
     if (isInstalled)
         faults.Check(node, "step/run.time", runningTime, kRunTime);
     CheckBackwash(exchanger, faults);
+    CheckRows(exchanger, faults);
     for (const CompartmentDesign& bed : exchanger.compartments)
         CheckBed(exchanger, bed, faults);
 }
@@ -199,6 +214,8 @@ std::vector<RangeFault> DesignFaults(const iex::IEXProject& project)
     if (project.NumberSteps() == 0)
         return {};
     Faults faults;
+    if (project.FeedingWater() == nullptr && !project.IsOfType("FOODC"))
+        faults.Tell(project.GetRoot(), "project/water", kNoWater);
     const DetailData& product = project.GetDetails().At("project/wbrutto");
     faults.Add(project.GetRoot(), product, sequence::TotalsOf(project).ownUse, wxTRANSLATE("Water"),
                product.GetUnit(), product.GetDoubleValue(), kOwnUse);

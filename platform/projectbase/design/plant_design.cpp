@@ -111,11 +111,6 @@ void DesignVessel(ExchangerDesign& exchanger, const Line& line)
     exchanger.velocity = line.flow / exchanger.area;
 }
 
-Beads BeadsOf(const Resin& resin)
-{
-    return {resin.bead, resin.density, resin.voidFraction};
-}
-
 void DesignHydraulics(ExchangerDesign& exchanger, const Line& line, bool isWater)
 {
     if (exchanger.compartments.empty())

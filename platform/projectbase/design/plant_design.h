@@ -33,6 +33,9 @@ PROJECTBASE_EXPORT double VolumeOf(const OwnerNode& resin);
 /// Volume (m³) of the resins of a compartment, inert layers apart: what a bed volume means.
 PROJECTBASE_EXPORT double BedVolume(const OwnerNode& compartment);
 
+/// Velocity (m/h) of the first backwash in the regeneration sequence of an exchanger.
+PROJECTBASE_EXPORT double BackwashVelocity(const OwnerNode& exchanger);
+
 struct CompartmentDesign
 {
     const OwnerNode* node = nullptr;

@@ -14,13 +14,7 @@ namespace {
 /// Of all resin of the vessel at the velocity of the first backwash.
 double ExpansionOf(const ExchangerDesign& exchanger)
 {
-    const auto rows = exchanger.node->GetChildren(OwnerKind::SequenceRow);
-    const auto backwash = std::ranges::find_if(rows, [](const auto& row) {
-        return row->GetDetails()->At("regseqstep/type").GetStdStringValue() == sequence::kBackwash;
-    });
-    if (backwash == rows.end())
-        return kNotKnown;
-    const double velocity = (*backwash)->GetDetails()->At("regseqstep/v").GetDoubleValue();
+    const double velocity = BackwashVelocity(*exchanger.node);
     // Backwashed with water at the temperature of the service.
     const Liquid water = WaterAt(exchanger.temperature);
     double expanded = 0.0;
@@ -28,8 +22,7 @@ double ExpansionOf(const ExchangerDesign& exchanger)
     for (const CompartmentDesign& bed : exchanger.compartments) {
         if (bed.resin == nullptr)
             return kNotKnown;
-        const Beads beads{bed.resin->bead, bed.resin->density, bed.resin->voidFraction};
-        expanded += bed.volume * Expansion(velocity, beads, water);
+        expanded += bed.volume * Expansion(velocity, BeadsOf(*bed.resin), water);
         settled += bed.volume;
     }
     return settled > 0.0 ? expanded / settled : kNotKnown;
@@ -69,6 +62,16 @@ void Neutralise(PlantDesign& plant)
 }
 
 }  // namespace
+
+double BackwashVelocity(const OwnerNode& exchanger)
+{
+    const auto rows = exchanger.GetChildren(OwnerKind::SequenceRow);
+    const auto backwash = std::ranges::find_if(rows, [](const auto& row) {
+        return row->GetDetails()->At("regseqstep/type").GetStdStringValue() == sequence::kBackwash;
+    });
+    return backwash == rows.end() ? kNotKnown
+                                  : (*backwash)->GetDetails()->At("regseqstep/v").GetDoubleValue();
+}
 
 void DesignWastes(PlantDesign& plant)
 {

@@ -6,6 +6,7 @@
 /// call throws DatabaseError when they cannot be read.
 
 #include "dbinterfaces/db_objects.h"
+#include "projectbase/design/hydraulics.h"
 #include "projectbase/projectbase_export.h"
 
 #include <string_view>
@@ -26,6 +27,12 @@ PROJECTBASE_EXPORT const Resin* FindResin(std::string_view key);
 inline bool IsInert(const Resin& resin)
 {
     return resin.kind == "inert";
+}
+
+/// What flow through a bed of it depends on.
+inline Beads BeadsOf(const Resin& resin)
+{
+    return {resin.bead, resin.density, resin.voidFraction};
 }
 
 /// What is known of a resin's regeneration with a chemical in that mode ("CO", "COUNTER" or "MB"), or null.

@@ -229,12 +229,10 @@ Stream StreamOf(const iex::IEXProject& project)
 {
     if (project.IsOfType("FOODC"))
         return OfFeed(project);
-    const DetailList& details = project.GetDetails();
-    const long water = details.At("project/water").GetLongValue();
-    if (water < 1 || static_cast<std::size_t>(water) > project.GetLiquidCount())
+    const LiquidData* water = project.FeedingWater();
+    if (water == nullptr)
         return UnknownStream();
-    return OfWater(*project.GetLiquid(static_cast<std::size_t>(water - 1)).GetDetails(),
-                   details.At("feed/organics").GetStdStringValue());
+    return OfWater(*water->GetDetails(), project.GetDetails().At("feed/organics").GetStdStringValue());
 }
 
 std::array<Ions, 2> Take(ExchangerKind kind, double residualCo2, Stream& stream)

@@ -129,6 +129,18 @@ OwnerNode& IEXProject::AddStep(const std::string& kind, std::size_t position)
     const ProjectEdit edit(*this, wxTRANSLATE("add exchanger"));
     OwnerNode& step = AddOwner(GetRoot(), std::make_shared<OwnerNode>(OwnerKind::Exchanger), position);
     step.GetDetails()->At("step/kind").SetValue(kind);
+    FillStep(step);
+    return step;
+}
+
+void IEXProject::FillStep(OwnerNode& step)
+{
+    const ProjectEdit edit(*this);
+    for (const OwnerKind kind : {OwnerKind::Compartment, OwnerKind::SequenceRow}) {
+        while (!step.GetChildren(kind).empty())
+            RemoveOwner(*step.GetChildren(kind).back());
+    }
+    const std::string kind = KindOf(step);
     for (std::size_t i = 0; i < CompartmentsOf(kind); ++i) {
         OwnerNode& compartment = AddOwner(step, OwnerKind::Compartment);
         OwnerNode& resin = AddOwner(compartment, OwnerKind::Resin);
@@ -140,7 +152,6 @@ OwnerNode& IEXProject::AddStep(const std::string& kind, std::size_t position)
         FillCompartment(compartment, resin, *usual);
     }
     sequence::AddDefaults(*this, step);
-    return step;
 }
 
 void IEXProject::SetPlant(const std::string& type, const std::vector<std::string>& kinds)
@@ -224,8 +235,14 @@ bool IEXProject::IsFeedKnown() const
 {
     if (IsOfType("FOODC"))
         return GetDetailGroups("feedcompound") != nullptr;
+    return FeedingWater() != nullptr;
+}
+
+const LiquidData* IEXProject::FeedingWater() const
+{
     const long water = GetDetails().At("project/water").GetLongValue();
-    return water >= 1 && static_cast<std::size_t>(water) <= GetLiquidCount();
+    const bool isThere = water >= 1 && static_cast<std::size_t>(water) <= GetLiquidCount();
+    return isThere && !IsOfType("FOODC") ? &GetLiquid(static_cast<std::size_t>(water - 1)) : nullptr;
 }
 
 bool IEXProject::IsReadyToCalculate() const

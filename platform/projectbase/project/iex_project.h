@@ -34,9 +34,14 @@ public:
     /// Throws std::out_of_range.
     OwnerNode& GetStep(std::size_t index);
     const OwnerNode& GetStep(std::size_t index) const;
+    /// The water that feeds the plant; null for a column, which takes the feed, and where there is no such
+    /// water.
+    const LiquidData* FeedingWater() const;
     /// Adds an exchanger ("SAC_H", ...) with its compartments, each with a resin, a regenerant, its level and
     /// dilution that are usual for its kind in a plant of this type.
     OwnerNode& AddStep(const std::string& kind, std::size_t position);
+    /// Gives an exchanger the parts that are usual for its kind, instead of those that it has.
+    void FillStep(OwnerNode& step);
     /// Makes it a plant of that type with exchangers of these kinds, as one edit. Of the exchangers that are
     /// there those stay, with all that was typed, whose kinds come in the same order; the others go, and new
     /// ones are as AddStep makes them. Throws std::invalid_argument where the type does not exist or cannot

@@ -157,23 +157,46 @@ void FollowChemical(const Context& context, const TypedInput& input)
 {
     const std::string before = std::get<wxString>(input.before).utf8_string();
     const bool conditioning = input.detail.GetName() == "stepcomp/cond.chemical";
-    if (OwnerNode* const exchanger = input.node.GetParent())
-        sequence::ReplaceChemical(*exchanger, before, input.detail.GetStdStringValue(), conditioning);
+    sequence::ReplaceChemical(input.node, before, conditioning);
     KeepRequiredRows(context, input);
+}
+
+/// An exchanger that becomes one of another kind begins anew; a new one has its parts from whoever made it.
+void RefillStep(const Context& context, const TypedInput& input)
+{
+    auto* project = dynamic_cast<iex::IEXProject*>(&context.project);
+    const bool isNew = std::get<wxString>(input.before).empty();
+    if (project != nullptr && !isNew && std::get<wxString>(input.before) != input.detail.GetStringValue())
+        project->FillStep(input.node);
+}
+
+void FollowMode(const Context&, const TypedInput& input)
+{
+    sequence::FollowMode(input.node);
+}
+
+constexpr double kWhole = 100.0;  // %
+
+/// Without a second dilution the first one is all.
+void FillFirstPortion(DetailList& details, const std::string& portion)
+{
+    details.At(portion).SetValue(kWhole);
+    details.At(portion + "2").SetValue(0.0);
 }
 
 /// The portions of two dilutions make a whole.
 void FollowPortion(const Context& context, const TypedInput& input)
 {
-    constexpr double kWhole = 100.0;
-    std::string other = input.detail.GetName();
-    if (other.ends_with('2'))
-        other.pop_back();
-    else
-        other += '2';
-    const double rest = kWhole - input.detail.GetDoubleValue();
+    DetailList& details = *input.node.GetDetails();
+    std::string portion = input.detail.GetName();
+    const bool isSecond = portion.ends_with('2');
+    if (isSecond)
+        portion.pop_back();
+    if (!details.At(portion.substr(0, portion.rfind('.')) + ".progressive").GetBoolValue())
+        return FillFirstPortion(details, portion);
+    const std::string other = isSecond ? portion : portion + "2";
     if (!context.IsTyped(input.node, other))
-        input.node.GetDetails()->At(other).SetValue(rest);
+        details.At(other).SetValue(std::clamp(kWhole - input.detail.GetDoubleValue(), 0.0, kWhole));
 }
 
 /// What is typed stays, also where the design would come to the same.
@@ -182,16 +205,11 @@ void KeepDiameter(const Context&, const TypedInput& input)
     input.node.GetDetails()->At("step/diameter.designed").SetValue(std::nan(""));
 }
 
-/// Without a second dilution the first one is all.
 void KeepDilutions(const Context& context, const TypedInput& input)
 {
     const std::string& key = input.detail.GetName();
-    const std::string portion = key.substr(0, key.rfind('.')) + ".portion";
-    DetailList& details = *input.node.GetDetails();
-    if (!input.detail.GetBoolValue()) {
-        details.At(portion).SetValue(100.0);
-        details.At(portion + "2").SetValue(0.0);
-    }
+    if (!input.detail.GetBoolValue())
+        FillFirstPortion(*input.node.GetDetails(), key.substr(0, key.rfind('.')) + ".portion");
     KeepRequiredRows(context, input);
 }
 
@@ -219,6 +237,8 @@ constexpr std::array kRules{
     RuleOfKey{"regseqstep/type", &KeepRequiredRows},
     RuleOfKey{"regseqstep/medium", &KeepRequiredRows},
     RuleOfKey{"regseqstep/flag.removable", &KeepRequiredRows},
+    RuleOfKey{"step/kind", &RefillStep},
+    RuleOfKey{"step/mode", &FollowMode},
     RuleOfKey{"step/diameter", &KeepDiameter},
     RuleOfKey{"stepcomp/rm.chemical", &FollowChemical},
     RuleOfKey{"stepcomp/cond.chemical", &FollowChemical},

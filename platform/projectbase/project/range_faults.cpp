@@ -275,7 +275,11 @@ int SideOfLimits(const DetailData& detail)
 {
     if (detail.GetType() != DetailType::Double && detail.GetType() != DetailType::Long)
         return 0;
-    const double value = detail.GetDoubleValue();
+    return SideOfLimits(detail, detail.GetDoubleValue());
+}
+
+int SideOfLimits(const DetailData& detail, double value)
+{
     if (detail.HasMinValue() && value < detail.GetMinValue())
         return -1;
     return detail.HasMaxValue() && value > detail.GetMaxValue() ? 1 : 0;

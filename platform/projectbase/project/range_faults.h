@@ -33,6 +33,8 @@ struct RangeFault
 
 /// -1 for a number below its minimum, +1 above its maximum, 0 within, and for what is no number or not known.
 PROJECTBASE_EXPORT int SideOfLimits(const DetailData& detail);
+/// The same of a value that the detail could have.
+PROJECTBASE_EXPORT int SideOfLimits(const DetailData& detail, double value);
 
 /// By owner in the order of the project, then by key; at the end of each owner what contradicts each other:
 /// bicarbonate and a pH below 4.3, a p-value and the m-value or the pH, what

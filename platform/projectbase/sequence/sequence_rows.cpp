@@ -83,26 +83,46 @@ const Default* DefaultOf(const OwnerNode& exchanger, std::string_view type, std:
     return found == rows.end() ? nullptr : *found;
 }
 
-/// A medium that a row of the type can have: that of a chemical where the exchanger has one.
+const char* ChemicalKey(bool conditioning)
+{
+    return conditioning ? "stepcomp/cond.chemical" : "stepcomp/rm.chemical";
+}
+
+/// The medium of a compartment's chemical, or null.
+const Medium* MediumOf(const OwnerNode& compartment, bool conditioning)
+{
+    return MediumOfChemical(Text(compartment, ChemicalKey(conditioning)));
+}
+
+/// A medium that a row of the type can have; a chemical is one of the exchanger's, and none where it has
+/// none.
 std::string MediumFor(const OwnerNode& exchanger, const Type& type, const std::string& wanted)
 {
     const Medium* const present = FindMedium(wanted);
     if (type.rowClass == "chemical") {
-        const char* const key = type.key == kConditioning ? "stepcomp/cond.chemical" : "stepcomp/rm.chemical";
         const Medium* first = nullptr;
         for (const auto& compartment : exchanger.GetChildren(OwnerKind::Compartment)) {
-            const Medium* const own = MediumOfChemical(Text(*compartment, key));
+            const Medium* const own = MediumOf(*compartment, type.key == kConditioning);
             if (own != nullptr && own == present)
                 return wanted;
             first = first == nullptr ? own : first;
         }
-        if (first != nullptr)
-            return first->key;
+        return first == nullptr ? std::string() : first->key;
     }
     if (present != nullptr && CanHave(type, *present))
         return wanted;
     const auto found = std::ranges::find_if(Media(), [&](const Medium& each) { return CanHave(type, each); });
     return found == Media().end() ? std::string() : found->key;
+}
+
+/// Where the regenerant flows in a vessel with one bed: against the service, which flows down, or with it.
+/// Empty for what the mode of regeneration does not settle.
+std::string DirectionOf(const OwnerNode& exchanger, std::string_view type)
+{
+    const bool isMeant = IsRegeneration(type) || type == kDisplacement;
+    if (!isMeant || exchanger.GetChildren(OwnerKind::Compartment).size() != 1)
+        return {};
+    return Text(exchanger, "step/mode") == "COUNTER" ? "UP" : "DOWN";
 }
 
 bool IsBlank(const RegSeqStep& step)
@@ -158,9 +178,12 @@ void WriteRow(OwnerNode& node, const RegSeqStep& row)
     SetFlag(details, "regseqstep/flag.own", row.own);
 }
 
-RegSeqStep FromDefault(const Default& usual)
+RegSeqStep FromDefault(const OwnerNode& exchanger, const Default& usual)
 {
-    RegSeqStep row{.type = usual.type, .medium = usual.medium, .direction = usual.figures.direction};
+    const std::string direction = DirectionOf(exchanger, usual.type);
+    RegSeqStep row{.type = usual.type,
+                   .medium = usual.medium,
+                   .direction = direction.empty() ? usual.figures.direction : direction};
     TakeFigures(row, usual.figures);
     return row;
 }
@@ -208,7 +231,7 @@ void AddDefaults(Project& project, OwnerNode& exchanger)
         std::ranges::any_of(compartments, [](const auto& each) { return IsStepwise(*each); });
     for (const Default* usual : DefaultsOf(Text(exchanger, "step/kind"))) {
         if (stepwise || usual->type != kFirstRegenerant)
-            AddRow(project, exchanger, FromDefault(*usual), static_cast<std::size_t>(-1));
+            AddRow(project, exchanger, FromDefault(exchanger, *usual), static_cast<std::size_t>(-1));
     }
     KeepRequired(project, exchanger);
 }
@@ -273,14 +296,17 @@ void KeepRequired(Project& project, OwnerNode& exchanger)
     std::vector<DetailOwner> kept;
     for (const Requirement& required : RequirementsOf(exchanger)) {
         const auto rows = exchanger.GetChildren(OwnerKind::SequenceRow);
-        const auto found = std::ranges::find_if(rows, [&](const auto& row) { return Meets(*row, required); });
+        // Compartments with the same chemical need a row each.
+        const auto found = std::ranges::find_if(rows, [&](const auto& row) {
+            return Meets(*row, required) && std::ranges::find(kept, row->GetOwner()) == kept.end();
+        });
         if (found != rows.end()) {
             kept.push_back((*found)->GetOwner());
             continue;
         }
         RegSeqStep row{.type = required.type, .medium = required.medium, .direction = "DOWN"};
         if (const Default* usual = DefaultOf(exchanger, required.type, required.medium)) {
-            row = FromDefault(*usual);
+            row = FromDefault(exchanger, *usual);
             row.medium = required.medium.empty() ? row.medium : required.medium;
         }
         kept.push_back(AddRow(project, exchanger, row, UsualPlace(exchanger, required)).GetOwner());
@@ -290,17 +316,39 @@ void KeepRequired(Project& project, OwnerNode& exchanger)
                 std::ranges::find(kept, row->GetOwner()) == kept.end());
 }
 
-void ReplaceChemical(OwnerNode& exchanger, std::string_view before, std::string_view after, bool conditioning)
+void ReplaceChemical(OwnerNode& compartment, std::string_view before, bool conditioning)
 {
-    const Medium* const from = MediumOfChemical(before);
-    const Medium* const to = MediumOfChemical(after);
-    if (from == nullptr || to == nullptr)
+    OwnerNode* const exchanger = compartment.GetParent();
+    if (exchanger == nullptr)
         return;
-    for (const auto& row : exchanger.GetChildren(OwnerKind::SequenceRow)) {
+    const auto compartments = exchanger->GetChildren(OwnerKind::Compartment);
+    const Medium* const from = MediumOfChemical(before);
+    const Medium* const to = MediumOf(compartment, conditioning);
+    // Of compartments that had the same chemical, each has the rows at its place; else all of them are its
+    // own.
+    const auto had = [&](const auto& each) { return MediumOf(*each, conditioning) == from; };
+    const bool isShared = std::ranges::any_of(compartments, had);
+    const auto end = compartments.begin() + static_cast<std::ptrdiff_t>(compartment.GetPosition());
+    const auto place = std::count_if(compartments.begin(), end, had);
+    const std::string now = to == nullptr ? std::string() : to->key;
+    std::ptrdiff_t seen = 0;
+    for (const auto& row : exchanger->GetChildren(OwnerKind::SequenceRow)) {
         const std::string type = Text(*row, "regseqstep/type");
         const bool isMeant = conditioning ? type == kConditioning : IsRegeneration(type);
-        if (isMeant && Text(*row, "regseqstep/medium") == from->key)
-            SetText(*row->GetDetails(), "regseqstep/medium", to->key);
+        if (!isMeant || FindMedium(Text(*row, "regseqstep/medium")) != from)
+            continue;
+        if (!isShared || seen == place)
+            SetText(*row->GetDetails(), "regseqstep/medium", now);
+        ++seen;
+    }
+}
+
+void FollowMode(OwnerNode& exchanger)
+{
+    for (const auto& row : exchanger.GetChildren(OwnerKind::SequenceRow)) {
+        const std::string direction = DirectionOf(exchanger, Text(*row, "regseqstep/type"));
+        if (!direction.empty())
+            SetText(*row->GetDetails(), "regseqstep/direction", direction);
     }
 }
 

@@ -30,9 +30,11 @@ PROJECTBASE_EXPORT void CorrectMedium(OwnerNode& row);
 /// steps; in a mixed bed backwash, both regenerants, air mixing and final rinse.
 PROJECTBASE_EXPORT void KeepRequired(Project& project, OwnerNode& exchanger);
 
-/// A chemical of a compartment became another one: the rows that had it follow.
-PROJECTBASE_EXPORT void ReplaceChemical(OwnerNode& exchanger, std::string_view before, std::string_view after,
-                                        bool conditioning);
+/// A compartment's chemical was `before` and is another one or none now: its rows follow.
+PROJECTBASE_EXPORT void ReplaceChemical(OwnerNode& compartment, std::string_view before, bool conditioning);
+
+/// Regenerant and displacement of a vessel with one bed flow as its mode of regeneration says.
+PROJECTBASE_EXPORT void FollowMode(OwnerNode& exchanger);
 
 /// One of the values of a row was typed ("regseqstep/q"): it stays, what was typed before follows.
 PROJECTBASE_EXPORT void RememberTyped(OwnerNode& row, std::string_view key);

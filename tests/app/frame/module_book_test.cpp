@@ -3,6 +3,7 @@
 #include "gui_base/input/controls/tv_textctrl.h"
 #include "gui_base/input/validation/double_validator.h"
 #include "gui_base/water/feedwater/organics_input_panel.h"
+#include "projectbase/project/iex_project.h"
 #include "tests/support/program_fixture.h"
 
 namespace {
@@ -23,6 +24,32 @@ protected:
         Pump();
     }
 };
+
+TEST_F(ModuleBookTest, TabGoesFromFieldToFieldOfEveryPage)
+{
+    dynamic_cast<iex::IEXProject&>(OpenProject()).SetPlant("SOFT", {"SAC_NA"});
+    Pump();
+    struct Way
+    {
+        const char* page;
+        const char* from;
+        const char* to;
+    };
+    const Way ways[] = {{"design", "Source flow rate [m\u00b3/h]", "Running time [h]"},
+                        {"project", "Customer", "Plant"},
+                        {"design", "Greatest velocity [m/h]", "Least bed depth [m]"}};
+    for (const auto& [page, from, to] : ways) {
+        ModulePanelBase* shown = m_frame->GetBook().Show(page, {});
+        ASSERT_NE(shown, nullptr) << page;
+        Pump();
+        auto& field = Find<wxTextCtrl>(*shown, from);
+        Focus(field);
+        Press(WXK_TAB);
+        EXPECT_TRUE(Find<wxTextCtrl>(*shown, to).HasFocus()) << page;
+        Press(WXK_TAB, wxMOD_SHIFT);
+        EXPECT_TRUE(field.HasFocus()) << page;
+    }
+}
 
 TEST_F(ModuleBookTest, OrganicsStandWithTheFirstWater)
 {

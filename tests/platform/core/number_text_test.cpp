@@ -35,6 +35,13 @@ TEST(NumberText, FormatsEveryNotation)
         {1234567.0, {General, 6}, kPlain, "1.234567e+06"},
         {123456.0, {General, 6}, kPlain, "123456"},
         {1234.5678, {General, 6}, kPlain, "1234.568"},
+        {11520.4, {.precision = 4, .plain = true}, kPlain, "11520"},
+        {1234567890.0, {.precision = 4, .plain = true}, kPlain, "1.2346e+09"},
+        {-999999999.4, {.precision = 4, .plain = true}, kPlain, "-999999999"},
+        {0.00029720, {.precision = 4, .plain = true}, kPlain, "0.0002972"},
+        {0.02885, {.precision = 4, .plain = true}, kPlain, "0.0289"},
+        {0.00000123456, {.precision = 4, .plain = true}, kPlain, "0.000001235"},
+        {0.000000123, {.precision = 4, .plain = true}, kPlain, "1.2300e-07"},
         // A negative exponent counts one lower: 1e-5 has e = -6 and is still fixed with six digits.
         {0.00001, {General, 6}, kPlain, "0.00001"},
         {0.0000095, {General, 6}, kPlain, "9.500000e-06"},

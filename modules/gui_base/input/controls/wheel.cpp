@@ -12,9 +12,14 @@ void ScrollParentUnlessFocused(wxWindow& control, wxMouseEvent& event, wxWindow*
         event.Skip();
         return;
     }
+    ScrollParent(*parent, event);
+}
+
+void ScrollParent(wxWindow& parent, const wxMouseEvent& event)
+{
     wxMouseEvent forwarded(event);
-    forwarded.SetEventObject(parent);
-    parent->GetEventHandler()->ProcessEvent(forwarded);
+    forwarded.SetEventObject(&parent);
+    parent.GetEventHandler()->ProcessEvent(forwarded);
 }
 
 }  // namespace wheel

@@ -15,4 +15,7 @@ namespace wheel {
 GUI_BASE_EXPORT void ScrollParentUnlessFocused(wxWindow& control, wxMouseEvent& event,
                                                wxWindow* surroundings = nullptr);
 
+/// Gives an event of the wheel to the window around a control that has nothing to scroll.
+GUI_BASE_EXPORT void ScrollParent(wxWindow& parent, const wxMouseEvent& event);
+
 }  // namespace wheel

@@ -48,7 +48,7 @@ struct FormRow
     std::optional<FormLimits> limits = std::nullopt;
     int precision = 4;
     TvTextCtrlFormat format = TvTextCtrlFormat::General;
-    int validatorFlags = 0;                                   ///< beside the checks of the limits
+    int validatorFlags = PlainNumbers;                        ///< beside the checks of the limits
     double undef = std::numeric_limits<double>::quiet_NaN();  ///< stored for an emptied field
     int width = 0;                                            ///< in DIP; 0 for that of the form
     int lines = 1;  ///< of a text; Enter begins a new one if there are more

@@ -360,12 +360,12 @@ bool ModulePanelBase::IsBookPage() const
            (parent != nullptr && dynamic_cast<const wxBookCtrlBase*>(parent->GetParent()) != nullptr);
 }
 
-void ModulePanelBase::ForwardWheelOf(wxWindow& parent)
+ModulePanelBase* ModulePanelBase::OuterPanel() const
 {
-    for (wxWindow* child : parent.GetChildren()) {
-        child->Bind(wxEVT_MOUSEWHEEL, &ModulePanelBase::OnWheel, this);
-        ForwardWheelOf(*child);
-    }
+    wxWindow* window = GetParent();
+    while (window != nullptr && dynamic_cast<ModulePanelBase*>(window) == nullptr)
+        window = window->GetParent();
+    return dynamic_cast<ModulePanelBase*>(window);
 }
 
 void ModulePanelBase::OnWheel(wxMouseEvent& event)
@@ -376,6 +376,8 @@ void ModulePanelBase::OnWheel(wxMouseEvent& event)
         event.Skip();
         return;
     }
+    if (ModulePanelBase* outer = OuterPanel(); outer != nullptr && !HasScrollbar(wxVERTICAL))
+        return outer->OnWheel(event);
     // The scroll unit is one pixel, which is no step for a wheel. Fine wheels turn by parts of a step.
     m_wheelTurn += event.GetWheelRotation();
     const int steps = m_wheelTurn / event.GetWheelDelta();

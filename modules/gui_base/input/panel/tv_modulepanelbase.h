@@ -164,9 +164,9 @@ private:
     void BindBaseEvents();
     void LocalizeControls();
     void ShowInUnitSystem(bool transferValues);
-    /// The wheel scrolls the panel wherever the pointer stands on it.
-    void ForwardWheelOf(wxWindow& parent);
     void OnWheel(wxMouseEvent& event);
+    /// The panel that this one is a part of, or null.
+    ModulePanelBase* OuterPanel() const;
     void FindStatusBar();
     bool IsBookPage() const;
     void OnChangeUnitSystem(wxCommandEvent& event);

@@ -156,7 +156,8 @@ wxString NumericValidator::FormatNumber(double value, int precision) const
     return FormatNumber(value, {.format = m_format,
                                 .precision = precision,
                                 .trimZeros = HasFlag(TrimZeros),
-                                .groupThousands = HasFlag(GroupThousands)});
+                                .groupThousands = HasFlag(GroupThousands),
+                                .plain = HasFlag(PlainNumbers)});
 }
 
 std::optional<double> NumericValidator::ParseNumber(const wxString& text)

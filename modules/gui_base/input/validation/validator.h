@@ -28,6 +28,7 @@ enum ValidatorFlag : int
     ZeroAsEmpty = 64,        ///< zero is shown as an empty field
     GroupThousands = 256,    ///< fixed notation groups thousands
     ShowPreciseValue = 512,  ///< the status bar shows the value with two more digits
+    PlainNumbers = 1024,     ///< general notation has no exponent from a millionth to a thousand million
 };
 
 class GUI_BASE_EXPORT Validator : public wxValidator

@@ -3,6 +3,7 @@
 
 #include "gui_base/input/controls/tv_staticboxsizer.h"
 #include "gui_base/input/form/form_grid.h"
+#include "gui_base/messages/user_message.h"
 #include "projectbase/whatif/what_if_rows.h"
 
 #include <wx/statbox.h>
@@ -17,19 +18,24 @@ namespace {
 constexpr int kFieldWidth = 96;
 
 constexpr std::array kLineRows{
-    FormRow{.key = "project/water", .label = wxTRANSLATE("Water of the plant")},
     FormRow{.key = "project/qbrutto", .label = wxTRANSLATE("Source flow rate")},
     FormRow{.key = "project/lz", .label = wxTRANSLATE("Running time")},
     FormRow{.key = "project/wbrutto", .label = wxTRANSLATE("Water volume")},
     FormRow{.key = "project/nlines", .label = wxTRANSLATE("Number of lines")},
 };
+constexpr FormRow kWater{
+    .key = "project/water", .label = wxTRANSLATE("Water of the plant"), .field = FormField::Choice};
 constexpr std::array kLineResults{
     FormRow{.key = "project/qnetto", .label = wxTRANSLATE("Net flow rate"), .field = FormField::Result},
     FormRow{.key = "project/wnetto", .label = wxTRANSLATE("Net volume"), .field = FormField::Result},
     FormRow{.key = "project/vol.serv.all", .label = wxTRANSLATE("Service water"), .field = FormField::Result},
     FormRow{.key = "project/vol.waste.all", .label = wxTRANSLATE("Waste water"), .field = FormField::Result},
-    FormRow{
-        .key = "project/vol.inert.total", .label = wxTRANSLATE("Inert resin"), .field = FormField::Result},
+    FormRow{.key = "project/vol.inert.total",
+            .label = wxTRANSLATE("Inert resin above"),
+            .field = FormField::Result},
+    FormRow{.key = "project/vol.inert.total.uc",
+            .label = wxTRANSLATE("Inert resin below"),
+            .field = FormField::Result},
 };
 
 }  // namespace
@@ -49,9 +55,13 @@ void DesignPanel::DoCreateForm()
     auto* outer = new wxBoxSizer(wxVERTICAL);
     const wxSizerFlags spaced = wxSizerFlags().Border(wxALL, FromDIP(form::kGap)).Expand();
     auto* line = AddLocalizable(new TvStaticBoxSizer(wxHORIZONTAL, this, wxTRANSLATE("Line")));
+    m_water = nullptr;
     for (const std::span<const FormRow> rows :
          {std::span<const FormRow>(kLineRows), std::span<const FormRow>(kLineResults)}) {
         auto* grid = NewGrid();
+        // A column for a food liquid takes its feed.
+        if (rows.data() == kLineRows.data() && !m_plant.IsOfType("FOODC"))
+            m_water = dynamic_cast<tvChoice*>(GetFields().AddRow(line->GetStaticBox(), *grid, kWater).field);
         GetFields().AddRows(line->GetStaticBox(), *grid, rows);
         line->Add(grid, wxSizerFlags().Border(wxALL, FromDIP(form::kGap)));
     }
@@ -106,8 +116,20 @@ wxString DesignPanel::GetNotes(std::size_t exchanger) const
     return m_blocks.at(exchanger)->GetNotes();
 }
 
+void DesignPanel::ShowWaters()
+{
+    if (m_water == nullptr)
+        return;
+    tvChoice::Items waters;
+    for (std::size_t i = 0; i < m_plant.GetLiquidCount(); ++i)
+        waters.emplace_back(static_cast<long>(i + 1), ShownText(m_plant.GetLiquid(i).GetName()));
+    if (waters != m_water->GetItems())
+        m_water->Set(waters);
+}
+
 void DesignPanel::DoTransferDetailsToWindows()
 {
+    ShowWaters();
     FormPanel::DoTransferDetailsToWindows();
     ShowNotes();
 }
@@ -141,8 +163,8 @@ void DesignPanel::DoUpdateUnits()
 bool DesignPanel::Shows(std::string_view key)
 {
     const auto isRow = [key](const FormRow& row) { return key == row.key; };
-    return std::ranges::any_of(kLineRows, isRow) || std::ranges::any_of(kLineResults, isRow) ||
-           ExchangerBlock::Shows(key);
+    return isRow(kWater) || std::ranges::any_of(kLineRows, isRow) ||
+           std::ranges::any_of(kLineResults, isRow) || ExchangerBlock::Shows(key);
 }
 
 bool DesignPanel::FocusDetail(const DetailAddress& address)
@@ -151,6 +173,8 @@ bool DesignPanel::FocusDetail(const DetailAddress& address)
     if (detail == nullptr)
         return false;
     wxWindow* window = GetFields().FindField(*detail);
+    if (address.key == kWater.key)
+        window = m_water;
     for (const auto& block : m_blocks)
         window = window == nullptr ? block->FindWindow(*detail) : window;
     if (window == nullptr)

@@ -37,11 +37,13 @@ protected:
 
 private:
     void ShowNotes();
+    void ShowWaters();
     /// Whether the blocks are those of the exchangers that the project has now.
     bool IsUpToDate() const;
     std::vector<DetailOwner> PartsNow() const;
 
     iex::IEXProject& m_plant;
+    tvChoice* m_water = nullptr;  ///< which of the waters feeds the plant; null where none does
     std::vector<std::unique_ptr<ExchangerBlock>> m_blocks;
     /// The fields hold on to the details of these, also after they left the project.
     std::vector<std::shared_ptr<OwnerNode>> m_kept;

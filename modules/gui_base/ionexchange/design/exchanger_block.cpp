@@ -4,8 +4,8 @@
 #include "gui_base/input/controls/tv_button.h"
 #include "gui_base/input/controls/tv_statictext.h"
 #include "gui_base/input/form/form_grid.h"
-#include "gui_base/input/validation/numeric_validator.h"
 #include "gui_base/ionexchange/exchanger_name.h"
+#include "gui_base/ionexchange/shown_context.h"
 #include "gui_base/report/design_report.h"
 #include "gui_base/report/range_sentence.h"
 #include "gui_base/support/translation.h"
@@ -100,15 +100,6 @@ constexpr std::array kResinResults{
             .field = FormField::Result},
 };
 
-ReportContext WindowContext(const Project& project)
-{
-    ReportContext context;
-    context.unitSystem = project.GetUnitSystemDisplay();
-    context.separators = NumericValidator::LocaleSeparators();
-    context.translate = [](const char* source) { return i18n::Translated(source).utf8_string(); };
-    return context;
-}
-
 void Append(std::string& text, const std::string& line)
 {
     text += (text.empty() ? "" : "\n") + line;
@@ -116,8 +107,8 @@ void Append(std::string& text, const std::string& line)
 
 void Append(std::string& text, const std::vector<designtext::Line>& lines)
 {
-    for (const designtext::Line& line : lines)
-        Append(text, line.name + ": " + line.value + (line.unit.empty() ? "" : " " + line.unit));
+    if (!lines.empty())
+        Append(text, designtext::TextOf(lines));
 }
 
 }  // namespace
@@ -230,10 +221,15 @@ void ExchangerBlock::ShowNotes(const design::ExchangerDesign& exchanger)
     const wxString name = ExchangerName(m_exchanger);
     if (m_box.GetLabelText() != name)
         m_box.SetLabelText(name);
-    const ReportContext context = WindowContext(m_project);
+    const ReportContext context = ShownContext(m_project);
     std::string text;
-    for (const design::CompartmentDesign& bed : exchanger.compartments)
-        Append(text, designtext::CapacityLines(bed.capacity, context));
+    for (std::size_t i = 0; i < exchanger.compartments.size(); ++i) {
+        const auto lines = designtext::CapacityLines(exchanger.compartments[i].capacity, context);
+        const std::string title = designtext::CompartmentTitle(exchanger, i, context);
+        if (!lines.empty() && !title.empty())
+            Append(text, title);
+        Append(text, lines);
+    }
     Append(text, designtext::LeakageLines(exchanger.leakages, context));
     for (const RangeFault& fault : RangeFaults(m_project)) {
         const OwnerNode* owner = m_project.FindOwner(fault.address.owner);

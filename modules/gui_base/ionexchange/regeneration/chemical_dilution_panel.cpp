@@ -117,7 +117,11 @@ void TvChemicalDiliutionPanel::EnableSecondDilution(bool enable)
 
 void TvChemicalDiliutionPanel::OnProgressiveChanged()
 {
-    EnableSecondDilution(m_dilution.progressive.GetBoolValue());
+    const bool isProgressive = m_dilution.progressive.GetBoolValue();
+    EnableSecondDilution(isProgressive);
+    // A first dilution that is the only one takes all.
+    if (TvTextCtrl* field = GetFields().FindField(m_dilution.firstPortion))
+        field->SetEditable(isProgressive);
 }
 
 void TvChemicalDiliutionPanel::DoPrepare()

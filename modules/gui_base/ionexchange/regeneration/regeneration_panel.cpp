@@ -63,6 +63,11 @@ wxSizer* RegenerationPanel::CreateChemicals()
 
 bool RegenerationPanel::FocusDetail(const DetailAddress& address)
 {
+    if (m_mixedBed != nullptr && address.owner == m_exchanger.GetOwner() &&
+        address.key.starts_with("step/mb.")) {
+        m_mixedBed->SetFocus();
+        return true;
+    }
     return std::ranges::any_of(m_panels, [&](ModulePanelBase* panel) { return panel->FocusDetail(address); });
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "gui_base/ionexchange/regeneration/regseq_grid.h"
 
+#include "gui_base/input/controls/wheel.h"
 #include "gui_base/support/accessibility.h"
 #include "gui_base/support/grid_keys.h"
 #include "gui_base/support/translation.h"
@@ -72,6 +73,12 @@ TVRegSeqGrid::TVRegSeqGrid(wxWindow* parent, int id)
     DisableDragRowSize();
     SetCellHighlightROPenWidth(1);
     TakeSelectionColours(*this);
+    GetGridWindow()->Bind(wxEVT_MOUSEWHEEL, [this](wxMouseEvent& event) {
+        if (HasScrollbar(wxVERTICAL))
+            event.Skip();
+        else
+            wheel::ScrollParent(*GetParent(), event);
+    });
     Bind(wxEVT_KEY_DOWN, &TVRegSeqGrid::OnKeyDown, this);
     Bind(wxEVT_GRID_TABBING, &TVRegSeqGrid::OnTabbing, this);
     Bind(wxEVT_GRID_LABEL_LEFT_CLICK, [this](wxGridEvent& event) {
@@ -105,6 +112,8 @@ void TVRegSeqGrid::SetSteps(const std::vector<RegSeqStep>& steps)
     if (before != count)
         DisableCellEditControl();
     m_table->SetSteps(steps);
+    // The grid keeps the attribute of the cell that it asked for last.
+    ClearAttrCache();
     if (count < before) {
         wxGridTableMessage removed(m_table, wxGRIDTABLE_NOTIFY_ROWS_DELETED, count, before - count);
         ProcessTableMessage(removed);

@@ -6,6 +6,7 @@
 #include "gui_base/input/validation/double_validator.h"
 #include "gui_base/input/validation/number_cells.h"
 #include "gui_base/support/translation.h"
+#include "projectbase/project/range_faults.h"
 #include "projectbase/units/unit_system_manager.h"
 
 #include <wx/settings.h>
@@ -57,8 +58,8 @@ bool IsTime(int column)
 
 wxString NumberText(double value)
 {
-    return wxString::FromUTF8(
-        numbertext::Format(value, {.precision = kDigits}, NumericValidator::LocaleSeparators()));
+    return wxString::FromUTF8(numbertext::Format(value, {.precision = kDigits, .plain = true},
+                                                 NumericValidator::LocaleSeparators()));
 }
 
 const std::string& KeyOf(const RegSeqStep& step, int column)
@@ -78,6 +79,7 @@ std::string ClassOf(const std::string& type)
 
 RegSeqTable::RegSeqTable(std::function<void()> onEdit) : m_onEdit(std::move(onEdit))
 {
+    m_limits.LoadGroup("regseqstep", "BASE");
     TakeColours();
 }
 
@@ -88,7 +90,7 @@ RegSeqTable::~RegSeqTable()
 
 void RegSeqTable::ReleaseAttributes()
 {
-    for (wxGridCellAttr** attribute : {&m_shownText, &m_shownNumber, &m_number, &m_negative}) {
+    for (wxGridCellAttr** attribute : {&m_shownText, &m_shownNumber, &m_number, &m_below, &m_above}) {
         if (*attribute != nullptr)
             (*attribute)->DecRef();
         *attribute = nullptr;
@@ -106,8 +108,9 @@ void RegSeqTable::TakeColours()
     m_shownNumber = cells::NewAttribute(TvTextCtrl::ReadOnlyColour(), text, true, wxALIGN_RIGHT);
     m_number = cells::NewAttribute(TvTextCtrl::EditableColour(), text, false, wxALIGN_RIGHT);
     // The alarm colours are pale in every theme, so the text on them is dark.
-    m_negative =
-        cells::NewAttribute(DoubleValidator(nullptr).GetBelowMinColour(), *wxBLACK, false, wxALIGN_RIGHT);
+    const DoubleValidator alarm(nullptr);
+    m_below = cells::NewAttribute(alarm.GetBelowMinColour(), *wxBLACK, false, wxALIGN_RIGHT);
+    m_above = cells::NewAttribute(alarm.GetAboveMaxColour(), *wxBLACK, false, wxALIGN_RIGHT);
 }
 
 void RegSeqTable::SetChoicesType(Choices choices)
@@ -259,6 +262,13 @@ wxGridCellAttr* RegSeqTable::ChoiceAttribute(int row, int column)
     return attribute;
 }
 
+int RegSeqTable::SideOfLimits(int row, int column) const
+{
+    const char* const quantity = ColumnAt(column).quantity;
+    return ::SideOfLimits(m_limits.At(std::string("regseqstep/") + quantity),
+                          m_steps[static_cast<std::size_t>(row)].Get(quantity));
+}
+
 wxGridCellAttr* RegSeqTable::GetAttr(int row, int column, wxGridCellAttr::wxAttrKind)
 {
     wxGridCellAttr* attribute = IsNumber(column) ? m_shownNumber : m_shownText;
@@ -266,9 +276,8 @@ wxGridCellAttr* RegSeqTable::GetAttr(int row, int column, wxGridCellAttr::wxAttr
         if (!IsNumber(column))
             attribute = ChoiceAttribute(row, column);
         else
-            attribute = m_steps[static_cast<std::size_t>(row)].Get(ColumnAt(column).quantity) < 0.0
-                            ? m_negative
-                            : m_number;
+            attribute = std::array{m_below, m_number, m_above}.at(
+                static_cast<std::size_t>(SideOfLimits(row, column) + 1));
     }
     attribute->IncRef();
     return attribute;

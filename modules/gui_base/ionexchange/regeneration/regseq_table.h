@@ -6,6 +6,7 @@
 
 #include "gui_base/dialogs/tv_gridcellchoiceeditor.h"
 #include "gui_base/gui_base_export.h"
+#include "projectbase/details/detail_list.h"
 #include "projectbase/sequence/reg_seq_data.h"
 
 #include <wx/grid.h>
@@ -67,6 +68,8 @@ public:
 
 private:
     void ReleaseAttributes();
+    /// On which side of its limits the number of a cell lies.
+    int SideOfLimits(int row, int column) const;
     wxGridCellAttr* ChoiceAttribute(int row, int column);
     const Choices* ChoicesOf(int column) const;
     /// The media that a row of that type can have.
@@ -81,7 +84,9 @@ private:
     wxGridCellAttr* m_shownText = nullptr;
     wxGridCellAttr* m_shownNumber = nullptr;
     wxGridCellAttr* m_number = nullptr;
-    wxGridCellAttr* m_negative = nullptr;
+    wxGridCellAttr* m_below = nullptr;
+    wxGridCellAttr* m_above = nullptr;
+    DetailList m_limits;  ///< the details of a row, for their limits
     /// By what is offered: "type", "direction", and the class of the row for media.
     std::map<std::string, wxGridCellAttr*> m_choices;
 };

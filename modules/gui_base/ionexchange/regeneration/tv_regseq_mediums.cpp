@@ -52,9 +52,9 @@ void TVRegSeqMediumsGrid::SetSums(const MediumSumsData& sums, const std::string&
     const auto show = [&](int row, const wxString& name, double volume) {
         SetCellValue(row, 0, name);
         SetCellValue(row, 1,
-                     wxString::FromUTF8(
-                         numbertext::Format(UnitSystemManager::FromISO("m3", unitSystem, volume),
-                                            {.precision = kDigits}, NumericValidator::LocaleSeparators())));
+                     wxString::FromUTF8(numbertext::Format(
+                         UnitSystemManager::FromISO("m3", unitSystem, volume),
+                         {.precision = kDigits, .plain = true}, NumericValidator::LocaleSeparators())));
         SetCellAlignment(row, 1, wxALIGN_RIGHT, wxALIGN_CENTRE);
     };
     double total = 0.0;

@@ -4,6 +4,7 @@
 #include "core/text_limits.h"
 #include "gui_base/input/controls/tv_button.h"
 #include "gui_base/input/controls/tv_statictext.h"
+#include "gui_base/input/controls/wheel.h"
 #include "gui_base/input/form/form_grid.h"
 #include "gui_base/support/accessibility.h"
 #include "gui_base/support/translation.h"
@@ -147,6 +148,8 @@ void TVRegSeqSubPanel::DoBindEvents()
     post(m_up, tvREGSEQ_MOVE_UP);
     post(m_down, tvREGSEQ_MOVE_DOWN);
     post(m_remove, tvREGSEQ_REMOVE_STEP);
+    m_remarks->Bind(wxEVT_MOUSEWHEEL,
+                    [this](wxMouseEvent& event) { wheel::ScrollParentUnlessFocused(*m_remarks, event); });
     m_remarks->Bind(wxEVT_TEXT, [this](wxCommandEvent& event) {
         event.Skip();
         UpdateCharLimitCounter();

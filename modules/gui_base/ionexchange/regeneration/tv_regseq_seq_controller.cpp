@@ -104,8 +104,7 @@ void TVRegSeqSubPanelController::RegisterCallbacks()
         const auto saving = alive.lock();
         if (!saving || *saving)
             return;
-        LoadDataFromDetails();
-        SetDataToView();
+        Refresh();
     });
     m_view->Bind(wxEVT_UPDATE_UI, [this, alive = std::weak_ptr<bool>(m_saving)](wxUpdateUIEvent& event) {
         event.Skip();
@@ -120,6 +119,26 @@ void TVRegSeqSubPanelController::LoadDataFromDetails()
     // The exchanger may have left the line, its page goes next.
     if (m_view && m_view->GetStep() < m_project->NumberSteps())
         m_data = m_project->GetRegSeqData(m_view->GetStep());
+}
+
+void TVRegSeqSubPanelController::Refresh()
+{
+    // An undo may have moved the rows that are selected.
+    const std::vector<int> selected = m_view->GetSelectedRows();
+    std::vector<DetailOwner> owners;
+    for (const int row : selected) {
+        if (static_cast<std::size_t>(row) < m_data.steps.size())
+            owners.push_back(m_data.steps[static_cast<std::size_t>(row)].row);
+    }
+    LoadDataFromDetails();
+    SetDataToView();
+    std::vector<int> rows;
+    for (std::size_t row = 0; row < m_data.steps.size(); ++row) {
+        if (std::ranges::find(owners, m_data.steps[row].row) != owners.end())
+            rows.push_back(static_cast<int>(row));
+    }
+    if (rows != selected)
+        m_view->SelectRows(rows);
 }
 
 void TVRegSeqSubPanelController::GetDataFromView()

@@ -29,6 +29,8 @@ public:
     /// What the project holds becomes the working copy; it is not shown yet.
     void LoadDataFromDetails();
     void GetDataFromView();
+    /// Shows the project as it is now; the selection stays with its rows.
+    void Refresh();
     void SetDataToView();
     void SaveDataToProject();
     void Calculate();

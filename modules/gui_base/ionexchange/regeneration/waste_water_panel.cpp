@@ -3,6 +3,9 @@
 
 #include "gui_base/input/controls/tv_staticboxsizer.h"
 #include "gui_base/input/controls/tv_statictext.h"
+#include "gui_base/ionexchange/shown_context.h"
+#include "gui_base/report/design_report.h"
+#include "projectbase/design/regenerants.h"
 #include "projectbase/whatif/what_if_rows.h"
 
 #include <wx/statbox.h>
@@ -39,12 +42,22 @@ DetailList& StepDetails(iex::IEXProject& project, std::size_t step)
     return *(step < project.NumberSteps() ? project.GetStep(step) : unknown).GetDetails();
 }
 
+/// Whether a regenerant is an acid, or nobody knows what it is.
+bool MayBeAcid(const DetailList& details)
+{
+    const auto* chemical = design::FindRegenerant(details.At("stepcomp/rm.chemical").GetStdStringValue());
+    return chemical == nullptr || chemical->kind == "acid";
+}
+
 }  // namespace
 
 TvWasteWaterAndComposition::TvWasteWaterAndComposition(iex::IEXProject* project, wxWindow* parent,
                                                        const std::vector<WasteData>& regenerants,
                                                        const wxString& title, std::size_t step)
-    : FormPanel(project, StepDetails(*project, step), parent), m_regenerants(regenerants), m_title(title)
+    : FormPanel(project, StepDetails(*project, step), parent),
+      m_regenerants(regenerants),
+      m_title(title),
+      m_step(step)
 {
     m_unknown.LoadGroup("stepcomp", "BASE");
     Create();
@@ -90,19 +103,21 @@ void TvWasteWaterAndComposition::DoCreateForm()
     const wxSizerFlags spaced = wxSizerFlags().Border(wxALL, FromDIP(2 * kGap));
     auto* sections = new wxBoxSizer(wxHORIZONTAL);
     auto* anions = new wxBoxSizer(wxVERTICAL);
-    sections->Add(CreateSection(parent, wxTRANSLATE("Cations"), kCations), spaced);
+    auto* cations = new wxBoxSizer(wxVERTICAL);
+    cations->Add(CreateSection(parent, wxTRANSLATE("Cations"), kCations));
+    cations->Add(CreateLine(parent, GetProject()->GetDetails().At("project/qnetto"),
+                            wxTRANSLATE("Net flow rate"), "m3/h"),
+                 wxSizerFlags().Border(wxTOP, FromDIP(2 * kGap)));
+    sections->Add(cations, spaced);
     anions->Add(CreateSection(parent, wxTRANSLATE("Anions"), kAnions));
-    auto* neutral = new wxFlexGridSizer(3, FromDIP(wxSize(3 * kGap, kGap)));
-    const wxString text = wxTRANSLATE("Neutralisation");
-    neutral->Add(AddLocalizable(new TvStaticText(parent, wxID_ANY, text, wxString())),
-                 wxSizerFlags().CentreVertical());
-    AddField(parent, *neutral, GetFields().Details().At("step/neutral"), text);
-    neutral->Add(AddLocalizable(new TvStaticText(parent, wxID_ANY, wxTRANSLATE("eq"), wxString())),
-                 wxSizerFlags().CentreVertical());
-    anions->Add(neutral, wxSizerFlags().Border(wxTOP, FromDIP(2 * kGap)));
+    anions->Add(CreateLine(parent, GetFields().Details().At("step/neutral"), wxTRANSLATE("Neutralisation"),
+                           wxTRANSLATE("eq")),
+                wxSizerFlags().Border(wxTOP, FromDIP(2 * kGap)));
     sections->Add(anions, spaced);
     box->Add(sections);
     box->Add(CreateRegenerants(parent), spaced);
+    m_notes = new wxStaticText(parent, wxID_ANY, wxString());
+    box->Add(m_notes, spaced);
     auto* outer = new wxBoxSizer(wxVERTICAL);
     outer->Add(box, spaced);
     SetSizer(outer);
@@ -127,6 +142,50 @@ void TvWasteWaterAndComposition::AddField(wxWindow* parent, wxSizer& grid, Detai
                                       .inIsoUnits = true},
                                      detail),
              wxSizerFlags().Right().CentreVertical());
+}
+
+wxSizer* TvWasteWaterAndComposition::CreateLine(wxWindow* parent, DetailData& detail, const char* label,
+                                                const char* unit)
+{
+    auto* line = new wxFlexGridSizer(3, FromDIP(wxSize(3 * kGap, kGap)));
+    line->Add(AddLocalizable(new TvStaticText(parent, wxID_ANY, label, wxString())),
+              wxSizerFlags().CentreVertical());
+    AddField(parent, *line, detail, label);
+    line->Add(AddLocalizable(new TvStaticText(parent, wxID_ANY, unit, wxString())),
+              wxSizerFlags().CentreVertical());
+    return line;
+}
+
+void TvWasteWaterAndComposition::DoTransferDetailsToWindows()
+{
+    FormPanel::DoTransferDetailsToWindows();
+    ShowNotes();
+}
+
+void TvWasteWaterAndComposition::DoLocalize()
+{
+    FormPanel::DoLocalize();
+    ShowNotes();
+}
+
+void TvWasteWaterAndComposition::DoUpdateUnits()
+{
+    FormPanel::DoUpdateUnits();
+    ShowNotes();
+}
+
+void TvWasteWaterAndComposition::ShowNotes()
+{
+    const auto& plant = dynamic_cast<const iex::IEXProject&>(*GetProject());
+    if (m_step >= plant.NumberSteps())
+        return;
+    const wxString text = wxString::FromUTF8(designtext::TextOf(
+        designtext::WasteLines(design::DesignOf(plant), plant.GetStep(m_step), ShownContext(plant))));
+    if (m_notes->GetLabelText() == text)
+        return;
+    m_notes->SetLabelText(text);
+    Layout();
+    FitInside();
 }
 
 wxSizer* TvWasteWaterAndComposition::CreateSection(wxWindow* parent, const char* title,
@@ -165,12 +224,14 @@ wxSizer* TvWasteWaterAndComposition::CreateRegenerants(wxWindow* parent)
         label(name);
         AddField(parent, *grid, details.At("stepcomp/rm"), name);
         AddField(parent, *grid, details.At("stepcomp/m.neutral"), name);
-        grid->AddSpacer(0);
-        // The base regenerant alone has a consumption.
-        label(wxTRANSLATE("Base regenerant"));
-        AddField(parent, *grid, details.At("stepcomp/rb.delta"), name);
-        AddField(parent, *grid, details.At("stepcomp/rb.neutral"), name);
         AddField(parent, *grid, details.At("stepcomp/rb.spec"), name);
+        if (!MayBeAcid(details))
+            continue;
+        // What its free acid takes, and what of it the free base of the line leaves to be neutralised.
+        label(wxTRANSLATE("NaOH for its free acid, with the free base of the line"));
+        AddField(parent, *grid, details.At("stepcomp/rb.neutral"), name);
+        AddField(parent, *grid, details.At("stepcomp/rb.delta"), name);
+        grid->AddSpacer(0);
     }
     return grid;
 }

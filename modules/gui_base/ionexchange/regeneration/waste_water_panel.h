@@ -9,6 +9,8 @@
 #include "projectbase/project/iex_project.h"
 #include "projectbase/regeneration/waste_data.h"
 
+#include <wx/stattext.h>
+
 #include <span>
 #include <string>
 #include <vector>
@@ -28,9 +30,13 @@ public:
     static constexpr int kStep = -1;
     /// The field of a detail of the step ("step/m.th") or of a regenerant ("stepcomp/rm"), or null.
     TvTextCtrl* FindField(const std::string& key, int regenerant = kStep) const;
+    wxString GetNotes() const { return m_notes->GetLabelText(); }
 
 protected:
     void DoCreateForm() override;
+    void DoTransferDetailsToWindows() override;
+    void DoLocalize() override;
+    void DoUpdateUnits() override;
     bool DoHasWhatIf() override;
 
 private:
@@ -42,12 +48,18 @@ private:
 
     wxSizer* CreateSection(wxWindow* parent, const char* title, std::span<const Row> rows);
     wxSizer* CreateRegenerants(wxWindow* parent);
+    /// A value with its name and unit.
+    wxSizer* CreateLine(wxWindow* parent, DetailData& detail, const char* label, const char* unit);
+    /// How much waste there is, and how the wastes of the line are neutralised.
+    void ShowNotes();
     void AddHead(wxWindow* parent, wxSizer& grid, const wxString& text, bool isNumber);
     void AddField(wxWindow* parent, wxSizer& grid, DetailData& detail, const wxString& name);
     DetailList& DetailsOf(const WasteData& regenerant);
 
     std::vector<WasteData> m_regenerants;
     wxString m_title;
+    std::size_t m_step;
+    wxStaticText* m_notes = nullptr;
     /// What regenerants without a calculation are bound to: every value unknown.
     DetailList m_unknown;
 

@@ -88,9 +88,10 @@ void WhatIfGrid::PopupCellMenu(int row, int column, const wxPoint& position)
     CommitCell();
     SetGridCursor(row, column);
     wxMenu menu;
-    menu.Append(wxID_FIND, i18n::Translated(wxTRANSLATE("Search value for this field")));
-    menu.Enable(wxID_FIND, WifTable::SideOf(column) != m_table->GetFoundSide(row));
-    if (GetPopupMenuSelectionFromUser(menu, position) == wxID_FIND && m_onSearch)
+    constexpr int kSearch = 1;
+    menu.Append(kSearch, i18n::Translated(wxTRANSLATE("Search value for this field")));
+    menu.Enable(kSearch, WifTable::SideOf(column) != m_table->GetFoundSide(row));
+    if (GetPopupMenuSelectionFromUser(menu, position) == kSearch && m_onSearch)
         m_onSearch(row, column);
 }
 

@@ -85,9 +85,10 @@ wxString WifTable::GetValue(int row, int column)
     if (column == kFirstUnit || column == kSecondUnit)
         return point.unit;
     if (point.detail->GetType() == DetailType::Double)
-        return wxString::FromUTF8(numbertext::Format(
-            GetValueAsDouble(row, column), {.format = TvTextCtrlFormat::General, .precision = kDigits},
-            NumericValidator::LocaleSeparators()));
+        return wxString::FromUTF8(
+            numbertext::Format(GetValueAsDouble(row, column),
+                               {.format = TvTextCtrlFormat::General, .precision = kDigits, .plain = true},
+                               NumericValidator::LocaleSeparators()));
     return point.detail->GetStringValue();
 }
 

@@ -17,7 +17,7 @@ constexpr int kFieldWidth = 88;
 
 constexpr FormRow Quantity(const char* key, const char* label)
 {
-    return {.key = key, .label = label, .precision = 7, .validatorFlags = ShowPreciseValue};
+    return {.key = key, .label = label, .precision = 7, .validatorFlags = ShowPreciseValue | PlainNumbers};
 }
 
 /// In the order of FeedQuantities, and the number of lines.

@@ -8,6 +8,7 @@
 #include "gui_base/input/controls/tv_choiceadv.h"
 #include "gui_base/input/controls/tv_radiobutton.h"
 #include "gui_base/input/events.h"
+#include "gui_base/input/validation/double_validator.h"
 #include "gui_base/ionexchange/regeneration/chemical_dilution_panel.h"
 #include "gui_base/ionexchange/regeneration/mb_regeneration_type.h"
 #include "gui_base/ionexchange/regeneration/tv_regseq_mediums.h"
@@ -98,6 +99,13 @@ TEST_F(RegenerationTest, ACellIsTypedAndTheRestFollows)
     EXPECT_EQ(Row(0, "regseqstep/t"), 0.25);
     EXPECT_EQ(Grid().GetCellValue(0, kRegSeqMinutes), "15");
 
+    const auto colour = [this] { return Grid().GetCellBackgroundColour(0, kRegSeqVelocity); };
+    const wxColour usual = colour();
+    Grid().GetRegSeqTable().SetValue(0, kRegSeqVelocity, "500");
+    EXPECT_EQ(colour(), DoubleValidator(nullptr).GetAboveMaxColour());
+    Grid().GetRegSeqTable().SetValue(0, kRegSeqVelocity, "10");
+    EXPECT_EQ(colour(), usual);
+
     // The dose of the chemical settles its volume; what nothing flows in has no flow.
     EXPECT_FALSE(Grid().GetRegSeqTable().IsEditable(1, kRegSeqVolume));
     EXPECT_FALSE(Grid().GetRegSeqTable().IsEditable(1, kRegSeqType)) << "required";
@@ -125,6 +133,12 @@ TEST_F(RegenerationTest, RowsComeGoAndMoveByKeysAndButtons)
     Pump();
     EXPECT_THAT(Types(), ElementsAre("BW", "REG", "DISP", "BW", "RINSE"));
     EXPECT_THAT(m_panel->GetSequence().GetSelectedRows(), ElementsAre(3)) << "the selection follows";
+    m_history->stack.Undo();
+    Pump();
+    EXPECT_THAT(m_panel->GetSequence().GetSelectedRows(), ElementsAre(4)) << "back, too";
+    m_history->stack.Redo();
+    Pump();
+    EXPECT_THAT(m_panel->GetSequence().GetSelectedRows(), ElementsAre(3));
 
     const auto& remarks = Find<TvTextCtrl>(*m_panel, "Remarks");
     const wxRect inside(m_panel->GetSequence().GetClientSize());
@@ -158,6 +172,24 @@ TEST_F(RegenerationTest, RowsComeGoAndMoveByKeysAndButtons)
     Pump();
     EXPECT_THAT(Types(), ElementsAre("BW", "REG", "DISP", "RINSE"));
     EXPECT_EQ(Grid().GetNumberRows(), 4);
+}
+
+TEST_F(RegenerationTest, TheWheelScrollsThePageWhereverThePointerIs)
+{
+    Open("MB");
+    m_panel->SetSize(600, 300);
+    Pump();
+    wxWindow* const places[] = {Grid().GetGridWindow(), &Find<TvTextCtrl>(*m_panel, "Remarks"),
+                                &m_panel->GetSequence()};
+    for (wxWindow* place : places) {
+        m_panel->Scroll(0, 0);
+        wxMouseEvent wheel(wxEVT_MOUSEWHEEL);
+        wheel.SetEventObject(place);
+        wheel.m_wheelRotation = -120;
+        wheel.m_wheelDelta = 120;
+        place->GetEventHandler()->ProcessEvent(wheel);
+        EXPECT_GT(m_panel->GetViewStart().y, 0) << place->GetName();
+    }
 }
 
 TEST_F(RegenerationTest, RemarksAreOneStepForEachStayInTheirField)

@@ -27,12 +27,11 @@ TEST_F(WasteWaterTest, ShowsWhatTheDesignKnows)
     EXPECT_FALSE(panel->FindField("step/m.th")->IsEditable());
     EXPECT_EQ(panel->FindField("stepcomp/rm", 0)->GetValue(), "80");
     EXPECT_EQ(panel->FindField("stepcomp/rm", 1)->GetValue(), "");
-    // The figures of the base regenerant stand in one row.
     const auto top = [&](const char* key) { return panel->FindField(key, 0)->GetPosition().y; };
     EXPECT_EQ(top("stepcomp/rm"), top("stepcomp/m.neutral"));
+    EXPECT_EQ(top("stepcomp/rm"), top("stepcomp/rb.spec"));
     EXPECT_GT(top("stepcomp/rb.delta"), top("stepcomp/rm"));
     EXPECT_EQ(top("stepcomp/rb.neutral"), top("stepcomp/rb.delta"));
-    EXPECT_EQ(top("stepcomp/rb.spec"), top("stepcomp/rb.delta"));
     step.At("step/neutral").SetValue(3.0);
     project.SetUnitSystemDisplay("us");
     panel->UpdateUnits(true);

@@ -125,6 +125,10 @@ TEST(DesignFaults, SaysWhyNothingFollows)
     EXPECT_EQ(Addresses(*project), std::vector<std::string>{"ex.1.comp.1:stepcomp/konz.d2"});
     Put(*project, "ex.1.comp.1", "stepcomp/rm.progressive", false);
 
+    Put(*project, "", "project/water", 2L);
+    EXPECT_EQ(Addresses(*project), std::vector<std::string>{":project/water"});
+    Put(*project, "", "project/water", 1L);
+
     // A strong-base resin takes no acid.
     Put(*project, "ex.2.comp.1", "stepcomp/rm.chemical", "HCL");
     EXPECT_TRUE(std::isnan(support::Get(*project, "ex.2.comp.1.resin.1", "compcomp/vol")));

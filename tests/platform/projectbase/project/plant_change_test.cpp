@@ -112,4 +112,24 @@ TEST(PlantChange, TheDesignFollowsAtOnce)
     EXPECT_GT(support::Get(project, "ex.2", "step/load"), 0.0);
 }
 
+TEST(PlantChange, AnExchangerOfAnotherKindBeginsAnew)
+{
+    iex::IEXProject project("DEMI");
+    support::Put(project, "ex.1.comp.1", "stepcomp/level", 75.0);
+    support::History history(project);
+    const std::string before = ProjectToJson(project, {}, {});
+    const auto parts = [&project](OwnerKind kind) { return project.GetStep(0).GetChildren(kind).size(); };
+    support::Put(project, "ex.1", "step/kind", "MB");
+    EXPECT_EQ(parts(OwnerKind::Compartment), 2U);
+    EXPECT_EQ(support::Detail(project, "ex.1.comp.2", "stepcomp/rm.chemical").GetStdStringValue(), "NAOH");
+    EXPECT_EQ(parts(OwnerKind::SequenceRow), 11U);
+    support::Put(project, "ex.1", "step/kind", "DEGAS");
+    EXPECT_EQ(parts(OwnerKind::Compartment) + parts(OwnerKind::SequenceRow), 0U);
+    support::Put(project, "ex.1", "step/kind", "SAC_H");
+    EXPECT_EQ(support::Get(project, "ex.1.comp.1", "stepcomp/level"), 60.0);
+    for (int step = 0; step < 3; ++step)
+        ASSERT_TRUE(history.stack.Undo());
+    EXPECT_EQ(ProjectToJson(project, {}, {}), before);
+}
+
 }  // namespace

@@ -2,6 +2,7 @@
 // What the rows of a regeneration sequence come to. Figures are calculated by hand from the densities of
 // Perry's handbook.
 #include "projectbase/project/iex_project.h"
+#include "projectbase/project/range_faults.h"
 #include "projectbase/sequence/row_quantities.h"
 #include "projectbase/sequence/sequence_calculation.h"
 #include "projectbase/sequence/sequence_rows.h"
@@ -371,6 +372,77 @@ TEST(SequenceOfAPlant, TypedFirstAndWhatFollowsAreTheProjects)
     EXPECT_TRUE(plant.HasConditioning(0));
     EXPECT_FALSE(plant.StepHasConditioning(0, {}));
     EXPECT_TRUE(plant.StepHasConditioning(0, {.type = "REGSEQ_COND"}));
+}
+
+/// "REG NACL UP" of the rows of a chemical and of displacement, in their order.
+std::vector<std::string> ChemicalRows(Project& project, const char* exchanger)
+{
+    std::vector<std::string> rows;
+    const auto word = [](const DetailData& detail) {
+        const std::string text = detail.GetStdStringValue();
+        return text.substr(text.find('_') + 1);
+    };
+    for (const auto& row : project.FindOwner(exchanger)->GetChildren(OwnerKind::SequenceRow)) {
+        const DetailList& details = *row->GetDetails();
+        const std::string type = word(details.At("regseqstep/type"));
+        if (type == "REG" || type == "COND" || type == "DISP")
+            rows.push_back(type + " " + word(details.At("regseqstep/medium")) + " " +
+                           details.At("regseqstep/direction").GetStdStringValue());
+    }
+    return rows;
+}
+
+TEST(SequenceOfAPlant, RowsFollowTheChemicalThroughNoneAndTheOthers)
+{
+    iex::IEXProject softener("SOFT");
+    const auto chemical = [](Project& project, const char* owner, const char* key) {
+        support::Put(project, owner, "stepcomp/rm.chemical", key);
+    };
+    EXPECT_THAT(ChemicalRows(softener, "ex.1"), ElementsAre("REG NACL DOWN", "DISP RAW_WATER DOWN"));
+    chemical(softener, "ex.1.comp.1", "");
+    EXPECT_THAT(ChemicalRows(softener, "ex.1"), ElementsAre("REG  DOWN", "DISP RAW_WATER DOWN"));
+    const auto faults = RangeFaults(softener);
+    EXPECT_TRUE(std::ranges::any_of(
+        faults, [](const RangeFault& fault) { return fault.address.key == "regseqstep/medium"; }));
+    chemical(softener, "ex.1.comp.1", "H2SO4");
+    EXPECT_THAT(ChemicalRows(softener, "ex.1"), ElementsAre("REG H2SO4 DOWN", "DISP RAW_WATER DOWN"));
+
+    iex::IEXProject mixed("MB");
+    const std::vector<std::string> before = ChemicalRows(mixed, "ex.1");
+    const auto count = mixed.GetStep(0).GetChildren(OwnerKind::SequenceRow).size();
+    for (const char* other : {"NAOH", "", "H2SO4"}) {
+        chemical(mixed, "ex.1.comp.1", other);
+        EXPECT_EQ(mixed.GetStep(0).GetChildren(OwnerKind::SequenceRow).size(), count) << other;
+        chemical(mixed, "ex.1.comp.1", "HCL");
+        EXPECT_EQ(ChemicalRows(mixed, "ex.1"), before) << other;
+    }
+    chemical(mixed, "ex.1.comp.2", "HCL");
+    chemical(mixed, "ex.1.comp.2", "NAOH");
+    EXPECT_EQ(ChemicalRows(mixed, "ex.1"), before);
+}
+
+TEST(SequenceOfAPlant, NobodyConditionsWithAChemicalThatWasNotChosen)
+{
+    iex::IEXProject column("FOODC");
+    support::Put(column, "ex.2.seq.1", "regseqstep/type", "REGSEQ_COND");
+    EXPECT_EQ(ChemicalRows(column, "ex.2").front(), "COND  UP");
+    support::Put(column, "ex.2.comp.1", "stepcomp/cond.chemical", "HCL");
+    EXPECT_EQ(ChemicalRows(column, "ex.2").front(), "COND HCL UP");
+    support::Put(column, "ex.2.comp.1", "stepcomp/cond.chemical", "");
+    EXPECT_EQ(ChemicalRows(column, "ex.2").front(), "COND  UP");
+}
+
+TEST(SequenceOfAPlant, RegenerantAndDisplacementFlowAsTheModeSays)
+{
+    iex::IEXProject plant("DEMI");
+    EXPECT_THAT(ChemicalRows(plant, "ex.1"), ElementsAre("REG HCL UP", "DISP DECAT_WATER UP"));
+    support::Put(plant, "ex.1", "step/mode", "CO");
+    EXPECT_THAT(ChemicalRows(plant, "ex.1"), ElementsAre("REG HCL DOWN", "DISP DECAT_WATER DOWN"));
+    EXPECT_EQ(support::Detail(plant, "ex.1.seq.1", "regseqstep/direction").GetStdStringValue(), "UP")
+        << "a backwash flows up whatever the mode";
+    support::Put(plant, "ex.1.seq.2", "regseqstep/direction", "UP");
+    EXPECT_THAT(ChemicalRows(plant, "ex.1"), ElementsAre("REG HCL UP", "DISP DECAT_WATER DOWN"))
+        << "a row can be told otherwise";
 }
 
 }  // namespace

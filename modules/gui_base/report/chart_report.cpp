@@ -1,0 +1,95 @@
+// SPDX-License-Identifier: MIT
+#include "gui_base/report/chart_report.h"
+
+#include "gui_base/report/resin_chart.h"
+#include "projectbase/design/plant_design.h"
+#include "projectbase/project/iex_project.h"
+
+#include <wx/translation.h>
+
+#include <algorithm>
+#include <cairo.h>
+#include <cmath>
+#include <stdexcept>
+
+namespace {
+
+constexpr double kFigureHeight = 250.0;
+constexpr double kPointsPerPixel = 0.75;
+
+/// Those of the plant that exchange, each once, in flow order.
+std::vector<const design::Resin*> ResinsOf(const Project& project)
+{
+    std::vector<const design::Resin*> resins;
+    const auto* plant = dynamic_cast<const iex::IEXProject*>(&project);
+    if (plant == nullptr)
+        return resins;
+    for (const auto& exchanger : plant->GetRoot().GetChildren(OwnerKind::Exchanger)) {
+        for (const auto& compartment : exchanger->GetChildren(OwnerKind::Compartment)) {
+            const OwnerNode* working = design::WorkingResin(*compartment);
+            const design::Resin* resin =
+                working == nullptr
+                    ? nullptr
+                    : design::FindResin(working->GetDetails()->At("compcomp/resin").GetStdStringValue());
+            if (resin != nullptr && std::ranges::find(resins, resin) == resins.end())
+                resins.push_back(resin);
+        }
+    }
+    return resins;
+}
+
+report::Figure FigureOf(std::shared_ptr<chartdir::XYChart> chart)
+{
+    report::Figure figure;
+    figure.height = kFigureHeight;
+    figure.draw = [chart = std::move(chart)](ReportCanvas* canvas, double width, double height) {
+        cairo_save(canvas);
+        cairo_scale(canvas, kPointsPerPixel, kPointsPerPixel);
+        chart->setSize(static_cast<int>(std::lround(width / kPointsPerPixel)),
+                       static_cast<int>(std::lround(height / kPointsPerPixel)));
+        chart->draw(canvas);
+        cairo_restore(canvas);
+    };
+    return figure;
+}
+
+/// As far as its curve is of interest, and the plant works on it.
+double EndOf(DIAGRAM_TYPE type, const design::Resin& resin, const Project& project)
+{
+    double end = curve_calculations::UsualEnd(type, resin);
+    for (const auto& point : curve_calculations::DesignPoints(type, resin, project))
+        end = std::max(end, point.velocity);
+    return end;
+}
+
+}  // namespace
+
+std::vector<ReportPage> ChartReport::GetReportPages(const ReportContext& context) const
+{
+    if (ResinsOf(m_project).empty())
+        return {};
+    return {
+        {.title = wxString::FromUTF8(context.Translated(wxTRANSLATE("Charts"))), .id = 0, .name = "charts"}};
+}
+
+report::Section ChartReport::BuildReportPage(int id, const ReportContext& context) const
+{
+    const auto resins = ResinsOf(m_project);
+    if (id != 0 || resins.empty())
+        throw std::out_of_range("ChartReport::BuildReportPage: there is no such page");
+    report::Section section{.title = context.Translated(wxTRANSLATE("Charts"))};
+    const auto temperatures = resin_chart::UsualTemperatures();
+    for (const design::Resin* resin : resins) {
+        section.blocks.push_back(report::Heading{context.Translated(resin->name.c_str())});
+        for (const DIAGRAM_TYPE type : {DIAGRAM_TYPE::PressureDrop, DIAGRAM_TYPE::BedExpansion}) {
+            resin_chart::Contents contents{
+                .type = type, .resin = resin, .end = EndOf(type, *resin, m_project)};
+            contents.parameters.assign(temperatures.begin(), temperatures.end());
+            auto chart = resin_chart::Make(contents, m_project, context);
+            // The heading above the figures says it.
+            chart->addTitle({});
+            section.blocks.push_back(FigureOf(std::move(chart)));
+        }
+    }
+    return section;
+}

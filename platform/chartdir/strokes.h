@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+/// Lines, markers and hatchings. Internal to the library.
+
+#include "chartdir/palette.h"
+#include "chartdir/reduction.h"
+
+#include <cairo.h>
+
+namespace chartdir {
+
+/// The middle of the pixel, on which a line of one pixel is sharp.
+double Snapped(double pixel);
+
+/// A sharp line of one pixel.
+void DrawHairline(cairo_t* canvas, Point from, Point to, Colour colour);
+
+/// Adds a run to the path, cut where it leaves the plot area by far: the graphics library counts in numbers
+/// that would overflow.
+void AddRun(cairo_t* canvas, const CurveRun& run, const Rect& plot);
+
+/// A place brought so near to the plot area that it can be drawn.
+Point NearPlot(Point place, const Rect& plot);
+
+void StrokeWith(cairo_t* canvas, const SeriesStyle& style, double width);
+void DrawMarker(cairo_t* canvas, Marker marker, Point place, double size, Colour colour);
+
+/// Lines across a box that tell bars apart without their colours; `place` settles their direction.
+void DrawHatching(cairo_t* canvas, const Rect& box, Marker kind, Colour colour);
+
+}  // namespace chartdir
