@@ -11,6 +11,34 @@
 
 namespace {
 
+/// Made once: a text becomes a wxString at some cost.
+namespace names {
+const wxString kBold("bold");
+const wxString kClass("class");
+const wxString kFill("fill");
+const wxString kFontFamily("font-family");
+const wxString kFontSize("font-size");
+const wxString kFontStyle("font-style");
+const wxString kFontWeight("font-weight");
+const wxString kHeight("height");
+const wxString kId("id");
+const wxString kImage("image");
+const wxString kItalic("italic");
+const wxString kLineThrough("line-through");
+const wxString kPreserveAspectRatio("preserveAspectRatio");
+const wxString kStyle("style");
+const wxString kText("text");
+const wxString kTextDecoration("text-decoration");
+const wxString kTransform("transform");
+const wxString kTspan("tspan");
+const wxString kUnderlined("underlined");
+const wxString kViewBox("viewBox");
+const wxString kWidth("width");
+const wxString kX("x");
+const wxString kXlinkHref("xlink:href");
+const wxString kY("y");
+}  // namespace names
+
 void Trace(const char* line)
 {
     std::fputs(line, stdout);
@@ -22,7 +50,7 @@ void Trace(const char* line, const wxString& value)
     Trace(text.c_str());
 }
 
-wxString ValueOf(const svg::Declarations& declarations, const char* name)
+wxString ValueOf(const svg::Declarations& declarations, const wxString& name)
 {
     const auto found = declarations.find(name);
     return found == declarations.end() ? wxString() : found->second;
@@ -30,9 +58,9 @@ wxString ValueOf(const svg::Declarations& declarations, const char* name)
 
 void FillPlace(const wxXmlNode& node, SvgParserBase::Element& element)
 {
-    element.id = node.GetAttribute("id");
-    element.x = svg::ToNumber(node.GetAttribute("x"));
-    element.y = svg::ToNumber(node.GetAttribute("y"));
+    element.id = node.GetAttribute(names::kId);
+    element.x = svg::ToNumber(node.GetAttribute(names::kX));
+    element.y = svg::ToNumber(node.GetAttribute(names::kY));
 }
 
 /// The first text on the chain of first children.
@@ -49,13 +77,13 @@ wxString FirstText(const wxXmlNode& node)
 void ApplySpans(const wxXmlNode& node, SvgParserBase::TextElement& element)
 {
     for (const wxXmlNode* at = &node; at != nullptr; at = svg::FirstChild(*at)) {
-        if (at->GetName() != "tspan")
+        if (at->GetName() != names::kTspan)
             continue;
-        if (at->HasAttribute("x") && at->HasAttribute("y")) {
-            element.x = svg::ToNumber(at->GetAttribute("x"));
-            element.y = svg::ToNumber(at->GetAttribute("y"));
+        if (at->HasAttribute(names::kX) && at->HasAttribute(names::kY)) {
+            element.x = svg::ToNumber(at->GetAttribute(names::kX));
+            element.y = svg::ToNumber(at->GetAttribute(names::kY));
         }
-        for (const auto& [name, value] : svg::ParseDeclarations(at->GetAttribute("style")))
+        for (const auto& [name, value] : svg::ParseDeclarations(at->GetAttribute(names::kStyle)))
             element.style[name] = value;
     }
 }
@@ -94,6 +122,7 @@ SvgParserBase::ParserResult* SvgParser::DoParseXml(wxXmlDocument* document)
     m_result = std::make_unique<ParserResult>();
     m_styleSheet.clear();
     m_transforms.clear();
+    m_fonts.clear();
     const wxXmlNode* const root = document != nullptr ? document->GetRoot() : nullptr;
     if (root == nullptr)
         return m_result.get();
@@ -109,20 +138,20 @@ void SvgParser::ReadStyleSheets(const wxXmlNode& root)
 {
     for (const wxXmlNode* node = &root; node != nullptr; node = svg::NextInOrder(*node, root)) {
         // Each sheet takes the place of the one before it.
-        if (node->GetName() == "style")
+        if (node->GetName() == names::kStyle)
             m_styleSheet = svg::ParseStyleSheet(svg::TextOf(*node));
     }
 }
 
 void SvgParser::ReadViewport(const wxXmlNode& root)
 {
-    const wxString ratio = root.GetAttribute("preserveAspectRatio");
+    const wxString ratio = root.GetAttribute(names::kPreserveAspectRatio);
     if (!ratio.empty()) {
         m_result->align = svg::LookUp(m_alignments.first, ratio.BeforeFirst(' '));
         m_result->meetOrSlice =
             svg::LookUp(m_alignments.second, ratio.Contains(" ") ? ratio.AfterFirst(' ') : ratio);
     }
-    const std::vector<double> box = svg::ToNumbers(root.GetAttribute("viewBox"));
+    const std::vector<double> box = svg::ToNumbers(root.GetAttribute(names::kViewBox));
     if (box.size() >= 4)
         m_result->viewBox = ViewBox{box[0], box[1], box[2], box[3]};
 }
@@ -135,10 +164,10 @@ void SvgParser::ParseXMLForElementsToDraw(const wxXmlNode& root)
     for (; node != nullptr; node = svg::NextInOrder(*node, root)) {
         if (node->GetType() != wxXML_ELEMENT_NODE)
             continue;
-        if (node->GetName() == "text") {
+        if (node->GetName() == names::kText) {
             Trace("SvgParser::ParseXMLForElementsToDraw creating text element\n");
             m_result->elements.push_back(MakeText(*node));
-        } else if (node->GetName() == "image") {
+        } else if (node->GetName() == names::kImage) {
             Trace("SvgParser::ParseXMLForElementsToDraw creating image element\n");
             m_result->elements.push_back(MakeImage(*node, pixelsLeft));
         }
@@ -151,14 +180,14 @@ std::unique_ptr<SvgParserBase::TextElement> SvgParser::MakeText(const wxXmlNode&
     element->kind = kText;
     FillPlace(node, *element);
     element->text = FirstText(node);
-    element->style = svg::ParseDeclarations(node.GetAttribute("style"));
+    element->style = svg::ParseDeclarations(node.GetAttribute(names::kStyle));
     element->transform = CumulativeTransform(node);
-    const wxString name = node.GetAttribute("class");
+    const wxString name = node.GetAttribute(names::kClass);
     if (const auto found = m_styleSheet.find(name); !name.empty() && found != m_styleSheet.end())
         element->style.insert(found->second.begin(), found->second.end());
     ApplySpans(node, *element);
     SetFontStylesOnTextElement(*element);
-    element->fill = svg::ParseColour(ValueOf(element->style, "fill"));
+    element->fill = svg::ParseColour(ValueOf(element->style, names::kFill));
     return element;
 }
 
@@ -168,9 +197,9 @@ std::unique_ptr<SvgParserBase::ImageElement> SvgParser::MakeImage(const wxXmlNod
     element->kind = kImage;
     FillPlace(node, *element);
     element->transform = CumulativeTransform(node);
-    element->width = svg::ToNumber(node.GetAttribute("width"));
-    element->height = svg::ToNumber(node.GetAttribute("height"));
-    element->image = svg::ParsePngReference(node.GetAttribute("xlink:href"), pixelsLeft);
+    element->width = svg::ToNumber(node.GetAttribute(names::kWidth));
+    element->height = svg::ToNumber(node.GetAttribute(names::kHeight));
+    element->image = svg::ParsePngReference(node.GetAttribute(names::kXlinkHref), pixelsLeft);
     if (element->image.IsOk())
         pixelsLeft -= static_cast<double>(element->image.GetWidth()) * element->image.GetHeight();
     return element;
@@ -187,43 +216,54 @@ Affine2DMatrix SvgParser::CumulativeTransform(const wxXmlNode& node)
     if (const auto known = m_transforms.find(at); known != m_transforms.end())
         matrix = known->second;
     std::for_each(unknown.rbegin(), unknown.rend(), [&](const wxXmlNode* each) {
-        if (const wxString function = each->GetAttribute("transform"); !function.empty())
+        if (const wxString function = each->GetAttribute(names::kTransform); !function.empty())
             matrix.Concat(svg::ParseTransform(function));
         m_transforms[each] = matrix;
     });
     return matrix;
 }
 
-void SvgParser::SetFontStylesOnTextElement(TextElement& element) const
+void SvgParser::SetFontStylesOnTextElement(TextElement& element)
 {
     // The toolkit refuses fonts without a size, and rounds sizes to whole numbers of its own unit.
     constexpr double kSmallest = 0.1;
     constexpr double kLargest = 2000.0;
     Trace("SvgParser::SetFontStylesOnTextElement called\n");
-    wxFont font(wxFontInfo(wxNORMAL_FONT->GetFractionalPointSize()));
+    FontStyle wanted;
     const auto& style = element.style;
-    if (style.contains("font-size"))
-        font.SetFractionalPointSize(static_cast<float>(
-            std::clamp(FontSizeStringToPt(ValueOf(style, "font-size")), kSmallest, kLargest)));
-    if (style.contains("font-family")) {
+    if (style.contains(names::kFontSize))
+        wanted.points = std::clamp(FontSizeStringToPt(ValueOf(style, names::kFontSize)), kSmallest, kLargest);
+    if (style.contains(names::kFontFamily)) {
         Trace("SvgParser::SetFontStylesOnTextElement setting family\n");
-        const auto family = m_fontFamilies.find(ValueOf(style, "font-family"));
-        font.SetFamily(family != m_fontFamilies.end() ? family->second : wxFONTFAMILY_DEFAULT);
+        const auto family = m_fontFamilies.find(ValueOf(style, names::kFontFamily));
+        wanted.family = family != m_fontFamilies.end() ? family->second : wxFONTFAMILY_DEFAULT;
     }
-    if (ValueOf(style, "font-weight") == "bold") {
+    wanted.isBold = ValueOf(style, names::kFontWeight) == names::kBold;
+    if (wanted.isBold)
         Trace("SvgParser::SetFontStylesOnTextElement making bold\n");
-        font.MakeBold();
-    }
-    if (ValueOf(style, "font-style") == "italic") {
+    wanted.isItalic = ValueOf(style, names::kFontStyle) == names::kItalic;
+    if (wanted.isItalic)
         Trace("SvgParser::SetFontStylesOnTextElement making italic\n");
-        font.MakeItalic();
+    const wxString decoration = ValueOf(style, names::kTextDecoration);
+    wanted.isUnderlined = decoration == names::kUnderlined;
+    wanted.isStruck = decoration == names::kLineThrough;
+    element.font = FontOf(wanted);
+}
+
+const wxFont& SvgParser::FontOf(const FontStyle& style)
+{
+    // A drawing has many texts in few fonts, and fonts are dear.
+    const auto [place, isNew] = m_fonts.try_emplace(style);
+    if (isNew) {
+        const double points = style.points > 0.0 ? style.points : wxNORMAL_FONT->GetFractionalPointSize();
+        place->second = wxFont(wxFontInfo(points)
+                                   .Family(style.family)
+                                   .Bold(style.isBold)
+                                   .Italic(style.isItalic)
+                                   .Underlined(style.isUnderlined)
+                                   .Strikethrough(style.isStruck));
     }
-    const wxString decoration = ValueOf(style, "text-decoration");
-    if (decoration == "underlined")
-        font.SetUnderlined(true);
-    if (decoration == "line-through")
-        font.SetStrikethrough(true);
-    element.font = font;
+    return place->second;
 }
 
 double SvgParser::FontSizeStringToPt(const wxString& fontSize) const
@@ -237,8 +277,8 @@ double SvgParser::FontSizeStringToPt(const wxString& fontSize) const
 wxSize SvgParser::DocumentSize(const wxXmlNode& root) const
 {
     const ViewBox box = m_result->viewBox.value_or(ViewBox{});
-    return {DocumentLength(root.GetAttribute("width"), box.width),
-            DocumentLength(root.GetAttribute("height"), box.height)};
+    return {DocumentLength(root.GetAttribute(names::kWidth), box.width),
+            DocumentLength(root.GetAttribute(names::kHeight), box.height)};
 }
 
 int SvgParser::DocumentLength(const wxString& stated, double fallback) const

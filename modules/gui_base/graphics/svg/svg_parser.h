@@ -9,6 +9,8 @@
 #include "gui_base/graphics/svg/svg_syntax.h"
 #include "gui_base/gui_base_export.h"
 
+#include <compare>
+#include <map>
 #include <unordered_map>
 #include <utility>
 
@@ -22,13 +24,26 @@ protected:
     ParserResult* DoParseXml(wxXmlDocument* document) override;
 
 private:
+    struct FontStyle
+    {
+        double points = 0.0;  ///< 0: as large as other texts of the desktop
+        wxFontFamily family = wxFONTFAMILY_DEFAULT;
+        bool isBold = false;
+        bool isItalic = false;
+        bool isUnderlined = false;
+        bool isStruck = false;
+
+        auto operator<=>(const FontStyle&) const = default;
+    };
+
     void ReadStyleSheets(const wxXmlNode& root);
     void ReadViewport(const wxXmlNode& root);
     void ParseXMLForElementsToDraw(const wxXmlNode& root);
     std::unique_ptr<TextElement> MakeText(const wxXmlNode& node);
     std::unique_ptr<ImageElement> MakeImage(const wxXmlNode& node, double& pixelsLeft);
     Affine2DMatrix CumulativeTransform(const wxXmlNode& node);
-    void SetFontStylesOnTextElement(TextElement& element) const;
+    void SetFontStylesOnTextElement(TextElement& element);
+    const wxFont& FontOf(const FontStyle& style);
     double FontSizeStringToPt(const wxString& fontSize) const;
     /// What the root states, in whole pixels; a length with a unit or a fraction, or the view box where it
     /// states none.
@@ -43,4 +58,5 @@ private:
     const std::map<wxString, wxFontFamily> m_fontFamilies;
     const std::pair<std::map<wxString, Align>, std::map<wxString, MeetOrSlice>> m_alignments;
     std::unordered_map<const wxXmlNode*, Affine2DMatrix> m_transforms;  ///< of the nodes of the document
+    std::map<FontStyle, wxFont> m_fonts;                                ///< of the texts of the document
 };

@@ -52,7 +52,7 @@ void SvgRenderer<LoadPolicy>::SetGraphic(const SvgGraphicInfo<LoadPolicy>& info)
 {
     m_items.clear();
     m_shapes = {};
-    m_scaled = {};
+    m_background = {};
     m_info = std::make_unique<SvgGraphicInfo<LoadPolicy>>(info);
     ParseInfo();
 }
@@ -145,18 +145,21 @@ void SvgRenderer<LoadPolicy>::DrawBackground(wxGraphicsContext& context)
     // A screen may have several pixels where the toolkit counts one.
     const double factor = context.GetContentScaleFactor();
     const wxSize pixels(wxRound(scaled.x * factor), wxRound(scaled.y * factor));
-    if (pixels == own) {
-        context.DrawBitmap(m_result->bitmap, 0.0, 0.0, own.x, own.y);
-        return;
+    if (m_background.IsNull() || m_pixels != pixels) {
+        m_pixels = pixels;
+        // Beyond the largest picture lines become coarse.
+        const wxBitmap picture = pixels == own ? m_result->bitmap : EnlargedShapes(pixels);
+        m_background = context.GetRenderer()->CreateBitmap(picture.IsOk() ? picture : m_result->bitmap);
     }
-    if (!m_scaled.IsOk() || m_scaled.GetSize() != pixels) {
-        if (!m_shapes.IsOk())
-            m_shapes = svg::ShapesOf(m_info->document);
-        m_scaled = svg::RasteriseIn(m_shapes, pixels);
-    }
-    // Beyond the largest picture lines become coarse.
-    const wxBitmap& picture = m_scaled.IsOk() ? m_scaled : m_result->bitmap;
-    context.DrawBitmap(picture, 0.0, 0.0, scaled.x, scaled.y);
+    context.DrawBitmap(m_background, 0.0, 0.0, scaled.x, scaled.y);
+}
+
+template <typename LoadPolicy>
+wxBitmap SvgRenderer<LoadPolicy>::EnlargedShapes(const wxSize& pixels)
+{
+    if (!m_shapes.IsOk())
+        m_shapes = svg::ShapesOf(m_info->document);
+    return svg::RasteriseIn(m_shapes, pixels);
 }
 
 template <typename LoadPolicy>
@@ -189,8 +192,8 @@ void SvgRenderer<LoadPolicy>::DrawItem(Item& item, wxGraphicsContext& context) c
 {
     const SvgParserBase::Element& element = *item.element;
     if (const auto* const image = dynamic_cast<const SvgParserBase::ImageElement*>(&element)) {
-        if (!item.picture.IsOk())
-            item.picture = wxBitmap(image->image, -1, 1.0);
+        if (item.picture.IsNull())
+            item.picture = context.GetRenderer()->CreateBitmap(wxBitmap(image->image, -1, 1.0));
         context.PushState();
         context.Translate(element.x, element.y);
         context.DrawBitmap(item.picture, 0.0, 0.0, image->width, image->height);

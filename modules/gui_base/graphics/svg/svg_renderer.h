@@ -66,7 +66,7 @@ private:
         wxString text{};
         double width = 0.0;   ///< of the text, in the element's space
         double height = 0.0;  ///< of the text, in the element's space
-        wxBitmap picture{};
+        wxGraphicsBitmap picture{};
     };
 
     void ParseInfo();
@@ -77,6 +77,7 @@ private:
     std::optional<wxAffineMatrix2D> FromDocument() const;
     static wxRect2DDouble BoxOf(const Item& item, const wxAffineMatrix2D& fromDocument);
     void DrawBackground(wxGraphicsContext& context);
+    wxBitmap EnlargedShapes(const wxSize& pixels);
     void DrawItems(wxGraphicsContext& context);
     void DrawItem(Item& item, wxGraphicsContext& context) const;
 
@@ -87,7 +88,9 @@ private:
     SvgParserBase::ParserResult* m_result = nullptr;
     std::vector<Item> m_items;
     wxBitmapBundle m_shapes;  ///< read when the picture is first scaled
-    wxBitmap m_scaled;        ///< the shapes as they were last drawn
+    /// The shapes as they were last drawn, in the form that the graphics library draws without a copy.
+    wxGraphicsBitmap m_background;
+    wxSize m_pixels;
 };
 
 extern template class GUI_BASE_EXPORT SvgRenderer<FileLoadPolicy>;
