@@ -66,6 +66,7 @@ void SvgRenderer<LoadPolicy>::ParseInfo()
     if (m_parser == nullptr || m_info == nullptr)
         return;
     m_result = m_parser->ParseXml(&m_info->document);
+    m_parsedBy = m_parser.get();
     if (m_result != nullptr)
         CollectItems();
 }
@@ -86,6 +87,12 @@ void SvgRenderer<LoadPolicy>::CollectItems()
 }
 
 template <typename LoadPolicy>
+SvgParserBase::ParserResult* SvgRenderer<LoadPolicy>::Result() const
+{
+    return m_parser.get() == m_parsedBy ? m_result : nullptr;
+}
+
+template <typename LoadPolicy>
 void SvgRenderer<LoadPolicy>::SetUnitsystem(const wxString& unitsystem) const
 {
     if (m_info != nullptr)
@@ -95,7 +102,7 @@ void SvgRenderer<LoadPolicy>::SetUnitsystem(const wxString& unitsystem) const
 template <typename LoadPolicy>
 void SvgRenderer<LoadPolicy>::SetSize(double width, double height)
 {
-    const wxSize own = SizeOf(m_result);
+    const wxSize own = SizeOf(Result());
     m_scale = 1.0;
     if (own.x <= 0 || own.y <= 0 || width < 0.0 || height < 0.0)
         return;
@@ -106,25 +113,25 @@ void SvgRenderer<LoadPolicy>::SetSize(double width, double height)
 template <typename LoadPolicy>
 double SvgRenderer<LoadPolicy>::GetScaledWidth() const
 {
-    return SizeOf(m_result).x * m_scale;
+    return SizeOf(Result()).x * m_scale;
 }
 
 template <typename LoadPolicy>
 double SvgRenderer<LoadPolicy>::GetScaledHeight() const
 {
-    return SizeOf(m_result).y * m_scale;
+    return SizeOf(Result()).y * m_scale;
 }
 
 template <typename LoadPolicy>
 wxSize SvgRenderer<LoadPolicy>::GetDrawableMinSize() const
 {
-    return SizeOf(m_result);
+    return SizeOf(Result());
 }
 
 template <typename LoadPolicy>
 wxSize SvgRenderer<LoadPolicy>::DrawOnContext(wxGraphicsContext* context)
 {
-    if (context == nullptr || m_info == nullptr || m_result == nullptr)
+    if (context == nullptr || m_info == nullptr || Result() == nullptr)
         return {0, 0};
     m_context = context;
     context->PushState();
@@ -132,14 +139,17 @@ wxSize SvgRenderer<LoadPolicy>::DrawOnContext(wxGraphicsContext* context)
     DrawItems(*context);
     context->PopState();
     m_context = nullptr;
-    return SizeOf(m_result);
+    return SizeOf(Result());
 }
 
 template <typename LoadPolicy>
 void SvgRenderer<LoadPolicy>::DrawBackground(wxGraphicsContext& context)
 {
-    const wxSize own = SizeOf(m_result);
+    const wxSize own = SizeOf(Result());
     if (own.x == 0)
+        return;
+    const double largest = std::max(own.x, own.y) * m_scale;
+    if (largest > kMostExtent)
         return;
     const wxSize scaled(wxRound(own.x * m_scale), wxRound(own.y * m_scale));
     // A screen may have several pixels where the toolkit counts one.
@@ -165,7 +175,8 @@ wxBitmap SvgRenderer<LoadPolicy>::EnlargedShapes(const wxSize& pixels)
 template <typename LoadPolicy>
 std::optional<wxAffineMatrix2D> SvgRenderer<LoadPolicy>::FromDocument() const
 {
-    return svg::FitDocument(*m_result, SizeOf(m_result), m_scale);
+    const SvgParserBase::ParserResult* const result = Result();
+    return result != nullptr ? svg::FitDocument(*result, SizeOf(result), m_scale) : std::nullopt;
 }
 
 template <typename LoadPolicy>
@@ -243,7 +254,7 @@ template <typename LoadPolicy>
 std::vector<SvgShownValue> SvgRenderer<LoadPolicy>::GetShownValues()
 {
     std::vector<SvgShownValue> values;
-    const auto fromDocument = m_result != nullptr ? FromDocument() : std::nullopt;
+    const auto fromDocument = FromDocument();
     if (!fromDocument)
         return values;
     std::unique_ptr<wxGraphicsContext> context;
@@ -264,7 +275,7 @@ template <typename LoadPolicy>
 std::vector<wxRect2DDouble> SvgRenderer<LoadPolicy>::UpdateValues()
 {
     std::vector<wxRect2DDouble> changed;
-    const auto fromDocument = m_result != nullptr ? FromDocument() : std::nullopt;
+    const auto fromDocument = FromDocument();
     if (!fromDocument)
         return changed;
     const std::unique_ptr<wxGraphicsContext> context(wxGraphicsContext::Create());

@@ -70,6 +70,8 @@ private:
     };
 
     void ParseInfo();
+    /// The result; null when the owner has replaced the parser that it belonged to.
+    SvgParserBase::ParserResult* Result() const;
     void CollectItems();
     wxString ChooseText(const Item& item) const;
     /// Whether the text was another one.
@@ -86,6 +88,7 @@ private:
     double m_scale = 1.0;
     wxGraphicsContext* m_context = nullptr;  ///< while something is drawn
     SvgParserBase::ParserResult* m_result = nullptr;
+    const SvgParserBase* m_parsedBy = nullptr;
     std::vector<Item> m_items;
     wxBitmapBundle m_shapes;  ///< read when the picture is first scaled
     /// The shapes as they were last drawn, in the form that the graphics library draws without a copy.

@@ -250,6 +250,15 @@ TEST_F(SvgDrawingTest, AParserThatThrowsHasNoResult)
     EXPECT_EQ(renderer.GetScaledWidth(), 40.0);
     EXPECT_THROW(renderer.SetGraphic(Info("<svg/>")), std::out_of_range);
     EXPECT_EQ(renderer.GetScaledWidth(), 0.0);
+    // What a parser gave goes with it.
+    m_parser = std::make_unique<SvgParser>();
+    renderer.SetGraphic(Info(InSvg("<text>a</text>")));
+    EXPECT_EQ(renderer.GetScaledWidth(), 40.0);
+    m_parser = std::make_unique<Unreliable>();
+    EXPECT_EQ(renderer.GetScaledWidth(), 0.0);
+    wxSize answer(1, 1);
+    Draw(renderer, {40, 20}, &answer);
+    EXPECT_EQ(answer, wxSize(0, 0));
 }
 
 TEST_F(SvgDrawingTest, AGraphicThatCannotBeParsedLeavesNothing)
