@@ -94,6 +94,7 @@ private:
     template <typename Control>
     Control* AddLocalizable(Control* control);
     void LoadLogos();
+    void FitInputs();
     void UpdateNames();
     void UseParameterPanel(ChartViewerParameterPanel& used);
     void Tell(ChartSelection selection);
@@ -104,6 +105,7 @@ private:
     double m_end = 0.0;
     wxString m_rangeUnit;
     wxChartViewer* m_viewer = nullptr;
+    wxScrolledWindow* m_inputs = nullptr;
     tvChoice* m_diagramType = nullptr;
     tvChoice* m_medium = nullptr;
     tvChoice* m_resin = nullptr;

@@ -322,8 +322,15 @@ TEST_F(ChartPageTest, ANarrowPageKeepsAllWithinReach)
     m_frame->SetClientSize(540, 420);
     Open();
     const wxSize page = Panel().GetClientSize();
-    EXPECT_LE(Panel().GetViewer().GetSize().x, page.x);
-    EXPECT_LE(Panel().GetVirtualSize().x, 640);
+    const wxChartViewer& viewer = Panel().GetViewer();
+    EXPECT_GE(viewer.GetPosition().x, 0);
+    EXPECT_LE(viewer.GetRect().GetBottom(), page.y) << "the abscissa is out of sight";
+    EXPECT_LE(Panel().GetVirtualSize().x, page.x) << "inputs are out of sight";
+    auto& copy = gui_test::Find<wxButton>(Panel(), {}, 1);
+    auto* inputs = dynamic_cast<wxScrolledWindow*>(copy.GetParent()->GetParent());
+    ASSERT_NE(inputs, nullptr);
+    EXPECT_GT(inputs->GetVirtualSize().y, inputs->GetClientSize().y);
+    EXPECT_LE(inputs->GetVirtualSize().x, inputs->GetClientSize().x);
 }
 
 }  // namespace
