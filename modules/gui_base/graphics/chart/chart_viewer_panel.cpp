@@ -5,6 +5,7 @@
 #include "gui_base/input/controls/tv_button.h"
 #include "gui_base/input/controls/tv_staticboxsizer.h"
 #include "gui_base/input/controls/tv_statictext.h"
+#include "gui_base/input/controls/wheel.h"
 #include "gui_base/input/events.h"
 #include "gui_base/input/form/form_grid.h"
 #include "gui_base/input/validation/double_validator.h"
@@ -26,6 +27,7 @@ namespace {
 constexpr int kFieldWidth = 88;
 constexpr int kChoiceWidth = 220;
 constexpr int kDigits = 4;
+constexpr int kScrollStep = 60;
 constexpr double kFastest = 1000.0;
 constexpr double kEmpty = std::numeric_limits<double>::quiet_NaN();
 constexpr int kLeastChartWidth = 260;
@@ -89,7 +91,9 @@ void ChartViewerPanel::CreateControls(const Choices& diagramTypes, const Choices
     // The inputs scroll beside the chart, which stays in view.
     m_inputs =
         new wxScrolledWindow(this, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxTAB_TRAVERSAL | wxVSCROLL);
-    m_inputs->SetScrollRate(0, 1);
+    m_inputs->SetScrollRate(0, FromDIP(kScrollStep));
+    // Before those around it, which would scroll the page.
+    m_inputs->Bind(wxEVT_MOUSEWHEEL, &ChartViewerPanel::OnWheelOverInputs, this);
     auto* column = new wxBoxSizer(wxVERTICAL);
     column->Add(CreateSelection(diagramTypes, media, resins), spaced);
     column->Add(CreateRange(), spaced);
@@ -111,6 +115,9 @@ tvChoice* ChartViewerPanel::AddChoice(wxWindow* parent, wxSizer& grid, const wxS
     if (!items.empty())
         choice->SetSelection(0);
     choice->Bind(tvCHANGE_EVENT, [this, selection](wxCommandEvent&) { Tell(selection); });
+    choice->Bind(wxEVT_MOUSEWHEEL, [this, choice](wxMouseEvent& event) {
+        wheel::ScrollParentUnlessFocused(*choice, event, m_inputs);
+    });
     m_named.emplace_back(choice, label);
     grid.Add(choice, wxSizerFlags().Expand());
     return choice;
@@ -212,6 +219,19 @@ void ChartViewerPanel::FitInputs()
     FitInside();
     Layout();
     m_inputs->Layout();
+}
+
+void ChartViewerPanel::OnWheelOverInputs(wxMouseEvent& event)
+{
+    if (event.GetWheelAxis() != wxMOUSE_WHEEL_VERTICAL || event.GetWheelDelta() == 0) {
+        event.Skip();
+        return;
+    }
+    // Fine wheels turn by parts of a step.
+    m_wheelTurn += event.GetWheelRotation();
+    const int steps = m_wheelTurn / event.GetWheelDelta();
+    m_wheelTurn -= steps * event.GetWheelDelta();
+    m_inputs->Scroll(wxDefaultCoord, std::max(0, m_inputs->GetViewStart().y - steps));
 }
 
 void ChartViewerPanel::Tell(ChartSelection selection)

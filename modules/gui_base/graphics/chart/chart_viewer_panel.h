@@ -98,6 +98,7 @@ private:
     void UpdateNames();
     void UseParameterPanel(ChartViewerParameterPanel& used);
     void Tell(ChartSelection selection);
+    void OnWheelOverInputs(wxMouseEvent& event);
     void OnExport();
     void OnCopy();
 
@@ -106,6 +107,7 @@ private:
     wxString m_rangeUnit;
     wxChartViewer* m_viewer = nullptr;
     wxScrolledWindow* m_inputs = nullptr;
+    int m_wheelTurn = 0;
     tvChoice* m_diagramType = nullptr;
     tvChoice* m_medium = nullptr;
     tvChoice* m_resin = nullptr;

@@ -374,6 +374,14 @@ TEST_F(ChartPageTest, ANarrowPageKeepsAllWithinReach)
     ASSERT_NE(inputs, nullptr);
     EXPECT_GT(inputs->GetVirtualSize().y, inputs->GetClientSize().y);
     EXPECT_LE(inputs->GetVirtualSize().x, inputs->GetClientSize().x);
+    wxMouseEvent wheel(wxEVT_MOUSEWHEEL);
+    auto& resin = gui_test::Find<tvChoice>(Panel(), "Resin");
+    wheel.SetEventObject(&resin);
+    wheel.m_wheelRotation = -120;
+    wheel.m_wheelDelta = 120;
+    resin.ProcessWindowEvent(wheel);
+    EXPECT_EQ(inputs->GetViewStart().y, 1);
+    EXPECT_EQ(resin.GetSelection(), 0);
 }
 
 }  // namespace
