@@ -41,8 +41,7 @@ void DrawCurve(cairo_t* canvas, const std::vector<CurveRun>& runs, const DataSet
 {
     if (set.lineWidth > 0.0) {
         for (const CurveRun& run : runs)
-            AddRun(canvas, run, plot);
-        StrokeWith(canvas, set.style, set.lineWidth);
+            StrokeRun(canvas, run, plot, set.style, set.lineWidth);
         // A point between two gaps has no line.
         for (const CurveRun& run : runs) {
             if (run.size() == 1 && plot.Contains(run[0].place.x, run[0].place.y))
@@ -91,12 +90,17 @@ void Layer::Extend(DataRange& x, DataRange& y) const
         std::vector<double> room;
         const std::vector<double>& xs = Abscissas(set.values.size(), room);
         const std::size_t count = std::min(xs.size(), set.values.size());
+        // Kept at hand while the values pass.
+        DataRange ofX = x;
+        DataRange ofY = y;
         for (std::size_t i = 0; i < count; ++i) {
             if (!std::isfinite(xs[i]) || !std::isfinite(set.values[i]))
                 continue;
-            x.Add(xs[i]);
-            y.Add(set.values[i]);
+            ofX.Add(xs[i]);
+            ofY.Add(set.values[i]);
         }
+        x = ofX;
+        y = ofY;
     }
 }
 
