@@ -5,7 +5,7 @@
 #include "gui_base/input/controls/tv_button.h"
 #include "gui_base/input/controls/tv_statictext.h"
 #include "gui_base/input/form/form_grid.h"
-#include "gui_base/input/validation/numeric_validator.h"
+#include "gui_base/input/form/shown_context.h"
 #include "gui_base/ionexchange/exchanger_name.h"
 #include "gui_base/report/overview_report.h"
 #include "gui_base/support/translation.h"
@@ -24,13 +24,6 @@ namespace {
 constexpr double kZoomStep = 1.25;
 /// Pictures for other programs are larger than a screen shows them.
 constexpr double kCopiedZoom = 2.0;
-
-ReportContext ShownContext()
-{
-    ReportContext context;
-    context.separators = NumericValidator::LocaleSeparators();
-    return context;
-}
 
 }  // namespace
 
@@ -121,8 +114,9 @@ void IEXPlantOverviewPanelImpl::AddGraphic(const DBObjects::GraphicInfo& graphic
     auto* place = new wxPanel(this);
     auto* inner = new wxBoxSizer(wxVERTICAL);
     try {
-        const auto info = FromDbGraphicInfo(graphic, *GetProject(), GetUnitSystemDisplay(),
-                                            overviewtext::Formatter(ShownContext()));
+        const auto info =
+            FromDbGraphicInfo(graphic, *GetProject(), GetUnitSystemDisplay(),
+                              overviewtext::Formatter(ShownContext(GetProject()->GetUnitSystemDisplay())));
         auto* const shown = new ValueGraphic(info, place, MakeAnswers());
         shown->Bind(wxEVT_MOUSEWHEEL, [this, shown](wxMouseEvent& event) { OnWheelOn(*shown, event); });
         m_graphics.push_back(shown);
