@@ -102,7 +102,8 @@ void ChartViewerParameterPanel::UpdateSetLabels(const wxString& label)
 void ChartViewerParameterPanel::UpdateSetUnits(const wxString& unit)
 {
     const auto known = Temperature::UnitFromText(unit.utf8_string());
-    if (!known)
+    // What is just being typed stays, unless it means something else now.
+    if (!known || (*known == m_unit && m_units[0] == unit))
         return;
     for (double& value : m_temperatures) {
         if (std::isfinite(value))

@@ -269,12 +269,17 @@ std::string ChartViewerPanel::DoGetResinSelection() const
 
 void ChartViewerPanel::DoSetStartValue(double value)
 {
+    // What is just being typed stays.
+    if (m_start == value && !m_startField->IsEmpty())
+        return;
     m_start = value;
     m_startField->TransferDataToWindow();
 }
 
 void ChartViewerPanel::DoSetEndValue(double value)
 {
+    if (m_end == value && !m_endField->IsEmpty())
+        return;
     m_end = value;
     m_endField->TransferDataToWindow();
 }

@@ -267,6 +267,24 @@ TEST_F(ChartPageOfPlant, MarksWhereTheExchangersWorkAndFollowsTheDesign)
     EXPECT_LT(mark()->values.at(0), before);
 }
 
+TEST_F(ChartPageOfPlant, WhatIsJustBeingTypedStaysWhenOthersEdit)
+{
+    Open();
+    for (const char* name : {"End value [m/h]", "Temperature 1 [\u00b0C]"}) {
+        auto* field = &gui_test::Find<TvTextCtrl>(Panel(), wxString::FromUTF8(name));
+        if (!field->IsShownOnScreen())
+            field = &gui_test::Find<TvTextCtrl>(Panel(), wxString::FromUTF8(name), 1);
+        gui_test::Focus(*field);
+        field->SelectAll();
+        gui_test::Type("42");
+        support::SetFlow(m_project, 18.0 + static_cast<double>(field->GetName().length()));
+        EXPECT_EQ(field->GetValue(), "42") << name;
+        gui_test::Press(WXK_TAB);
+    }
+    EXPECT_EQ(Panel().DoGetEndValue(), 42.0);
+    EXPECT_EQ(Names().front(), "42 \u00b0C");
+}
+
 TEST_F(ChartPageTest, ExportsWhatIsShown)
 {
     Open();
