@@ -101,13 +101,13 @@ void StrokeRun(cairo_t* canvas, const CurveRun& wholeRun, const Rect& plot, cons
                double width)
 {
     // The time of a stroke grows faster than its number of points.
-    constexpr int kMostPoints = 32;
+    constexpr std::size_t kMostPoints = 32;
     const CurveRun run = Simplified(wholeRun);
     const Rect box = Around(plot);
     const auto isInside = [&box](Point place) { return box.Contains(place.x, place.y); };
     const bool isLong = run.size() > 8 * kMostPoints;
     bool isPenDown = false;
-    int points = 0;
+    std::size_t points = 0;
     double length = 0.0;
     double drawn = 0.0;
     for (std::size_t i = 1; i < run.size(); ++i) {

@@ -9,6 +9,7 @@
 
 #include <wx/translation.h>
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -80,8 +81,8 @@ void ChartViewerParameterPanel::SetColumnTitle(std::size_t column, const wxStrin
 
 void ChartViewerParameterPanel::UpdateTitles()
 {
-    const std::size_t columns = m_titles.size();
-    for (std::size_t i = 0; i < columns; ++i)
+    const std::size_t columns = std::max<std::size_t>(m_titles.size(), 1);
+    for (std::size_t i = 0; i < m_titles.size(); ++i)
         m_titles[i]->SetLabel(m_labels[i] + "\n[" + m_units[i] + "]");
     for (std::size_t i = 0; i < m_fields.size(); ++i) {
         const std::size_t column = i % columns;
