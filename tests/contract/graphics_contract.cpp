@@ -79,6 +79,7 @@ TEST_F(Graphics, ThePlantOverviewIsAPanelOfItsProject)
     panel.UpdateUnits(true);
     panel.Localize("us");
     EXPECT_FALSE(panel.HasWhatIf());
+    EXPECT_NE(panel.GetZoom(), 1.0) << "as large as the room that its parent gives";
 }
 
 }  // namespace

@@ -36,9 +36,10 @@ IEXPlantOverviewPanelImpl::IEXPlantOverviewPanelImpl(Project* project, wxWindow*
     Create();
     Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
         event.Skip();
-        if (m_fits)
-            ShowZoom(FittingZoom());
+        Refit();
     });
+    // A parent may have given the panel its size already.
+    Refit();
 }
 
 void IEXPlantOverviewPanelImpl::DoCreateControls()
@@ -50,7 +51,7 @@ void IEXPlantOverviewPanelImpl::DoCreateControls()
     CreateSVGPanels(*graphics);
     content->Add(graphics, wxSizerFlags().Border(wxALL, FromDIP(form::kGap)));
     m_tools->Show(!m_graphics.empty());
-    ShowZoom(m_fits ? FittingZoom() : m_zoom);
+    ShowZoom(m_zoom);
 }
 
 wxSizer* IEXPlantOverviewPanelImpl::CreateContentSizer()
@@ -194,6 +195,7 @@ void IEXPlantOverviewPanelImpl::DoFollowProject()
         m_tools = nullptr;
         RecreatePanel();
         SetSize(place);
+        Refit();
     });
 }
 
@@ -206,7 +208,13 @@ void IEXPlantOverviewPanelImpl::SetZoom(double zoom)
 void IEXPlantOverviewPanelImpl::FitToWindow()
 {
     m_fits = true;
-    ShowZoom(FittingZoom());
+    Refit();
+}
+
+void IEXPlantOverviewPanelImpl::Refit()
+{
+    if (m_fits)
+        ShowZoom(FittingZoom());
 }
 
 double IEXPlantOverviewPanelImpl::FittingZoom() const

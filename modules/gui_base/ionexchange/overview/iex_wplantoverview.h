@@ -63,6 +63,7 @@ private:
     ValueGraphic::Answers MakeAnswers();
     wxString NameOf(const DetailReplaceMapping& value) const;
     void ShowZoom(double zoom);
+    void Refit();
     double FittingZoom() const;
     void ZoomAt(ValueGraphic& graphic, const wxPoint& point, double factor);
     bool OnZoomKey(const wxKeyEvent& key);

@@ -12,7 +12,7 @@
 
 namespace {
 
-constexpr double kFrame = 2.0;
+constexpr double kFrame = 1.0;
 
 wxRect Around(const wxRect2DDouble& box)
 {

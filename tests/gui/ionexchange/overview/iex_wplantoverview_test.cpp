@@ -62,6 +62,12 @@ protected:
         }
         throw std::runtime_error("no value " + id.utf8_string());
     }
+    void ExpectFits()
+    {
+        const double width = static_cast<double>(m_panel->GetSize().x) / Graphic().GetOwnSize().x;
+        const double height = (m_panel->GetSize().y - 50.0) / Graphic().GetOwnSize().y;
+        EXPECT_NEAR(m_panel->GetZoom(), std::max(0.6, std::min(width, height)), 0.05);
+    }
     std::string Text(const wxString& id) { return Shown(id).text.utf8_string(); }
 
     iex::IEXProject m_project{"DEMI"};
@@ -71,6 +77,7 @@ protected:
 
 TEST_F(PlantOverviewTest, ValuesFollowTheProject)
 {
+    ExpectFits();
     EXPECT_EQ(Text("feed.q"), "20 m\u00b3/h");
     EXPECT_EQ(Text("ex1.c1.chemical"), "HCl");
     EXPECT_EQ(Text("feed.ph"), "") << "not known";
@@ -92,6 +99,7 @@ TEST_F(PlantOverviewTest, AnotherArrangementHasAnotherGraphic)
     ASSERT_TRUE(PumpUntil([&] { return Graphic().GetShownValues().size() > before; }));
     EXPECT_EQ(Text("ex1.c1.vol").empty(), Text("ex2.c1.vol").empty());
     EXPECT_EQ(Text("ex3.co2"), "8 mg/l");
+    ExpectFits();
     LastMessage log;
     wxLog* const formerLog = wxLog::SetActiveTarget(&log);
     m_project.RemoveOwner(m_project.GetStep(3));
@@ -148,7 +156,7 @@ TEST_F(PlantOverviewTest, ZoomFitsGrowsAndStaysAtThePointer)
     EXPECT_LE(Graphic().GetSize().x, m_panel->GetSize().x);
     m_panel->SetSize(700, 500);
     Pump();
-    EXPECT_NEAR(m_panel->GetZoom(), std::max(0.6, 700.0 / own.x), 0.05) << "follows the page";
+    ExpectFits();
     m_panel->SetZoom(1.0);
     EXPECT_EQ(Graphic().GetSize(), own);
     EXPECT_EQ(Shown("feed.q").box.GetLeftTop(), wxPoint2DDouble(24, 185));

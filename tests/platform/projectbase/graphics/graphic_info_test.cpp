@@ -103,6 +103,7 @@ TEST(GraphicInfo, EveryArrangementHasAGraphicWhoseValuesAreThere)
                 const auto& value = dynamic_cast<const DetailReplaceMapping&>(*mapping);
                 EXPECT_NE(value.FindDetail(), nullptr) << graphic.entry << " " << mapping->GetId();
                 ASSERT_TRUE(value.GetAddress());
+                EXPECT_NE(value.FindDetail()->GetLabel(), "") << mapping->GetId();
                 EXPECT_EQ(project.FindDetail(*value.GetAddress()), value.FindDetail());
             }
             EXPECT_EQ(drawn, known) << graphic.entry;
