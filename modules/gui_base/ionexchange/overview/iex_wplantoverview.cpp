@@ -95,6 +95,7 @@ wxSizer* IEXPlantOverviewPanelImpl::CreateToolSizer()
 void IEXPlantOverviewPanelImpl::CreateSVGPanels(wxSizer& sizer)
 {
     m_shown = GetProject() != nullptr ? GetProject()->GetGraphicConfigTypes() : Project::GraphicConfigTypes();
+    m_shownType = GetProject() != nullptr ? GetProject()->GetModuleType() : std::string();
     bool isAny = false;
     for (const auto& [type, keys] : m_shown) {
         const auto graphic = MasterDatabase::GetGraphicInfo(GetProject()->GetModuleType(), type, keys);
@@ -178,7 +179,8 @@ void IEXPlantOverviewPanelImpl::DoLocalize()
 
 void IEXPlantOverviewPanelImpl::DoFollowProject()
 {
-    if (m_shown == GetProject()->GetGraphicConfigTypes()) {
+    // Plants of different types can have the same exchangers.
+    if (m_shownType == GetProject()->GetModuleType() && m_shown == GetProject()->GetGraphicConfigTypes()) {
         for (ValueGraphic* graphic : m_graphics)
             graphic->FollowValues();
         return;

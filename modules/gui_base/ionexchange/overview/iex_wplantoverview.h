@@ -71,6 +71,7 @@ private:
 
     std::function<void(const DetailAddress&)> m_lead;
     Project::GraphicConfigTypes m_shown;  ///< the arrangement of the graphics
+    std::string m_shownType;              ///< the type of plant that it is an arrangement of
     std::vector<ValueGraphic*> m_graphics;
     wxWindow* m_tools = nullptr;
     double m_zoom = 1.0;

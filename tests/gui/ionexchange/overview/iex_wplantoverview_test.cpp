@@ -111,6 +111,18 @@ TEST_F(PlantOverviewTest, AnotherArrangementHasAnotherGraphic)
     EXPECT_TRUE(m_panel->GetActiveMessages().empty());
 }
 
+TEST_F(PlantOverviewTest, AnotherTypeHasAnotherGraphicForTheSameExchangers)
+{
+    const auto has = [this](const char* id) {
+        return std::ranges::any_of(Graphic().GetShownValues(),
+                                   [id](const SvgShownValue& value) { return value.mapping->GetId() == id; });
+    };
+    m_project.SetPlant("DEMI", {"SAC_H", "SBA"});
+    ASSERT_TRUE(PumpUntil([&] { return has("feed.cond"); }));
+    m_project.SetPlant("FOODC", {"SAC_H", "SBA"});
+    EXPECT_TRUE(PumpUntil([&] { return has("feed.density"); })) << "a column takes a feed";
+}
+
 TEST_F(PlantOverviewTest, AClickLeadsToTheField)
 {
     const wxPoint2DDouble centre = Shown("ex2.v").box.GetCentre();
