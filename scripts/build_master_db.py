@@ -5,7 +5,7 @@
 build_master_db.py OUTPUT CSV_DIR --ions FILE --waters FILE [--iso-codes DIR] [--locales DIR]
 
 CSV_DIR holds details.csv, detail_choices.csv, elements.csv, alkalizing_agents.csv, compounds.csv, feed_mediums.csv, organics.csv, plants.csv,
-regenerants.csv, regenerant_densities.csv, resins.csv, resin_regeneration.csv, exchanger_defaults.csv, sequence_media.csv, sequence_types.csv, sequence_defaults.csv, water_types.csv and whatif.csv; the files are the rows of an analysis as list_ions writes them, and the waters of the library. Countries
+regenerants.csv, regenerant_densities.csv, resins.csv, resin_regeneration.csv, exchanger_defaults.csv, sequence_media.csv, sequence_types.csv, sequence_defaults.csv, graphics.csv, placeholders.csv, water_types.csv and whatif.csv; the files are the rows of an analysis as list_ions writes them, and the waters of the library. Countries
 and currencies come from the iso-codes package: their codes from its JSON files, their translated names from its message
 catalogues. The output is replaced as a whole or not at all, and equal inputs give equal bytes.
 """
@@ -21,7 +21,7 @@ import tempfile
 from pathlib import Path
 
 APPLICATION_ID = 0x54564D44  # "TVMD"
-SCHEMA_VERSION = 11
+SCHEMA_VERSION = 12
 ROLES = {"input", "derived"}
 TYPES = {"double", "long", "bool", "date", "string"}
 # Columns of the waters that are details by another name; a column that bears the name of an ion is its amount in mg/l.
@@ -106,6 +106,10 @@ CREATE TABLE exchanger_default (plant TEXT NOT NULL, kind TEXT NOT NULL, compart
 CREATE TABLE what_if (type TEXT NOT NULL, position INTEGER NOT NULL, step TEXT NOT NULL, first TEXT NOT NULL,
     first_label TEXT NOT NULL, second TEXT NOT NULL, second_label TEXT NOT NULL,
     PRIMARY KEY (type, position)) WITHOUT ROWID;
+CREATE TABLE graphic (id INTEGER PRIMARY KEY, type TEXT NOT NULL, graphic TEXT NOT NULL, keys TEXT NOT NULL,
+                      entry TEXT NOT NULL UNIQUE, UNIQUE (type, graphic, keys));
+CREATE TABLE placeholder (id INTEGER PRIMARY KEY, entry TEXT NOT NULL, code TEXT NOT NULL, owner TEXT NOT NULL,
+                          key TEXT NOT NULL, with_unit INTEGER NOT NULL, digits INTEGER NOT NULL, UNIQUE (entry, code));
 CREATE TABLE organic (id INTEGER PRIMARY KEY, code TEXT NOT NULL UNIQUE, label TEXT NOT NULL, acidity REAL NOT NULL,
     carbon REAL NOT NULL);
 CREATE TABLE water_type (id INTEGER PRIMARY KEY, code TEXT NOT NULL UNIQUE, description TEXT NOT NULL);
@@ -394,6 +398,24 @@ def fill_what_if(db, csv_dir, plants):
                             row["second_label"]))
 
 
+def fill_graphics(db, csv_dir, plants):
+    entries = set()
+    for identifier, (where, row) in enumerate(read_csv(csv_dir / "graphics.csv", ("type", "graphic", "keys", "entry")), start=1):
+        if row["type"] not in plants:
+            sys.exit(f"{where}: unknown type '{row['type']}'")
+        db.execute("INSERT INTO graphic VALUES (?,?,?,?,?)",
+                   (identifier, row["type"], row["graphic"], row["keys"], row["entry"]))
+        entries.add(row["entry"])
+    details = {name for name, in db.execute("SELECT name FROM detail")}
+    rows = read_csv(csv_dir / "placeholders.csv", ("entry", "id", "address", "unit", "digits"))
+    for identifier, (where, row) in enumerate(rows, start=1):
+        owner, _, key = row["address"].partition(":")
+        if row["entry"] not in entries or key not in details or row["unit"] not in ("yes", "no"):
+            sys.exit(f"{where}: no such graphic or value, or neither with a unit nor without one")
+        db.execute("INSERT INTO placeholder VALUES (?,?,?,?,?,?,?)",
+                   (identifier, row["entry"], row["id"], owner, key, row["unit"] == "yes", int(row["digits"])))
+
+
 def fill_organics(db, csv_dir):
     rows = read_csv(csv_dir / "organics.csv", ("key", "label", "acidity", "carbon"))
     for identifier, (where, row) in enumerate(rows, start=1):
@@ -487,6 +509,7 @@ def build(path, arguments):
     fill_regenerants(db, arguments.csv_dir)
     fill_sequences(db, arguments.csv_dir)
     fill_resins(db, arguments.csv_dir)
+    fill_graphics(db, arguments.csv_dir, plants)
     fill_organics(db, arguments.csv_dir)
     fill_water_types(db, arguments.csv_dir)
     fill_waters(db, arguments.waters, ions)

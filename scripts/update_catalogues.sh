@@ -12,7 +12,8 @@ trap 'rm -rf "$temporary"' EXIT
 cd "$root"
 
 # The header of the template, and texts that stand in data: kinds and categories of waters, names of agents and
-# organics, elements, categories of compounds, feed mediums, names of details, pairs of the what-if analysis.
+# organics, elements, categories of compounds, feed mediums, names of details, pairs of the what-if analysis, captions of
+# graphics.
 python3 - resources/examples/waters.csv:kind,category \
     resources/master/water_types.csv:description resources/master/alkalizing_agents.csv:name \
     resources/master/organics.csv:label resources/master/elements.csv:name,class,state_25c \
@@ -20,9 +21,11 @@ python3 - resources/examples/waters.csv:kind,category \
     resources/master/regenerants.csv:name \
     resources/master/sequence_media.csv:label resources/master/sequence_types.csv:label \
     resources/master/resins.csv:name resources/master/plants.csv:name \
-    resources/master/details.csv:label resources/master/whatif.csv:first_label,second_label >"$temporary/header.pot" <<'PYTHON'
+    resources/master/details.csv:label resources/master/whatif.csv:first_label,second_label \
+    resources/graphics/*.svg >"$temporary/header.pot" <<'PYTHON'
 import csv
 import sys
+from xml.etree import ElementTree
 
 print("""# Texts of Tarnvik.
 # SPDX-License-Identifier: MIT
@@ -35,6 +38,12 @@ msgstr ""
 """)
 places = {}
 for argument in sys.argv[1:]:
+    if argument.endswith(".svg"):
+        # What has an id is a value.
+        for element in ElementTree.parse(argument).iter("{http://www.w3.org/2000/svg}text"):
+            if "id" not in element.attrib:
+                places.setdefault(element.text, set()).add("resources/graphics")
+        continue
     path, columns = argument.split(":")
     with open(path, encoding="utf-8", newline="") as file:
         for row in csv.DictReader(file):

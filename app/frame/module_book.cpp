@@ -92,7 +92,8 @@ std::vector<ModuleBook::Item> ModuleBook::WantedItems() const
 void ModuleBook::AddPage(const Item& item, std::size_t place)
 {
     auto* host = new PageHost(&m_notebook, *item.module, item.owner, [this, item](wxWindow* parent) {
-        return item.module->makePage({*m_project, parent, m_help, m_statusBar},
+        return item.module->makePage({*m_project, parent, m_help, m_statusBar,
+                                      [this](const DetailAddress& address) { ShowDetail(address); }},
                                      *m_project->FindOwner(item.owner));
     });
     m_hosts.insert(m_hosts.begin() + static_cast<std::ptrdiff_t>(place), host);

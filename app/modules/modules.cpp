@@ -9,14 +9,16 @@ Module ProjectModule();
 Module WaterModule();
 Module FeedModule();
 Module DesignModule();
+Module OverviewModule();
 Module RegenerationModule();
 Module WasteWaterModule();
 Module ChartModule();
 
 std::span<const Module> Modules()
 {
-    static const std::array modules{ProjectModule(),      WaterModule(),      FeedModule(), DesignModule(),
-                                    RegenerationModule(), WasteWaterModule(), ChartModule()};
+    static const std::array modules{ProjectModule(),    WaterModule(),    FeedModule(),
+                                    DesignModule(),     OverviewModule(), RegenerationModule(),
+                                    WasteWaterModule(), ChartModule()};
     return modules;
 }
 

@@ -119,12 +119,25 @@ bool wxChartViewer::Follow(bool hasChanged)
     return hasChanged;
 }
 
+bool wxChartViewer::ZoomAt(const wxPoint& place, double factor)
+{
+    return m_xyChart && Follow(m_viewPort.zoomAt(place.x, place.y, factor));
+}
+
 bool wxChartViewer::ZoomBy(double factor)
 {
     if (!m_xyChart)
         return false;
     const chartdir::Rect plot = m_xyChart->getMapping().plot;
     return Follow(m_viewPort.zoomAt(plot.x + plot.width / 2.0, plot.y + plot.height / 2.0, factor));
+}
+
+bool wxChartViewer::ZoomTo(const wxPoint& corner, const wxPoint& opposite)
+{
+    const auto point = [](const wxPoint& place) {
+        return chartdir::Point{static_cast<double>(place.x), static_cast<double>(place.y)};
+    };
+    return m_xyChart && Follow(m_viewPort.zoomTo(point(corner), point(opposite)));
 }
 
 bool wxChartViewer::ShowAll()
@@ -246,7 +259,7 @@ bool wxChartViewer::OnWheel(wxMouseEvent& event)
         event.GetEventObject() != this)
         return false;
     const double turns = static_cast<double>(event.GetWheelRotation()) / event.GetWheelDelta();
-    return Follow(m_viewPort.zoomAt(event.GetX(), event.GetY(), std::pow(kZoomStep, turns)));
+    return ZoomAt(event.GetPosition(), std::pow(kZoomStep, turns));
 }
 
 bool wxChartViewer::AnswerKey(int key)
@@ -295,7 +308,7 @@ void wxChartViewer::OnKey(wxKeyEvent& event)
 void wxChartViewer::OnButtonDown(wxMouseEvent& event)
 {
     SetFocus();
-    if (!m_xyChart || m_drag != Drag::None || !m_viewPort.inPlotArea(event.GetX(), event.GetY()))
+    if (!m_xyChart || m_drag != Drag::None || !IsInPlotArea(event.GetPosition()))
         return;
     const bool isRectangle = event.RightDown() || event.ShiftDown() || m_viewPort.isWhole();
     m_drag = isRectangle ? Drag::Rectangle : Drag::Move;
@@ -319,11 +332,8 @@ void wxChartViewer::OnButtonUp(wxMouseEvent& event)
     if (drag == Drag::None)
         return;
     EndDrag();
-    if (drag == Drag::Rectangle) {
-        const wxPoint to = event.GetPosition();
-        Follow(m_viewPort.zoomTo({static_cast<double>(m_dragFrom.x), static_cast<double>(m_dragFrom.y)},
-                                 {static_cast<double>(to.x), static_cast<double>(to.y)}));
-    }
+    if (drag == Drag::Rectangle)
+        ZoomTo(m_dragFrom, event.GetPosition());
 }
 
 void wxChartViewer::OnMotion(wxMouseEvent& event)

@@ -39,8 +39,14 @@ public:
 
     const chartdir::ViewPortManager& GetViewPortManager() const { return m_viewPort; }
     void SetDirections(chartdir::Directions directions) { m_viewPort.setDirections(directions); }
-    /// Shows that many times as much, around the middle of what is in view.
+    /// Whether a place in the control lies where values have their places.
+    bool IsInPlotArea(const wxPoint& place) const { return m_viewPort.inPlotArea(place.x, place.y); }
+    /// Shows that many times as much, with what stands at a place staying there, or around the middle of what
+    /// is in view. These return whether anything changed.
+    bool ZoomAt(const wxPoint& place, double factor);
     bool ZoomBy(double factor);
+    /// Shows what stands between two corners.
+    bool ZoomTo(const wxPoint& corner, const wxPoint& opposite);
     bool ShowAll();
 
     /// The hot spots as they stand; null without a chart.

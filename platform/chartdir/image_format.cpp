@@ -68,7 +68,7 @@ bool CompressJpeg(const Pixels& pixels, unsigned char* row, unsigned char** byte
     while (info.next_scanline < info.image_height) {
         const std::uint32_t* const source =
             pixels.rgb.data() + static_cast<std::size_t>(info.next_scanline) * info.image_width;
-        for (JDIMENSION x = 0; x < info.image_width; ++x) {
+        for (std::size_t x = 0; x < info.image_width; ++x) {
             row[3 * x] = static_cast<unsigned char>(source[x] >> 16U);
             row[3 * x + 1] = static_cast<unsigned char>(source[x] >> 8U);
             row[3 * x + 2] = static_cast<unsigned char>(source[x]);

@@ -16,15 +16,13 @@ namespace {
 constexpr double kMarkerDistance = 110.0;
 constexpr std::size_t kFewPoints = 25;
 
-void DrawMarkers(cairo_t* canvas, const std::vector<CurveRun>& runs, const DataSet& set, std::size_t place,
-                 const Rect& plot)
+void DrawMarkers(cairo_t* canvas, const std::vector<CurveRun>& runs, const DataSet& set, const Rect& plot)
 {
     if (set.style.marker == Marker::None)
         return;
     const bool isSparse = set.isMarkedSparsely && set.values.size() > kFewPoints;
-    // The markers of neighbouring curves stand beside each other.
     constexpr double kShift = 0.23;
-    double next = plot.x + std::fmod(kShift * static_cast<double>(place + 1), 1.0) * kMarkerDistance;
+    double next = plot.x + std::fmod(kShift * static_cast<double>(set.place + 1), 1.0) * kMarkerDistance;
     for (const CurveRun& run : runs) {
         for (const CurvePoint& point : run) {
             const Point at = point.place;
@@ -36,20 +34,18 @@ void DrawMarkers(cairo_t* canvas, const std::vector<CurveRun>& runs, const DataS
     }
 }
 
-void DrawCurve(cairo_t* canvas, const std::vector<CurveRun>& runs, const DataSet& set, std::size_t place,
-               const Rect& plot)
+void DrawCurve(cairo_t* canvas, const std::vector<CurveRun>& runs, const DataSet& set, const Rect& plot)
 {
     if (set.lineWidth > 0.0) {
         for (const CurveRun& run : runs)
-            AddRun(canvas, run, plot);
-        StrokeWith(canvas, set.style, set.lineWidth);
+            StrokeRun(canvas, run, plot, set.style, set.lineWidth);
         // A point between two gaps has no line.
         for (const CurveRun& run : runs) {
             if (run.size() == 1 && plot.Contains(run[0].place.x, run[0].place.y))
                 DrawMarker(canvas, Marker::Circle, run[0].place, 2.0 * set.lineWidth, set.style.colour);
         }
     }
-    DrawMarkers(canvas, runs, set, place, plot);
+    DrawMarkers(canvas, runs, set, plot);
 }
 
 /// Place of zero, or of the end of the axis next to it.
@@ -66,8 +62,8 @@ Layer::~Layer() = default;
 
 DataSet& Layer::addDataSet(std::vector<double> values, std::string name, std::size_t place)
 {
-    return m_sets.emplace_back(
-        DataSet{.name = std::move(name), .values = std::move(values), .style = StyleOfSeries(place)});
+    return m_sets.emplace_back(DataSet{
+        .name = std::move(name), .values = std::move(values), .place = place, .style = StyleOfSeries(place)});
 }
 
 const std::vector<double>& Layer::Abscissas(std::size_t count, std::vector<double>& room) const
@@ -91,12 +87,17 @@ void Layer::Extend(DataRange& x, DataRange& y) const
         std::vector<double> room;
         const std::vector<double>& xs = Abscissas(set.values.size(), room);
         const std::size_t count = std::min(xs.size(), set.values.size());
+        // Kept at hand while the values pass.
+        DataRange ofX = x;
+        DataRange ofY = y;
         for (std::size_t i = 0; i < count; ++i) {
             if (!std::isfinite(xs[i]) || !std::isfinite(set.values[i]))
                 continue;
-            x.Add(xs[i]);
-            y.Add(set.values[i]);
+            ofX.Add(xs[i]);
+            ofY.Add(set.values[i]);
         }
+        x = ofX;
+        y = ofY;
     }
 }
 
@@ -130,8 +131,8 @@ void Layer::DrawSample(cairo_t* canvas, const DataSet& set, double width, double
 
 void LineLayer::Draw(cairo_t* canvas, const Mapping& mapping, const Theme&) const
 {
-    for (std::size_t i = 0; i < m_sets.size(); ++i)
-        DrawCurve(canvas, RunsOfSet(m_sets[i], mapping), m_sets[i], i, mapping.plot);
+    for (const DataSet& set : m_sets)
+        DrawCurve(canvas, RunsOfSet(set, mapping), set, mapping.plot);
 }
 
 void AreaLayer::Extend(DataRange& x, DataRange& y) const
@@ -145,8 +146,7 @@ void AreaLayer::Draw(cairo_t* canvas, const Mapping& mapping, const Theme&) cons
 {
     constexpr double kOpacity = 0.3;
     const double base = Baseline(mapping);
-    for (std::size_t i = 0; i < m_sets.size(); ++i) {
-        const DataSet& set = m_sets[i];
+    for (const DataSet& set : m_sets) {
         const std::vector<CurveRun> runs = RunsOfSet(set, mapping);
         for (const CurveRun& run : runs) {
             cairo_move_to(canvas, NearPlot(run.front().place, mapping.plot).x, base);
@@ -159,7 +159,7 @@ void AreaLayer::Draw(cairo_t* canvas, const Mapping& mapping, const Theme&) cons
         }
         SetColour(canvas, set.style.colour.WithAlpha(kOpacity));
         cairo_fill(canvas);
-        DrawCurve(canvas, runs, set, i, mapping.plot);
+        DrawCurve(canvas, runs, set, mapping.plot);
     }
 }
 

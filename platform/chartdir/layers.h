@@ -23,6 +23,7 @@ struct DataSet
 {
     std::string name{};  ///< in the legend and in texts of hot spots; without one it has no place in a legend
     std::vector<double> values{};
+    std::size_t place = 0;  ///< among the series of the chart: markers of neighbours stand beside each other
     SeriesStyle style{};
     double lineWidth = 1.8;        ///< pixels; 0: markers alone
     bool isMarkedSparsely = true;  ///< a marker every now and then instead of one at each point

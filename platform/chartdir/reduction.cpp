@@ -41,7 +41,7 @@ class ColumnReducer
 public:
     explicit ColumnReducer(std::vector<CurveRun>& runs) : m_runs(runs) {}
 
-    void Add(const CurvePoint& point, double column)
+    void Add(const CurvePoint& point, int column)
     {
         if (m_count == 0 || column != m_column) {
             Flush();
@@ -81,7 +81,7 @@ private:
     std::vector<CurveRun>& m_runs;
     CurveRun m_run;
     std::size_t m_count = 0;
-    double m_column = 0.0;
+    int m_column = 0;
     CurvePoint m_first;
     CurvePoint m_last;
     CurvePoint m_lowest;
@@ -106,7 +106,7 @@ std::vector<CurveRun> RunsOf(std::span<const double> xs, std::span<const double>
             continue;
         }
         // All that lies beside the plot area counts as one column, which keeps how the curve enters.
-        reducer.Add({place, i}, std::clamp(std::floor(place.x), left, right));
+        reducer.Add({place, i}, static_cast<int>(std::clamp(place.x, left, right) - left));
     }
     reducer.Gap();
     return runs;

@@ -132,18 +132,6 @@ Scale MakeUsable(const Scale& scale)
     return usable;
 }
 
-void DataRange::Add(double value)
-{
-    if (!std::isfinite(value))
-        return;
-    if (IsEmpty())
-        least = greatest = value;
-    least = std::min(least, value);
-    greatest = std::max(greatest, value);
-    if (value > 0.0 && (leastPositive == 0.0 || value < leastPositive))
-        leastPositive = value;
-}
-
 Scale ScaleAround(const DataRange& range, bool isLog)
 {
     constexpr int kTicks = 7;

@@ -6,6 +6,7 @@
 
 #include "chartdir/chartdir_export.h"
 
+#include <cmath>
 #include <vector>
 
 namespace chartdir {
@@ -31,14 +32,24 @@ struct CHARTDIR_EXPORT Scale
 CHARTDIR_EXPORT Scale MakeUsable(const Scale& scale);
 
 /// Least and greatest finite value, and the least one above 0; nothing was seen while `least > greatest`.
-struct CHARTDIR_EXPORT DataRange
+struct DataRange
 {
     double least = 1.0;
     double greatest = 0.0;
     double leastPositive = 0.0;
 
     bool IsEmpty() const { return least > greatest; }
-    void Add(double value);
+    void Add(double value)
+    {
+        if (!std::isfinite(value))
+            return;
+        if (IsEmpty())
+            least = greatest = value;
+        least = value < least ? value : least;
+        greatest = value > greatest ? value : greatest;
+        if (value > 0.0 && (leastPositive == 0.0 || value < leastPositive))
+            leastPositive = value;
+    }
 };
 
 /// A scale around data whose ends are ticks. Without data 0 to 1 (1 to 10 where logarithmic).

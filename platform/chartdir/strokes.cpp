@@ -97,12 +97,19 @@ Point NearPlot(Point place, const Rect& plot)
     return {std::clamp(place.x, box.x, box.Right()), std::clamp(place.y, box.y, box.Bottom())};
 }
 
-void AddRun(cairo_t* canvas, const CurveRun& wholeRun, const Rect& plot)
+void StrokeRun(cairo_t* canvas, const CurveRun& wholeRun, const Rect& plot, const SeriesStyle& style,
+               double width)
 {
+    // The time of a stroke grows faster than its number of points.
+    constexpr std::size_t kMostPoints = 32;
     const CurveRun run = Simplified(wholeRun);
     const Rect box = Around(plot);
     const auto isInside = [&box](Point place) { return box.Contains(place.x, place.y); };
+    const bool isLong = run.size() > 8 * kMostPoints;
     bool isPenDown = false;
+    std::size_t points = 0;
+    double length = 0.0;
+    double drawn = 0.0;
     for (std::size_t i = 1; i < run.size(); ++i) {
         Point from = run[i - 1].place;
         Point to = run[i].place;
@@ -115,10 +122,18 @@ void AddRun(cairo_t* canvas, const CurveRun& wholeRun, const Rect& plot)
             cairo_move_to(canvas, from.x, from.y);
         cairo_line_to(canvas, to.x, to.y);
         isPenDown = isInside(run[i].place);
+        length += std::hypot(to.x - from.x, to.y - from.y);
+        if (isLong && ++points >= kMostPoints) {
+            StrokeWith(canvas, style, width, drawn);
+            drawn = length;
+            points = 0;
+            isPenDown = false;
+        }
     }
+    StrokeWith(canvas, style, width, drawn);
 }
 
-void StrokeWith(cairo_t* canvas, const SeriesStyle& style, double width)
+void StrokeWith(cairo_t* canvas, const SeriesStyle& style, double width, double dashOffset)
 {
     std::vector<double> dashes;
     for (const double dash : DashesOf(style.line))
@@ -126,7 +141,7 @@ void StrokeWith(cairo_t* canvas, const SeriesStyle& style, double width)
     SetColour(canvas, style.colour);
     cairo_set_line_width(canvas, width);
     cairo_set_line_join(canvas, CAIRO_LINE_JOIN_BEVEL);
-    cairo_set_dash(canvas, dashes.data(), static_cast<int>(dashes.size()), 0.0);
+    cairo_set_dash(canvas, dashes.data(), static_cast<int>(dashes.size()), dashOffset);
     cairo_stroke(canvas);
     cairo_set_dash(canvas, nullptr, 0, 0.0);
 }

@@ -16,14 +16,16 @@ double Snapped(double pixel);
 /// A sharp line of one pixel.
 void DrawHairline(cairo_t* canvas, Point from, Point to, Colour colour);
 
-/// Adds a run to the path, cut where it leaves the plot area by far: the graphics library counts in numbers
+/// Draws a line along a run, cut where it leaves the plot area by far: the graphics library counts in numbers
 /// that would overflow.
-void AddRun(cairo_t* canvas, const CurveRun& run, const Rect& plot);
+void StrokeRun(cairo_t* canvas, const CurveRun& run, const Rect& plot, const SeriesStyle& style,
+               double width);
 
 /// A place brought so near to the plot area that it can be drawn.
 Point NearPlot(Point place, const Rect& plot);
 
-void StrokeWith(cairo_t* canvas, const SeriesStyle& style, double width);
+/// Draws the path that was made, with dashes from that place of their pattern on.
+void StrokeWith(cairo_t* canvas, const SeriesStyle& style, double width, double dashOffset = 0.0);
 void DrawMarker(cairo_t* canvas, Marker marker, Point place, double size, Colour colour);
 
 /// Lines across a box that tell bars apart without their colours; `place` settles their direction.

@@ -45,6 +45,8 @@ XYLayout::XYLayout(const XYChart& chart, const Scale& xScale, const Scale& yScal
     const double lineHeight = MakeText("0", ink).Height();
     const double bottom = kMargin + (m_xTitle ? m_xTitle->Height() + kGap : 0.0) + lineHeight + kTickLength;
     const double plotHeight = plotArea ? plotArea->height : std::max(height - top - bottom, kLeastSide);
+    if (m_yTitle)
+        m_yTitle->Shorten(plotHeight);
     SetTicks(chart.yAxis(), yScale, plotHeight, kDistanceOfYTicks, m_yLabels);
     double widest = 0.0;
     for (const TickLabel& label : m_yLabels)
@@ -55,6 +57,8 @@ XYLayout::XYLayout(const XYChart& chart, const Scale& xScale, const Scale& yScal
     const double plotWidth = plotArea ? plotArea->width : std::max(width - left - 2.0 * kMargin, kLeastSide);
     m_mapping.plot = plotArea.value_or(
         Rect{std::floor(left) + 0.5, std::floor(top) + 0.5, std::floor(plotWidth), std::floor(plotHeight)});
+    if (m_xTitle)
+        m_xTitle->Shorten(m_mapping.plot.width);
     SetTicks(chart.xAxis(), xScale, m_mapping.plot.width, kDistanceOfXTicks, m_xLabels);
     PlaceTicks();
 }
@@ -91,8 +95,10 @@ void XYLayout::SetLegend(double& y)
                 x = left;
                 y += lineHeight + kGap / 2.0;
             }
-            if (y > lowest)
+            if (!m_legend.empty() && y + text.Height() > lowest) {
+                y += kGap;
                 return;
+            }
             lineHeight = std::max(lineHeight, text.Height());
             m_legend.push_back({layer.get(), &set, {x, y}, std::move(text)});
             x += width;
@@ -173,18 +179,19 @@ void XYLayout::DrawAround(cairo_t* canvas) const
     DrawHairline(canvas, {plot.x, plot.y}, {plot.x, bottom}, m_theme.ink);
     DrawHairline(canvas, {plot.x, bottom}, {plot.Right(), bottom}, m_theme.ink);
     double lowest = bottom + kTickLength;
-    double drawnTo = -kGap;
+    double drawnFrom = 0.0;
+    double drawnTo = 0.0;
     for (const TickLabel& label : m_xLabels) {
         DrawHairline(canvas, {label.pixel, bottom}, {label.pixel, bottom + kTickLength}, m_theme.ink);
         const double left = std::clamp(label.pixel - label.text.Width() / 2.0, 0.0,
                                        std::max(m_chart.getWidth() - label.text.Width(), 0.0));
-        lowest = std::max(lowest, bottom + kTickLength + label.text.Height());
         const double right = left + label.text.Width();
+        lowest = std::max(lowest, bottom + kTickLength + label.text.Height());
         // Numbers never run into each other, whichever way the axis runs.
-        const bool isForwards = m_mapping.x.lower < m_mapping.x.upper;
-        if (isForwards && left < drawnTo + kGap)
+        if (left < drawnTo + kGap && right > drawnFrom - kGap && drawnTo > drawnFrom)
             continue;
-        drawnTo = isForwards ? right : drawnTo;
+        drawnFrom = left;
+        drawnTo = right;
         label.text.Draw(canvas, {left, bottom + kTickLength});
     }
     for (const TickLabel& label : m_yLabels) {

@@ -246,6 +246,24 @@ struct WhatIfPair
     std::string secondLabel;
 };
 
+/// A value in a graphic.
+struct GraphicPlaceholder
+{
+    std::string id;     ///< of the text that it stands for
+    std::string owner;  ///< a path ("ex.1.comp.1"; empty for the project), or "water" for the plant's water
+    std::string key;
+    bool withUnit = false;
+    int digits = 4;  ///< significant ones
+};
+
+/// A graphic of an arrangement of exchangers.
+struct GraphicInfo
+{
+    int id = -1;
+    std::string entry;  ///< in the archive of the graphics
+    std::vector<GraphicPlaceholder> placeholders;
+};
+
 /// What the organic load of a water consists of. Typical figures of aquatic humic substances, Thurman 1985,
 /// Organic Geochemistry of Natural Waters.
 struct Organic

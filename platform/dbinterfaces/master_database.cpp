@@ -22,7 +22,7 @@ namespace {
 
 constexpr water_queries::Tables kMasterWaters{"", 0};
 constexpr int kApplicationId = 0x54564D44;  // "TVMD", as the build script writes it
-constexpr int kSchemaVersion = 11;
+constexpr int kSchemaVersion = 12;
 
 struct State
 {

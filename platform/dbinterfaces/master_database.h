@@ -79,6 +79,12 @@ public:
     /// that there is not.
     static std::vector<DBObjects::WhatIfPair> GetWhatIfTable(const std::string& type);
 
+    /// The graphic of that type ("LINE") for the exchangers of a plant of that type, in flow order;
+    /// identifier -1 where there is none.
+    static DBObjects::GraphicInfo GetGraphicInfo(const std::string& moduleType,
+                                                 const std::string& graphicType,
+                                                 const std::vector<std::string>& keys);
+
     /// What the organic load of a water can consist of, by a pattern of the key in which "%" stands for any
     /// text; "none" is first.
     static std::vector<DBObjects::Organic> GetOrganics(const std::string& pattern = "%");

@@ -189,3 +189,28 @@ std::vector<DBObjects::WhatIfPair> MasterDatabase::GetWhatIfTable(const std::str
         return pairs;
     });
 }
+
+DBObjects::GraphicInfo MasterDatabase::GetGraphicInfo(const std::string& moduleType,
+                                                      const std::string& graphicType,
+                                                      const std::vector<std::string>& keys)
+{
+    std::string joined;
+    for (const std::string& key : keys)
+        joined += (joined.empty() ? "" : " ") + key;
+    return Run("GetGraphicInfo", [&](soci::session& session) {
+        DBObjects::GraphicInfo info;
+        session << "SELECT id, entry FROM graphic WHERE type = :type AND graphic = :graphic AND keys = :keys",
+            soci::use(moduleType, "type"), soci::use(graphicType, "graphic"), soci::use(joined, "keys"),
+            soci::into(info.id), soci::into(info.entry);
+        if (!session.got_data())
+            return DBObjects::GraphicInfo{};
+        const soci::rowset<soci::row> rows =
+            (session.prepare << "SELECT code, owner, key, with_unit, digits FROM placeholder "
+                                "WHERE entry = :entry ORDER BY id",
+             soci::use(info.entry, "entry"));
+        for (const soci::row& row : rows)
+            info.placeholders.push_back({row.get<std::string>(0), row.get<std::string>(1),
+                                         row.get<std::string>(2), row.get<int>(3) != 0, row.get<int>(4)});
+        return info;
+    });
+}

@@ -17,8 +17,12 @@ wxXmlDocument ParseSvgDocument(const std::string& bytes, const std::string& grap
     using Problem = SvgLoadError::Problem;
     if (bytes.size() > kMostSvgBytes)
         throw SvgLoadError(Problem::TooLarge, graphic, "the graphic is too large");
-    const std::string problem =
-        tncommon::FindXmlProblem(bytes, {.depth = kMostSvgDepth, .acceptsDoctype = true});
+    const std::string problem = tncommon::FindXmlProblem(bytes, {.depth = kMostSvgDepth,
+                                                                 .acceptsDoctype = true,
+                                                                 .nodes = kMostSvgNodes,
+                                                                 .attributes = kMostSvgAttributes,
+                                                                 .text = kMostSvgText,
+                                                                 .texts = kMostSvgTexts});
     if (!problem.empty())
         throw SvgLoadError(Problem::Damaged, graphic, problem);
     const wxLogNull noLog;

@@ -34,6 +34,12 @@ private:
 inline constexpr std::size_t kMostSvgBytes = std::size_t{4} << 20;
 /// Elements inside of elements, the root counted: the tree is walked recursively.
 inline constexpr int kMostSvgDepth = 256;
+/// Elements, comments and the like, and attributes of one of them.
+inline constexpr std::size_t kMostSvgNodes = 10'000;
+inline constexpr std::size_t kMostSvgAttributes = 200;
+/// Bytes of a text, a style sheet for example, and of all texts.
+inline constexpr std::size_t kMostSvgText = std::size_t{16} << 10;
+inline constexpr std::size_t kMostSvgTexts = std::size_t{128} << 10;
 
 /// The document in these bytes. `graphic` names it in the SvgLoadError that bytes meet which are none.
 SVG_EXPORT wxXmlDocument ParseSvgDocument(const std::string& bytes, const std::string& graphic);

@@ -27,6 +27,8 @@ struct PageContext
     wxWindow* parent = nullptr;
     TVHelpFileProvider* help = nullptr;
     wxStatusBar* statusBar = nullptr;
+    /// Brings the page to the front on which a value is edited, and leads to its field.
+    std::function<void(const DetailAddress& address)> showDetail = nullptr;
 };
 
 /// A page that was made: its window, which belongs to its parent, and what else lives as long.

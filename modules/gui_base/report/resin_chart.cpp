@@ -75,6 +75,8 @@ public:
                             TemperatureText(point.temperature, m_context)),
                 m_place++);
             set.lineWidth = 0.0;
+            // Not the marker of the first curves.
+            set.style.marker = chartdir::StyleOfSeries(m_place + 2).marker;
             set.markerSize = kPointSize;
         }
     }

@@ -101,6 +101,16 @@ std::unique_ptr<Project> IEXProject::Clone() const
     return std::unique_ptr<Project>(new IEXProject(*this));
 }
 
+Project::GraphicConfigTypes IEXProject::GetGraphicConfigTypes() const
+{
+    std::vector<std::string> kinds;
+    for (const auto& exchanger : GetRoot().GetChildren(OwnerKind::Exchanger))
+        kinds.push_back(KindOf(*exchanger));
+    if (kinds.empty())
+        return {};
+    return {{"LINE", kinds}};
+}
+
 OwnerNode& IEXProject::GetStep(std::size_t index)
 {
     const auto steps = GetRoot().GetChildren(OwnerKind::Exchanger);

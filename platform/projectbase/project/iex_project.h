@@ -27,6 +27,7 @@ public:
 
     std::unique_ptr<Project> Clone() const override;
     bool IsReadyToCalculate() const override;
+    GraphicConfigTypes GetGraphicConfigTypes() const override;
 
     /// The exchangers of a line in flow order, here called steps of the treatment.
     std::size_t NumberSteps() const { return GetRoot().GetChildren(OwnerKind::Exchanger).size(); }

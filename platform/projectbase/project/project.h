@@ -23,6 +23,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 class ProjectJournal;
@@ -64,6 +65,11 @@ public:
     /// Whether all inputs of a design are there: exchangers, a water or a feed, how much of it and for how
     /// long, resins and regenerant levels.
     virtual bool IsReadyToCalculate() const { return false; }
+
+    /// The graphics that show the project: of each its type and what it depends on, here the kinds of the
+    /// exchangers in flow order.
+    using GraphicConfigTypes = std::vector<std::pair<std::string, std::vector<std::string>>>;
+    virtual GraphicConfigTypes GetGraphicConfigTypes() const { return {}; }
 
     Logger& GetLogger() { return m_logger; }
 

@@ -26,6 +26,7 @@ protected:
         wxImage::InitStandardHandlers();
         wxInitAllImageHandlers();
     }
+    static void TearDownTestSuite() { wxImage::CleanUpHandlers(); }
 
     Export() : m_chart(301, 200)
     {

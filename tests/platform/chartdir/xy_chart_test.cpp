@@ -77,8 +77,18 @@ TEST(XYChart, DrawsCurvesWhereItsMappingSays)
     EXPECT_EQ(Count(pixels, line, set.style.colour), 400 * 2);
     EXPECT_EQ(Count(pixels, {0, 0, 900, y - 3.0}, set.style.colour), 0);
     EXPECT_EQ(Count(pixels, {0, y - 3.0, mapping.ToPixelX(2.0) - 1.0, 6.0}, set.style.colour), 0);
-    // Grid lines are sharp: each is one pixel of its whole colour.
-    EXPECT_EQ(Count(pixels, {200, mapping.ToPixelY(8.0) - 2.0, 1, 4}, chart->getTheme().grid), 1);
+}
+
+TEST(XYChart, GridLinesAreSharpWhereverTheyStand)
+{
+    const auto chart = MakeChart();
+    chart->yAxis().setLinearScale(0, 7);
+    const Mapping mapping = chart->getMapping();
+    const Pixels pixels = chart->makePixels();
+    // One pixel of its whole colour each.
+    for (const double value : {1.0, 2.0, 3.0, 4.0, 5.0, 6.0})
+        EXPECT_EQ(Count(pixels, {133, mapping.ToPixelY(value) - 2.0, 1, 4}, chart->getTheme().grid), 1)
+            << value;
 }
 
 TEST(XYChart, KeepsPeaksOfAMillionOfPointsAndDrawsFewOfThem)

@@ -21,6 +21,8 @@ public:
 
 protected:
     void DoCreateForm() override;
+    // What is chosen here is not kept in details; what is just being typed stays.
+    void DoTransferDetailsToWindows() override {}
     void DoFollowProject() override;
     void DoLocalize() override;
     void DoUpdateUnits() override;

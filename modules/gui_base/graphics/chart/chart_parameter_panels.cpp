@@ -9,6 +9,7 @@
 
 #include <wx/translation.h>
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -80,8 +81,8 @@ void ChartViewerParameterPanel::SetColumnTitle(std::size_t column, const wxStrin
 
 void ChartViewerParameterPanel::UpdateTitles()
 {
-    const std::size_t columns = m_titles.size();
-    for (std::size_t i = 0; i < columns; ++i)
+    const std::size_t columns = std::max<std::size_t>(m_titles.size(), 1);
+    for (std::size_t i = 0; i < m_titles.size(); ++i)
         m_titles[i]->SetLabel(m_labels[i] + "\n[" + m_units[i] + "]");
     for (std::size_t i = 0; i < m_fields.size(); ++i) {
         const std::size_t column = i % columns;
@@ -102,7 +103,8 @@ void ChartViewerParameterPanel::UpdateSetLabels(const wxString& label)
 void ChartViewerParameterPanel::UpdateSetUnits(const wxString& unit)
 {
     const auto known = Temperature::UnitFromText(unit.utf8_string());
-    if (!known)
+    // What is just being typed stays, unless it means something else now.
+    if (!known || (*known == m_unit && m_units[0] == unit))
         return;
     for (double& value : m_temperatures) {
         if (std::isfinite(value))

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "gui_base/graphics/chart/chart_viewer_controller.h"
 
-#include "gui_base/input/validation/numeric_validator.h"
+#include "gui_base/input/form/shown_context.h"
 #include "gui_base/support/translation.h"
 #include "projectbase/project/project.h"
 #include "projectbase/units/unit_system_manager.h"
@@ -15,15 +15,6 @@
 namespace {
 
 constexpr std::array kDiagramTypes{DIAGRAM_TYPE::PressureDrop, DIAGRAM_TYPE::BedExpansion};
-
-ReportContext ContextOf(const Project& project)
-{
-    ReportContext context;
-    context.unitSystem = project.GetUnitSystemDisplay();
-    context.separators = NumericValidator::LocaleSeparators();
-    context.translate = [](const char* source) { return i18n::Translated(source).utf8_string(); };
-    return context;
-}
 
 /// A bed is backwashed with water whose viscosity follows from its temperature.
 bool HasMedia(DIAGRAM_TYPE type)
@@ -173,5 +164,6 @@ void ChartViewerController::ShowUnits()
 void ChartViewerController::Draw(bool keepsView)
 {
     m_contents.parameters = m_panel.DoGetSetParameter();
-    m_panel.DoShowChart(resin_chart::Make(m_contents, m_project, ContextOf(m_project)), keepsView);
+    m_panel.DoShowChart(
+        resin_chart::Make(m_contents, m_project, ShownContext(m_project.GetUnitSystemDisplay())), keepsView);
 }

@@ -5,6 +5,7 @@
 #include "gui_base/input/controls/tv_button.h"
 #include "gui_base/input/controls/tv_staticboxsizer.h"
 #include "gui_base/input/controls/tv_statictext.h"
+#include "gui_base/input/controls/wheel.h"
 #include "gui_base/input/events.h"
 #include "gui_base/input/form/form_grid.h"
 #include "gui_base/input/validation/double_validator.h"
@@ -13,6 +14,7 @@
 #include "tncommon/data_dir.h"
 
 #include <wx/log.h>
+#include <wx/settings.h>
 #include <wx/statbox.h>
 #include <wx/translation.h>
 
@@ -23,10 +25,12 @@ wxDEFINE_EVENT(tvCHART_SELECTION_EVENT, wxCommandEvent);
 namespace {
 
 constexpr int kFieldWidth = 88;
+constexpr int kChoiceWidth = 220;
 constexpr int kDigits = 4;
+constexpr int kScrollStep = 60;
 constexpr double kFastest = 1000.0;
 constexpr double kEmpty = std::numeric_limits<double>::quiet_NaN();
-constexpr int kLeastChartWidth = 280;
+constexpr int kLeastChartWidth = 260;
 constexpr int kLeastChartHeight = 220;
 
 /// Of an image of the application; the name begins with a slash.
@@ -84,12 +88,19 @@ void ChartViewerPanel::CreateControls(const Choices& diagramTypes, const Choices
     m_named.emplace_back(m_viewer, wxTRANSLATE("Chart"));
     chart->Add(m_viewer, wxSizerFlags(1).Expand());
     outer->Add(chart, wxSizerFlags(1).Expand().Border(wxALL, FromDIP(form::kGap)));
+    // The inputs scroll beside the chart, which stays in view.
+    m_inputs =
+        new wxScrolledWindow(this, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxTAB_TRAVERSAL | wxVSCROLL);
+    m_inputs->SetScrollRate(0, FromDIP(kScrollStep));
+    // Before those around it, which would scroll the page.
+    m_inputs->Bind(wxEVT_MOUSEWHEEL, &ChartViewerPanel::OnWheelOverInputs, this);
     auto* column = new wxBoxSizer(wxVERTICAL);
     column->Add(CreateSelection(diagramTypes, media, resins), spaced);
     column->Add(CreateRange(), spaced);
     column->Add(CreateParameter(), spaced);
     column->Add(CreateExport(), spaced);
-    outer->Add(column);
+    m_inputs->SetSizer(column);
+    outer->Add(m_inputs, wxSizerFlags().Expand());
     SetSizer(outer);
     UpdateNames();
 }
@@ -98,12 +109,15 @@ tvChoice* ChartViewerPanel::AddChoice(wxWindow* parent, wxSizer& grid, const wxS
                                       const Choices& items, ChartSelection selection)
 {
     grid.Add(AddLocalizable(new TvStaticText(parent, wxID_ANY, label)));
-    auto* choice = AddLocalizable(new tvChoice(items, nullptr, parent, wxID_ANY));
+    // Long names of resins do not widen the page.
+    auto* choice = AddLocalizable(
+        new tvChoice(items, nullptr, parent, wxID_ANY, wxDefaultPosition, FromDIP(wxSize(kChoiceWidth, -1))));
     if (!items.empty())
         choice->SetSelection(0);
-    // Long names of resins do not widen the page.
-    choice->SetMinSize(FromDIP(wxSize(2 * kFieldWidth, -1)));
     choice->Bind(tvCHANGE_EVENT, [this, selection](wxCommandEvent&) { Tell(selection); });
+    choice->Bind(wxEVT_MOUSEWHEEL, [this, choice](wxMouseEvent& event) {
+        wheel::ScrollParentUnlessFocused(*choice, event, m_inputs);
+    });
     m_named.emplace_back(choice, label);
     grid.Add(choice, wxSizerFlags().Expand());
     return choice;
@@ -112,7 +126,7 @@ tvChoice* ChartViewerPanel::AddChoice(wxWindow* parent, wxSizer& grid, const wxS
 wxSizer* ChartViewerPanel::CreateSelection(const Choices& diagramTypes, const Choices& media,
                                            const Choices& resins)
 {
-    auto* box = AddLocalizable(new TvStaticBoxSizer(wxVERTICAL, this, wxTRANSLATE("Selection")));
+    auto* box = AddLocalizable(new TvStaticBoxSizer(wxVERTICAL, m_inputs, wxTRANSLATE("Selection")));
     auto* grid = new wxBoxSizer(wxVERTICAL);
     wxWindow* parent = box->GetStaticBox();
     m_diagramType =
@@ -138,7 +152,7 @@ TvTextCtrl* ChartViewerPanel::AddRangeField(wxWindow* parent, wxSizer& grid, con
 
 wxSizer* ChartViewerPanel::CreateRange()
 {
-    auto* box = AddLocalizable(new TvStaticBoxSizer(wxVERTICAL, this, wxTRANSLATE("Abscissa range")));
+    auto* box = AddLocalizable(new TvStaticBoxSizer(wxVERTICAL, m_inputs, wxTRANSLATE("Abscissa range")));
     auto* grid = form::NewGrid(*this);
     wxWindow* parent = box->GetStaticBox();
     m_startField = AddRangeField(parent, *grid, wxTRANSLATE("Start value:"), &m_start);
@@ -151,7 +165,7 @@ wxSizer* ChartViewerPanel::CreateRange()
 
 wxSizer* ChartViewerPanel::CreateParameter()
 {
-    auto* box = AddLocalizable(new TvStaticBoxSizer(wxVERTICAL, this, wxTRANSLATE("Parameter")));
+    auto* box = AddLocalizable(new TvStaticBoxSizer(wxVERTICAL, m_inputs, wxTRANSLATE("Parameter")));
     m_temperatures = new ChartViewerNonWaterParameterPdPanel(box->GetStaticBox());
     m_viscosities = new ChartViewerWaterParameterPdPanel(box->GetStaticBox());
     const wxSizerFlags spaced = wxSizerFlags().Border(wxALL, FromDIP(form::kGap));
@@ -162,7 +176,7 @@ wxSizer* ChartViewerPanel::CreateParameter()
 
 wxSizer* ChartViewerPanel::CreateExport()
 {
-    auto* box = AddLocalizable(new TvStaticBoxSizer(wxVERTICAL, this, wxTRANSLATE("Export")));
+    auto* box = AddLocalizable(new TvStaticBoxSizer(wxVERTICAL, m_inputs, wxTRANSLATE("Export")));
     wxWindow* parent = box->GetStaticBox();
     auto* file = AddLocalizable(new TvButton(parent, wxID_ANY, wxTRANSLATE("Export Chart")));
     file->SetTranslatableToolTip(wxTRANSLATE("Writes the chart to a file"));
@@ -193,8 +207,31 @@ void ChartViewerPanel::Localize(const std::string& unitSystem)
     m_temperatures->Localize();
     m_viscosities->Localize();
     UpdateNames();
+    FitInputs();
+}
+
+void ChartViewerPanel::FitInputs()
+{
+    // As wide as the inputs and a bar that scrolls them; the height is what there is.
+    const int bar = std::max(wxSystemSettings::GetMetric(wxSYS_VSCROLL_X, m_inputs), 0);
+    m_inputs->SetMinSize(wxSize(m_inputs->GetSizer()->CalcMin().x + bar, FromDIP(kLeastChartHeight)));
+    m_inputs->FitInside();
     FitInside();
     Layout();
+    m_inputs->Layout();
+}
+
+void ChartViewerPanel::OnWheelOverInputs(wxMouseEvent& event)
+{
+    if (event.GetWheelAxis() != wxMOUSE_WHEEL_VERTICAL || event.GetWheelDelta() == 0) {
+        event.Skip();
+        return;
+    }
+    // Fine wheels turn by parts of a step.
+    m_wheelTurn += event.GetWheelRotation();
+    const int steps = m_wheelTurn / event.GetWheelDelta();
+    m_wheelTurn -= steps * event.GetWheelDelta();
+    m_inputs->Scroll(wxDefaultCoord, std::max(0, m_inputs->GetViewStart().y - steps));
 }
 
 void ChartViewerPanel::Tell(ChartSelection selection)
@@ -232,12 +269,17 @@ std::string ChartViewerPanel::DoGetResinSelection() const
 
 void ChartViewerPanel::DoSetStartValue(double value)
 {
+    // What is just being typed stays.
+    if (m_start == value && !m_startField->IsEmpty())
+        return;
     m_start = value;
     m_startField->TransferDataToWindow();
 }
 
 void ChartViewerPanel::DoSetEndValue(double value)
 {
+    if (m_end == value && !m_endField->IsEmpty())
+        return;
     m_end = value;
     m_endField->TransferDataToWindow();
 }
@@ -248,7 +290,7 @@ void ChartViewerPanel::DoUpdateRangeUnit(const wxString& unit)
     m_startUnit->SetLabel(unit);
     m_endUnit->SetLabel(unit);
     UpdateNames();
-    Layout();
+    FitInputs();
 }
 
 ChartViewerPanel::SetParameters ChartViewerPanel::DoGetSetParameter() const
@@ -275,8 +317,7 @@ void ChartViewerPanel::UseParameterPanel(ChartViewerParameterPanel& used)
     m_parameters = &used;
     m_temperatures->Show(&used == m_temperatures);
     m_viscosities->Show(&used == m_viscosities);
-    Layout();
-    FitInside();
+    FitInputs();
 }
 
 void ChartViewerPanel::DoUseTemperaturePanel()

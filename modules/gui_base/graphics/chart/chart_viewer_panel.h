@@ -94,9 +94,11 @@ private:
     template <typename Control>
     Control* AddLocalizable(Control* control);
     void LoadLogos();
+    void FitInputs();
     void UpdateNames();
     void UseParameterPanel(ChartViewerParameterPanel& used);
     void Tell(ChartSelection selection);
+    void OnWheelOverInputs(wxMouseEvent& event);
     void OnExport();
     void OnCopy();
 
@@ -104,6 +106,8 @@ private:
     double m_end = 0.0;
     wxString m_rangeUnit;
     wxChartViewer* m_viewer = nullptr;
+    wxScrolledWindow* m_inputs = nullptr;
+    int m_wheelTurn = 0;
     tvChoice* m_diagramType = nullptr;
     tvChoice* m_medium = nullptr;
     tvChoice* m_resin = nullptr;

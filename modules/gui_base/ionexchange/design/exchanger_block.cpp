@@ -4,8 +4,8 @@
 #include "gui_base/input/controls/tv_button.h"
 #include "gui_base/input/controls/tv_statictext.h"
 #include "gui_base/input/form/form_grid.h"
+#include "gui_base/input/form/shown_context.h"
 #include "gui_base/ionexchange/exchanger_name.h"
-#include "gui_base/ionexchange/shown_context.h"
 #include "gui_base/report/design_report.h"
 #include "gui_base/report/range_sentence.h"
 #include "gui_base/support/translation.h"
@@ -221,7 +221,7 @@ void ExchangerBlock::ShowNotes(const design::ExchangerDesign& exchanger)
     const wxString name = ExchangerName(m_exchanger);
     if (m_box.GetLabelText() != name)
         m_box.SetLabelText(name);
-    const ReportContext context = ShownContext(m_project);
+    const ReportContext context = ShownContext(m_project.GetUnitSystemDisplay());
     std::string text;
     for (std::size_t i = 0; i < exchanger.compartments.size(); ++i) {
         const auto lines = designtext::CapacityLines(exchanger.compartments[i].capacity, context);

@@ -3,7 +3,7 @@
 
 #include "gui_base/input/controls/tv_staticboxsizer.h"
 #include "gui_base/input/controls/tv_statictext.h"
-#include "gui_base/ionexchange/shown_context.h"
+#include "gui_base/input/form/shown_context.h"
 #include "gui_base/report/design_report.h"
 #include "projectbase/design/regenerants.h"
 #include "projectbase/whatif/what_if_rows.h"
@@ -179,8 +179,8 @@ void TvWasteWaterAndComposition::ShowNotes()
     const auto& plant = dynamic_cast<const iex::IEXProject&>(*GetProject());
     if (m_step >= plant.NumberSteps())
         return;
-    const wxString text = wxString::FromUTF8(designtext::TextOf(
-        designtext::WasteLines(design::DesignOf(plant), plant.GetStep(m_step), ShownContext(plant))));
+    const wxString text = wxString::FromUTF8(designtext::TextOf(designtext::WasteLines(
+        design::DesignOf(plant), plant.GetStep(m_step), ShownContext(plant.GetUnitSystemDisplay()))));
     if (m_notes->GetLabelText() == text)
         return;
     m_notes->SetLabelText(text);

@@ -226,11 +226,18 @@ TEST_F(ChartPageTest, FollowsUnitsAndLanguage)
     EXPECT_NEAR(std::get<0>(std::get<1>(Panel().DoGetSetParameter().at(0))).In(TemperatureUnit::Celsius), 5.0,
                 1e-9);
     EXPECT_EQ(Panel().GetViewer().GetViewPortManager().getViewPort().width, view.width);
-    EnterIn("Temperature 1 [\u00b0F]", "50");
-    EXPECT_NEAR(Curve("50 \u00b0F").back(), Curve("50 \u00b0F").back(), 0.0);
+    EnterIn("Temperature 1 [\u00b0F]", "95");
+    EXPECT_LT(Curve("95 \u00b0F").back(), Curve("77 \u00b0F").back());
+    EnterIn("End value [gpm/ft\u00b2]", "20");
+    EXPECT_NEAR(m_page->GetController().GetContents().end, 20 / 0.409040, 1e-3);
+    chartdir::DataRange abscissas;
+    chartdir::DataRange ordinates;
+    Chart().getLayers().front()->Extend(abscissas, ordinates);
+    EXPECT_NEAR(abscissas.greatest, 20.0, 1e-9);
     m_project.SetUnitSystemDisplay("iso");
     m_page->ProcessWindowEvent(units);
-    EXPECT_NEAR(Panel().DoGetEndValue(), 40.0, 1e-9);
+    EXPECT_NEAR(Panel().DoGetStartValue(), 5.0, 2e-3);
+    EXPECT_NEAR(Panel().DoGetEndValue(), 20 / 0.409040, 1e-3);
     const gui_test::TestCatalogue catalogue({{"Velocity", "Tempo"}, {"Pressure drop", "Abfall"}});
     wxCommandEvent language(tvLOCALIZE_EVENT);
     m_page->ProcessWindowEvent(language);
@@ -258,6 +265,24 @@ TEST_F(ChartPageOfPlant, MarksWhereTheExchangersWorkAndFollowsTheDesign)
     const double before = mark()->values.at(0);
     support::SetFlow(m_project, 19.0);
     EXPECT_LT(mark()->values.at(0), before);
+}
+
+TEST_F(ChartPageOfPlant, WhatIsJustBeingTypedStaysWhenOthersEdit)
+{
+    Open();
+    for (const char* name : {"End value [m/h]", "Temperature 1 [\u00b0C]"}) {
+        auto* field = &gui_test::Find<TvTextCtrl>(Panel(), wxString::FromUTF8(name));
+        if (!field->IsShownOnScreen())
+            field = &gui_test::Find<TvTextCtrl>(Panel(), wxString::FromUTF8(name), 1);
+        gui_test::Focus(*field);
+        field->SelectAll();
+        gui_test::Type("42");
+        support::SetFlow(m_project, 18.0 + static_cast<double>(field->GetName().length()));
+        EXPECT_EQ(field->GetValue(), "42") << name;
+        gui_test::Press(WXK_TAB);
+    }
+    EXPECT_EQ(Panel().DoGetEndValue(), 42.0);
+    EXPECT_EQ(Names().front(), "42 \u00b0C");
 }
 
 TEST_F(ChartPageTest, ExportsWhatIsShown)
@@ -317,13 +342,64 @@ TEST_F(ChartPageTest, CopiesThePictureAndCarriesTheMarksOfTheHouse)
     EXPECT_GT(drawn, 40);
 }
 
+/// The panel by itself, as another controller would use it.
+TEST_F(ChartPageTest, ThePanelIsPassive)
+{
+    auto& panel = *new ChartViewerPanel({{1, "Second"}, {0, "First"}}, {{0, "Water"}, {4, "Brine"}},
+                                        {{7, "Gel"}, {9, "Macroporous"}}, m_frame, wxID_ANY);
+    m_frame->SendSizeEvent();
+    gui_test::Pump();
+    std::vector<int> told;
+    panel.Bind(tvCHART_SELECTION_EVENT, [&](wxCommandEvent& event) { told.push_back(event.GetInt()); });
+    EXPECT_EQ(panel.DoGetDiagramTypeSelection(), DIAGRAM_TYPE::BedExpansion);
+    EXPECT_EQ(panel.DoGetResinSelection(), "Gel");
+    panel.DoSetMediumSelection(MEDIUM::SodiumChloride);
+    EXPECT_EQ(panel.DoGetMediumSelection(), MEDIUM::SodiumChloride);
+    panel.DoSetMediumSelection(MEDIUM::SulfuricAcid);
+    EXPECT_EQ(panel.DoGetMediumSelection(), MEDIUM::SodiumChloride) << "it is not among those offered";
+    panel.DoSetStartValue(2.5);
+    panel.DoSetEndValue(30.0);
+    EXPECT_EQ(gui_test::Find<TvTextCtrl>(panel, "Start value").GetValue(), "2.5");
+    panel.DoUseTemperaturePanel();
+    EXPECT_TRUE(std::holds_alternative<Temperature>(panel.DoGetSetParameter().at(0)));
+    panel.DoUpdateSetLabels("Celsius");
+    panel.DoUpdateSetUnits("K");
+    EXPECT_EQ(std::get<Temperature>(panel.DoGetSetParameter().at(0)).GetValue(), 278.15);
+    panel.DoUpdateSetUnits("furlong");
+    EXPECT_EQ(gui_test::Find<TvTextCtrl>(panel, "Celsius 1 [K]").GetValue(), "278.15");
+    panel.DoUseViscosityAndTemperaturePanel();
+    EXPECT_EQ(panel.DoGetSetParameter().at(0).index(), 1U);
+    EXPECT_TRUE(told.empty()) << "only the user is told of";
+    gui_test::Enter(gui_test::Find<TvTextCtrl>(panel, "End value"), "20");
+    EXPECT_THAT(told, testing::ElementsAre(static_cast<int>(ChartSelection::Range)));
+    EXPECT_EQ(panel.DoGetEndValue(), 20.0);
+    LogRecord log;
+    panel.DoShowErrorMessage("100 % caf\u00e9");
+    EXPECT_THAT(log.text, testing::EndsWith("Error: 100 % caf\u00e9"));
+}
+
 TEST_F(ChartPageTest, ANarrowPageKeepsAllWithinReach)
 {
     m_frame->SetClientSize(540, 420);
     Open();
     const wxSize page = Panel().GetClientSize();
-    EXPECT_LE(Panel().GetViewer().GetSize().x, page.x);
-    EXPECT_LE(Panel().GetVirtualSize().x, 640);
+    const wxChartViewer& viewer = Panel().GetViewer();
+    EXPECT_GE(viewer.GetPosition().x, 0);
+    EXPECT_LE(viewer.GetRect().GetBottom(), page.y) << "the abscissa is out of sight";
+    EXPECT_LE(Panel().GetVirtualSize().x, page.x) << "inputs are out of sight";
+    auto& copy = gui_test::Find<wxButton>(Panel(), {}, 1);
+    auto* inputs = dynamic_cast<wxScrolledWindow*>(copy.GetParent()->GetParent());
+    ASSERT_NE(inputs, nullptr);
+    EXPECT_GT(inputs->GetVirtualSize().y, inputs->GetClientSize().y);
+    EXPECT_LE(inputs->GetVirtualSize().x, inputs->GetClientSize().x);
+    wxMouseEvent wheel(wxEVT_MOUSEWHEEL);
+    auto& resin = gui_test::Find<tvChoice>(Panel(), "Resin");
+    wheel.SetEventObject(&resin);
+    wheel.m_wheelRotation = -120;
+    wheel.m_wheelDelta = 120;
+    resin.ProcessWindowEvent(wheel);
+    EXPECT_EQ(inputs->GetViewStart().y, 1);
+    EXPECT_EQ(resin.GetSelection(), 0);
 }
 
 }  // namespace

@@ -1,14 +1,13 @@
 // SPDX-License-Identifier: MIT
-#include "gui_base/ionexchange/shown_context.h"
+#include "gui_base/input/form/shown_context.h"
 
 #include "gui_base/input/validation/numeric_validator.h"
 #include "gui_base/support/translation.h"
-#include "projectbase/project/project.h"
 
-ReportContext ShownContext(const Project& project)
+ReportContext ShownContext(const std::string& unitSystem)
 {
     ReportContext context;
-    context.unitSystem = project.GetUnitSystemDisplay();
+    context.unitSystem = unitSystem;
     context.separators = NumericValidator::LocaleSeparators();
     context.translate = [](const char* source) { return i18n::Translated(source).utf8_string(); };
     return context;

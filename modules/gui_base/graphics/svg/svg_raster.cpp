@@ -1,0 +1,117 @@
+// SPDX-License-Identifier: MIT
+#include "gui_base/graphics/svg/svg_raster.h"
+
+#include "gui_base/graphics/svg/svg_syntax.h"
+
+#include <wx/log.h>
+#include <wx/mstream.h>
+
+#include <algorithm>
+#include <array>
+#include <cctype>
+#include <charconv>
+#include <string>
+#include <string_view>
+
+namespace svg {
+
+namespace {
+
+/// Attributes whose digits are no numbers of a shape.
+bool HoldsShape(const wxString& name)
+{
+    static const std::array kOthers{wxString("id"), wxString("class"), wxString("href"),
+                                    wxString("xlink:href")};
+    return std::ranges::find(kOthers, name) == kOthers.end() && !name.StartsWith("xmlns");
+}
+
+/// Dashes so short that a line would fall into millions of them.
+bool HasEndlessDashes(const wxXmlNode& node)
+{
+    constexpr double kShortest = 0.1;
+    const wxString dashes = node.GetAttribute("stroke-dasharray") +
+                            ParseDeclarations(node.GetAttribute("style"))["stroke-dasharray"];
+    if (dashes.empty() || dashes == "none")
+        return false;
+    double sum = 0.0;
+    for (const double dash : ToNumbers(dashes))
+        sum += dash;
+    return sum < kShortest;
+}
+
+bool StartsNumber(char c)
+{
+    return (c >= '0' && c <= '9') || c == '.';
+}
+
+/// Counts the numbers in a text; false when one of them is too large.
+bool CountNumbers(const std::string& text, std::size_t& count)
+{
+    const char* at = text.data();
+    const char* const end = at + text.size();
+    while (at != end) {
+        if (*at == '#') {
+            // A colour, of which "1e9" may be a part.
+            at = std::find_if_not(at + 1, end, [](unsigned char c) { return std::isalnum(c) != 0; });
+            continue;
+        }
+        if (!StartsNumber(*at)) {
+            ++at;
+            continue;
+        }
+        double value = 0.0;
+        const auto [behind, error] = std::from_chars(at, end, value);
+        if (error == std::errc::result_out_of_range || value > kLargestNumber)
+            return false;
+        ++count;
+        at = behind == at ? at + 1 : behind;
+    }
+    return true;
+}
+
+}  // namespace
+
+bool IsDrawable(const wxXmlDocument& document)
+{
+    std::size_t count = 0;
+    const wxXmlNode* const root = document.GetRoot();
+    for (const wxXmlNode* node = root; node != nullptr; node = NextInOrder(*node, *root)) {
+        if (node->GetType() != wxXML_ELEMENT_NODE)
+            continue;
+        if (HasEndlessDashes(*node))
+            return false;
+        for (const wxXmlAttribute* each = node->GetAttributes(); each != nullptr; each = each->GetNext()) {
+            if (HoldsShape(each->GetName()) && !CountNumbers(each->GetValue().utf8_string(), count))
+                return false;
+        }
+        if (count > kMostNumbers)
+            return false;
+    }
+    return root != nullptr;
+}
+
+wxBitmapBundle ShapesOf(const wxXmlDocument& document)
+{
+    if (!IsDrawable(document))
+        return {};
+    constexpr int kIndentation = 2;
+    const wxLogNull quiet;
+    wxMemoryOutputStream stream;
+    if (!document.Save(stream, kIndentation))
+        return {};
+    std::string text(stream.GetSize(), '\0');
+    stream.CopyTo(text.data(), text.size());
+    // The rasteriser changes the text that it reads, but takes a copy of a constant one. Every size that is
+    // asked for is made of the shapes; this one means nothing.
+    return wxBitmapBundle::FromSVG(text.c_str(), wxSize(1, 1));
+}
+
+wxBitmap RasteriseIn(const wxBitmapBundle& shapes, const wxSize& size)
+{
+    const double pixels = static_cast<double>(size.x) * size.y;
+    if (!shapes.IsOk() || size.x <= 0 || size.y <= 0 || pixels > kMostPixels)
+        return {};
+    return shapes.GetBitmap(size);
+}
+
+}  // namespace svg

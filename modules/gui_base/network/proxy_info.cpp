@@ -1,0 +1,118 @@
+// SPDX-License-Identifier: MIT
+#include "gui_base/network/proxy_info.h"
+
+#include "gui_base/network/endpoints.h"
+
+#include <wx/tokenzr.h>
+
+#include <stdexcept>
+
+namespace {
+
+/// An item as the helpers take it apart: Windows usually writes "http=host:port", whose name of the protocol
+/// is no part of the host.
+wxString WithoutProtocolName(const wxString& item)
+{
+    wxString rest;
+    const wxString name = item.BeforeFirst('=', &rest);
+    return name.size() < item.size() && name.find_first_of(" :/") == wxString::npos ? rest : item;
+}
+
+}  // namespace
+
+ProxyInfo::ProxyInfo(std::unique_ptr<ProxySettings> settings) : m_settings(std::move(settings))
+{
+    if (m_settings == nullptr)
+        throw std::invalid_argument("proxysettings in nullptr");
+}
+
+ProxySettingEntries ProxyInfo::GetProxySettings() const
+{
+    return {GetProxySettingForUrl(GetTestURL()), GetProxySettingForUrl(GetTestURLSSL())};
+}
+
+bool ProxyInfo::IsProxyCheckByUserRequired(const bool& userUsesProxy) const
+{
+    return IsProxyConfiguredInOs() && !userUsesProxy;
+}
+
+bool ProxyInfo::IsProxyConfiguredInOs() const
+{
+    const ProxySettingEntries entries = GetProxySettings();
+    return entries.http.IsFound() || entries.https.IsFound();
+}
+
+ProxySettingEntry ProxyInfo::GetProxySettingForUrl(const wxString& url) const
+{
+    const wxString list = m_settings->GetProxyList(url);
+    if (list.empty())
+        return {};
+    return GetProxySettingFromProxyList(list, url.StartsWith("https") ? "https" : "http");
+}
+
+ProxySettingEntry ProxyInfo::GetProxySettingFromProxyList(const wxString& list, const wxString& protocol)
+{
+    wxStringTokenizer items(list, ";", wxTOKEN_STRTOK);
+    while (items.HasMoreTokens()) {
+        const wxString item = items.GetNextToken().Trim().Trim(false);
+        const wxString own = ExtractProtocol(item);
+        if (!item.empty() && (own == protocol || own == "all"))
+            return GetProxySettingFromProxyListItem(WithoutProtocolName(item), protocol);
+    }
+    return {};
+}
+
+ProxySettingEntry ProxyInfo::GetProxySettingFromProxyListItem(const wxString& item, const wxString& protocol)
+{
+    const wxString host = ExtractDomain(item);
+    return host.empty() ? ProxySettingEntry() : ProxySettingEntry(host, ExtractPort(protocol, item));
+}
+
+wxString ProxyInfo::ExtractProtocol(const wxString& item)
+{
+    if (item.StartsWith("HTTPS"))
+        return "https";
+    if (item.StartsWith("HTTP"))
+        return "http";
+    return item.Contains("=") ? item.BeforeFirst('=') : wxString("all");
+}
+
+wxString ProxyInfo::RemoveProtocolPrefix(const wxString& item)
+{
+    for (const char* prefix : {"PROXY ", "HTTPS ", "HTTP "}) {
+        wxString rest;
+        if (item.StartsWith(prefix, &rest))
+            return rest;
+    }
+    return item;
+}
+
+wxString ProxyInfo::ExtractDomain(const wxString& item)
+{
+    const wxString rest = RemoveProtocolPrefix(item);
+    const std::size_t colon = rest.rfind(':');
+    const std::size_t slash = rest.rfind('/');
+    if (colon == wxString::npos)
+        return rest;
+    if (slash == wxString::npos)
+        return rest.substr(0, colon);
+    return slash < colon ? rest.substr(slash + 1, colon - slash - 1) : wxString();
+}
+
+wxString ProxyInfo::ExtractPort(const wxString& protocol, const wxString& item)
+{
+    const std::size_t colon = item.rfind(':');
+    if (colon != wxString::npos)
+        return item.substr(colon + 1);
+    return protocol == "https" ? "443" : "80";
+}
+
+wxString ProxyInfo::GetTestURL()
+{
+    return "http://" + endpoints::ConnectionTestPage();
+}
+
+wxString ProxyInfo::GetTestURLSSL()
+{
+    return "https://" + endpoints::ConnectionTestPage();
+}

@@ -1,0 +1,127 @@
+// SPDX-License-Identifier: MIT
+// Where the texts of charts stand, as another program finds them in a PDF.
+#include "chartdir/xy_chart.h"
+#include "tests/support/pdf.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <regex>
+
+namespace {
+
+using namespace chartdir;
+
+struct Word
+{
+    Rect box;
+    std::string text;
+};
+
+std::vector<Word> WordsOf(const BaseChart& chart)
+{
+    const std::string places = support::PdfFile(chart.makeChart2(ImageFormat::Pdf)).Places();
+    const std::regex pattern(
+        R"re(<word xMin="([0-9.-]+)" yMin="([0-9.-]+)" xMax="([0-9.-]+)" yMax="([0-9.-]+)">([^<]*)<)re");
+    std::vector<Word> words;
+    for (std::sregex_iterator found(places.begin(), places.end(), pattern), end; found != end; ++found) {
+        const auto number = [&](std::size_t group) { return std::stod((*found)[group].str()) / 0.75; };
+        words.push_back(
+            {{number(1), number(2), number(3) - number(1), number(4) - number(2)}, (*found)[5].str()});
+    }
+    return words;
+}
+
+struct Case
+{
+    const char* name;
+    int width;
+    int height;
+    std::function<void(XYChart&)> fill;
+};
+
+void AddCurves(XYChart& chart, std::size_t count, const std::string& name)
+{
+    for (std::size_t i = 0; i < count; ++i)
+        chart.addLineLayer().addDataSet({1, 2, 3}, name + std::to_string(i), i);
+}
+
+const std::vector<Case>& Cases()
+{
+    static const std::vector<Case> cases{
+        {"usual", 900, 600, [](XYChart& chart) { AddCurves(chart, 5, "curve"); }},
+        {"long numbers", 500, 300,
+         [](XYChart& chart) {
+             chart.xAxis().setLinearScale(1000, 1000.0000095);
+             chart.yAxis().setLinearScale(-0.00001234, 0.00009);
+         }},
+        {"backwards", 500, 300,
+         [](XYChart& chart) {
+             chart.xAxis().setLinearScale(9999999, 1111111);
+             chart.yAxis().setLinearScale(5, -5);
+         }},
+        {"decades", 700, 400,
+         [](XYChart& chart) {
+             chart.xAxis().setLogScale(1e-12, 1e12);
+             chart.yAxis().setLogScale(0.3, 7);
+         }},
+        {"many curves", 400, 400,
+         [](XYChart& chart) {
+             AddCurves(chart, 40,
+                       "a name of a curve that a chart of this width has never got enough room for ");
+         }},
+        {"bars", 500, 300,
+         [](XYChart& chart) {
+             chart.xAxis().setLabels(
+                 {"Hydrochloric acid", "Sodium hydroxide", "Waste water", "Resin", "Energy"});
+             chart.addBarLayer().addDataSet({1, -2, 3, 4, 5}, "costs", 0);
+         }},
+        {"small", 220, 160, [](XYChart& chart) { AddCurves(chart, 3, "c"); }},
+    };
+    return cases;
+}
+
+TEST(Layout, TextsStandWithinTheChartAndNeverOnEachOtherOrInThePlotArea)
+{
+    for (const Case& c : Cases()) {
+        XYChart chart(c.width, c.height);
+        chart.addTitle("Pressure drop of a bed of strong-acid cation resin in its service");
+        chart.xAxis().setTitle("Velocity [m/h]");
+        chart.yAxis().setTitle("Pressure drop [bar/m]");
+        c.fill(chart);
+        const Rect plot = chart.getMapping().plot;
+        EXPECT_GE(plot.width, 0.3 * c.width) << c.name;
+        EXPECT_GE(plot.height, 0.3 * c.height) << c.name;
+        const std::vector<Word> words = WordsOf(chart);
+        EXPECT_GE(words.size(), 8U) << c.name;
+        // The boxes of a PDF are as high as its fonts may be.
+        const auto overlap = [](const Rect& a, const Rect& b, double slack) {
+            return std::min(a.Right(), b.Right()) - std::max(a.x, b.x) > 1.0 &&
+                   std::min(a.Bottom(), b.Bottom()) - std::max(a.y, b.y) > slack;
+        };
+        for (std::size_t i = 0; i < words.size(); ++i) {
+            const Rect& box = words[i].box;
+            EXPECT_TRUE(box.x >= -1 && box.y >= -1 && box.Right() <= c.width + 1 &&
+                        box.Bottom() <= c.height + 1)
+                << c.name << ": " << words[i].text;
+            EXPECT_FALSE(overlap(box, plot, 3.0)) << c.name << ": " << words[i].text;
+            for (std::size_t j = i + 1; j < words.size(); ++j)
+                EXPECT_FALSE(overlap(box, words[j].box, 5.0))
+                    << c.name << ": " << words[i].text << " and " << words[j].text;
+        }
+    }
+}
+
+TEST(Layout, ThePlotAreaStaysWhereItIsWhileAViewIsMoved)
+{
+    XYChart chart(600, 400);
+    chart.yAxis().setLinearScale(0, 100);
+    const double left = chart.getMapping().plot.x;
+    for (const double part : {0.9, 0.5, 0.25, 0.1}) {
+        chart.yAxis().setViewPort(0.05, 0.05 + part);
+        EXPECT_EQ(chart.getMapping().plot.x, left) << part;
+    }
+}
+
+}  // namespace
