@@ -4,6 +4,7 @@
 #include "chartdir/markup.h"
 
 #include <cmath>
+#include <cstring>
 #include <numbers>
 
 namespace chartdir {
@@ -22,7 +23,17 @@ std::string CleanUtf8(const std::string& text)
 
 PangoFontDescription* MakeFont(const std::string& font, double size)
 {
-    PangoFontDescription* description = pango_font_description_from_string(font.c_str());
+    // The words of a style stand at the end; without a comma "Times New Roman Italic" would lose its family,
+    // because "Roman" is such a word, too.
+    std::string family = font;
+    std::string styles;
+    for (const char* style : {" Italic", " Bold"}) {
+        if (family.ends_with(style)) {
+            family.resize(family.size() - std::strlen(style));
+            styles = style + styles;
+        }
+    }
+    PangoFontDescription* description = pango_font_description_from_string((family + "," + styles).c_str());
     pango_font_description_set_absolute_size(description, size * PANGO_SCALE);
     return description;
 }

@@ -5,11 +5,13 @@
 
 #include <wx/log.h>
 #include <wx/mstream.h>
+#include <wx/tokenzr.h>
 
 #include <algorithm>
 #include <array>
 #include <cctype>
 #include <charconv>
+#include <cmath>
 #include <string>
 #include <string_view>
 
@@ -25,18 +27,32 @@ bool HoldsShape(const wxString& name)
     return std::ranges::find(kOthers, name) == kOthers.end() && !name.StartsWith("xmlns");
 }
 
-/// Dashes so short that a line would fall into millions of them.
-bool HasEndlessDashes(const wxXmlNode& node)
+/// Whether a list of dashes is so short that a line would fall into millions of them. One without a length
+/// makes a solid line.
+bool IsEndless(const wxString& dashes)
 {
     constexpr double kShortest = 0.1;
-    const wxString dashes = node.GetAttribute("stroke-dasharray") +
-                            ParseDeclarations(node.GetAttribute("style"))["stroke-dasharray"];
-    if (dashes.empty() || dashes == "none")
-        return false;
     double sum = 0.0;
-    for (const double dash : ToNumbers(dashes))
-        sum += dash;
-    return sum < kShortest;
+    wxStringTokenizer tokens(dashes, " ,\t\r\n", wxTOKEN_STRTOK);
+    while (tokens.HasMoreTokens()) {
+        // The number before a unit.
+        const std::string token = tokens.GetNextToken().utf8_string();
+        double value = 0.0;
+        std::from_chars(token.data(), token.data() + token.size(), value);
+        sum += std::abs(value);
+    }
+    return sum > 0.0 && sum < kShortest;
+}
+
+bool HasEndlessDashes(const wxXmlNode& node)
+{
+    if (IsEndless(node.GetAttribute("stroke-dasharray")))
+        return true;
+    const Declarations style = ParseDeclarations(node.GetAttribute("style"));
+    return std::ranges::any_of(style, [](const auto& declaration) {
+        return wxString(declaration.first).Trim().Trim(false) == "stroke-dasharray" &&
+               IsEndless(declaration.second);
+    });
 }
 
 bool StartsNumber(char c)
