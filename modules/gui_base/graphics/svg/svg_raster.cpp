@@ -2,9 +2,9 @@
 #include "gui_base/graphics/svg/svg_raster.h"
 
 #include "gui_base/graphics/svg/svg_syntax.h"
+#include "svg/text_output_stream.h"
 
 #include <wx/log.h>
-#include <wx/mstream.h>
 #include <wx/tokenzr.h>
 
 #include <algorithm>
@@ -112,14 +112,12 @@ wxBitmapBundle ShapesOf(const wxXmlDocument& document)
         return {};
     constexpr int kIndentation = 2;
     const wxLogNull quiet;
-    wxMemoryOutputStream stream;
+    TextOutputStream stream;
     if (!document.Save(stream, kIndentation))
         return {};
-    std::string text(stream.GetSize(), '\0');
-    stream.CopyTo(text.data(), text.size());
     // The rasteriser changes the text that it reads, but takes a copy of a constant one. Every size that is
     // asked for is made of the shapes; this one means nothing.
-    return wxBitmapBundle::FromSVG(text.c_str(), wxSize(1, 1));
+    return wxBitmapBundle::FromSVG(stream.GetText().c_str(), wxSize(1, 1));
 }
 
 wxBitmap RasteriseIn(const wxBitmapBundle& shapes, const wxSize& size)
