@@ -4,7 +4,6 @@
 #include "chartdir/markup.h"
 
 #include <cmath>
-#include <cstring>
 #include <numbers>
 
 namespace chartdir {
@@ -25,15 +24,16 @@ PangoFontDescription* MakeFont(const std::string& font, double size)
 {
     // The words of a style stand at the end; without a comma "Times New Roman Italic" would lose its family,
     // because "Roman" is such a word, too.
-    std::string family = font;
-    std::string styles;
-    for (const char* style : {" Italic", " Bold"}) {
+    std::string_view family = font;
+    std::string words = ",";
+    for (const std::string_view style : {" Italic", " Bold"}) {
         if (family.ends_with(style)) {
-            family.resize(family.size() - std::strlen(style));
-            styles = style + styles;
+            family.remove_suffix(style.size());
+            words += style;
         }
     }
-    PangoFontDescription* description = pango_font_description_from_string((family + "," + styles).c_str());
+    PangoFontDescription* description =
+        pango_font_description_from_string((std::string(family) + words).c_str());
     pango_font_description_set_absolute_size(description, size * PANGO_SCALE);
     return description;
 }
