@@ -57,7 +57,9 @@ PrintedGraphic PrintedSvg(const wxXmlDocument& document,
 {
     if (document.GetRoot() == nullptr)
         return {};
-    wxXmlDocument copy(document);
+    // What is printed differs from the document in the nodes below its root.
+    wxXmlDocument copy;
+    copy = document;
     wxXmlNode& root = *copy.GetRoot();
     Resolve(root, textOf, wxString::FromCDouble(ascent, 4) + "em");
     const wxString width = root.GetAttribute("width");
