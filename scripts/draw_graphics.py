@@ -31,7 +31,7 @@ STYLES = {
 }
 
 LEFT, RIGHT, HEIGHT = 206, 190, 630  # the room of feed and product, and the height of a drawing
-COLUMN = 272                         # of an exchanger
+COLUMN = 300                         # of an exchanger
 MAIN, TOP, BOTTOM = 118, 150, 374    # y of the line between exchangers, and of the vessels
 DRAIN = 396                          # y of the line out of a vessel
 NAMES = {"SAC_NA": "Softener", "SAC_H": "Strong-acid cation exchanger", "WAC_H": "Weak-acid cation exchanger",
@@ -265,8 +265,8 @@ def draw(plant, name, kinds):
     widths = [2 * COLUMN if kind == "MB" else COLUMN for kind in kinds]
     drawing = Drawing(LEFT + sum(widths) + RIGHT)
     drawing.caption(24, 18, name, "title")
-    drawing.caption(drawing.width - 150, 18, "Number of lines")
-    drawing.value(drawing.width - 150, 31, "lines", ":project/nlines", False)
+    drawing.caption(drawing.width - 160, 18, "Number of lines")
+    drawing.value(drawing.width - 160, 31, "lines", ":project/nlines", False)
     draw_feed(drawing, plant)
     x = LEFT
     for place, kind in enumerate(kinds):

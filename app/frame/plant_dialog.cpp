@@ -41,7 +41,7 @@ PlantDialog::PlantDialog(wxWindow* parent)
                wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER),
       m_types(MasterDatabase::GetPlantTypes())
 {
-    MakeControls("Create", true);
+    MakeControls(wxTRANSLATE("Create"), true);
 }
 
 PlantDialog::PlantDialog(wxWindow* parent, const iex::IEXProject& project)
@@ -50,7 +50,7 @@ PlantDialog::PlantDialog(wxWindow* parent, const iex::IEXProject& project)
       m_types(MasterDatabase::GetPlantTypes()),
       m_project(&project)
 {
-    MakeControls("Change", false);
+    MakeControls(wxTRANSLATE("Change"), false);
 }
 
 void PlantDialog::MakeControls(const wxString& action, bool withExample)

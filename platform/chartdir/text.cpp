@@ -22,7 +22,18 @@ std::string CleanUtf8(const std::string& text)
 
 PangoFontDescription* MakeFont(const std::string& font, double size)
 {
-    PangoFontDescription* description = pango_font_description_from_string(font.c_str());
+    // The words of a style stand at the end; without a comma "Times New Roman Italic" would lose its family,
+    // because "Roman" is such a word, too.
+    std::string_view family = font;
+    std::string words = ",";
+    for (const std::string_view style : {" Italic", " Bold"}) {
+        if (family.ends_with(style)) {
+            family.remove_suffix(style.size());
+            words += style;
+        }
+    }
+    PangoFontDescription* description =
+        pango_font_description_from_string((std::string(family) + words).c_str());
     pango_font_description_set_absolute_size(description, size * PANGO_SCALE);
     return description;
 }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "svg/printed_svg.h"
 
-#include <wx/mstream.h>
+#include "svg/text_output_stream.h"
 
 namespace {
 
@@ -57,7 +57,9 @@ PrintedGraphic PrintedSvg(const wxXmlDocument& document,
 {
     if (document.GetRoot() == nullptr)
         return {};
-    wxXmlDocument copy(document);
+    // What is printed differs from the document in the nodes below its root.
+    wxXmlDocument copy;
+    copy = document;
     wxXmlNode& root = *copy.GetRoot();
     Resolve(root, textOf, wxString::FromCDouble(ascent, 4) + "em");
     const wxString width = root.GetAttribute("width");
@@ -67,10 +69,8 @@ PrintedGraphic PrintedSvg(const wxXmlDocument& document,
     const bool isTurned = width.ToCDouble(&across) && height.ToCDouble(&down) && across > kMuchWider * down;
     if (isTurned)
         Turn(root, width, height);
-    wxMemoryOutputStream stream;
+    TextOutputStream stream;
     if (!copy.Save(stream, wxXML_NO_INDENTATION))
         return {};
-    std::string text(stream.GetSize(), '\0');
-    stream.CopyTo(text.data(), text.size());
-    return {text, isTurned};
+    return {stream.GetText(), isTurned};
 }

@@ -53,15 +53,6 @@ report::Figure FigureOf(std::shared_ptr<chartdir::XYChart> chart)
     return figure;
 }
 
-/// As far as its curve is of interest, and the plant works on it.
-double EndOf(DIAGRAM_TYPE type, const design::Resin& resin, const Project& project)
-{
-    double end = curve_calculations::UsualEnd(type, resin);
-    for (const auto& point : curve_calculations::DesignPoints(type, resin, project))
-        end = std::max(end, point.velocity);
-    return end;
-}
-
 }  // namespace
 
 std::vector<ReportPage> ChartReport::GetReportPages(const ReportContext& context) const
@@ -83,7 +74,7 @@ report::Section ChartReport::BuildReportPage(int id, const ReportContext& contex
         section.blocks.push_back(report::Heading{context.Translated(resin->name.c_str())});
         for (const DIAGRAM_TYPE type : {DIAGRAM_TYPE::PressureDrop, DIAGRAM_TYPE::BedExpansion}) {
             resin_chart::Contents contents{
-                .type = type, .resin = resin, .end = EndOf(type, *resin, m_project)};
+                .type = type, .resin = resin, .end = resin_chart::EndOf(type, *resin, m_project)};
             contents.parameters.assign(temperatures.begin(), temperatures.end());
             auto chart = resin_chart::Make(contents, m_project, context);
             // The heading above the figures says it.

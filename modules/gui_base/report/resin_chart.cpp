@@ -19,6 +19,8 @@ constexpr int kWidth = 900;
 constexpr int kHeight = 600;
 constexpr int kDigits = 3;
 constexpr double kPointSize = 11.0;
+// Behind the colours of the curves that a page offers.
+constexpr std::size_t kPlaceOfPoints = 5;
 
 class Builder
 {
@@ -65,18 +67,23 @@ public:
 
     void AddPoints(const Project& project)
     {
+        std::size_t place = std::max(m_place, kPlaceOfPoints);
         for (const auto& point :
              curve_calculations::DesignPoints(m_contents.type, *m_contents.resin, project)) {
+            // What lies outside a range that was typed is not named, either.
+            if (point.velocity < std::min(m_contents.start, m_contents.end) ||
+                point.velocity > std::max(m_contents.start, m_contents.end))
+                continue;
             chartdir::LineLayer& layer = m_chart->addLineLayer();
             layer.setXData({ShownVelocity(point.velocity, m_context.unitSystem)});
             chartdir::DataSet& set = layer.addDataSet(
                 {ShownValue(point.value)},
                 fmt::format("{} ({})", designtext::ExchangerTitle(*point.exchanger, m_context),
                             TemperatureText(point.temperature, m_context)),
-                m_place++);
+                place++);
             set.lineWidth = 0.0;
             // Not the marker of the first curves.
-            set.style.marker = chartdir::StyleOfSeries(m_place + 2).marker;
+            set.style.marker = chartdir::StyleOfSeries(place + 2).marker;
             set.markerSize = kPointSize;
         }
     }
@@ -111,6 +118,14 @@ private:
 };
 
 }  // namespace
+
+double EndOf(DIAGRAM_TYPE type, const design::Resin& resin, const Project& project)
+{
+    double end = curve_calculations::UsualEnd(type, resin);
+    for (const auto& point : curve_calculations::DesignPoints(type, resin, project))
+        end = std::max(end, point.velocity);
+    return end;
+}
 
 const char* NameOf(DIAGRAM_TYPE type)
 {
@@ -156,7 +171,9 @@ std::shared_ptr<chartdir::XYChart> Make(const Contents& contents, const Project&
     builder.SetTitles();
     if (contents.resin != nullptr) {
         builder.AddCurves();
-        builder.AddPoints(project);
+        // Plants are designed for water.
+        if (contents.medium == MEDIUM::Water)
+            builder.AddPoints(project);
     }
     return builder.Take();
 }

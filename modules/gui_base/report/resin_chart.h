@@ -28,6 +28,9 @@ struct Contents
     double end = 0.0;
 };
 
+/// Where a chart of a resin usually ends (m/h): as far as its curve is of interest, and the plant works on
+/// it.
+GUI_BASE_REPORT_EXPORT double EndOf(DIAGRAM_TYPE type, const design::Resin& resin, const Project& project);
 /// "Pressure drop" and the like, as a source text.
 GUI_BASE_REPORT_EXPORT const char* NameOf(DIAGRAM_TYPE type);
 /// What stands in a chart without a curve: a source text with marks.

@@ -64,6 +64,7 @@ ChartViewerController::~ChartViewerController()
 
 void ChartViewerController::Follow()
 {
+    UseRangeNow();
     ShowUnits();
     Draw(true);
 }
@@ -97,9 +98,7 @@ void ChartViewerController::TakeSelections()
     const auto found = std::ranges::find(resins, name, &design::Resin::name);
     m_contents.resin = found == resins.end() ? nullptr : &*found;
     TakeMedium();
-    const Range range = RangeNow();
-    m_contents.start = range.start;
-    m_contents.end = range.end;
+    UseRangeNow();
 }
 
 void ChartViewerController::TakeMedium()
@@ -121,7 +120,14 @@ ChartViewerController::Range ChartViewerController::RangeNow() const
         return typed->second;
     return {0.0, m_contents.resin == nullptr
                      ? 0.0
-                     : curve_calculations::UsualEnd(m_contents.type, *m_contents.resin)};
+                     : resin_chart::EndOf(m_contents.type, *m_contents.resin, m_project)};
+}
+
+void ChartViewerController::UseRangeNow()
+{
+    const Range range = RangeNow();
+    m_contents.start = range.start;
+    m_contents.end = range.end;
 }
 
 void ChartViewerController::TakeRange()
@@ -138,9 +144,7 @@ void ChartViewerController::TakeRange()
     else
         m_typedRanges[m_contents.type] = {resin_chart::VelocityOf(start, unitSystem),
                                           resin_chart::VelocityOf(end, unitSystem)};
-    const Range range = RangeNow();
-    m_contents.start = range.start;
-    m_contents.end = range.end;
+    UseRangeNow();
 }
 
 void ChartViewerController::ShowRange()

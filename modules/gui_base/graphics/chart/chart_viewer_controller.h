@@ -43,6 +43,7 @@ private:
     void OnSelection(wxCommandEvent& event);
     void TakeSelections();
     void TakeMedium();
+    void UseRangeNow();
     void TakeRange();
     Range RangeNow() const;
     void ShowRange();

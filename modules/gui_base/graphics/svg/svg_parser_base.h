@@ -26,7 +26,7 @@ public:
     Affine2DMatrix() = default;
     Affine2DMatrix(const Affine2DMatrix&) = default;
     Affine2DMatrix& operator=(const Affine2DMatrix&) = default;
-    virtual ~Affine2DMatrix();
+    ~Affine2DMatrix() override;
 };
 
 class GUI_BASE_EXPORT SvgParserBase

@@ -2,14 +2,16 @@
 #include "gui_base/graphics/svg/svg_raster.h"
 
 #include "gui_base/graphics/svg/svg_syntax.h"
+#include "svg/text_output_stream.h"
 
 #include <wx/log.h>
-#include <wx/mstream.h>
+#include <wx/tokenzr.h>
 
 #include <algorithm>
 #include <array>
 #include <cctype>
 #include <charconv>
+#include <cmath>
 #include <string>
 #include <string_view>
 
@@ -25,18 +27,32 @@ bool HoldsShape(const wxString& name)
     return std::ranges::find(kOthers, name) == kOthers.end() && !name.StartsWith("xmlns");
 }
 
-/// Dashes so short that a line would fall into millions of them.
-bool HasEndlessDashes(const wxXmlNode& node)
+/// Whether a list of dashes is so short that a line would fall into millions of them. One without a length
+/// makes a solid line.
+bool IsEndless(const wxString& dashes)
 {
     constexpr double kShortest = 0.1;
-    const wxString dashes = node.GetAttribute("stroke-dasharray") +
-                            ParseDeclarations(node.GetAttribute("style"))["stroke-dasharray"];
-    if (dashes.empty() || dashes == "none")
-        return false;
     double sum = 0.0;
-    for (const double dash : ToNumbers(dashes))
-        sum += dash;
-    return sum < kShortest;
+    wxStringTokenizer tokens(dashes, " ,\t\r\n", wxTOKEN_STRTOK);
+    while (tokens.HasMoreTokens()) {
+        // The number before a unit.
+        const std::string token = tokens.GetNextToken().utf8_string();
+        double value = 0.0;
+        std::from_chars(token.data(), token.data() + token.size(), value);
+        sum += std::abs(value);
+    }
+    return sum > 0.0 && sum < kShortest;
+}
+
+bool HasEndlessDashes(const wxXmlNode& node)
+{
+    if (IsEndless(node.GetAttribute("stroke-dasharray")))
+        return true;
+    const Declarations style = ParseDeclarations(node.GetAttribute("style"));
+    return std::ranges::any_of(style, [](const auto& declaration) {
+        return wxString(declaration.first).Trim().Trim(false) == "stroke-dasharray" &&
+               IsEndless(declaration.second);
+    });
 }
 
 bool StartsNumber(char c)
@@ -96,14 +112,12 @@ wxBitmapBundle ShapesOf(const wxXmlDocument& document)
         return {};
     constexpr int kIndentation = 2;
     const wxLogNull quiet;
-    wxMemoryOutputStream stream;
+    TextOutputStream stream;
     if (!document.Save(stream, kIndentation))
         return {};
-    std::string text(stream.GetSize(), '\0');
-    stream.CopyTo(text.data(), text.size());
     // The rasteriser changes the text that it reads, but takes a copy of a constant one. Every size that is
     // asked for is made of the shapes; this one means nothing.
-    return wxBitmapBundle::FromSVG(text.c_str(), wxSize(1, 1));
+    return wxBitmapBundle::FromSVG(stream.GetText().c_str(), wxSize(1, 1));
 }
 
 wxBitmap RasteriseIn(const wxBitmapBundle& shapes, const wxSize& size)

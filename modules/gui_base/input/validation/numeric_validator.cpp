@@ -195,6 +195,7 @@ void NumericValidator::TellNoNumber(wxWindow& window, const wxString& name, cons
                                    text, *becomes)
                 : wxString::Format(i18n::Translated("%s: \"%s\" is no number; the value stays as it was"),
                                    name, text);
-    wxQueueEvent(wxGetTopLevelParent(&window), new MessageEvent(tv_MESSAGE, window.GetId(), std::string(),
-                                                                std::string(), {message.utf8_string()}));
+    if (wxWindow* const top = wxGetTopLevelParent(&window))
+        wxQueueEvent(top, new MessageEvent(tv_MESSAGE, window.GetId(), std::string(), std::string(),
+                                           {message.utf8_string()}));
 }

@@ -38,6 +38,11 @@ IEXPlantOverviewPanelImpl::IEXPlantOverviewPanelImpl(Project* project, wxWindow*
         event.Skip();
         Refit();
     });
+    // Whichever of its windows has the focus.
+    Bind(wxEVT_CHAR_HOOK, [this](wxKeyEvent& event) {
+        if (!OnZoomKey(event))
+            event.Skip();
+    });
     // A parent may have given the panel its size already.
     Refit();
 }
@@ -268,7 +273,10 @@ void IEXPlantOverviewPanelImpl::ZoomAt(ValueGraphic& graphic, const wxPoint& poi
 
 bool IEXPlantOverviewPanelImpl::OnZoomKey(const wxKeyEvent& key)
 {
-    if (key.GetModifiers() != wxMOD_CONTROL && key.GetModifiers() != (wxMOD_CONTROL | wxMOD_SHIFT))
+    // On many keyboards a plus takes Shift.
+    const bool isPlus = key.GetKeyCode() == '+' || key.GetKeyCode() == '=';
+    if (key.GetModifiers() != wxMOD_CONTROL &&
+        !(isPlus && key.GetModifiers() == (wxMOD_CONTROL | wxMOD_SHIFT)))
         return false;
     switch (key.GetKeyCode()) {
         case '+':

@@ -30,6 +30,10 @@ ValueGraphic::ValueGraphic(const SvgGraphicInfo<ArchiveLoadPolicy>& info, wxWind
     SetZoom(1.0);
     Bind(wxEVT_KEY_DOWN, &ValueGraphic::OnKey, this);
     Bind(wxEVT_MOTION, &ValueGraphic::OnMotion, this);
+    Bind(wxEVT_LEFT_DOWN, [this](wxMouseEvent& event) {
+        event.Skip();
+        m_pressed = ValueAt(event.GetPosition());
+    });
     Bind(wxEVT_LEFT_UP, &ValueGraphic::OnClick, this);
     for (const auto& type : {wxEVT_SET_FOCUS, wxEVT_KILL_FOCUS}) {
         Bind(type, [this](wxFocusEvent& event) {
@@ -242,7 +246,8 @@ void ValueGraphic::OnClick(wxMouseEvent& event)
     event.Skip();
     SetFocus();
     const auto value = ValueAt(event.GetPosition());
-    if (!value)
+    // A button that was pressed elsewhere leads nowhere.
+    if (!value || value != std::exchange(m_pressed, std::nullopt))
         return;
     Select(*value);
     LeadTo(*value);

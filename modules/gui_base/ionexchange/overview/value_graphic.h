@@ -59,4 +59,5 @@ private:
     double m_zoom = 1.0;
     std::optional<std::size_t> m_selected;
     std::optional<std::size_t> m_hovered;
+    std::optional<std::size_t> m_pressed;  ///< under the button that is down
 };

@@ -265,6 +265,17 @@ TEST_F(ChartPageOfPlant, MarksWhereTheExchangersWorkAndFollowsTheDesign)
     const double before = mark()->values.at(0);
     support::SetFlow(m_project, 19.0);
     EXPECT_LT(mark()->values.at(0), before);
+
+    // Its design is one for water.
+    Choose("Medium", 1);
+    EXPECT_FALSE(mark().has_value());
+    Choose("Medium", 0);
+
+    // A plant that works beyond the usual range widens it.
+    support::Put(m_project, "ex.1", "step/diameter", 0.4);
+    gui_test::Pump();
+    ASSERT_TRUE(mark().has_value());
+    EXPECT_GE(Panel().DoGetEndValue(), design::DesignOf(m_project).exchangers.at(0).velocity);
 }
 
 TEST_F(ChartPageOfPlant, WhatIsJustBeingTypedStaysWhenOthersEdit)

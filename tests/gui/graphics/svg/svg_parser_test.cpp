@@ -301,6 +301,10 @@ TEST_F(SvgParserTest, ThePictureHasTheSizeOfTheDocument)
         {"width='40' height='20' style='color:#546e7a'", {40, 20}},
         {"width='40' height='20' x='1e7'", {0, 0}},
         {"width='40' height='20' stroke-dasharray='0.01'", {0, 0}},
+        {"width='40' height='20' style='fill:none; stroke-dasharray: 1e-9px'", {0, 0}},
+        {"width='40' height='20' style='stroke-dasharray: none'", {40, 20}},
+        {"width='40' height='20' stroke-dasharray='none' style='stroke-dasharray:2px,2px'", {40, 20}},
+        {"width='40' height='20' stroke-dasharray='0'", {40, 20}},
     };
     for (const auto& [attributes, size] : cases) {
         const Parsed parsed("<svg " + std::string(attributes) +

@@ -127,13 +127,17 @@ TEST_F(PlantOverviewTest, AClickLeadsToTheField)
 {
     const wxPoint2DDouble centre = Shown("ex2.v").box.GetCentre();
     const wxPoint value(wxRound(centre.m_x), wxRound(centre.m_y));
-    for (const wxPoint& point : {value, wxPoint(3, 3)}) {
-        wxMouseEvent click(wxEVT_LEFT_UP);
-        click.SetPosition(point);
-        Graphic().HandleWindowEvent(click);
+    const wxPoint beside(3, 3);
+    const std::pair<wxPoint, wxPoint> clicks[] = {{value, value}, {beside, beside}, {beside, value}};
+    for (const auto& [from, to] : clicks) {
+        for (const auto& [type, point] : {std::pair(wxEVT_LEFT_DOWN, from), std::pair(wxEVT_LEFT_UP, to)}) {
+            wxMouseEvent click(type);
+            click.SetPosition(point);
+            Graphic().HandleWindowEvent(click);
+        }
         Pump();
     }
-    EXPECT_THAT(m_led, testing::ElementsAre("ex.2:step/v")) << "beside a value nothing happens";
+    EXPECT_THAT(m_led, testing::ElementsAre("ex.2:step/v")) << "only where it began and ended";
 }
 
 TEST_F(PlantOverviewTest, KeysGoFromValueToValue)
