@@ -5,9 +5,9 @@
 
 namespace endpoints {
 
-wxString ConnectionTestPage()
+wxString Get(const char* setting)
 {
-    return Settings::GetSetting("url.connection.test").GetStringValue();
+    return Settings::GetSetting(setting).GetStringValue();
 }
 
 }  // namespace endpoints

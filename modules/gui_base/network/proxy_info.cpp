@@ -109,10 +109,10 @@ wxString ProxyInfo::ExtractPort(const wxString& protocol, const wxString& item)
 
 wxString ProxyInfo::GetTestURL()
 {
-    return "http://" + endpoints::ConnectionTestPage();
+    return "http://" + endpoints::Get(endpoints::kConnectionTest);
 }
 
 wxString ProxyInfo::GetTestURLSSL()
 {
-    return "https://" + endpoints::ConnectionTestPage();
+    return "https://" + endpoints::Get(endpoints::kConnectionTest);
 }
