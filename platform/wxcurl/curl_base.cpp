@@ -4,6 +4,8 @@
 #include "wxcurl/curl_pool.h"
 #include "wxcurl/secrets.h"
 
+#include <wx/thread.h>
+
 #include <algorithm>
 #include <array>
 #include <chrono>
@@ -16,6 +18,13 @@ using Clock = std::chrono::steady_clock;
 constexpr std::size_t kMostProtocol = std::size_t{256} << 10;
 constexpr long kLeastSpeed = 10;  // bytes a second; less counts as nothing
 constexpr auto kProgressStep = std::chrono::milliseconds(100);
+
+/// Whether this thread was asked to end; the main thread never is.
+bool IsThreadStopped()
+{
+    wxThread* const thread = wxThread::This();
+    return thread != nullptr && thread->TestDestroy();
+}
 
 std::string Utf8(const wxString& text)
 {
@@ -77,6 +86,11 @@ wxCurlBase::wxCurlBase(const wxString& url) : m_url(url) {}
 
 wxCurlBase::~wxCurlBase() = default;
 
+void wxCurlBase::CloseIdleConnections()
+{
+    CurlHandle::CloseAll();
+}
+
 wxCurlProtocol wxCurlBase::GetProtocol() const
 {
     const wxString url = m_url.Lower();
@@ -95,6 +109,11 @@ void wxCurlBase::SetProxyPassword(const wxString& password)
 {
     m_hasProxyUser = true;
     m_proxyPassword = password;
+}
+
+bool wxCurlBase::IsCancelled() const
+{
+    return m_cancelled || IsThreadStopped();
 }
 
 wxString wxCurlBase::GetVerboseString() const
@@ -133,6 +152,8 @@ void wxCurlBase::SetCommonOptions(void* curl, Sink& sink, long redirects)
 {
     curl_easy_setopt(curl, CURLOPT_URL, Utf8(m_url).c_str());
     curl_easy_setopt(curl, CURLOPT_NOSIGNAL, 1L);
+    // A name that is still looked up must not hold who cancels.
+    curl_easy_setopt(curl, CURLOPT_QUICK_EXIT, 1L);
     curl_easy_setopt(curl, CURLOPT_PROTOCOLS_STR, "http,https");
     curl_easy_setopt(curl, CURLOPT_REDIR_PROTOCOLS_STR, "http,https");
     curl_easy_setopt(curl, CURLOPT_FOLLOWLOCATION, redirects > 0 ? 1L : 0L);
@@ -200,7 +221,7 @@ bool wxCurlBase::Perform(wxOutputStream& answer, bool inMemory, long redirects)
     if (handle.Get() != nullptr) {
         SetCommonOptions(handle.Get(), sink, redirects);
         DoSetOptions(handle.Get());
-        result = curl_easy_perform(handle.Get());
+        result = handle.Perform([this] { return !IsCancelled(); });
         Judge(handle.Get(), result, sink);
         DoClearOptions();
     } else {

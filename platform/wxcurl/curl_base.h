@@ -5,7 +5,8 @@
 /// is used by one thread at a time; only SetEvtHandler and Cancel may come from another one meanwhile.
 ///
 /// Transfers go over http and https alone, follow few redirects, verify certificates, and end when nothing
-/// comes any more. The environment has no say in proxies. Protocols hold no credentials.
+/// comes any more. The environment has no say in proxies. Protocols hold no credentials. The toolkit has to be
+/// initialized, because a transfer asks it whether its thread shall end.
 
 #include "wxcurl/curl_events.h"
 #include "wxcurl/wxcurl_export.h"
@@ -61,6 +62,9 @@ public:
     wxCurlBase(const wxCurlBase&) = delete;
     wxCurlBase& operator=(const wxCurlBase&) = delete;
 
+    /// Connections are kept for further transfers; this closes those that no transfer uses.
+    static void CloseIdleConnections();
+
     const wxString& GetBaseURL() const { return m_url; }
     void SetBaseURL(const wxString& url) { m_url = url; }
     wxCurlProtocol GetProtocol() const;
@@ -85,9 +89,11 @@ public:
     void SetEvtHandler(wxEvtHandler* handler, int id = wxID_ANY);
     void SetFlags(long flags) { m_flags = flags; }
 
-    /// Lets the transfer end soon; any thread.
+    /// Lets the transfer end within 100 ms; any thread. A wxThread that is asked to end cancels its transfer,
+    /// too.
     void Cancel() { m_cancelled = true; }
-    bool IsCancelled() const { return m_cancelled; }
+    /// For the thread of the transfer.
+    bool IsCancelled() const;
 
     /// The code of the last answer: that of the proxy where it did not let the transfer through; 0 where
     /// nothing was received.

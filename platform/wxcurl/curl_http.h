@@ -26,6 +26,8 @@ public:
     /// Sends the form; the answer as for Get.
     bool Post(wxOutputStream& answer);
     bool PostFile(wxOutputStream& file);
+    /// The one of both that the form asks for.
+    bool LoadFile(wxOutputStream& file) { return m_fields.empty() ? GetFile(file) : PostFile(file); }
 
 protected:
     void DoSetOptions(void* curl) override;

@@ -9,18 +9,37 @@ namespace {
 /// More are closed when they come back.
 constexpr std::size_t kMostKept = 8;
 
+/// Between two questions whether a transfer is still wanted.
+constexpr int kStep = 50;  // ms
+
+CurlHandle::Kept Make()
+{
+    CurlHandle::Kept made{curl_easy_init(), curl_multi_init()};
+    if (made.easy != nullptr && made.multi != nullptr)
+        return made;
+    curl_easy_cleanup(made.easy);
+    curl_multi_cleanup(made.multi);
+    return {};
+}
+
+void Close(const CurlHandle::Kept& kept)
+{
+    curl_easy_cleanup(kept.easy);
+    curl_multi_cleanup(kept.multi);
+}
+
 struct Pool
 {
     Pool() { curl_global_init(CURL_GLOBAL_DEFAULT); }
     ~Pool()
     {
-        for (CURL* curl : idle)
-            curl_easy_cleanup(curl);
+        for (const CurlHandle::Kept& kept : idle)
+            Close(kept);
         curl_global_cleanup();
     }
 
     std::mutex mutex;
-    std::vector<CURL*> idle;  ///< the last used one at the end
+    std::vector<CurlHandle::Kept> idle;  ///< the last used one at the end
 };
 
 Pool& ThePool()
@@ -31,37 +50,57 @@ Pool& ThePool()
 
 }  // namespace
 
-CurlHandle::CurlHandle() : m_curl(nullptr)
+CurlHandle::CurlHandle()
 {
     Pool& pool = ThePool();
     const std::lock_guard lock(pool.mutex);
     if (pool.idle.empty()) {
-        m_curl = curl_easy_init();
+        m_kept = Make();
     } else {
-        m_curl = pool.idle.back();
+        m_kept = pool.idle.back();
         pool.idle.pop_back();
     }
 }
 
 CurlHandle::~CurlHandle()
 {
-    if (m_curl == nullptr)
+    if (m_kept.easy == nullptr)
         return;
     // Options go, connections stay.
-    curl_easy_reset(m_curl);
+    curl_easy_reset(m_kept.easy);
     Pool& pool = ThePool();
     const std::lock_guard lock(pool.mutex);
     if (pool.idle.size() < kMostKept)
-        pool.idle.push_back(m_curl);
+        pool.idle.push_back(m_kept);
     else
-        curl_easy_cleanup(m_curl);
+        Close(m_kept);
+}
+
+CURLcode CurlHandle::Perform(const std::function<bool()>& wants) const
+{
+    if (curl_multi_add_handle(m_kept.multi, m_kept.easy) != CURLM_OK)
+        return CURLE_FAILED_INIT;
+    CURLcode result = CURLE_ABORTED_BY_CALLBACK;
+    int running = 1;
+    while (running > 0 && wants()) {
+        if (curl_multi_perform(m_kept.multi, &running) != CURLM_OK ||
+            (running > 0 && curl_multi_poll(m_kept.multi, nullptr, 0, kStep, nullptr) != CURLM_OK)) {
+            result = CURLE_FAILED_INIT;
+            break;
+        }
+    }
+    int left = 0;
+    if (const CURLMsg* message = curl_multi_info_read(m_kept.multi, &left); message != nullptr)
+        result = message->data.result;
+    curl_multi_remove_handle(m_kept.multi, m_kept.easy);
+    return result;
 }
 
 void CurlHandle::CloseAll()
 {
     Pool& pool = ThePool();
     const std::lock_guard lock(pool.mutex);
-    for (CURL* curl : pool.idle)
-        curl_easy_cleanup(curl);
+    for (const Kept& kept : pool.idle)
+        Close(kept);
     pool.idle.clear();
 }

@@ -5,6 +5,7 @@
 /// thread.
 
 #include <curl/curl.h>
+#include <functional>
 
 /// A handle for one transfer, with default options; it goes back to the others with its connections.
 class CurlHandle
@@ -16,11 +17,21 @@ public:
     CurlHandle& operator=(const CurlHandle&) = delete;
 
     /// Null where the system has no memory for it.
-    CURL* Get() const { return m_curl; }
+    CURL* Get() const { return m_kept.easy; }
+    /// Runs a transfer to its end. `wants` is asked at least every 50 ms, also while nothing comes; false ends
+    /// the transfer as aborted.
+    CURLcode Perform(const std::function<bool()>& wants) const;
 
     /// Closes the connections of all handles that are not in use.
     static void CloseAll();
 
+    /// Connections live in the multi handle, so both stay together.
+    struct Kept
+    {
+        CURL* easy = nullptr;
+        CURLM* multi = nullptr;
+    };
+
 private:
-    CURL* m_curl;
+    Kept m_kept;
 };

@@ -6,6 +6,7 @@
 #include "wxcurl/secrets.h"
 
 #include <wx/app.h>
+#include <wx/init.h>
 #include <wx/mstream.h>
 
 #include <chrono>
@@ -13,6 +14,14 @@
 #include <thread>
 
 namespace {
+
+/// A transfer asks the toolkit for its thread.
+class Toolkit : public testing::Environment
+{
+    wxInitializer m_initializer;
+};
+
+const auto* const toolkit = testing::AddGlobalTestEnvironment(new Toolkit);
 
 using support::HttpRequest;
 using support::LoopbackServer;
