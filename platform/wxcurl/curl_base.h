@@ -5,8 +5,8 @@
 /// is used by one thread at a time; only SetEvtHandler and Cancel may come from another one meanwhile.
 ///
 /// Transfers go over http and https alone, follow few redirects, verify certificates, and end when nothing
-/// comes any more. The environment has no say in proxies. Protocols hold no credentials. The toolkit has to be
-/// initialized, because a transfer asks it whether its thread shall end.
+/// comes any more. The environment has no say in proxies. Protocols hold no credentials. The toolkit has to
+/// be initialized, because a transfer asks it whether its thread shall end.
 
 #include "wxcurl/curl_events.h"
 #include "wxcurl/wxcurl_export.h"
@@ -50,7 +50,7 @@ enum wxCurlFlag : long
 struct wxCurlBounds
 {
     long connect = 5'000;
-    long stall = 10'000;                           ///< the longest time in which (nearly) nothing comes
+    long stall = 5'000;                            ///< the longest time in which (nearly) nothing comes
     std::int64_t answer = std::int64_t{16} << 20;  ///< of an answer that is kept in memory
 };
 
