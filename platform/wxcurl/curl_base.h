@@ -5,8 +5,8 @@
 /// is used by one thread at a time; only SetEvtHandler and Cancel may come from another one meanwhile.
 ///
 /// Transfers go over http and https alone, follow few redirects, verify certificates, and end when nothing
-/// comes any more. The environment has no say in proxies. Protocols hold no credentials. The toolkit has to be
-/// initialized, because a transfer asks it whether its thread shall end.
+/// comes any more. The environment has no say in proxies. Protocols hold no credentials. The toolkit has to
+/// be initialized, because a transfer asks it whether its thread shall end.
 
 #include "wxcurl/curl_events.h"
 #include "wxcurl/wxcurl_export.h"

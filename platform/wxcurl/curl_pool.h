@@ -18,8 +18,8 @@ public:
 
     /// Null where the system has no memory for it.
     CURL* Get() const { return m_kept.easy; }
-    /// Runs a transfer to its end. `wants` is asked at least every 50 ms, also while nothing comes; false ends
-    /// the transfer as aborted.
+    /// Runs a transfer to its end. `wants` is asked at least every 50 ms, also while nothing comes; false
+    /// ends the transfer as aborted.
     CURLcode Perform(const std::function<bool()>& wants) const;
 
     /// Closes the connections of all handles that are not in use.

@@ -29,16 +29,16 @@ public:
     static void Initialize();
     static void Terminate();
 
-    /// Requests an address and returns the code of the answer, 0 when nothing was received. With `useAuth` and
-    /// empty user and password the proxy is offered the system's own log-on. What libcurl tells of the way is
-    /// appended to `protocolText` when `verbose`, without credentials.
+    /// Requests an address and returns the code of the answer, 0 when nothing was received. With `useAuth`
+    /// and empty user and password the proxy is offered the system's own log-on. What libcurl tells of the
+    /// way is appended to `protocolText` when `verbose`, without credentials.
     static int TestURL(const wxString& url, bool useProxy, const wxString& host, const wxString& port,
                        bool useAuth, const wxString& user, const wxString& password, bool verbose,
                        wxString* protocolText);
     /// Finds a way to the services: with the settings as they are, else with the system's proxies, else with
     /// credentials that the user is asked for unless `silent`. What worked is saved. Without `force` a
-    /// connection that was verified before is not tested again. `url` is tested instead of the connection test
-    /// page where given; with `protocol` the steps are appended to `protocolText`.
+    /// connection that was verified before is not tested again. `url` is tested instead of the connection
+    /// test page where given; with `protocol` the steps are appended to `protocolText`.
     static bool TestConnection(bool silent, bool force, wxString* error, bool protocol,
                                wxString* protocolText, const wxString* url);
     /// A transfer that ended in 0 or 407 lets the next one test the connection again.

@@ -11,13 +11,13 @@ namespace {
 struct Flag
 {
     const char* key;
-    bool ProxyParameters::* value;
+    bool ProxyParameters::*value;
 };
 
 struct Text
 {
     const char* key;
-    wxString ProxyParameters::* value;
+    wxString ProxyParameters::*value;
 };
 
 constexpr std::array kFlags{
