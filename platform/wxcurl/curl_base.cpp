@@ -45,9 +45,10 @@ struct wxCurlBase::Sink
     Clock::time_point told = {};
     std::array<char, CURL_ERROR_SIZE> detail{};
 
+    bool IsBounded() const { return most >= 0; }
     std::size_t Write(const char* data, std::size_t size)
     {
-        isTooLong = most >= 0 && written + static_cast<std::int64_t>(size) > most;
+        isTooLong = IsBounded() && written + static_cast<std::int64_t>(size) > most;
         if (isTooLong || session.IsCancelled())
             return 0;
         stream.Write(data, size);
@@ -96,7 +97,7 @@ wxCurlProtocol wxCurlBase::GetProtocol() const
     const wxString url = m_url.Lower();
     if (url.StartsWith("https://"))
         return wxCP_HTTPS;
-    return url.StartsWith("http://") ? wxCP_HTTP : wxCP_INVALID;
+    return url.StartsWith("http://") || url.Find("://") == wxNOT_FOUND ? wxCP_HTTP : wxCP_INVALID;
 }
 
 void wxCurlBase::SetProxyUsername(const wxString& user)
@@ -151,6 +152,8 @@ void wxCurlBase::TellProgress(std::int64_t done, std::int64_t total, Sink& sink)
 void wxCurlBase::SetCommonOptions(void* curl, Sink& sink, long redirects)
 {
     curl_easy_setopt(curl, CURLOPT_URL, Utf8(m_url).c_str());
+    // Else the name of the host would decide.
+    curl_easy_setopt(curl, CURLOPT_DEFAULT_PROTOCOL, "http");
     curl_easy_setopt(curl, CURLOPT_NOSIGNAL, 1L);
     // A name that is still looked up must not hold who cancels.
     curl_easy_setopt(curl, CURLOPT_QUICK_EXIT, 1L);
@@ -161,6 +164,8 @@ void wxCurlBase::SetCommonOptions(void* curl, Sink& sink, long redirects)
     curl_easy_setopt(curl, CURLOPT_CONNECTTIMEOUT_MS, m_bounds.connect);
     curl_easy_setopt(curl, CURLOPT_LOW_SPEED_LIMIT, kLeastSpeed);
     curl_easy_setopt(curl, CURLOPT_LOW_SPEED_TIME, std::max(m_bounds.stall / 1000, 1L));
+    // One byte now and then is no stall, but it must not hold the window for ever.
+    curl_easy_setopt(curl, CURLOPT_TIMEOUT_MS, sink.IsBounded() ? m_bounds.whole : 0L);
     curl_easy_setopt(curl, CURLOPT_USERAGENT, Utf8(m_userAgent).c_str());
     curl_easy_setopt(curl, CURLOPT_ERRORBUFFER, sink.detail.data());
     curl_easy_setopt(curl, CURLOPT_WRITEFUNCTION, &Sink::OnWrite);
@@ -178,6 +183,20 @@ void wxCurlBase::SetCommonOptions(void* curl, Sink& sink, long redirects)
     SetProxyOptions(curl);
 }
 
+/// Whether the proxy can be one. libcurl would take no host for a direct connection, and its own port for one
+/// out of range.
+bool wxCurlBase::IsProxyUsable()
+{
+    if (!m_usesProxy || (!m_proxyHost.empty() && m_proxyPort >= 1 && m_proxyPort <= 65535))
+        return true;
+    m_error = wxString::FromUTF8(curl_easy_strerror(CURLE_COULDNT_RESOLVE_PROXY));
+    m_detailedError =
+        m_proxyHost.empty()
+            ? wxString("the proxy has no host")
+            : wxString::Format("the port of the proxy is %ld and not one of 1 to 65535", m_proxyPort);
+    return false;
+}
+
 void wxCurlBase::SetProxyOptions(void* curl) const
 {
     // Else the environment would decide: an empty proxy is none, an empty list of exceptions has none.
@@ -188,7 +207,10 @@ void wxCurlBase::SetProxyOptions(void* curl) const
     curl_easy_setopt(curl, CURLOPT_PROXYPORT, m_proxyPort);
     if (!m_hasProxyUser)
         return;
-    curl_easy_setopt(curl, CURLOPT_PROXYAUTH, static_cast<long>(CURLAUTH_ANY));
+    // No name is no name to offer: an empty one would only turn the question for credentials into a refusal.
+    const bool isLogOnOfSystem = m_proxyUser.empty() && m_proxyPassword.empty();
+    const auto schemes = isLogOnOfSystem ? CURLAUTH_NEGOTIATE | CURLAUTH_NTLM : CURLAUTH_ANY;
+    curl_easy_setopt(curl, CURLOPT_PROXYAUTH, static_cast<long>(schemes));
     curl_easy_setopt(curl, CURLOPT_PROXYUSERNAME, Utf8(m_proxyUser).c_str());
     curl_easy_setopt(curl, CURLOPT_PROXYPASSWORD, Utf8(m_proxyPassword).c_str());
 }
@@ -196,9 +218,12 @@ void wxCurlBase::SetProxyOptions(void* curl) const
 void wxCurlBase::Judge(void* curl, int result, const Sink& sink)
 {
     curl_easy_getinfo(curl, CURLINFO_RESPONSE_CODE, &m_responseCode);
-    // A proxy that opens no tunnel has answered all the same.
-    if (m_responseCode == 0)
-        curl_easy_getinfo(curl, CURLINFO_HTTP_CONNECTCODE, &m_responseCode);
+    // A proxy that opens no tunnel has answered all the same; one that opened it has said nothing of what
+    // failed in there.
+    long tunnel = 0;
+    curl_easy_getinfo(curl, CURLINFO_HTTP_CONNECTCODE, &tunnel);
+    if (m_responseCode == 0 && tunnel >= 300)
+        m_responseCode = tunnel;
     if (result == CURLE_OK)
         return;
     m_error = wxString::FromUTF8(curl_easy_strerror(static_cast<CURLcode>(result)));
@@ -218,7 +243,9 @@ bool wxCurlBase::Perform(wxOutputStream& answer, bool inMemory, long redirects)
     const CurlHandle handle;
     int result = CURLE_FAILED_INIT;
     Sink sink{.session = *this, .stream = answer, .most = inMemory ? m_bounds.answer : -1};
-    if (handle.Get() != nullptr) {
+    if (!IsProxyUsable()) {
+        result = CURLE_COULDNT_RESOLVE_PROXY;
+    } else if (handle.Get() != nullptr) {
         SetCommonOptions(handle.Get(), sink, redirects);
         DoSetOptions(handle.Get());
         result = handle.Perform([this] { return !IsCancelled(); });

@@ -52,6 +52,7 @@ struct wxCurlBounds
     long connect = 5'000;
     long stall = 5'000;                            ///< the longest time in which (nearly) nothing comes
     std::int64_t answer = std::int64_t{16} << 20;  ///< of an answer that is kept in memory
+    long whole = 20'000;                           ///< from begin to end, of an answer that is kept in memory
 };
 
 class WXCURL_EXPORT wxCurlBase
@@ -67,10 +68,12 @@ public:
 
     const wxString& GetBaseURL() const { return m_url; }
     void SetBaseURL(const wxString& url) { m_url = url; }
+    /// Of the address; without a scheme it is HTTP.
     wxCurlProtocol GetProtocol() const;
 
     void UseProxy(bool use) { m_usesProxy = use; }
     void SetProxyHost(const wxString& host) { m_proxyHost = host; }
+    /// 1 to 65535; with another one, or without a host, nothing is sent.
     void SetProxyPort(long port) { m_proxyPort = port; }
     /// With user and password empty, the system's own log-on is used where the proxy takes it.
     void SetProxyUsername(const wxString& user);
@@ -96,7 +99,7 @@ public:
     bool IsCancelled() const;
 
     /// The code of the last answer: that of the proxy where it did not let the transfer through; 0 where
-    /// nothing was received.
+    /// nothing was received, or nothing that can be trusted.
     long GetResponseCode() const { return m_responseCode; }
     /// What libcurl calls what went wrong, and what it says of this case; empty after success.
     wxString GetErrorString() const { return m_error; }
@@ -107,12 +110,14 @@ protected:
     virtual void DoSetOptions(void* curl) = 0;
     /// Frees what DoSetOptions made.
     virtual void DoClearOptions() {}
-    /// Runs the transfer; whether an answer came as a whole, whatever its code. `inMemory` bounds its size.
+    /// Runs the transfer; whether an answer came as a whole, whatever its code. `inMemory` bounds its size
+    /// and the time of it all.
     bool Perform(wxOutputStream& answer, bool inMemory, long redirects);
 
 private:
     struct Sink;
 
+    bool IsProxyUsable();
     void SetCommonOptions(void* curl, Sink& sink, long redirects);
     void SetProxyOptions(void* curl) const;
     void Judge(void* curl, int result, const Sink& sink);

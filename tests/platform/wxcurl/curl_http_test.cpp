@@ -2,14 +2,13 @@
 // Transfers against servers that answer well, badly or not at all.
 #include "wxcurl/curl_http.h"
 
+#include "tests/platform/wxcurl/transfer.h"
 #include "tests/support/loopback_server.h"
 #include "wxcurl/secrets.h"
 
 #include <wx/app.h>
 #include <wx/init.h>
-#include <wx/mstream.h>
 
-#include <chrono>
 #include <cstdlib>
 #include <thread>
 
@@ -29,43 +28,6 @@ using support::ServerConnection;
 using testing::HasSubstr;
 using testing::Not;
 
-std::string TextOf(const wxMemoryOutputStream& stream)
-{
-    std::string text(stream.GetSize(), '\0');
-    stream.CopyTo(text.data(), text.size());
-    return text;
-}
-
-struct Result
-{
-    bool ok = false;
-    long code = 0;
-    std::string text;
-    std::string error;
-    double seconds = 0.0;
-};
-
-Result Get(wxCurlHTTP& session)
-{
-    const auto begun = std::chrono::steady_clock::now();
-    wxMemoryOutputStream stream;
-    Result result;
-    result.ok = session.Get(stream);
-    result.code = session.GetResponseCode();
-    result.text = TextOf(stream);
-    result.error =
-        session.GetErrorString().utf8_string() + " " + session.GetDetailedErrorString().utf8_string();
-    result.seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - begun).count();
-    return result;
-}
-
-Result Get(const std::string& url, const wxCurlBounds& bounds = {})
-{
-    wxCurlHTTP session(wxString::FromUTF8(url));
-    session.SetBounds(bounds);
-    return Get(session);
-}
-
 TEST(CurlHttp, TenRequestsToOneHostAreOneConnection)
 {
     const LoopbackServer server([](ServerConnection& connection, const HttpRequest& request) {
@@ -73,7 +35,7 @@ TEST(CurlHttp, TenRequestsToOneHostAreOneConnection)
     });
     for (int i = 0; i < 10; ++i) {
         const std::string path = "/" + std::to_string(i);
-        const Result result = Get(server.Url(path));
+        const Transfer result = Get(server.Url(path));
         EXPECT_TRUE(result.ok) << result.error;
         EXPECT_EQ(result.code, 200);
         EXPECT_EQ(result.text, "you asked for " + path);
@@ -122,6 +84,11 @@ TEST(CurlHttp, ServersThatFailAreToldAndBounded)
             connection.Send("HTTP/1.1 200 OK\r\nContent-Length: 1000\r\n\r\n");
             while (connection.Wait(1000) && connection.Send("x")) {
             }
+        } else if (what == "/trickle") {
+            // Enough not to count as a stall.
+            connection.Send("HTTP/1.1 200 OK\r\nContent-Length: 100000\r\n\r\n");
+            while (connection.Wait(100) && connection.Send("twenty bytes of text")) {
+            }
         } else if (what == "/endless") {
             connection.Send("HTTP/1.1 200 OK\r\n\r\n");
             while (connection.Send(std::string(1 << 16, 'x'))) {
@@ -147,13 +114,15 @@ TEST(CurlHttp, ServersThatFailAreToldAndBounded)
         {"/short", 200, "transfer closed with 96 bytes remaining"},
         {"/stalls", 0, "Operation too slow"},
         {"/slow", 200, "Operation too slow"},
+        {"/trickle", 200, "Operation timed out after 4"},
         {"/endless", 200, "the answer has more than 1000000 bytes"},
         {"/loop", 302, "Maximum (5) redirects followed"},
         {"/file", 302, "rotocol \"file\""},
         {"/nonsense", 0, "HTTP/0.9"},
     };
     for (const auto& [path, code, error] : cases) {
-        const Result result = Get(server.Url(path), {.connect = 1000, .stall = 2000, .answer = 1'000'000});
+        const Transfer result =
+            Get(server.Url(path), {.connect = 1000, .stall = 2000, .answer = 1'000'000, .whole = 4000});
         EXPECT_FALSE(result.ok) << path;
         EXPECT_EQ(result.code, code) << path;
         EXPECT_THAT(result.error, HasSubstr(error)) << path;
@@ -165,7 +134,7 @@ TEST(CurlHttp, ServersThatFailAreToldAndBounded)
     // Ports that nobody listens to, other schemes and what is no address.
     for (const char* url :
          {"http://127.0.0.1:1/", "file:///etc/passwd", "ftp://127.0.0.1/", "", "http://[::"}) {
-        const Result result = Get(url, {.connect = 1000, .stall = 2000});
+        const Transfer result = Get(url, {.connect = 1000, .stall = 2000});
         EXPECT_FALSE(result.ok) << url;
         EXPECT_EQ(result.code, 0) << url;
         EXPECT_FALSE(result.error == " ") << url;
@@ -187,6 +156,69 @@ public:
 private:
     const char* m_name;
 };
+
+TEST(CurlHttp, ABoundForAnswersInMemoryIsNoneForFiles)
+{
+    const LoopbackServer server([](ServerConnection& connection, const HttpRequest&) {
+        connection.Send("HTTP/1.1 200 OK\r\nContent-Length: 5000\r\n\r\n");
+        for (int part = 0; part < 5 && connection.Send(std::string(1000, 'x')); ++part)
+            connection.Wait(100);
+    });
+    wxCurlHTTP session(wxString::FromUTF8(server.Url()));
+    session.SetBounds({.answer = 1000, .whole = 200});
+    EXPECT_FALSE(Get(session).ok);
+    wxMemoryOutputStream file;
+    EXPECT_TRUE(session.GetFile(file)) << session.GetDetailedErrorString();
+    EXPECT_EQ(file.GetSize(), 5000U);
+}
+
+TEST(CurlHttp, AnAddressWithoutASchemeIsHttpWhateverItsHostIsCalled)
+{
+    const LoopbackServer proxy([](ServerConnection& connection, const HttpRequest& request) {
+        connection.Answer(200, request.target);
+    });
+    for (const char* url : {"ftp.example/page", "imap.example/page", "https.example/page"}) {
+        wxCurlHTTP session(url);
+        EXPECT_EQ(session.GetProtocol(), wxCP_HTTP) << url;
+        session.UseProxy(true);
+        session.SetProxyHost("127.0.0.1");
+        session.SetProxyPort(proxy.Port());
+        EXPECT_EQ(Get(session).text, "http://" + std::string(url));
+    }
+    EXPECT_EQ(wxCurlHTTP("HTTPS://host/").GetProtocol(), wxCP_HTTPS);
+    EXPECT_EQ(wxCurlHTTP("file:///etc/passwd").GetProtocol(), wxCP_INVALID);
+}
+
+TEST(CurlHttp, AProxyThatCanBeNoneIsRefusedBeforeAnythingIsSent)
+{
+    const LoopbackServer server(
+        [](ServerConnection& connection, const HttpRequest&) { connection.Answer(200, "direct"); });
+    struct Case
+    {
+        const char* host;
+        long port;
+        const char* error;
+    };
+    const Case cases[] = {
+        {"127.0.0.1", 0, "the port of the proxy is 0 and not one of 1 to 65535"},
+        {"127.0.0.1", -1, "the port of the proxy is -1"},
+        {"127.0.0.1", 65536, "the port of the proxy is 65536"},
+        {"127.0.0.1", 65536L + 80, "the port of the proxy is 65616"},
+        {"", 3128, "the proxy has no host"},
+    };
+    for (const auto& [host, port, error] : cases) {
+        wxCurlHTTP session(wxString::FromUTF8(server.Url()));
+        session.UseProxy(true);
+        session.SetProxyHost(host);
+        session.SetProxyPort(port);
+        const Transfer result = Get(session);
+        EXPECT_FALSE(result.ok) << error;
+        EXPECT_EQ(result.code, 0) << error;
+        EXPECT_THAT(result.error, HasSubstr(error));
+        session.UseProxy(false);
+        EXPECT_EQ(Get(session).text, "direct") << "what is not used does not matter";
+    }
+}
 
 TEST(CurlHttp, TheSettingsAloneDecideAboutProxies)
 {
@@ -214,7 +246,7 @@ TEST(CurlHttp, TheSettingsAloneDecideAboutProxies)
     EXPECT_EQ(Get(*session).code, 407);
     session->SetProxyUsername("user");
     session->SetProxyPassword("sesame");
-    const Result result = Get(*session);
+    const Transfer result = Get(*session);
     EXPECT_EQ(result.text, "by proxy");
     const std::string text = session->GetVerboseString().utf8_string();
     EXPECT_THAT(text, HasSubstr("Proxy-Authorization: ***"));
@@ -279,7 +311,7 @@ TEST(CurlHttp, TellsOfProgressAndEndAndCanBeCancelled)
         std::this_thread::sleep_for(std::chrono::milliseconds(300));
         endless.Cancel();
     });
-    const Result result = Get(endless);
+    const Transfer result = Get(endless);
     canceller.join();
     EXPECT_FALSE(result.ok);
     EXPECT_LT(result.seconds, 0.5) << "at most 200 ms after the cancel";
