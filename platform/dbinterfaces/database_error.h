@@ -21,6 +21,7 @@ public:
         TimedOut,       ///< the server did not answer in time; the next call connects again
         Cancelled,      ///< the user gave the call up; the next one connects again
         TooLong,        ///< a text has more letters than may be stored
+        OutOfRange,     ///< a value is none that may be stored
         BadConnection,  ///< the connection text cannot be understood
         ProgramData,    ///< what the program brings with it is missing or damaged
     };

@@ -72,6 +72,15 @@ struct Currency
     std::string name;
 };
 
+/// How many units of a currency one euro is worth.
+struct ConversionRate
+{
+    std::string currency;  ///< code of ISO 4217
+    double rate = std::numeric_limits<double>::quiet_NaN();
+    bool isTyped = false;  ///< by somebody; else it came from a service
+    std::string day;  ///< on which it was stored, "2026-01-31" by UTC; empty for what a database begins with
+};
+
 /// A base that raises the pH of a water.
 struct AlkalizingAgent
 {

@@ -16,6 +16,7 @@
 #include "dbinterfaces/wait_indicator.h"
 
 #include <chrono>
+#include <map>
 #include <mutex>
 #include <string>
 #include <vector>
@@ -79,6 +80,20 @@ public:
     };
 
     // Texts of more letters than core/text_limits.h allows are refused (TooLong); nothing is stored then.
+
+    // Conversion rates: how many units of a currency, by its code of ISO 4217, one euro is worth. Everybody
+    // who uses the database shares them. The rate of EUR is 1 and is always there. What is no rate
+    // (core/conversion_rate.h) is refused (OutOfRange) and changes nothing.
+
+    /// NaN where none is known.
+    static double GetConversionRate(const std::string& currency);
+    /// All that are known, by code.
+    static std::vector<DBObjects::ConversionRate> GetConversionRates();
+    /// A rate that somebody typed.
+    static void SetConversionRate(const std::string& currency, double rate);
+    /// Puts the rates of a service in the place of all former ones, or nothing. Typed rates of currencies
+    /// that the service does not have stay. EUR must be among them.
+    static void SetConversionRates(const std::map<std::string, double>& rates);
 
     // Chemical compounds. A new database begins with those that the program supplies.
 

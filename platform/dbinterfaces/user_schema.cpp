@@ -62,6 +62,14 @@ const std::array<Statements, kUserSchemaVersion> kMigrations{
         "category TEXT NOT NULL)",
     },
     Statements{},  // the limits of texts, which the kinds of databases have in different forms
+    // The bounds are those of core/conversion_rate.h, for other programs that write here.
+    Statements{
+        "CREATE TABLE tarnvik_conversion_rate (currency TEXT NOT NULL PRIMARY KEY "
+        "CHECK (length(currency) = 3), rate DOUBLE PRECISION NOT NULL CHECK (rate >= 1e-6 AND rate <= 1e9), "
+        "typed INTEGER NOT NULL, day TEXT NOT NULL CHECK (length(day) <= 10), "
+        "CHECK (currency <> 'EUR' OR rate = 1))",
+        "INSERT INTO tarnvik_conversion_rate (currency, rate, typed, day) VALUES ('EUR', 1, 0, '')",
+    },
 };
 constexpr int kCompoundsSince = 4;
 constexpr int kLimitsSince = 5;

@@ -9,10 +9,11 @@
 /// database, and counters that hand out its identifiers.
 /// Version 4 added the compounds, filled with those that the program supplies.
 /// Version 5 bounds the length of texts; longer ones were cut.
+/// Version 6 added the conversion rates of currencies, which begin with that of the euro.
 
 #include "dbinterfaces/connection.h"
 
-constexpr int kUserSchemaVersion = 5;
+constexpr int kUserSchemaVersion = 6;
 
 /// Opens a user database and brings its tables up to date: creates them in an empty database, or migrates
 /// those of an older version, in one transaction that other programs doing the same wait for. `wait` bounds

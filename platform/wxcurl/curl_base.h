@@ -50,7 +50,7 @@ enum wxCurlFlag : long
 struct wxCurlBounds
 {
     long connect = 5'000;
-    long stall = 10'000;                           ///< the longest time in which (nearly) nothing comes
+    long stall = 5'000;                            ///< the longest time in which (nearly) nothing comes
     std::int64_t answer = std::int64_t{16} << 20;  ///< of an answer that is kept in memory
     long whole = 20'000;                           ///< from begin to end, of an answer that is kept in memory
 };

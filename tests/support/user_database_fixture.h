@@ -19,6 +19,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace support {
 
@@ -67,6 +68,20 @@ public:
         Sql("INSERT INTO tarnvik_user_parameter (name, value) VALUES ('language', 'de')");
     }
 
+    /// Takes back what versions after that one, which is 3 at least, brought into a database of today.
+    void ReturnToVersion(int version) const
+    {
+        Sql("DROP TABLE tarnvik_conversion_rate");
+        if (version < 5)
+            RemoveTextLimits();
+        if (version < 4) {
+            if (IsSqlite())
+                Sql("DROP TABLE IF EXISTS tarnvik_compound_text");
+            Sql("DROP TABLE tarnvik_compound");
+            Sql("DELETE FROM tarnvik_counter WHERE name IN ('compound', 'compound.change')");
+        }
+        Sql("UPDATE tarnvik_schema SET version = " + std::to_string(version));
+    }
     void MakeVersion2() const
     {
         Sql("CREATE TABLE tarnvik_schema (version INTEGER NOT NULL)");
@@ -77,6 +92,26 @@ public:
     }
 
 private:
+    void RemoveTextLimits() const
+    {
+        const auto session = Raw();
+        std::vector<std::string> statements;
+        std::string statement;
+        soci::statement names =
+            (session->prepare
+                 << (IsSqlite() ? "SELECT 'DROP TRIGGER ' || name FROM sqlite_master WHERE name LIKE "
+                                  "'%\\_limit\\_%' ESCAPE '\\'"
+                                : "SELECT 'ALTER TABLE ' || conrelid::regclass || ' DROP CONSTRAINT ' || "
+                                  "conname FROM pg_constraint WHERE conname LIKE 'tarnvik%limit'"),
+             soci::into(statement));
+        names.execute();
+        while (names.fetch())
+            statements.push_back(statement);
+        ASSERT_EQ(statements.size(), IsSqlite() ? 22U : 11U);
+        for (const std::string& drop : statements)
+            *session << drop;
+    }
+
     bool m_isSqlite;
     TempFolder m_folder;
 };

@@ -39,6 +39,7 @@ const char* TemplateOf(DatabaseError::Kind kind)
                 "uncertain; check the connection and try again.");
         // Nothing is wrong with the database: the error says all.
         case Kind::TooLong:
+        case Kind::OutOfRange:
         case Kind::Cancelled:
             return nullptr;
         case Kind::Failed:

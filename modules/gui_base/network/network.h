@@ -95,4 +95,7 @@ private:
     /// GET, or POST of a form that is not empty, after a silent connection test; into memory. `error` is what
     /// the connection test says where that failed.
     static Answer Ask(const wxString& url, const Form& form, wxString* error);
+    /// What both kinds of files of the update site share.
+    static wxCurlThreadError LoadSiteFile(const char* endpoint, const wxString& file, const wxString& target,
+                                          bool silent, DownloadThread* thread, wxString* error);
 };

@@ -66,7 +66,7 @@ TEST_P(UserDatabase, MigratesAnOlderVersion)
     ProjectDatabase::Open(Text());
     EXPECT_TRUE(ProjectDatabase::GetUserParameter("proxy.use", false));
     EXPECT_EQ(ProjectDatabase::GetUserParameter("language"), "de");
-    EXPECT_EQ(Number("SELECT version FROM tarnvik_schema"), 5);
+    EXPECT_EQ(Number("SELECT version FROM tarnvik_schema"), 6);
     EXPECT_EQ(Number("SELECT count(*) FROM tarnvik_water_category"), 1);
 
     // What one user sets afterwards does not change what everybody else finds on a server.

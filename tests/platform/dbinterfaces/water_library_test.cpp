@@ -252,7 +252,7 @@ TEST_P(WaterTables, ComeWithTheMigrationFromVersion2)
 {
     MakeVersion2();
     ProjectDatabase::Open(Text());
-    EXPECT_EQ(Number("SELECT version FROM tarnvik_schema"), 5);
+    EXPECT_EQ(Number("SELECT version FROM tarnvik_schema"), 6);
     EXPECT_EQ(ProjectDatabase::GetUserParameter("language"), "de");
     const auto categories = ProjectDatabase::WaterLib_GetUserCategories();
     ASSERT_EQ(categories.size(), 1U);
