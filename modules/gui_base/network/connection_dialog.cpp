@@ -14,6 +14,8 @@
 #include <wx/translation.h>
 #include <wx/utils.h>
 
+#include <algorithm>
+
 namespace {
 
 constexpr int kGap = 8;
@@ -57,7 +59,12 @@ ConnectionDialog::ConnectionDialog(wxWindow* parent)
     outer->Add(MakeTestBox(), wxSizerFlags(spaced).Proportion(1));
     outer->Add(dialogs::CreateButtons(*this, true), spaced);
     Bind(
-        wxEVT_BUTTON, [this](wxCommandEvent&) { OnOk(); }, wxID_OK);
+        wxEVT_BUTTON,
+        [this](wxCommandEvent& event) {
+            if (Save())
+                event.Skip();
+        },
+        wxID_OK);
     Bind(
         wxEVT_BUTTON, [this](wxCommandEvent&) { OnTestEnded(); }, kTestEnded);
 
@@ -80,7 +87,13 @@ ConnectionDialog::~ConnectionDialog() = default;
 
 wxTextCtrl* ConnectionDialog::AddField(wxWindow* parent, wxSizer& grid, const wxString& label, long style)
 {
-    grid.Add(new wxStaticText(parent, wxID_ANY, label), wxSizerFlags().CentreVertical());
+    auto* text = new wxStaticText(parent, wxID_ANY, label);
+    // The grids of the box have their columns at one place.
+    int widest = 0;
+    for (const wxString& other : {_("Proxy for HTTP"), _("Proxy for HTTPS"), _("User ID"), _("Password")})
+        widest = std::max(widest, text->GetTextExtent(other).x);
+    text->SetMinSize(wxSize(widest, -1));
+    grid.Add(text, wxSizerFlags().CentreVertical());
     auto* field =
         new wxTextCtrl(parent, wxID_ANY, wxString(), wxDefaultPosition, FromDIP(wxSize(220, -1)), style);
     field->SetMaxLength(kMostLetters);
@@ -325,13 +338,13 @@ void ConnectionDialog::CopyProtocol()
         wxTheClipboard->SetData(new wxTextDataObject(m_protocol->GetValue()));
 }
 
-void ConnectionDialog::OnOk()
+bool ConnectionDialog::Save()
 {
     wxString error;
-    if (network_state::SaveProxyParameters(GetEntered(), &error)) {
-        network_state::SetVerified(false);
-        EndModal(wxID_OK);
-    } else {
+    if (!network_state::SaveProxyParameters(GetEntered(), &error)) {
         dialogs::ShowMessage(this, error, GetTitle(), wxICON_ERROR);
+        return false;
     }
+    network_state::SetVerified(false);
+    return true;
 }
