@@ -2,6 +2,7 @@
 #include "app/command_line/calc_command.h"
 #include "app/command_line/command_line.h"
 #include "app/command_line/report_command.h"
+#include "app/command_line/settings_command.h"
 #include "app/frame/tarnvik_app.h"
 #include "app/tour/tour_command.h"
 
@@ -35,6 +36,8 @@ constexpr std::array kCommands{
                  "prints the results of a project", WithoutWindows<app::RunCalc>},
     app::Command{"report", "FILE -o OUT.pdf [--pages PAGE,...]", "prints a project as PDF",
                  WithoutWindows<app::RunReport>},
+    app::Command{"settings", "[NAME=VALUE]... [--reset NAME]...", "prints and changes the settings",
+                 WithoutWindows<app::RunSettings>},
     app::Command{"tour", "DIR [--modules]", "takes a picture of every control and module",
                  WithoutWindows<app::RunTour>},
 };

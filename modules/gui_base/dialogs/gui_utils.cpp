@@ -2,8 +2,8 @@
 #include "gui_base/dialogs/gui_utils.h"
 
 #include "dbinterfaces/master_database.h"
+#include "gui_base/support/translation.h"
 
-#include <wx/translation.h>
 #include <wx/uilocale.h>
 
 #include <algorithm>
@@ -12,10 +12,8 @@ namespace gui_utils {
 
 std::vector<std::pair<wxString, wxString>> GetCountries()
 {
-    wxTranslations* texts = wxTranslations::Get();
-    const wxString language = texts != nullptr ? texts->GetBestTranslation("tarnvik") : wxString();
     std::vector<std::pair<wxString, wxString>> countries;
-    for (const auto& country : MasterDatabase::GetCountries(language.utf8_string()))
+    for (const auto& country : MasterDatabase::GetCountries(i18n::TextLanguage().utf8_string()))
         countries.emplace_back(wxString::FromUTF8(country.code), wxString::FromUTF8(country.name));
     const wxUILocale locale = wxUILocale::GetCurrent();
     std::sort(countries.begin(), countries.end(), [&locale](const auto& a, const auto& b) {

@@ -57,7 +57,8 @@ public:
     /// target of its part file, or removes that.
     static bool FinishDownload(DownloadThread& thread, wxString* error);
 
-    /// Both lists of data sheets; false when either failed, with what could be read of the other one.
+    /// Both lists of data sheets; false when either failed, with what could be read of the other one. Where a
+    /// list fails, what was in the vector stays.
     static bool LoadDataSheetLists(std::vector<NetObjects::DataSheetInfo>& pds,
                                    std::vector<NetObjects::DataSheetInfo>& msds, wxString* error);
     static bool LoadPdsList(std::vector<NetObjects::DataSheetInfo>& sheets, wxString* error);
@@ -98,4 +99,10 @@ private:
     /// What both kinds of files of the update site share.
     static wxCurlThreadError LoadSiteFile(const char* endpoint, const wxString& file, const wxString& target,
                                           bool silent, DownloadThread* thread, wxString* error);
+    struct SheetService;
+    static bool LoadSheetList(const SheetService& service, std::vector<NetObjects::DataSheetInfo>& sheets,
+                              wxString* error);
+    /// Into a file that appears only when the answer is a PDF document.
+    static bool LoadSheetFile(const wxString& url, const Form& form, const wxString& unavailable,
+                              const wxString& target, wxString* error);
 };

@@ -47,12 +47,14 @@ State& GetState()
 }
 
 /// Takes the stored text into a copy first, so that a bad one leaves the setting alone.
-void TakeText(DetailData& detail, const std::string& text)
+bool TakeText(DetailData& detail, const std::string& text)
 {
     DetailData parsed(detail);
-    if (detail.IsChoice(text) && parsed.SetValueFromString(wxString::FromUTF8(text)) &&
-        SideOfLimits(parsed) == 0)
-        detail.CopyValue(parsed);
+    if (!detail.IsChoice(text) || !parsed.SetValueFromString(wxString::FromUTF8(text)) ||
+        SideOfLimits(parsed) != 0)
+        return false;
+    detail.CopyValue(parsed);
+    return true;
 }
 
 std::string ParameterName(const std::string& name)
@@ -72,6 +74,16 @@ DetailData& Settings::GetSetting(const std::string& name)
 DetailList& Settings::GetSettings()
 {
     return GetState().details;
+}
+
+std::string Settings::TextOf(const std::string& name)
+{
+    return ToText(GetSetting(name));
+}
+
+bool Settings::SetFromText(const std::string& name, const std::string& text)
+{
+    return TakeText(GetSetting(name), text);
 }
 
 void Settings::Load()
@@ -106,6 +118,14 @@ void Settings::Save()
 
 void Settings::Reset()
 {
-    for (const DetailData& prototype : *CatalogueGroup("settings", "BASE"))
-        GetState().details.At(prototype.GetName()).CopyValue(prototype);
+    for (const auto& [name, detail] : GetState().details)
+        Reset(name);
+}
+
+void Settings::Reset(const std::string& name)
+{
+    for (const DetailData& prototype : *CatalogueGroup("settings", "BASE")) {
+        if (prototype.GetName() == name)
+            GetSetting(name).CopyValue(prototype);
+    }
 }

@@ -19,6 +19,11 @@ public:
     /// hold.
     static DetailData& GetSetting(const std::string& name);
     static DetailList& GetSettings();
+    /// The shortest text that reads back as the value; throws as GetSetting.
+    static std::string TextOf(const std::string& name);
+    /// Takes a value as it is stored, numbers with a decimal point. False, and nothing changes, for a text
+    /// that the setting cannot hold or a number outside its limits; throws as GetSetting.
+    static bool SetFromText(const std::string& name, const std::string& text);
 
     /// Reads every setting from the open user database. A stored text that its detail cannot hold, or a
     /// number outside the limits, leaves the default. Throws DatabaseError; the settings are then as they
@@ -29,4 +34,5 @@ public:
     static void Save();
     /// Back to the defaults, stored or not.
     static void Reset();
+    static void Reset(const std::string& name);
 };

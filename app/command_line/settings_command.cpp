@@ -1,0 +1,105 @@
+// SPDX-License-Identifier: MIT
+#include "app/command_line/settings_command.h"
+
+#include "dbinterfaces/project_database.h"
+#include "gui_base/messages/user_message.h"
+#include "projectbase/settings/settings.h"
+
+#include <fmt/format.h>
+
+#include <ostream>
+#include <stdexcept>
+
+namespace app {
+
+namespace {
+
+constexpr const char* kUsage =
+    "usage: tarnvik settings [NAME=VALUE]... [--reset NAME]...\n"
+    "\n"
+    "Prints the settings of the program, or those that are named. They belong to the user; a\n"
+    "window that is open takes them when it is started next.\n"
+    "\n"
+    "  NAME=VALUE            stores a value; numbers have a decimal point\n"
+    "  --reset NAME          stores the value that the program comes with\n"
+    "  --help                prints this text\n";
+
+struct UsageError : std::runtime_error
+{
+    using std::runtime_error::runtime_error;
+};
+
+DetailData& Find(const std::string& name)
+{
+    if (DetailData* setting = Settings::GetSettings().GetDetail(name))
+        return *setting;
+    throw UsageError(fmt::format("there is no setting '{}'", name));
+}
+
+void Set(const std::string& name, const std::string& value)
+{
+    Find(name);
+    if (!Settings::SetFromText(name, value))
+        throw UsageError(fmt::format("'{}' is no value of '{}'", value, name));
+}
+
+/// Carries the words out; the names that they hold.
+std::vector<std::string> Take(const std::vector<std::string>& args)
+{
+    std::vector<std::string> names;
+    for (std::size_t i = 0; i < args.size(); ++i) {
+        const std::size_t equals = args[i].find('=');
+        if (args[i] == "--reset") {
+            if (++i == args.size())
+                throw UsageError("--reset needs a name");
+            Find(args[i]);
+            Settings::Reset(args[i]);
+            names.push_back(args[i]);
+        } else if (args[i].starts_with('-')) {
+            throw UsageError(fmt::format("unknown option '{}'", args[i]));
+        } else {
+            names.push_back(args[i].substr(0, equals));
+            if (equals == std::string::npos)
+                Find(args[i]);
+            else
+                Set(names.back(), args[i].substr(equals + 1));
+        }
+    }
+    return names;
+}
+
+}  // namespace
+
+int RunSettings(const std::vector<std::string>& args, std::ostream& out, std::ostream& err)
+{
+    for (const std::string& word : args) {
+        if (word == "--help" || word == "-h") {
+            out << kUsage;
+            return 0;
+        }
+    }
+    try {
+        ProjectDatabase::OpenConfigured();
+        Settings::Load();
+        const std::vector<std::string> names = Take(args);
+        Settings::Save();
+        const auto print = [&out](const std::string& name) {
+            out << name << '=' << Settings::TextOf(name) << '\n';
+        };
+        for (const std::string& name : names)
+            print(name);
+        if (names.empty()) {
+            for (const auto& [name, setting] : Settings::GetSettings())
+                print(name);
+        }
+        return 0;
+    } catch (const UsageError& error) {
+        err << "tarnvik settings: " << error.what() << "\n\n" << kUsage;
+        return 2;
+    } catch (const std::exception& error) {
+        err << "tarnvik settings: " << MessageOf(error).text.utf8_string() << '\n';
+        return 1;
+    }
+}
+
+}  // namespace app
