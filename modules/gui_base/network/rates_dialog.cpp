@@ -9,11 +9,11 @@
 #include "gui_base/network/network.h"
 #include "gui_base/support/accessibility.h"
 #include "gui_base/support/help_file_provider.h"
+#include "gui_base/support/translation.h"
 
 #include <wx/clipbrd.h>
 #include <wx/log.h>
 #include <wx/sizer.h>
-#include <wx/translation.h>
 #include <wx/utils.h>
 
 #include <cmath>
@@ -40,7 +40,7 @@ wxString OriginText(const Currency& currency)
 {
     if (currency.day.empty())
         return {};
-    return currency.isTyped ? _("typed") : _("service");
+    return currency.isTyped ? i18n::Translated("typed") : i18n::Translated("service");
 }
 
 wxButton* NewButton(wxWindow* parent, const wxString& label, const wxString& tip,
@@ -63,36 +63,36 @@ bool UpdateConversionRates(wxWindow* parent)
         isRenewed = Network::UpdateCurrencyConversionRates(&error);
     }
     if (isRenewed) {
-        dialogs::ShowMessage(parent, _("Conversion rates have been updated successfully."),
-                             _("Conversion Rate Update Info"), wxICON_INFORMATION);
+        dialogs::ShowMessage(parent, i18n::Translated("Conversion rates have been updated successfully."),
+                             i18n::Translated("Conversion Rate Update Info"), wxICON_INFORMATION);
         return true;
     }
-    wxString text = _("Update of conversion rates failed.");
+    wxString text = i18n::Translated("Update of conversion rates failed.");
     if (!error.empty()) {
         wxLogWarning("%s", error);
         text += "\n" + error;
     }
-    dialogs::ShowMessage(parent, text, _("Conversion Rate Update Error"), wxICON_ERROR);
+    dialogs::ShowMessage(parent, text, i18n::Translated("Conversion Rate Update Error"), wxICON_ERROR);
     return false;
 }
 
 RatesDialog::RatesDialog(wxWindow* parent)
-    : wxDialog(parent, wxID_ANY, _("Currency rates"), wxDefaultPosition, wxDefaultSize,
+    : wxDialog(parent, wxID_ANY, i18n::Translated("Currency rates"), wxDefaultPosition, wxDefaultSize,
                wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER)
 {
     m_search = new TvSearchControl(this, wxID_ANY);
     m_search->SetTranslatableHint(wxTRANSLATE("Code or name of a currency"));
     m_search->SetMaxLength(kMostLetters);
-    accessibility::SetName(*m_search, _("Search"));
+    accessibility::SetName(*m_search, i18n::Translated("Search"));
     m_list = new RowList(this,
-                         {{_("Code"), 64},
-                          {_("Currency"), 220},
-                          {_("Rate for 1 EUR"), 136, wxLIST_FORMAT_RIGHT},
-                          {_("Stored on"), 110},
-                          {_("Origin"), 90}},
+                         {{i18n::Translated("Code"), 64},
+                          {i18n::Translated("Currency"), 220},
+                          {i18n::Translated("Rate for 1 EUR"), 136, wxLIST_FORMAT_RIGHT},
+                          {i18n::Translated("Stored on"), 110},
+                          {i18n::Translated("Origin"), 90}},
                          kName);
     m_list->SetMinSize(FromDIP(wxSize(660, 300)));
-    accessibility::SetName(*m_list, _("Currencies"));
+    accessibility::SetName(*m_list, i18n::Translated("Currencies"));
     auto* outer = new wxBoxSizer(wxVERTICAL);
     const wxSizerFlags spaced = wxSizerFlags().Expand().Border(wxALL, FromDIP(kGap));
     outer->Add(m_search, spaced);
@@ -104,7 +104,7 @@ RatesDialog::RatesDialog(wxWindow* parent)
         ShowSelected();
     });
     for (const auto& type : {wxEVT_LIST_ITEM_SELECTED, wxEVT_LIST_ITEM_DESELECTED})
-        m_list->Bind(type, [this](wxListEvent&) { ShowSelected(); });
+        m_list->Bind(type, [this](wxListEvent&) { QueueSelected(); });
     m_list->Bind(wxEVT_LIST_ITEM_ACTIVATED, [this](wxListEvent&) { m_rate->SetFocus(); });
     Bind(wxEVT_CHAR_HOOK, &RatesDialog::OnCharHook, this);
     LoadRates();
@@ -118,17 +118,18 @@ wxSizer* RatesDialog::MakeRateRow()
 {
     auto* row = new wxBoxSizer(wxHORIZONTAL);
     const wxSizerFlags next = wxSizerFlags().CentreVertical().Border(wxRIGHT, FromDIP(kGap));
-    row->Add(new wxStaticText(this, wxID_ANY, _("1 EUR =")), next);
+    row->Add(new wxStaticText(this, wxID_ANY, i18n::Translated("1 EUR =")), next);
     m_rate = new wxTextCtrl(this, wxID_ANY, wxString(), wxDefaultPosition, FromDIP(wxSize(128, -1)),
                             wxTE_RIGHT | wxTE_PROCESS_ENTER);
     m_rate->SetMaxLength(kMostLetters);
     row->Add(m_rate, next);
     m_code = new wxStaticText(this, wxID_ANY, "XXX");
     row->Add(m_code, next);
-    m_set =
-        NewButton(this, _("&Set rate"), _("Store the typed rate of this currency"), [this] { SetRate(); });
+    m_set = NewButton(this, i18n::Translated("&Set rate"),
+                      i18n::Translated("Store the typed rate of this currency"), [this] { SetRate(); });
     row->Add(m_set, next);
-    m_copy = NewButton(this, _("&Copy rate"), _("Copy the rate to the clipboard"), [this] { CopyRate(); });
+    m_copy = NewButton(this, i18n::Translated("&Copy rate"),
+                       i18n::Translated("Copy the rate to the clipboard"), [this] { CopyRate(); });
     row->Add(m_copy);
     m_rate->Bind(wxEVT_TEXT, [this](wxCommandEvent&) { RefreshButtons(); });
     m_rate->Bind(wxEVT_TEXT_ENTER, [this](wxCommandEvent&) { SetRate(); });
@@ -138,12 +139,13 @@ wxSizer* RatesDialog::MakeRateRow()
 wxSizer* RatesDialog::MakeButtonRow()
 {
     auto* row = new wxBoxSizer(wxHORIZONTAL);
-    auto* help = new wxButton(this, wxID_HELP, _("&Help"));
+    auto* help = new wxButton(this, wxID_HELP, i18n::Translated("&Help"));
     help->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { ShowHelp(); });
     row->Add(help, wxSizerFlags().Border(wxRIGHT, FromDIP(kGap)));
-    row->Add(NewButton(this, _("&Update rates"), _("Update conversion rates"), [this] { UpdateRates(); }));
+    row->Add(NewButton(this, i18n::Translated("&Update rates"), i18n::Translated("Update conversion rates"),
+                       [this] { UpdateRates(); }));
     row->AddStretchSpacer();
-    row->Add(new wxButton(this, wxID_CANCEL, _("C&lose")));
+    row->Add(new wxButton(this, wxID_CANCEL, i18n::Translated("C&lose")));
     return row;
 }
 
@@ -175,13 +177,26 @@ const Currency* RatesDialog::Selected() const
     return row ? &m_currencies.at(*row) : nullptr;
 }
 
+void RatesDialog::QueueSelected()
+{
+    // Between one row and the next none is selected, and the field would lose the focus.
+    if (m_isQueued)
+        return;
+    m_isQueued = true;
+    CallAfter([this] {
+        m_isQueued = false;
+        ShowSelected();
+    });
+}
+
 void RatesDialog::ShowSelected()
 {
     const Currency* currency = Selected();
     m_rate->ChangeValue(currency != nullptr ? RateText(currency->rate) : wxString());
     m_rate->DiscardEdits();
     m_code->SetLabel(currency != nullptr ? currency->code : wxString());
-    accessibility::SetName(*m_rate, accessibility::NameWithUnit(_("Rate for 1 EUR"), m_code->GetLabel()));
+    accessibility::SetName(
+        *m_rate, accessibility::NameWithUnit(i18n::Translated("Rate for 1 EUR"), m_code->GetLabel()));
     RefreshButtons();
 }
 
@@ -194,7 +209,8 @@ void RatesDialog::RefreshButtons()
     m_rate->Enable(isFree);
     m_rate->SetBackgroundColour(isFault ? wxColour(255, 160, 144) : wxNullColour);
     m_rate->SetForegroundColour(isFault ? *wxBLACK : wxNullColour);
-    m_rate->SetToolTip(isFault ? _("A rate is a number from 0.000001 to 1,000,000,000.") : wxString());
+    m_rate->SetToolTip(isFault ? i18n::Translated("A rate is a number from 0.000001 to 1,000,000,000.")
+                               : wxString());
     m_rate->Refresh();
     m_set->Enable(isFree && isGood);
     m_copy->Enable(currency != nullptr && !std::isnan(currency->rate));

@@ -35,6 +35,7 @@ private:
     wxSizer* MakeButtonRow();
     /// Reads the rates anew; the selected currency stays.
     void LoadRates();
+    void QueueSelected();
     void ShowSelected();
     void RefreshButtons();
     /// Runs what asks the database; false, with a message, when that fails.
@@ -55,4 +56,5 @@ private:
     wxButton* m_set = nullptr;
     wxButton* m_copy = nullptr;
     const TVHelpFileProvider* m_help = nullptr;
+    bool m_isQueued = false;
 };
