@@ -12,6 +12,16 @@ find_package(Gettext REQUIRED)
 pkg_check_modules(gtk3 REQUIRED IMPORTED_TARGET GLOBAL gtk+-3.0)
 pkg_check_modules(x11 REQUIRED IMPORTED_TARGET GLOBAL x11)
 
+# Without it the environment alone names proxies.
+option(TARNVIK_LIBPROXY "Ask libproxy for the proxies of the desktop, where it is present" ON)
+set(TARNVIK_WITH_LIBPROXY OFF)
+if(TARNVIK_LIBPROXY AND NOT WIN32)
+  pkg_check_modules(libproxy IMPORTED_TARGET GLOBAL libproxy-1.0)
+  if(libproxy_FOUND)
+    set(TARNVIK_WITH_LIBPROXY ON)
+  endif()
+endif()
+
 pkg_check_modules(re2 REQUIRED IMPORTED_TARGET GLOBAL re2)
 pkg_check_modules(libpq REQUIRED IMPORTED_TARGET GLOBAL libpq)
 

@@ -12,6 +12,7 @@
 #include "app/frame/file_commands.h"
 #include "app/frame/message_area.h"
 #include "app/frame/module_book.h"
+#include "app/frame/network_commands.h"
 #include "app/frame/view_commands.h"
 #include "app/frame/water_commands.h"
 #include "gui_base/support/events.h"
@@ -42,6 +43,7 @@ public:
     WaterCommands& Waters() { return m_waters; }
     const WaterCommands& Waters() const { return m_waters; }
     ViewCommands& View() { return m_view; }
+    NetworkCommands& Services() { return m_services; }
     ModuleBook& GetBook() { return *m_book; }
     const ModuleBook& GetBook() const { return *m_book; }
     MessageArea& GetMessageArea() { return *m_messages; }
@@ -98,6 +100,7 @@ private:
     FileCommands m_files{*this};
     WaterCommands m_waters{*this};
     ViewCommands m_view{*this};
+    NetworkCommands m_services{*this};
 };
 
 }  // namespace app

@@ -134,6 +134,8 @@ constexpr std::array kToolsMenu{
     Row(
         wxTRANSLATE("&Remove water"), "", [](MainFrame& frame) { frame.Waters().Remove(); }, wxID_ANY,
         &HasWater),
+    kSeparator,
+    Row(wxTRANSLATE("C&onnection..."), "", [](MainFrame& frame) { frame.Services().ShowConnection(); }),
 };
 
 constexpr std::array kHelpMenu{
@@ -141,6 +143,7 @@ constexpr std::array kHelpMenu{
         wxTRANSLATE("Help on this &page"), "F1", [](MainFrame& frame) { frame.ShowHelp(); }, wxID_HELP),
     Row(wxTRANSLATE("&Contents"), "", [](MainFrame& frame) { frame.ShowHelpContents(); }),
     kSeparator,
+    Row(wxTRANSLATE("Check for &updates..."), "", [](MainFrame& frame) { frame.Services().ShowUpdates(); }),
     Row(
         wxTRANSLATE("&About Tarnvik"), "", [](MainFrame& frame) { frame.ShowAbout(); }, wxID_ABOUT),
 };

@@ -10,6 +10,7 @@
 #include "dbinterfaces/master_database.h"
 #include "dbinterfaces/project_database.h"
 #include "gui_base/dialogs/questions.h"
+#include "gui_base/network/network.h"
 #include "gui_base/support/image_loader.h"
 #include "projectbase/settings/settings.h"
 #include "tncommon/data_dir.h"
@@ -53,6 +54,7 @@ UserMessage InitProgram()
     } catch (const std::exception&) {
         problem = std::current_exception();
     }
+    Network::Initialize();
     const wxString language = Settings::GetSetting("language").GetStringValue();
     SwitchLanguage(language.empty() ? SystemLanguage() : language);
     try {
@@ -143,6 +145,7 @@ void TarnvikApp::ReportStart()
 
 int TarnvikApp::OnExit()
 {
+    Network::Terminate();
     ProjectDatabase::Close();
     return wxApp::OnExit();
 }

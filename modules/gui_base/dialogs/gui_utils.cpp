@@ -2,8 +2,8 @@
 #include "gui_base/dialogs/gui_utils.h"
 
 #include "dbinterfaces/master_database.h"
+#include "gui_base/support/translation.h"
 
-#include <wx/translation.h>
 #include <wx/uilocale.h>
 
 #include <algorithm>
@@ -17,10 +17,8 @@ using CodesAndNames = std::vector<std::pair<wxString, wxString>>;
 template <typename Records>
 CodesAndNames InLanguageOfTexts(Records (*get)(const std::string& language))
 {
-    wxTranslations* texts = wxTranslations::Get();
-    const wxString language = texts != nullptr ? texts->GetBestTranslation("tarnvik") : wxString();
     CodesAndNames pairs;
-    for (const auto& record : get(language.utf8_string()))
+    for (const auto& record : get(i18n::TextLanguage().utf8_string()))
         pairs.emplace_back(wxString::FromUTF8(record.code), wxString::FromUTF8(record.name));
     return pairs;
 }

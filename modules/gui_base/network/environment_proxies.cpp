@@ -17,16 +17,6 @@ wxString HostOf(const wxString& url)
     return rest.BeforeFirst(':').Lower();
 }
 
-/// "host:port" of what a variable holds, which may be an address with a scheme and a path.
-wxString ProxyOf(const wxString& variable)
-{
-    wxString rest = variable;
-    const int scheme = rest.Find("://");
-    if (scheme != wxNOT_FOUND)
-        rest = rest.Mid(static_cast<std::size_t>(scheme) + 3);
-    return rest.substr(0, rest.find_first_of("/?#")).AfterLast('@');
-}
-
 wxString OfProcess(const char* name)
 {
     wxString value;
@@ -36,7 +26,25 @@ wxString OfProcess(const char* name)
 
 }  // namespace
 
+wxString ProxyOfAddress(const wxString& address)
+{
+    const int scheme = address.Find("://");
+    const wxString rest = scheme == wxNOT_FOUND ? address : address.Mid(static_cast<std::size_t>(scheme) + 3);
+    return rest.substr(0, rest.find_first_of("/?#")).AfterLast('@');
+}
+
 EnvironmentProxies::EnvironmentProxies(Lookup lookup) : m_lookup(lookup ? std::move(lookup) : OfProcess) {}
+
+wxString EnvironmentProxies::ProxyFor(bool isSecure) const
+{
+    const wxString proxy = m_lookup(isSecure ? "https_proxy" : "http_proxy");
+    return proxy.empty() && isSecure ? m_lookup("HTTPS_PROXY") : proxy;
+}
+
+bool EnvironmentProxies::HasProxies() const
+{
+    return !ProxyFor(false).empty() || !ProxyFor(true).empty();
+}
 
 bool EnvironmentProxies::IsExcepted(const wxString& host) const
 {
@@ -58,16 +66,6 @@ bool EnvironmentProxies::IsExcepted(const wxString& host) const
 
 wxString EnvironmentProxies::GetProxyList(const wxString& url)
 {
-    const bool isSecure = url.Lower().StartsWith("https");
-    wxString proxy = m_lookup(isSecure ? "https_proxy" : "http_proxy");
-    if (proxy.empty() && isSecure)
-        proxy = m_lookup("HTTPS_PROXY");
-    return IsExcepted(HostOf(url)) ? wxString() : ProxyOf(proxy);
+    const wxString proxy = ProxyFor(url.Lower().StartsWith("https"));
+    return IsExcepted(HostOf(url)) ? wxString() : ProxyOfAddress(proxy);
 }
-
-#ifndef _WIN32
-std::unique_ptr<ProxySettings> SystemProxySettings()
-{
-    return std::make_unique<EnvironmentProxies>();
-}
-#endif

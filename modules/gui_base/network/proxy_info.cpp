@@ -5,6 +5,7 @@
 
 #include <wx/tokenzr.h>
 
+#include <re2/re2.h>
 #include <stdexcept>
 
 namespace {
@@ -16,6 +17,15 @@ wxString WithoutProtocolName(const wxString& item)
     wxString rest;
     const wxString name = item.BeforeFirst('=', &rest);
     return name.size() < item.size() && name.find_first_of(" :/") == wxString::npos ? rest : item;
+}
+
+/// Whether an item ends in a dotted IPv4 address without the digits of a port; a colon may stand there.
+bool IsAddressWithoutPort(const wxString& item)
+{
+    static const RE2 kAddress(R"(.+([0-9]{1,3}\.[0-9]{1,3}\.[0-9]{1,3}\.[0-9]{1,3})\:?([0-9]{1,5})?)");
+    std::string address;
+    std::string port;
+    return RE2::FullMatch(item.utf8_string(), kAddress, &address, &port) && port.empty();
 }
 
 }  // namespace
@@ -65,7 +75,10 @@ ProxySettingEntry ProxyInfo::GetProxySettingFromProxyList(const wxString& list, 
 ProxySettingEntry ProxyInfo::GetProxySettingFromProxyListItem(const wxString& item, const wxString& protocol)
 {
     const wxString host = ExtractDomain(item);
-    return host.empty() ? ProxySettingEntry() : ProxySettingEntry(host, ExtractPort(protocol, item));
+    if (host.empty())
+        return {};
+    // An address is whole without a port: a colon with nothing behind it does not take the default away.
+    return {host, ExtractPort(protocol, IsAddressWithoutPort(item) ? host : item)};
 }
 
 wxString ProxyInfo::ExtractProtocol(const wxString& item)

@@ -20,5 +20,6 @@ public:
 };
 
 /// That of the system that the program runs on: WinHTTP on Windows, else the variables http_proxy,
-/// https_proxy and no_proxy of the environment.
+/// https_proxy and no_proxy of the environment, and where these name none, what libproxy finds if the program
+/// was built with it.
 GUI_BASE_EXPORT std::unique_ptr<ProxySettings> SystemProxySettings();

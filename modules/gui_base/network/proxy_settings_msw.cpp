@@ -7,8 +7,3 @@ wxString ProxySettingsMSW::GetProxyList(const wxString& url)
 {
     return wxString(win_http::ProxyListFor(url.ToStdWstring()));
 }
-
-std::unique_ptr<ProxySettings> SystemProxySettings()
-{
-    return std::make_unique<ProxySettingsMSW>();
-}

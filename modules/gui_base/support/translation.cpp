@@ -20,4 +20,10 @@ wxString Translated(const char* utf8Source)
     return Translated(wxString::FromUTF8(utf8Source));
 }
 
+wxString TextLanguage()
+{
+    wxTranslations* const texts = wxTranslations::Get();
+    return texts != nullptr ? texts->GetBestTranslation("tarnvik") : wxString();
+}
+
 }  // namespace i18n

@@ -15,4 +15,7 @@ GUI_BASE_EXPORT wxString Translated(const wxString& source);
 /// The same for a source text that is a UTF-8 literal.
 GUI_BASE_EXPORT wxString Translated(const char* utf8Source);
 
+/// The language of the texts, "de" or "de_AT"; empty without a catalogue.
+GUI_BASE_EXPORT wxString TextLanguage();
+
 }  // namespace i18n

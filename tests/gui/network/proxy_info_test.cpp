@@ -84,6 +84,11 @@ TEST_F(ProxyInfoTest, TheFirstItemThatFitsIsTheProxy)
         {"proxy.example", {"proxy.example", "80"}, {"proxy.example", "443"}},
         {";;", none, none},
         {":8080", none, none},
+        // An address needs no port; a name with a colon is left as it is.
+        {"PROXY 10.0.0.1:", {"10.0.0.1", "80"}, {"10.0.0.1", "443"}},
+        {"http=10.0.0.1:;https=10.0.0.2", {"10.0.0.1", "80"}, {"10.0.0.2", "443"}},
+        {"PROXY 10.0.0.1:123456", {"10.0.0.1", "123456"}, {"10.0.0.1", "123456"}},
+        {"PROXY host:", {"host", ""}, {"host", ""}},
     };
     for (const auto& [list, http, https] : cases) {
         const ProxySettingEntries entries = Entries(list);
@@ -129,4 +134,16 @@ TEST(EnvironmentProxies, AreThoseOfTheSchemeWithoutTheExceptions)
     with["NO_PROXY"] = "example.org, ost";
     EXPECT_EQ(list(with, "http://host/"), "proxy:3128") << "a part of a name is no domain";
     EXPECT_EQ(list(with, "http://www.example.org/"), "");
+}
+
+TEST(EnvironmentProxies, AreThereWhenOneIsNamed)
+{
+    for (const char* name : {"http_proxy", "https_proxy", "HTTPS_PROXY"})
+        EXPECT_TRUE(EnvironmentProxies([name](const char* asked) {
+                        return std::string(name) == asked ? wxString("host:1") : wxString();
+                    }).HasProxies())
+            << name;
+    EXPECT_FALSE(EnvironmentProxies([](const char* asked) {
+                     return std::string("HTTP_PROXY") == asked ? wxString("host:1") : wxString();
+                 }).HasProxies());
 }
