@@ -20,6 +20,9 @@
 #include "gui_base/ionexchange/regeneration/waste_water_panel.h"
 #include "gui_base/ionexchange/whatif/what_if_dialog.h"
 #include "gui_base/ionexchange/whatif/what_if_grid_pair_loader.h"
+#include "gui_base/network/authentication_entry_dialog.h"
+#include "gui_base/network/connection_dialog.h"
+#include "gui_base/network/update_dialog.h"
 #include "gui_base/support/translation.h"
 #include "gui_base/support/window_picture.h"
 #include "gui_base/water/feedwater/comment_entry_dialog.h"
@@ -149,6 +152,7 @@ public:
 
     void TakeModules();
     void TakeDialogs();
+    void TakeServices(wxWindow& owner);
     void TakeWasteWater(wxWindow& owner);
     void TakeWhatIf(wxWindow& owner);
 
@@ -306,11 +310,22 @@ void Tour::TakeDialogs()
                                owner->FromDIP(wxSize(225, 100)));
     comment.SetComment("Sampled after a week of rain");
     TakeDialog(comment, "comments");
+    TakeServices(*owner);
     TakeWasteWater(*owner);
     TakeWhatIf(*owner);
     CompoundEditorDialog editor(SampleCompound(), owner, wxID_ANY, i18n::Translated("Compound editor"));
     TakeDialog(editor, "compound_editor");
     owner->Destroy();
+}
+
+void Tour::TakeServices(wxWindow& owner)
+{
+    ConnectionDialog connection(&owner);
+    TakeDialog(connection, "connection");
+    AuthenticationEntryDialog user(&owner);
+    TakeDialog(user, "proxy_user");
+    UpdateDialog updates(&owner, TARNVIK_VERSION);
+    TakeDialog(updates, "updates");
 }
 
 void Tour::TakeWasteWater(wxWindow& owner)

@@ -3,10 +3,10 @@
 
 #include "gui_base/dialogs/dialog_buttons.h"
 #include "gui_base/support/accessibility.h"
+#include "gui_base/support/translation.h"
 
 #include <wx/sizer.h>
 #include <wx/stattext.h>
-#include <wx/translation.h>
 
 namespace {
 
@@ -17,16 +17,18 @@ constexpr unsigned long kMostLetters = 256;
 }  // namespace
 
 AuthenticationEntryDialog::AuthenticationEntryDialog(wxWindow* parent, const wxString& user)
-    : wxDialog(parent, wxID_ANY, _("Proxy server authentication"), wxDefaultPosition, wxDefaultSize,
-               wxDEFAULT_DIALOG_STYLE, "AuthenticationEntryDialog")
+    : wxDialog(parent, wxID_ANY, i18n::Translated("Proxy server authentication"), wxDefaultPosition,
+               wxDefaultSize, wxDEFAULT_DIALOG_STYLE, "AuthenticationEntryDialog")
 {
     auto* outer = new wxBoxSizer(wxVERTICAL);
     const wxSizerFlags spaced = wxSizerFlags().Expand().Border(wxALL, FromDIP(kGap));
-    outer->Add(new wxStaticText(this, wxID_ANY, _("Please enter your proxy server authentication!")), spaced);
+    outer->Add(
+        new wxStaticText(this, wxID_ANY, i18n::Translated("Please enter your proxy server authentication!")),
+        spaced);
     auto* grid = new wxFlexGridSizer(2, FromDIP(wxSize(kGap, kGap / 2)));
     grid->AddGrowableCol(1);
-    m_user = AddField(*grid, _("User ID"), 0);
-    m_password = AddField(*grid, _("Password"), wxTE_PASSWORD);
+    m_user = AddField(*grid, i18n::Translated("User ID"), 0);
+    m_password = AddField(*grid, i18n::Translated("Password"), wxTE_PASSWORD);
     outer->Add(grid, wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT, FromDIP(kGap)));
     outer->Add(dialogs::CreateButtons(*this, true), spaced);
     SetSizerAndFit(outer);

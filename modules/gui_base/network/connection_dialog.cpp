@@ -8,11 +8,13 @@
 #include "gui_base/network/network_state.h"
 #include "gui_base/network/test_connection_thread.h"
 #include "gui_base/support/accessibility.h"
+#include "gui_base/support/translation.h"
 
 #include <wx/clipbrd.h>
 #include <wx/statbox.h>
-#include <wx/translation.h>
 #include <wx/utils.h>
+
+#include <algorithm>
 
 namespace {
 
@@ -31,24 +33,25 @@ bool IsPort(const wxString& text)
 wxString ResultText(const TestConnectionThread& thread)
 {
     if (thread.IsSuccessful())
-        return thread.HasChangedSettings() ? _("The connection works, with the settings that are shown now.")
-                                           : _("The connection works.");
+        return thread.HasChangedSettings()
+                   ? i18n::Translated("The connection works, with the settings that are shown now.")
+                   : i18n::Translated("The connection works.");
     switch (thread.GetCode()) {
         case 0:
-            return _("No network detected.");
+            return i18n::Translated("No network detected.");
         case 407:
             return thread.GetSettings().user.empty()
-                       ? _("The proxy server asks for a user ID and a password.")
-                       : _("User ID or password invalid.");
+                       ? i18n::Translated("The proxy server asks for a user ID and a password.")
+                       : i18n::Translated("User ID or password invalid.");
         default:
-            return wxString::Format(_("Unexpected HTTP error code: %d."), thread.GetCode());
+            return wxString::Format(i18n::Translated("Unexpected HTTP error code: %d."), thread.GetCode());
     }
 }
 
 }  // namespace
 
 ConnectionDialog::ConnectionDialog(wxWindow* parent)
-    : wxDialog(parent, wxID_ANY, _("Connection"), wxDefaultPosition, wxDefaultSize,
+    : wxDialog(parent, wxID_ANY, i18n::Translated("Connection"), wxDefaultPosition, wxDefaultSize,
                wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER)
 {
     auto* outer = new wxBoxSizer(wxVERTICAL);
@@ -57,7 +60,12 @@ ConnectionDialog::ConnectionDialog(wxWindow* parent)
     outer->Add(MakeTestBox(), wxSizerFlags(spaced).Proportion(1));
     outer->Add(dialogs::CreateButtons(*this, true), spaced);
     Bind(
-        wxEVT_BUTTON, [this](wxCommandEvent&) { OnOk(); }, wxID_OK);
+        wxEVT_BUTTON,
+        [this](wxCommandEvent& event) {
+            if (Save())
+                event.Skip();
+        },
+        wxID_OK);
     Bind(
         wxEVT_BUTTON, [this](wxCommandEvent&) { OnTestEnded(); }, kTestEnded);
 
@@ -65,7 +73,7 @@ ConnectionDialog::ConnectionDialog(wxWindow* parent)
     const ProxyParameters settings = network_state::LoadProxyParameters(&unread);
     const wxBusyCursor busy;
     if (ProxyInfo(SystemProxySettings()).IsProxyCheckByUserRequired(settings.useProxy))
-        m_advice->SetLabel(_("This system uses a proxy server; these settings do not."));
+        m_advice->SetLabel(i18n::Translated("This system uses a proxy server; these settings do not."));
     if (!unread.empty())
         m_result->SetLabel(unread);
     ShowSettings(settings);
@@ -80,7 +88,14 @@ ConnectionDialog::~ConnectionDialog() = default;
 
 wxTextCtrl* ConnectionDialog::AddField(wxWindow* parent, wxSizer& grid, const wxString& label, long style)
 {
-    grid.Add(new wxStaticText(parent, wxID_ANY, label), wxSizerFlags().CentreVertical());
+    auto* text = new wxStaticText(parent, wxID_ANY, label);
+    // The grids of the box have their columns at one place.
+    int widest = 0;
+    for (const wxString& other : {i18n::Translated("Proxy for HTTP"), i18n::Translated("Proxy for HTTPS"),
+                                  i18n::Translated("User ID"), i18n::Translated("Password")})
+        widest = std::max(widest, text->GetTextExtent(other).x);
+    text->SetMinSize(wxSize(widest, -1));
+    grid.Add(text, wxSizerFlags().CentreVertical());
     auto* field =
         new wxTextCtrl(parent, wxID_ANY, wxString(), wxDefaultPosition, FromDIP(wxSize(220, -1)), style);
     field->SetMaxLength(kMostLetters);
@@ -94,10 +109,10 @@ ConnectionDialog::Address ConnectionDialog::AddAddress(wxWindow* parent, wxSizer
 {
     Address address;
     address.host = AddField(parent, grid, label, 0);
-    grid.Add(new wxStaticText(parent, wxID_ANY, _("Port")), wxSizerFlags().CentreVertical());
+    grid.Add(new wxStaticText(parent, wxID_ANY, i18n::Translated("Port")), wxSizerFlags().CentreVertical());
     address.port = new wxTextCtrl(parent, wxID_ANY, wxString(), wxDefaultPosition, FromDIP(wxSize(72, -1)));
     address.port->SetMaxLength(10);
-    accessibility::SetName(*address.port, _("Port") + " " + protocol);
+    accessibility::SetName(*address.port, i18n::Translated("Port") + " " + protocol);
     grid.Add(address.port);
     for (wxTextCtrl* field : {address.host, address.port}) {
         field->Bind(wxEVT_TEXT, [this](wxCommandEvent& event) {
@@ -114,7 +129,7 @@ ConnectionDialog::Address ConnectionDialog::AddAddress(wxWindow* parent, wxSizer
 
 wxSizer* ConnectionDialog::MakeProxyBox()
 {
-    auto* box = new wxStaticBoxSizer(wxVERTICAL, this, _("Proxy server"));
+    auto* box = new wxStaticBoxSizer(wxVERTICAL, this, i18n::Translated("Proxy server"));
     wxWindow* const parent = box->GetStaticBox();
     const wxSizerFlags row = wxSizerFlags().Expand().Border(wxALL, FromDIP(kGap / 2));
     const auto addCheck = [&](const wxString& label) {
@@ -129,15 +144,15 @@ wxSizer* ConnectionDialog::MakeProxyBox()
         box->Add(grid, row);
         return grid;
     };
-    m_useProxy = addCheck(_("&Use a proxy server"));
-    m_http = AddAddress(parent, *addGrid(4), _("Proxy for HTTP"), "HTTP");
-    m_sameProxy = addCheck(_("&The same proxy for HTTPS"));
-    m_https = AddAddress(parent, *addGrid(4), _("Proxy for HTTPS"), "HTTPS");
-    m_useAuthentication = addCheck(_("The proxy server &asks for a user"));
+    m_useProxy = addCheck(i18n::Translated("&Use a proxy server"));
+    m_http = AddAddress(parent, *addGrid(4), i18n::Translated("Proxy for HTTP"), "HTTP");
+    m_sameProxy = addCheck(i18n::Translated("&The same proxy for HTTPS"));
+    m_https = AddAddress(parent, *addGrid(4), i18n::Translated("Proxy for HTTPS"), "HTTPS");
+    m_useAuthentication = addCheck(i18n::Translated("The proxy server &asks for a user"));
     wxFlexGridSizer* user = addGrid(2);
-    m_user = AddField(parent, *user, _("User ID"), 0);
-    m_password = AddField(parent, *user, _("Password"), wxTE_PASSWORD);
-    auto* system = new wxButton(parent, wxID_ANY, _("Proxies of the &system"));
+    m_user = AddField(parent, *user, i18n::Translated("User ID"), 0);
+    m_password = AddField(parent, *user, i18n::Translated("Password"), wxTE_PASSWORD);
+    auto* system = new wxButton(parent, wxID_ANY, i18n::Translated("Proxies of the &system"));
     system->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { TakeSystemProxies(); });
     m_advice = new wxStaticText(parent, wxID_ANY, wxString());
     auto* line = new wxBoxSizer(wxHORIZONTAL);
@@ -149,7 +164,7 @@ wxSizer* ConnectionDialog::MakeProxyBox()
 
 wxSizer* ConnectionDialog::MakeTestBox()
 {
-    auto* box = new wxStaticBoxSizer(wxVERTICAL, this, _("Connection test"));
+    auto* box = new wxStaticBoxSizer(wxVERTICAL, this, i18n::Translated("Connection test"));
     wxWindow* const parent = box->GetStaticBox();
     const wxSizerFlags row = wxSizerFlags().Expand().Border(wxALL, FromDIP(kGap / 2));
     const wxSizerFlags next = wxSizerFlags().CentreVertical().Border(wxRIGHT, FromDIP(kGap));
@@ -160,18 +175,19 @@ wxSizer* ConnectionDialog::MakeTestBox()
         return button;
     };
     auto* line = new wxBoxSizer(wxHORIZONTAL);
-    m_test = addButton(*line, _("&Test connection"), &ConnectionDialog::StartTest);
-    m_cancelTest = addButton(*line, _("&Cancel test"), &ConnectionDialog::CancelTest);
+    m_test = addButton(*line, i18n::Translated("&Test connection"), &ConnectionDialog::StartTest);
+    m_cancelTest = addButton(*line, i18n::Translated("&Cancel test"), &ConnectionDialog::CancelTest);
     m_activity = new wxActivityIndicator(parent);
     line->Add(m_activity, wxSizerFlags(next).ReserveSpaceEvenIfHidden());
-    m_makeProtocol = addButton(*line, _("Test with &protocol"), &ConnectionDialog::MakeProtocol);
-    m_copy = addButton(*line, _("C&opy protocol"), &ConnectionDialog::CopyProtocol);
+    m_makeProtocol =
+        addButton(*line, i18n::Translated("Test with &protocol"), &ConnectionDialog::MakeProtocol);
+    m_copy = addButton(*line, i18n::Translated("C&opy protocol"), &ConnectionDialog::CopyProtocol);
     box->Add(line, row);
     m_result = new wxStaticText(parent, wxID_ANY, wxString());
     box->Add(m_result, row);
     m_protocol = new wxTextCtrl(parent, wxID_ANY, wxString(), wxDefaultPosition, FromDIP(wxSize(620, 180)),
                                 wxTE_MULTILINE | wxTE_READONLY | wxTE_DONTWRAP);
-    accessibility::SetName(*m_protocol, _("Protocol"));
+    accessibility::SetName(*m_protocol, i18n::Translated("Protocol"));
     box->Add(m_protocol, wxSizerFlags(row).Proportion(1));
     m_activity->Hide();
     return box;
@@ -217,7 +233,8 @@ void ConnectionDialog::RefreshFields()
         const bool isFault = isUsed && !IsPort(port);
         address.port->SetBackgroundColour(isFault ? wxColour(255, 160, 144) : wxNullColour);
         address.port->SetForegroundColour(isFault ? *wxBLACK : wxNullColour);
-        address.port->SetToolTip(isFault ? _("A port is a number from 1 to 65535.") : wxString());
+        address.port->SetToolTip(isFault ? i18n::Translated("A port is a number from 1 to 65535.")
+                                         : wxString());
         address.port->Refresh();
         isGood &= !isFault;
     };
@@ -255,7 +272,8 @@ void ConnectionDialog::TakeSystemProxies()
     ProxyParameters settings = GetEntered();
     settings.Adopt(ProxyInfo(SystemProxySettings()).GetProxySettings());
     ShowSettings(settings);
-    m_advice->SetLabel(settings.useProxy ? wxString() : _("This system uses no proxy server."));
+    m_advice->SetLabel(settings.useProxy ? wxString()
+                                         : i18n::Translated("This system uses no proxy server."));
     Layout();
 }
 
@@ -266,10 +284,10 @@ void ConnectionDialog::StartTest()
     m_thread = std::make_unique<TestConnectionThread>(this, kTestEnded);
     m_thread->SetSettings(GetEntered());
     if (m_thread->Run() != wxTHREAD_NO_ERROR) {
-        EndTest(_("The connection test cannot be started."));
+        EndTest(i18n::Translated("The connection test cannot be started."));
         return;
     }
-    m_result->SetLabel(_("Testing..."));
+    m_result->SetLabel(i18n::Translated("Testing..."));
     m_activity->Show();
     m_activity->Start();
     RefreshFields();
@@ -291,7 +309,7 @@ void ConnectionDialog::EndTest(const wxString& result)
 
 void ConnectionDialog::CancelTest()
 {
-    EndTest(_("The connection test was cancelled."));
+    EndTest(i18n::Translated("The connection test was cancelled."));
     // The test may have told of its end just before.
     DeletePendingEvents();
 }
@@ -315,7 +333,7 @@ void ConnectionDialog::MakeProtocol()
     m_protocol->ChangeValue(text);
     if (isReached && test.HasChanged())
         ShowSettings(test.GetSettings());
-    EndTest(isReached ? _("The connection works.") : test.GetError());
+    EndTest(isReached ? i18n::Translated("The connection works.") : test.GetError());
 }
 
 void ConnectionDialog::CopyProtocol()
@@ -325,13 +343,13 @@ void ConnectionDialog::CopyProtocol()
         wxTheClipboard->SetData(new wxTextDataObject(m_protocol->GetValue()));
 }
 
-void ConnectionDialog::OnOk()
+bool ConnectionDialog::Save()
 {
     wxString error;
-    if (network_state::SaveProxyParameters(GetEntered(), &error)) {
-        network_state::SetVerified(false);
-        EndModal(wxID_OK);
-    } else {
+    if (!network_state::SaveProxyParameters(GetEntered(), &error)) {
         dialogs::ShowMessage(this, error, GetTitle(), wxICON_ERROR);
+        return false;
     }
+    network_state::SetVerified(false);
+    return true;
 }

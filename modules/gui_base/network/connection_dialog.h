@@ -50,7 +50,7 @@ private:
     void OnTestEnded();
     void MakeProtocol();
     void CopyProtocol();
-    void OnOk();
+    bool Save();
 
     wxCheckBox* m_useProxy = nullptr;
     Address m_http;

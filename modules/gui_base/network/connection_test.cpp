@@ -4,8 +4,8 @@
 #include "gui_base/dialogs/questions.h"
 #include "gui_base/network/authentication_entry_dialog.h"
 #include "gui_base/network/network.h"
+#include "gui_base/support/translation.h"
 
-#include <wx/translation.h>
 #include <wx/utils.h>
 
 namespace {
@@ -83,18 +83,18 @@ int ConnectionTest::RequestBySystem()
 int ConnectionTest::RequestWithCredentials(bool silent)
 {
     if (silent) {
-        m_error =
-            _("The proxy server asks for a user ID and a password. Enter them under Tools, Connection.");
+        m_error = i18n::Translated(
+            "The proxy server asks for a user ID and a password. Enter them under Tools, Connection.");
         return kProxyWantsUser;
     }
     const wxBusyCursorSuspender waiting;
     AuthenticationEntryDialog dialog(dialogs::DefaultParent(), m_knownUser);
     if (dialog.ShowModal() != wxID_OK) {
-        m_error = _("The connection test was cancelled.");
+        m_error = i18n::Translated("The connection test was cancelled.");
         return kProxyWantsUser;
     }
     if (dialog.GetUser().empty() || dialog.GetPassword().empty()) {
-        m_error = _("User ID or password empty.");
+        m_error = i18n::Translated("User ID or password empty.");
         return kProxyWantsUser;
     }
     m_settings.useAuthentication = true;
@@ -104,9 +104,9 @@ int ConnectionTest::RequestWithCredentials(bool silent)
     Write("*** Tarnvik TestConnection: Check with proxy and authentication");
     const int code = RequestWithSettings();
     if (code == kProxyWantsUser)
-        m_error = _("User ID or password invalid.");
+        m_error = i18n::Translated("User ID or password invalid.");
     else if (code != kOk && code != 0)
-        m_error = wxString::Format(_("Proxy authentication failed. HTTP error: %d"), code);
+        m_error = wxString::Format(i18n::Translated("Proxy authentication failed. HTTP error: %d"), code);
     return code;
 }
 
@@ -114,8 +114,8 @@ wxString ConnectionTest::ErrorOf(int code) const
 {
     if (!m_error.empty())
         return m_error;
-    return code == 0 ? _("No network detected.")
-                     : wxString::Format(_("Unexpected HTTP error code: %d."), code);
+    return code == 0 ? i18n::Translated("No network detected.")
+                     : wxString::Format(i18n::Translated("Unexpected HTTP error code: %d."), code);
 }
 
 bool ConnectionTest::Run(bool silent)

@@ -7,12 +7,12 @@
 #include "gui_base/network/endpoints.h"
 #include "gui_base/network/network_state.h"
 #include "gui_base/network/proxy_parameters.h"
+#include "gui_base/support/translation.h"
 #include "wxcurl/curl_http.h"
 
 #include <wx/filefn.h>
 #include <wx/log.h>
 #include <wx/mstream.h>
-#include <wx/translation.h>
 #include <wx/utils.h>
 
 namespace {
@@ -116,7 +116,7 @@ bool Network::TestConnection(bool silent, bool force, wxString* error, bool prot
         return true;
     const network_state::Running running;
     if (!running.IsFirst()) {
-        SetError(error, _("The connection is being tested already."));
+        SetError(error, i18n::Translated("The connection is being tested already."));
         return false;
     }
     const wxBusyCursor busy;

@@ -5,10 +5,10 @@
 #include "gui_base/network/network.h"
 #include "gui_base/network/network_call.h"
 #include "gui_base/network/part_file.h"
+#include "gui_base/support/translation.h"
 #include "tncommon/user_dirs.h"
 
 #include <wx/filename.h>
-#include <wx/translation.h>
 
 #include <filesystem>
 
@@ -44,7 +44,8 @@ bool Store(const std::string& bytes, const wxString& target, wxString* error)
         file.GetStream().Write(bytes.data(), bytes.size());
     if (file.Commit())
         return true;
-    network_call::SetError(error, wxString::Format(_("The file %s cannot be written."), target));
+    network_call::SetError(error,
+                           wxString::Format(i18n::Translated("The file %s cannot be written."), target));
     return false;
 }
 
@@ -87,17 +88,17 @@ bool Network::LoadSheetList(const SheetService& service, Sheets& sheets, wxStrin
 
 bool Network::LoadPdsList(Sheets& sheets, wxString* error)
 {
-    return LoadSheetList(
-        {endpoints::kProductSheetList, &data_sheet_lists::ReadProductSheets,
-         _("Product Data Sheet list invalid."), _("Product Data Sheet list currently not available.")},
-        sheets, error);
+    return LoadSheetList({endpoints::kProductSheetList, &data_sheet_lists::ReadProductSheets,
+                          i18n::Translated("Product Data Sheet list invalid."),
+                          i18n::Translated("Product Data Sheet list currently not available.")},
+                         sheets, error);
 }
 
 bool Network::LoadMsdsList(Sheets& sheets, wxString* error)
 {
     return LoadSheetList({endpoints::kSafetySheetList, &data_sheet_lists::ReadSafetySheets,
-                          _("Material Safety Data Sheet list invalid."),
-                          _("Material Safety Data Sheet list currently not available.")},
+                          i18n::Translated("Material Safety Data Sheet list invalid."),
+                          i18n::Translated("Material Safety Data Sheet list currently not available.")},
                          sheets, error);
 }
 
@@ -133,7 +134,8 @@ bool Network::GetSheetvaultFile(const wxString& productId, const wxString& langu
 {
     return LoadSheetFile(
         endpoints::Get(endpoints::kProductSheet), {{"prodid", productId}, {"language", language}},
-        _("Morvane Sheetvault error: Product data sheet currently not available."), target, error);
+        i18n::Translated("Morvane Sheetvault error: Product data sheet currently not available."), target,
+        error);
 }
 
 bool Network::GetLabhouseFile(const wxString& legalArea, const wxString& address, const wxString& target,
@@ -141,7 +143,8 @@ bool Network::GetLabhouseFile(const wxString& legalArea, const wxString& address
 {
     return LoadSheetFile(
         endpoints::Get(endpoints::kSafetySheet), {{"legalarea", legalArea}, {"msdsurl", address}},
-        _("Morvane Labhouse error: Material safety data sheet currently not available."), target, error);
+        i18n::Translated("Morvane Labhouse error: Material safety data sheet currently not available."),
+        target, error);
 }
 
 wxString Network::LoadPdsFile(const NetObjects::DataSheetInfo& sheet, const wxString& folder, wxString* error)

@@ -6,8 +6,7 @@
 #include "gui_base/network/endpoints.h"
 #include "gui_base/network/network.h"
 #include "gui_base/network/network_call.h"
-
-#include <wx/translation.h>
+#include "gui_base/support/translation.h"
 
 #include <set>
 #include <string>
@@ -31,12 +30,12 @@ std::set<std::string> NeededCurrencies()
 
 wxString InvalidText(const std::set<std::string>& missing)
 {
-    wxString text = _("Invalid data received from currency server.");
+    wxString text = i18n::Translated("Invalid data received from currency server.");
     wxString codes;
     for (const std::string& currency : missing)
         codes += (codes.empty() ? "" : ", ") + wxString::FromUTF8(currency);
     if (!codes.empty())
-        text += "\n" + wxString::Format(_("Rates are missing: %s."), codes);
+        text += "\n" + wxString::Format(i18n::Translated("Rates are missing: %s."), codes);
     return text;
 }
 
@@ -52,12 +51,12 @@ bool Network::UpdateCurrencyConversionRates(wxString* error)
         if (!answer.IsOk()) {
             problem = answer.code == 0 && !connection.empty()
                           ? connection
-                          : _("Failed to connect to the currency server.");
+                          : i18n::Translated("Failed to connect to the currency server.");
         } else {
             const auto [fault, rates] = currency_rates::Read(answer.body);
             const auto missing = currency_rates::Missing(rates, needed);
             if (fault == currency_rates::Problem::NotWellFormed)
-                problem = _("Not well formed response from currency server.");
+                problem = i18n::Translated("Not well formed response from currency server.");
             else if (fault != currency_rates::Problem::None)
                 problem = InvalidText({});
             else if (!missing.empty())

@@ -3,8 +3,7 @@
 
 #include "gui_base/messages/user_message.h"
 #include "gui_base/network/endpoints.h"
-
-#include <wx/translation.h>
+#include "gui_base/support/translation.h"
 
 #include <exception>
 #include <mutex>
@@ -76,7 +75,7 @@ ProxyParameters LoadProxyParameters(wxString* error)
         return ProxyParameters::Load();
     } catch (const std::exception& failure) {
         if (error != nullptr)
-            *error = _("The proxy settings cannot be read.") + " " + MessageOf(failure).text;
+            *error = i18n::Translated("The proxy settings cannot be read.") + " " + MessageOf(failure).text;
         return {};
     }
 }
@@ -88,7 +87,7 @@ bool SaveProxyParameters(const ProxyParameters& parameters, wxString* error)
         return true;
     } catch (const std::exception& failure) {
         if (error != nullptr)
-            *error = _("The proxy settings cannot be stored.") + " " + MessageOf(failure).text;
+            *error = i18n::Translated("The proxy settings cannot be stored.") + " " + MessageOf(failure).text;
         return false;
     }
 }

@@ -6,8 +6,8 @@
 #include "gui_base/network/network.h"
 #include "gui_base/network/network_state.h"
 #include "gui_base/network/part_file.h"
+#include "gui_base/support/translation.h"
 
-#include <wx/translation.h>
 #include <wx/utils.h>
 
 #include <memory>
@@ -16,10 +16,11 @@ namespace {
 
 /// An error answer names itself long before.
 constexpr std::size_t kHead = 64 << 10;
+constexpr long kPatience = 30'000;  // ms
 
 wxString WriteError(const wxString& target)
 {
-    return wxString::Format(_("The file %s cannot be written."), target);
+    return wxString::Format(i18n::Translated("The file %s cannot be written."), target);
 }
 
 /// Of the last transfer.
@@ -28,16 +29,16 @@ wxString ErrorText(bool isErrorAnswer)
     const long code = network_state::LastCode();
     switch (code) {
         case 403:
-            return _("Access to Tarnvik update site denied.");
+            return i18n::Translated("Access to Tarnvik update site denied.");
         case 404:
-            return _("File not found on Tarnvik update site.");
+            return i18n::Translated("File not found on Tarnvik update site.");
         case 407:
             return _(
                 "The proxy server asks for a user ID and a password. Enter them under Tools, Connection.");
         default:
             if (isErrorAnswer)
-                return _("HTTP error code") + wxString::Format(": %d", static_cast<int>(code));
-            return _("Failed to connect to Tarnvik update site.");
+                return i18n::Translated("HTTP error code") + wxString::Format(": %d", static_cast<int>(code));
+            return i18n::Translated("Failed to connect to Tarnvik update site.");
     }
 }
 
@@ -81,6 +82,8 @@ wxCurlThreadError Network::LoadSiteFile(const char* endpoint, const wxString& fi
         const bool isWhole = session->PostFile(part->GetStream());
         return Finish(*part, isWhole, session->GetResponseCode(), error) ? wxCTE_NO_ERROR : wxCTE_CURL_ERROR;
     }
+    // Nobody waits before a window; a site may take a while.
+    session->SetBounds({.stall = kPatience});
     session->SetEvtHandler(thread->GetHandler(), thread->GetEventId());
     session->SetFlags(wxCURL_SEND_EVENTS);
     const wxCurlProtocol protocol = session->GetProtocol();
@@ -90,7 +93,7 @@ wxCurlThreadError Network::LoadSiteFile(const char* endpoint, const wxString& fi
     if (result == wxCTE_NO_ERROR)
         result = thread->Download();
     if (result != wxCTE_NO_ERROR && error != nullptr)
-        *error = _("Failed to connect to Tarnvik update site.");
+        *error = i18n::Translated("Failed to connect to Tarnvik update site.");
     return result;
 }
 
@@ -115,7 +118,7 @@ bool Network::FinishDownload(DownloadThread& thread, wxString* error)
         return false;
     if (thread.GetResult() == wxCTE_ABORTED) {
         if (error != nullptr)
-            *error = _("The download was cancelled.");
+            *error = i18n::Translated("The download was cancelled.");
         return false;
     }
     return Finish(*file, thread.GetResult() == wxCTE_NO_ERROR, session->GetResponseCode(), error);

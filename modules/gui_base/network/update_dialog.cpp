@@ -14,7 +14,6 @@
 
 #include <wx/filename.h>
 #include <wx/stdpaths.h>
-#include <wx/translation.h>
 #include <wx/utils.h>
 
 #include <algorithm>
@@ -44,7 +43,7 @@ std::filesystem::path ToPath(const wxString& path)
 }  // namespace
 
 UpdateDialog::UpdateDialog(wxWindow* parent, const wxString& version)
-    : wxDialog(parent, wxID_ANY, _("Check for updates"), wxDefaultPosition, wxDefaultSize,
+    : wxDialog(parent, wxID_ANY, i18n::Translated("Check for updates"), wxDefaultPosition, wxDefaultSize,
                wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER),
       m_version(version)
 {
@@ -72,35 +71,38 @@ void UpdateDialog::MakeControls()
 {
     auto* outer = new wxBoxSizer(wxVERTICAL);
     const wxSizerFlags spaced = wxSizerFlags().Expand().Border(wxALL, FromDIP(kGap));
-    outer->Add(new wxStaticText(this, wxID_ANY, wxString::Format(_("This is version %s."), m_version)),
+    outer->Add(new wxStaticText(this, wxID_ANY,
+                                wxString::Format(i18n::Translated("This is version %s."), m_version)),
                spaced);
     m_found = new wxStaticText(this, wxID_ANY, wxString());
     outer->Add(m_found, spaced);
     m_notes = new wxTextCtrl(this, wxID_ANY, wxString(), wxDefaultPosition, FromDIP(wxSize(520, 140)),
                              wxTE_MULTILINE | wxTE_READONLY);
-    accessibility::SetName(*m_notes, _("What is new"));
+    accessibility::SetName(*m_notes, i18n::Translated("What is new"));
     outer->Add(m_notes, wxSizerFlags(spaced).Proportion(1));
     auto* target = new wxFlexGridSizer(2, FromDIP(wxSize(kGap, kGap)));
     target->AddGrowableCol(1);
-    target->Add(new wxStaticText(this, wxID_ANY, _("Save in")), wxSizerFlags().CentreVertical());
-    m_folder = new wxDirPickerCtrl(
-        this, wxID_ANY, wxStandardPaths::Get().GetUserDir(wxStandardPaths::Dir_Downloads), _("Save in"),
-        wxDefaultPosition, wxDefaultSize, wxDIRP_DEFAULT_STYLE | wxDIRP_USE_TEXTCTRL);
-    accessibility::SetName(*m_folder->GetTextCtrl(), _("Save in"));
+    target->Add(new wxStaticText(this, wxID_ANY, i18n::Translated("Save in")),
+                wxSizerFlags().CentreVertical());
+    m_folder =
+        new wxDirPickerCtrl(this, wxID_ANY, wxStandardPaths::Get().GetUserDir(wxStandardPaths::Dir_Downloads),
+                            i18n::Translated("Save in"), wxDefaultPosition, wxDefaultSize,
+                            wxDIRP_DEFAULT_STYLE | wxDIRP_USE_TEXTCTRL);
+    accessibility::SetName(*m_folder->GetTextCtrl(), i18n::Translated("Save in"));
     target->Add(m_folder, wxSizerFlags().Expand());
     outer->Add(target, spaced);
     m_gauge = new wxGauge(this, wxID_ANY, kSteps);
-    accessibility::SetName(*m_gauge, _("Progress"));
+    accessibility::SetName(*m_gauge, i18n::Translated("Progress"));
     outer->Add(m_gauge, spaced);
     m_state = new wxStaticText(this, wxID_ANY, wxString());
     outer->Add(m_state, spaced);
     auto* line = new wxBoxSizer(wxHORIZONTAL);
-    m_check = AddButton(*line, _("Check &now"), &UpdateDialog::Check);
-    m_download = AddButton(*line, _("&Download"), &UpdateDialog::StartDownload);
-    m_cancel = AddButton(*line, _("&Cancel download"), &UpdateDialog::CancelDownload);
-    m_open = AddButton(*line, _("&Open folder"), &UpdateDialog::OpenFolder);
+    m_check = AddButton(*line, i18n::Translated("Check &now"), &UpdateDialog::Check);
+    m_download = AddButton(*line, i18n::Translated("&Download"), &UpdateDialog::StartDownload);
+    m_cancel = AddButton(*line, i18n::Translated("&Cancel download"), &UpdateDialog::CancelDownload);
+    m_open = AddButton(*line, i18n::Translated("&Open folder"), &UpdateDialog::OpenFolder);
     line->AddStretchSpacer();
-    line->Add(new wxButton(this, wxID_CLOSE, _("&Close")));
+    line->Add(new wxButton(this, wxID_CLOSE, i18n::Translated("&Close")));
     outer->Add(line, spaced);
     SetSizerAndFit(outer);
 }
@@ -132,7 +134,8 @@ void UpdateDialog::Check()
                 ReadUpdateDescription(tncommon::ReadWholeFile(ToPath(file), kMostDescription));
             if (update)
                 m_update = *update;
-            m_state->SetLabel(update ? wxString() : _("The update site gave no answer that can be read."));
+            m_state->SetLabel(update ? wxString()
+                                     : i18n::Translated("The update site gave no answer that can be read."));
         } catch (const std::exception& problem) {
             m_state->SetLabel(MessageOf(problem).text);
         }
@@ -148,7 +151,7 @@ void UpdateDialog::ShowUpdate()
     if (version.empty()) {
         m_found->SetLabel(wxString());
     } else if (IsNewerVersion(m_update.version, m_version.utf8_string())) {
-        m_found->SetLabel(wxString::Format(_("Version %s is available (%s)."), version,
+        m_found->SetLabel(wxString::Format(i18n::Translated("Version %s is available (%s)."), version,
                                            SizeText(static_cast<double>(m_update.size))));
         auto note = m_update.notes.find(i18n::TextLanguage().BeforeFirst('_').utf8_string());
         if (note == m_update.notes.end())
@@ -156,7 +159,7 @@ void UpdateDialog::ShowUpdate()
         if (note != m_update.notes.end())
             notes = wxString::FromUTF8(note->second);
     } else {
-        m_found->SetLabel(_("There is no newer version."));
+        m_found->SetLabel(i18n::Translated("There is no newer version."));
         m_update = {};
     }
     m_notes->ChangeValue(notes);
@@ -186,7 +189,7 @@ void UpdateDialog::StartDownload()
         return;
     m_isLoaded = false;
     m_gauge->SetValue(0);
-    m_state->SetLabel(_("Connecting..."));
+    m_state->SetLabel(i18n::Translated("Connecting..."));
     m_thread = std::make_unique<DownloadThread>(this, kDownload);
     wxString error;
     if (Network::LoadSetupFile(wxString::FromUTF8(m_update.file), GetTarget(), m_thread.get(), &error) !=
@@ -213,8 +216,8 @@ void UpdateDialog::OnProgress(std::int64_t done, std::int64_t total, double spee
     const auto all = static_cast<double>(total > 0 ? total : m_update.size);
     const auto loaded = static_cast<double>(done);
     m_gauge->SetValue(all > 0.0 ? static_cast<int>(kSteps * std::min(loaded / all, 1.0)) : 0);
-    m_state->SetLabel(
-        wxString::Format(_("%s of %s, %s a second"), SizeText(loaded), SizeText(all), SizeText(speed)));
+    m_state->SetLabel(wxString::Format(i18n::Translated("%s of %s, %s a second"), SizeText(loaded),
+                                       SizeText(all), SizeText(speed)));
 }
 
 void UpdateDialog::OnEnded()
@@ -233,7 +236,7 @@ void UpdateDialog::OnEnded()
     }
     m_isLoaded = isWhole && Verify();
     if (m_isLoaded)
-        m_state->SetLabel(wxString::Format(_("The setup program is %s."), GetTarget()));
+        m_state->SetLabel(wxString::Format(i18n::Translated("The setup program is %s."), GetTarget()));
     else if (!isWhole)
         m_state->SetLabel(error);
     RefreshControls();
@@ -245,7 +248,7 @@ bool UpdateDialog::Verify()
     const std::filesystem::path path = ToPath(GetTarget());
     std::string sum;
     try {
-        dialogs::ProgressWindow progress(this, GetTitle(), _("Checking the setup program..."));
+        dialogs::ProgressWindow progress(this, GetTitle(), i18n::Translated("Checking the setup program..."));
         const auto check = [&](const WorkWatch& watch) { sum = Sha256OfFile(path, watch); };
         if (!dialogs::RunWithProgress(progress, check))
             sum.clear();
@@ -255,7 +258,8 @@ bool UpdateDialog::Verify()
     if (sum == m_update.sha256)
         return true;
     if (!sum.empty())
-        m_state->SetLabel(_("The setup program is not the one that the update site described."));
+        m_state->SetLabel(
+            i18n::Translated("The setup program is not the one that the update site described."));
     Network::RemoveFileIfExists(GetTarget());
     return false;
 }
