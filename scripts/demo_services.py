@@ -8,7 +8,7 @@ their addresses and their authority by
 
     scripts/demo_services.py --settings | xargs -d '\\n' tarnvik settings
 
-and forgets them by "tarnvik settings --reset NAME". The update site answers the names of files as follows:
+and forgets them by the same command with --forget. The update site answers the names of files as follows:
 
     tarnvik-update.xml         what the newest version is
     tarnvik-*-setup.run        a setup program that does nothing, of --size bytes, sent at --speed
@@ -254,6 +254,7 @@ def parse_arguments():
     parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
     cache = pathlib.Path(os.environ.get("XDG_CACHE_HOME") or pathlib.Path.home() / ".cache")
     parser.add_argument("--settings", action="store_true", help="print the settings of the program and end")
+    parser.add_argument("--forget", action="store_true", help="print what resets these settings and end")
     parser.add_argument("--port", type=int, default=PORT, help=f"of the services ({PORT}; 0 takes a free one)")
     parser.add_argument("--folder", type=pathlib.Path, default=cache / "tarnvik-demo", help="of the certificates")
     parser.add_argument("--size", type=int, default=100_000_000, help="of the setup program in bytes")
@@ -292,6 +293,10 @@ def main():
     if arguments.settings:
         for name, value in settings(arguments.port, arguments.folder).items():
             print(f"{name}={value}")
+        return
+    if arguments.forget:
+        for name in settings(arguments.port, arguments.folder):
+            print(f"--reset\n{name}")
         return
     certificates(arguments.folder)
     servers = start(arguments)
