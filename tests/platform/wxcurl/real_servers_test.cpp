@@ -156,7 +156,6 @@ TEST_F(RealServers, CodesAndLongAnswersComeAsTheyAre)
     EXPECT_FALSE(big.ok);
     EXPECT_LE(big.text.size(), std::size_t{16} << 20);
     EXPECT_THAT(big.error, HasSubstr("the answer has more than 16777216 bytes"));
-    EXPECT_LT(big.seconds, 5.0);
 }
 
 }  // namespace
