@@ -49,6 +49,12 @@ fs::path UserStateDir()
     return own.empty() ? UserDir("XDG_STATE_HOME", ".local/state") : own / "state";
 }
 
+fs::path UserCacheDir()
+{
+    const fs::path own = FromEnvironment("TARNVIK_USER_DATA");
+    return own.empty() ? UserDir("XDG_CACHE_HOME", ".cache") : own / "cache";
+}
+
 void CreatePrivateFolder(const fs::path& folder)
 {
     if (folder.empty() || fs::is_directory(folder))

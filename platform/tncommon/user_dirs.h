@@ -17,6 +17,10 @@ TNCOMMON_EXPORT std::filesystem::path UserDataDir();
 /// $XDG_STATE_HOME/tarnvik, else ~/.local/state/tarnvik.
 TNCOMMON_EXPORT std::filesystem::path UserStateDir();
 
+/// What can be fetched again (data sheets): $TARNVIK_USER_DATA/cache, else $XDG_CACHE_HOME/tarnvik, else
+/// ~/.cache/tarnvik.
+TNCOMMON_EXPORT std::filesystem::path UserCacheDir();
+
 /// Creates a folder and what lies above it; what is created is open to its owner only. Throws
 /// std::filesystem::filesystem_error.
 TNCOMMON_EXPORT void CreatePrivateFolder(const std::filesystem::path& folder);

@@ -14,4 +14,7 @@ namespace gui_utils {
 /// them.
 GUI_BASE_EXPORT std::vector<std::pair<wxString, wxString>> GetCountries();
 
+/// The same for currencies, sorted by their codes.
+GUI_BASE_EXPORT std::vector<std::pair<wxString, wxString>> GetCurrencies();
+
 }  // namespace gui_utils

@@ -96,8 +96,8 @@ struct PlantDesign
 PROJECTBASE_EXPORT PlantDesign DesignOf(const iex::IEXProject& project);
 
 /// Designs a project and writes what follows into its details; a value whose inputs are not known becomes
-/// empty. To be called within an edit, after the waters.
-PROJECTBASE_EXPORT void UpdateDesign(iex::IEXProject& project);
+/// empty. To be called within an edit, after the waters. Returns the design.
+PROJECTBASE_EXPORT PlantDesign UpdateDesign(iex::IEXProject& project);
 
 /// Whether load, resin volume and regenerant of every compartment are known.
 PROJECTBASE_EXPORT bool IsDesigned(const iex::IEXProject& project);

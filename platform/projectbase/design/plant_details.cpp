@@ -168,7 +168,7 @@ void StoreWastes(const PlantDesign& plant, const iex::IEXProject& project)
 
 }  // namespace
 
-void UpdateDesign(iex::IEXProject& project)
+PlantDesign UpdateDesign(iex::IEXProject& project)
 {
     PlantDesign plant = DesignBeds(project);
     StoreBeds(plant, project);
@@ -178,6 +178,7 @@ void UpdateDesign(iex::IEXProject& project)
     sequence::CalculateNet(project);
     DesignWastes(plant);
     StoreWastes(plant, project);
+    return plant;
 }
 
 bool IsDesigned(const iex::IEXProject& project)

@@ -2,6 +2,7 @@
 #include "projectbase/project/iex_project.h"
 
 #include "dbinterfaces/master_database.h"
+#include "projectbase/costs/project_costs.h"
 #include "projectbase/design/plant_design.h"
 #include "projectbase/design/resins.h"
 #include "projectbase/sequence/sequence_calculation.h"
@@ -222,7 +223,7 @@ bool IEXProject::StepHasConditioning(std::size_t step, const RegSeqStep& row) co
 
 void IEXProject::CalculatePlant()
 {
-    design::UpdateDesign(*this);
+    costs::UpdateCosts(*this, design::UpdateDesign(*this));
 }
 
 long IEXProject::ReachedStatus() const

@@ -11,7 +11,7 @@ namespace {
 /// Groups of the catalogue that make up the details of each kind of owner.
 std::span<const char* const> GroupsOf(OwnerKind kind)
 {
-    static constexpr std::array kProject{"project", "arrangement", "feed"};
+    static constexpr std::array kProject{"project", "arrangement", "feed", "cost"};
     static constexpr std::array kWater{"liquid"};
     static constexpr std::array kExchanger{"step"};
     static constexpr std::array kCompartment{"stepcomp"};

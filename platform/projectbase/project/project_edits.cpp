@@ -75,6 +75,8 @@ void Project::Tell(const ProjectChanges& changes)
 bool Project::CountsForDesign(const StackElement& element)
 {
     const auto* value = std::get_if<ValueChange>(&element);
+    if (value != nullptr && value->address.key.starts_with("cost/"))
+        return false;
     if (value == nullptr || value->address.owner != DetailOwner() ||
         !value->address.key.starts_with("project/"))
         return true;

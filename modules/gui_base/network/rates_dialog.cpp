@@ -1,0 +1,258 @@
+// SPDX-License-Identifier: MIT
+#include "gui_base/network/rates_dialog.h"
+
+#include "core/conversion_rate.h"
+#include "dbinterfaces/project_database.h"
+#include "gui_base/dialogs/questions.h"
+#include "gui_base/dialogs/row_list.h"
+#include "gui_base/input/controls/tv_searchctrl.h"
+#include "gui_base/network/network.h"
+#include "gui_base/support/accessibility.h"
+#include "gui_base/support/help_file_provider.h"
+#include "gui_base/support/translation.h"
+
+#include <wx/clipbrd.h>
+#include <wx/log.h>
+#include <wx/sizer.h>
+#include <wx/utils.h>
+
+#include <cmath>
+
+namespace {
+
+using currency_table::Currency;
+using currency_table::RateText;
+
+constexpr int kGap = 8;
+constexpr const char* kHelpPage = "currencyrates.html";
+constexpr std::size_t kMostLetters = 40;
+
+enum Column
+{
+    kCode,
+    kName,
+    kRate,
+    kDay,
+    kOrigin
+};
+
+wxString OriginText(const Currency& currency)
+{
+    if (currency.day.empty())
+        return {};
+    return currency.isTyped ? i18n::Translated("typed") : i18n::Translated("service");
+}
+
+wxButton* NewButton(wxWindow* parent, const wxString& label, const wxString& tip,
+                    std::function<void()> action)
+{
+    auto* button = new wxButton(parent, wxID_ANY, label);
+    button->SetToolTip(tip);
+    button->Bind(wxEVT_BUTTON, [action = std::move(action)](wxCommandEvent&) { action(); });
+    return button;
+}
+
+}  // namespace
+
+bool UpdateConversionRates(wxWindow* parent)
+{
+    wxString error;
+    bool isRenewed = false;
+    {
+        const wxBusyCursor busy;
+        isRenewed = Network::UpdateCurrencyConversionRates(&error);
+    }
+    if (isRenewed) {
+        dialogs::ShowMessage(parent, i18n::Translated("Conversion rates have been updated successfully."),
+                             i18n::Translated("Conversion Rate Update Info"), wxICON_INFORMATION);
+        return true;
+    }
+    wxString text = i18n::Translated("Update of conversion rates failed.");
+    if (!error.empty()) {
+        wxLogWarning("%s", error);
+        text += "\n" + error;
+    }
+    dialogs::ShowMessage(parent, text, i18n::Translated("Conversion Rate Update Error"), wxICON_ERROR);
+    return false;
+}
+
+RatesDialog::RatesDialog(wxWindow* parent)
+    : wxDialog(parent, wxID_ANY, i18n::Translated("Currency rates"), wxDefaultPosition, wxDefaultSize,
+               wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER)
+{
+    m_search = new TvSearchControl(this, wxID_ANY);
+    m_search->SetTranslatableHint(wxTRANSLATE("Code or name of a currency"));
+    m_search->SetMaxLength(kMostLetters);
+    accessibility::SetName(*m_search, i18n::Translated("Search"));
+    m_list = new RowList(this,
+                         {{i18n::Translated("Code"), 64},
+                          {i18n::Translated("Currency"), 220},
+                          {i18n::Translated("Rate for 1 EUR"), 136, wxLIST_FORMAT_RIGHT},
+                          {i18n::Translated("Stored on"), 110},
+                          {i18n::Translated("Origin"), 90}},
+                         kName);
+    m_list->SetMinSize(FromDIP(wxSize(660, 300)));
+    accessibility::SetName(*m_list, i18n::Translated("Currencies"));
+    auto* outer = new wxBoxSizer(wxVERTICAL);
+    const wxSizerFlags spaced = wxSizerFlags().Expand().Border(wxALL, FromDIP(kGap));
+    outer->Add(m_search, spaced);
+    outer->Add(m_list, wxSizerFlags(spaced).Proportion(1));
+    outer->Add(MakeRateRow(), spaced);
+    outer->Add(MakeButtonRow(), spaced);
+    m_search->Bind(wxEVT_TEXT, [this](wxCommandEvent&) {
+        m_list->SetSearch(m_search->GetValue());
+        ShowSelected();
+    });
+    for (const auto& type : {wxEVT_LIST_ITEM_SELECTED, wxEVT_LIST_ITEM_DESELECTED})
+        m_list->Bind(type, [this](wxListEvent&) { QueueSelected(); });
+    m_list->Bind(wxEVT_LIST_ITEM_ACTIVATED, [this](wxListEvent&) { m_rate->SetFocus(); });
+    Bind(wxEVT_CHAR_HOOK, &RatesDialog::OnCharHook, this);
+    LoadRates();
+    SetSizerAndFit(outer);
+    SetEscapeId(wxID_CANCEL);
+    m_search->SetFocus();
+    CentreOnParent();
+}
+
+wxSizer* RatesDialog::MakeRateRow()
+{
+    auto* row = new wxBoxSizer(wxHORIZONTAL);
+    const wxSizerFlags next = wxSizerFlags().CentreVertical().Border(wxRIGHT, FromDIP(kGap));
+    row->Add(new wxStaticText(this, wxID_ANY, i18n::Translated("1 EUR =")), next);
+    m_rate = new wxTextCtrl(this, wxID_ANY, wxString(), wxDefaultPosition, FromDIP(wxSize(128, -1)),
+                            wxTE_RIGHT | wxTE_PROCESS_ENTER);
+    m_rate->SetMaxLength(kMostLetters);
+    row->Add(m_rate, next);
+    m_code = new wxStaticText(this, wxID_ANY, "XXX");
+    row->Add(m_code, next);
+    m_set = NewButton(this, i18n::Translated("&Set rate"),
+                      i18n::Translated("Store the typed rate of this currency"), [this] { SetRate(); });
+    row->Add(m_set, next);
+    m_copy = NewButton(this, i18n::Translated("&Copy rate"),
+                       i18n::Translated("Copy the rate to the clipboard"), [this] { CopyRate(); });
+    row->Add(m_copy);
+    m_rate->Bind(wxEVT_TEXT, [this](wxCommandEvent&) { RefreshButtons(); });
+    m_rate->Bind(wxEVT_TEXT_ENTER, [this](wxCommandEvent&) { SetRate(); });
+    return row;
+}
+
+wxSizer* RatesDialog::MakeButtonRow()
+{
+    auto* row = new wxBoxSizer(wxHORIZONTAL);
+    auto* help = new wxButton(this, wxID_HELP, i18n::Translated("&Help"));
+    help->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { ShowHelp(); });
+    row->Add(help, wxSizerFlags().Border(wxRIGHT, FromDIP(kGap)));
+    row->Add(NewButton(this, i18n::Translated("&Update rates"), i18n::Translated("Update conversion rates"),
+                       [this] { UpdateRates(); }));
+    row->AddStretchSpacer();
+    row->Add(new wxButton(this, wxID_CANCEL, i18n::Translated("C&lose")));
+    return row;
+}
+
+bool RatesDialog::Guarded(const std::function<void()>& action)
+{
+    try {
+        action();
+        return true;
+    } catch (const std::exception& error) {
+        dialogs::ShowMessage(this, MessageOf(error), GetTitle(), wxICON_ERROR);
+        return false;
+    }
+}
+
+void RatesDialog::LoadRates()
+{
+    Guarded([this] { m_currencies = currency_table::Load(); });
+    std::vector<RowList::Row> rows;
+    for (const Currency& currency : m_currencies)
+        rows.push_back(
+            {currency.code, currency.name, RateText(currency.rate), currency.day, OriginText(currency)});
+    m_list->SetRows(std::move(rows));
+    ShowSelected();
+}
+
+const Currency* RatesDialog::Selected() const
+{
+    const auto row = m_list->GetSelectedRow();
+    return row ? &m_currencies.at(*row) : nullptr;
+}
+
+void RatesDialog::QueueSelected()
+{
+    // Between one row and the next none is selected, and the field would lose the focus.
+    if (m_isQueued)
+        return;
+    m_isQueued = true;
+    CallAfter([this] {
+        m_isQueued = false;
+        ShowSelected();
+    });
+}
+
+void RatesDialog::ShowSelected()
+{
+    const Currency* currency = Selected();
+    m_rate->ChangeValue(currency != nullptr ? RateText(currency->rate) : wxString());
+    m_rate->DiscardEdits();
+    m_code->SetLabel(currency != nullptr ? currency->code : wxString());
+    accessibility::SetName(
+        *m_rate, accessibility::NameWithUnit(i18n::Translated("Rate for 1 EUR"), m_code->GetLabel()));
+    RefreshButtons();
+}
+
+void RatesDialog::RefreshButtons()
+{
+    const Currency* currency = Selected();
+    const bool isFree = currency != nullptr && currency->code != conversion_rate::kBase.data();
+    const bool isGood = currency_table::ParseRate(m_rate->GetValue()).has_value();
+    const bool isFault = isFree && !isGood && !m_rate->IsEmpty();
+    m_rate->Enable(isFree);
+    m_rate->SetBackgroundColour(isFault ? wxColour(255, 160, 144) : wxNullColour);
+    m_rate->SetForegroundColour(isFault ? *wxBLACK : wxNullColour);
+    m_rate->SetToolTip(isFault ? i18n::Translated("A rate is a number from 0.000001 to 1,000,000,000.")
+                               : wxString());
+    m_rate->Refresh();
+    m_set->Enable(isFree && isGood);
+    m_copy->Enable(currency != nullptr && !std::isnan(currency->rate));
+}
+
+void RatesDialog::UpdateRates()
+{
+    if (UpdateConversionRates(this))
+        LoadRates();
+}
+
+void RatesDialog::SetRate()
+{
+    const Currency* currency = Selected();
+    const auto rate = currency_table::ParseRate(m_rate->GetValue());
+    // A rate that nobody touched keeps the digits that are not shown.
+    if (currency == nullptr || !rate || !m_set->IsEnabled() || m_rate->GetValue() == RateText(currency->rate))
+        return;
+    if (Guarded([&] { ProjectDatabase::SetConversionRate(currency->code.utf8_string(), *rate); }))
+        LoadRates();
+}
+
+void RatesDialog::CopyRate()
+{
+    wxClipboardLocker lock;
+    if (!!lock && Selected() != nullptr)
+        wxTheClipboard->SetData(new wxTextDataObject(RateText(Selected()->rate)));
+}
+
+void RatesDialog::ShowHelp() const
+{
+    if (m_help != nullptr)
+        m_help->DisplayHelpSection(kHelpPage);
+}
+
+void RatesDialog::OnCharHook(wxKeyEvent& event)
+{
+    // From the search to what it found.
+    if (event.GetKeyCode() == WXK_DOWN && m_search->HasFocus())
+        m_list->SetFocus();
+    else if (event.GetKeyCode() == WXK_F1)
+        ShowHelp();
+    else
+        event.Skip();
+}
