@@ -45,6 +45,9 @@ struct wxCurlBase::Sink
     Clock::time_point begun = Clock::now();
     Clock::time_point told = {};
     std::array<char, CURL_ERROR_SIZE> detail{};
+    /// An answer with a bound until it is over: a stream in memory grows by exactly what it is given, so that
+    /// each piece would copy all that came before.
+    std::string kept = {};
 
     bool IsBounded() const { return most >= 0; }
     std::size_t Write(const char* data, std::size_t size)
@@ -52,10 +55,20 @@ struct wxCurlBase::Sink
         isTooLong = IsBounded() && written + static_cast<std::int64_t>(size) > most;
         if (isTooLong || session.IsCancelled())
             return 0;
-        stream.Write(data, size);
-        const std::size_t taken = stream.LastWrite();
+        std::size_t taken = size;
+        if (IsBounded()) {
+            kept.append(data, size);
+        } else {
+            stream.Write(data, size);
+            taken = stream.LastWrite();
+        }
         written += static_cast<std::int64_t>(taken);
         return taken;
+    }
+    /// Hands over what was kept, be it all or the beginning.
+    bool HandOver() const
+    {
+        return kept.empty() || stream.Write(kept.data(), kept.size()).LastWrite() == kept.size();
     }
     bool Follow(std::int64_t total, std::int64_t done)
     {
@@ -251,6 +264,8 @@ bool wxCurlBase::Perform(wxOutputStream& answer, bool inMemory, long redirects)
         SetCommonOptions(handle.Get(), sink, redirects);
         DoSetOptions(handle.Get());
         result = handle.Perform([this] { return !IsCancelled(); });
+        if (!sink.HandOver() && result == CURLE_OK)
+            result = CURLE_WRITE_ERROR;
         Judge(handle.Get(), result, sink);
         DoClearOptions();
     } else {
