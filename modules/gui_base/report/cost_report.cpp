@@ -61,11 +61,12 @@ public:
     {
         return Unit(m_project.GetDetails().At(key).GetUnit());
     }
-    /// Money without fractions where it is much.
+    /// Money to the cent, and without fractions where it is much.
     std::string Money(double euro) const
     {
         const double amount = euro * m_currency.factor;
-        return m_context.Number(std::abs(amount) < 1'000.0 ? amount : std::round(amount), 12);
+        const double steps = std::abs(amount) < 1'000.0 ? 100.0 : 1.0;
+        return m_context.Number(std::round(amount * steps) / steps, 12);
     }
     const ReportContext& Context() const { return m_context; }
     const iex::IEXProject& Project() const { return m_project; }
