@@ -67,12 +67,10 @@ bool UpdateConversionRates(wxWindow* parent)
                              i18n::Translated("Conversion Rate Update Info"), wxICON_INFORMATION);
         return true;
     }
-    wxString text = i18n::Translated("Update of conversion rates failed.");
-    if (!error.empty()) {
+    if (!error.empty())
         wxLogWarning("%s", error);
-        text += "\n" + error;
-    }
-    dialogs::ShowMessage(parent, text, i18n::Translated("Conversion Rate Update Error"), wxICON_ERROR);
+    dialogs::ShowMessage(parent, i18n::Translated("Update of conversion rates failed."),
+                         i18n::Translated("Conversion Rate Update Error"), wxICON_ERROR, error);
     return false;
 }
 
