@@ -190,12 +190,10 @@ void Write(const Options& options, std::ostream& err)
         [&err](const Logger::Entry& entry) { err << "tarnvik: " << entry.text << '\n'; });
     CheckOutput(options);
     SwitchLanguage(wxString::FromUTF8(options.language));
-    std::vector<std::unique_ptr<ReportPageSource>> owned;
+    const std::vector<std::unique_ptr<ReportPageSource>> owned = ReportSources(*project);
     std::vector<const ReportPageSource*> sources;
-    for (const Module& module : Modules()) {
-        if (module.makeReport != nullptr && module.isFor(*project))
-            sources.push_back(owned.emplace_back(module.makeReport(*project)).get());
-    }
+    for (const auto& source : owned)
+        sources.push_back(source.get());
     const ReportBuilder builder(sources, MakeContext(options, *project));
     const std::string name = std::filesystem::path(options.file).stem().string();
     report::Document document =

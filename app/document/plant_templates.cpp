@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/document/plant_templates.h"
 
+#include "app/document/example_prices.h"
 #include "app/document/templates.h"
 
 #include <wx/translation.h>
@@ -116,6 +117,7 @@ std::unique_ptr<iex::IEXProject> NewProjectFrom(const PlantTemplate& plant)
         project->GetDetails().At("project/qbrutto").SetValue(plant.flow);
         project->GetDetails().At("project/lz").SetValue(plant.hours);
     }
+    SetExamplePrices(*project);
     project->SetChanged(false);
     return project;
 }

@@ -43,17 +43,6 @@ wxSize InitialSize(const wxWindow& window)
     return size;
 }
 
-/// The pages of every module that the project has.
-std::vector<std::unique_ptr<ReportPageSource>> ReportSources(const Project& project)
-{
-    std::vector<std::unique_ptr<ReportPageSource>> sources;
-    for (const Module& module : Modules()) {
-        if (module.makeReport != nullptr && module.isFor(project))
-            sources.push_back(module.makeReport(project));
-    }
-    return sources;
-}
-
 /// "Undo change of Sodium", "Undo add water".
 wxString HistoryText(const char* bare, const char* change, const char* edit, const UndoStep* step)
 {

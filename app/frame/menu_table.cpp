@@ -135,6 +135,8 @@ constexpr std::array kToolsMenu{
         wxTRANSLATE("&Remove water"), "", [](MainFrame& frame) { frame.Waters().Remove(); }, wxID_ANY,
         &HasWater),
     kSeparator,
+    Row(wxTRANSLATE("Data s&heets..."), "", [](MainFrame& frame) { frame.Services().ShowDataSheets(); }),
+    Row(wxTRANSLATE("&Currency rates..."), "", [](MainFrame& frame) { frame.Services().ShowRates(); }),
     Row(wxTRANSLATE("C&onnection..."), "", [](MainFrame& frame) { frame.Services().ShowConnection(); }),
 };
 

@@ -3,6 +3,8 @@
 
 #include "app/frame/main_frame.h"
 #include "gui_base/network/connection_dialog.h"
+#include "gui_base/network/data_sheet_dialog.h"
+#include "gui_base/network/rates_dialog.h"
 #include "gui_base/network/update_dialog.h"
 
 namespace app {
@@ -25,6 +27,18 @@ void NetworkCommands::ShowUpdates()
         m_updates = new UpdateDialog(&m_frame, TARNVIK_VERSION);
     m_updates->Show();
     m_updates->Raise();
+}
+
+void NetworkCommands::ShowDataSheets()
+{
+    DataSheetDialog::ShowFor(&m_frame, {}, m_frame.GetHelp());
+}
+
+void NetworkCommands::ShowRates()
+{
+    RatesDialog dialog(&m_frame);
+    dialog.SetHelp(m_frame.GetHelp());
+    dialog.ShowModal();
 }
 
 }  // namespace app

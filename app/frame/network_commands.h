@@ -21,6 +21,9 @@ public:
     void ShowConnection();
     /// The dialog as it was left, with its download, or a new one.
     void ShowUpdates();
+    /// Of all products.
+    void ShowDataSheets();
+    void ShowRates();
 
 private:
     MainFrame& m_frame;

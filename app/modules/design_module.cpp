@@ -32,8 +32,8 @@ Module DesignModule()
             .isFor = IsFor,
             .holds = Holds,
             .makePage = [](const PageContext& context, OwnerNode&) -> ModulePage {
-                return {.panel =
-                            new DesignPanel(dynamic_cast<iex::IEXProject&>(context.project), context.parent)};
+                return {.panel = new DesignPanel(dynamic_cast<iex::IEXProject&>(context.project),
+                                                 context.parent, context.help)};
             },
             .makeReport = [](const Project& project) -> std::unique_ptr<ReportPageSource> {
                 return std::make_unique<DesignReport>(project);

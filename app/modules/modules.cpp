@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "app/modules/base/module.h"
+#include "gui_base/report/range_report.h"
 
 #include <array>
 
@@ -20,6 +21,17 @@ std::span<const Module> Modules()
                                     DesignModule(),     OverviewModule(), RegenerationModule(),
                                     WasteWaterModule(), ChartModule()};
     return modules;
+}
+
+std::vector<std::unique_ptr<ReportPageSource>> ReportSources(const Project& project)
+{
+    std::vector<std::unique_ptr<ReportPageSource>> sources;
+    for (const Module& module : Modules()) {
+        if (module.makeReport != nullptr && module.isFor(project))
+            sources.push_back(module.makeReport(project));
+    }
+    sources.push_back(std::make_unique<RangeReport>(project));
+    return sources;
 }
 
 }  // namespace app

@@ -22,6 +22,8 @@
 #include "gui_base/ionexchange/whatif/what_if_grid_pair_loader.h"
 #include "gui_base/network/authentication_entry_dialog.h"
 #include "gui_base/network/connection_dialog.h"
+#include "gui_base/network/data_sheet_dialog.h"
+#include "gui_base/network/rates_dialog.h"
 #include "gui_base/network/update_dialog.h"
 #include "gui_base/support/translation.h"
 #include "gui_base/support/window_picture.h"
@@ -153,6 +155,8 @@ public:
     void TakeModules();
     void TakeDialogs();
     void TakeServices(wxWindow& owner);
+    void TakeDataSheets(wxWindow& owner);
+    void TakeRates(wxWindow& owner);
     void TakeWasteWater(wxWindow& owner);
     void TakeWhatIf(wxWindow& owner);
 
@@ -326,6 +330,29 @@ void Tour::TakeServices(wxWindow& owner)
     TakeDialog(user, "proxy_user");
     UpdateDialog updates(&owner, TARNVIK_VERSION);
     TakeDialog(updates, "updates");
+    TakeDataSheets(owner);
+    TakeRates(owner);
+}
+
+void Tour::TakeDataSheets(wxWindow& owner)
+{
+    DataSheetDialog sheets(&owner);
+    sheets.SetSheets(
+        {{"sac_gel", "final", "en", {}, {}, {}},
+         {"sac_gel", "preliminary", "de", {}, {}, {}},
+         {"sba_1", "unknown", "fr", {}, {}, {}}},
+        {{"sac_gel", {}, "en", "EU", "Morvane", "1"}, {"sba_1", {}, "en", "US", "Morvane", "2"}});
+    TakeDialog(sheets, "data_sheets");
+}
+
+void Tour::TakeRates(wxWindow& owner)
+{
+    ProjectDatabase::Transaction unsaved;
+    ProjectDatabase::SetConversionRates(
+        {{"EUR", 1.0}, {"AED", 4.2504}, {"AFN", 81.95}, {"ALL", 97.4}, {"AMD", 445.2}, {"ARS", 1678.5}});
+    ProjectDatabase::SetConversionRate("AUD", 1.765);
+    RatesDialog rates(&owner);
+    TakeDialog(rates, "currency_rates");
 }
 
 void Tour::TakeWasteWater(wxWindow& owner)

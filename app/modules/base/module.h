@@ -10,6 +10,7 @@
 #include <memory>
 #include <span>
 #include <string>
+#include <vector>
 
 class ModulePanelBase;
 class Project;
@@ -64,5 +65,9 @@ struct Module
 
 /// All modules in the order of the tree and of the report.
 std::span<const Module> Modules();
+
+/// The pages of the modules that a project has, and at the end what is out of range. The project outlives
+/// them.
+std::vector<std::unique_ptr<ReportPageSource>> ReportSources(const Project& project);
 
 }  // namespace app

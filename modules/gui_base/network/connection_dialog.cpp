@@ -146,7 +146,7 @@ wxSizer* ConnectionDialog::MakeProxyBox()
     };
     m_useProxy = addCheck(i18n::Translated("&Use a proxy server"));
     m_http = AddAddress(parent, *addGrid(4), i18n::Translated("Proxy for HTTP"), "HTTP");
-    m_sameProxy = addCheck(i18n::Translated("&The same proxy for HTTPS"));
+    m_sameProxy = addCheck(i18n::Translated("Sa&me proxy for HTTPS"));
     m_https = AddAddress(parent, *addGrid(4), i18n::Translated("Proxy for HTTPS"), "HTTPS");
     m_useAuthentication = addCheck(i18n::Translated("The proxy server &asks for a user"));
     wxFlexGridSizer* user = addGrid(2);
@@ -181,7 +181,7 @@ wxSizer* ConnectionDialog::MakeTestBox()
     line->Add(m_activity, wxSizerFlags(next).ReserveSpaceEvenIfHidden());
     m_makeProtocol =
         addButton(*line, i18n::Translated("Test with &protocol"), &ConnectionDialog::MakeProtocol);
-    m_copy = addButton(*line, i18n::Translated("C&opy protocol"), &ConnectionDialog::CopyProtocol);
+    m_copy = addButton(*line, i18n::Translated("Cop&y protocol"), &ConnectionDialog::CopyProtocol);
     box->Add(line, row);
     m_result = new wxStaticText(parent, wxID_ANY, wxString());
     box->Add(m_result, row);

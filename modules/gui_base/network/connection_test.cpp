@@ -83,8 +83,11 @@ int ConnectionTest::RequestBySystem()
 int ConnectionTest::RequestWithCredentials(bool silent)
 {
     if (silent) {
-        m_error = i18n::Translated(
-            "The proxy server asks for a user ID and a password. Enter them under Tools, Connection.");
+        const bool hasUser = m_settings.useAuthentication && !m_settings.user.empty();
+        m_error = hasUser ? i18n::Translated("User ID or password invalid.")
+                          : i18n::Translated(
+                                "The proxy server asks for a user ID and a password. Enter them "
+                                "under Tools, Connection.");
         return kProxyWantsUser;
     }
     const wxBusyCursorSuspender waiting;

@@ -104,13 +104,13 @@ DataSheetDialog::DataSheetDialog(wxWindow* parent, const wxString& product)
     outer->Add(MakeFilterRow(), spaced);
     m_list = new RowList(this,
                          {{Translated("Product"), 250},
-                          {Translated("Sheet"), 150},
+                          {Translated("Sheet"), 164},
                           {Translated("Language"), 100},
                           {Translated("Status"), 100},
-                          {Translated("Legal area"), 90},
+                          {Translated("Legal area"), 104},
                           {Translated("Company"), 130}},
                          0);
-    m_list->SetMinSize(FromDIP(wxSize(860, 300)));
+    m_list->SetMinSize(FromDIP(wxSize(900, 300)));
     accessibility::SetName(*m_list, GetTitle());
     outer->Add(m_list, wxSizerFlags(spaced).Proportion(1));
     outer->Add(MakeButtonRow(), spaced);

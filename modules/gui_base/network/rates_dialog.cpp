@@ -88,10 +88,10 @@ RatesDialog::RatesDialog(wxWindow* parent)
                          {{i18n::Translated("Code"), 64},
                           {i18n::Translated("Currency"), 220},
                           {i18n::Translated("Rate for 1 EUR"), 136, wxLIST_FORMAT_RIGHT},
-                          {i18n::Translated("Stored on"), 110},
+                          {i18n::Translated("Stored on"), 124},
                           {i18n::Translated("Origin"), 90}},
                          kName);
-    m_list->SetMinSize(FromDIP(wxSize(660, 300)));
+    m_list->SetMinSize(FromDIP(wxSize(680, 300)));
     accessibility::SetName(*m_list, i18n::Translated("Currencies"));
     auto* outer = new wxBoxSizer(wxVERTICAL);
     const wxSizerFlags spaced = wxSizerFlags().Expand().Border(wxALL, FromDIP(kGap));

@@ -94,7 +94,8 @@ void UpdateDialog::MakeControls()
     m_gauge = new wxGauge(this, wxID_ANY, kSteps);
     accessibility::SetName(*m_gauge, i18n::Translated("Progress"));
     outer->Add(m_gauge, spaced);
-    m_state = new wxStaticText(this, wxID_ANY, wxString());
+    m_state =
+        new wxStaticText(this, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize, wxST_ELLIPSIZE_MIDDLE);
     outer->Add(m_state, spaced);
     auto* line = new wxBoxSizer(wxHORIZONTAL);
     m_check = AddButton(*line, i18n::Translated("Check &now"), &UpdateDialog::Check);

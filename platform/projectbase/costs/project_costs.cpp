@@ -204,7 +204,8 @@ iex::CostMap CapitalLines(const iex::IEXProject& project)
     iex::CostMap map;
     const auto addResin = [&](std::string_view suffix) {
         const std::string price = Key("cc.cost.", suffix);
-        map[price] = {KnownOr0(Number(project, Key("cc.volume.", suffix))), Number(project, price)};
+        const double litres = 1'000.0 * KnownOr0(Number(project, Key("cc.volume.", suffix)));
+        map[price] = {litres, Number(project, price)};
     };
     for (int n = 1; n <= kResins; ++n)
         addResin(fmt::format("resin{}", n));

@@ -40,6 +40,9 @@ constexpr double kKilograin = kGrain * 1.0e6 / kGramCaCO3PerEquivalent;    // eq
 
 // The rows are sorted by the bytes of their ISO unit.
 constexpr std::array kRows{
+    Row{"EUR/kg", {"EUR/lb", 1.0 / kPound}, {"EUR/lb", 1.0 / kPound}},
+    Row{"EUR/l", {"EUR/ft3", 1.0e-3 / kCubicFoot}, {"EUR/ft3", 1.0e-3 / kCubicFoot}},
+    Row{"EUR/m3", {"EUR/kgal", 1.0e-3 / kGallon}, {"EUR/kigal", 1.0e-3 / kImperialGallon}},
     Row{"Pa", {"psi", kPsi}, {"psi", kPsi}},
     Row{"bar", {"psi", kPsi / 1.0e5}, {"psi", kPsi / 1.0e5}},
     Row{"bar/m", {"psi/ft", kPsi / 1.0e5 / kFoot}, {"psi/ft", kPsi / 1.0e5 / kFoot}},

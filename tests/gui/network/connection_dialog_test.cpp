@@ -76,7 +76,7 @@ TEST_F(ConnectionDialogTest, AProxyIsTypedTestedAndKept)
     Open();
     EXPECT_FALSE(Field("Proxy for HTTP").IsEnabled());
     TypeProxy("127.0.0.1", PortOf(proxy));
-    Check("&The same proxy for HTTPS");
+    Check("Sa&me proxy for HTTPS");
     EXPECT_FALSE(Field("Proxy for HTTPS").IsEnabled());
     EXPECT_EQ(Test(), "The proxy server asks for a user ID and a password.");
     Check("The proxy server &asks for a user");
@@ -92,7 +92,7 @@ TEST_F(ConnectionDialogTest, AProxyIsTypedTestedAndKept)
     EXPECT_THAT(protocol, HasSubstr(" - Proxy authentication for user: ann\n"));
     EXPECT_THAT(protocol, HasSubstr("> GET http://services.invalid/connectiontest.html"));
     EXPECT_THAT(protocol, Not(HasSubstr("s3cret")));
-    gui_test::Click(Button("C&opy protocol"));
+    gui_test::Click(Button("Cop&y protocol"));
     wxTextDataObject copied;
     {
         wxClipboardLocker lock;

@@ -40,8 +40,8 @@ constexpr std::array kLineResults{
 
 }  // namespace
 
-DesignPanel::DesignPanel(iex::IEXProject& project, wxWindow* parent)
-    : FormPanel(&project, project.GetDetails(), parent), m_plant(project)
+DesignPanel::DesignPanel(iex::IEXProject& project, wxWindow* parent, const TVHelpFileProvider* help)
+    : FormPanel(&project, project.GetDetails(), parent), m_plant(project), m_help(help)
 {
     Create();
 }
@@ -68,7 +68,7 @@ void DesignPanel::DoCreateForm()
     outer->Add(line, spaced);
     for (const auto& exchanger : m_plant.GetRoot().GetChildren(OwnerKind::Exchanger)) {
         auto* box = new wxStaticBoxSizer(wxVERTICAL, this);
-        m_blocks.push_back(std::make_unique<ExchangerBlock>(m_plant, *exchanger, GetFields(), *box));
+        m_blocks.push_back(std::make_unique<ExchangerBlock>(m_plant, *exchanger, GetFields(), *box, m_help));
         m_kept.push_back(exchanger);
         outer->Add(box, spaced);
     }

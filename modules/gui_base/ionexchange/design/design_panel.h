@@ -11,11 +11,13 @@
 #include <memory>
 #include <vector>
 
+class TVHelpFileProvider;
+
 class GUI_BASE_EXPORT DesignPanel : public FormPanel
 {
 public:
-    /// The project outlives the panel.
-    DesignPanel(iex::IEXProject& project, wxWindow* parent);
+    /// The project outlives the panel, and so does the user guide, which may be null.
+    DesignPanel(iex::IEXProject& project, wxWindow* parent, const TVHelpFileProvider* help = nullptr);
 
     /// Whether the panel shows that value of the project, an exchanger or its parts.
     static bool Shows(std::string_view key);
@@ -43,6 +45,7 @@ private:
     std::vector<DetailOwner> PartsNow() const;
 
     iex::IEXProject& m_plant;
+    const TVHelpFileProvider* m_help;
     tvChoice* m_water = nullptr;  ///< which of the waters feeds the plant; null where none does
     std::vector<std::unique_ptr<ExchangerBlock>> m_blocks;
     /// The fields hold on to the details of these, also after they left the project.

@@ -6,6 +6,7 @@
 #include "gui_base/input/form/form_grid.h"
 #include "gui_base/input/form/shown_context.h"
 #include "gui_base/ionexchange/exchanger_name.h"
+#include "gui_base/network/data_sheet_dialog.h"
 #include "gui_base/report/design_report.h"
 #include "gui_base/report/range_sentence.h"
 #include "gui_base/support/translation.h"
@@ -114,8 +115,8 @@ void Append(std::string& text, const std::vector<designtext::Line>& lines)
 }  // namespace
 
 ExchangerBlock::ExchangerBlock(iex::IEXProject& project, OwnerNode& exchanger, FieldSet& fields,
-                               wxStaticBoxSizer& box)
-    : m_project(project), m_exchanger(exchanger), m_fields(fields), m_box(*box.GetStaticBox())
+                               wxStaticBoxSizer& box, const TVHelpFileProvider* help)
+    : m_project(project), m_exchanger(exchanger), m_fields(fields), m_box(*box.GetStaticBox()), m_help(help)
 {
     wxWindow* const parent = &m_box;
     const wxSizerFlags spaced = wxSizerFlags().Border(wxALL, parent->FromDIP(form::kGap));
@@ -179,20 +180,30 @@ void ExchangerBlock::AddHeading(wxWindow* parent, wxSizer& grid, std::size_t com
     grid.AddSpacer(0);
 }
 
+void ExchangerBlock::AddResin(wxWindow* parent, wxSizer& inputs, wxSizer& results,
+                              const std::shared_ptr<OwnerNode>& resin, bool isRemovable)
+{
+    AddRows(parent, inputs, *resin, kResinInputs);
+    std::vector<Button> buttons{{wxTRANSLATE("Data sheets..."), [this, resin] {
+                                     DataSheetDialog::ShowFor(
+                                         &m_box, resin->GetDetails()->At("compcomp/resin").GetStringValue(),
+                                         m_help);
+                                 }}};
+    if (isRemovable)
+        buttons.push_back({wxTRANSLATE("Remove layer"), [this, resin] {
+                               const ProjectEdit edit(m_project, wxTRANSLATE("remove resin layer"));
+                               m_project.RemoveOwner(*resin);
+                           }});
+    AddButtons(parent, inputs, buttons);
+    AddRows(parent, results, *resin, kResinResults);
+}
+
 void ExchangerBlock::AddCompartment(wxWindow* parent, wxSizer& inputs, wxSizer& results,
                                     OwnerNode& compartment)
 {
     const auto resins = compartment.GetChildren(OwnerKind::Resin);
-    for (const auto& resin : resins) {
-        AddRows(parent, inputs, *resin, kResinInputs);
-        if (resins.size() > 1)
-            AddButtons(parent, inputs, {{wxTRANSLATE("Remove layer"), [this, resin] {
-                                             const ProjectEdit edit(m_project,
-                                                                    wxTRANSLATE("remove resin layer"));
-                                             m_project.RemoveOwner(*resin);
-                                         }}});
-        AddRows(parent, results, *resin, kResinResults);
-    }
+    for (const auto& resin : resins)
+        AddResin(parent, inputs, results, resin, resins.size() > 1);
     AddButtons(
         parent, inputs,
         {{wxTRANSLATE("Add layer below"), [this, &compartment] { m_project.AddResin(compartment, 0); }},

@@ -12,17 +12,22 @@
 #include <wx/stattext.h>
 
 #include <functional>
+#include <memory>
 #include <span>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
 
+class TVHelpFileProvider;
+
 class ExchangerBlock
 {
 public:
-    /// Makes the controls of an exchanger in `box`, bound by `fields`. The exchanger outlives them.
-    ExchangerBlock(iex::IEXProject& project, OwnerNode& exchanger, FieldSet& fields, wxStaticBoxSizer& box);
+    /// Makes the controls of an exchanger in `box`, bound by `fields`. The exchanger outlives them, and so
+    /// does the user guide, which may be null.
+    ExchangerBlock(iex::IEXProject& project, OwnerNode& exchanger, FieldSet& fields, wxStaticBoxSizer& box,
+                   const TVHelpFileProvider* help);
 
     /// Whether a row of a block shows that value.
     static bool Shows(std::string_view key);
@@ -43,6 +48,8 @@ private:
     void AddRows(wxWindow* parent, wxSizer& grid, OwnerNode& owner, std::span<const FormRow> rows);
     void AddCompartment(wxWindow* parent, wxSizer& inputs, wxSizer& results, OwnerNode& compartment);
 
+    void AddResin(wxWindow* parent, wxSizer& inputs, wxSizer& results,
+                  const std::shared_ptr<OwnerNode>& resin, bool isRemovable);
     void AddHeading(wxWindow* parent, wxSizer& grid, std::size_t compartment);
     void AddButtons(wxWindow* parent, wxSizer& grid, const std::vector<Button>& buttons);
 
@@ -50,6 +57,7 @@ private:
     OwnerNode& m_exchanger;
     FieldSet& m_fields;
     wxStaticBox& m_box;
+    const TVHelpFileProvider* m_help;
     wxStaticText* m_notes = nullptr;
     std::vector<std::pair<const DetailData*, wxWindow*>> m_windows;
 };

@@ -3,6 +3,7 @@
 
 #include "gui_base/input/controls/tv_button.h"
 #include "gui_base/input/controls/tv_choiceadv.h"
+#include "gui_base/network/data_sheet_dialog.h"
 #include "tests/support/gui_test.h"
 #include "tests/support/plant_fixture.h"
 #include "tests/support/project_history.h"
@@ -45,6 +46,21 @@ protected:
     iex::IEXProject m_project{"DEMI"};
     DesignPanel* m_panel = nullptr;
 };
+
+TEST_F(DesignPanelTest, OffersTheDataSheetsOfTheResinThatIsChosen)
+{
+    DialogAnswers answers;
+    wxString product;
+    answers.Expect([&product](wxDialog& dialog) {
+        EXPECT_NE(dynamic_cast<DataSheetDialog*>(&dialog), nullptr);
+        product = Find<wxChoice>(dialog, "Product").GetStringSelection();
+        return wxID_CANCEL;
+    });
+    support::Detail(m_project, "ex.1.comp.1.resin.1", "compcomp/resin").SetValue("wac_acrylic");
+    Click(Labelled<TvButton>(*m_panel, "Data sheets..."));
+    ASSERT_TRUE(PumpUntil([&product] { return !product.empty(); }));
+    EXPECT_EQ(product, "Weak-acid cation resin, acrylic (wac_acrylic)");
+}
 
 TEST_F(DesignPanelTest, ShowsWhatFollowsFromWhatIsTyped)
 {

@@ -59,8 +59,8 @@ TEST(ProjectCosts, LinesPricesAndResultsAgree)
     {
         const ProjectEdit edit(*project);
         for (const auto& [key, value] :
-             std::initializer_list<std::pair<const char*, double>>{{"cost/cc.cost.resin1", 2500.0},
-                                                                   {"cost/cc.cost.resin2", 6000.0},
+             std::initializer_list<std::pair<const char*, double>>{{"cost/cc.cost.resin1", 2.5},
+                                                                   {"cost/cc.cost.resin2", 6.0},
                                                                    {"cost/cc.cost.piping", 10000.0},
                                                                    {"cost/cc.cost.logistics", 500.0},
                                                                    {"cost/op.cost.regen1", 0.5},
