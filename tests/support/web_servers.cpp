@@ -113,19 +113,19 @@ std::string WebServers::Https(const std::string& path) const
     return Address("https", m_https, path);
 }
 
-std::string WebServers::Expired() const
+std::string WebServers::Expired(const std::string& path) const
 {
-    return Address("https", m_expired, kTestPage);
+    return Address("https", m_expired, path);
 }
 
-std::string WebServers::WrongHost() const
+std::string WebServers::WrongHost(const std::string& path) const
 {
-    return Address("https", m_wrongHost, kTestPage);
+    return Address("https", m_wrongHost, path);
 }
 
-std::string WebServers::UnknownRoot() const
+std::string WebServers::UnknownRoot(const std::string& path) const
 {
-    return Address("https", m_unknownRoot, kTestPage);
+    return Address("https", m_unknownRoot, path);
 }
 
 }  // namespace support

@@ -44,9 +44,9 @@ public:
     std::string Http(const std::string& path = kTestPage) const;
     std::string Https(const std::string& path = kTestPage) const;
     /// The same pages behind certificates that no client should take.
-    std::string Expired() const;
-    std::string WrongHost() const;
-    std::string UnknownRoot() const;
+    std::string Expired(const std::string& path = kTestPage) const;
+    std::string WrongHost(const std::string& path = kTestPage) const;
+    std::string UnknownRoot(const std::string& path = kTestPage) const;
     /// The root of all certificates but the last.
     std::string CaBundle() const { return m_folder + "/ca.pem"; }
     /// What is served lies here; tests may add files.

@@ -22,7 +22,7 @@ wxString WithoutProtocolName(const wxString& item)
 /// Whether an item ends in a dotted IPv4 address without the digits of a port; a colon may stand there.
 bool IsAddressWithoutPort(const wxString& item)
 {
-    static const RE2 kAddress(R"(.+([0-9]{1,3}\.[0-9]{1,3}\.[0-9]{1,3}\.[0-9]{1,3})\:?([0-9]{1,5})?)");
+    static const RE2 kAddress(".+([0-9]{1,3}\\.[0-9]{1,3}\\.[0-9]{1,3}\\.[0-9]{1,3})\\:?([0-9]{1,5})?");
     std::string address;
     std::string port;
     return RE2::FullMatch(item.utf8_string(), kAddress, &address, &port) && port.empty();

@@ -9,7 +9,6 @@
 #include <wx/app.h>
 #include <wx/init.h>
 
-#include <cstdlib>
 #include <thread>
 
 namespace {
@@ -141,22 +140,6 @@ TEST(CurlHttp, ServersThatFailAreToldAndBounded)
     }
 }
 
-/// Sets a variable of the environment for the life of the object.
-class EnvironmentScope
-{
-public:
-    EnvironmentScope(const char* name, const std::string& value) : m_name(name)
-    {
-        setenv(name, value.c_str(), 1);
-    }
-    ~EnvironmentScope() { unsetenv(m_name); }
-    EnvironmentScope(const EnvironmentScope&) = delete;
-    EnvironmentScope& operator=(const EnvironmentScope&) = delete;
-
-private:
-    const char* m_name;
-};
-
 TEST(CurlHttp, ABoundForAnswersInMemoryIsNoneForFiles)
 {
     const LoopbackServer server([](ServerConnection& connection, const HttpRequest&) {
@@ -187,73 +170,6 @@ TEST(CurlHttp, AnAddressWithoutASchemeIsHttpWhateverItsHostIsCalled)
     }
     EXPECT_EQ(wxCurlHTTP("HTTPS://host/").GetProtocol(), wxCP_HTTPS);
     EXPECT_EQ(wxCurlHTTP("file:///etc/passwd").GetProtocol(), wxCP_INVALID);
-}
-
-TEST(CurlHttp, AProxyThatCanBeNoneIsRefusedBeforeAnythingIsSent)
-{
-    const LoopbackServer server(
-        [](ServerConnection& connection, const HttpRequest&) { connection.Answer(200, "direct"); });
-    struct Case
-    {
-        const char* host;
-        long port;
-        const char* error;
-    };
-    const Case cases[] = {
-        {"127.0.0.1", 0, "the port of the proxy is 0 and not one of 1 to 65535"},
-        {"127.0.0.1", -1, "the port of the proxy is -1"},
-        {"127.0.0.1", 65536, "the port of the proxy is 65536"},
-        {"127.0.0.1", 65536L + 80, "the port of the proxy is 65616"},
-        {"", 3128, "the proxy has no host"},
-    };
-    for (const auto& [host, port, error] : cases) {
-        wxCurlHTTP session(wxString::FromUTF8(server.Url()));
-        session.UseProxy(true);
-        session.SetProxyHost(host);
-        session.SetProxyPort(port);
-        const Transfer result = Get(session);
-        EXPECT_FALSE(result.ok) << error;
-        EXPECT_EQ(result.code, 0) << error;
-        EXPECT_THAT(result.error, HasSubstr(error));
-        session.UseProxy(false);
-        EXPECT_EQ(Get(session).text, "direct") << "what is not used does not matter";
-    }
-}
-
-TEST(CurlHttp, TheSettingsAloneDecideAboutProxies)
-{
-    const LoopbackServer proxy([](ServerConnection& connection, const HttpRequest& request) {
-        if (request.headers.count("proxy-authorization") == 0 || request.method == "CONNECT")
-            connection.Answer(407, {}, "Proxy-Authenticate: Basic realm=\"proxy\"\r\n");
-        else
-            connection.Answer(200, "by proxy");
-    });
-    const LoopbackServer server(
-        [](ServerConnection& connection, const HttpRequest&) { connection.Answer(200, "direct"); });
-    const EnvironmentScope variable("http_proxy", proxy.Url());
-    const EnvironmentScope exceptions("no_proxy", "*");
-    EXPECT_EQ(Get(server.Url()).text, "direct");
-
-    const auto byProxy = [&proxy](const std::string& url) {
-        auto session = std::make_unique<wxCurlHTTP>(wxString::FromUTF8(url));
-        session->UseProxy(true);
-        session->SetProxyHost("127.0.0.1");
-        session->SetProxyPort(proxy.Port());
-        session->SetVerbose(true);
-        return session;
-    };
-    auto session = byProxy(server.Url());
-    EXPECT_EQ(Get(*session).code, 407);
-    session->SetProxyUsername("user");
-    session->SetProxyPassword("sesame");
-    const Transfer result = Get(*session);
-    EXPECT_EQ(result.text, "by proxy");
-    const std::string text = session->GetVerboseString().utf8_string();
-    EXPECT_THAT(text, HasSubstr("Proxy-Authorization: ***"));
-    EXPECT_THAT(text, Not(HasSubstr("dXNlcjpzZXNhbWU=")));
-    EXPECT_THAT(text, Not(HasSubstr("sesame")));
-    // A tunnel that is refused has its code, too.
-    EXPECT_EQ(Get(*byProxy("https://127.0.0.1:1/")).code, 407);
 }
 
 /// Collects the events of transfers.
