@@ -24,30 +24,30 @@ ConnectionTest::ConnectionTest(const wxString& url, const ProxyParameters& setti
     : m_url(url), m_knownUser(settings.user), m_settings(settings), m_protocol(protocol)
 {}
 
-void ConnectionTest::Write(const wxString& line) const
+void ConnectionTest::Write(const wxString& text) const
 {
     if (m_protocol != nullptr)
-        *m_protocol += line + "\n";
+        *m_protocol += text;
 }
 
 void ConnectionTest::WriteHeader() const
 {
-    Write("* Tarnvik TestConnection (SSPI): Current settings");
+    Write("* Tarnvik TestConnection (SSPI): Current settings\n");
     if (m_settings.useProxy) {
-        Write(" - Proxy for HTTP: " + Text(m_settings.For(false)));
+        Write(" - Proxy for HTTP: " + Text(m_settings.For(false)) + "\n");
         if (m_settings.sameProxyForAll)
-            Write(" - Proxy for HTTPS: Same proxy as for HTTP");
+            Write(" - Proxy for HTTPS: Same proxy as for HTTP\n");
         else
-            Write(" - Proxy for HTTPS: " + Text(m_settings.For(true)));
+            Write(" - Proxy for HTTPS: " + Text(m_settings.For(true)) + "\n");
         if (m_settings.useAuthentication)
-            Write(" - Proxy authentication for user: " + m_settings.user);
+            Write(" - Proxy authentication for user: " + m_settings.user + "\n");
         else
-            Write(" - No proxy authentication");
+            Write(" - No proxy authentication\n");
     } else {
-        Write(" - Direct connection without proxy");
+        Write(" - Direct connection without proxy\n");
     }
-    Write("*** Tarnvik TestConnection: Network activity protocol");
-    Write("*** Tarnvik TestConnection: Check with current settings");
+    Write("*** Tarnvik TestConnection: Network activity protocol\n");
+    Write("*** Tarnvik TestConnection: Check with current settings\n");
 }
 
 int ConnectionTest::Request(const ProxySettingEntry& proxy, bool useAuth, const wxString& user,
@@ -75,8 +75,8 @@ int ConnectionTest::RequestBySystem()
     }
     m_hasChanged = m_settings != before;
     Write(m_settings.useProxy
-              ? "*** Tarnvik TestConnection: Recheck with proxy (SSO or no authentication required)"
-              : "*** Tarnvik TestConnection: Recheck without proxy");
+              ? "*** Tarnvik TestConnection: Recheck with proxy (SSO or no authentication required)\n"
+              : "*** Tarnvik TestConnection: Recheck without proxy\n");
     return RequestWithSettings();
 }
 
@@ -104,7 +104,7 @@ int ConnectionTest::RequestWithCredentials(bool silent)
     m_settings.user = dialog.GetUser();
     m_settings.password = dialog.GetPassword();
     m_hasChanged = true;
-    Write("*** Tarnvik TestConnection: Check with proxy and authentication");
+    Write("*** Tarnvik TestConnection: Check with proxy and authentication\n");
     const int code = RequestWithSettings();
     if (code == kProxyWantsUser)
         m_error = i18n::Translated("User ID or password invalid.");

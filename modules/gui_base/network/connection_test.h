@@ -24,7 +24,7 @@ public:
 
 private:
     void WriteHeader() const;
-    void Write(const wxString& line) const;
+    void Write(const wxString& text) const;
     int Request(const ProxySettingEntry& proxy, bool useAuth, const wxString& user, const wxString& password);
     int RequestWithSettings();
     /// After no answer at all: with what the system says of proxies.

@@ -15,7 +15,7 @@ namespace {
 
 struct State
 {
-    bool isVerified = false;
+    bool connectionVerified = false;
     bool isRunning = false;
     long lastCode = 0;
     std::mutex mutex;
@@ -32,18 +32,18 @@ State& TheState()
 
 void Reset()
 {
-    TheState().isVerified = false;
+    TheState().connectionVerified = false;
     TheState().lastCode = 0;
 }
 
 bool IsVerified()
 {
-    return TheState().isVerified;
+    return TheState().connectionVerified;
 }
 
 void SetVerified(bool isVerified)
 {
-    TheState().isVerified = isVerified;
+    TheState().connectionVerified = isVerified;
 }
 
 long LastCode()

@@ -126,19 +126,18 @@ void ClearResinDetails(iex::IEXProject& project)
 
 void CopyVolumeToCostDetails(iex::IEXProject& project)
 {
+    ClearResinDetails(project);
     int n = 0;
     ForEachResin(project, [&](const OwnerNode& node, const design::Resin& resin) {
         if (++n <= kResins)
             SetResin(project, fmt::format("resin{}", n), resin.name,
                      Lines(project) * VolumeOf(project, node));
     });
-    for (++n; n <= kResins; ++n)
-        SetResin(project, fmt::format("resin{}", n), {}, 0.0);
     const char* const inert[] = {"project/vol.inert.total", "project/vol.inert.total.uc"};
     for (std::size_t i = 0; i < kInertSuffixes.size(); ++i) {
         const double volume = KnownOr0(Number(project, inert[i]));
-        SetResin(project, kInertSuffixes[i], volume > 0.0 ? design::FindResin("inert")->name : std::string(),
-                 volume);
+        if (volume > 0.0)
+            SetResin(project, kInertSuffixes[i], design::FindResin("inert")->name, volume);
     }
 }
 
