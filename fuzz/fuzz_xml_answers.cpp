@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
-// What services answer with: rates of currencies, lists of data sheets, errors.
+// What services answer with: rates of currencies, lists of data sheets, updates, errors.
 #include "core/conversion_rate.h"
 #include "gui_base/network/currency_rates.h"
 #include "gui_base/network/data_sheet_lists.h"
 #include "gui_base/network/error_answer.h"
+#include "gui_base/network/update_description.h"
 
 #include <cstdint>
 #include <cstdlib>
@@ -46,6 +47,16 @@ void ReadLists(std::string_view bytes)
     }
 }
 
+void ReadUpdate(std::string_view bytes)
+{
+    const auto update = ReadUpdateDescription(bytes);
+    if (!update)
+        return;
+    Require(!update->file.empty() && update->file.front() != '.' && update->size >= 0);
+    Require(update->file.find_first_of("/\\:") == std::string::npos && update->sha256.size() == 64);
+    Require(!IsNewerVersion(update->version, update->version));
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
@@ -53,6 +64,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::string_view bytes(reinterpret_cast<const char*>(data), size);
     ReadRates(bytes);
     ReadLists(bytes);
-    IsErrorAnswer(bytes);
+    ReadUpdate(bytes);
+    // A root that is an error is none of the others.
+    Require(!IsErrorAnswer(bytes) || !ReadUpdateDescription(bytes));
     return 0;
 }

@@ -28,10 +28,13 @@ bool ConfirmReplacing(wxWindow* parent, const wxString& file, const wxString& ti
     return dialog.ShowModal() == wxID_YES;
 }
 
-void ShowMessage(wxWindow* parent, const wxString& message, const wxString& title, long icon)
+void ShowMessage(wxWindow* parent, const wxString& message, const wxString& title, long icon,
+                 const wxString& explanation)
 {
     wxMessageDialog dialog(parent, message, title, wxOK | wxCENTRE | icon);
     dialog.SetOKLabel(i18n::Translated("OK"));
+    if (!explanation.empty())
+        dialog.SetExtendedMessage(explanation);
     dialog.ShowModal();
 }
 

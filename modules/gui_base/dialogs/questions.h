@@ -18,7 +18,8 @@ GUI_BASE_EXPORT int AskYesNo(wxWindow* parent, const wxString& question, const w
 GUI_BASE_EXPORT bool ConfirmReplacing(wxWindow* parent, const wxString& file, const wxString& title);
 
 /// Shows a message with an OK button.
-GUI_BASE_EXPORT void ShowMessage(wxWindow* parent, const wxString& message, const wxString& title, long icon);
+GUI_BASE_EXPORT void ShowMessage(wxWindow* parent, const wxString& message, const wxString& title, long icon,
+                                 const wxString& explanation = {});
 
 /// The same with the technical text below, folded up.
 GUI_BASE_EXPORT void ShowMessage(wxWindow* parent, const UserMessage& message, const wxString& title,

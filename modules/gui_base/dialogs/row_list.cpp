@@ -21,12 +21,14 @@ RowList::RowList(wxWindow* parent, const std::vector<Column>& columns, int growi
 
 void RowList::SetRows(std::vector<Row> rows)
 {
-    const auto selected = GetSelectedRow();
-    const wxString name = selected ? m_rows[*selected].front() : wxString();
+    const auto former = GetSelectedRow();
+    const Row selected = former ? m_rows[*former] : Row();
     m_rows = std::move(rows);
-    const auto same = std::ranges::find_if(m_rows, [&name](const Row& row) { return row.front() == name; });
-    Show(selected && same != m_rows.end() ? std::optional(static_cast<std::size_t>(same - m_rows.begin()))
-                                          : std::nullopt);
+    auto same = std::ranges::find(m_rows, selected);
+    if (same == m_rows.end() && former)
+        same = std::ranges::find(m_rows, selected.front(), [](const Row& row) { return row.front(); });
+    Show(same != m_rows.end() ? std::optional(static_cast<std::size_t>(same - m_rows.begin()))
+                              : std::nullopt);
 }
 
 void RowList::SetSearch(const wxString& text)

@@ -26,7 +26,7 @@ public:
     /// `growing` is the column that takes the width that the others leave.
     RowList(wxWindow* parent, const std::vector<Column>& columns, int growing);
 
-    /// Shows other rows; the search stays, and so does the selected row if its first text is still there.
+    /// Shows other rows; the search stays. The row that was selected stays so, or one with its first text.
     void SetRows(std::vector<Row> rows);
     /// Leaves the rows that hold every word of the text in any column, whatever the case of its letters. A
     /// row whose first text is the search is selected then; else the selected one stays.

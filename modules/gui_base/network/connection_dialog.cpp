@@ -2,6 +2,7 @@
 #include "gui_base/network/connection_dialog.h"
 
 #include "gui_base/dialogs/dialog_buttons.h"
+#include "gui_base/dialogs/field_fault.h"
 #include "gui_base/dialogs/questions.h"
 #include "gui_base/network/connection_test.h"
 #include "gui_base/network/endpoints.h"
@@ -231,11 +232,8 @@ void ConnectionDialog::RefreshFields()
         for (wxTextCtrl* field : {address.host, address.port})
             field->Enable(isUsed);
         const bool isFault = isUsed && !IsPort(port);
-        address.port->SetBackgroundColour(isFault ? wxColour(255, 160, 144) : wxNullColour);
-        address.port->SetForegroundColour(isFault ? *wxBLACK : wxNullColour);
-        address.port->SetToolTip(isFault ? i18n::Translated("A port is a number from 1 to 65535.")
-                                         : wxString());
-        address.port->Refresh();
+        dialogs::ShowFault(*address.port,
+                           isFault ? i18n::Translated("A port is a number from 1 to 65535.") : wxString());
         isGood &= !isFault;
     };
     show(m_http, entered.useProxy, entered.httpPort);

@@ -116,7 +116,10 @@ DataSheetDialog::DataSheetDialog(wxWindow* parent, const wxString& product)
     outer->Add(MakeButtonRow(), spaced);
     for (wxChoice* choice : {m_product, m_language})
         choice->Bind(wxEVT_CHOICE, [this](wxCommandEvent&) { ShowRows(); });
-    m_search->Bind(wxEVT_TEXT, [this](wxCommandEvent&) { ShowRows(); });
+    m_search->Bind(wxEVT_TEXT, [this](wxCommandEvent&) {
+        m_list->SetSearch(m_search->GetValue());
+        RefreshButtons();
+    });
     for (const auto& type : {wxEVT_LIST_ITEM_SELECTED, wxEVT_LIST_ITEM_DESELECTED})
         m_list->Bind(type, [this](wxListEvent&) { RefreshButtons(); });
     m_list->Bind(wxEVT_LIST_ITEM_ACTIVATED, [this](wxListEvent&) { OpenSelected(); });
@@ -249,7 +252,6 @@ void DataSheetDialog::ShowRows()
         rows.push_back({ProductText(sheet.productId), KindText(isSafety), LanguageText(sheet.language),
                         isSafety ? wxString() : StatusText(sheet.status), sheet.legalArea, sheet.company});
     m_list->SetRows(std::move(rows));
-    m_list->SetSearch(m_search->GetValue());
     RefreshButtons();
 }
 

@@ -3,6 +3,7 @@
 
 #include "core/conversion_rate.h"
 #include "dbinterfaces/project_database.h"
+#include "gui_base/dialogs/field_fault.h"
 #include "gui_base/dialogs/questions.h"
 #include "gui_base/dialogs/row_list.h"
 #include "gui_base/input/controls/tv_searchctrl.h"
@@ -67,12 +68,10 @@ bool UpdateConversionRates(wxWindow* parent)
                              i18n::Translated("Conversion Rate Update Info"), wxICON_INFORMATION);
         return true;
     }
-    wxString text = i18n::Translated("Update of conversion rates failed.");
-    if (!error.empty()) {
+    if (!error.empty())
         wxLogWarning("%s", error);
-        text += "\n" + error;
-    }
-    dialogs::ShowMessage(parent, text, i18n::Translated("Conversion Rate Update Error"), wxICON_ERROR);
+    dialogs::ShowMessage(parent, i18n::Translated("Update of conversion rates failed."),
+                         i18n::Translated("Conversion Rate Update Error"), wxICON_ERROR, error);
     return false;
 }
 
@@ -207,11 +206,9 @@ void RatesDialog::RefreshButtons()
     const bool isGood = currency_table::ParseRate(m_rate->GetValue()).has_value();
     const bool isFault = isFree && !isGood && !m_rate->IsEmpty();
     m_rate->Enable(isFree);
-    m_rate->SetBackgroundColour(isFault ? wxColour(255, 160, 144) : wxNullColour);
-    m_rate->SetForegroundColour(isFault ? *wxBLACK : wxNullColour);
-    m_rate->SetToolTip(isFault ? i18n::Translated("A rate is a number from 0.000001 to 1,000,000,000.")
-                               : wxString());
-    m_rate->Refresh();
+    dialogs::ShowFault(*m_rate, isFault
+                                    ? i18n::Translated("A rate is a number from 0.000001 to 1,000,000,000.")
+                                    : wxString());
     m_set->Enable(isFree && isGood);
     m_copy->Enable(currency != nullptr && !std::isnan(currency->rate));
 }

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <expat.h>
 #include <memory>
+#include <new>
 
 namespace xml_rows {
 
@@ -17,6 +18,8 @@ public:
     Reader(const Shape& shape, const Limits& limits)
         : m_shape(shape), m_limits(limits), m_parser(XML_ParserCreate(nullptr), &XML_ParserFree)
     {
+        if (m_parser == nullptr)
+            throw std::bad_alloc();
         XML_SetUserData(m_parser.get(), this);
         XML_SetStartDoctypeDeclHandler(m_parser.get(), [](void* self, const char*, const char*, const char*,
                                                           int) { static_cast<Reader*>(self)->Refuse(); });

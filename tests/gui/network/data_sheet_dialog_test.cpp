@@ -133,6 +133,8 @@ TEST_F(DataSheetDialogTest, OpensASheetByTheKeyboardAndKeepsItInTheCache)
     m_opened.clear();
     Press(WXK_DOWN);
     Press(WXK_DOWN);
+    m_dialog->LoadLists();
+    EXPECT_EQ(List().GetSelectedRow(), 2U) << "also where the first texts of rows are the same";
     Click(Labelled<wxButton>(*m_dialog, "&Open"));
     ASSERT_TRUE(PumpUntil([this] { return !m_opened.empty(); }));
     EXPECT_EQ(Opened(), kPdf + "/msds/get");

@@ -137,7 +137,8 @@ TEST_F(RatesDialogTest, RenewsTheRatesOrSaysWhyNot)
     DialogAnswers answers;
     wxString said;
     const auto note = [&said](wxDialog& dialog) {
-        said = dialog.GetTitle() + ": " + dynamic_cast<wxMessageDialog&>(dialog).GetMessage();
+        auto& message = dynamic_cast<wxMessageDialog&>(dialog);
+        said = dialog.GetTitle() + ": " + message.GetMessage() + "|" + message.GetExtendedMessage();
         return wxID_OK;
     };
     LastMessage log;
@@ -147,7 +148,7 @@ TEST_F(RatesDialogTest, RenewsTheRatesOrSaysWhyNot)
     Click(Button("&Update rates"));
     ASSERT_TRUE(PumpUntil([&] { return !said.empty(); }));
     EXPECT_EQ(said,
-              "Conversion Rate Update Error: Update of conversion rates failed.\n"
+              "Conversion Rate Update Error: Update of conversion rates failed.|"
               "Invalid data received from currency server.\nRates are missing: XAU.");
     EXPECT_EQ(Shown("CHF"), "CHF|Swiss Franc|0.9377|day|service") << "the old ones stay";
     EXPECT_TRUE(log.text.Contains("Rates are missing: XAU."));
@@ -161,7 +162,7 @@ TEST_F(RatesDialogTest, RenewsTheRatesOrSaysWhyNot)
     answers.Expect(note);
     Click(Button("&Update rates"));
     ASSERT_TRUE(PumpUntil([&] { return !said.empty(); }));
-    EXPECT_EQ(said, "Conversion Rate Update Info: Conversion rates have been updated successfully.");
+    EXPECT_EQ(said, "Conversion Rate Update Info: Conversion rates have been updated successfully.|");
     EXPECT_EQ(Shown("CHF"), "CHF|Swiss Franc|1.2500|day|service");
     EXPECT_EQ(Rate("CHF").GetValue(), "1.2500") << "the selected currency stays";
     Click(Button("&Copy rate"));

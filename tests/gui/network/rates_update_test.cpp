@@ -4,6 +4,7 @@
 
 #include <gmock/gmock.h>
 
+#include <chrono>
 #include <map>
 
 namespace network_test {
@@ -128,6 +129,18 @@ TEST_F(RatesUpdate, ThatFailsLeavesTheOldRatesAndSaysWhy)
         EXPECT_EQ(Stored(), kOld) << name;
         EXPECT_FALSE(Network::UpdateCurrencyConversionRates(nullptr)) << "nobody wants to know why";
     }
+}
+
+TEST_F(RatesUpdate, ThatStallsEndsByItself)
+{
+    const auto begun = std::chrono::steady_clock::now();
+    EXPECT_FALSE(Update([](ServerConnection& connection, const HttpRequest&) {
+        connection.Send("HTTP/1.1 200 OK\r\nContent-Length: 9000\r\n\r\n<UN_OPERATIONAL");
+        connection.Wait(60'000);
+    }));
+    EXPECT_LT(std::chrono::steady_clock::now() - begun, std::chrono::seconds(10));
+    EXPECT_EQ(m_error, "Failed to connect to the currency server.");
+    EXPECT_EQ(Stored(), kOld);
 }
 
 TEST_F(RatesUpdate, WithoutAConnectionOrADatabaseSaysSo)

@@ -50,7 +50,10 @@ const Case kCases[] = {
     {"uS/cm", "us", "uS/cm", 7.5, 7.5},
     {"mol/l", "us", "mol/l", 7.5, 7.5},
     {"kWh", "us", "kWh", 7.5, 7.5},
-    {"EUR/m3", "us", "EUR/m3", 7.5, 7.5},
+    {"EUR/m3", "us", "EUR/kgal", 7.5, 28.39058838},
+    {"EUR/l", "us", "EUR/ft3", 3.0, 84.950539776},
+    {"EUR/kg", "imperial", "EUR/lb", 2.0, 0.90718474},
+    {"EUR", "us", "EUR", 7.5, 7.5},
     {"", "us", "", 7.5, 7.5},
     {"bar", "iso", "bar", 7.5, 7.5},
     {"bar", "martian", "bar", 7.5, 7.5},
@@ -92,7 +95,7 @@ TEST(UnitSystemManager, WritesTypographicUnits)
     } cases[] = {
         {"m3/h", "iso", "m³/h"}, {"m2", "us", "ft²"},        {"m/h", "us", "gpm/ft²"},
         {"g/m3", "iso", "g/m³"}, {"uS/cm", "us", "µS/cm"},   {"ppm CaCO3", "us", "ppm CaCO3"},
-        {"kg.m", "iso", "kg·m"}, {"EUR/m3", "us", "EUR/m³"}, {"mgCaCO3/l", "us", "mgCaCO3/l"},
+        {"kg.m", "iso", "kg·m"}, {"EUR/l", "us", "EUR/ft³"}, {"mgCaCO3/l", "us", "mgCaCO3/l"},
         {"°C", "us", "°F"},      {"NTU", "us", "NTU"},       {"EUR", "us", "EUR"},
     };
     for (const auto& row : cases)
