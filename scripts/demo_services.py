@@ -298,8 +298,11 @@ def main():
         for name in settings(arguments.port, arguments.folder):
             print(f"--reset\n{name}")
         return
-    certificates(arguments.folder)
-    servers = start(arguments)
+    try:
+        certificates(arguments.folder)
+        servers = start(arguments)
+    except (OSError, subprocess.CalledProcessError) as error:
+        sys.exit(f"demo_services.py: {error}")
     for name, value in settings(servers[0].port, arguments.folder).items():
         print(f"{name}={value}")
     for server in servers:

@@ -86,8 +86,9 @@ TEST(CurlHttp, ServersThatFailAreToldAndBounded)
         } else if (what == "/trickle") {
             // Enough not to count as a stall.
             connection.Send("HTTP/1.1 200 OK\r\nContent-Length: 100000\r\n\r\n");
-            while (connection.Wait(100) && connection.Send("twenty bytes of text")) {
-            }
+            for (int i = 0; i < 80 && connection.Wait(100); ++i)
+                connection.Send("twenty bytes of text");
+            connection.Close();
         } else if (what == "/endless") {
             connection.Send("HTTP/1.1 200 OK\r\n\r\n");
             while (connection.Send(std::string(1 << 16, 'x'))) {
