@@ -7,8 +7,11 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <ostream>
+#include <regex>
 #include <stdexcept>
+#include <string_view>
 
 namespace app {
 
@@ -29,6 +32,14 @@ struct UsageError : std::runtime_error
     using std::runtime_error::runtime_error;
 };
 
+/// A connection text and an address may hold a password; nobody needs to read it.
+std::string WithoutPassword(const std::string& text)
+{
+    static const std::regex inAddress("(://[^:/@]*):[^/@]*@");
+    static const std::regex inWords("(password=)('[^']*'|[^ ]*)");
+    return std::regex_replace(std::regex_replace(text, inAddress, "$1:***@"), inWords, "$1***");
+}
+
 DetailData& Find(const std::string& name)
 {
     if (DetailData* setting = Settings::GetSettings().GetDetail(name))
@@ -41,6 +52,24 @@ void Set(const std::string& name, const std::string& value)
     Find(name);
     if (!Settings::SetFromText(name, value))
         throw UsageError(fmt::format("'{}' is no value of '{}'", value, name));
+}
+
+/// A database that cannot be reached is no reason to keep its name: the setting that holds it stays on this
+/// machine.
+void OpenDatabase(const std::vector<std::string>& args)
+{
+    try {
+        ProjectDatabase::OpenConfigured();
+    } catch (const std::exception&) {
+        constexpr std::string_view kName = "database.connection";
+        const bool isAboutIt = std::ranges::any_of(args, [&](const std::string& word) {
+            return word == kName || word.starts_with(std::string(kName) + "=");
+        });
+        if (!isAboutIt)
+            throw;
+        ProjectDatabase::Open({});
+    }
+    Settings::Load();
 }
 
 /// Carries the words out; the names that they hold.
@@ -79,12 +108,11 @@ int RunSettings(const std::vector<std::string>& args, std::ostream& out, std::os
         }
     }
     try {
-        ProjectDatabase::OpenConfigured();
-        Settings::Load();
+        OpenDatabase(args);
         const std::vector<std::string> names = Take(args);
         Settings::Save();
         const auto print = [&out](const std::string& name) {
-            out << name << '=' << Settings::TextOf(name) << '\n';
+            out << name << '=' << WithoutPassword(Settings::TextOf(name)) << '\n';
         };
         for (const std::string& name : names)
             print(name);

@@ -215,7 +215,10 @@ bool wxCurlBase::IsProxyUsable()
 void wxCurlBase::SetProxyOptions(void* curl) const
 {
     // Else the environment would decide: an empty proxy is none, an empty list of exceptions has none.
-    curl_easy_setopt(curl, CURLOPT_PROXY, m_usesProxy ? Utf8(m_proxyHost).c_str() : "");
+    // An address of IPv6 needs brackets.
+    const bool isBare = m_proxyHost.Freq(':') > 1 && !m_proxyHost.StartsWith("[");
+    const wxString host = isBare ? "[" + m_proxyHost + "]" : m_proxyHost;
+    curl_easy_setopt(curl, CURLOPT_PROXY, m_usesProxy ? Utf8(host).c_str() : "");
     curl_easy_setopt(curl, CURLOPT_NOPROXY, "");
     if (!m_usesProxy)
         return;

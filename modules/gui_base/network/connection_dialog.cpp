@@ -31,12 +31,16 @@ bool IsPort(const wxString& text)
     return text.empty() || (port > 0 && port <= 65535);
 }
 
+wxString WorksText(bool hasChanged)
+{
+    return hasChanged ? i18n::Translated("The connection works, with the settings that are shown now.")
+                      : i18n::Translated("The connection works.");
+}
+
 wxString ResultText(const TestConnectionThread& thread)
 {
     if (thread.IsSuccessful())
-        return thread.HasChangedSettings()
-                   ? i18n::Translated("The connection works, with the settings that are shown now.")
-                   : i18n::Translated("The connection works.");
+        return WorksText(thread.HasChangedSettings());
     switch (thread.GetCode()) {
         case 0:
             return i18n::Translated("No network detected.");
@@ -229,16 +233,17 @@ void ConnectionDialog::RefreshFields()
 {
     const ProxyParameters entered = GetEntered();
     bool isGood = true;
-    const auto show = [&](const Address& address, bool isUsed, const wxString& port) {
+    const auto show = [&](const Address& address, bool isUsed, const wxString& host, const wxString& port) {
         for (wxTextCtrl* field : {address.host, address.port})
             field->Enable(isUsed);
-        const bool isFault = isUsed && !IsPort(port);
+        const bool isFault =
+            isUsed && (!IsPort(port) || (port.empty() && !host.empty() && !host.Contains(":")));
         dialogs::ShowFault(*address.port,
                            isFault ? i18n::Translated("A port is a number from 1 to 65535.") : wxString());
         isGood &= !isFault;
     };
-    show(m_http, entered.useProxy, entered.httpPort);
-    show(m_https, entered.useProxy && !entered.sameProxyForAll, entered.httpsPort);
+    show(m_http, entered.useProxy, entered.httpHost, entered.httpPort);
+    show(m_https, entered.useProxy && !entered.sameProxyForAll, entered.httpsHost, entered.httpsPort);
     m_sameProxy->Enable(entered.useProxy);
     m_useAuthentication->Enable(entered.useProxy);
     for (wxTextCtrl* field : {m_user, m_password})
@@ -256,13 +261,30 @@ void ConnectionDialog::SplitAddress(const Address& address)
 {
     wxString host = address.host->GetValue().Trim().Trim(false);
     host = host.substr(host.find("://") == wxString::npos ? 0 : host.find("://") + 3).BeforeFirst('/');
-    if (host.AfterLast(':').empty() || !IsPort(host.AfterLast(':')) || host.Freq(':') != 1) {
-        if (host != address.host->GetValue())
-            address.host->SetValue(host);
-        return;
+    if (const wxString user = host.BeforeLast('@'); host.Contains("@")) {
+        host = host.AfterLast('@');
+        m_useAuthentication->SetValue(true);
+        m_user->ChangeValue(user.BeforeFirst(':'));
+        m_password->ChangeValue(user.AfterFirst(':'));
     }
-    address.port->SetValue(host.AfterLast(':'));
-    address.host->SetValue(host.BeforeLast(':'));
+    const wxString port = host.AfterLast(':');
+    if (host.Freq(':') == 1 && !port.empty() && IsPort(port)) {
+        address.port->ChangeValue(port);
+        host = host.BeforeLast(':');
+    }
+    if (host == address.host->GetValue())
+        return;
+    address.host->ChangeValue(host);
+    RefreshFields();
+}
+
+bool ConnectionDialog::TakeFields()
+{
+    // Enter and access keys leave the focus where it is.
+    SplitAddress(m_http);
+    SplitAddress(m_https);
+    RefreshFields();
+    return FindWindow(wxID_OK)->IsEnabled();
 }
 
 void ConnectionDialog::TakeSystemProxies()
@@ -280,6 +302,8 @@ void ConnectionDialog::TakeSystemProxies()
 
 void ConnectionDialog::StartTest()
 {
+    if (!TakeFields())
+        return;
     m_thread = std::make_unique<TestConnectionThread>(this, kTestEnded);
     m_thread->SetSettings(GetEntered());
     if (m_thread->Run() != wxTHREAD_NO_ERROR) {
@@ -325,6 +349,8 @@ void ConnectionDialog::OnTestEnded()
 
 void ConnectionDialog::MakeProtocol()
 {
+    if (!TakeFields())
+        return;
     wxString text;
     ConnectionTest test(endpoints::Get(endpoints::kConnectionTest), GetEntered(), &text);
     const wxBusyCursor busy;
@@ -332,7 +358,7 @@ void ConnectionDialog::MakeProtocol()
     m_protocol->ChangeValue(text);
     if (isReached && test.HasChanged())
         ShowSettings(test.GetSettings());
-    EndTest(isReached ? i18n::Translated("The connection works.") : test.GetError());
+    EndTest(isReached ? WorksText(test.HasChanged()) : test.GetError());
 }
 
 void ConnectionDialog::CopyProtocol()
@@ -344,6 +370,8 @@ void ConnectionDialog::CopyProtocol()
 
 bool ConnectionDialog::Save()
 {
+    if (!TakeFields())
+        return false;
     wxString error;
     if (!network_state::SaveProxyParameters(GetEntered(), &error)) {
         dialogs::ShowMessage(this, error, GetTitle(), wxICON_ERROR);

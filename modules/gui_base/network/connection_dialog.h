@@ -43,6 +43,8 @@ private:
     void RefreshFields();
     /// A host that was typed or pasted as an address gives its port away.
     void SplitAddress(const Address& address);
+    /// What was typed last counts, too; whether the fields can be used.
+    bool TakeFields();
     void TakeSystemProxies();
     void StartTest();
     void EndTest(const wxString& result);

@@ -4,6 +4,7 @@
 #include "gui_base/dialogs/questions.h"
 #include "gui_base/network/authentication_entry_dialog.h"
 #include "gui_base/network/network.h"
+#include "gui_base/network/network_call.h"
 #include "gui_base/support/translation.h"
 
 #include <wx/utils.h>
@@ -16,7 +17,9 @@ constexpr int kRefusesUser = 401;
 
 wxString Text(const ProxySettingEntry& proxy)
 {
-    return proxy.GetPort().empty() ? proxy.GetHost() : proxy.GetHost() + ":" + proxy.GetPort();
+    // A user that somebody wrote before the host is nothing for a protocol.
+    const wxString host = proxy.GetHost().AfterLast('@');
+    return proxy.GetPort().empty() ? host : host + ":" + proxy.GetPort();
 }
 
 }  // namespace
@@ -85,10 +88,7 @@ int ConnectionTest::RequestWithCredentials(bool silent)
 {
     if (silent) {
         const bool hasUser = m_settings.useAuthentication && !m_settings.user.empty();
-        m_error = hasUser ? i18n::Translated("User ID or password invalid.")
-                          : i18n::Translated(
-                                "The proxy server asks for a user ID and a password. Enter them "
-                                "under Tools, Connection.");
+        m_error = hasUser ? i18n::Translated("User ID or password invalid.") : network_call::ProxyWantsUser();
         return kProxyWantsUser;
     }
     const wxBusyCursorSuspender waiting;

@@ -7,6 +7,7 @@
 #include "gui_base/network/data_sheet_lists.h"
 #include "gui_base/network/network.h"
 #include "gui_base/support/accessibility.h"
+#include "gui_base/support/button_label.h"
 #include "gui_base/support/file_path.h"
 #include "gui_base/support/help_file_provider.h"
 #include "gui_base/support/translation.h"
@@ -168,7 +169,8 @@ wxSizer* DataSheetDialog::MakeButtonRow()
 {
     auto* row = new wxBoxSizer(wxHORIZONTAL);
     const auto add = [&](int id, const wxString& label, std::function<void()> action) {
-        auto* button = new wxButton(this, id, label);
+        auto* button = new wxButton(this, id);
+        button_label::Set(*button, label);
         if (action)
             button->Bind(wxEVT_BUTTON, [action = std::move(action)](wxCommandEvent&) { action(); });
         row->Add(button, wxSizerFlags().Border(wxLEFT | wxRIGHT, FromDIP(kGap / 2)));

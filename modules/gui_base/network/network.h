@@ -13,6 +13,7 @@
 
 #include <wx/string.h>
 
+#include <functional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -54,8 +55,10 @@ public:
     static wxCurlThreadError LoadSetupFile(const wxString& file, const wxString& target,
                                            DownloadThread* thread, wxString* error);
     /// Waits for the end of a thread, which has said so by its event or was asked to stop, and makes the
-    /// target of its part file, or removes that.
-    static bool FinishDownload(DownloadThread& thread, wxString* error);
+    /// target of its part file, or removes that. `check` says what is wrong with the part file of that path,
+    /// or nothing.
+    using CheckFile = std::function<wxString(const wxString& path)>;
+    static bool FinishDownload(DownloadThread& thread, wxString* error, const CheckFile& check = {});
 
     /// Both lists of data sheets; false when either failed, with what could be read of the other one. Where a
     /// list fails, what was in the vector stays.

@@ -19,6 +19,13 @@ inline void SetError(wxString* error, const wxString& text)
         *error = text;
 }
 
+/// For who is not asked for them there.
+inline wxString ProxyWantsUser()
+{
+    return i18n::Translated(
+        "The proxy server asks for a user ID and a password. Enter them under Tools, Connection.");
+}
+
 /// That what came could not be stored.
 inline wxString WriteError(const wxString& target)
 {

@@ -29,8 +29,7 @@ wxString ErrorText(bool isErrorAnswer)
         case 404:
             return i18n::Translated("File not found on Tarnvik update site.");
         case 407:
-            return _(
-                "The proxy server asks for a user ID and a password. Enter them under Tools, Connection.");
+            return network_call::ProxyWantsUser();
         default:
             if (isErrorAnswer)
                 return i18n::Translated("HTTP error code") + wxString::Format(": %d", static_cast<int>(code));
@@ -39,7 +38,7 @@ wxString ErrorText(bool isErrorAnswer)
 }
 
 /// Makes the target of what came, or says why not.
-bool Finish(PartFile& file, bool isWhole, long code, wxString* error)
+bool Finish(PartFile& file, bool isWhole, long code, wxString* error, const Network::CheckFile& check = {})
 {
     network_state::SetLastCode(code);
     Network::CheckConnectionReset(static_cast<int>(code));
@@ -49,7 +48,9 @@ bool Finish(PartFile& file, bool isWhole, long code, wxString* error)
         text = network_call::WriteError(file.GetTarget());
     else if (!isWhole || code != 200 || isErrorAnswer)
         text = ErrorText(isErrorAnswer);
-    else if (!file.Commit())
+    else if (check)
+        text = check(file.GetPath());
+    if (text.empty() && !file.Commit())
         text = network_call::WriteError(file.GetTarget());
     network_call::SetError(error, text);
     return text.empty();
@@ -73,7 +74,7 @@ wxCurlThreadError Network::LoadSiteFile(const char* endpoint, const wxString& fi
     SetProxyInfo(*session);
     if (thread == nullptr) {
         const wxBusyCursor busy;
-        const bool isWhole = session->PostFile(part->GetStream());
+        const bool isWhole = session->Post(part->GetStream());
         return Finish(*part, isWhole, session->GetResponseCode(), error) ? wxCTE_NO_ERROR : wxCTE_CURL_ERROR;
     }
     // Nobody waits before a window; a site may take a while.
@@ -103,7 +104,7 @@ wxCurlThreadError Network::LoadSetupFile(const wxString& file, const wxString& t
     return LoadSiteFile(endpoints::kSetup, file, target, true, thread, error);
 }
 
-bool Network::FinishDownload(DownloadThread& thread, wxString* error)
+bool Network::FinishDownload(DownloadThread& thread, wxString* error, const CheckFile& check)
 {
     thread.Wait();
     const std::unique_ptr<PartFile> file = thread.TakePartFile();
@@ -114,5 +115,5 @@ bool Network::FinishDownload(DownloadThread& thread, wxString* error)
         network_call::SetError(error, i18n::Translated("The download was cancelled."));
         return false;
     }
-    return Finish(*file, thread.GetResult() == wxCTE_NO_ERROR, session->GetResponseCode(), error);
+    return Finish(*file, thread.GetResult() == wxCTE_NO_ERROR, session->GetResponseCode(), error, check);
 }

@@ -8,7 +8,8 @@
 PartFile::PartFile(const wxString& target) : m_target(target)
 {
     const wxLogNull quiet;
-    m_path = wxFileName::CreateTempFileName(target + ".part-", &m_file);
+    // The toolkit puts its letters in the place of the last extension.
+    m_path = wxFileName::CreateTempFileName(target + ".part-.x", &m_file);
     m_stream = std::make_unique<wxFileOutputStream>(m_file);
 }
 

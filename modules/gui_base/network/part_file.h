@@ -27,6 +27,8 @@ public:
     /// files.
     bool IsOk() const;
     const wxString& GetTarget() const { return m_target; }
+    /// Where the bytes are before they are committed.
+    const wxString& GetPath() const { return m_path; }
     wxOutputStream& GetStream() { return *m_stream; }
 
     /// What the file begins with, of at most so many bytes.

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "gui_base/network/proxy_info.h"
 
-#include "gui_base/network/endpoints.h"
-
 #include <wx/tokenzr.h>
 
 #include <re2/re2.h>
@@ -30,7 +28,8 @@ bool IsAddressWithoutPort(const wxString& item)
 
 }  // namespace
 
-ProxyInfo::ProxyInfo(std::unique_ptr<ProxySettings> settings) : m_settings(std::move(settings))
+ProxyInfo::ProxyInfo(std::unique_ptr<ProxySettings> settings, const wxString& page)
+    : m_settings(std::move(settings)), m_page(page)
 {
     if (m_settings == nullptr)
         throw std::invalid_argument("proxysettings in nullptr");
@@ -43,7 +42,7 @@ ProxySettingEntries ProxyInfo::GetProxySettings() const
 
 bool ProxyInfo::IsProxyCheckByUserRequired(const bool& userUsesProxy) const
 {
-    return IsProxyConfiguredInOs() && !userUsesProxy;
+    return !userUsesProxy && IsProxyConfiguredInOs();
 }
 
 bool ProxyInfo::IsProxyConfiguredInOs() const
@@ -120,12 +119,12 @@ wxString ProxyInfo::ExtractPort(const wxString& protocol, const wxString& item)
     return protocol == "https" ? "443" : "80";
 }
 
-wxString ProxyInfo::GetTestURL()
+wxString ProxyInfo::GetTestURL() const
 {
-    return "http://" + endpoints::Get(endpoints::kConnectionTest);
+    return "http://" + m_page;
 }
 
-wxString ProxyInfo::GetTestURLSSL()
+wxString ProxyInfo::GetTestURLSSL() const
 {
-    return "https://" + endpoints::Get(endpoints::kConnectionTest);
+    return "https://" + m_page;
 }

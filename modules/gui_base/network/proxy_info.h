@@ -3,6 +3,7 @@
 
 /// Which proxies the operating system has for the program's services.
 
+#include "gui_base/network/endpoints.h"
 #include "gui_base/network/proxy_settings.h"
 
 #include <memory>
@@ -43,7 +44,8 @@ class GUI_BASE_EXPORT ProxyInfo
 {
 public:
     /// Throws std::invalid_argument for null.
-    explicit ProxyInfo(std::unique_ptr<ProxySettings> settings);
+    explicit ProxyInfo(std::unique_ptr<ProxySettings> settings,
+                       const wxString& page = endpoints::Get(endpoints::kConnectionTest));
 
     ProxySettingEntries GetProxySettings() const;
     /// Whether a user should look at the settings: the system has a proxy and the user's settings have none.
@@ -59,9 +61,10 @@ private:
     static wxString ExtractDomain(const wxString& item);
     static wxString ExtractPort(const wxString& protocol, const wxString& item);
     static wxString RemoveProtocolPrefix(const wxString& item);
-    static wxString GetTestURL();
-    static wxString GetTestURLSSL();
+    wxString GetTestURL() const;
+    wxString GetTestURLSSL() const;
     bool IsProxyConfiguredInOs() const;
 
     std::unique_ptr<ProxySettings> m_settings;
+    wxString m_page;  ///< to be reached, without a scheme
 };

@@ -80,7 +80,7 @@ ProxySettingEntry ProxyParameters::For(bool isSecure) const
     if (!useProxy)
         return {};
     if (!isSecure || sameProxyForAll)
-        return {httpHost, httpPort};
+        return httpHost.empty() ? ProxySettingEntry() : ProxySettingEntry(httpHost, httpPort);
     return httpsHost.empty() && httpsPort.empty() ? ProxySettingEntry()
                                                   : ProxySettingEntry(httpsHost, httpsPort);
 }

@@ -9,6 +9,7 @@
 #include "gui_base/input/controls/tv_searchctrl.h"
 #include "gui_base/network/network.h"
 #include "gui_base/support/accessibility.h"
+#include "gui_base/support/button_label.h"
 #include "gui_base/support/help_file_provider.h"
 #include "gui_base/support/translation.h"
 
@@ -138,7 +139,8 @@ wxSizer* RatesDialog::MakeRateRow()
 wxSizer* RatesDialog::MakeButtonRow()
 {
     auto* row = new wxBoxSizer(wxHORIZONTAL);
-    auto* help = new wxButton(this, wxID_HELP, i18n::Translated("&Help"));
+    auto* help = new wxButton(this, wxID_HELP);
+    button_label::Set(*help, i18n::Translated("&Help"));
     help->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { ShowHelp(); });
     row->Add(help, wxSizerFlags().Border(wxRIGHT, FromDIP(kGap)));
     row->Add(NewButton(this, i18n::Translated("&Update rates"), i18n::Translated("Update conversion rates"),

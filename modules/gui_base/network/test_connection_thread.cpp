@@ -60,9 +60,15 @@ int TestConnectionThread::Request(bool useAuth, const wxString& user, const wxSt
 int TestConnectionThread::RequestBySystem()
 {
     m_settingsChanged = true;
-    m_settings.Adopt(ProxyInfo(SystemProxySettings()).GetProxySettings());
+    m_settings.Adopt(ProxyInfo(SystemProxySettings(), m_url).GetProxySettings());
     // The system's own log-on, if the proxy wants one at all.
-    return Request(true, {}, {});
+    const int code = Request(true, {}, {});
+    if (code == kOk && m_settings.useProxy) {
+        m_settings.useAuthentication = true;
+        m_settings.user.clear();
+        m_settings.password.clear();
+    }
+    return code;
 }
 
 void* TestConnectionThread::Entry()

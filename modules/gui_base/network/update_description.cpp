@@ -11,6 +11,7 @@ namespace {
 
 constexpr std::size_t kMostBytes = std::size_t{1} << 20;
 constexpr std::size_t kMostName = 120;
+constexpr std::size_t kMostNote = 100'000;
 constexpr std::size_t kHashDigits = 64;
 
 /// Nothing for what is no whole number of at least 0.
@@ -60,7 +61,7 @@ std::optional<UpdateDescription> ReadUpdateDescription(std::string_view bytes)
 {
     const xml_rows::Document document =
         xml_rows::Read(bytes, {.root = "tarnvik-update", .row = "note", .fields = {"lang", ""}},
-                       {.bytes = kMostBytes, .rows = 100});
+                       {.bytes = kMostBytes, .rows = 100, .text = kMostNote});
     if (document.problem != xml_rows::Problem::None)
         return std::nullopt;
     const auto attribute = [&document](std::string_view name) {

@@ -7,6 +7,7 @@
 #include "gui_base/network/download_thread.h"
 #include "gui_base/network/network.h"
 #include "gui_base/support/accessibility.h"
+#include "gui_base/support/button_label.h"
 #include "gui_base/support/translation.h"
 #include "projectbase/security/sha256.h"
 #include "tncommon/atomic_file.h"
@@ -33,6 +34,11 @@ wxString SizeText(double bytes)
 {
     return wxFileName::GetHumanReadableSize(wxULongLong(static_cast<wxULongLong_t>(bytes)), "0 B", 1,
                                             wxSIZE_CONV_SI);
+}
+
+wxString OtherProgram()
+{
+    return i18n::Translated("The setup program is not the one that the update site described.");
 }
 
 std::filesystem::path ToPath(const wxString& path)
@@ -89,6 +95,7 @@ void UpdateDialog::MakeControls()
                             i18n::Translated("Save in"), wxDefaultPosition, wxDefaultSize,
                             wxDIRP_DEFAULT_STYLE | wxDIRP_USE_TEXTCTRL);
     accessibility::SetName(*m_folder->GetTextCtrl(), i18n::Translated("Save in"));
+    m_folder->GetPickerCtrl()->SetLabel(i18n::Translated("Choose..."));
     target->Add(m_folder, wxSizerFlags().Expand());
     outer->Add(target, spaced);
     m_gauge = new wxGauge(this, wxID_ANY, kSteps);
@@ -103,7 +110,9 @@ void UpdateDialog::MakeControls()
     m_cancel = AddButton(*line, i18n::Translated("&Cancel download"), &UpdateDialog::CancelDownload);
     m_open = AddButton(*line, i18n::Translated("&Open folder"), &UpdateDialog::OpenFolder);
     line->AddStretchSpacer();
-    line->Add(new wxButton(this, wxID_CLOSE, i18n::Translated("&Close")));
+    auto* close = new wxButton(this, wxID_CLOSE);
+    button_label::Set(*close, i18n::Translated("C&lose"));
+    line->Add(close);
     outer->Add(line, spaced);
     SetSizerAndFit(outer);
 }
@@ -128,17 +137,17 @@ void UpdateDialog::Check()
     wxString error;
     const wxString file = wxFileName::CreateTempFileName("tarnvik-update");
     if (file.empty() || !Network::LoadUpdateFile(kDescription, file, true, nullptr, &error)) {
-        m_state->SetLabel(error);
+        m_state->SetLabelText(error);
     } else {
         try {
             const auto update =
                 ReadUpdateDescription(tncommon::ReadWholeFile(ToPath(file), kMostDescription));
             if (update)
                 m_update = *update;
-            m_state->SetLabel(update ? wxString()
-                                     : i18n::Translated("The update site gave no answer that can be read."));
+            m_state->SetLabelText(
+                update ? wxString() : i18n::Translated("The update site gave no answer that can be read."));
         } catch (const std::exception& problem) {
-            m_state->SetLabel(MessageOf(problem).text);
+            m_state->SetLabelText(MessageOf(problem).text);
         }
     }
     Network::RemoveFileIfExists(file);
@@ -165,6 +174,7 @@ void UpdateDialog::ShowUpdate()
     }
     m_notes->ChangeValue(notes);
     RefreshControls();
+    (m_download->IsEnabled() ? m_download : m_check)->SetFocus();
 }
 
 void UpdateDialog::RefreshControls()
@@ -189,14 +199,15 @@ void UpdateDialog::StartDownload()
     if (IsDownloading() || m_update.version.empty())
         return;
     m_isLoaded = false;
+    m_isTooLong = false;
     m_gauge->SetValue(0);
-    m_state->SetLabel(i18n::Translated("Connecting..."));
+    m_state->SetLabelText(i18n::Translated("Connecting..."));
     m_thread = std::make_unique<DownloadThread>(this, kDownload);
     wxString error;
     if (Network::LoadSetupFile(wxString::FromUTF8(m_update.file), GetTarget(), m_thread.get(), &error) !=
         wxCTE_NO_ERROR) {
         m_thread.reset();
-        m_state->SetLabel(error);
+        m_state->SetLabelText(error);
     }
     RefreshControls();
     if (IsDownloading())
@@ -216,9 +227,14 @@ void UpdateDialog::OnProgress(std::int64_t done, std::int64_t total, double spee
     // A server need not say how much there is.
     const auto all = static_cast<double>(total > 0 ? total : m_update.size);
     const auto loaded = static_cast<double>(done);
+    // What is longer than described is something else, and may have no end.
+    if (done > m_update.size) {
+        m_isTooLong = true;
+        CancelDownload();
+    }
     m_gauge->SetValue(all > 0.0 ? static_cast<int>(kSteps * std::min(loaded / all, 1.0)) : 0);
-    m_state->SetLabel(wxString::Format(i18n::Translated("%s of %s, %s a second"), SizeText(loaded),
-                                       SizeText(all), SizeText(speed)));
+    m_state->SetLabelText(wxString::Format(i18n::Translated("%s of %s, %s a second"), SizeText(loaded),
+                                           SizeText(all), SizeText(speed)));
 }
 
 void UpdateDialog::OnEnded()
@@ -226,43 +242,37 @@ void UpdateDialog::OnEnded()
     if (!IsDownloading())
         return;
     wxString error;
-    const bool isWhole = Network::FinishDownload(*m_thread, &error);
-    const bool wantsUser = !isWhole && m_thread->GetCurlSession()->GetResponseCode() == 407;
+    m_isLoaded =
+        Network::FinishDownload(*m_thread, &error, [this](const wxString& path) { return FaultOf(path); });
+    const bool wantsUser = !m_isLoaded && m_thread->GetCurlSession()->GetResponseCode() == 407;
     m_thread.reset();
-    m_gauge->SetValue(isWhole ? kSteps : 0);
+    m_gauge->SetValue(m_isLoaded ? kSteps : 0);
     Show();
     if (wantsUser && Network::ShowAuthenticationDialog()) {
         StartDownload();
         return;
     }
-    m_isLoaded = isWhole && Verify();
     if (m_isLoaded)
-        m_state->SetLabel(wxString::Format(i18n::Translated("The setup program is %s."), GetTarget()));
-    else if (!isWhole)
-        m_state->SetLabel(error);
+        error = wxString::Format(i18n::Translated("The setup program is %s."), GetTarget());
+    else if (m_isTooLong)
+        error = OtherProgram();
+    m_state->SetLabelText(error);
     RefreshControls();
     (m_isLoaded ? m_open : m_download)->SetFocus();
 }
 
-bool UpdateDialog::Verify()
+wxString UpdateDialog::FaultOf(const wxString& path)
 {
-    const std::filesystem::path path = ToPath(GetTarget());
     std::string sum;
     try {
         dialogs::ProgressWindow progress(this, GetTitle(), i18n::Translated("Checking the setup program..."));
-        const auto check = [&](const WorkWatch& watch) { sum = Sha256OfFile(path, watch); };
+        const auto check = [&](const WorkWatch& watch) { sum = Sha256OfFile(ToPath(path), watch); };
         if (!dialogs::RunWithProgress(progress, check))
-            sum.clear();
+            return i18n::Translated("The download was cancelled.");
     } catch (const std::exception& problem) {
-        m_state->SetLabel(MessageOf(problem).text);
+        return MessageOf(problem).text;
     }
-    if (sum == m_update.sha256)
-        return true;
-    if (!sum.empty())
-        m_state->SetLabel(
-            i18n::Translated("The setup program is not the one that the update site described."));
-    Network::RemoveFileIfExists(GetTarget());
-    return false;
+    return sum == m_update.sha256 ? wxString() : OtherProgram();
 }
 
 void UpdateDialog::OpenFolder()

@@ -40,8 +40,8 @@ private:
     void CancelDownload();
     void OnProgress(std::int64_t done, std::int64_t total, double speed);
     void OnEnded();
-    /// Whether the setup program is the one that the site described; it is removed if not.
-    bool Verify();
+    /// What is wrong with a setup program that came whole: it may be another one than the site described.
+    wxString FaultOf(const wxString& path);
     void OpenFolder();
     wxString GetTarget() const;
 
@@ -57,5 +57,6 @@ private:
     wxButton* m_cancel = nullptr;
     wxButton* m_open = nullptr;
     bool m_isLoaded = false;
+    bool m_isTooLong = false;
     std::unique_ptr<DownloadThread> m_thread;
 };

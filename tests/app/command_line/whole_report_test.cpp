@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The report of a whole plant as a customer gets it: its pages, their text and links, and how they look.
+#include "dbinterfaces/master_database.h"
 #include "tests/support/pdf.h"
-#include "tncommon/user_dirs.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -64,7 +64,8 @@ class WholeReport : public testing::Test
 protected:
     void Print(const std::string& options)
     {
-        const auto example = tncommon::DataDir() / "examples" / "demineralisation.tarnvik";
+        const auto example =
+            MasterDatabase::GetPath().parent_path() / "examples" / "demineralisation.tarnvik";
         support::OutputOf("env -u DISPLAY -u WAYLAND_DISPLAY '" TARNVIK_PROGRAM "' report '" +
                           example.string() + "' -o '" + m_pdf + "' " + options + " 2>&1");
     }

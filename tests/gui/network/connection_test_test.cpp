@@ -361,6 +361,8 @@ TEST_F(TestThreadTest, WithoutAnAnswerTheSystemIsAsked)
         EXPECT_TRUE(thread.HasChangedSettings());
         EXPECT_EQ(thread.GetSettings().useProxy, usesProxy);
         EXPECT_EQ(thread.GetSettings().sameProxyForAll, isSame);
+        // Later transfers offer the system's log-on as the one that worked.
+        EXPECT_EQ(thread.GetSettings().useAuthentication, isSuccess && usesProxy);
     }
 }
 

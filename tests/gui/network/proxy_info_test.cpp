@@ -2,11 +2,16 @@
 // Which proxies follow from what operating systems say.
 #include "gui_base/network/proxy_info.h"
 
+#include "gui_base/network/bounded_proxies.h"
 #include "gui_base/network/environment_proxies.h"
 
 #include <gtest/gtest.h>
 
+#include <atomic>
+#include <chrono>
 #include <map>
+#include <stdexcept>
+#include <thread>
 
 /// A system that says the same of every address of a scheme.
 class FixedProxies : public ProxySettings
@@ -146,4 +151,31 @@ TEST(EnvironmentProxies, AreThereWhenOneIsNamed)
     EXPECT_FALSE(EnvironmentProxies([](const char* asked) {
                      return std::string("HTTP_PROXY") == asked ? wxString("host:1") : wxString();
                  }).HasProxies());
+}
+
+TEST(BoundedProxies, ASourceThatNeverAnswersHasNone)
+{
+    class Hanging : public ProxySettings
+    {
+    public:
+        wxString GetProxyList(const wxString& url) override
+        {
+            ++asked;
+            if (url.Contains("hang"))
+                std::this_thread::sleep_for(std::chrono::milliseconds(400));
+            if (url.Contains("throw"))
+                throw std::runtime_error("no script");
+            return "proxy.example:3128";
+        }
+        std::atomic<int> asked = 0;
+    };
+    const auto source = std::make_shared<Hanging>();
+    BoundedProxies proxies(source, std::chrono::milliseconds(100));
+    EXPECT_EQ(proxies.GetProxyList("http://fast"), "proxy.example:3128");
+    EXPECT_EQ(proxies.GetProxyList("http://throw"), "");
+    const auto begun = std::chrono::steady_clock::now();
+    EXPECT_EQ(proxies.GetProxyList("http://hang"), "");
+    EXPECT_EQ(proxies.GetProxyList("http://fast"), "") << "not asked again";
+    EXPECT_LT(std::chrono::steady_clock::now() - begun, std::chrono::milliseconds(350));
+    EXPECT_EQ(source->asked, 3);
 }

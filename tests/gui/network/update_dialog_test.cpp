@@ -154,6 +154,17 @@ TEST_F(UpdateDialogTest, AnotherProgramThanTheOneDescribedIsRemoved)
     EXPECT_FALSE(Button("&Open folder").IsEnabled());
 }
 
+TEST_F(UpdateDialogTest, AProgramLongerThanDescribedIsGivenUp)
+{
+    m_sent += std::string(50'000'000, 'x');
+    support::WriteBytes(m_folder / "home" / "tarnvik.run", "an older one");
+    gui_test::Click(Button("Check &now"));
+    gui_test::Click(Button("&Download"));
+    ASSERT_TRUE(AwaitEnd());
+    EXPECT_THAT(Texts(), HasSubstr("is not the one that the update site described"));
+    EXPECT_EQ(Read("home/tarnvik.run"), "an older one");
+}
+
 TEST_F(UpdateDialogTest, ADownloadOutlivesItsClosedDialogAndCanBeCancelled)
 {
     m_waits = true;

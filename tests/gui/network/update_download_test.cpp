@@ -257,6 +257,25 @@ TEST_F(DownloadTest, AThreadThatIsAskedToStopTakesNothingMore)
     EXPECT_EQ(Read("target"), kOld);
 }
 
+TEST_F(DownloadTest, WhatIsCheckedAndFoundBadNeverBecomesTheFile)
+{
+    const LoopbackServer server(Site(Answers(200, kNew)));
+    SetSite(server);
+    DownloadThread thread(&m_handler, kId);
+    ASSERT_TRUE(Start(thread));
+    ASSERT_TRUE(AwaitEnd());
+    wxString checked;
+    EXPECT_FALSE(Network::FinishDownload(thread, &m_error, [&](const wxString& path) {
+        checked = path;
+        EXPECT_EQ(support::ReadBytes(path.utf8_string()), kNew);
+        return wxString("not that one");
+    }));
+    EXPECT_EQ(m_error, "not that one");
+    EXPECT_TRUE(checked.StartsWith(Path("target.part-"))) << checked;
+    EXPECT_EQ(Read("target"), kOld);
+    EXPECT_THAT(Files(), ElementsAre("target"));
+}
+
 TEST_F(DownloadTest, AWindowThatGoesIsToldNothing)
 {
     const LoopbackServer server(Site(Slowly(1'000'000'000, 1'000'000)));
