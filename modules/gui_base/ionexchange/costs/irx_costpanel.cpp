@@ -1,14 +1,19 @@
 // SPDX-License-Identifier: MIT
 #include "gui_base/ionexchange/costs/irx_costpanel.h"
 
+#include "gui_base/graphics/chart/chart_export.h"
 #include "gui_base/input/controls/tv_staticboxsizer.h"
 #include "gui_base/input/controls/tv_statictext.h"
 #include "gui_base/input/form/form_grid.h"
+#include "gui_base/input/form/shown_context.h"
 #include "gui_base/ionexchange/costs/irx_chemicalcostspanel.h"
+#include "gui_base/report/cost_chart.h"
+#include "gui_base/support/accessibility.h"
 #include "gui_base/support/translation.h"
 #include "projectbase/costs/line_costs.h"
 #include "projectbase/costs/project_costs.h"
 #include "projectbase/whatif/what_if_rows.h"
+#include "wxchartdir/wx_chart_viewer.h"
 
 #include <fmt/format.h>
 #include <wx/statbox.h>
@@ -19,6 +24,8 @@
 namespace {
 
 constexpr int kFieldWidth = 110;
+constexpr int kChartWidth = 720;
+constexpr int kChartHeight = 320;
 constexpr int kMoney = PlainNumbers | GroupThousands;
 
 constexpr FormRow Result(const char* key, const char* label)
@@ -160,6 +167,38 @@ wxSizer* IRXCostsPanel::MakeCosts()
     return column;
 }
 
+wxSizer* IRXCostsPanel::MakeChart()
+{
+    constexpr double kScale = 2.0;
+    auto* column = new wxBoxSizer(wxVERTICAL);
+    m_chart = new wxChartViewer(this, wxID_ANY);
+    m_chart->SetMinSize(FromDIP(wxSize(kChartWidth, kChartHeight)));
+    column->Add(m_chart);
+    auto* copy = AddLocalizable(new TvButton(this, wxID_ANY, wxTRANSLATE("Copy Chart")));
+    copy->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { chart_export::Copy(m_chart->GetPicture(kScale)); });
+    column->Add(copy, wxSizerFlags().Border(wxTOP, FromDIP(form::kGap)));
+    m_charted.clear();
+    m_chartedTexts.clear();
+    return column;
+}
+
+void IRXCostsPanel::ShowChart()
+{
+    const ReportContext context = ShownContext(GetCurrentDisplayUnitSystem());
+    // Language and currency.
+    const wxString texts = wxString::FromUTF8(context.Translated(wxTRANSLATE("Year")) + GetCurrency().code +
+                                              context.separators.decimal);
+    std::vector<double> values{GetCurrency().factor};
+    for (const costs::YearOfCosts& year : costs::YearsOf(Plant()))
+        values.insert(values.end(), {year.cost, year.discounted});
+    if (values == m_charted && texts == m_chartedTexts)
+        return;
+    m_charted = std::move(values);
+    m_chartedTexts = texts;
+    m_chart->SetChart(cost_chart::Make(Plant(), context, GetCurrency()));
+    accessibility::SetName(*m_chart, i18n::Translated("Operating cost of each year"));
+}
+
 void IRXCostsPanel::DoCreateForm()
 {
     GetFields().SetLabelSuffix(":");
@@ -174,6 +213,7 @@ void IRXCostsPanel::DoCreateForm()
     m_chemicals = new IRXChemicalCostsPanel(&Plant(), this);
     GetSizer()->Add(m_chemicals);
     AddSection(wxTRANSLATE("Costs"), {MakeBox(wxTRANSLATE("Cost projection"), kProjection), MakeCosts()});
+    GetSizer()->Add(MakeChart(), wxSizerFlags().Border(wxALL, FromDIP(2 * form::kGap)));
 }
 
 // What it shows
@@ -207,6 +247,7 @@ void IRXCostsPanel::DoTransferDetailsToWindows()
 {
     CostFormPanel::DoTransferDetailsToWindows();
     ShowResinNote();
+    ShowChart();
 }
 
 void IRXCostsPanel::TransferDetailsToWindow()
@@ -231,6 +272,7 @@ void IRXCostsPanel::DoLocalize()
 {
     CostFormPanel::DoLocalize();
     ShowResinNote();
+    ShowChart();
     m_chemicals->Localize(GetCurrentDisplayUnitSystem());
     LoadCurrencies();
 }

@@ -15,6 +15,7 @@
 #include <wx/stattext.h>
 
 class IRXChemicalCostsPanel;
+class wxChartViewer;
 
 class GUI_BASE_EXPORT IRXCostsPanel : public CostFormPanel
 {
@@ -42,6 +43,7 @@ public:
 
     /// The field of a detail, or null.
     TvTextCtrl* FindField(const std::string& key) const;
+    const wxChartViewer& GetChart() const { return *m_chart; }
     /// What stands below the currencies, and below the resins; empty where there is nothing to say.
     wxString GetCurrencyNote() const { return m_currencyNote->GetLabelText(); }
     wxString GetResinNote() const { return m_resinNote->GetLabelText(); }
@@ -61,6 +63,9 @@ private:
     wxSizer* MakeBox(const char* title, Rows rows);
     wxSizer* MakeResins();
     wxSizer* MakeCosts();
+    wxSizer* MakeChart();
+    /// Draws the years of the plant's life, where they or what they are shown by changed.
+    void ShowChart();
     void ShowNote(wxStaticText& note, const wxString& text);
     void ShowResinNote();
 
@@ -89,6 +94,10 @@ private:
     bool m_isCalculated = true;
     IRXChemicalCostsPanel* m_chemicals = nullptr;
     CostTable* m_resins = nullptr;
+    wxChartViewer* m_chart = nullptr;
+    /// What the chart was made of.
+    std::vector<double> m_charted;
+    wxString m_chartedTexts;
     wxStaticText* m_resinNote = nullptr;
 
     std::vector<currency_table::Currency> m_currencies;

@@ -10,8 +10,11 @@
 #include "tests/gui/network/network_fixture.h"
 #include "tests/support/plant_fixture.h"
 #include "tests/support/project_history.h"
+#include "wxchartdir/wx_chart_viewer.h"
 
 #include <gmock/gmock.h>
+#include <wx/log.h>
+#include <wx/msgdlg.h>
 
 #include <cmath>
 
@@ -62,6 +65,7 @@ protected:
     }
     TvTextCtrl& Field(const char* key) { return *m_panel->FindField(key); }
     wxString Text(const char* key) { return Field(key).GetValue(); }
+    std::size_t Bars() const { return m_panel->GetChart().GetChart()->getImageMap().spots.size(); }
     double Value(const char* key) { return support::Get(m_project, "", key); }
     wxTextCtrl& ProjectRate(const wxString& code)
     {
@@ -213,6 +217,96 @@ TEST_F(CostsPanelTest, ACurrencyWithoutARateLeavesTheEuro)
     Push("Set rate");
     EXPECT_EQ(Text("cost/cc.cost.piping"), "9000.00");
     EXPECT_TRUE(m_panel->GetCurrencyNote().empty());
+}
+
+constexpr const char* kRates =
+    "<UN_OPERATIONAL_RATES_DATASET><UN_OPERATIONAL_RATES f_curr_code='EUR' rate='0.5'/>"
+    "</UN_OPERATIONAL_RATES_DATASET>";
+
+TEST_F(CostsPanelTest, RatesAreRenewedOrStay)
+{
+    const LoopbackServer service([](auto& connection, const auto&) { connection.Answer(200, kRates); });
+    SetTestPage(service);
+    Show();
+    Choose("USD");
+    const auto expect = [this](const wxString& title, const wxString& text) {
+        m_dialogs.Expect([=](wxDialog& dialog) {
+            EXPECT_EQ(dialog.GetTitle(), title);
+            EXPECT_EQ(dynamic_cast<wxMessageDialog&>(dialog).GetMessage(), text);
+            return wxID_OK;
+        });
+    };
+    SetEndpoint(endpoints::kCurrencyRates, wxString::FromUTF8(service.Url("/rates")));
+    expect("Conversion Rate Update Info", "Conversion rates have been updated successfully.");
+    Push("Update rates");
+    EXPECT_EQ(ListedRate("USD"), "2.0000");
+    EXPECT_EQ(Text("cost/cc.cost.piping"), "20000.00");
+    const LoopbackServer broken([](auto& connection, const auto&) { connection.Answer(200, "<none>"); });
+    SetEndpoint(endpoints::kCurrencyRates, wxString::FromUTF8(broken.Url("/rates")));
+    expect("Conversion Rate Update Error", "Update of conversion rates failed.");
+    const wxLogNull silence;
+    Push("Update rates");
+    EXPECT_EQ(ListedRate("USD"), "2.0000");
+    EXPECT_EQ(Text("cost/cc.cost.piping"), "20000.00");
+}
+
+TEST_F(CostsPanelTest, WhatIsUnsavedStaysUnsaved)
+{
+    auto owned = std::make_unique<iex::IEXProject>("DEMI");
+    iex::IEXProject& project = *owned;
+    app::Document document(std::move(owned));
+    support::SetWater(project, {{"ca", 2.5}, {"na", 1.0}, {"hco3", 2.5}, {"cl", 1.0}});
+    support::SetFlow(project);
+    ASSERT_TRUE(document.IsUnsaved());
+    m_panel = new IRXCostsPanel(&project, m_frame);
+    EXPECT_TRUE(document.IsUnsaved());
+    EXPECT_FALSE(project.IsChanged());
+    EXPECT_EQ(project.GetStatus(), StatusCosts);
+    // Nor does the page make anything unsaved.
+    document.SetUnsaved(false);
+    m_panel->CalculateCost();
+    m_panel->UpdateCurrencyDisplay();
+    EXPECT_FALSE(document.IsUnsaved());
+    m_panel->Destroy();
+    Pump();
+    Show();
+}
+
+TEST_F(CostsPanelTest, ShowsLinesThatThereAreInTheLanguageOfTheUser)
+{
+    Show();
+    EXPECT_TRUE(Field("cost/cc.cost.resin2").IsShown());
+    EXPECT_FALSE(Field("cost/cc.cost.resin3").IsShown());
+    EXPECT_FALSE(Field("cost/op.cost.cond1").IsShownOnScreen());
+    const TestCatalogue other({{"Hydrochloric acid", "\u76d0\u9178"}, {"Price", "\u0426\u0435\u043d\u0430"}});
+    m_panel->Localize("iso");
+    EXPECT_NO_THROW(
+        Find<wxTextCtrl>(*m_panel, wxString::FromUTF8("\u76d0\u9178, \u0426\u0435\u043d\u0430 [EUR/kg]")));
+    m_project.SetUnitSystemDisplay("us");
+    m_panel->UpdateUnits(true);
+    EXPECT_NO_THROW(
+        Find<wxTextCtrl>(*m_panel, wxString::FromUTF8("\u76d0\u9178, \u0426\u0435\u043d\u0430 [EUR/lb]")));
+}
+
+TEST_F(CostsPanelTest, APlantThatIsNotDesignedHasNoCosts)
+{
+    Show();
+    for (const char* key : {"cost/cost.npv", "cost/cost.system.total", "cost/op.watercost"})
+        EXPECT_FALSE(Text(key).empty()) << key;
+    EXPECT_EQ(Bars(), 40U);
+    Enter(Field("cost/cost.plant.life"), "0");
+    Pump();
+    EXPECT_EQ(Text("cost/cost.npv"), "0.00");
+    EXPECT_EQ(Bars(), 0U);
+    m_panel->Destroy();
+    iex::IEXProject undesigned("DEMI");
+    m_panel = new IRXCostsPanel(&undesigned, m_frame);
+    for (const char* key : {"cost/cost.npv", "cost/cost.system.total", "cost/op.watercost"})
+        EXPECT_TRUE(Text(key).empty()) << key;
+    EXPECT_EQ(Bars(), 0U);
+    m_panel->Destroy();
+    Pump();
+    Show();
 }
 
 }  // namespace
