@@ -40,6 +40,7 @@ wxString ResultText(const TestConnectionThread& thread)
     switch (thread.GetCode()) {
         case 0:
             return i18n::Translated("No network detected.");
+        case 401:  // some proxies refuse a user as a web server would
         case 407:
             return thread.GetSettings().user.empty()
                        ? i18n::Translated("The proxy server asks for a user ID and a password.")

@@ -12,6 +12,7 @@ namespace {
 
 constexpr int kOk = 200;
 constexpr int kProxyWantsUser = 407;
+constexpr int kRefusesUser = 401;
 
 wxString Text(const ProxySettingEntry& proxy)
 {
@@ -106,7 +107,8 @@ int ConnectionTest::RequestWithCredentials(bool silent)
     m_hasChanged = true;
     Write("*** Tarnvik TestConnection: Check with proxy and authentication\n");
     const int code = RequestWithSettings();
-    if (code == kProxyWantsUser)
+    // Some proxies refuse a user as a web server would.
+    if (code == kProxyWantsUser || code == kRefusesUser)
         m_error = i18n::Translated("User ID or password invalid.");
     else if (code != kOk && code != 0)
         m_error = wxString::Format(i18n::Translated("Proxy authentication failed. HTTP error: %d"), code);

@@ -5,6 +5,7 @@
 #include "gui_base/network/authentication_entry_dialog.h"
 #include "gui_base/network/connection_test.h"
 #include "gui_base/network/endpoints.h"
+#include "gui_base/network/network_call.h"
 #include "gui_base/network/network_state.h"
 #include "gui_base/network/proxy_parameters.h"
 #include "gui_base/support/translation.h"
@@ -25,12 +26,6 @@ std::string TextOf(const wxMemoryOutputStream& stream)
     std::string text(stream.GetSize(), '\0');
     stream.CopyTo(text.data(), text.size());
     return text;
-}
-
-void SetError(wxString* error, const wxString& text)
-{
-    if (error != nullptr)
-        *error = text;
 }
 
 }  // namespace
@@ -116,7 +111,7 @@ bool Network::TestConnection(bool silent, bool force, wxString* error, bool prot
         return true;
     const network_state::Running running;
     if (!running.IsFirst()) {
-        SetError(error, i18n::Translated("The connection is being tested already."));
+        network_call::SetError(error, i18n::Translated("The connection is being tested already."));
         return false;
     }
     const wxBusyCursor busy;
@@ -126,7 +121,7 @@ bool Network::TestConnection(bool silent, bool force, wxString* error, bool prot
     ConnectionTest test(url != nullptr ? *url : endpoints::Get(endpoints::kConnectionTest), settings,
                         protocol ? protocolText : nullptr);
     const bool isReached = test.Run(silent);
-    SetError(error, isReached ? unread : test.GetError());
+    network_call::SetError(error, isReached ? unread : test.GetError());
     if (!isReached)
         return false;
     if (!force)

@@ -5,6 +5,7 @@
 /// Internal to the network services.
 
 #include "gui_base/messages/user_message.h"
+#include "gui_base/support/translation.h"
 
 #include <wx/string.h>
 
@@ -16,6 +17,12 @@ inline void SetError(wxString* error, const wxString& text)
 {
     if (error != nullptr)
         *error = text;
+}
+
+/// That what came could not be stored.
+inline wxString WriteError(const wxString& target)
+{
+    return wxString::Format(i18n::Translated("The file %s cannot be written."), target);
 }
 
 /// What `call` returns, or nothing of its kind after an exception.

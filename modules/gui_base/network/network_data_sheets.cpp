@@ -44,8 +44,7 @@ bool Store(const std::string& bytes, const wxString& target, wxString* error)
         file.GetStream().Write(bytes.data(), bytes.size());
     if (file.Commit())
         return true;
-    network_call::SetError(error,
-                           wxString::Format(i18n::Translated("The file %s cannot be written."), target));
+    network_call::SetError(error, network_call::WriteError(target));
     return false;
 }
 

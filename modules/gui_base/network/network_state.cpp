@@ -3,6 +3,7 @@
 
 #include "gui_base/messages/user_message.h"
 #include "gui_base/network/endpoints.h"
+#include "gui_base/network/network_call.h"
 #include "gui_base/support/translation.h"
 
 #include <exception>
@@ -74,8 +75,8 @@ ProxyParameters LoadProxyParameters(wxString* error)
     try {
         return ProxyParameters::Load();
     } catch (const std::exception& failure) {
-        if (error != nullptr)
-            *error = i18n::Translated("The proxy settings cannot be read.") + " " + MessageOf(failure).text;
+        network_call::SetError(
+            error, i18n::Translated("The proxy settings cannot be read.") + " " + MessageOf(failure).text);
         return {};
     }
 }
@@ -86,8 +87,8 @@ bool SaveProxyParameters(const ProxyParameters& parameters, wxString* error)
         parameters.Save();
         return true;
     } catch (const std::exception& failure) {
-        if (error != nullptr)
-            *error = i18n::Translated("The proxy settings cannot be stored.") + " " + MessageOf(failure).text;
+        network_call::SetError(
+            error, i18n::Translated("The proxy settings cannot be stored.") + " " + MessageOf(failure).text);
         return false;
     }
 }

@@ -4,6 +4,7 @@
 #include "gui_base/network/endpoints.h"
 #include "gui_base/network/error_answer.h"
 #include "gui_base/network/network.h"
+#include "gui_base/network/network_call.h"
 #include "gui_base/network/network_state.h"
 #include "gui_base/network/part_file.h"
 #include "gui_base/support/translation.h"
@@ -17,11 +18,6 @@ namespace {
 /// An error answer names itself long before.
 constexpr std::size_t kHead = 64 << 10;
 constexpr long kPatience = 30'000;  // ms
-
-wxString WriteError(const wxString& target)
-{
-    return wxString::Format(i18n::Translated("The file %s cannot be written."), target);
-}
 
 /// Of the last transfer.
 wxString ErrorText(bool isErrorAnswer)
@@ -50,13 +46,12 @@ bool Finish(PartFile& file, bool isWhole, long code, wxString* error)
     wxString text;
     const bool isErrorAnswer = IsErrorAnswer(file.GetHead(kHead));
     if (!file.IsOk())
-        text = WriteError(file.GetTarget());
+        text = network_call::WriteError(file.GetTarget());
     else if (!isWhole || code != 200 || isErrorAnswer)
         text = ErrorText(isErrorAnswer);
     else if (!file.Commit())
-        text = WriteError(file.GetTarget());
-    if (error != nullptr && !text.empty())
-        *error = text;
+        text = network_call::WriteError(file.GetTarget());
+    network_call::SetError(error, text);
     return text.empty();
 }
 
@@ -69,8 +64,7 @@ wxCurlThreadError Network::LoadSiteFile(const char* endpoint, const wxString& fi
         return wxCTE_CURL_ERROR;
     auto part = std::make_unique<PartFile>(target);
     if (!part->IsOk()) {
-        if (error != nullptr)
-            *error = WriteError(target);
+        network_call::SetError(error, network_call::WriteError(target));
         return wxCTE_NO_VALID_STREAM;
     }
     auto session = std::make_unique<wxCurlHTTP>(endpoints::Get(endpoint));
@@ -92,8 +86,8 @@ wxCurlThreadError Network::LoadSiteFile(const char* endpoint, const wxString& fi
         result = thread->SetPartFile(std::move(part));
     if (result == wxCTE_NO_ERROR)
         result = thread->Download();
-    if (result != wxCTE_NO_ERROR && error != nullptr)
-        *error = i18n::Translated("Failed to connect to Tarnvik update site.");
+    if (result != wxCTE_NO_ERROR)
+        network_call::SetError(error, i18n::Translated("Failed to connect to Tarnvik update site."));
     return result;
 }
 
@@ -117,8 +111,7 @@ bool Network::FinishDownload(DownloadThread& thread, wxString* error)
     if (file == nullptr || session == nullptr)
         return false;
     if (thread.GetResult() == wxCTE_ABORTED) {
-        if (error != nullptr)
-            *error = i18n::Translated("The download was cancelled.");
+        network_call::SetError(error, i18n::Translated("The download was cancelled."));
         return false;
     }
     return Finish(*file, thread.GetResult() == wxCTE_NO_ERROR, session->GetResponseCode(), error);

@@ -77,7 +77,8 @@ fs::path KeyPath()
 
 Bytes Decoded(const std::string& text)
 {
-    Bytes bytes(text.size());
+    // One more than needed, so that there is a place to write to.
+    Bytes bytes(text.size() + 1);
     std::size_t count = 0;
     if (sodium_base642bin(bytes.data(), bytes.size(), text.data(), text.size(), nullptr, &count, nullptr,
                           kEncoding) != 0)
