@@ -14,12 +14,13 @@ Module OverviewModule();
 Module RegenerationModule();
 Module WasteWaterModule();
 Module ChartModule();
+Module CostModule();
 
 std::span<const Module> Modules()
 {
     static const std::array modules{ProjectModule(),    WaterModule(),    FeedModule(),
                                     DesignModule(),     OverviewModule(), RegenerationModule(),
-                                    WasteWaterModule(), ChartModule()};
+                                    WasteWaterModule(), ChartModule(),    CostModule()};
     return modules;
 }
 

@@ -6,7 +6,6 @@
 #include "projectbase/project/project.h"
 
 #include <exception>
-#include <string_view>
 
 namespace costs {
 
@@ -35,10 +34,14 @@ ShownCurrency ChosenCurrency(const Project& project)
     }
 }
 
+bool IsMoney(const std::string& unit)
+{
+    return unit.starts_with(conversion_rate::kBase);
+}
+
 std::string UnitIn(const std::string& unit, const ShownCurrency& currency)
 {
-    constexpr std::string_view kEuro = conversion_rate::kBase;
-    return unit.starts_with(kEuro) ? currency.code + unit.substr(kEuro.size()) : unit;
+    return IsMoney(unit) ? currency.code + unit.substr(conversion_rate::kBase.size()) : unit;
 }
 
 }  // namespace costs

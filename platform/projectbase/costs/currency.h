@@ -29,6 +29,8 @@ PROJECTBASE_EXPORT ShownCurrency ShownAs(const std::string& code, const Project&
 /// The one that the user chose.
 PROJECTBASE_EXPORT ShownCurrency ChosenCurrency(const Project& project);
 
+/// Whether amounts in that unit are money: "EUR" and what begins with it.
+PROJECTBASE_EXPORT bool IsMoney(const std::string& unit);
 /// The unit of an amount in that currency: "USD/m3" of "EUR/m3". Another unit stays.
 PROJECTBASE_EXPORT std::string UnitIn(const std::string& unit, const ShownCurrency& currency);
 

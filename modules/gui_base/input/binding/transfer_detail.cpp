@@ -3,6 +3,7 @@
 
 #include "gui_base/input/binding/transfer_sequence.h"
 #include "gui_base/input/validation/numeric_validator.h"
+#include "projectbase/costs/currency.h"
 #include "projectbase/units/unit_system_manager.h"
 
 #include <wx/datectrl.h>
@@ -19,11 +20,6 @@ constexpr double kTolerance = 1e-8;
 std::string EffectiveUnitSystem(int flags, const wxString& unitSystem)
 {
     return (flags & TransferInIsoUnits) != 0 ? "iso" : unitSystem.utf8_string();
-}
-
-bool IsCurrency(const DetailData& detail)
-{
-    return detail.GetUnit().starts_with("EUR");
 }
 
 template <typename T>
@@ -60,7 +56,7 @@ T Display(int flags, const DetailData& detail, const wxString& unitSystem, doubl
     T value = Read<T>(detail);
     if constexpr (std::is_same_v<T, double>) {
         value = UnitSystemManager::FromISO(detail.GetUnit(), EffectiveUnitSystem(flags, unitSystem), value);
-        if (IsCurrency(detail))
+        if (costs::IsMoney(detail.GetUnit()))
             value *= currencyFactor;
     }
     return value;
@@ -80,7 +76,7 @@ bool Store(int flags, T value, DetailData& detail, const wxString& unitSystem, b
             detail.changed = false;
             return false;
         }
-        if (IsCurrency(detail))
+        if (costs::IsMoney(detail.GetUnit()))
             value /= currencyFactor;
         value = UnitSystemManager::ToISO(detail.GetUnit(), EffectiveUnitSystem(flags, unitSystem), value);
     }

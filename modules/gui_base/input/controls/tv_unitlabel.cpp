@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "gui_base/input/controls/tv_unitlabel.h"
 
+#include "projectbase/costs/currency.h"
 #include "projectbase/units/unit_system_manager.h"
 
 TvUnitLabel::TvUnitLabel(wxWindow* parent, const wxString& isoUnit, bool unitFlag, bool convertUnit,
@@ -21,7 +22,7 @@ void TvUnitLabel::Localize(const std::string& unitSystem)
         return;
     const std::string unit =
         UnitSystemManager::GetUnit(m_isoUnit.utf8_string(), m_convertUnit ? unitSystem : "iso", m_unitFlag);
-    const wxString label = wxString::FromUTF8(unit) + m_suffix;
+    const wxString label = wxString::FromUTF8(costs::UnitIn(unit, {.code = m_currency})) + m_suffix;
     if (GetLabelText() != label)
         SetLabelText(label);
 }

@@ -22,11 +22,14 @@ public:
     void Localize(const std::string& unitSystem);
     /// The new unit is shown at the next localisation.
     void SetIsoUnit(const wxString& isoUnit) { m_isoUnit = isoUnit; }
+    /// The code that stands for "EUR" in a unit from the next localisation on.
+    void SetCurrency(const std::string& code) { m_currency = code; }
     void SetFontUnderlined(bool underlined);
 
 private:
     wxString m_isoUnit;
     wxString m_suffix;
+    std::string m_currency = "EUR";
     bool m_convertUnit;
     bool m_unitFlag;
 };

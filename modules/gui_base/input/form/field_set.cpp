@@ -227,5 +227,8 @@ TvStaticText* FieldSet::AddLabel(wxWindow* parent, const wxString& label, const 
 
 TvUnitLabel* FieldSet::AddUnitLabel(wxWindow* parent, const wxString& isoUnit, bool convert)
 {
-    return AddLocalizable(new TvUnitLabel(parent, isoUnit, true, convert));
+    auto* label = AddLocalizable(new TvUnitLabel(parent, isoUnit, true, convert));
+    label->SetCurrency(m_currency.code);
+    m_unitLabels.emplace_back(label);
+    return label;
 }

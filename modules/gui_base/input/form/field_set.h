@@ -16,6 +16,7 @@
 #include "gui_base/input/controls/tv_choiceadv.h"
 #include "gui_base/input/controls/tv_textctrl.h"
 #include "gui_base/input/form/form_row.h"
+#include "projectbase/costs/currency.h"
 #include "projectbase/details/detail_list.h"
 #include "projectbase/units/temperature.h"
 
@@ -133,6 +134,12 @@ public:
     void ApplyUnitLimits();
     /// The limits of the other numbers, in that unit system.
     void ApplyLimits(const std::string& unitSystem);
+    /// The currency of all money that fields show from now on; limits, units and names follow when they are
+    /// asked to, values when they are shown.
+    void SetCurrency(const costs::ShownCurrency& currency);
+    /// The labels of the units, in that unit system.
+    void ShowUnits(const std::string& unitSystem);
+    const costs::ShownCurrency& GetCurrency() const { return m_currency; }
     /// Gives every field the accessible name that its label and unit make in the present language and unit
     /// system.
     void UpdateNames(const std::string& unitSystem);
@@ -168,6 +175,8 @@ private:
     Field* Find(const std::string& key) const;
 
     DetailList& m_details;
+    costs::ShownCurrency m_currency;
+    std::vector<wxWeakRef<TvUnitLabel>> m_unitLabels;
     wxString m_labelSuffix;
     int m_fieldWidth = 0;
     std::vector<std::shared_ptr<Field>> m_fields;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // How fields show and store the values of details: bindings, limits, names.
 #include "gui_base/input/binding/transfer_detail.h"
+#include "gui_base/input/controls/tv_unitlabel.h"
 #include "gui_base/input/events.h"
 #include "gui_base/input/form/field_set_field.h"
 #include "gui_base/support/accessibility.h"
@@ -9,12 +10,6 @@
 
 #include <algorithm>
 #include <stdexcept>
-
-namespace {
-
-constexpr double kNoCurrency = 1.0;
-
-}  // namespace
 
 namespace form {
 
@@ -61,8 +56,8 @@ void FieldSet::VisitBindings(const std::function<void(TransferDetail&)>& visit) 
 void FieldSet::ShowDetails(const std::string& unitSystem)
 {
     const wxString system = wxString::FromUTF8(unitSystem);
-    VisitBindings([&system](TransferDetail& binding) {
-        binding.TransferToWindow(system, kNoCurrency);
+    VisitBindings([&](TransferDetail& binding) {
+        binding.TransferToWindow(system, m_currency.factor);
         binding.GetWindow()->TransferDataToWindow();
         binding.TransferRangeFlags();
     });
@@ -78,7 +73,7 @@ bool FieldSet::StoreFields(const std::string& unitSystem)
     bool changed = false;
     VisitBindings([&](TransferDetail& binding) {
         binding.GetWindow()->TransferDataFromWindow();
-        binding.TransferFromWindow(system, changed, kNoCurrency);
+        binding.TransferFromWindow(system, changed, m_currency.factor);
     });
     return changed;
 }
@@ -138,11 +133,29 @@ void FieldSet::ApplyLimits(const std::string& unitSystem)
         if (validator == nullptr || field->unit || field->spec.inIsoUnits)
             continue;
         const std::string& unit = field->detail->GetUnit();
+        const double money = costs::IsMoney(unit) ? m_currency.factor : 1.0;
         const auto shown = [&](const std::optional<double>& limit) {
-            return UnitSystemManager::FromISO(unit, unitSystem, limit.value_or(0.0));
+            return money * UnitSystemManager::FromISO(unit, unitSystem, limit.value_or(0.0));
         };
         validator->SetMinValue(shown(form::MinOf(field->spec, *field->detail)));
         validator->SetMaxValue(shown(form::MaxOf(field->spec, *field->detail)));
+    }
+}
+
+void FieldSet::SetCurrency(const costs::ShownCurrency& currency)
+{
+    m_currency = currency;
+    for (const auto& label : m_unitLabels) {
+        if (label)
+            label->SetCurrency(currency.code);
+    }
+}
+
+void FieldSet::ShowUnits(const std::string& unitSystem)
+{
+    for (const auto& label : m_unitLabels) {
+        if (label)
+            label->Localize(unitSystem);
     }
 }
 
@@ -153,6 +166,7 @@ void FieldSet::UpdateNames(const std::string& unitSystem)
         wxString unit = field->spec.unit;
         if (!field->spec.inIsoUnits)
             unit = wxString::FromUTF8(UnitSystemManager::GetUnit(unit.utf8_string(), unitSystem, true));
+        unit = wxString::FromUTF8(costs::UnitIn(unit.utf8_string(), m_currency));
         if (field->unit)
             field->unit->UpdateNames(label);
         else if (field->control)

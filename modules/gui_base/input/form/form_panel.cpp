@@ -5,8 +5,15 @@
 
 FormPanel::FormPanel(Project* project, DetailList& details, wxWindow* parent, int id, const wxPoint& pos,
                      const wxSize& size, long style, const wxString& name)
-    : ModulePanelBase(project, parent, id, pos, size, style, name), m_details(details)
+    : ModulePanelBase(project, parent, id, pos, size, style, name), m_details(&details)
 {}
+
+void FormPanel::CreateWindow(Project* project, DetailList& details, wxWindow* parent, int id,
+                             const wxPoint& pos, const wxSize& size, long style, const wxString& name)
+{
+    m_details = &details;
+    ModulePanelBase::CreateWindow(project, parent, id, pos, size, style, name);
+}
 
 wxFlexGridSizer* FormPanel::NewGrid(int columns) const
 {
@@ -21,7 +28,7 @@ void FormPanel::Commit()
 
 void FormPanel::DoCreateControls()
 {
-    m_fields = std::make_unique<FieldSet>(m_details);
+    m_fields = std::make_unique<FieldSet>(*m_details);
     DoCreateForm();
     for (const auto& holder : m_fields->Localizables())
         AddLocalizable(holder);

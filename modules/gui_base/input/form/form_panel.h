@@ -19,6 +19,11 @@ protected:
               long style = wxTAB_TRAVERSAL | wxHSCROLL | wxVSCROLL,
               const wxString& name = wxASCII_STR(wxPanelNameStr));
 
+    /// A panel without a window yet; CreateWindow follows.
+    FormPanel() = default;
+    void CreateWindow(Project* project, DetailList& details, wxWindow* parent, int id, const wxPoint& pos,
+                      const wxSize& size, long style, const wxString& name);
+
     /// Makes the rows in `GetFields()` and sets the sizer.
     virtual void DoCreateForm() = 0;
     FieldSet& GetFields() const { return *m_fields; }
@@ -28,6 +33,7 @@ protected:
     void Commit();
 
     long GetPanelProjectStatus() override { return 0; }
+    double GetCurrencyFactor() const override { return m_fields->GetCurrency().factor; }
     void DoResetPanelStatus() override {}
     void DoResetMessages() override {}
     void DoCreateControls() override;
@@ -43,6 +49,6 @@ protected:
     void DoSendVisualizeMessageEvent() override {}
 
 private:
-    DetailList& m_details;
+    DetailList* m_details = nullptr;
     std::unique_ptr<FieldSet> m_fields;
 };

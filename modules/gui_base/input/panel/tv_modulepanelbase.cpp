@@ -22,8 +22,15 @@ constexpr int kWheelStep = 60;
 
 ModulePanelBase::ModulePanelBase(Project* project, wxWindow* parent, int id, const wxPoint& pos,
                                  const wxSize& size, long style, const wxString& name)
-    : wxScrolled<wxPanel>(parent, id, pos, size, style, name), m_project(project)
 {
+    CreateWindow(project, parent, id, pos, size, style, name);
+}
+
+void ModulePanelBase::CreateWindow(Project* project, wxWindow* parent, int id, const wxPoint& pos,
+                                   const wxSize& size, long style, const wxString& name)
+{
+    wxScrolled<wxPanel>::Create(parent, id, pos, size, style, name);
+    m_project = project;
     if (m_project != nullptr)
         m_project->AddObserver(*this);
 }
@@ -354,7 +361,9 @@ void ModulePanelBase::FitAndLayout()
 
 bool ModulePanelBase::IsBookPage() const
 {
-    // A page may stand in a place holder that its book knows instead.
+    // A panel on a page is none itself; a page may stand in a place holder that its book knows instead.
+    if (OuterPanel() != nullptr)
+        return false;
     const wxWindow* parent = GetParent();
     return dynamic_cast<const wxBookCtrlBase*>(parent) != nullptr ||
            (parent != nullptr && dynamic_cast<const wxBookCtrlBase*>(parent->GetParent()) != nullptr);

@@ -66,11 +66,19 @@ public:
     /// The status bar of the frame around the panel, or null.
     wxStatusBar* GetStatusBar();
 
+    /// Shows money in the currency that the user chose, after that or its rate changed.
+    virtual void UpdateCurrencyDisplay() {}
+
     /// Puts the focus into the field bound to the detail at that address; false when there is none that can
     /// take it.
     virtual bool FocusDetail(const DetailAddress& address);
 
 protected:
+    /// A panel without a window yet; CreateWindow follows.
+    ModulePanelBase() = default;
+    void CreateWindow(Project* project, wxWindow* parent, int id, const wxPoint& pos, const wxSize& size,
+                      long style, const wxString& name);
+
     virtual void DoTransferDetailsToWindows();
     /// The project calculation status that this panel's input belongs to.
     virtual long GetPanelProjectStatus() = 0;
@@ -173,7 +181,7 @@ private:
     void OnLocalize(wxCommandEvent& event);
     void OnChildChanged(wxCommandEvent& event);
 
-    Project* m_project;
+    Project* m_project = nullptr;
     wxWeakRef<wxStatusBar> m_statusBar;
     TransferContainer m_transfers;
     std::vector<std::shared_ptr<LocalizableControl>> m_localizableControls;

@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: MIT
+// What a plant costs, and its product water.
+#include "app/modules/base/module.h"
+#include "gui_base/ionexchange/costs/irx_costpanel.h"
+#include "gui_base/report/cost_report.h"
+
+#include <wx/translation.h>
+
+namespace app {
+
+namespace {
+
+bool IsFor(const Project& project)
+{
+    const auto* plant = dynamic_cast<const iex::IEXProject*>(&project);
+    return plant != nullptr && plant->NumberSteps() > 0;
+}
+
+bool Holds(const Project&, const OwnerNode&, const DetailAddress& address)
+{
+    return address.owner == DetailOwner() && address.key.starts_with("cost/");
+}
+
+}  // namespace
+
+Module CostModule()
+{
+    return {.id = "cost",
+            .title = wxTRANSLATE("Cost"),
+            .icon = "/icons/cost.svg",
+            .helpPage = "costs.html",
+            .isFor = IsFor,
+            .holds = Holds,
+            .makePage = [](const PageContext& context, OwnerNode&) -> ModulePage {
+                return {.panel = new IRXCostsPanel(&dynamic_cast<iex::IEXProject&>(context.project),
+                                                   context.parent)};
+            },
+            .makeReport = [](const Project& project) -> std::unique_ptr<ReportPageSource> {
+                return std::make_unique<CostReport>(project);
+            }};
+}
+
+}  // namespace app
