@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "gui_base/report/chart_report.h"
 
+#include "gui_base/report/chart_figure.h"
 #include "gui_base/report/resin_chart.h"
 #include "projectbase/design/plant_design.h"
 #include "projectbase/project/iex_project.h"
@@ -8,14 +9,9 @@
 #include <wx/translation.h>
 
 #include <algorithm>
-#include <cairo.h>
-#include <cmath>
 #include <stdexcept>
 
 namespace {
-
-constexpr double kFigureHeight = 250.0;
-constexpr double kPointsPerPixel = 0.75;
 
 /// Those of the plant that exchange, each once, in flow order.
 std::vector<const design::Resin*> ResinsOf(const Project& project)
@@ -36,21 +32,6 @@ std::vector<const design::Resin*> ResinsOf(const Project& project)
         }
     }
     return resins;
-}
-
-report::Figure FigureOf(std::shared_ptr<chartdir::XYChart> chart)
-{
-    report::Figure figure;
-    figure.height = kFigureHeight;
-    figure.draw = [chart = std::move(chart)](ReportCanvas* canvas, double width, double height) {
-        cairo_save(canvas);
-        cairo_scale(canvas, kPointsPerPixel, kPointsPerPixel);
-        chart->setSize(static_cast<int>(std::lround(width / kPointsPerPixel)),
-                       static_cast<int>(std::lround(height / kPointsPerPixel)));
-        chart->draw(canvas);
-        cairo_restore(canvas);
-    };
-    return figure;
 }
 
 }  // namespace
@@ -79,7 +60,7 @@ report::Section ChartReport::BuildReportPage(int id, const ReportContext& contex
             auto chart = resin_chart::Make(contents, m_project, context);
             // The heading above the figures says it.
             chart->addTitle({});
-            section.blocks.push_back(FigureOf(std::move(chart)));
+            section.blocks.push_back(ChartFigure(std::move(chart)));
         }
     }
     return section;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "gui_base/report/cost_report.h"
 
+#include "gui_base/report/chart_figure.h"
+#include "gui_base/report/cost_chart.h"
 #include "projectbase/costs/currency.h"
 #include "projectbase/costs/project_costs.h"
 #include "projectbase/project/iex_project.h"
@@ -11,6 +13,7 @@
 
 #include <array>
 #include <cmath>
+#include <span>
 #include <stdexcept>
 
 namespace {
@@ -174,24 +177,28 @@ void AddOperating(const Costs& costs, report::Section& section)
     table.MoveTo(section);
 }
 
-void AddResults(const Costs& costs, report::Section& section)
+void AddResults(const Costs& costs, const char* title, std::span<const char* const> keys,
+                report::Section& section)
 {
-    constexpr std::array kResults{
-        "cost/cc.watercost",       "cost/op.watercost",         "cost/system.watercost",
-        "cost/cost.system.total",  "cost/cost.oper.annual",     "cost/cost.plant.life",
-        "cost/cost.interest.rate", "cost/cost.oper.escalation", "cost/cost.npv"};
     report::Table table{.columns = {{.stretch = 1.0}, {.align = report::Align::Right}, {}},
                         .showTitles = false};
-    for (const char* key : kResults) {
+    for (const char* key : keys) {
         const std::string unit = costs.UnitOf(key);
         const bool isMoney = unit == costs.Currency().code;
         const std::string text = isMoney ? costs.Money(costs.Value(key)) : costs.Amount(key);
         if (!text.empty())
             table.rows.push_back({.cells = {{.text = costs.Label(key)}, {.text = text}, {.text = unit}}});
     }
-    if (!table.rows.empty())
-        section.blocks.push_back(std::move(table));
+    if (table.rows.empty())
+        return;
+    section.blocks.push_back(report::Heading{costs.Context().Translated(title)});
+    section.blocks.push_back(std::move(table));
 }
+
+constexpr std::array kWaterCost{"cost/cc.watercost", "cost/op.watercost", "cost/system.watercost"};
+constexpr std::array kProjection{"cost/cost.system.total",    "cost/cost.oper.annual",
+                                 "cost/cost.plant.life",      "cost/cost.interest.rate",
+                                 "cost/cost.oper.escalation", "cost/cost.npv"};
 
 }  // namespace
 
@@ -217,6 +224,9 @@ report::Section CostReport::BuildReportPage(int id, const ReportContext& context
             "1 EUR = {} {}", context.Number(costs.Currency().factor, kDigits), costs.Currency().code)});
     AddCapital(costs, section);
     AddOperating(costs, section);
-    AddResults(costs, section);
+    AddResults(costs, wxTRANSLATE("Product water cost"), kWaterCost, section);
+    AddResults(costs, wxTRANSLATE("Cost projection"), kProjection, section);
+    if (!costs::YearsOf(*project).empty())
+        section.blocks.push_back(ChartFigure(cost_chart::Make(*project, context, costs.Currency())));
     return section;
 }
