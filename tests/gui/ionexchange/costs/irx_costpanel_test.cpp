@@ -16,6 +16,7 @@
 #include <wx/log.h>
 #include <wx/msgdlg.h>
 
+#include <array>
 #include <cmath>
 
 namespace {
@@ -135,15 +136,19 @@ TEST_F(CostsPanelTest, MoneyIsConvertedInTheWindowOnly)
     EXPECT_EQ(support::Detail(m_project, "", "cost/cc.cost.piping").GetRangeFlag(), 1);
 }
 
-TEST_F(CostsPanelTest, ManySwitchesChangeNothing)
+TEST_F(CostsPanelTest, AThousandSwitchesChangeNothing)
 {
     support::Put(m_project, "", "cost/op.cost.regen1", 1.0 / 3.0);
     Show();
     const std::string before = ProjectToJson(m_project, {}, {});
     support::History history(m_project);
     ProjectDatabase::Transaction unsaved;
-    for (int i = 0; i < 100; ++i) {
-        ProjectDatabase::SetUserParameter("/Settings/Currency", i % 2 == 0 ? "USD" : "EUR");
+    constexpr std::array kRates{1.25, 0.0003, 151.7, 17'000.0 / 3.0, 89'500.0};
+    for (std::size_t i = 0; i < 1'000; ++i) {
+        // Every now and then another currency; between them other rates, which are quicker.
+        if (i % 50 == 0)
+            ProjectDatabase::SetUserParameter("/Settings/Currency", i % 100 == 0 ? "USD" : "EUR");
+        ProjectDatabase::SetConversionRate("USD", kRates[i % kRates.size()]);
         m_panel->UpdateCurrencyDisplay();
         if (i % 10 == 0)
             m_panel->SynchronizeProject();
