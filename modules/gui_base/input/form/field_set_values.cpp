@@ -11,6 +11,12 @@
 #include <algorithm>
 #include <stdexcept>
 
+namespace {
+
+constexpr double kCheapFactor = 100.0;
+
+}  // namespace
+
 namespace form {
 
 /// "Sodium" for the row label "Sodium:".
@@ -137,6 +143,9 @@ void FieldSet::ApplyLimits(const std::string& unitSystem)
         const auto shown = [&](const std::optional<double>& limit) {
             return money * UnitSystemManager::FromISO(unit, unitSystem, limit.value_or(0.0));
         };
+        // Where a unit of the currency is next to nothing, nobody counts hundredths of it.
+        if (costs::IsMoney(unit) && field->spec.format == TvTextCtrlFormat::Fixed)
+            validator->SetPrecision(m_currency.factor < kCheapFactor ? field->spec.precision : 0);
         validator->SetMinValue(shown(form::MinOf(field->spec, *field->detail)));
         validator->SetMaxValue(shown(form::MaxOf(field->spec, *field->detail)));
     }

@@ -25,6 +25,7 @@ public:
     void SetMinValue(double min) { m_minValue = min; }
     void SetMaxValue(double max) { m_maxValue = max; }
     int GetPrecision() const { return m_precision; }
+    void SetPrecision(int precision) { m_precision = precision; }
     /// The value rounded up at the validator's decimals; NaN without a value.
     double GetRoundedValue() const;
 

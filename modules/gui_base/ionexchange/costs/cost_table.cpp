@@ -15,7 +15,7 @@
 namespace {
 
 constexpr int kColumnsOfNumber = 2;
-constexpr int kQuantityWidth = 78;
+constexpr int kQuantityWidth = 66;
 constexpr int kPriceWidth = 78;
 constexpr int kMoneyWidth = 92;
 constexpr int kPriceDigits = 6;

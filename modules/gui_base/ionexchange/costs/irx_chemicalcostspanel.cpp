@@ -40,6 +40,8 @@ void IRXChemicalCostsPanel::Create(iex::IEXProject* project, wxWindow* parent, i
                                    const wxSize& size, long style)
 {
     CreateWindow(project, project->GetDetails(), parent, id, pos, size, style, wxASCII_STR(wxPanelNameStr));
+    // The page around it scrolls.
+    ShowScrollbars(wxSHOW_SB_NEVER, wxSHOW_SB_NEVER);
     ModulePanelBase::Create();
 }
 

@@ -103,6 +103,8 @@ void IRXCostsPanel::Create(iex::IEXProject* project, wxWindow* parent, int id, c
     m_isCalculated = isCalculated;
     CreateWindow(project, project->GetDetails(), parent, id, pos, size, style, wxASCII_STR(wxPanelNameStr));
     ModulePanelBase::Create();
+    // Controls know their size for good when they are shown.
+    CallAfter([this] { UpdateUnits(false); });
 }
 
 void IRXCostsPanel::Prepare()
