@@ -310,6 +310,14 @@ void ModuleBook::SendToPages(wxEventType type)
     }
 }
 
+void ModuleBook::UpdateCurrencyDisplay()
+{
+    for (const PageHost* host : m_hosts) {
+        if (host->GetPage().panel != nullptr)
+            host->GetPage().panel->UpdateCurrencyDisplay();
+    }
+}
+
 void ModuleBook::RefreshDatabase()
 {
     for (const PageHost* host : m_hosts) {

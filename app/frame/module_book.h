@@ -53,6 +53,8 @@ public:
     void SendToPages(wxEventType type);
     /// Lets every page read again what it shows of the user database.
     void RefreshDatabase();
+    /// Shows money by the currency and the rates that there are now.
+    void UpdateCurrencyDisplay();
 
 private:
     struct Item;

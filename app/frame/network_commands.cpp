@@ -39,6 +39,7 @@ void NetworkCommands::ShowRates()
     RatesDialog dialog(&m_frame);
     dialog.SetHelp(m_frame.GetHelp());
     dialog.ShowModal();
+    m_frame.GetBook().UpdateCurrencyDisplay();
 }
 
 }  // namespace app

@@ -32,8 +32,9 @@ Module CostModule()
             .isFor = IsFor,
             .holds = Holds,
             .makePage = [](const PageContext& context, OwnerNode&) -> ModulePage {
-                return {.panel = new IRXCostsPanel(&dynamic_cast<iex::IEXProject&>(context.project),
-                                                   context.parent)};
+                auto* panel =
+                    new IRXCostsPanel(&dynamic_cast<iex::IEXProject&>(context.project), context.parent);
+                return {.panel = panel, .refreshDatabase = [panel] { panel->UpdateCurrencyDisplay(); }};
             },
             .makeReport = [](const Project& project) -> std::unique_ptr<ReportPageSource> {
                 return std::make_unique<CostReport>(project);
