@@ -64,6 +64,19 @@ void BM_RefreshCosts(benchmark::State& state)
 }
 BENCHMARK(BM_RefreshCosts)->Unit(benchmark::kMillisecond);
 
+/// All of it anew: units, limits, values, names, layout.
+void BM_SwitchUnits(benchmark::State& state)
+{
+    CostsPage page;
+    bool isIso = true;
+    for (auto _ : state) {
+        isIso = !isIso;
+        page.GetProject().SetUnitSystemDisplay(isIso ? "iso" : "us");
+        page.GetPanel().UpdateUnits(true);
+    }
+}
+BENCHMARK(BM_SwitchUnits)->Unit(benchmark::kMillisecond);
+
 /// Without the write of the user's choice.
 void BM_SwitchCurrency(benchmark::State& state)
 {
