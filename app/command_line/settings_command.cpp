@@ -9,7 +9,6 @@
 
 #include <algorithm>
 #include <ostream>
-#include <regex>
 #include <stdexcept>
 #include <string_view>
 
@@ -32,12 +31,26 @@ struct UsageError : std::runtime_error
     using std::runtime_error::runtime_error;
 };
 
-/// A connection text and an address may hold a password; nobody needs to read it.
-std::string WithoutPassword(const std::string& text)
+/// A connection text and an address may hold a password, which nobody needs to read.
+std::string WithoutPassword(std::string text)
 {
-    static const std::regex inAddress("(://[^:/@]*):[^/@]*@");
-    static const std::regex inWords("(password=)('[^']*'|[^ ]*)");
-    return std::regex_replace(std::regex_replace(text, inAddress, "$1:***@"), inWords, "$1***");
+    constexpr std::string_view kStruck = "***";
+    constexpr std::string_view kWord = "password=";
+    const auto strike = [&](std::size_t from, std::size_t to) { text.replace(from, to - from, kStruck); };
+    if (const std::size_t scheme = text.find("://"); scheme != std::string::npos) {
+        const std::size_t user = scheme + 3;
+        const std::size_t end = std::min(text.find_first_of("/?#", user), text.size());
+        const std::size_t at = text.substr(0, end).rfind('@');
+        const std::size_t colon = text.find(':', user);
+        if (at != std::string::npos && colon < at)
+            strike(colon + 1, at);
+    }
+    if (const std::size_t word = text.find(kWord); word != std::string::npos) {
+        const std::size_t value = word + kWord.size();
+        const bool isQuoted = text.substr(value, 1) == "'";
+        strike(value, std::min(text.find_first_of(isQuoted ? "'" : " &", value + 1), text.size()));
+    }
+    return text;
 }
 
 DetailData& Find(const std::string& name)

@@ -92,8 +92,8 @@ void CostFormPanel::DoFollowProject()
 {
     if (OwnOf(*GetProject()) != m_ofProject)
         return UpdateCurrencyDisplay();
-    FormPanel::DoFollowProject();
-    NameTables();
+    // Names hold units, which an edit leaves, and what the lines are called: those look after themselves.
+    ModulePanelBase::DoFollowProject();
 }
 
 void CostFormPanel::DoUpdateUnits()
