@@ -222,7 +222,15 @@ report::Section CostReport::BuildReportPage(int id, const ReportContext& context
     if (costs.Currency().code != "EUR")
         section.blocks.push_back(report::Paragraph{fmt::format(
             "1 EUR = {} {}", context.Number(costs.Currency().factor, kDigits), costs.Currency().code)});
+    if (!design::IsDesigned(*project)) {
+        section.blocks.push_back(report::Paragraph{
+            context.Translated(wxTRANSLATE("The costs follow as soon as the plant is designed."))});
+        return section;
+    }
     AddCapital(costs, section);
+    if (const int others = costs::CountResinsWithoutLine(*project); others > 0)
+        section.blocks.push_back(report::Paragraph{fmt::format(
+            fmt::runtime(context.Translated(wxTRANSLATE("{} more resins are not counted."))), others)});
     AddOperating(costs, section);
     AddResults(costs, wxTRANSLATE("Product water cost"), kWaterCost, section);
     AddResults(costs, wxTRANSLATE("Cost projection"), kProjection, section);

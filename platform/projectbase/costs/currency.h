@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-/// In which currency money is shown. All amounts of a project are in euro; whoever shows one multiplies it by
-/// the factor, at the window, in the report and on the command line alike.
+/// In which currency money is shown. All amounts of a project are in euro; windows and reports multiply them
+/// by the factor when they show them. Results for other programs stay in euro.
 
 #include "projectbase/projectbase_export.h"
 

@@ -31,7 +31,7 @@ std::map<std::string, OperatingCost> OperatingCosts(const iex::IEXProject& proje
         OperatingCost cost{.cycle = cycle,
                            .year = cycle * cycles,
                            .share = total != 0.0 ? cycle / total * kWhole : design::kNotKnown,
-                           .product = capacity > 0.0 ? cycle * cycles / capacity : 0.0};
+                           .product = capacity <= 0.0 ? 0.0 : cycle * cycles / capacity};
         if (!isDesigned)
             cost = {design::kNotKnown, design::kNotKnown, design::kNotKnown, design::kNotKnown};
         costs[isService ? "cost/op.cost.servwater" : name] = cost;

@@ -11,6 +11,8 @@
 #include <algorithm>
 #include <cmath>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 namespace costs {
 
@@ -19,6 +21,8 @@ namespace {
 constexpr double kHoursOfYear = 8'760.0;
 constexpr double kDaysOfYear = 365.0;
 constexpr double kPercent = 0.01;
+/// As the limit of the plant's life; a file may hold more.
+constexpr double kMostYears = 200.0;
 
 double Number(const iex::IEXProject& project, std::string_view key)
 {
@@ -75,8 +79,54 @@ double VolumeOf(const iex::IEXProject& project, const OwnerNode& resin)
     return project.IsOfType("FOODC") && std::isfinite(installed) ? installed : designed;
 }
 
+/// A price, and what it is the price of; empty for whatever comes to stand there.
+struct Priced
+{
+    std::string name;
+    double price = 0.0;
+};
+
+/// Lets prices follow the names of their lines, which come and go with the design: the price of what has no
+/// line just now is kept in a line that is free. `prices` and `names` are the keys without a number.
+void FollowNames(iex::IEXProject& project, std::string_view prices, std::string_view names, int lines,
+                 const std::vector<std::string>& present)
+{
+    DetailList& details = project.GetDetails();
+    std::vector<Priced> known;
+    for (int n = 1; n <= lines; ++n)
+        known.push_back({details.At(fmt::format("{}{}", names, n)).GetStdStringValue(),
+                         Number(project, fmt::format("{}{}", prices, n))});
+    std::vector<bool> isTaken(known.size());
+    const auto take = [&](std::size_t i) {
+        isTaken[i] = true;
+        return known[i].price;
+    };
+    std::vector<Priced> kept;
+    for (const std::string& name : present) {
+        std::size_t i = 0;
+        while (i < known.size() && (isTaken[i] || known[i].name != name))
+            ++i;
+        // A price that was typed before its line had a name.
+        const std::size_t place = kept.size();
+        if (i == known.size() && place < known.size() && known[place].name.empty() && !isTaken[place])
+            i = place;
+        kept.push_back({name, i < known.size() ? take(i) : 0.0});
+    }
+    for (std::size_t i = 0; i < known.size(); ++i) {
+        if (!isTaken[i] && (!known[i].name.empty() || known[i].price != 0.0))
+            kept.push_back(known[i]);
+    }
+    kept.resize(known.size());
+    for (int n = 1; n <= lines; ++n) {
+        const Priced& line = kept[static_cast<std::size_t>(n - 1)];
+        details.At(fmt::format("{}{}", names, n)).SetValue(line.name);
+        details.At(fmt::format("{}{}", prices, n)).SetValue(line.price);
+    }
+}
+
 void WriteChemicals(iex::IEXProject& project, std::string_view kind, const ChemicalMap& map)
 {
+    std::vector<std::string> present;
     auto chemical = map.begin();
     for (int n = 1; n <= kChemicals; ++n) {
         const std::string suffix = fmt::format("{}{}", kind, n);
@@ -84,8 +134,15 @@ void WriteChemicals(iex::IEXProject& project, std::string_view kind, const Chemi
         project.GetDetails().At(Key("op.name.", suffix)).SetValue(isThere ? chemical->first : std::string());
         Set(project, Key("op.amount.", suffix), isThere ? chemical->second : 0.0);
         if (isThere)
-            ++chemical;
+            present.push_back((chemical++)->first);
     }
+    FollowNames(project, Key("op.cost.", kind), Key("op.priced.", kind), kChemicals, present);
+}
+
+/// A line of nothing costs nothing, whatever its price.
+std::pair<double, double> LineOf(double quantity, double price)
+{
+    return {quantity, quantity > 0.0 ? price : 0.0};
 }
 
 void Add(ChemicalMap& map, const std::string& name, double mass)
@@ -99,7 +156,7 @@ void AddChemicals(iex::CostMap& map, const iex::IEXProject& project, std::string
     for (int n = 1; n <= kChemicals; ++n) {
         const std::string suffix = fmt::format("{}{}", kind, n);
         const std::string price = Key("op.cost.", suffix);
-        map[price] = {KnownOr0(Number(project, Key("op.amount.", suffix))), Number(project, price)};
+        map[price] = LineOf(KnownOr0(Number(project, Key("op.amount.", suffix))), Number(project, price));
     }
 }
 
@@ -128,11 +185,14 @@ void CopyVolumeToCostDetails(iex::IEXProject& project)
 {
     ClearResinDetails(project);
     int n = 0;
+    std::vector<std::string> present;
     ForEachResin(project, [&](const OwnerNode& node, const design::Resin& resin) {
-        if (++n <= kResins)
-            SetResin(project, fmt::format("resin{}", n), resin.name,
-                     Lines(project) * VolumeOf(project, node));
+        if (++n > kResins)
+            return;
+        present.push_back(resin.name);
+        SetResin(project, fmt::format("resin{}", n), resin.name, Lines(project) * VolumeOf(project, node));
     });
+    FollowNames(project, "cost/cc.cost.resin", "cost/cc.priced.resin", kResins, present);
     const char* const inert[] = {"project/vol.inert.total", "project/vol.inert.total.uc"};
     for (std::size_t i = 0; i < kInertSuffixes.size(); ++i) {
         const double volume = KnownOr0(Number(project, inert[i]));
@@ -204,7 +264,7 @@ iex::CostMap CapitalLines(const iex::IEXProject& project)
     const auto addResin = [&](std::string_view suffix) {
         const std::string price = Key("cc.cost.", suffix);
         const double litres = 1'000.0 * KnownOr0(Number(project, Key("cc.volume.", suffix)));
-        map[price] = {litres, Number(project, price)};
+        map[price] = LineOf(litres, Number(project, price));
     };
     for (int n = 1; n <= kResins; ++n)
         addResin(fmt::format("resin{}", n));
@@ -222,10 +282,11 @@ iex::CostMap OperatingLines(const iex::IEXProject& project)
     iex::CostMap map;
     AddChemicals(map, project, "regen");
     AddChemicals(map, project, "cond");
-    map["cost/op.cost.wastewater"] = {KnownOr0(Number(project, "project/vol.waste.all")),
-                                      Number(project, "cost/op.cost.wastewater")};
+    map["cost/op.cost.wastewater"] = LineOf(KnownOr0(Number(project, "project/vol.waste.all")),
+                                            Number(project, "cost/op.cost.wastewater"));
     const double serviceWater = KnownOr0(Number(project, "project/vol.serv.all"));
-    map["servWater"] = {serviceWater * Number(project, "cost/op.cost.servwater"), 0.0};
+    const auto [volume, price] = LineOf(serviceWater, Number(project, "cost/op.cost.servwater"));
+    map["servWater"] = {volume * price, 0.0};
     return map;
 }
 
@@ -274,11 +335,14 @@ std::vector<YearOfCosts> YearsOf(const iex::IEXProject& project)
     const double growth = 1.0 + Number(project, "cost/cost.oper.escalation") * kPercent;
     const double discount = 1.0 + Number(project, "cost/cost.interest.rate") * kPercent;
     std::vector<YearOfCosts> years;
-    if (!std::isfinite(annual) || !std::isfinite(life) || !std::isfinite(growth) || !(discount > 0.0))
+    if (!std::isfinite(annual) || !std::isfinite(life) || !std::isfinite(growth) || !(discount > 0.0) ||
+        life > kMostYears)
         return years;
     for (int year = 1; year <= life; ++year) {
         const double cost = annual * std::pow(growth, year - 1);
         years.push_back({year, cost, cost / std::pow(discount, year)});
+        if (!std::isfinite(years.back().discounted))
+            return {};
     }
     return years;
 }

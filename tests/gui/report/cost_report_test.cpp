@@ -12,6 +12,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 namespace {
 
 using support::LinesOf;
@@ -80,6 +82,13 @@ TEST_F(CostReportTest, MoneyIsWrittenInTheCurrencyOnDisplay)
     // Without a rate there is no other money than that of the project.
     ProjectDatabase::SetUserParameter(costs::kCurrencyParameter, "XAU");
     EXPECT_THAT(Lines(), Contains("Total system cost 12800 EUR"));
+}
+
+TEST_F(CostReportTest, APlantThatIsNotDesignedHasNoCosts)
+{
+    Put(m_project, "", "project/qbrutto", std::nan(""));
+    Put(m_project, "", "project/wbrutto", std::nan(""));
+    EXPECT_THAT(Lines(), testing::ElementsAre("The costs follow as soon as the plant is designed."));
 }
 
 TEST_F(CostReportTest, ThePageIsChosenAsTheProjectSays)

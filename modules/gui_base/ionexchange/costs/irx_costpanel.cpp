@@ -240,8 +240,7 @@ void IRXCostsPanel::ShowResinNote()
 {
     const int count = costs::CountResinsWithoutLine(Plant());
     const wxString text =
-        count > 0 ? wxString::Format(i18n::Translated("Resins without a line of their own: %d"), count)
-                  : wxString();
+        count > 0 ? wxString::Format(i18n::Translated("Resins that are not counted: %d"), count) : wxString();
     ShowNote(*m_resinNote, text);
 }
 

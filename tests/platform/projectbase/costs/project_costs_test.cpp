@@ -141,6 +141,60 @@ TEST(ProjectCosts, ExtremeRatesGiveNumbersOrNothing)
     }
 }
 
+/// "Hydrochloric acid 0.6", of a line that has a name.
+std::string Line(Project& project, const std::string& kind, int n)
+{
+    const std::string number = kind + std::to_string(n);
+    const bool isResin = kind == "resin";
+    const std::string name =
+        Name(project, ((isResin ? "cost/cc.name." : "cost/op.name.") + number).c_str()).utf8_string();
+    const double price = Get(project, "", (isResin ? "cost/cc.cost." : "cost/op.cost.") + number);
+    return name.empty() ? name : name + wxString::Format(" %g", price).utf8_string();
+}
+
+TEST(ProjectCosts, PricesFollowTheNamesOfTheirLines)
+{
+    const auto project = MakePlant();
+    Put(*project, "", "cost/op.cost.regen1", 0.6);
+    Put(*project, "", "cost/op.cost.regen2", 0.7);
+    Put(*project, "", "cost/cc.cost.resin1", 2.5);
+    Put(*project, "", "cost/cc.cost.resin2", 6.5);
+    Put(*project, "ex.1.comp.1", "stepcomp/rm.chemical", "H2SO4");
+    EXPECT_EQ(Line(*project, "regen", 1), "Sodium hydroxide 0.7");
+    EXPECT_EQ(Line(*project, "regen", 2), "Sulfuric acid 0") << "nobody said what it costs";
+    Put(*project, "", "cost/op.cost.regen2", 0.25);
+    // Without a design there are no amounts; prices wait.
+    const double flow = Get(*project, "", "project/qbrutto");
+    Put(*project, "", "project/qbrutto", std::nan(""));
+    Put(*project, "", "project/wbrutto", std::nan(""));
+    EXPECT_EQ(Line(*project, "regen", 1), "");
+    Put(*project, "", "project/qbrutto", flow);
+    EXPECT_EQ(Line(*project, "regen", 1), "Sodium hydroxide 0.7");
+    EXPECT_EQ(Line(*project, "regen", 2), "Sulfuric acid 0.25");
+    Put(*project, "ex.1.comp.1", "stepcomp/rm.chemical", "HCL");
+    EXPECT_EQ(Line(*project, "regen", 1), "Hydrochloric acid 0.6");
+    EXPECT_EQ(Line(*project, "regen", 2), "Sodium hydroxide 0.7");
+
+    Put(*project, "ex.1.comp.1.resin.1", "compcomp/resin", "inert");
+    EXPECT_EQ(Line(*project, "resin", 1), "Strong-base anion resin, type 1 6.5");
+    Put(*project, "ex.1.comp.1.resin.1", "compcomp/resin", "sac_gel");
+    EXPECT_EQ(Line(*project, "resin", 1), "Strong-acid cation resin, gel 2.5");
+    EXPECT_EQ(Line(*project, "resin", 2), "Strong-base anion resin, type 1 6.5");
+}
+
+TEST(ProjectCosts, ALineOfNothingCostsNothing)
+{
+    const auto project = MakePlant();
+    Put(*project, "", "cost/cc.cost.piping", 1000.0);
+    Put(*project, "", "cost/cc.cost.resin5", std::nan(""));
+    Put(*project, "", "cost/op.cost.cond6", std::nan(""));
+    EXPECT_EQ(Get(*project, "", "cost/cost.system.total"), 1000.0);
+    EXPECT_EQ(Get(*project, "", "cost/cost.oper.annual"), 0.0);
+    // A resin that is there and has no price leaves the total unknown.
+    Put(*project, "", "cost/cc.cost.resin1", std::nan(""));
+    EXPECT_TRUE(std::isnan(Get(*project, "", "cost/cost.system.total")));
+}
+
 TEST(ProjectCosts, PricesDoNotTouchTheDesign)
 {
     const auto project = MakePlant();
