@@ -129,8 +129,8 @@ void PrintExchanger(const design::ExchangerDesign& exchanger, const ReportContex
 /// What the design of a plant comes to; nothing for a project without exchangers.
 void PrintDesign(const Project& project, std::ostream& out)
 {
-    const auto* plant = dynamic_cast<const iex::IEXProject*>(&project);
-    if (plant == nullptr || plant->NumberSteps() == 0)
+    const iex::IEXProject* const plant = iex::PlantOf(project);
+    if (plant == nullptr)
         return;
     const ReportContext context = PlainContext(project.GetUnitSystemDisplay());
     const design::PlantDesign design = design::DesignOf(*plant);

@@ -3,6 +3,7 @@
 #include "app/modules/base/module.h"
 #include "gui_base/ionexchange/design/design_panel.h"
 #include "gui_base/report/design_report.h"
+#include "projectbase/project/iex_project.h"
 
 #include <wx/translation.h>
 
@@ -12,8 +13,7 @@ namespace {
 
 bool IsFor(const Project& project)
 {
-    const auto* plant = dynamic_cast<const iex::IEXProject*>(&project);
-    return plant != nullptr && plant->NumberSteps() > 0;
+    return iex::PlantOf(project) != nullptr;
 }
 
 bool Holds(const Project&, const OwnerNode&, const DetailAddress& address)

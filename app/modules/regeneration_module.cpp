@@ -16,8 +16,7 @@ namespace {
 
 bool HasExchangers(const Project& project)
 {
-    const auto* const plant = dynamic_cast<const iex::IEXProject*>(&project);
-    return plant != nullptr && !plant->GetRoot().GetChildren(OwnerKind::Exchanger).empty();
+    return iex::PlantOf(project) != nullptr;
 }
 
 /// A degasser has no resin.

@@ -19,6 +19,8 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <sys/wait.h>
+#include <unistd.h>
 #include <vector>
 
 namespace support {
@@ -122,6 +124,21 @@ class UserDatabaseTest : public testing::TestWithParam<const char*>, public Data
 protected:
     UserDatabaseTest() : DatabaseUnderTest(GetParam()) {}
 };
+
+/// Programs that write at the same time: `write` runs once in a process for each and returns how many of its
+/// calls failed. No database may be open.
+inline void RunWriters(int count, const std::function<int(int writer)>& write)
+{
+    for (int writer = 0; writer < count; ++writer) {
+        if (fork() == 0)
+            _exit(write(writer) == 0 ? 0 : 1);
+    }
+    for (int writer = 0; writer < count; ++writer) {
+        int status = -1;
+        wait(&status);
+        EXPECT_EQ(status, 0);
+    }
+}
 
 inline std::optional<DatabaseError> ErrorOf(const std::function<void()>& call)
 {

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "gui_base/report/cost_report.h"
 
+#include "core/conversion_rate.h"
 #include "gui_base/report/chart_figure.h"
 #include "gui_base/report/cost_chart.h"
 #include "projectbase/costs/currency.h"
+#include "projectbase/costs/line_costs.h"
 #include "projectbase/costs/project_costs.h"
 #include "projectbase/project/iex_project.h"
 #include "projectbase/units/unit_system_manager.h"
@@ -19,12 +21,6 @@
 namespace {
 
 constexpr int kDigits = 5;
-
-const iex::IEXProject* PlantOf(const Project& project)
-{
-    const auto* plant = dynamic_cast<const iex::IEXProject*>(&project);
-    return plant == nullptr || plant->NumberSteps() == 0 ? nullptr : plant;
-}
 
 /// The details of the costs as the page writes them.
 class Costs
@@ -48,7 +44,7 @@ public:
     /// An amount in the units of the page, money in its currency.
     std::string Amount(double value, const std::string& unit) const
     {
-        const double money = unit.starts_with("EUR") ? m_currency.factor : 1.0;
+        const double money = costs::IsMoney(unit) ? m_currency.factor : 1.0;
         return m_context.Number(money * UnitSystemManager::FromISO(unit, m_context.unitSystem, value),
                                 kDigits);
     }
@@ -80,7 +76,7 @@ private:
     costs::ShownCurrency m_currency;
 };
 
-/// Lines of quantity and price; those without a quantity or a price are left out.
+/// Lines of quantity and price; those that cost nothing and have no price are left out.
 class CostTable
 {
 public:
@@ -133,13 +129,10 @@ private:
 
 void AddCapital(const Costs& costs, report::Section& section)
 {
-    const iex::CostMap lines = costs::CapitalLines(costs.Project());
+    const auto lines = costs::CapitalCosts(costs.Project());
     CostTable table(costs, wxTRANSLATE("Capital cost"), costs.Currency().code);
     const auto add = [&](const std::string& name, double quantity, const std::string& unit,
-                         const std::string& key) {
-        const auto& [first, second] = lines.at(key);
-        table.Add(name, quantity, unit, key, first * second);
-    };
+                         const std::string& key) { table.Add(name, quantity, unit, key, lines.at(key)); };
     const auto addResin = [&](const std::string& suffix) {
         const std::string volume = "cost/cc.volume." + suffix;
         add(costs.Name("cost/cc.name." + suffix), costs.Value(volume), "m3", "cost/cc.cost." + suffix);
@@ -157,20 +150,18 @@ void AddCapital(const Costs& costs, report::Section& section)
 
 void AddOperating(const Costs& costs, report::Section& section)
 {
-    const iex::CostMap lines = costs::OperatingLines(costs.Project());
+    const auto lines = costs::OperatingCosts(costs.Project());
     CostTable table(costs, wxTRANSLATE("Operating cost of a cycle"), costs.Currency().code);
     for (const char* kind : {"regen", "cond"}) {
         for (int n = 1; n <= costs::kChemicals; ++n) {
             const std::string suffix = fmt::format("{}{}", kind, n);
             const std::string key = "cost/op.cost." + suffix;
-            const auto& [mass, price] = lines.at(key);
-            table.Add(costs.Name("cost/op.name." + suffix), mass, "kg", key, mass * price);
+            table.Add(costs.Name("cost/op.name." + suffix), costs.Value("cost/op.amount." + suffix), "kg",
+                      key, lines.at(key).cycle);
         }
     }
     const auto addWater = [&](const char* volumeKey, const char* priceKey) {
-        const double volume = costs.Value(volumeKey);
-        const double known = std::isfinite(volume) ? volume : 0.0;
-        table.Add(costs.Label(priceKey), known, "m3", priceKey, known * costs.Value(priceKey));
+        table.Add(costs.Label(priceKey), costs.Value(volumeKey), "m3", priceKey, lines.at(priceKey).cycle);
     };
     addWater("project/vol.serv.all", "cost/op.cost.servwater");
     addWater("project/vol.waste.all", "cost/op.cost.wastewater");
@@ -204,7 +195,7 @@ constexpr std::array kProjection{"cost/cost.system.total",    "cost/cost.oper.an
 
 std::vector<ReportPage> CostReport::GetReportPages(const ReportContext& context) const
 {
-    if (PlantOf(m_project) == nullptr)
+    if (iex::PlantOf(m_project) == nullptr)
         return {};
     return {{.title = wxString::FromUTF8(context.Translated(wxTRANSLATE("Cost"))),
              .id = 0,
@@ -214,12 +205,12 @@ std::vector<ReportPage> CostReport::GetReportPages(const ReportContext& context)
 
 report::Section CostReport::BuildReportPage(int id, const ReportContext& context) const
 {
-    const iex::IEXProject* project = PlantOf(m_project);
+    const iex::IEXProject* project = iex::PlantOf(m_project);
     if (id != 0 || project == nullptr)
         throw std::out_of_range("CostReport::BuildReportPage: there is no such page");
     const Costs costs(*project, context);
     report::Section section{.title = context.Translated(wxTRANSLATE("Cost"))};
-    if (costs.Currency().code != "EUR")
+    if (costs.Currency().code != conversion_rate::kBase)
         section.blocks.push_back(report::Paragraph{fmt::format(
             "1 EUR = {} {}", context.Number(costs.Currency().factor, kDigits), costs.Currency().code)});
     if (!design::IsDesigned(*project)) {

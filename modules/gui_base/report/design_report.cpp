@@ -14,12 +14,6 @@ namespace {
 
 using designtext::Line;
 
-const iex::IEXProject* PlantOf(const Project& project)
-{
-    const auto* plant = dynamic_cast<const iex::IEXProject*>(&project);
-    return plant == nullptr || plant->NumberSteps() == 0 ? nullptr : plant;
-}
-
 /// Name, value and unit; what is not known is left out.
 class LineTable
 {
@@ -118,7 +112,7 @@ void AddCompartment(const design::ExchangerDesign& exchanger, std::size_t place,
 
 std::vector<ReportPage> DesignReport::GetReportPages(const ReportContext& context) const
 {
-    if (PlantOf(m_project) == nullptr)
+    if (iex::PlantOf(m_project) == nullptr)
         return {};
     return {
         {.title = wxString::FromUTF8(context.Translated(wxTRANSLATE("Design"))), .id = 0, .name = "design"}};
@@ -126,7 +120,7 @@ std::vector<ReportPage> DesignReport::GetReportPages(const ReportContext& contex
 
 report::Section DesignReport::BuildReportPage(int id, const ReportContext& context) const
 {
-    const iex::IEXProject* project = PlantOf(m_project);
+    const iex::IEXProject* project = iex::PlantOf(m_project);
     if (id != 0 || project == nullptr)
         throw std::out_of_range("DesignReport::BuildReportPage: there is no such page");
     const design::PlantDesign plant = design::DesignOf(*project);

@@ -132,8 +132,8 @@ double UsualEnd(DIAGRAM_TYPE type, const design::Resin& resin)
 std::vector<DesignPoint> DesignPoints(DIAGRAM_TYPE type, const design::Resin& resin, const Project& project)
 {
     std::vector<DesignPoint> points;
-    const auto* plant = dynamic_cast<const iex::IEXProject*>(&project);
-    if (plant == nullptr || plant->NumberSteps() == 0)
+    const iex::IEXProject* const plant = iex::PlantOf(project);
+    if (plant == nullptr)
         return points;
     for (const design::ExchangerDesign& exchanger : design::DesignOf(*plant).exchangers) {
         const bool hasResin =

@@ -259,4 +259,10 @@ bool IEXProject::IsReadyToCalculate() const
     });
 }
 
+const IEXProject* PlantOf(const Project& project)
+{
+    const auto* plant = dynamic_cast<const IEXProject*>(&project);
+    return plant != nullptr && plant->NumberSteps() > 0 ? plant : nullptr;
+}
+
 }  // namespace iex

@@ -84,4 +84,7 @@ private:
     bool IsFeedKnown() const;
 };
 
+/// The project as a plant; null where it has no exchangers.
+PROJECTBASE_EXPORT const IEXProject* PlantOf(const Project& project);
+
 }  // namespace iex

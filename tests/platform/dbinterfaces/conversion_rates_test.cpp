@@ -135,9 +135,7 @@ TEST_P(ConversionRates, OfSeveralWritersAreAlwaysASetOfOneOfThem)
     ProjectDatabase::Open(Text());
     ProjectDatabase::SetConversionRates({{"EUR", 1.0}, {"AAA", 9.0}, {"BBB", 9.0}, {"ZZZ", 9.0}});
     ProjectDatabase::Close();
-    for (int writer = 0; writer < kWriters; ++writer) {
-        if (fork() != 0)
-            continue;
+    support::RunWriters(kWriters, [&](int writer) {
         int failures = 0;
         for (int round = 0; round < kRounds; ++round) {
             try {
@@ -157,13 +155,8 @@ TEST_P(ConversionRates, OfSeveralWritersAreAlwaysASetOfOneOfThem)
                 ++failures;
             }
         }
-        _exit(failures == 0 ? 0 : 1);
-    }
-    for (int writer = 0; writer < kWriters; ++writer) {
-        int status = -1;
-        wait(&status);
-        EXPECT_EQ(status, 0);
-    }
+        return failures;
+    });
     ProjectDatabase::Open(Text());
     for (const char* own : {"WAA", "WBB", "WCC", "WDD"})
         EXPECT_EQ(ProjectDatabase::GetConversionRate(own), 2.0) << own;

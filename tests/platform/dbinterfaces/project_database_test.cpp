@@ -135,9 +135,7 @@ TEST_P(UserDatabase, LosesNothingWithSeveralWriters)
     constexpr int kWriters = 4;
     constexpr int kKeys = 25;
     ProjectDatabase::Close();
-    for (int writer = 0; writer < kWriters; ++writer) {
-        if (fork() != 0)
-            continue;
+    support::RunWriters(kWriters, [&](int writer) {
         int failures = 0;
         for (int key = 0; key < kKeys; ++key) {
             try {
@@ -151,13 +149,8 @@ TEST_P(UserDatabase, LosesNothingWithSeveralWriters)
                 ++failures;
             }
         }
-        _exit(failures == 0 ? 0 : 1);
-    }
-    for (int writer = 0; writer < kWriters; ++writer) {
-        int status = -1;
-        wait(&status);
-        EXPECT_EQ(status, 0);
-    }
+        return failures;
+    });
     EXPECT_EQ(Number("SELECT count(*) FROM tarnvik_user_parameter WHERE name LIKE 'w%.%'"), kWriters * kKeys);
     EXPECT_EQ(Number("SELECT count(*) FROM tarnvik_user_parameter WHERE name = 'shared'"), 1);
 }
