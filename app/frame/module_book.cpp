@@ -124,11 +124,11 @@ void ModuleBook::Arrange()
     m_filling = true;
     m_tree.DeleteAllItems();
     m_filling = false;
-    const auto kept = std::ranges::stable_partition(m_hosts, [&](const PageHost* host) {
+    const auto firstGone = std::stable_partition(m_hosts.begin(), m_hosts.end(), [&](const PageHost* host) {
         return std::ranges::any_of(wanted, [&](const Item& item) { return is(*host, item); });
     });
-    const std::vector<PageHost*> gone(kept.begin(), kept.end());
-    m_hosts.erase(kept.begin(), kept.end());
+    const std::vector<PageHost*> gone(firstGone, m_hosts.end());
+    m_hosts.erase(firstGone, m_hosts.end());
     for (PageHost* host : gone)
         host->Hold();
     for (PageHost* host : gone)
