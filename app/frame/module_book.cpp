@@ -286,6 +286,12 @@ void ModuleBook::ShowPlace(std::size_t place)
         Select(*m_hosts[place]);
 }
 
+const PageHost* ModuleBook::PageOf(const wxTreeItemId& item) const
+{
+    const auto* page = dynamic_cast<const PageItem*>(m_tree.GetItemData(item));
+    return page == nullptr ? nullptr : &page->GetHost();
+}
+
 const PageHost* ModuleBook::GetCurrent() const
 {
     return dynamic_cast<const PageHost*>(m_notebook.GetCurrentPage());

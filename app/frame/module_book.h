@@ -46,6 +46,8 @@ public:
     bool ShowDetail(const DetailAddress& address);
     /// Brings the page at a place of the tree to the front, counted from 0; nothing where there is none.
     void ShowPlace(std::size_t place);
+    /// The page that an item of the tree stands for, or null.
+    const PageHost* PageOf(const wxTreeItemId& item) const;
     /// The page in front, or null.
     const PageHost* GetCurrent() const;
     ModulePanelBase* GetCurrentPanel() const;

@@ -2,6 +2,7 @@
 #include "gui_base/water/analysis/wateranalysis_panel.h"
 
 #include "core/polarization.h"
+#include "gui_base/input/form/flow_sizer.h"
 #include "gui_base/input/form/form_grid.h"
 #include "gui_base/support/events.h"
 #include "gui_base/support/exception_text.h"
@@ -70,12 +71,12 @@ void WaterAnalysisPanel::CreateControls()
     using namespace wateranalysis;
     const wxSizerFlags spaced = wxSizerFlags().Border(wxALL, FromDIP(form::kGap));
     auto* outer = new wxBoxSizer(wxVERTICAL);
-    auto* top = new wxBoxSizer(wxHORIZONTAL);
+    m_head = new FlowSizer;
     m_typeBox = new AnalysisTypeBox(this, GetFields());
-    top->Add(m_typeBox, spaced);
+    m_head->Add(m_typeBox, wxSizerFlags(spaced).Expand());
     m_balance = new BalancePanel(this, GetFields());
-    top->Add(m_balance, wxSizerFlags(spaced).Expand());
-    outer->Add(top);
+    m_head->Add(m_balance, wxSizerFlags(spaced).Expand());
+    outer->Add(m_head);
 
     m_columns = new wxBoxSizer(wxHORIZONTAL);
     m_ions = new IonsBox(this, GetFields(), m_units);
@@ -84,10 +85,12 @@ void WaterAnalysisPanel::CreateControls()
     m_columns->Add(m_ions, wxSizerFlags(spaced).Top());
     m_rightColumn = new wxBoxSizer(wxVERTICAL);
     m_rightColumn->Add(CreateOthersPanel(), wxSizerFlags(spaced).Expand());
-    m_rightColumn->Add(CreateSummaryPanel(), wxSizerFlags(spaced).Expand());
+    m_summary = CreateSummaryPanel();
+    m_rightColumn->Add(m_summary, wxSizerFlags(spaced).Expand());
     m_columns->Add(m_rightColumn);
     outer->Add(m_columns);
     SetSizer(outer);
+    ArrangeFor(GetClientSize().x);
 }
 
 wxSizer* WaterAnalysisPanel::CreateCationGrid(const wxString& title, const std::vector<wxString>& labels)

@@ -18,6 +18,7 @@
 #include <utility>
 #include <vector>
 
+class FlowSizer;
 class BalancePanel;
 class TVHelpFileProvider;
 class wxCollapsiblePaneEvent;
@@ -108,6 +109,9 @@ protected:
     WaterAnalysisPanel(CreatedByDerived, Project* project, std::size_t detailIndex, wxWindow* parent, int id,
                        TVHelpFileProvider* help, const wxPoint& pos, const wxSize& size, long style);
 
+    /// What stands above the ions, side by side as far as there is room.
+    FlowSizer& GetHead() { return *m_head; }
+
     long GetPanelProjectStatus() override;
     void DoResetMessages() override { m_sentViolations.reset(); }
     void DoCreateForm() override { CreateControls(); }
@@ -138,6 +142,9 @@ private:
 
     void OnUnitChanged(wxCommandEvent& event);
     void OnSize(wxSizeEvent& event);
+    /// Gives every box its place in a window of that width.
+    void ArrangeFor(int width);
+    void PlaceSummary(wxSizer& place);
 
     LiquidData& m_liquid;
     TVHelpFileProvider* m_help;
@@ -148,8 +155,10 @@ private:
     BalancePanel* m_balance = nullptr;
     wateranalysis::IonsBox* m_ions = nullptr;
     wateranalysis::OthersBox* m_others = nullptr;
+    FlowSizer* m_head = nullptr;
     wxBoxSizer* m_columns = nullptr;
     wxBoxSizer* m_rightColumn = nullptr;
+    wxSizer* m_summary = nullptr;
     /// What the user was told last about the alkalization.
     water::AlkalizationResult m_toldAlkalization = water::AlkalizationResult::None;
     /// Keys of the details out of range that the host was told last.
