@@ -57,8 +57,11 @@ FileCommands::FileCommands(MainFrame& frame) : m_frame(frame)
 void FileCommands::New()
 {
     CommitFocusedField();
-    if (ConfirmDiscard())
-        ShowNew(NewEmptyProject());
+    if (!ConfirmDiscard())
+        return;
+    ShowNew(NewEmptyProject());
+    // Typing begins at once.
+    m_frame.GetBook().ShowDetail({m_frame.GetProject().GetLiquid(0).GetOwner(), "liquid/na.orig"});
 }
 
 void FileCommands::ShowNew(std::unique_ptr<Project> project)

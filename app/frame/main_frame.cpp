@@ -111,6 +111,15 @@ void MainFrame::BuildWindows()
     m_navigator = std::make_unique<Navigator>(m_workArea->GetTree(), *this);
     m_start = new StartPage(m_workArea->GetCoverParent(), *this);
     m_workArea->SetCover(m_start);
+    // Whoever turns to a page leaves the start page, also by the page that is selected already.
+    m_workArea->GetTree().Bind(wxEVT_TREE_SEL_CHANGED, [this](wxTreeEvent& event) {
+        event.Skip();
+        ShowPages();
+    });
+    m_workArea->GetTree().Bind(wxEVT_LEFT_UP, [this](wxMouseEvent& event) {
+        event.Skip();
+        ShowPages();
+    });
     GetMessageArea().SetOnActivate([this](const DetailAddress& address) {
         ShowPages();
         m_book->ShowDetail(address);

@@ -143,6 +143,15 @@ void WaterCommands::PasteColumn()
         page->GetPage().pasteColumn();
 }
 
+void WaterCommands::ChooseUnitForAll()
+{
+    const PageHost* page = m_frame.GetBook().GetCurrent();
+    if (page == nullptr || !page->GetPage().chooseUnitForAll)
+        return;
+    CommitFocusedField();
+    page->GetPage().chooseUnitForAll();
+}
+
 void WaterCommands::CopyResults()
 {
     CommitFocusedField();

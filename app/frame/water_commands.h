@@ -36,6 +36,7 @@ public:
     void Copy();
     void Paste();
     void PasteColumn();
+    void ChooseUnitForAll();
     void CopyResults();
     void Import();
     /// Shows what a laboratory's file would make of the water in front, and takes it over after OK.

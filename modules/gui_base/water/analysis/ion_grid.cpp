@@ -80,7 +80,6 @@ void IonGrid::AddRow(wxWindow* parent, wxFlexGridSizer& grid, const IonRow& ion,
                                            .precision = 6,
                                            .width = kWidth,
                                            .inIsoUnits = true});
-    row.typed->Bind(wxEVT_KEY_DOWN, &IonGrid::OnKeyDown, this);
     grid.Add(row.typed, Cell());
 
     row.unit = m_fields.AddUnitChoice(
@@ -161,26 +160,6 @@ int IonGrid::FocusedRow() const
             return static_cast<int>(i);
     }
     return -1;
-}
-
-void IonGrid::OnKeyDown(wxKeyEvent& event)
-{
-    const int key = event.GetKeyCode();
-    const int step = key == WXK_DOWN || key == WXK_NUMPAD_DOWN ? 1
-                     : key == WXK_UP || key == WXK_NUMPAD_UP   ? -1
-                                                               : 0;
-    if (step == 0 || event.HasAnyModifiers()) {
-        event.Skip();
-        return;
-    }
-    for (int i = FocusedRow() + step; i >= 0 && i < static_cast<int>(m_rows.size()); i += step) {
-        TvTextCtrl* field = m_rows[static_cast<std::size_t>(i)].typed;
-        if (field->IsEnabled() && field->IsEditable()) {
-            field->SetFocus();
-            field->SelectAll();
-            return;
-        }
-    }
 }
 
 }  // namespace wateranalysis

@@ -322,6 +322,17 @@ void WaterAnalysisPanel::StoreTypedValues(const std::vector<std::pair<std::strin
     UpdateAndSignal();
 }
 
+void WaterAnalysisPanel::StoreUnitOfIons(const std::string& unit, water::TypedNumbers numbers)
+{
+    {
+        const ProjectEdit edit(*GetProject(), wxTRANSLATE("unit of all ions"));
+        water::SetUnitOfIons(*m_liquid.GetDetails(), unit, numbers);
+    }
+    GetFields().UpdateNames(GetCurrentDisplayUnitSystem());
+    DoUpdateValidators();
+    UpdateAndSignal();
+}
+
 void WaterAnalysisPanel::ShowHelp() const
 {
     if (m_help != nullptr)

@@ -11,7 +11,9 @@
 
 #include "gui_base/gui_base_export.h"
 #include "gui_base/input/form/form_panel.h"
+#include "gui_base/input/form/value_keys.h"
 #include "gui_base/water/analysis/ion_grid.h"
+#include "projectbase/water/units_of_ions.h"
 
 #include <optional>
 #include <string>
@@ -74,6 +76,8 @@ public:
 
     /// Stores several typed values, by detail key, as one change.
     void StoreTypedValues(const std::vector<std::pair<std::string, double>>& values);
+    /// Gives all ions one unit, as one step of the history.
+    void StoreUnitOfIons(const std::string& unit, water::TypedNumbers numbers);
     /// Opens the page of this module in the user guide.
     void ShowHelp() const;
     LiquidData& GetLiquid() const { return m_liquid; }
@@ -148,6 +152,8 @@ private:
 
     LiquidData& m_liquid;
     TVHelpFileProvider* m_help;
+    /// Through the values of the ions and of what else was analysed.
+    ValueKeys m_keys;
     /// The choices of units, built once.
     const wateranalysis::IonGrid::UnitLists m_units;
     /// The boxes belong to the layout.

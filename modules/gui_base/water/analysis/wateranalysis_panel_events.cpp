@@ -43,6 +43,14 @@ void WaterAnalysisPanel::DoBindEvents()
         typed.unit->Bind(tvCHANGE_EVENT, &Panel::OnUnitChanged, this);
     m_others->GetTemperatureUnit().Bind(tvCHANGE_EVENT, &Panel::OnTemparatureUnitChanged, this);
     m_others->GetPh().Bind(wxEVT_UPDATE_UI, &Panel::OnPhUpdate, this);
+    m_keys.Clear();
+    for (const auto& grid : m_ions->GetGrids()) {
+        std::vector<ValueKeys::Cell> column;
+        for (const wateranalysis::IonGrid::Row& row : grid->Rows())
+            column.push_back({row.typed, row.unit});
+        m_keys.AddColumn(column);
+    }
+    m_keys.AddColumn(m_others->GetValues());
     m_ions->GetDefaultUnitButton().Bind(wxEVT_BUTTON, &Panel::OnDefaultUnitClicked, this);
     for (const auto& grid : m_ions->GetGrids()) {
         for (const wateranalysis::IonGrid::Row& row : grid->Rows()) {
