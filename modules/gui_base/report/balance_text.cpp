@@ -9,6 +9,8 @@
 namespace wateranalysis {
 namespace {
 
+constexpr int kClosingDigits = 3;
+
 /// With its sign, unless nothing is left of it.
 std::string Signed(double value, int decimals, const ReportContext& context)
 {
@@ -19,20 +21,37 @@ std::string Signed(double value, int decimals, const ReportContext& context)
                               context.separators);
 }
 
-std::string VerdictText(const advice::BalanceJudgement& judgement, const ReportContext& context)
+std::string WithText(std::string text, const std::string& part)
+{
+    if (const auto at = text.find("%s"); at != std::string::npos)
+        text.replace(at, 2, part);
+    return text;
+}
+
+std::string ClosedText(const advice::BalanceJudgement& judgement, const ReportContext& context)
+{
+    const bool isSodium = judgement.closingSodium > 0.0;
+    const double amount = isSodium ? judgement.closingSodium : judgement.closingChloride;
+    if (!(amount > 0.0))
+        return context.Translated(wxTRANSLATE("closed by automatic balancing"));
+    return WithText(
+        context.Translated(wxTRANSLATE("closed by automatic balancing with %s")),
+        fmt::format("{} meq/l {}", context.Number(amount, kClosingDigits), isSodium ? "Na" : "Cl"));
+}
+
+}  // namespace
+
+std::string BalanceVerdictText(const advice::BalanceJudgement& judgement, const ReportContext& context)
 {
     using advice::BalanceVerdict;
     const auto byRule = [&](const char* source) {
-        std::string text = context.Translated(source);
-        if (const auto at = text.find("%s"); at != std::string::npos)
-            text.replace(at, 2, context.Translated(advice::NameOf(judgement.rule)));
-        return text;
+        return WithText(context.Translated(source), context.Translated(advice::NameOf(judgement.rule)));
     };
     switch (judgement.verdict) {
         case BalanceVerdict::NotJudged:
             return {};
         case BalanceVerdict::Closed:
-            return context.Translated(wxTRANSLATE("closed by automatic balancing"));
+            return ClosedText(judgement, context);
         case BalanceVerdict::Doubtful:
             return context.Translated(wxTRANSLATE("doubtful"));
         case BalanceVerdict::OverLimit:
@@ -44,17 +63,20 @@ std::string VerdictText(const advice::BalanceJudgement& judgement, const ReportC
                                   : context.Translated(wxTRANSLATE("in order"));
 }
 
-}  // namespace
-
-std::string BalanceText(const advice::BalanceJudgement& judgement, const ReportContext& context)
+std::string BalanceErrorText(const advice::BalanceJudgement& judgement, const ReportContext& context)
 {
-    const std::string verdict = VerdictText(judgement, context);
-    if (verdict.empty())
+    if (judgement.verdict == advice::BalanceVerdict::NotJudged)
         return {};
     std::string error = Signed(judgement.error, 1, context) + " %";
     if (judgement.isLimitOfDifference)
         error += fmt::format(" ({} meq/l)", Signed(judgement.difference, 2, context));
-    return error + ", " + verdict;
+    return error;
+}
+
+std::string BalanceText(const advice::BalanceJudgement& judgement, const ReportContext& context)
+{
+    const std::string verdict = BalanceVerdictText(judgement, context);
+    return verdict.empty() ? verdict : BalanceErrorText(judgement, context) + ", " + verdict;
 }
 
 }  // namespace wateranalysis

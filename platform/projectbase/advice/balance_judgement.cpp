@@ -99,8 +99,11 @@ BalanceJudgement JudgeBalance(const DetailList& liquid, BalanceRule rule)
         !(sum("liquid/sum.c.meql") > 0.0) || !(sum("liquid/sum.a.meql") > 0.0))
         return {.rule = rule};
     BalanceJudgement judgement = Judge(water::BalanceSums(liquid), rule);
-    if (judgement.verdict != BalanceVerdict::NotJudged && liquid.At("liquid/balance.auto").GetBoolValue())
+    if (judgement.verdict != BalanceVerdict::NotJudged && liquid.At("liquid/balance.auto").GetBoolValue()) {
         judgement.verdict = BalanceVerdict::Closed;
+        judgement.closingSodium = sum("liquid/na.plus.meql");
+        judgement.closingChloride = sum("liquid/cl.plus.meql");
+    }
     return judgement;
 }
 

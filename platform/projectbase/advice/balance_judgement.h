@@ -51,6 +51,9 @@ struct BalanceJudgement
     double limit = std::numeric_limits<double>::quiet_NaN();       ///< of the error, or of the difference
     bool isLimitOfDifference = false;
     bool isBeyondRule = false;  ///< more anions than the table of the rule has
+    /// What automatic balancing adds, meq/l; 0 without it.
+    double closingSodium = 0.0;
+    double closingChloride = 0.0;
 };
 
 /// At the limit itself the sums still agree; what differs by no more than the last digits is at the limit.

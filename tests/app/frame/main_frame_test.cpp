@@ -3,6 +3,7 @@
 #include "app/frame/results_text.h"
 #include "app/frame/settings_dialog.h"
 #include "app/frame/template_dialog.h"
+#include "gui_base/input/controls/tv_checkbox.h"
 #include "gui_base/input/controls/tv_textctrl.h"
 #include "gui_base/input/events.h"
 #include "gui_base/input/panel/aui_notebook.h"
@@ -185,6 +186,13 @@ TEST_F(MainFrameTest, ALineOfTheMessageAreaLeadsToItsField)
     EXPECT_TRUE(PumpUntil([this] { return Field("ph").HasFocus(); }));
     gui_test::Enter(Field("ph"), "7");
     EXPECT_TRUE(Messages().empty());
+
+    gui_test::Enter(Field("na.orig"), "77");
+    EXPECT_THAT(Messages(),
+                testing::ElementsAre(testing::HasSubstr("over the limit of Standard Methods 1030E")));
+    area.Select(0);
+    auto& automatic = gui_test::Find<TvCheckBox>(WaterPage(), "Automatic balancing");
+    EXPECT_TRUE(PumpUntil([&] { return automatic.HasFocus(); }));
 }
 
 TEST_F(MainFrameTest, ProgrammingErrorsAppearInTheMessageArea)

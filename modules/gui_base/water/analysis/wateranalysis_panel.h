@@ -75,6 +75,8 @@ public:
     void StoreTypedValues(const std::vector<std::pair<std::string, double>>& values);
     /// Opens the page of this module in the user guide.
     void ShowHelp() const;
+    /// Also the check box of automatic balancing, to which an analysis leads whose charges differ.
+    bool FocusDetail(const DetailAddress& address) override;
     LiquidData& GetLiquid() const { return m_liquid; }
     /// The grid of ions that holds the focus, otherwise that of the cations.
     const wateranalysis::IonGrid& GetFocusedGrid() const;

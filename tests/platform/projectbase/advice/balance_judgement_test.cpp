@@ -104,6 +104,8 @@ TEST(BalanceJudgement, OfAWaterAsItIsShown)
     EXPECT_NEAR(judged.error, water["balance.error"], 1e-6) << "one figure everywhere";
     water.Set("balance.auto", true).Update();
     EXPECT_EQ(verdict(), BalanceVerdict::Closed);
+    EXPECT_NEAR(advice::JudgeBalance(water.Details(), BalanceRule::StandardMethods).closingChloride, 1.0,
+                1e-3);
     EXPECT_NEAR(advice::JudgeBalance(water.Details(), BalanceRule::StandardMethods).error, judged.error, 1e-4)
         << "of what was analysed";
     water.Set("balance.auto", false).Set("analysis.type", "SHORT_TDS").Set("tds.short", 500.0).Update();
