@@ -66,7 +66,7 @@ BESIDE = {GUI + "whatif", GUI + "graphics", GUI + "network"}
 stack("whatif", below=INPUT)
 stack("graphics", below=INPUT, also={WXCHARTDIR, CHARTDIR})
 stack("network", below=INPUT, also={WXCURL})
-EVERYTHING = stack("water/library", "water/tools", "water/analysis", "water/feedwater", "ionexchange", below=INPUT | BESIDE, also={WXCHARTDIR})
+EVERYTHING = stack("water/library", "water/tools", "water/analysis", "water/feedwater", "water/results", "ionexchange", below=INPUT | BESIDE, also={WXCHARTDIR})
 LAYERS["app"] = EVERYTHING | {CHARTDIR, WXCURL, LANGUAGE, "app/command_line"}
 # What a module is, without the windows of its pages.
 LAYERS["app/modules/base"] = MODEL | {PRINTOUT}

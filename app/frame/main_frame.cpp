@@ -22,6 +22,7 @@
 #include "gui_base/support/file_path.h"
 #include "gui_base/support/image_loader.h"
 #include "gui_base/support/translation.h"
+#include "gui_base/water/results/water_results_panel.h"
 #include "projectbase/project/iex_project.h"
 #include "projectbase/project/range_faults.h"
 #include "projectbase/settings/settings.h"
@@ -109,6 +110,16 @@ void MainFrame::BuildWindows()
     m_workArea = new WorkArea(this);
     m_book = std::make_unique<ModuleBook>(m_workArea->GetTree(), m_workArea->GetNotebook());
     m_navigator = std::make_unique<Navigator>(m_workArea->GetTree(), *this);
+    m_results =
+        new wateranalysis::WaterResultsPanel(m_workArea->GetDesk(), [this](const DetailAddress& address) {
+            ShowPages();
+            m_book->ShowDetail(address);
+        });
+    m_workArea->AddPane(WorkPane::Results, m_results);
+    GetNotebook().Bind(wxEVT_AUINOTEBOOK_PAGE_CHANGED, [this](wxAuiNotebookEvent& event) {
+        event.Skip();
+        ShowResults();
+    });
     m_start = new StartPage(m_workArea->GetCoverParent(), *this);
     m_workArea->SetCover(m_start);
     // Whoever turns to a page leaves the start page, also by the page that is selected already.
@@ -142,6 +153,7 @@ void MainFrame::OpenPages()
         ReportError(error);
     }
     project.AddObserver(*this);
+    ShowResults();
     UpdateRangeMessages();
     UpdateTitle();
 }
@@ -149,6 +161,7 @@ void MainFrame::OpenPages()
 void MainFrame::ClosePages()
 {
     GetProject().RemoveObserver(*this);
+    m_results->SetWater(nullptr, {});
     GetProject().GetLogger().SetSink({});
     m_book->Close();
 }
@@ -174,8 +187,10 @@ void MainFrame::RebuildPages()
 
 void MainFrame::OnProjectChanged(const ProjectChanges& changes)
 {
-    if (changes.HasStructure())
+    if (changes.HasStructure()) {
         m_book->Follow();
+        ShowResults();
+    }
     UpdateRangeMessages();
     UpdateTitle();
 }
@@ -230,6 +245,24 @@ void MainFrame::UpdateRangeMessages()
     GetMessageArea().SetRangeMessages(messages);
 }
 
+void MainFrame::ShowResults()
+{
+    Project& project = GetProject();
+    const LiquidData* water = m_waters.GetCurrent();
+    if (water != nullptr)
+        m_shownWater = water->GetOwner();
+    else if (project.FindOwner(m_shownWater) == nullptr)
+        m_shownWater = project.GetLiquid(0).GetOwner();
+    m_results->SetWater(&project, m_shownWater);
+}
+
+void MainFrame::ShowUnits()
+{
+    m_book->SendToPages(tvCHANGEUNITSYSTEM_EVENT);
+    m_results->Localize();
+    UpdateRangeMessages();
+}
+
 void MainFrame::Localize()
 {
     const wxWindowUpdateLocker frozen(this);
@@ -237,6 +270,7 @@ void MainFrame::Localize()
     m_statusBar->Localize();
     m_workArea->Localize();
     m_start->Localize();
+    m_results->Localize();
     m_book->Localize();
     m_book->SendToPages(tvLOCALIZE_EVENT);
     UpdateTitle();

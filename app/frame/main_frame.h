@@ -25,6 +25,9 @@
 
 class AuiNotebook;
 class TvStatusBar;
+namespace wateranalysis {
+class WaterResultsPanel;
+}
 
 namespace app {
 
@@ -84,6 +87,8 @@ public:
 
     /// All texts in the present language.
     void Localize();
+    /// All numbers in the present unit system.
+    void ShowUnits();
     void UpdateTitle();
     void UpdateRangeMessages();
     /// Menus and toolbar, anew.
@@ -104,11 +109,15 @@ private:
     void StepHistory(bool (UndoRedoDetailStack::*step)(), const UndoStep* taken);
     void OnMessage(MessageEvent& event);
     void OnClose(wxCloseEvent& event);
+    /// Shows the results of the water in front; those of the water before it on a page without one.
+    void ShowResults();
 
     std::unique_ptr<Document> m_document;
     std::unique_ptr<TVHelpFileProvider> m_help;
     WorkArea* m_workArea = nullptr;
     StartPage* m_start = nullptr;
+    wateranalysis::WaterResultsPanel* m_results = nullptr;
+    DetailOwner m_shownWater;
     TvStatusBar* m_statusBar = nullptr;
     std::unique_ptr<ModuleBook> m_book;
     std::unique_ptr<Navigator> m_navigator;

@@ -26,8 +26,7 @@ void ViewCommands::SetUnitSystem(const std::string& unitSystem)
     CommitFocusedField();
     Settings::GetSetting("unit.system").SetValue(unitSystem);
     m_frame.GetProject().SetUnitSystemDisplay(unitSystem);
-    m_frame.GetBook().SendToPages(tvCHANGEUNITSYSTEM_EVENT);
-    m_frame.UpdateRangeMessages();
+    m_frame.ShowUnits();
 }
 
 void ViewCommands::SetLanguage(const wxString& code)

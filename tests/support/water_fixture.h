@@ -7,6 +7,7 @@
 #include "projectbase/water/normalization.h"
 
 #include <initializer_list>
+#include <memory>
 #include <string>
 
 namespace testing_support {
@@ -14,7 +15,7 @@ namespace testing_support {
 class WaterUnderTest
 {
 public:
-    DetailList& Details() { return *m_liquid.GetDetails(); }
+    DetailList& Details() { return *m_liquid->GetDetails(); }
     double operator[](const std::string& key) { return Details().At("liquid/" + key).GetDoubleValue(); }
 
     template <typename Value>
@@ -35,7 +36,7 @@ public:
     }
 
 private:
-    LiquidData m_liquid;
+    std::unique_ptr<LiquidData> m_liquid = std::make_unique<LiquidData>();
 };
 
 }  // namespace testing_support

@@ -3,12 +3,13 @@
 
 #include "core/ion_units.h"
 #include "dbinterfaces/master_database.h"
+#include "gui_base/report/balance_text.h"
 #include "gui_base/report/range_sentence.h"
 #include "gui_base/water/rows/ion_rows.h"
 #include "gui_base/water/rows/property_rows.h"
+#include "projectbase/advice/balance_judgement.h"
 #include "projectbase/details/detail_display.h"
 #include "projectbase/water/alkalinity.h"
-#include "projectbase/water/composition.h"
 
 #include <fmt/format.h>
 #include <wx/translation.h>
@@ -230,22 +231,17 @@ report::Table AnionTable(const DetailList& details, const ReportContext& context
 
 report::Table BalanceTable(const DetailList& details, const ReportContext& context)
 {
-    const water::ChargeSums sums{.cations = Value(details, "liquid/sum.c.meql"),
-                                 .anions = Value(details, "liquid/sum.a.meql")};
-    const bool closed = details.At("liquid/balance.auto").GetBoolValue();
-    const bool known = std::isfinite(sums.cations) && std::isfinite(sums.anions);
-    const bool alarm = known && !closed && !water::IsBalanceAcceptable(sums);
+    const advice::BalanceJudgement judged = advice::JudgeBalance(details, advice::ChosenBalanceRule());
+    const bool alarm = judged.verdict == advice::BalanceVerdict::OverLimit;
     report::Table table = ValueTable(context);
     table.showTitles = false;
     table.rows.push_back(
         {.cells = {{context.Translated(wxTRANSLATE("Difference of the sums in percent of their total"))},
                    {.text = PercentText(Value(details, "liquid/balance.error"), context), .alarm = alarm},
                    {"%"}}});
-    const char* const judgement = closed  ? wxTRANSLATE("Closed by automatic balancing")
-                                  : alarm ? wxTRANSLATE("Larger than Standard Methods 1030E allow")
-                                          : wxTRANSLATE("Within what Standard Methods 1030E allow");
-    if (known)
-        table.rows.push_back({.cells = {{.text = context.Translated(judgement), .alarm = alarm}}});
+    const std::string judgement = BalanceText(judged, context);
+    if (!judgement.empty())
+        table.rows.push_back({.cells = {{.text = judgement, .alarm = alarm}}});
     return table;
 }
 

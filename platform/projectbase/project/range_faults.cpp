@@ -3,6 +3,7 @@
 
 #include "core/ion_table.h"
 #include "core/ion_units.h"
+#include "projectbase/advice/balance_judgement.h"
 #include "projectbase/design/design_faults.h"
 #include "projectbase/details/detail_display.h"
 #include "projectbase/project/iex_project.h"
@@ -184,6 +185,34 @@ void AddMeasuredFaults(const DetailList& details, std::vector<RangeFault>& fault
     }
 }
 
+const char* SentenceOf(advice::BalanceRule rule)
+{
+    switch (rule) {
+        case advice::BalanceRule::Dvwk:
+            return wxTRANSLATE("%s is over the limit of DVWK 128/1992, %s");
+        case advice::BalanceRule::FiveTen:
+            return wxTRANSLATE("%s is over the limit of hydrogeology, %s");
+        case advice::BalanceRule::StandardMethods:
+            break;
+    }
+    return wxTRANSLATE("%s is over the limit of Standard Methods 1030E, %s");
+}
+
+/// Charges that do not agree, where nothing closes them.
+void AddBalanceFault(const DetailList& details, std::vector<RangeFault>& faults)
+{
+    const advice::BalanceJudgement judged = advice::JudgeBalance(details, advice::ChosenBalanceRule());
+    if (judged.verdict != advice::BalanceVerdict::OverLimit)
+        return;
+    const bool isAmount = judged.isLimitOfDifference;
+    faults.push_back({.address = {{}, "liquid/balance.auto"},
+                      .label = details.At("liquid/balance.error").GetLabel(),
+                      .value = ToThreeDigits(std::abs(isAmount ? judged.difference : judged.error)),
+                      .limit = judged.limit,
+                      .unit = isAmount ? "meq/l" : "%",
+                      .sentence = SentenceOf(judged.rule)});
+}
+
 /// Values of a water that cannot all be right.
 void AddContradictions(const DetailList& details, std::vector<RangeFault>& faults)
 {
@@ -193,6 +222,7 @@ void AddContradictions(const DetailList& details, std::vector<RangeFault>& fault
     const auto amount = [&details](const char* key) { return details.At(key).GetDoubleValue(); };
     AddAlkalinityFault(details, faults);
     AddMeasuredFaults(details, faults);
+    AddBalanceFault(details, faults);
     if (pH->GetDoubleValue() < water::kLowestBicarbonatePh &&
         (amount("liquid/hco3.meql") > 0.0 || amount("liquid/co3.meql") > 0.0))
         faults.push_back({.address = {{}, pH->GetName()},

@@ -37,10 +37,10 @@ PROJECTBASE_EXPORT int SideOfLimits(const DetailData& detail);
 PROJECTBASE_EXPORT int SideOfLimits(const DetailData& detail, double value);
 
 /// By owner in the order of the project, then by key; at the end of each owner what contradicts each other:
-/// bicarbonate and a pH below 4.3, a p-value and the m-value or the pH, what
-/// was measured and what the ions give; then what the design of a plant comes to that its beds or resins do
-/// not stand. A value that is not known has no
-/// limits, and what a calculation does not use cannot be wrong: the ions of a short analysis, say.
+/// bicarbonate and a pH below 4.3, a p-value and the m-value or the pH, what was measured and what the ions
+/// give, charges that differ by more than the user's rule allows; then what the design of a plant comes to
+/// that its beds or resins do not stand. A value that is not known has no limits, and what a calculation does
+/// not use cannot be wrong: the ions of a short analysis, say.
 PROJECTBASE_EXPORT std::vector<RangeFault> RangeFaults(const Project& project);
 
 /// The faults of one list, all with the address of `owner`.

@@ -48,6 +48,7 @@ constexpr std::array kRows{
     Row{"bar/m", {"psi/ft", kPsi / 1.0e5 / kFoot}, {"psi/ft", kPsi / 1.0e5 / kFoot}},
     Row{"cm", {"in", kInch * 100.0}, {"in", kInch * 100.0}},
     Row{"eq", {"kgr", kKilograin}, {"kgr", kKilograin}},
+    Row{"eq/d", {"kgr/d", kKilograin}, {"kgr/d", kKilograin}},
     Row{"eq/l",
         {"kgr/ft3", kKilograin / (kCubicFoot * 1.0e3)},
         {"kgr/ft3", kKilograin / (kCubicFoot * 1.0e3)}},

@@ -35,13 +35,6 @@ double ElectroneutralityError(const ChargeSums& sums)
     return total == 0.0 ? 0.0 : 100.0 * (sums.cations - sums.anions) / total;
 }
 
-bool IsBalanceAcceptable(const ChargeSums& sums)
-{
-    if (sums.anions <= 3.0)
-        return std::abs(sums.cations - sums.anions) <= 0.2;
-    return std::abs(ElectroneutralityError(sums)) <= (sums.anions <= 10.0 ? 2.0 : 5.0);
-}
-
 double TotalHardness(const Composition& composition)
 {
     return composition[Species::Ca] + composition[Species::Mg];

@@ -99,10 +99,6 @@ struct ChargeSums
 /// figure is twice as large. 0 for a water without ions.
 PROJECTBASE_EXPORT double ElectroneutralityError(const ChargeSums& sums);
 
-/// Whether the sums agree as Standard Methods 1030E asks: within 0.2 meq/l up to 3 meq/l of anions, 2 % up to
-/// 10 meq/l, 5 % above.
-PROJECTBASE_EXPORT bool IsBalanceAcceptable(const ChargeSums& sums);
-
 /// mmol/l of calcium and magnesium. 1 mmol/l = 100.09 mg/l CaCO3 = 5.608 °dH.
 PROJECTBASE_EXPORT double TotalHardness(const Composition& composition);
 /// mmol/l of hardness that bicarbonate can bind on heating: the smaller of hardness and half the alkalinity.

@@ -236,6 +236,19 @@ void AddIonsOfPh(const DetailList& liquid, Composition& composition)
     composition.hydrogenIsFree = true;
 }
 
+/// The charges with H+ and OH- that stand in no row.
+ChargeSums WithIonsOfPh(const DetailList& liquid, ChargeSums charges, const Composition& composition)
+{
+    constexpr double kGreatestPh = 14.0;
+    const double pH = PhOf(liquid);
+    // A mistyped pH says nothing about the ions.
+    if (liquid.At("liquid/balance.ph").GetBoolValue() || pH < 0.0 || pH > kGreatestPh)
+        return charges;
+    charges.cations += composition[Species::H] + composition.boundHydrogen;
+    charges.anions += composition[Species::Oh];
+    return charges;
+}
+
 }  // namespace
 
 void UpdateDerivedValues(DetailList& liquid)
@@ -272,7 +285,8 @@ void UpdateDerivedValues(DetailList& liquid)
     liquid.At("liquid/sum.a.meql").SetValue(totals.charges.anions);
     liquid.At("liquid/na.plus.meql").SetValue(closing.sodium);
     liquid.At("liquid/cl.plus.meql").SetValue(closing.chloride);
-    liquid.At("liquid/balance.error").SetValue(ElectroneutralityError(totals.charges));
+    liquid.At("liquid/balance.error")
+        .SetValue(ElectroneutralityError(WithIonsOfPh(liquid, totals.charges, composition)));
     liquid.At("liquid/tds").SetValue(totals.mass);
     liquid.At("liquid/residue")
         .SetValue(DryResidue(totals.mass, FiniteOrNone(liquid.At("liquid/hco3.mgl").GetDoubleValue())));
@@ -288,6 +302,14 @@ Composition WholeComposition(const DetailList& liquid)
                               liquid.At("liquid/cl.plus.meql").GetDoubleValue()});
     AddIonsOfPh(liquid, totals.composition);
     return totals.composition;
+}
+
+ChargeSums BalanceSums(const DetailList& liquid)
+{
+    return WithIonsOfPh(liquid,
+                        {.cations = liquid.At("liquid/sum.c.meql").GetDoubleValue(),
+                         .anions = liquid.At("liquid/sum.a.meql").GetDoubleValue()},
+                        WholeComposition(liquid));
 }
 
 bool FillHydrogenAndHydroxide(DetailList& liquid)

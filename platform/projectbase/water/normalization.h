@@ -28,7 +28,9 @@ PROJECTBASE_EXPORT void NormalizeEveryIon(DetailList& liquid);
 /// Refreshes what follows from the normalised ions.
 ///
 /// - Bicarbonate and carbonate where an m-value was reported in their place (water/alkalinity.h).
-/// - Charge sums, without silica, boron and CO2; H+ and OH- only with "liquid/balance.ph". The amounts that
+/// - Charge sums, without silica, boron and CO2; H+ and OH- only with "liquid/balance.ph", though the error
+/// of
+///   the balance counts those of the pH (BalanceSums). The amounts that
 ///   close the balance are always shown; with "liquid/balance.auto" they count in every derived value, though
 ///   not in the sums, and close only what H+, OH- and HSO4- of the pH leave open, so that nothing counts
 ///   twice.
@@ -55,6 +57,11 @@ PROJECTBASE_EXPORT void UpdateDerivedValues(DetailList& liquid);
 /// closes its balance, H+ and OH- as stated with "liquid/balance.ph", otherwise as they follow from the pH.
 /// To be asked of a water whose derived values are up to date.
 PROJECTBASE_EXPORT Composition WholeComposition(const DetailList& liquid);
+
+/// The charges that "liquid/balance.error" compares, meq/l: the sums of the rows, and where H+ and OH- have
+/// no part in them what a pH from 0 to 14 says of both, without which no acid water is balanced. To be asked
+/// of a water whose derived values are up to date.
+PROJECTBASE_EXPORT ChargeSums BalanceSums(const DetailList& liquid);
 
 /// Fills the rows of H+ and OH- from pH and temperature: to be called once when "liquid/balance.ph" is
 /// switched on; values typed afterwards stay. Returns false and sets both to 0 while the pH or the

@@ -3,6 +3,7 @@
 #include "app/frame/results_text.h"
 #include "app/frame/settings_dialog.h"
 #include "app/frame/template_dialog.h"
+#include "gui_base/input/controls/tv_checkbox.h"
 #include "gui_base/input/controls/tv_textctrl.h"
 #include "gui_base/input/events.h"
 #include "gui_base/input/panel/aui_notebook.h"
@@ -185,6 +186,13 @@ TEST_F(MainFrameTest, ALineOfTheMessageAreaLeadsToItsField)
     EXPECT_TRUE(PumpUntil([this] { return Field("ph").HasFocus(); }));
     gui_test::Enter(Field("ph"), "7");
     EXPECT_TRUE(Messages().empty());
+
+    gui_test::Enter(Field("na.orig"), "77");
+    EXPECT_THAT(Messages(),
+                testing::ElementsAre(testing::HasSubstr("over the limit of Standard Methods 1030E")));
+    area.Select(0);
+    auto& automatic = gui_test::Find<TvCheckBox>(WaterPage(), "Automatic balancing");
+    EXPECT_TRUE(PumpUntil([&] { return automatic.HasFocus(); }));
 }
 
 TEST_F(MainFrameTest, ProgrammingErrorsAppearInTheMessageArea)
@@ -319,7 +327,12 @@ TEST_F(MainFrameTest, EveryExampleOpens)
         EXPECT_FALSE(water.source.empty()) << water.name;
         m_frame->SetDocument(std::make_unique<app::Document>(app::NewProjectFrom(water)));
         EXPECT_GT(Value("tds"), 0.0) << water.name;
-        EXPECT_TRUE(Messages().empty()) << water.name << ": " << Messages().front();
+        // One of them was published with charges that differ by more than its laboratory should allow.
+        const bool isOff = water.id == "bc_1401377_2020";
+        EXPECT_THAT(Messages(), testing::SizeIs(isOff ? 1 : 0)) << water.name;
+        if (isOff) {
+            EXPECT_THAT(Messages(), testing::ElementsAre(testing::HasSubstr("Balance error 3.83 % is over")));
+        }
     }
 }
 
@@ -332,7 +345,7 @@ TEST_F(MainFrameTest, PrintsWhatWasJustTyped)
     ASSERT_TRUE(m_frame->Files().SaveTo(m_folder / "river.tarnvik"));
     Focus(Field("na.orig"));
     Field("na.orig").SelectAll();
-    Type("77");
+    Type("6.4");
     m_dialogs.Expect([](wxDialog&) { return wxID_OK; });  // all pages
     m_dialogs.Expect([&path](wxDialog& window) {
         auto& dialog = dynamic_cast<wxFileDialog&>(window);
@@ -343,7 +356,7 @@ TEST_F(MainFrameTest, PrintsWhatWasJustTyped)
     Press('P', wxMOD_CONTROL);
     ASSERT_TRUE(PumpUntil([&path] { return std::filesystem::exists(path); }));
     const std::string text = support::PdfFile(support::ReadBytes(path)).Text();
-    EXPECT_THAT(text, testing::ContainsRegex("Sodium +77 +mg/l"));
+    EXPECT_THAT(text, testing::ContainsRegex("Sodium +6\\.4 +mg/l"));
     EXPECT_THAT(text, testing::HasSubstr("\u00b0F"));
     EXPECT_THAT(text, testing::HasSubstr("Page 1 of 3"));
     ProjectDatabase::RemoveUserParameter("/Report/hide.disclaimer");

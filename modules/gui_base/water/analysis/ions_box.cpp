@@ -5,7 +5,6 @@
 #include "gui_base/support/image_loader.h"
 #include "gui_base/support/translation.h"
 #include "gui_base/water/analysis/tooltip_on_demand.h"
-#include "projectbase/water/composition.h"
 
 #include <wx/statbox.h>
 
@@ -44,10 +43,7 @@ wxSizer* IonsBox::AddGrid(wxSizer* grid)
 
 wxString IonsBox::ExplainBalance() const
 {
-    const DetailList& details = m_fields.Details();
-    const double error =
-        water::ElectroneutralityError({.cations = details.At("liquid/sum.c.meql").GetDoubleValue(),
-                                       .anions = details.At("liquid/sum.a.meql").GetDoubleValue()});
+    const double error = m_fields.Details().At("liquid/balance.error").GetDoubleValue();
     return wxString::Format(
         i18n::Translated("Balance error: %s %%, the difference of both sums in percent of their total"),
         ExplainedNumber(error));

@@ -2,6 +2,7 @@
 #include "gui_base/water/analysis/wateranalysis_panel.h"
 
 #include "core/polarization.h"
+#include "gui_base/input/controls/tv_checkbox.h"
 #include "gui_base/input/form/flow_sizer.h"
 #include "gui_base/input/form/form_grid.h"
 #include "gui_base/support/events.h"
@@ -175,6 +176,16 @@ void WaterAnalysisPanel::DoTransferDetailsToWindows()
     TellAlkalization();
     CheckAnalysisType();
     m_others->ShowAlkalization(m_liquid, GetCurrentDisplayUnitSystem());
+}
+
+bool WaterAnalysisPanel::FocusDetail(const DetailAddress& address)
+{
+    TvCheckBox* const automatic = m_balance->GetAutoCheckBox();
+    if (address == DetailAddress{m_liquid.GetOwner(), "liquid/balance.auto"} && automatic->CanAcceptFocus()) {
+        automatic->SetFocus();
+        return true;
+    }
+    return FormPanel::FocusDetail(address);
 }
 
 bool WaterAnalysisPanel::DoConcerns(const ProjectChanges& changes)

@@ -80,6 +80,8 @@ public:
     void StoreUnitOfIons(const std::string& unit, water::TypedNumbers numbers);
     /// Opens the page of this module in the user guide.
     void ShowHelp() const;
+    /// Also the check box of automatic balancing, to which an analysis leads whose charges differ.
+    bool FocusDetail(const DetailAddress& address) override;
     LiquidData& GetLiquid() const { return m_liquid; }
     /// The grid of ions that holds the focus, otherwise that of the cations.
     const wateranalysis::IonGrid& GetFocusedGrid() const;

@@ -14,8 +14,8 @@ namespace {
 
 /// Country and place bring a gap between them.
 constexpr int kColumns = 5;
-constexpr int kSourceWidth = 200;
-constexpr int kCountryWidth = 200;
+constexpr int kSourceWidth = 165;
+constexpr int kCountryWidth = 190;
 
 LiquidData& Required(LiquidData* liquid)
 {

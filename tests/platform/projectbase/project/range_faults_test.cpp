@@ -3,6 +3,7 @@
 
 #include "projectbase/project/iex_project.h"
 #include "projectbase/project/project_edit.h"
+#include "projectbase/settings/settings.h"
 
 #include <gtest/gtest.h>
 
@@ -150,6 +151,59 @@ TEST(RangeFaults, BicarbonateContradictsAnAcidPh)
     type(3.0, "hco3", 61.0);
     water.At("liquid/analysis.type").SetValue("SHORT_TDS");
     EXPECT_TRUE(RangeFaults(project).empty()) << "the pH of a short analysis plays no part";
+}
+
+TEST(RangeFaults, AnAnalysisWhoseChargesDifferIsTold)
+{
+    struct BalanceCase
+    {
+        const char* rule;
+        double sodium, chloride;  // meq/l
+        const char* key;          // set to the value behind it
+        const char* value;
+        bool isTold;
+        double off, limit;
+        const char* unit;
+    };
+    const BalanceCase cases[]{
+        {"SM1030E", 5.0, 4.0, "", "", true, 11.1, 2.0, "%"},
+        {"SM1030E", 2.0, 2.5, "", "", true, 0.5, 0.2, "meq/l"},
+        {"SM1030E", 2.0, 2.2, "", "", false, 0, 0, ""},
+        {"DVWK", 2.0, 2.2, "", "", true, 9.52, 2.0, "%"},
+        {"5/10", 5.0, 4.2, "", "", false, 0, 0, ""},
+        {"5/10", 5.0, 4.0, "", "", true, 11.1, 10.0, "%"},
+        {"SM1030E", 5.0, 4.0, "liquid/balance.auto", "1", false, 0, 0, ""},
+        {"SM1030E", 5.0, 4.0, "liquid/analysis.type", "SHORT_TDS", false, 0, 0, ""},
+        {"SM1030E", 5.0, 0.0, "", "", false, 0, 0, ""},
+        {"SM1030E", 0.0, 0.0, "liquid/ph", "7", false, 0, 0, ""},
+        {"SM1030E", 1.0, 2.0, "liquid/ph", "2.9", true, 0.324, 0.2, "meq/l"},
+        {"SM1030E", 1.0, 2.3, "liquid/ph", "2.9", false, 0, 0, ""},
+    };
+    for (const BalanceCase& c : cases) {
+        ASSERT_TRUE(Settings::SetFromText("balance.rule", c.rule));
+        iex::IEXProject project;
+        DetailList& water = *project.GetLiquid(0).GetDetails();
+        {
+            const ProjectEdit edit(project);
+            for (const auto& [ion, meq] : {std::pair("na", c.sodium), std::pair("cl", c.chloride)}) {
+                water.At(std::string("liquid/") + ion + ".orig").SetValue(meq);
+                water.At(std::string("liquid/") + ion + ".unit").SetValue("meq/l");
+            }
+            if (*c.key != '\0')
+                water.At(c.key).SetValueFromString(c.value);
+        }
+        const auto faults = RangeFaults(project);
+        const std::string what = std::string(c.rule) + " " + c.key;
+        ASSERT_EQ(faults.size(), c.isTold ? 1u : 0u) << what << " " << c.sodium << " " << c.chloride;
+        if (!c.isTold)
+            continue;
+        EXPECT_EQ(faults[0].address, (DetailAddress{project.GetLiquid(0).GetOwner(), "liquid/balance.auto"}));
+        EXPECT_NEAR(faults[0].value, c.off, 0.006 * c.off + 0.002) << what;
+        EXPECT_EQ(faults[0].limit, c.limit) << what;
+        EXPECT_EQ(faults[0].unit, c.unit) << what;
+        EXPECT_FALSE(faults[0].sentence.empty());
+    }
+    Settings::Reset("balance.rule");
 }
 
 TEST(RangeFaults, KnowsTheEntriesOfTheFeed)

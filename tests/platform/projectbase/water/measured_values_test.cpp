@@ -59,6 +59,7 @@ TEST_F(MeasuredValuesOfProject, DifferencesOfMoreThanATenthAreTold)
     EXPECT_EQ(Faults(), kHardness);
     Set("temp.orig", 20.0);
     Set("hco3.orig", 30.0);
+    Set("na.orig", 11.3);
     Set("ph", 7.0);
     Set("alk.target", 9.0);
     Set("alk.type", "naoh");
@@ -66,10 +67,12 @@ TEST_F(MeasuredValuesOfProject, DifferencesOfMoreThanATenthAreTold)
     EXPECT_EQ(Faults(), "") << "the alkalised water is not the one that was measured";
     Set("alk.type", "");
     Set("hco3.orig", 0.0);
+    Set("na.orig", 0.0);
     Set("analysis.type", "SHORT_COND");
     EXPECT_EQ(Faults(), "") << "which says nothing of hardness";
     Set("analysis.type", "FULL");
     Set("ca.orig", 0.01);
+    Set("cl.orig", 0.01);
     Set("hardness.measured.orig", 0.05);
     EXPECT_EQ(Faults(), kConductivity) << "as close as a titration is";
     Set("hardness.measured.orig", -1.0);

@@ -1,0 +1,82 @@
+// SPDX-License-Identifier: MIT
+#include "gui_base/report/balance_text.h"
+
+#include <fmt/format.h>
+#include <wx/translation.h>
+
+#include <cmath>
+
+namespace wateranalysis {
+namespace {
+
+constexpr int kClosingDigits = 3;
+
+/// With its sign, unless nothing is left of it.
+std::string Signed(double value, int decimals, const ReportContext& context)
+{
+    const double scale = std::pow(10.0, decimals);
+    const double rounded = std::round(scale * value) / scale + 0.0;
+    return (rounded > 0.0 ? "+" : "") +
+           numbertext::Format(rounded, {.format = TvTextCtrlFormat::Fixed, .precision = decimals},
+                              context.separators);
+}
+
+std::string WithText(std::string text, const std::string& part)
+{
+    if (const auto at = text.find("%s"); at != std::string::npos)
+        text.replace(at, 2, part);
+    return text;
+}
+
+std::string ClosedText(const advice::BalanceJudgement& judgement, const ReportContext& context)
+{
+    const bool isSodium = judgement.closingSodium > 0.0;
+    const double amount = isSodium ? judgement.closingSodium : judgement.closingChloride;
+    if (!(amount > 0.0))
+        return context.Translated(wxTRANSLATE("closed by automatic balancing"));
+    return WithText(
+        context.Translated(wxTRANSLATE("closed by automatic balancing with %s")),
+        fmt::format("{} meq/l {}", context.Number(amount, kClosingDigits), isSodium ? "Na" : "Cl"));
+}
+
+}  // namespace
+
+std::string BalanceVerdictText(const advice::BalanceJudgement& judgement, const ReportContext& context)
+{
+    using advice::BalanceVerdict;
+    const auto byRule = [&](const char* source) {
+        return WithText(context.Translated(source), context.Translated(advice::NameOf(judgement.rule)));
+    };
+    switch (judgement.verdict) {
+        case BalanceVerdict::NotJudged:
+            return {};
+        case BalanceVerdict::Closed:
+            return ClosedText(judgement, context);
+        case BalanceVerdict::Doubtful:
+            return context.Translated(wxTRANSLATE("doubtful"));
+        case BalanceVerdict::OverLimit:
+            return byRule(wxTRANSLATE("over the limit of %s"));
+        case BalanceVerdict::InOrder:
+            break;
+    }
+    return judgement.isBeyondRule ? byRule(wxTRANSLATE("in order, though %s ends at 800 meq/l"))
+                                  : context.Translated(wxTRANSLATE("in order"));
+}
+
+std::string BalanceErrorText(const advice::BalanceJudgement& judgement, const ReportContext& context)
+{
+    if (judgement.verdict == advice::BalanceVerdict::NotJudged)
+        return {};
+    std::string error = Signed(judgement.error, 1, context) + " %";
+    if (judgement.isLimitOfDifference)
+        error += fmt::format(" ({} meq/l)", Signed(judgement.difference, 2, context));
+    return error;
+}
+
+std::string BalanceText(const advice::BalanceJudgement& judgement, const ReportContext& context)
+{
+    const std::string verdict = BalanceVerdictText(judgement, context);
+    return verdict.empty() ? verdict : BalanceErrorText(judgement, context) + ", " + verdict;
+}
+
+}  // namespace wateranalysis

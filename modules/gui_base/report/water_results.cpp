@@ -1,0 +1,238 @@
+// SPDX-License-Identifier: MIT
+#include "gui_base/report/water_results.h"
+
+#include "core/ion_table.h"
+#include "core/ion_units.h"
+#include "projectbase/advice/water_numbers.h"
+#include "projectbase/project/iex_project.h"
+#include "projectbase/units/unit_system_manager.h"
+
+#include <fmt/format.h>
+#include <wx/translation.h>
+
+#include <array>
+#include <cmath>
+#include <string_view>
+
+namespace wateranalysis {
+namespace {
+
+constexpr int kDigits = 3;
+constexpr int kFewDigits = 2;
+constexpr const char* kCalciumCarbonate = "ppm CaCO3";
+
+/// What the tiles are made of.
+struct Facts
+{
+    const Project& project;
+    const LiquidData& water;
+    const DetailList& details;
+    const advice::WaterNumbers numbers;
+    const ReportContext& context;
+
+    double Value(const char* key) const { return details.At(key).GetDoubleValue(); }
+    std::string Tr(const char* source) const { return context.Translated(source); }
+    std::string Number(double value, int digits = kDigits) const { return context.Number(value, digits); }
+
+    /// "8.85 meq/l", which stay on one line; empty for what is not known.
+    std::string Amount(double value, std::string_view unit, int digits = kFewDigits) const
+    {
+        const std::string text = Number(value, digits);
+        return text.empty() ? text : fmt::format("{}\u00a0{}", text, unit);
+    }
+    /// The caption, with the amount behind it in place of "%s"; empty for what is not known.
+    std::string Caption(const char* source, const std::string& amount) const
+    {
+        std::string text = amount.empty() ? amount : Tr(source);
+        if (const auto at = text.find("%s"); at != std::string::npos)
+            text.replace(at, 2, amount);
+        return text;
+    }
+    /// In the unit of the unit system.
+    void Show(ResultTile& tile, double value, const char* isoUnit) const
+    {
+        tile.value = Number(UnitSystemManager::FromISO(isoUnit, context.unitSystem, value));
+        tile.unit = UnitSystemManager::GetUnit(isoUnit, context.unitSystem, true);
+    }
+    DetailAddress At(const char* key) const { return {water.GetOwner(), key}; }
+};
+
+std::string InOtherUnits(const Facts& facts, double meq)
+{
+    const auto in = [&](std::string_view unit) {
+        return facts.Amount(ions::FromMeqPerLitre(meq, unit, 0.0), unit, kDigits);
+    };
+    const std::string mass = in(kCalciumCarbonate);
+    return mass.empty() ? mass : fmt::format("{}, {}", mass, in("\u00b0d"));
+}
+
+void ShowTds(const Facts& facts, ResultTile& tile)
+{
+    const double tds = facts.Value("liquid/tds");
+    facts.Show(tile, tds > 0.0 ? tds : std::nan(""), "mg/l");
+    if (tds > 0.0)
+        tile.second = facts.Caption(wxTRANSLATE("Dry residue %s"),
+                                    facts.Amount(facts.Value("liquid/residue"), "mg/l", kDigits));
+    tile.address = facts.At("liquid/tds");
+}
+
+void ShowConductivity(const Facts& facts, ResultTile& tile)
+{
+    const double calculated = facts.Value("liquid/cond25");
+    facts.Show(tile, calculated > 0.0 ? calculated : std::nan(""), "uS/cm");
+    tile.second = facts.Caption(wxTRANSLATE("measured %s"),
+                                facts.Amount(facts.Value("liquid/cond25.measured"), tile.unit, kDigits));
+    tile.address = facts.At("liquid/cond25");
+}
+
+void ShowHardness(const Facts& facts, ResultTile& tile)
+{
+    facts.Show(tile, facts.numbers.hardness, "meq/l");
+    tile.second = InOtherUnits(facts, facts.numbers.hardness);
+    tile.address = facts.At("liquid/hardness.total");
+}
+
+void ShowCarbonateHardness(const Facts& facts, ResultTile& tile)
+{
+    facts.Show(tile, facts.numbers.carbonate, "meq/l");
+    tile.second = facts.numbers.sodiumAlkalinity > 0.0
+                      ? facts.Caption(wxTRANSLATE("sodium alkalinity %s"),
+                                      facts.Amount(facts.numbers.sodiumAlkalinity, "meq/l"))
+                      : facts.Caption(wxTRANSLATE("non-carbonate %s"),
+                                      facts.Amount(facts.numbers.nonCarbonate, "meq/l"));
+    tile.address = facts.At("liquid/hardness.carbonate");
+}
+
+void ShowAlkalinity(const Facts& facts, ResultTile& tile)
+{
+    facts.Show(tile, facts.numbers.m, "mmol/l");
+    tile.second = InOtherUnits(facts, facts.numbers.m);
+    tile.address = facts.At("liquid/alkalinity.m");
+}
+
+void ShowAlkalinityP(const Facts& facts, ResultTile& tile)
+{
+    facts.Show(tile, facts.numbers.p, "mmol/l");
+    if (facts.numbers.p < 0.0)
+        tile.second =
+            facts.Caption(wxTRANSLATE("base demand to pH 8.2: %s"), facts.Amount(-facts.numbers.p, "mmol/l"));
+    tile.address = facts.At("liquid/alkalinity.p");
+}
+
+void ShowAcidity(const Facts& facts, ResultTile& tile)
+{
+    facts.Show(tile, facts.numbers.acidity, "meq/l");
+    tile.second = facts.Caption(wxTRANSLATE("by cations less alkalinity %s"),
+                                facts.Amount(facts.numbers.acidityByCations, "meq/l"));
+    tile.address = facts.At("liquid/ema");
+}
+
+void ShowAnionLoad(const Facts& facts, ResultTile& tile)
+{
+    constexpr double kUsualResidual = 8.0;  // mg/l of CO2
+    facts.Show(tile, facts.numbers.anionLoad, "meq/l");
+    const double own = advice::ResidualCo2Of(facts.project);
+    const double behind =
+        advice::AnionLoadBehindDegasser(facts.numbers, std::isnan(own) ? kUsualResidual : own);
+    tile.second = facts.Caption(
+        std::isnan(own) ? wxTRANSLATE("behind a degasser %s") : wxTRANSLATE("behind the degasser %s"),
+        facts.Amount(behind, "meq/l"));
+}
+
+void ShowPh(const Facts& facts, ResultTile& tile)
+{
+    const double alkalised = facts.Value("liquid/alk.ph");
+    facts.Show(tile, std::isnan(alkalised) ? facts.Value("liquid/ph") : alkalised, "");
+    tile.second = facts.Amount(facts.numbers.co2 * ions::FindIon("co2")->molarMass, "mg/l CO2");
+    tile.address = facts.At("liquid/ph");
+}
+
+/// What a plant of that type loads its resins with: a softener with hardness, one for dealkalisation with
+/// carbonate hardness, all others with anions.
+double DesignLoad(const Facts& facts, const advice::DailyLoads& loads)
+{
+    const std::string& type = facts.project.GetModuleType();
+    if (type.starts_with("SOFT"))
+        return loads.hardness;
+    return type.starts_with("DEALK") ? loads.carbonate : loads.anions;
+}
+
+void ShowLoad(const Facts& facts, ResultTile& tile)
+{
+    const double volume = advice::VolumeOfDay(facts.project);
+    const advice::DailyLoads loads = advice::LoadsOfDay(facts.numbers, volume);
+    const double load = DesignLoad(facts, loads);
+    facts.Show(tile, load, "eq/d");
+    ResultTile mass;
+    facts.Show(mass, load * advice::kKilogramCaCo3PerEquivalent, "kg/d");
+    if (!mass.value.empty())
+        tile.second = fmt::format("{} {} CaCO3", mass.value, mass.unit);
+    tile.address = DetailAddress{{}, "project/qbrutto"};
+    const auto line = [&](const char* source, double amount) {
+        ResultTile shown;
+        facts.Show(shown, amount, "eq/d");
+        return shown.value.empty() ? std::string()
+                                   : fmt::format("\n{}: {} {}", facts.Tr(source), shown.value, shown.unit);
+    };
+    tile.explanation += line(wxTRANSLATE("All cations"), loads.cations) +
+                        line(wxTRANSLATE("Total hardness"), loads.hardness) +
+                        line(wxTRANSLATE("Carbonate hardness"), loads.carbonate) +
+                        line(wxTRANSLATE("Anions of strong acids"), loads.acidity) +
+                        line(wxTRANSLATE("All anions"), loads.anions);
+}
+
+struct TileRow
+{
+    const char* id;
+    const char* title;
+    const char* explanation;
+    void (*show)(const Facts& facts, ResultTile& tile);
+    const char* titleSuffix = "";  ///< not translated
+};
+
+constexpr std::array kTiles{
+    TileRow{"tds", wxTRANSLATE("TDS"), wxTRANSLATE("Sum of all that is dissolved, CO2 apart"), ShowTds},
+    TileRow{"conductivity", wxTRANSLATE("Conductivity"), wxTRANSLATE("Calculated from the ions"),
+            ShowConductivity, " @ 25 \u00b0C"},
+    TileRow{"hardness", wxTRANSLATE("Total hardness"), wxTRANSLATE("Calcium and magnesium"), ShowHardness},
+    TileRow{"carbonate", wxTRANSLATE("Carbonate hardness"),
+            wxTRANSLATE("The hardness that the alkalinity goes with"), ShowCarbonateHardness},
+    TileRow{"m", wxTRANSLATE("Alkalinity (m-value)"), wxTRANSLATE("Acid demand to pH 4.3"), ShowAlkalinity},
+    TileRow{"p", wxTRANSLATE("Alkalinity (p-value)"), wxTRANSLATE("Acid demand to pH 8.2"), ShowAlkalinityP},
+    TileRow{"ema", wxTRANSLATE("Equivalent mineral acidity"),
+            wxTRANSLATE("Anions of strong acids: the acidity behind a strong-acid cation exchanger"),
+            ShowAcidity},
+    TileRow{"anions", wxTRANSLATE("Anion load with CO2 and SiO2"),
+            wxTRANSLATE("What a strong-base anion exchanger takes up; carbonic acid and silica count one "
+                        "equivalent a mole"),
+            ShowAnionLoad},
+    TileRow{"ph", wxTRANSLATE("pH"), wxTRANSLATE("With the free CO2 that goes with it"), ShowPh},
+    TileRow{"load", wxTRANSLATE("Load of a day"),
+            wxTRANSLATE("What the water brings at the flow of all lines, less the time of regeneration"),
+            ShowLoad},
+};
+
+}  // namespace
+
+std::vector<ResultTile> EmptyTiles(const ReportContext& context)
+{
+    std::vector<ResultTile> tiles;
+    for (const TileRow& row : kTiles)
+        tiles.push_back({.id = row.id,
+                         .title = context.Translated(row.title) + row.titleSuffix,
+                         .explanation = context.Translated(row.explanation)});
+    return tiles;
+}
+
+std::vector<ResultTile> ResultTiles(const Project& project, const LiquidData& water,
+                                    const ReportContext& context)
+{
+    const DetailList& details = *water.GetDetails();
+    const Facts facts{project, water, details, advice::NumbersOf(details), context};
+    std::vector<ResultTile> tiles = EmptyTiles(context);
+    for (std::size_t i = 0; i < tiles.size(); ++i)
+        kTiles[i].show(facts, tiles[i]);
+    return tiles;
+}
+
+}  // namespace wateranalysis

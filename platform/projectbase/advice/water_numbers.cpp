@@ -1,0 +1,112 @@
+// SPDX-License-Identifier: MIT
+#include "projectbase/advice/water_numbers.h"
+
+#include "core/ion_table.h"
+#include "projectbase/costs/project_costs.h"
+#include "projectbase/project/iex_project.h"
+#include "projectbase/water/normalization.h"
+#include "projectbase/water/totals.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace advice {
+
+namespace {
+
+/// mmol/l. What is not known leaves the sum that it is a part of unknown.
+double Millimoles(const DetailList& liquid, std::string_view key, std::string_view ion)
+{
+    return liquid.At(key).GetDoubleValue() / ions::FindIon(ion)->molarMass;
+}
+
+double CarbonOf(const DetailList& liquid, const WaterNumbers& numbers)
+{
+    if (std::isfinite(numbers.p) || std::isfinite(water::PhOf(liquid)))
+        return numbers.m - numbers.p;
+    return std::max(0.0, numbers.m) + water::Co2Of(liquid);
+}
+
+/// What is neither bicarbonate nor carbonate; where neither pH nor p-value tells it, what was typed.
+double FreeCo2(const DetailList& liquid, const WaterNumbers& numbers)
+{
+    if (std::isnan(numbers.p)) {
+        const double stated = water::Co2Of(liquid);
+        return std::isnan(numbers.carbon) || stated == 0.0 ? kNotKnown : stated;
+    }
+    const water::Composition composition = water::WholeComposition(liquid);
+    return std::max(0.0,
+                    numbers.carbon - composition[water::Species::Hco3] - composition[water::Species::Co3]);
+}
+
+}  // namespace
+
+WaterNumbers NumbersOf(const DetailList& liquid)
+{
+    const auto value = [&liquid](const char* key) { return liquid.At(key).GetDoubleValue(); };
+    WaterNumbers numbers;
+    const bool isAnalysed = value("liquid/sum.c.meql") > 0.0 || value("liquid/sum.a.meql") > 0.0;
+    if (!isAnalysed || liquid.At("liquid/analysis.type").GetStdStringValue() != "FULL")
+        return numbers;
+    const bool isClosed = liquid.At("liquid/balance.auto").GetBoolValue();
+    numbers.cations = value("liquid/sum.c.meql") + (isClosed ? value("liquid/na.plus.meql") : 0.0);
+    if (liquid.At("liquid/balance.ph").GetBoolValue())
+        numbers.cations -= value("liquid/h.plus.meql");
+    numbers.hardness = value("liquid/hardness.total");
+    numbers.carbonate = value("liquid/hardness.carbonate");
+    numbers.nonCarbonate = numbers.hardness - numbers.carbonate;
+    numbers.m = value("liquid/alkalinity.m");
+    numbers.p = value("liquid/alkalinity.p");
+    numbers.sodiumAlkalinity =
+        std::isnan(numbers.m) ? kNotKnown : std::max(0.0, numbers.m - numbers.hardness);
+    numbers.acidity = value("liquid/ema");
+    numbers.acidityByCations = numbers.cations - numbers.m;
+    numbers.carbon = CarbonOf(liquid, numbers);
+    numbers.silica = Millimoles(liquid, "liquid/sio2.mgl", "sio2");
+    numbers.boron = Millimoles(liquid, "liquid/b.mgl", "b");
+    numbers.co2 = FreeCo2(liquid, numbers);
+    numbers.anionLoad = numbers.acidity + numbers.carbon + numbers.silica + numbers.boron;
+    return numbers;
+}
+
+double AnionLoadBehindDegasser(const WaterNumbers& numbers, double residual)
+{
+    const double left = residual / ions::FindIon("co2")->molarMass;
+    if (std::isnan(left) || std::isnan(numbers.carbon))
+        return kNotKnown;
+    return numbers.anionLoad - std::max(0.0, numbers.carbon - left);
+}
+
+DailyLoads LoadsOfDay(const WaterNumbers& numbers, double volume)
+{
+    return {.cations = volume * numbers.cations,
+            .hardness = volume * numbers.hardness,
+            .carbonate = volume * numbers.carbonate,
+            .acidity = volume * numbers.acidity,
+            .anions = volume * numbers.anionLoad};
+}
+
+double VolumeOfDay(const Project& project)
+{
+    const auto* plant = dynamic_cast<const iex::IEXProject*>(&project);
+    if (plant == nullptr)
+        return kNotKnown;
+    constexpr double kDaysOfYear = 365.0;
+    const auto value = [&project](const char* key) { return project.GetDetails().At(key).GetDoubleValue(); };
+    const double running = value("project/lz");
+    if (!(running > 0.0))
+        return kNotKnown;
+    const double hours = running * costs::CyclesPerYear(*plant) / kDaysOfYear;
+    return value("project/qbrutto") * value("project/nlines") * hours;
+}
+
+double ResidualCo2Of(const Project& project)
+{
+    for (const auto& exchanger : project.GetRoot().GetChildren(OwnerKind::Exchanger)) {
+        if (exchanger->GetDetails()->At("step/kind").GetStdStringValue() == "DEGAS")
+            return exchanger->GetDetails()->At("step/co2.residual").GetDoubleValue();
+    }
+    return kNotKnown;
+}
+
+}  // namespace advice

@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+/// What a water means for the beds that treat it: hardness by kinds, acidity, and the load of each kind of
+/// bed. Of the water as treated, with what closes its balance. Not a number stands for what is not known.
+
+#include "projectbase/details/detail_list.h"
+#include "projectbase/projectbase_export.h"
+
+#include <limits>
+
+class Project;
+
+namespace advice {
+
+inline constexpr double kNotKnown = std::numeric_limits<double>::quiet_NaN();
+
+/// Amounts in meq/l, of carbonic acid and silica in mmol/l, which count as one equivalent a mole.
+struct WaterNumbers
+{
+    double cations = kNotKnown;           ///< Σ without H+
+    double hardness = kNotKnown;          ///< Ca + Mg
+    double carbonate = kNotKnown;         ///< carbonate hardness: the smaller of hardness and alkalinity
+    double nonCarbonate = kNotKnown;      ///< the rest of the hardness
+    double sodiumAlkalinity = kNotKnown;  ///< alkalinity beyond the hardness
+    double m = kNotKnown;
+    double p = kNotKnown;
+    double acidity = kNotKnown;  ///< equivalent mineral acidity: anions of strong acids
+    /// Σcations - m, which equals the acidity in a balanced analysis.
+    double acidityByCations = kNotKnown;
+    double carbon = kNotKnown;  ///< CO2 + HCO3 + CO3
+    double co2 = kNotKnown;     ///< free CO2
+    double silica = kNotKnown;  ///< SiO2
+    double boron = kNotKnown;
+    double anionLoad = kNotKnown;  ///< total exchangeable anions
+};
+
+/// Of a water whose derived values are up to date. Nothing is known of a short analysis, nor of a water in
+/// which no ion was analysed. Carbon is m - p; where neither pH nor p-value tells p, it is the m-value and
+/// the CO2 that was typed.
+PROJECTBASE_EXPORT WaterNumbers NumbersOf(const DetailList& liquid);
+
+/// meq/l of exchangeable anions behind a degasser that leaves `residual` mg/l of CO2, or in front of it where
+/// the water holds less.
+PROJECTBASE_EXPORT double AnionLoadBehindDegasser(const WaterNumbers& numbers, double residual);
+
+/// Loads of a day, eq.
+struct DailyLoads
+{
+    double cations = kNotKnown;    ///< strong acid in hydrogen form: all cations
+    double hardness = kNotKnown;   ///< softener
+    double carbonate = kNotKnown;  ///< weak acid
+    double acidity = kNotKnown;    ///< weak base
+    double anions = kNotKnown;     ///< strong base
+};
+PROJECTBASE_EXPORT DailyLoads LoadsOfDay(const WaterNumbers& numbers, double volume);
+
+/// kg of CaCO3 that are as many equivalents.
+inline constexpr double kKilogramCaCo3PerEquivalent = 0.050043;
+
+/// m³ of water that all lines take on an average day: flow times the hours of service, which the time of
+/// regeneration shortens. Not a number while flow or running time are not known.
+PROJECTBASE_EXPORT double VolumeOfDay(const Project& project);
+
+/// mg/l of CO2 behind the degasser of the plant; not a number where it has none.
+PROJECTBASE_EXPORT double ResidualCo2Of(const Project& project);
+
+}  // namespace advice
