@@ -190,6 +190,8 @@ void MainFrame::OnProjectChanged(const ProjectChanges& changes)
     if (changes.HasStructure()) {
         m_book->Follow();
         ShowResults();
+    } else {
+        m_book->ShowBalances();
     }
     UpdateRangeMessages();
     UpdateTitle();

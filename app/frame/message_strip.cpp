@@ -6,6 +6,7 @@
 
 #include <wx/button.h>
 #include <wx/sizer.h>
+#include <wx/statbmp.h>
 #include <wx/stattext.h>
 
 #include <algorithm>
@@ -29,10 +30,12 @@ wxString Number(std::size_t number, const char* one, const char* many)
 MessageStrip::MessageStrip(wxWindow* parent) : wxPanel(parent), m_expandedHeight(FromDIP(kOpenHeight))
 {
     m_count = new wxButton(this, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize, wxBORDER_NONE);
+    m_symbol = new wxStaticBitmap(this, wxID_ANY, wxBitmapBundle());
     m_newest = new wxStaticText(this, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
                                 wxST_NO_AUTORESIZE | wxST_ELLIPSIZE_END);
     m_list = new MessageArea(this);
     auto* line = new wxBoxSizer(wxHORIZONTAL);
+    line->Add(m_symbol, wxSizerFlags().CentreVertical().Border(wxLEFT, FromDIP(8)));
     line->Add(m_count, wxSizerFlags().CentreVertical().Border(wxLEFT, FromDIP(4)));
     line->Add(m_newest, wxSizerFlags(1).CentreVertical().Border(wxLEFT | wxRIGHT, FromDIP(8)));
     line->SetMinSize(wxSize(-1, GetStripHeight()));
@@ -105,7 +108,10 @@ void MessageStrip::ShowCount()
         count = Number(all, wxTRANSLATE("1 note"), wxTRANSLATE("%lu notes"));
     const wxString arrow = wxString::FromUTF8(m_isExpanded ? "▾ " : "▸ ");
     m_count->SetLabel(arrow + count);
-    m_count->SetBitmap(m_list->GetWorstPicture());
+    const wxBitmapBundle picture = m_list->GetWorstPicture();
+    m_symbol->Show(picture.IsOk());
+    if (picture.IsOk())
+        m_symbol->SetBitmap(picture);
     accessibility::SetName(*m_count, count);
     m_newest->SetLabel(m_isExpanded ? wxString() : wxControl::EscapeMnemonics(m_list->GetNewestText()));
     Layout();

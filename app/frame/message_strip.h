@@ -12,6 +12,7 @@
 #include <functional>
 
 class wxButton;
+class wxStaticBitmap;
 class wxStaticText;
 
 namespace app {
@@ -43,6 +44,7 @@ private:
     void ShowCount();
 
     wxButton* m_count = nullptr;
+    wxStaticBitmap* m_symbol = nullptr;
     wxStaticText* m_newest = nullptr;
     MessageArea* m_list = nullptr;
     std::function<void()> m_onToggled;

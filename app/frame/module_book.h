@@ -34,6 +34,8 @@ public:
     void MakeShownPages();
     /// Brings pages, tree and names into agreement with the owners that the project has now.
     void Follow();
+    /// Shows in the tree how the balance of each water stands.
+    void ShowBalances();
     /// The names of pages and tree in the present language.
     void Localize();
 
@@ -82,6 +84,8 @@ private:
     wxStatusBar* m_statusBar = nullptr;
     /// In the order of the tree; the user may drag the pages of the notebook into another one.
     std::vector<PageHost*> m_hosts;
+    /// Where the pictures of the balance begin among those of the tree.
+    int m_balancePictures = 0;
     bool m_filling = false;
 };
 

@@ -45,8 +45,7 @@ UserMessage InitProgram()
         problem = std::current_exception();
     }
     Network::Initialize();
-    density::Set(Settings::GetSetting("density").GetStdStringValue() == "comfortable" ? Density::Comfortable
-                                                                                      : Density::Compact);
+    density::Set(density::DensityOf(Settings::GetSetting("density").GetStdStringValue()));
     const wxString language = Settings::GetSetting("language").GetStringValue();
     SwitchLanguage(language.empty() ? SystemLanguage() : language);
     try {

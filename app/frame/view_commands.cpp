@@ -9,6 +9,7 @@
 #include "dbinterfaces/project_database.h"
 #include "gui_base/input/events.h"
 #include "gui_base/input/validation/commit.h"
+#include "gui_base/support/density.h"
 #include "projectbase/settings/settings.h"
 #include "projectbase/units/unit_system_manager.h"
 
@@ -35,6 +36,14 @@ void ViewCommands::SetLanguage(const wxString& code)
     Settings::GetSetting("language").SetValue(code);
     SwitchLanguage(code);
     m_frame.Localize();
+}
+
+void ViewCommands::SetDensity(const std::string& code)
+{
+    CommitFocusedField();
+    Settings::GetSetting("density").SetValue(code);
+    density::Set(density::DensityOf(code));
+    m_frame.RebuildPages();
 }
 
 void ViewCommands::FillUnitMenu(wxMenu& menu)
@@ -71,6 +80,7 @@ void ViewCommands::ShowSettings()
     m_frame.CallAfter([this] {
         CommitFocusedField();
         const ProgramSettings before{CurrentLanguage(), m_frame.GetProject().GetUnitSystemDisplay(),
+                                     Settings::GetSetting("density").GetStdStringValue(),
                                      Settings::GetSetting("autosave.minutes").GetLongValue(),
                                      Settings::GetSetting("database.connection").GetStdStringValue()};
         SettingsDialog dialog(&m_frame, before);
@@ -84,6 +94,8 @@ void ViewCommands::ApplySettings(const ProgramSettings& before, const ProgramSet
     if (wanted.database != before.database && !OpenDatabase(wanted.database))
         return;
     Settings::GetSetting("autosave.minutes").SetValue(wanted.autosaveMinutes);
+    if (wanted.density != before.density)
+        SetDensity(wanted.density);
     m_frame.Files().RestartAutosave();
     if (wanted.unitSystem != before.unitSystem) {
         SetUnitSystem(wanted.unitSystem);

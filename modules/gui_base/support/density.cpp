@@ -10,12 +10,6 @@
 namespace density {
 namespace {
 
-Density& Present()
-{
-    static Density density = Density::Comfortable;
-    return density;
-}
-
 #ifdef __WXGTK__
 
 /// The frame that themes draw around the field with the keyboard is a thin line, hard to find among a
@@ -54,20 +48,19 @@ GtkCssProvider* Provider()
 
 }  // namespace
 
+Density DensityOf(std::string_view code)
+{
+    return code == "comfortable" ? Density::Comfortable : Density::Compact;
+}
+
 void Set(Density density)
 {
-    Present() = density;
 #ifdef __WXGTK__
     if (gdk_screen_get_default() == nullptr)
         return;
     const std::string style = std::string(kFocus) + (density == Density::Compact ? kCompact : "");
     gtk_css_provider_load_from_data(Provider(), style.data(), static_cast<gssize>(style.size()), nullptr);
 #endif
-}
-
-Density Get()
-{
-    return Present();
 }
 
 }  // namespace density

@@ -6,6 +6,8 @@
 
 #include "gui_base/gui_base_export.h"
 
+#include <string_view>
+
 enum class Density
 {
     Comfortable,  ///< the spacing of the system's theme
@@ -14,8 +16,9 @@ enum class Density
 
 namespace density {
 
+/// What the setting "density" holds: "comfortable", or compact for any other text.
+GUI_BASE_EXPORT Density DensityOf(std::string_view code);
 /// Windows that exist follow when they are laid out anew. Without a display nothing happens.
 GUI_BASE_EXPORT void Set(Density density);
-GUI_BASE_EXPORT Density Get();
 
 }  // namespace density

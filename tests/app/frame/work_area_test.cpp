@@ -196,6 +196,56 @@ TEST_F(WorkAreaTest, EveryPlantOfTheStartPageHasItsDrawing)
     }
 }
 
+TEST_F(WorkAreaTest, ACompactFormShowsAWholeAnalysisAtOnce)
+{
+    m_frame->SetSize(1600, 1000);
+    for (const app::WorkPane pane :
+         {app::WorkPane::Navigator, app::WorkPane::Results, app::WorkPane::Diagram})
+        Area().ShowPane(pane, false);
+    const auto height = [this] {
+        gui_test::Pump();
+        int top = 10000;
+        int bottom = 0;
+        for (const char* key : {"na.orig", "h.plus.orig", "oh.minus.orig", "sum.c.meql", "sum.a.meql",
+                                "na.plus.meql", "cl.plus.meql", "ph", "co2.orig"}) {
+            const wxRect field = WaterPage().FindField(std::string("liquid/") + key)->GetScreenRect();
+            top = std::min(top, field.y);
+            bottom = std::max(bottom, field.GetBottom());
+        }
+        return bottom - top;
+    };
+    m_frame->View().SetDensity("comfortable");
+    const int comfortable = height();
+    m_frame->View().SetDensity("compact");
+    const int compact = height();
+    // With the line of the folded boxes and the heads above.
+    EXPECT_LE(compact, m_frame->FromDIP(700 - 90));
+    EXPECT_LT(compact, comfortable);
+    for (const char* title :
+         {"Feed water", "Organics input", "Origin of the water", "Analysis", "Automatic balancing"}) {
+        gui_test::Find<wxButton>(WaterPage(), title).SetFocus();
+        gui_test::Press(WXK_SPACE);
+    }
+    const int inPage =
+        WaterPage().FindField("liquid/na.orig")->GetScreenPosition().y - WaterPage().GetScreenPosition().y;
+    EXPECT_LE(inPage + compact, m_frame->FromDIP(700));
+}
+
+TEST_F(WorkAreaTest, TheNavigatorTellsOfTheBalance)
+{
+    const std::string name = OpenProject().GetLiquid(0).GetName();
+    const auto picture = [&] { return Tree().GetItemImage(Item(name)); };
+    const int good = picture();
+    gui_test::Enter(*WaterPage().FindField("liquid/na.orig"), "600");
+    const int over = picture();
+    EXPECT_NE(over, good);
+    Menu("Tools", "Balance automatically");
+    EXPECT_EQ(picture(), good) << "closed";
+    m_frame->Waters().Add();
+    EXPECT_NE(Tree().GetItemImage(Item("Water")), good) << "nothing is analysed";
+    EXPECT_NE(Tree().GetItemImage(Item("Water")), over);
+}
+
 TEST_F(WorkAreaTest, TheWindowOutlivesTheProgram)
 {
     m_frame->SetSize(20, 30, 1100, 850);

@@ -13,6 +13,8 @@
 
 namespace {
 
+/// In DIP: what the frame of an empty box takes.
+constexpr int kFrame = 8;
 /// Names of the collapsed boxes, each ended by a semicolon.
 constexpr const char* kCollapsed = "/Window/collapsed";
 
@@ -125,6 +127,8 @@ void CollapsibleBox::ShowTitle()
     accessibility::SetName(*GetStaticBox(), title);
     m_title->InvalidateBestSize();
     m_title->SetSize(m_title->GetBestSize());
+    // The toolkit draws the frame below the title, also of an empty box.
+    SetMinSize(wxSize(-1, m_title->GetBestSize().y + GetStaticBox()->FromDIP(kFrame)));
 }
 
 void CollapsibleBox::Localize(const std::string&)
