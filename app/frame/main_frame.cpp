@@ -29,6 +29,7 @@
 #include "tncommon/data_dir.h"
 
 #include <wx/aboutdlg.h>
+#include <wx/settings.h>
 #include <wx/wupdlock.h>
 
 namespace app {
@@ -84,10 +85,10 @@ MainFrame::MainFrame(std::unique_ptr<Document> document)
     });
     Bind(wxEVT_SYS_COLOUR_CHANGED, [this](wxSysColourChangedEvent& event) {
         event.Skip();
-        // Their pictures are drawn in the colour of the texts.
-        CallAfter([this] { BuildMenus(); });
+        CallAfter([this] { FollowSystemLook(); });
     });
     m_files.RestartAutosave();
+    m_textLook = {wxSystemSettings::GetColour(wxSYS_COLOUR_BTNTEXT), GetTextExtent("Tarnvik")};
     TakeKeptPlace(*this);
     m_workArea->TakeKeptLayout();
     OpenPages();
@@ -175,6 +176,19 @@ void MainFrame::SetDocument(std::unique_ptr<Document> document)
     m_document = std::move(document);
     OpenPages();
     ShowPages();
+}
+
+void MainFrame::FollowSystemLook()
+{
+    // The toolkit tells of every change of a window's state, too.
+    const TextLook now{wxSystemSettings::GetColour(wxSYS_COLOUR_BTNTEXT), GetTextExtent("Tarnvik")};
+    const TextLook before = std::exchange(m_textLook, now);
+    // Pictures of commands are drawn in the colour of the texts.
+    if (now.colour != before.colour)
+        BuildMenus();
+    // Windows remember sizes that were measured with the texts of before.
+    if (now.size != before.size)
+        RebuildPages();
 }
 
 void MainFrame::RebuildPages()

@@ -109,6 +109,8 @@ private:
     void StepHistory(bool (UndoRedoDetailStack::*step)(), const UndoStep* taken);
     void OnMessage(MessageEvent& event);
     void OnClose(wxCloseEvent& event);
+    /// Takes up another theme or size of texts of the system.
+    void FollowSystemLook();
     /// Shows the results of the water in front; those of the water before it on a page without one.
     void ShowResults();
 
@@ -118,6 +120,11 @@ private:
     StartPage* m_start = nullptr;
     wateranalysis::WaterResultsPanel* m_results = nullptr;
     DetailOwner m_shownWater;
+    struct TextLook
+    {
+        wxColour colour;
+        wxSize size;
+    } m_textLook;
     TvStatusBar* m_statusBar = nullptr;
     std::unique_ptr<ModuleBook> m_book;
     std::unique_ptr<Navigator> m_navigator;

@@ -11,6 +11,7 @@
 #include "app/language/language.h"
 #include "app/modules/base/module.h"
 #include "app/tour/control_gallery.h"
+#include "app/tour/tour_pictures.h"
 #include "dbinterfaces/project_database.h"
 #include "gui_base/dialogs/info_message_dialog.h"
 #include "gui_base/dialogs/page_selection_dialog.h"
@@ -35,6 +36,7 @@
 #include "gui_base/water/tools/co2_calculator_dialog.h"
 
 #include <wx/app.h>
+#include <wx/dcmemory.h>
 #include <wx/frame.h>
 #include <wx/stattext.h>
 #include <wx/stopwatch.h>
@@ -49,21 +51,8 @@
 namespace app {
 namespace {
 
-/// Long enough for the toolkit to lay out, draw and end its short animations.
-constexpr long kSettleMilliseconds = 70;
-
 constexpr std::array kStates{SpecimenState::Normal, SpecimenState::ReadOnly, SpecimenState::Below,
                              SpecimenState::Above,  SpecimenState::Disabled, SpecimenState::Focused};
-
-void Settle()
-{
-    const wxStopWatch watch;
-    while (watch.Time() < kSettleMilliseconds) {
-        wxTheApp->Yield();
-        wxTheApp->ProcessIdle();
-        wxMilliSleep(5);
-    }
-}
 
 /// The toolkit frames the focused control only for a user of the keyboard: leaves it and comes back.
 void FocusByKeyboard(wxWindow& window)
@@ -75,12 +64,6 @@ void FocusByKeyboard(wxWindow& window)
     simulator.Char(WXK_TAB, wxMOD_SHIFT);
     Settle();
     simulator.Char(WXK_TAB);
-}
-
-std::unique_ptr<Project> NewExample()
-{
-    const WaterTemplate* river = FindWaterTemplate("world_river_livingstone");
-    return river != nullptr ? NewProjectFrom(*river) : NewEmptyProject();
 }
 
 /// A water with a feed of some compounds, one of which is out of range, so that every module has something to
@@ -119,6 +102,14 @@ std::unique_ptr<Project> NewPicturedFor(const Module& module)
     return project;
 }
 
+bool HasLanguage(const wxString& code)
+{
+    return std::ranges::any_of(AvailableLanguages(),
+                               [&](const Language& language) { return language.code == code; });
+}
+
+}  // namespace
+
 /// How a module is pictured.
 struct ModuleLook
 {
@@ -128,63 +119,30 @@ struct ModuleLook
     const char* unitSystem = nullptr;
 };
 
-const std::array<ModuleLook, 4>& ModuleLooks()
+namespace {
+
+const std::array<ModuleLook, 8>& ModuleLooks()
 {
-    static const std::array<ModuleLook, 4> looks{{
-        {"", {1440, 960}},
-        {"_narrow", {820, 620}},
-        {"_us_units", {1440, 960}, nullptr, "us"},
-        {"_german", {1440, 960}, "de"},
+    static const std::array<ModuleLook, 8> looks{{
+        {"", {1600, 1000}},
+        {"_narrow", {1024, 768}},
+        {"_wide", {2560, 1400}},
+        {"_us_units", {1600, 1000}, nullptr, "us"},
+        {"_german", {1600, 1000}, "de"},
+        {"_german_narrow", {1024, 768}, "de"},
+        {"_french", {1600, 1000}, "fr"},
+        {"_french_narrow", {1024, 768}, "fr"},
     }};
     return looks;
 }
 
-class Tour
+}  // namespace
+
+void Tour::TakeControls()
 {
-public:
-    Tour(std::filesystem::path folder, std::string look)
-        : m_folder(std::move(folder)), m_look(std::move(look))
-    {}
-
-    void TakeControls()
-    {
-        for (const Exhibit& exhibit : ControlExhibits())
-            TakeExhibit(exhibit);
-    }
-
-    void TakeModules();
-    void TakeDialogs();
-    void TakeServices(wxWindow& owner);
-    void TakeDataSheets(wxWindow& owner);
-    void TakeRates(wxWindow& owner);
-    void TakeWasteWater(wxWindow& owner);
-    void TakeWhatIf(wxWindow& owner);
-
-private:
-    void Save(wxWindow& window, const std::string& name)
-    {
-        Settle();
-        const wxImage picture = window_picture::Take(window);
-        const std::filesystem::path file = m_folder / (name + "-" + m_look + ".png");
-        // A picture of one colour is one of a window that has not been drawn.
-        if (!picture.IsOk() || picture.CountColours(1) <= 1 ||
-            !picture.SaveFile(wxString::FromUTF8(file.string()), wxBITMAP_TYPE_PNG))
-            throw std::runtime_error("Tour::Save: " + file.string() + " could not be made");
-    }
-
-    void TakeExhibit(const Exhibit& exhibit);
-    void TakeModule(const Module& module, const ModuleLook& look);
-
-    void TakeDialog(wxDialog& dialog, const std::string& name)
-    {
-        dialog.Show();
-        Save(dialog, "dialog_" + name);
-        dialog.Hide();
-    }
-
-    std::filesystem::path m_folder;
-    std::string m_look;
-};
+    for (const Exhibit& exhibit : ControlExhibits())
+        TakeExhibit(exhibit);
+}
 
 void Tour::TakeExhibit(const Exhibit& exhibit)
 {
@@ -238,7 +196,15 @@ void Tour::TakeModule(const Module& module, const ModuleLook& look)
         frame->View().SetLanguage(look.language);
     if (look.unitSystem != nullptr)
         frame->View().SetUnitSystem(look.unitSystem);
-    Save(*frame, "module_" + module.id + look.suffix);
+    Settle();
+    // Whoever looks at the picture of a page must see that page.
+    const PageHost* shown = frame->GetBook().GetCurrent();
+    if (shown == nullptr || shown->GetModule().id != module.id || !shown->IsShownOnScreen())
+        throw std::runtime_error("Tour::TakeModule: the page \"" + module.id + "\" is not in front");
+    const wxString caption = wxString::Format(
+        "%s | %s | %s | %d x %d", i18n::Translated(shown->GetModule().title), CurrentLanguage(),
+        wxString::FromUTF8(frame->GetProject().GetUnitSystemDisplay()), look.size.x, look.size.y);
+    Save(*frame, "module_" + module.id + look.suffix, caption);
     frame->GetDocument().SetUnsaved(false);
     frame->View().SetLanguage(language);
     frame->View().SetUnitSystem("iso");
@@ -249,156 +215,12 @@ void Tour::TakeModule(const Module& module, const ModuleLook& look)
 void Tour::TakeModules()
 {
     for (const Module& module : Modules()) {
-        for (const ModuleLook& look : ModuleLooks())
-            TakeModule(module, look);
+        for (const ModuleLook& look : ModuleLooks()) {
+            if (look.language == nullptr || HasLanguage(look.language))
+                TakeModule(module, look);
+        }
     }
 }
-
-/// One whose formula is partly unreadable, so that the picture shows how that looks.
-Compound SampleCompound()
-{
-    Compound compound;
-    compound.name = "gypsum";
-    compound.category = "Salt";
-    compound.valency = 2;
-    compound.SetFormula("CaSO4·2H2Oy");
-    return compound;
-}
-
-void Tour::TakeDialogs()
-{
-    auto* owner = new wxFrame(nullptr, wxID_ANY, "Tarnvik", wxDefaultPosition, wxSize(900, 600));
-    owner->Show();
-    SettingsDialog settings(owner, {"en", "iso", "compact", 5, std::string()});
-    TakeDialog(settings, "settings");
-    RecoveryDialog recovery(owner, {{.recovery = {},
-                                     .project = "/projects/Northfield/Boiler feed.tarnvik",
-                                     .savedAt = std::chrono::system_clock::from_time_t(1'700'000'000),
-                                     .title = {},
-                                     .work = {.base = {}, .edits = {"add water", "Temperature", "Sodium"}}},
-                                    {.recovery = {},
-                                     .project = {},
-                                     .savedAt = std::chrono::system_clock::from_time_t(1'699'990'000),
-                                     .title = "Pilot plant",
-                                     .work = {}}});
-    TakeDialog(recovery, "recovery");
-    TemplateDialog templates(owner, WaterTemplates());
-    TakeDialog(templates, "new_from_template");
-    PlantDialog plants(owner);
-    TakeDialog(plants, "new_plant");
-    PageSelectionDialog pages({{"Water analysis", 1}, {"Summary", 2}}, owner);
-    TakeDialog(pages, "page_selection");
-    InfoMessageDialog info("The results are computed.", owner);
-    TakeDialog(info, "message");
-    const std::array<wxString, 3> ions{"Calcium", "Magnesium", "Sodium"};
-    TvMultiChoiceDialog choice(owner, "Ions of the report:", "Ions", static_cast<int>(ions.size()),
-                               ions.data());
-    TakeDialog(choice, "multi_choice");
-    const auto water = NewExample();
-    tvCO2CalculatorDialog co2(water.get(), 0, owner);
-    TakeDialog(co2, "co2_calculator");
-    DetailList& details = *water->GetLiquid(0).GetDetails();
-    details.At("liquid/ph").SetValue(7.0);
-    details.At("liquid/alk.type").SetValue("naoh");
-    details.At("liquid/alk.target").SetValue(8.5);
-    AlkalizationDialog alkalization(water.get(), 0, owner);
-    TakeDialog(alkalization, "alkalization");
-    const water::BlendRecipe recipe{{{"Feed water", 60.0}, {"Well 2", 40.0}}};
-    BlendDialog blend(owner, {"Feed water", "Well 1", "Well 2"}, recipe, "iso");
-    TakeDialog(blend, "blend");
-    Logger logger;
-    WaterLibDialog library(logger, owner);
-    library.GetWaterList().Select(0);
-    TakeDialog(library, "water_library");
-    CommentEntryDialog comment(owner, wxID_ANY, "Comments", wxDefaultPosition,
-                               owner->FromDIP(wxSize(225, 100)));
-    comment.SetComment("Sampled after a week of rain");
-    TakeDialog(comment, "comments");
-    TakeServices(*owner);
-    TakeWasteWater(*owner);
-    TakeWhatIf(*owner);
-    CompoundEditorDialog editor(SampleCompound(), owner, wxID_ANY, i18n::Translated("Compound editor"));
-    TakeDialog(editor, "compound_editor");
-    owner->Destroy();
-}
-
-void Tour::TakeServices(wxWindow& owner)
-{
-    ConnectionDialog connection(&owner);
-    TakeDialog(connection, "connection");
-    AuthenticationEntryDialog user(&owner);
-    TakeDialog(user, "proxy_user");
-    UpdateDialog updates(&owner, TARNVIK_VERSION);
-    TakeDialog(updates, "updates");
-    TakeDataSheets(owner);
-    TakeRates(owner);
-}
-
-void Tour::TakeDataSheets(wxWindow& owner)
-{
-    DataSheetDialog sheets(&owner);
-    sheets.SetSheets(
-        {{"sac_gel", "final", "en", {}, {}, {}},
-         {"sac_gel", "preliminary", "de", {}, {}, {}},
-         {"sba_1", "unknown", "fr", {}, {}, {}}},
-        {{"sac_gel", {}, "en", "EU", "Morvane", "1"}, {"sba_1", {}, "en", "US", "Morvane", "2"}});
-    TakeDialog(sheets, "data_sheets");
-}
-
-void Tour::TakeRates(wxWindow& owner)
-{
-    ProjectDatabase::Transaction unsaved;
-    ProjectDatabase::SetConversionRates(
-        {{"EUR", 1.0}, {"AED", 4.2504}, {"AFN", 81.95}, {"ALL", 97.4}, {"AMD", 445.2}, {"ARS", 1678.5}});
-    ProjectDatabase::SetConversionRate("AUD", 1.765);
-    RatesDialog rates(&owner);
-    TakeDialog(rates, "currency_rates");
-}
-
-void Tour::TakeWasteWater(wxWindow& owner)
-{
-    iex::IEXProject project("SOFT");
-    double value = 0.0;
-    for (auto& [name, detail] : *project.GetStep(0).GetDetails()) {
-        if (detail.IsDerived())
-            detail.SetValue(value += 12.5);
-    }
-    auto acid = std::make_shared<DetailList>();
-    acid->LoadGroup("stepcomp", "BASE");
-    for (auto& [name, detail] : *acid)
-        detail.SetValue(value += 12.5);
-    wxDialog dialog(&owner, wxID_ANY, "Waste water");
-    auto* panel =
-        new TvWasteWaterAndComposition(&project, &dialog, {{"HCl", acid}, {"NaOH", nullptr}}, "Waste water");
-    auto* sizer = new wxBoxSizer(wxVERTICAL);
-    sizer->Add(panel, wxSizerFlags(1).Expand());
-    dialog.SetSizerAndFit(sizer);
-    TakeDialog(dialog, "waste_water");
-    dialog.DestroyChildren();
-}
-
-/// A value that was found, and one that cannot be.
-void Tour::TakeWhatIf(wxWindow& owner)
-{
-    iex::IEXProject project("DEMI");
-    DetailList& water = *project.GetLiquid(0).GetDetails();
-    for (const auto& [ion, value] : {std::pair("ca", 80.0), {"na", 46.0}, {"cl", 106.0}, {"hco3", 183.0}})
-        water.At(std::string("liquid/") + ion + ".orig").SetValue(value);
-    project.GetDetails().At("project/qbrutto").SetValue(20.0);
-    project.GetDetails().At("project/lz").SetValue(12.0);
-    const wxString language = CurrentLanguage();
-    for (const char* shown : {"en", "de"}) {
-        SwitchLanguage(shown);
-        WhatIfDialog dialog(std::make_unique<WifTable>(WhatIfGridPairLoader::GetTable(project), project),
-                            &project, &owner);
-        dialog.OnEdited(0, 2.0);
-        dialog.OnEdited(1, -1.0);
-        TakeDialog(dialog, std::string("what_if_") + shown);
-    }
-    SwitchLanguage(language);
-}
-
-}  // namespace
 
 void TakeTour(const std::filesystem::path& folder, const std::string& look, TourPart part)
 {

@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: MIT
+#include "app/tour/tour_pictures.h"
+
+#include "app/document/templates.h"
+#include "gui_base/support/window_picture.h"
+
+#include <wx/app.h>
+#include <wx/control.h>
+#include <wx/dcmemory.h>
+#include <wx/stopwatch.h>
+#include <wx/utils.h>
+
+#include <stdexcept>
+
+namespace app {
+namespace {
+
+constexpr long kSettleMilliseconds = 70;
+
+/// A line of text below a picture: what it shows, as the window itself says.
+wxImage WithCaption(const wxImage& picture, const wxString& caption)
+{
+    constexpr int kLine = 24;
+    constexpr int kIndent = 8;
+    wxBitmap whole(picture.GetWidth(), picture.GetHeight() + kLine);
+    wxMemoryDC dc(whole);
+    dc.SetBackground(*wxWHITE_BRUSH);
+    dc.Clear();
+    dc.DrawBitmap(wxBitmap(picture), 0, 0);
+    dc.SetFont(*wxNORMAL_FONT);
+    dc.SetTextForeground(*wxBLACK);
+    dc.DrawText(wxControl::Ellipsize(caption, dc, wxELLIPSIZE_END, picture.GetWidth() - 2 * kIndent), kIndent,
+                picture.GetHeight() + (kLine - dc.GetCharHeight()) / 2);
+    dc.SelectObject(wxNullBitmap);
+    return whole.ConvertToImage();
+}
+
+}  // namespace
+
+void Settle()
+{
+    const wxStopWatch watch;
+    while (watch.Time() < kSettleMilliseconds) {
+        wxTheApp->Yield();
+        wxTheApp->ProcessIdle();
+        wxMilliSleep(5);
+    }
+}
+
+std::unique_ptr<Project> NewExample()
+{
+    const WaterTemplate* river = FindWaterTemplate("world_river_livingstone");
+    return river != nullptr ? NewProjectFrom(*river) : NewEmptyProject();
+}
+
+void Tour::Save(wxWindow& window, const std::string& name, const wxString& caption)
+{
+    Settle();
+    wxImage picture = window_picture::Take(window);
+    const std::filesystem::path file = m_folder / (name + "-" + m_look + ".png");
+    // A picture of one colour is one of a window that has not been drawn.
+    if (!picture.IsOk() || picture.CountColours(1) <= 1)
+        throw std::runtime_error("Tour::Save: " + file.string() + " would be empty");
+    if (!caption.empty())
+        picture = WithCaption(picture, caption);
+    if (!picture.SaveFile(wxString::FromUTF8(file.string()), wxBITMAP_TYPE_PNG))
+        throw std::runtime_error("Tour::Save: " + file.string() + " could not be made");
+}
+
+void Tour::TakeDialog(wxDialog& dialog, const std::string& name)
+{
+    dialog.Show();
+    Save(dialog, "dialog_" + name, dialog.GetTitle());
+    dialog.Hide();
+}
+
+}  // namespace app

@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+/// How the tour takes its pictures. Internal to the tour.
+
+#include "projectbase/project/project.h"
+
+#include <wx/dialog.h>
+#include <wx/window.h>
+
+#include <filesystem>
+#include <memory>
+#include <string>
+
+namespace app {
+
+struct Exhibit;
+struct Module;
+struct ModuleLook;
+
+/// Lets the toolkit lay out, draw and end its short animations.
+void Settle();
+
+/// A project whose water is a river.
+std::unique_ptr<Project> NewExample();
+
+class Tour
+{
+public:
+    Tour(std::filesystem::path folder, std::string look)
+        : m_folder(std::move(folder)), m_look(std::move(look))
+    {}
+
+    void TakeControls();
+    void TakeModules();
+    void TakeDialogs();
+
+private:
+    /// Saves a picture of the window as it is, with a line below that says what it shows. Throws
+    /// std::runtime_error for an empty picture, and when it cannot be written.
+    void Save(wxWindow& window, const std::string& name, const wxString& caption = {});
+    void TakeExhibit(const Exhibit& exhibit);
+    void TakeModule(const Module& module, const ModuleLook& look);
+    void TakeDialog(wxDialog& dialog, const std::string& name);
+    void TakeStartPage();
+    void TakeServices(wxWindow& owner);
+    void TakeDataSheets(wxWindow& owner);
+    void TakeRates(wxWindow& owner);
+    void TakeWasteWater(wxWindow& owner);
+    void TakeWhatIf(wxWindow& owner);
+
+    std::filesystem::path m_folder;
+    std::string m_look;
+};
+
+}  // namespace app

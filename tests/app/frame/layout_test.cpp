@@ -1,0 +1,232 @@
+// SPDX-License-Identifier: MIT
+// Every page in an open window through changes of language, units, theme, size of the texts, density and
+// width: nothing is clipped, and what comes back to where it began looks as it did.
+#include "app/document/plant_templates.h"
+#include "app/modules/base/module.h"
+#include "gui_base/input/panel/tv_modulepanelbase.h"
+#include "tests/support/program_fixture.h"
+
+#include <wx/button.h>
+#include <wx/checkbox.h>
+#include <wx/choice.h>
+#include <wx/combo.h>
+#include <wx/combobox.h>
+#include <wx/datectrl.h>
+#include <wx/radiobut.h>
+#include <wx/stattext.h>
+#include <wx/textctrl.h>
+
+#include <gtk/gtk.h>
+#include <map>
+#include <random>
+
+namespace {
+
+/// What the arrow of a choice takes of it, in DIP.
+constexpr int kArrow = 24;
+
+/// How the window stands.
+struct Setting
+{
+    std::string language = "en";
+    std::string units = "iso";
+    std::string density = "compact";
+    int width = 1600;
+    bool isDark = false;
+    int percent = 100;  ///< size of the texts
+
+    std::string Describe() const
+    {
+        return language + " " + units + " " + density + " " + std::to_string(width) +
+               (isDark ? " dark " : " ") + std::to_string(percent) + " %";
+    }
+};
+
+class LayoutTest : public gui_test::ProgramTest
+{
+protected:
+    LayoutTest() : ProgramTest("world_river_livingstone") {}
+
+    void SetUp() override
+    {
+        ProgramTest::SetUp();
+        for (const app::PlantTemplate& plant : app::PlantTemplates()) {
+            if (plant.id == std::string_view("demineralisation"))
+                m_frame->SetDocument(std::make_unique<app::Document>(app::NewProjectFrom(plant)));
+        }
+        g_object_get(gtk_settings_get_default(), "gtk-xft-dpi", &m_dpi, nullptr);
+    }
+
+    void TearDown() override
+    {
+        Apply({});
+        ProgramTest::TearDown();
+    }
+
+    void Apply(const Setting& wanted)
+    {
+        // In the order in which a user would come upon them.
+        if (wanted.isDark != m_now.isDark)
+            g_object_set(gtk_settings_get_default(), "gtk-application-prefer-dark-theme",
+                         static_cast<gboolean>(wanted.isDark), nullptr);
+        if (wanted.percent != m_now.percent)
+            g_object_set(gtk_settings_get_default(), "gtk-xft-dpi", m_dpi * wanted.percent / 100, nullptr);
+        if (wanted.language != m_now.language)
+            m_frame->View().SetLanguage(wanted.language);
+        if (wanted.units != m_now.units)
+            m_frame->View().SetUnitSystem(wanted.units);
+        if (wanted.density != m_now.density)
+            m_frame->View().SetDensity(wanted.density);
+        m_frame->SetSize(wanted.width, 1000);
+        m_now = wanted;
+        gui_test::Pump();
+    }
+
+    /// Changes one thing.
+    Setting Vary(std::mt19937& random) const
+    {
+        const auto pick = [&](auto... values) {
+            const std::array all{values...};
+            return all.at(std::uniform_int_distribution<std::size_t>(0, all.size() - 1)(random));
+        };
+        Setting next = m_now;
+        switch (pick(0, 1, 2, 3, 4, 5)) {
+            case 0:
+                next.language = pick("en", "de", "fr");
+                break;
+            case 1:
+                next.units = pick("iso", "us", "imperial");
+                break;
+            case 2:
+                next.density = pick("compact", "comfortable");
+                break;
+            case 3:
+                next.isDark = !next.isDark;
+                break;
+            case 4:
+                next.percent = pick(100, 125);
+                break;
+            default:
+                break;
+        }
+        next.width = pick(1024, 1280, 1600, 1900, 2560);
+        return next;
+    }
+
+    wxWindow& Page() { return *m_frame->GetBook().GetCurrentPanel(); }
+
+    /// Calls `visit` with everything below a window that the user can see.
+    template <typename Visit>
+    static void VisitShown(const wxWindow& window, const Visit& visit)
+    {
+        for (const wxWindow* child : window.GetChildren()) {
+            if (!child->IsShown() || child->IsTopLevel())
+                continue;
+            visit(*child);
+            VisitShown(*child, visit);
+        }
+    }
+
+    /// Fields show numbers in a width of their own; texts that may be shortened say so by their style.
+    static wxSize Needed(const wxWindow& window)
+    {
+        const wxSize best = window.GetBestSize();
+        if (const auto* text = dynamic_cast<const wxStaticText*>(&window)) {
+            constexpr long kShortened =
+                wxST_ELLIPSIZE_START | wxST_ELLIPSIZE_MIDDLE | wxST_ELLIPSIZE_END | wxST_NO_AUTORESIZE;
+            return text->HasFlag(kShortened) || text->GetLabel().empty() ? wxSize(0, 0) : best;
+        }
+        // The list of a combo box, and the date of a picker, are the toolkit's.
+        if (dynamic_cast<const wxComboBox*>(&window) != nullptr ||
+            dynamic_cast<const wxDatePickerCtrl*>(window.GetParent()) != nullptr ||
+            dynamic_cast<const wxComboCtrl*>(window.GetParent()) != nullptr)
+            return {0, 0};
+        if (dynamic_cast<const wxTextCtrl*>(&window) != nullptr)
+            return {0, window.HasFlag(wxTE_MULTILINE) ? 0 : best.y};
+        if (const auto* choice = dynamic_cast<const wxChoice*>(&window))
+            // A list may have longer texts than the field: what is chosen is seen.
+            return {window.GetTextExtent(choice->GetStringSelection()).x + window.FromDIP(kArrow), best.y};
+        const bool hasText = dynamic_cast<const wxCheckBox*>(&window) != nullptr ||
+                             dynamic_cast<const wxRadioButton*>(&window) != nullptr ||
+                             dynamic_cast<const wxButton*>(&window) != nullptr;
+        return hasText ? best : wxSize(0, 0);
+    }
+
+    std::vector<std::string> Clipped()
+    {
+        std::vector<std::string> clipped;
+        VisitShown(Page(), [&](const wxWindow& window) {
+            const wxSize needed = Needed(window);
+            const wxSize size = window.GetSize();
+            if (size.x + 1 >= needed.x && size.y + 1 >= needed.y)
+                return;
+            clipped.push_back((window.GetClassInfo()->GetClassName() + (" '" + window.GetLabel()) + "' " +
+                               window.GetName() +
+                               wxString::Format(" %d x %d of %d x %d", size.x, size.y, needed.x, needed.y))
+                                  .utf8_string());
+        });
+        return clipped;
+    }
+
+    /// Where everything is, for comparison.
+    std::vector<std::string> Places()
+    {
+        std::vector<std::string> places;
+        VisitShown(Page(), [&](const wxWindow& window) {
+            // The toolkit does not say where the title of a box is.
+            const wxRect rect = IsTitle(window) ? wxRect() : window.GetRect();
+            places.push_back(wxString::Format("%s '%s' %s: %d, %d, %d x %d",
+                                              window.GetClassInfo()->GetClassName(), window.GetLabel(),
+                                              window.GetName(), rect.x, rect.y, rect.width, rect.height)
+                                 .utf8_string());
+        });
+        return places;
+    }
+
+    static bool IsTitle(const wxWindow& window)
+    {
+        return dynamic_cast<const wxButton*>(&window) != nullptr && window.HasFlag(wxBORDER_NONE);
+    }
+
+    /// What moved, one line each.
+    static std::string Moved(const std::vector<std::string>& before, const std::vector<std::string>& after)
+    {
+        std::string moved = before.size() != after.size() ? "another number of windows\n" : "";
+        for (std::size_t i = 0; i < std::min(before.size(), after.size()); ++i) {
+            if (before[i] != after[i])
+                moved += before[i] + " -> " + after[i] + "\n";
+        }
+        return moved;
+    }
+
+    Setting m_now;
+    int m_dpi = 0;
+};
+
+}  // namespace
+
+TEST_F(LayoutTest, NothingIsClippedAndEverythingComesBack)
+{
+    std::mt19937 random(std::random_device{}());
+    const auto seed = random();
+    random.seed(seed);
+    SCOPED_TRACE("seed " + std::to_string(seed));
+    for (const app::Module& module : app::Modules()) {
+        if (!module.isFor(OpenProject()))
+            continue;
+        const bool isProject = module.pageOf == OwnerKind::Project;
+        m_frame->GetBook().Show(
+            module.id,
+            isProject ? DetailOwner() : OpenProject().GetRoot().GetChildren(module.pageOf)[0]->GetOwner());
+        Apply({});
+        const std::vector<std::string> before = Places();
+        for (int step = 0; step < 6; ++step) {
+            Apply(Vary(random));
+            EXPECT_THAT(Clipped(), testing::IsEmpty()) << module.id << ": " << m_now.Describe();
+        }
+        // Narrow, and wide again.
+        Apply({.width = 1024});
+        Apply({});
+        EXPECT_EQ(Moved(before, Places()), "") << module.id << " does not come back";
+    }
+}
