@@ -32,7 +32,7 @@ constexpr const char* kUsage =
     "  --language de         language of the report, which also has its decimal sign; English\n"
     "                        is the default\n"
     "  --pages analysis      writes these pages only, by their names in the report of this project:\n"
-    "                        project, analysis, properties, feed, ... A name that it does not\n"
+    "                        project, analysis, diagrams, feed, ... A name that it does not\n"
     "                        have is answered by those that it has.\n"
     "          1:properties  ... of the second water only\n"
     "  --paper letter        A4 is the default\n"

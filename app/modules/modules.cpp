@@ -8,6 +8,7 @@ namespace app {
 
 Module ProjectModule();
 Module WaterModule();
+Module DiagramModule();
 Module FeedModule();
 Module DesignModule();
 Module OverviewModule();
@@ -18,9 +19,9 @@ Module CostModule();
 
 std::span<const Module> Modules()
 {
-    static const std::array modules{ProjectModule(),    WaterModule(),    FeedModule(),
-                                    DesignModule(),     OverviewModule(), RegenerationModule(),
-                                    WasteWaterModule(), ChartModule(),    CostModule()};
+    static const std::array modules{
+        ProjectModule(),  WaterModule(),        DiagramModule(),    FeedModule(),  DesignModule(),
+        OverviewModule(), RegenerationModule(), WasteWaterModule(), ChartModule(), CostModule()};
     return modules;
 }
 

@@ -89,6 +89,16 @@ std::unique_ptr<Project> NewPictured()
     return project;
 }
 
+/// Waters beside the one of a project, for what compares them.
+void AddOtherWaters(Project& project)
+{
+    const ProjectEdit edit(project, {}, EditKind::Copied);
+    for (const char* id : {"bc_1401030_2016", "brandenburg_saline"}) {
+        if (const WaterTemplate* water = FindWaterTemplate(id))
+            FillWater(project.AddLiquid(water->name), *water);
+    }
+}
+
 /// The plant whose pages a module belongs to, where it is not one of waters alone.
 std::unique_ptr<Project> NewPicturedFor(const Module& module)
 {
@@ -99,6 +109,8 @@ std::unique_ptr<Project> NewPicturedFor(const Module& module)
         if (plant.id == std::string_view("demineralisation"))
             project = NewProjectFrom(plant);
     }
+    if (module.id == "diagrams")
+        AddOtherWaters(*project);
     return project;
 }
 

@@ -81,7 +81,11 @@ public:
     {
         if (text.Width() + kLeader + kPadding <= m_room)
             m_names.push_back({&text, box.y + box.height / 2.0, box.height, 0.0});
+        else
+            m_lacksSome = true;
     }
+    /// Whether a name had no room to the side.
+    bool LacksSome() const { return m_lacksSome; }
 
     void Draw(cairo_t* canvas, Colour line)
     {
@@ -131,6 +135,7 @@ private:
     double m_room;
     double m_direction;
     std::vector<Name> m_names;
+    bool m_lacksSome = false;
 };
 
 double SumOf(const std::vector<Segment>& segments)
@@ -222,7 +227,9 @@ void SegmentLayer::Draw(cairo_t* canvas, const Mapping& mapping, const Theme& th
                 else
                     beside.Add(box, labels.Of(segment->label, theme.ink));
             }
-            beside.Draw(canvas, theme.muted);
+            // Where a legend names them, some alone would mislead.
+            if (m_sets.empty() || !beside.LacksSome())
+                beside.Draw(canvas, theme.muted);
         }
     }
 }

@@ -16,6 +16,7 @@ constexpr double kTickLength = 4.0;
 constexpr double kTitleSize = 15.0;
 constexpr double kLeastSide = 20.0;
 constexpr double kUsualOrdinate = 80.0;
+constexpr double kUsualText = 12.0;
 constexpr double kLabelSteps = 34.0;
 constexpr double kDistanceOfXTicks = 75.0;
 constexpr double kDistanceOfYTicks = 38.0;
@@ -86,7 +87,8 @@ void XYLayout::SetTicks(const Axis& axis, const Scale& scale, double length, dou
     const TextStyle style{.size = m_head.TextSize(), .colour = m_theme.ink};
     if (!axis.getLabels().empty())
         return SetNames(axis, scale, length, labels);
-    const Ticks ticks = TicksOf(scale, RoomFor(length, distance));
+    // Small numbers may stand closer.
+    const Ticks ticks = TicksOf(scale, RoomFor(length, distance * m_head.TextSize() / kUsualText));
     for (const double value : ticks.values)
         labels.push_back(
             {scale.ToFraction(value), 0, MakeText(TickText(value, ticks, m_chart.getSeparators()), style)});

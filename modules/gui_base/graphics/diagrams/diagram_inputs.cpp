@@ -1,0 +1,158 @@
+// SPDX-License-Identifier: MIT
+#include "gui_base/graphics/diagrams/diagram_inputs.h"
+
+#include "gui_base/input/controls/tv_button.h"
+#include "gui_base/input/controls/tv_staticboxsizer.h"
+#include "gui_base/input/controls/tv_statictext.h"
+#include "gui_base/input/events.h"
+#include "gui_base/input/form/form_grid.h"
+#include "gui_base/support/accessibility.h"
+#include "gui_base/support/translation.h"
+
+#include <wx/statbox.h>
+#include <wx/translation.h>
+
+#include <algorithm>
+
+namespace {
+
+constexpr long kAll = -1;
+constexpr int kListWidth = 200;
+constexpr int kListHeight = 120;
+
+tvChoice::Items KindItems()
+{
+    tvChoice::Items items{{kAll, wxTRANSLATE("All diagrams")}};
+    for (const water_diagram::Kind kind : water_diagram::kKinds)
+        items.emplace_back(static_cast<long>(kind), water_diagram::NameOf(kind));
+    return items;
+}
+
+}  // namespace
+
+template <typename Control>
+Control* DiagramInputs::AddLocalizable(Control* control)
+{
+    m_localizables.push_back(MakeLocalizable(control));
+    return control;
+}
+
+DiagramInputs::DiagramInputs(wxWindow* parent, Callbacks callbacks)
+    : wxPanel(parent), m_callbacks(std::move(callbacks))
+{
+    CreateControls();
+    UpdateNames();
+}
+
+void DiagramInputs::CreateControls()
+{
+    const wxSizerFlags spaced = wxSizerFlags().Border(wxALL, FromDIP(form::kGap)).Expand();
+    auto* column = new wxBoxSizer(wxVERTICAL);
+
+    auto* selection = AddLocalizable(new TvStaticBoxSizer(wxVERTICAL, this, wxTRANSLATE("Selection")));
+    m_kind = AddLocalizable(new tvChoice(KindItems(), nullptr, selection->GetStaticBox(), wxID_ANY));
+    m_kind->SetSelection(0);
+    // A view is no edit: it ends here.
+    m_kind->Bind(tvCHANGE_EVENT, [this](wxCommandEvent&) { m_callbacks.onKinds(); });
+    selection->Add(m_kind, spaced);
+    column->Add(selection, spaced);
+
+    auto* waters = AddLocalizable(new TvStaticBoxSizer(wxVERTICAL, this, wxTRANSLATE("Waters")));
+    m_list = new wxCheckListBox(waters->GetStaticBox(), wxID_ANY);
+    m_list->SetMinSize(FromDIP(wxSize(kListWidth, kListHeight)));
+    m_list->Bind(wxEVT_CHECKLISTBOX, &DiagramInputs::OnWater, this);
+    waters->Add(m_list, wxSizerFlags(spaced).Proportion(1));
+    column->Add(waters, wxSizerFlags(spaced).Proportion(1));
+
+    using water_diagram::Options;
+    auto* options = AddLocalizable(new TvStaticBoxSizer(wxVERTICAL, this, wxTRANSLATE("Options")));
+    wxWindow* box = options->GetStaticBox();
+    AddOption(*options, box, wxTRANSLATE("Piper: NO3, F and Br with Cl"), &Options::minorAnionsInPiper);
+    AddOption(*options, box, wxTRANSLATE("Piper: size by dissolved solids"), &Options::sizeByDissolved);
+    AddOption(*options, box, wxTRANSLATE("Stiff: Fe and NO3"), &Options::fourthRowInStiff);
+    AddOption(*options, box, wxTRANSLATE("Schoeller: NO3"), &Options::nitrateInSchoeller);
+    column->Add(options, spaced);
+    column->Add(CreateExport(), spaced);
+    SetSizer(column);
+}
+
+void DiagramInputs::AddOption(wxSizer& column, wxWindow* parent, const char* label,
+                              bool water_diagram::Options::*option)
+{
+    auto* box = AddLocalizable(new TvCheckBox(parent, wxID_ANY, label));
+    box->Bind(wxEVT_CHECKBOX, [this](wxCommandEvent&) { m_callbacks.onContents(); });
+    m_options.emplace_back(box, option);
+    column.Add(box, wxSizerFlags().Border(wxALL, FromDIP(form::kGap)));
+}
+
+wxSizer* DiagramInputs::CreateExport()
+{
+    auto* box = AddLocalizable(new TvStaticBoxSizer(wxVERTICAL, this, wxTRANSLATE("Export")));
+    wxWindow* parent = box->GetStaticBox();
+    auto* file = AddLocalizable(new TvButton(parent, wxID_ANY, wxTRANSLATE("Export Diagram")));
+    file->SetTranslatableToolTip(wxTRANSLATE("Writes the diagram to a file; of several the one in focus"));
+    file->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { m_callbacks.onExport(); });
+    auto* copy = AddLocalizable(new TvButton(parent, wxID_ANY, wxTRANSLATE("Copy Diagram")));
+    copy->SetTranslatableToolTip(
+        wxTRANSLATE("Puts the diagram on the clipboard as a picture; of several the one in focus"));
+    copy->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { m_callbacks.onCopy(); });
+    for (TvButton* button : {file, copy})
+        box->Add(button, wxSizerFlags().Expand().Border(wxALL, FromDIP(form::kGap)));
+    return box;
+}
+
+std::vector<water_diagram::Kind> DiagramInputs::GetKinds() const
+{
+    if (m_kind->GetID() != kAll)
+        return {static_cast<water_diagram::Kind>(m_kind->GetID())};
+    return {water_diagram::kKinds.begin(), water_diagram::kKinds.end()};
+}
+
+water_diagram::Options DiagramInputs::GetOptions() const
+{
+    water_diagram::Options options;
+    for (const auto& [box, option] : m_options)
+        options.*option = box->GetValue();
+    return options;
+}
+
+void DiagramInputs::SetWaters(const std::vector<NamedWater>& waters)
+{
+    if (m_waters == waters)
+        return;
+    m_waters = waters;
+    wxArrayString names;
+    for (const auto& [owner, name] : m_waters)
+        names.push_back(wxString::FromUTF8(name));
+    const int selected = m_list->GetSelection();
+    m_list->Set(names);
+    for (unsigned i = 0; i < m_list->GetCount(); ++i)
+        m_list->Check(i, IsChosen(m_waters[i].first));
+    if (selected != wxNOT_FOUND && selected < static_cast<int>(m_list->GetCount()))
+        m_list->SetSelection(selected);
+}
+
+void DiagramInputs::OnWater(wxCommandEvent& event)
+{
+    const auto place = static_cast<unsigned>(event.GetInt());
+    const DetailOwner water = m_waters.at(place).first;
+    if (m_list->IsChecked(place))
+        m_hidden.erase(water);
+    else
+        m_hidden.insert(water);
+    m_callbacks.onContents();
+}
+
+void DiagramInputs::UpdateNames()
+{
+    accessibility::SetName(*m_kind, i18n::Translated("Diagram Type"));
+    accessibility::SetName(*m_list, i18n::Translated(wxTRANSLATE("Waters")));
+}
+
+void DiagramInputs::Localize(const std::string& unitSystem)
+{
+    for (const auto& holder : m_localizables)
+        holder->Localize(unitSystem);
+    UpdateNames();
+    SetMinSize(GetSizer()->CalcMin());
+}
