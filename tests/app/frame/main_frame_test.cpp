@@ -358,7 +358,7 @@ TEST_F(MainFrameTest, PrintsWhatWasJustTyped)
     const std::string text = support::PdfFile(support::ReadBytes(path)).Text();
     EXPECT_THAT(text, testing::ContainsRegex("Sodium +6\\.4 +mg/l"));
     EXPECT_THAT(text, testing::HasSubstr("\u00b0F"));
-    EXPECT_THAT(text, testing::HasSubstr("Page 1 of 3"));
+    EXPECT_THAT(text, testing::HasSubstr("Page 1 of 4"));
     ProjectDatabase::RemoveUserParameter("/Report/hide.disclaimer");
 }
 
