@@ -36,6 +36,7 @@ struct LimitRow
 {
     const char* id;        ///< "fe.soft"
     const char* label;     ///< what is limited; source text
+    const char* ahead;     ///< of what; source text
     const char* key;       ///< detail of the water that a value is typed in
     const char* sentence;  ///< source text with value and limit
     const char* reason;    ///< source text

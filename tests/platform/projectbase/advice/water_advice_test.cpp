@@ -5,6 +5,7 @@
 #include "projectbase/project/iex_project.h"
 #include "projectbase/settings/settings.h"
 #include "tests/support/plant_fixture.h"
+#include "tests/support/temp_folder.h"
 
 #include <gtest/gtest.h>
 
@@ -283,6 +284,8 @@ TEST(WaterAdvice, WhatMayDeposit)
 
 TEST(WaterAdvice, AnyWaterAndPlantCanBeAsked)
 {
+    const std::string guide = support::ReadBytes(std::filesystem::path(TARNVIK_SOURCE_DIR) /
+                                                 "resources/help" / advice::kAdviceHelpPage);
     std::mt19937 random(3);
     const auto oneOf = [&random](std::initializer_list<double> values) {
         return *(values.begin() + std::uniform_int_distribution<std::ptrdiff_t>(
@@ -302,7 +305,8 @@ TEST(WaterAdvice, AnyWaterAndPlantCanBeAsked)
             for (const advice::Advice& advice : On(project)) {
                 EXPECT_FALSE(std::isnan(advice.value) || std::isnan(advice.limit)) << advice.id;
                 EXPECT_STRNE(advice.sentence, "");
-                EXPECT_STRNE(advice.anchor, "");
+                EXPECT_NE(guide.find(std::string("<a name=\"") + advice.anchor + "\">"), std::string::npos)
+                    << advice.anchor;
                 EXPECT_NE(project.FindDetail(advice.address), nullptr) << advice.id;
             }
         }
