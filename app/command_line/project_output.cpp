@@ -2,8 +2,10 @@
 #include "app/command_line/project_output.h"
 
 #include "dbinterfaces/master_database.h"
+#include "gui_base/report/advice_text.h"
 #include "gui_base/report/design_report.h"
 #include "gui_base/report/range_sentence.h"
+#include "projectbase/advice/evaluation.h"
 #include "projectbase/details/detail_display.h"
 #include "projectbase/project/iex_project.h"
 #include "projectbase/project/project_json.h"
@@ -94,6 +96,21 @@ ReportContext PlainContext(const std::string& unitSystem = "iso")
     return context;
 }
 
+/// What follows from the evaluation of a water.
+void PrintEvaluation(const Project& project, const LiquidData& liquid, std::ostream& out)
+{
+    const ReportContext context = PlainContext(project.GetUnitSystemDisplay());
+    const advice::Evaluation evaluation = advice::Evaluate(project, liquid);
+    for (const wateranalysis::SaturationRow& row :
+         wateranalysis::SaturationRows(evaluation.saturation, context)) {
+        if (!row.value.empty())
+            fmt::print(out, "  {:<38}{}\n", row.name, row.value);
+    }
+    for (const advice::Advice& advice : evaluation.advice)
+        fmt::print(out, "  {}: {}\n", wateranalysis::SeverityText(advice.severity, context),
+                   wateranalysis::AdviceSentence(advice, context));
+}
+
 void PrintLine(const designtext::Line& line, std::ostream& out)
 {
     if (!line.value.empty())
@@ -158,6 +175,7 @@ void PrintTable(const Project& project, std::ostream& out)
         fmt::print(out, "{}{}\n", i == 0 ? "" : "\n", liquid.GetName());
         PrintIons(*liquid.GetDetails(), project.GetUnitSystemDisplay(), out);
         PrintSummary(*liquid.GetDetails(), project.GetUnitSystemDisplay(), out);
+        PrintEvaluation(project, liquid, out);
     }
     PrintDesign(project, out);
 }
@@ -169,7 +187,16 @@ void PrintJson(const Project& project, const std::string& file, std::ostream& ou
         messages.push_back({AddressText(fault.address, project),
                             RangeSentence(fault, project, PlainContext()), fault.value, fault.limit});
     }
-    out << ProjectToJson(project, tncommon::PrintableText(file), messages);
+    std::vector<JsonAdvice> advice;
+    for (std::size_t i = 0; i < project.GetLiquidCount(); ++i) {
+        for (const advice::Advice& each : advice::AdviceOn(project, project.GetLiquid(i)))
+            advice.push_back({static_cast<int>(i + 1),
+                              each.id,
+                              each.severity == advice::Severity::Warn,
+                              {AddressText(each.address, project),
+                               wateranalysis::AdviceSentence(each, PlainContext()), each.value, each.limit}});
+    }
+    out << ProjectToJson(project, tncommon::PrintableText(file), messages, advice);
 }
 
 std::vector<std::string> RangeWarnings(const Project& project)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/frame/settings_dialog.h"
 
+#include "app/frame/limits_dialog.h"
 #include "app/frame/unit_system_name.h"
 #include "app/language/language.h"
 #include "gui_base/dialogs/dialog_buttons.h"
@@ -8,8 +9,10 @@
 #include "gui_base/input/panel/advanced_input_options.h"
 #include "gui_base/input/validation/validator.h"
 #include "gui_base/support/translation.h"
+#include "projectbase/advice/balance_judgement.h"
 #include "projectbase/units/unit_system_manager.h"
 
+#include <wx/button.h>
 #include <wx/settings.h>
 #include <wx/stattext.h>
 
@@ -23,6 +26,7 @@ constexpr const char* kUnitSystem = "unit.system";
 constexpr const char* kDensity = "density";
 constexpr const char* kAutosave = "autosave";
 constexpr const char* kDatabase = "database";
+constexpr const char* kBalanceRule = "balance.rule";
 constexpr const char* kIso = "iso";
 
 tvChoiceAdv::Items Languages()
@@ -44,6 +48,14 @@ tvChoiceAdv::Items UnitSystems()
 tvChoiceAdv::Items Densities()
 {
     return {{"compact", wxTRANSLATE("Compact")}, {"comfortable", wxTRANSLATE("Comfortable")}};
+}
+
+tvChoiceAdv::Items BalanceRules()
+{
+    tvChoiceAdv::Items items;
+    for (const char* code : {"SM1030E", "DVWK", "5/10"})
+        items.emplace_back(code, advice::NameOf(advice::BalanceRuleOf(code)));
+    return items;
 }
 
 struct SettingRow
@@ -74,6 +86,11 @@ constexpr std::array kRows{
                 .format = TvTextCtrlFormat::Fixed,
                 .validatorFlags = ClampToLimits},
                wxTRANSLATE("0 to 240; 0 writes no copies")},
+    SettingRow{{.key = kBalanceRule,
+                .label = wxTRANSLATE("Rule of the ion balance"),
+                .field = FormField::Choice,
+                .items = BalanceRules},
+               wxTRANSLATE("By which the charges of an analysis are judged")},
     SettingRow{{.key = kDatabase, .label = wxTRANSLATE("Database of the user"), .width = 360},
                wxTRANSLATE("Empty for a file of your own; postgresql://... for one that a team shares"),
                true},
@@ -102,6 +119,7 @@ SettingsDialog::SettingsDialog(wxWindow* parent, const ProgramSettings& settings
     m_values.Add(DetailData(kDensity, DetailType::String)).SetValue(settings.density);
     m_values.Add(DetailData(kAutosave, DetailType::Long)).SetValue(settings.autosaveMinutes);
     m_values.Add(DetailData(kDatabase, DetailType::String)).SetValue(settings.database);
+    m_values.Add(DetailData(kBalanceRule, DetailType::String)).SetValue(settings.balanceRule);
 
     m_search = new TvSearchControl(this, wxID_ANY);
     m_search->SetTranslatableHint(wxTRANSLATE("Search settings"));
@@ -114,6 +132,7 @@ SettingsDialog::SettingsDialog(wxWindow* parent, const ProgramSettings& settings
         wxWindow* const place = setting.isAdvanced ? m_advanced->GetOptions() : static_cast<wxWindow*>(this);
         AddRow(place, setting.isAdvanced ? *advancedGrid : *grid, setting.row, setting.explanation);
     }
+    AddLimits(*grid);
     m_fields.SetValidators();
     m_fields.ShowDetails(kIso);
     m_fields.UpdateNames(kIso);
@@ -143,6 +162,21 @@ void SettingsDialog::AddRow(wxWindow* parent, wxFlexGridSizer& grid, const FormR
     m_rows.push_back({{text, field, hint}, (Tr(row.label) + " " + Tr(explanation)).Lower(), parent != this});
 }
 
+void SettingsDialog::AddLimits(wxFlexGridSizer& grid)
+{
+    constexpr const char* kLimits = wxTRANSLATE("Limits ahead of resins");
+    auto* text = new wxStaticText(this, wxID_ANY, Tr(kLimits));
+    auto* button = new wxButton(this, wxID_ANY, Tr("Limits..."));
+    button->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) {
+        LimitsDialog dialog(this, m_limits);
+        if (dialog.ShowModal() == wxID_OK)
+            m_limits = dialog.GetChanged();
+    });
+    grid.Add(text, wxSizerFlags().CentreVertical());
+    grid.Add(button);
+    m_rows.push_back({{text, button}, Tr(kLimits).Lower(), false});
+}
+
 void SettingsDialog::OnSearch()
 {
     const wxString wanted = m_search->GetValue().Lower();
@@ -162,9 +196,13 @@ void SettingsDialog::OnSearch()
 ProgramSettings SettingsDialog::GetSettings()
 {
     m_fields.StoreFields(kIso);
-    return {m_values.At(kLanguage).GetStringValue(), m_values.At(kUnitSystem).GetStdStringValue(),
-            m_values.At(kDensity).GetStdStringValue(), m_values.At(kAutosave).GetLongValue(),
-            m_values.At(kDatabase).GetStdStringValue()};
+    return {m_values.At(kLanguage).GetStringValue(),
+            m_values.At(kUnitSystem).GetStdStringValue(),
+            m_values.At(kDensity).GetStdStringValue(),
+            m_values.At(kAutosave).GetLongValue(),
+            m_values.At(kDatabase).GetStdStringValue(),
+            m_values.At(kBalanceRule).GetStdStringValue(),
+            m_limits};
 }
 
 }  // namespace app

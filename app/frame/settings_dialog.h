@@ -5,6 +5,7 @@
 
 #include <wx/dialog.h>
 
+#include <map>
 #include <string>
 #include <vector>
 
@@ -21,6 +22,9 @@ struct ProgramSettings
     std::string density;       ///< "compact" or "comfortable"
     long autosaveMinutes = 0;  ///< 0 writes no recovery copies
     std::string database;      ///< connection text; empty for the user's own file
+    std::string balanceRule = "SM1030E";
+    /// Limits ahead of resins that were changed, by the names of their settings.
+    std::map<std::string, double> limits{};
 };
 
 /// The settings of the program, with a search field that leaves only the rows whose words match. Works on a
@@ -42,11 +46,13 @@ private:
 
     /// A row of `grid`, in `parent`, with an explanation below its field.
     void AddRow(wxWindow* parent, wxFlexGridSizer& grid, const FormRow& row, const char* explanation);
+    void AddLimits(wxFlexGridSizer& grid);
     void OnSearch();
 
     DetailList m_values;
     FieldSet m_fields{m_values};
     std::vector<Row> m_rows;
+    std::map<std::string, double> m_limits;
     AdvancedInputOptions* m_advanced;
     TvSearchControl* m_search;
 };

@@ -79,10 +79,13 @@ void ViewCommands::ShowSettings()
     // A switch of the language replaces the menu that is being used.
     m_frame.CallAfter([this] {
         CommitFocusedField();
-        const ProgramSettings before{CurrentLanguage(), m_frame.GetProject().GetUnitSystemDisplay(),
+        const ProgramSettings before{CurrentLanguage(),
+                                     m_frame.GetProject().GetUnitSystemDisplay(),
                                      Settings::GetSetting("density").GetStdStringValue(),
                                      Settings::GetSetting("autosave.minutes").GetLongValue(),
-                                     Settings::GetSetting("database.connection").GetStdStringValue()};
+                                     Settings::GetSetting("database.connection").GetStdStringValue(),
+                                     Settings::GetSetting("balance.rule").GetStdStringValue(),
+                                     {}};
         SettingsDialog dialog(&m_frame, before);
         if (dialog.ShowModal() == wxID_OK)
             ApplySettings(before, dialog.GetSettings());
@@ -97,6 +100,10 @@ void ViewCommands::ApplySettings(const ProgramSettings& before, const ProgramSet
     if (wanted.density != before.density)
         SetDensity(wanted.density);
     m_frame.Files().RestartAutosave();
+    Settings::GetSetting("balance.rule").SetValue(wanted.balanceRule);
+    for (const auto& [name, limit] : wanted.limits)
+        Settings::GetSetting(name).SetValue(limit);
+    m_frame.UpdateRangeMessages();
     if (wanted.unitSystem != before.unitSystem) {
         SetUnitSystem(wanted.unitSystem);
         m_frame.BuildMenus();

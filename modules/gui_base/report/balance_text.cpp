@@ -14,11 +14,9 @@ constexpr int kClosingDigits = 3;
 /// With its sign, unless nothing is left of it.
 std::string Signed(double value, int decimals, const ReportContext& context)
 {
-    const double scale = std::pow(10.0, decimals);
-    const double rounded = std::round(scale * value) / scale + 0.0;
-    return (rounded > 0.0 ? "+" : "") +
-           numbertext::Format(rounded, {.format = TvTextCtrlFormat::Fixed, .precision = decimals},
-                              context.separators);
+    const std::string text = FixedNumber(value, decimals, context);
+    const bool hasRest = text.find_first_of("123456789") != std::string::npos;
+    return (value > 0.0 && hasRest ? "+" : "") + text;
 }
 
 std::string WithText(std::string text, const std::string& part)
@@ -40,6 +38,13 @@ std::string ClosedText(const advice::BalanceJudgement& judgement, const ReportCo
 }
 
 }  // namespace
+
+std::string FixedNumber(double value, int decimals, const ReportContext& context)
+{
+    const double scale = std::pow(10.0, decimals);
+    return numbertext::Format(std::round(scale * value) / scale + 0.0,
+                              {.format = TvTextCtrlFormat::Fixed, .precision = decimals}, context.separators);
+}
 
 std::string BalanceVerdictText(const advice::BalanceJudgement& judgement, const ReportContext& context)
 {

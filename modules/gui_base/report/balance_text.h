@@ -10,6 +10,9 @@
 
 namespace wateranalysis {
 
+/// With so many decimals; never "-0.0".
+GUI_BASE_REPORT_EXPORT std::string FixedNumber(double value, int decimals, const ReportContext& context);
+
 /// "+0.4 %", where the rule looks at the amount "+0.6 % (+0.02 meq/l)"; empty where nothing was judged, as
 /// are the others.
 GUI_BASE_REPORT_EXPORT std::string BalanceErrorText(const advice::BalanceJudgement& judgement,

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "gui_base/report/water_report.h"
 
+#include "gui_base/report/evaluation_tables.h"
 #include "gui_base/report/water_tables.h"
+#include "projectbase/advice/evaluation.h"
 #include "projectbase/project/project.h"
 #include "projectbase/units/unit_system_manager.h"
 #include "projectbase/water/alkalization.h"
@@ -98,9 +100,25 @@ void AddProperties(report::Section& section, const Project& /*project*/, const L
         section.blocks.push_back(report::Paragraph{sentence});
 }
 
+/// What the water means: the same tiles, indices and advice as beside its page in the window.
+void AddEvaluation(report::Section& section, const Project& project, const LiquidData& water,
+                   const ReportContext& context)
+{
+    const advice::Evaluation evaluation = advice::Evaluate(project, water);
+    AddHeadedTable(section, wxTRANSLATE("Results"), ResultTable(evaluation, project, water, context),
+                   context);
+    AddHeadedTable(section, wxTRANSLATE("Saturation indices"),
+                   SaturationTable(evaluation.saturation, context), context);
+    AddHeadedTable(section, wxTRANSLATE("Advice"), AdviceTable(evaluation.advice, context), context);
+    if (section.blocks.empty())
+        section.blocks.push_back(report::Paragraph{
+            context.Translated(wxTRANSLATE("The analysis says too little to be evaluated"))});
+}
+
 constexpr std::array kPages{
     PageKind{"analysis", wxTRANSLATE("Water analysis"), &AddAnalysis},
     PageKind{"properties", wxTRANSLATE("Properties of the water"), &AddProperties},
+    PageKind{"evaluation", wxTRANSLATE("Evaluation of the water"), &AddEvaluation},
 };
 
 }  // namespace

@@ -3,7 +3,9 @@
 
 #include "core/ion_table.h"
 #include "core/ion_units.h"
-#include "projectbase/advice/water_numbers.h"
+#include "gui_base/report/advice_text.h"
+#include "gui_base/report/balance_text.h"
+#include "projectbase/advice/evaluation.h"
 #include "projectbase/project/iex_project.h"
 #include "projectbase/units/unit_system_manager.h"
 
@@ -27,7 +29,8 @@ struct Facts
     const Project& project;
     const LiquidData& water;
     const DetailList& details;
-    const advice::WaterNumbers numbers;
+    const advice::WaterNumbers& numbers;
+    const advice::Evaluation& evaluation;
     const ReportContext& context;
 
     double Value(const char* key) const { return details.At(key).GetDoubleValue(); }
@@ -131,7 +134,7 @@ void ShowAnionLoad(const Facts& facts, ResultTile& tile)
 {
     constexpr double kUsualResidual = 8.0;  // mg/l of CO2
     facts.Show(tile, facts.numbers.anionLoad, "meq/l");
-    const double own = advice::ResidualCo2Of(facts.project);
+    const double own = facts.evaluation.residualCo2;
     const double behind =
         advice::AnionLoadBehindDegasser(facts.numbers, std::isnan(own) ? kUsualResidual : own);
     tile.second = facts.Caption(
@@ -159,8 +162,7 @@ double DesignLoad(const Facts& facts, const advice::DailyLoads& loads)
 
 void ShowLoad(const Facts& facts, ResultTile& tile)
 {
-    const double volume = advice::VolumeOfDay(facts.project);
-    const advice::DailyLoads loads = advice::LoadsOfDay(facts.numbers, volume);
+    const advice::DailyLoads& loads = facts.evaluation.loads;
     const double load = DesignLoad(facts, loads);
     facts.Show(tile, load, "eq/d");
     ResultTile mass;
@@ -179,6 +181,38 @@ void ShowLoad(const Facts& facts, ResultTile& tile)
                         line(wxTRANSLATE("Carbonate hardness"), loads.carbonate) +
                         line(wxTRANSLATE("Anions of strong acids"), loads.acidity) +
                         line(wxTRANSLATE("All anions"), loads.anions);
+}
+
+void ShowLangelier(const Facts& facts, ResultTile& tile)
+{
+    const advice::Saturation& saturation = facts.evaluation.saturation;
+    constexpr int kDecimals = 2;
+    if (std::isnan(saturation.langelier))
+        return;
+    // The constants are good to a tenth.
+    tile.value = FixedNumber(saturation.langelier, 1, facts.context);
+    tile.unit = saturation.isBeyondDavies ? "(I > 0.2)" : "";
+    tile.second = fmt::format(
+        "{}, {}", LangelierReading(saturation.langelier, facts.context),
+        facts.Caption(wxTRANSLATE("Ryznar %s"), FixedNumber(saturation.ryznar, 1, facts.context)));
+    const auto line = [&](const char* source, double value) {
+        return std::isnan(value)
+                   ? std::string()
+                   : fmt::format("\n{}: {}", facts.Tr(source), FixedNumber(value, kDecimals, facts.context));
+    };
+    tile.explanation += line(wxTRANSLATE("pH of saturation"), saturation.pHs) +
+                        line(wxTRANSLATE("Langelier index without ion pairs"), saturation.langelierByHand) +
+                        line(wxTRANSLATE("Langelier index, simplified form"), saturation.langelierSimplified);
+    tile.address = facts.At("liquid/ph");
+}
+
+void ShowSilica(const Facts& facts, ResultTile& tile)
+{
+    facts.Show(tile, facts.evaluation.saturation.silicaPercent, "%");
+    if (!tile.value.empty())
+        tile.second = facts.Caption(wxTRANSLATE("index %s"),
+                                    FixedNumber(facts.evaluation.saturation.silica, 1, facts.context));
+    tile.address = facts.At("liquid/sio2.orig");
 }
 
 struct TileRow
@@ -210,6 +244,11 @@ constexpr std::array kTiles{
     TileRow{"load", wxTRANSLATE("Load of a day"),
             wxTRANSLATE("What the water brings at the flow of all lines, less the time of regeneration"),
             ShowLoad},
+    TileRow{"langelier", wxTRANSLATE("Langelier index"),
+            wxTRANSLATE("Above 0 calcium carbonate may deposit, below 0 it dissolves; good to a tenth"),
+            ShowLangelier},
+    TileRow{"silica", wxTRANSLATE("Silica saturation"),
+            wxTRANSLATE("Silica in percent of the solubility of its amorphous form"), ShowSilica},
 };
 
 }  // namespace
@@ -224,11 +263,10 @@ std::vector<ResultTile> EmptyTiles(const ReportContext& context)
     return tiles;
 }
 
-std::vector<ResultTile> ResultTiles(const Project& project, const LiquidData& water,
-                                    const ReportContext& context)
+std::vector<ResultTile> ResultTiles(const advice::Evaluation& evaluation, const Project& project,
+                                    const LiquidData& water, const ReportContext& context)
 {
-    const DetailList& details = *water.GetDetails();
-    const Facts facts{project, water, details, advice::NumbersOf(details), context};
+    const Facts facts{project, water, *water.GetDetails(), evaluation.numbers, evaluation, context};
     std::vector<ResultTile> tiles = EmptyTiles(context);
     for (std::size_t i = 0; i < tiles.size(); ++i)
         kTiles[i].show(facts, tiles[i]);

@@ -14,6 +14,10 @@
 class LiquidData;
 class Project;
 
+namespace advice {
+struct Evaluation;
+}
+
 namespace wateranalysis {
 
 struct ResultTile
@@ -33,7 +37,8 @@ struct ResultTile
 /// The tiles with their titles alone, in the order in which they are shown.
 GUI_BASE_REPORT_EXPORT std::vector<ResultTile> EmptyTiles(const ReportContext& context);
 /// The same ones of a water.
-GUI_BASE_REPORT_EXPORT std::vector<ResultTile> ResultTiles(const Project& project, const LiquidData& water,
+GUI_BASE_REPORT_EXPORT std::vector<ResultTile> ResultTiles(const advice::Evaluation& evaluation,
+                                                           const Project& project, const LiquidData& water,
                                                            const ReportContext& context);
 
 }  // namespace wateranalysis

@@ -64,7 +64,7 @@ class Writer
 {
 public:
     std::string Write(const Project& project, const std::string& file,
-                      const std::vector<JsonMessage>& messages)
+                      const std::vector<JsonMessage>& messages, const std::vector<JsonAdvice>& advice)
     {
         m_text = "{\n  \"file\": " + Quoted(file) + ",\n  \"module\": " + Quoted(project.GetModuleType()) +
                  ",\n  \"type\": " + Quoted(project.GetModuleType()) +
@@ -77,6 +77,7 @@ public:
         Nodes(",\n  \"exchangers\": ", project.GetRoot(), OwnerKind::Exchanger, "  ");
         Groups(project);
         Messages(messages);
+        AdviceOnWaters(advice);
         return m_text + "\n}\n";
     }
 
@@ -166,12 +167,30 @@ private:
         m_text += ",\n  \"messages\": [";
         const char* separator = "\n";
         for (const JsonMessage& message : messages) {
-            m_text += fmt::format("{}    {{\"address\": {}, \"text\": {}, \"value\": {}, \"limit\": {}}}",
-                                  separator, Quoted(message.address), Quoted(message.text),
-                                  JsonNumber(message.value), JsonNumber(message.limit));
+            m_text += fmt::format("{}    {{{}}}", separator, MembersOf(message));
             separator = ",\n";
         }
         m_text += messages.empty() ? "]" : "\n  ]";
+    }
+
+    void AdviceOnWaters(const std::vector<JsonAdvice>& advice)
+    {
+        m_text += ",\n  \"advice\": [";
+        const char* separator = "\n";
+        for (const JsonAdvice& each : advice) {
+            m_text += fmt::format("{}    {{\"water\": {}, \"id\": {}, \"severity\": \"{}\", {}}}", separator,
+                                  each.water, Quoted(each.id), each.isWarning ? "warning" : "note",
+                                  MembersOf(each.message));
+            separator = ",\n";
+        }
+        m_text += advice.empty() ? "]" : "\n  ]";
+    }
+
+    static std::string MembersOf(const JsonMessage& message)
+    {
+        return fmt::format("\"address\": {}, \"text\": {}, \"value\": {}, \"limit\": {}",
+                           Quoted(message.address), Quoted(message.text), JsonNumber(message.value),
+                           JsonNumber(message.limit));
     }
 
     std::string m_text;
@@ -388,9 +407,9 @@ private:
 }  // namespace
 
 std::string ProjectToJson(const Project& project, const std::string& file,
-                          const std::vector<JsonMessage>& messages)
+                          const std::vector<JsonMessage>& messages, const std::vector<JsonAdvice>& advice)
 {
-    return Writer().Write(project, file, messages);
+    return Writer().Write(project, file, messages, advice);
 }
 
 std::unique_ptr<Project> ProjectFromJson(std::string_view text)

@@ -26,10 +26,20 @@ struct JsonMessage
     double limit = 0.0;
 };
 
+/// A piece of advice on a water.
+struct JsonAdvice
+{
+    int water = 0;   ///< from 1
+    std::string id;  ///< "limit.fe.demi"
+    bool isWarning = false;
+    JsonMessage message;
+};
+
 /// Details in the order of their names, doubles in the shortest form that reads back as the same value; what
 /// is not known is null. `file` says where the project comes from.
 PROJECTBASE_EXPORT std::string ProjectToJson(const Project& project, const std::string& file,
-                                             const std::vector<JsonMessage>& messages);
+                                             const std::vector<JsonMessage>& messages,
+                                             const std::vector<JsonAdvice>& advice = {});
 
 /// The project that ProjectToJson wrote. Values that are derived are calculated, not read; details that the
 /// catalogue does not know are kept; values that are missing are those of a new project, while its waters and

@@ -46,6 +46,8 @@ enum class Species : std::uint8_t
     Ca = PlaceOfSpecies("ca"),
     Mg = PlaceOfSpecies("mg"),
     K = PlaceOfSpecies("k"),
+    Sr = PlaceOfSpecies("sr"),
+    Ba = PlaceOfSpecies("ba"),
     Al = PlaceOfSpecies("al"),
     H = PlaceOfSpecies("h.plus"),
     Cl = PlaceOfSpecies("cl"),

@@ -48,9 +48,8 @@ double LogConstant(IonPair pair, double kelvin)
         default:
             break;
     }
-    constexpr double kGasKilocalories = 1.98720e-3;
     const PairRow& row = kPairs[static_cast<std::size_t>(pair)];
-    return row.logK25 - row.enthalpy / (2.302585 * kGasKilocalories) * (1.0 / kelvin - 1.0 / 298.15);
+    return VantHoffExponent(row.logK25, row.enthalpy, kelvin - kZeroCelsius);
 }
 
 /// z² of what goes into the pair less z² of the pair: the power of γ in its conditional constant.
@@ -125,6 +124,13 @@ double AssociationExponent(IonPair pair, double celsius)
 {
     return IsLiquid(celsius) ? LogConstant(pair, celsius + kZeroCelsius)
                              : std::numeric_limits<double>::quiet_NaN();
+}
+
+double VantHoffExponent(double logK25, double enthalpy, double celsius)
+{
+    constexpr double kGasKilocalories = 1.98720e-3;
+    return logK25 -
+           enthalpy / (2.302585 * kGasKilocalories) * (1.0 / (celsius + kZeroCelsius) - 1.0 / 298.15);
 }
 
 Speciation Speciate(const Composition& composition, double celsius)

@@ -50,6 +50,9 @@ struct Speciation
 /// liquid.
 PROJECTBASE_EXPORT double AssociationExponent(IonPair pair, double celsius);
 
+/// The same by van 't Hoff from its value at 25 °C; enthalpy of association in kcal/mol.
+PROJECTBASE_EXPORT double VantHoffExponent(double logK25, double enthalpy, double celsius);
+
 /// Solves mass balances and mass-action laws by a fixed point of at most 200 passes.
 PROJECTBASE_EXPORT Speciation Speciate(const Composition& composition, double celsius);
 

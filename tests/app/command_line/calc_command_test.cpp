@@ -12,6 +12,7 @@
 
 #include <clocale>
 #include <cmath>
+#include <nlohmann/json.hpp>
 #include <sstream>
 
 namespace {
@@ -115,6 +116,28 @@ TEST_F(Calc, ShowsWhatWasMeasuredBesideWhatIsCalculated)
                           "analysis gives, 5.6 \u00b0d"));
     EXPECT_EQ(Value(RunSet("cond25.measured=5uS/cm"), "liquid/cond25.measured.unit"), "\"\u00b5S/cm\"");
     EXPECT_EQ(Run({m_path, "--set", "hardness.measured=7mg/l"}).code, 1) << "milligrams of what?";
+}
+
+TEST_F(Calc, EvaluatesTheWater)
+{
+    const std::vector<std::string> words{m_path,        "--set", "ca=6meq/l",       "--set",
+                                         "hco3=5meq/l", "--set", "cl=1meq/l",       "--set",
+                                         "ph=8.2",      "--set", "fe.total=0.4mg/l"};
+    const Result table = Run(words);
+    EXPECT_THAT(table.out, ContainsRegex("Langelier index +1\\.[0-9]+\n"));
+    EXPECT_THAT(table.out, ContainsRegex("Aragonite +0\\.9[0-9]\n"));
+    EXPECT_THAT(table.out, HasSubstr("  Note: Iron 0.4 mg/l is above the usual limit of 0.3 mg/l"));
+    EXPECT_THAT(Run({m_path}).out, testing::Not(HasSubstr("Langelier"))) << "nothing is known of it";
+
+    std::vector<std::string> asJson = words;
+    asJson.emplace_back("--json");
+    const auto advice = nlohmann::json::parse(Run(asJson).out).at("advice");
+    ASSERT_EQ(advice.size(), 2u);
+    EXPECT_EQ(advice[1].at("id"), "limit.fe.soft");
+    EXPECT_EQ(advice[1].at("severity"), "note");
+    EXPECT_EQ(advice[1].at("water"), 1);
+    EXPECT_EQ(advice[1].at("address"), "water.1:liquid/fe.total");
+    EXPECT_EQ(advice[1].at("limit"), 0.3);
 }
 
 TEST_F(Calc, MixesAnyNumberOfWatersByFlow)

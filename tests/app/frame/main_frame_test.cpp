@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The program's window with real files, menus and keys.
+#include "app/frame/limits_dialog.h"
 #include "app/frame/results_text.h"
 #include "app/frame/settings_dialog.h"
 #include "app/frame/template_dialog.h"
@@ -308,8 +309,16 @@ TEST_F(MainFrameTest, SettingsTakeEffectTogetherOrNotAtAll)
     EXPECT_TRUE(minutes->IsShown());
     EXPECT_FALSE(wxWindow::FindWindowByName("Language", &dialog)->IsShown());
 
-    m_frame->View().ApplySettings(before, {"de", "us", "compact", 7, ""});
+    gui_test::Enter(Field("na.orig"), "7.9");
+    EXPECT_TRUE(Messages().empty());
+    m_frame->View().ApplySettings(before,
+                                  {"de", "us", "compact", 7, "", "DVWK", {{"limit.fe.soft.note", 0.7}}});
     Pump();
+    EXPECT_THAT(Messages(), testing::ElementsAre(testing::HasSubstr("DVWK")));
+    EXPECT_EQ(Settings::GetSetting("limit.fe.soft.note").GetDoubleValue(), 0.7);
+    Settings::Reset("limit.fe.soft.note");
+    Settings::Reset("balance.rule");
+    m_frame->UpdateRangeMessages();
     EXPECT_EQ(Settings::GetSetting("autosave.minutes").GetLongValue(), 7);
     EXPECT_EQ(m_frame->GetDocument().GetProject().GetUnitSystemDisplay(), "us");
     EXPECT_EQ(m_frame->GetMenuBar()->GetMenuLabelText(0), "Datei");
@@ -319,6 +328,23 @@ TEST_F(MainFrameTest, SettingsTakeEffectTogetherOrNotAtAll)
     EXPECT_THAT(Messages(), testing::ElementsAre(testing::HasSubstr("Die Datenbank PostgreSQL kann nicht")));
     EXPECT_EQ(Settings::GetSetting("autosave.minutes").GetLongValue(), 7) << "nothing is applied";
     EXPECT_EQ(app::CurrentLanguage(), "de");
+}
+
+TEST_F(MainFrameTest, LimitsAreEditedOnACopy)
+{
+    app::LimitsDialog dialog(m_frame, {{"limit.toc.gel.warn", 3.5}});
+    dialog.Show();
+    Pump();
+    EXPECT_EQ(dialog.GetChanged(), (std::map<std::string, double>{{"limit.toc.gel.warn", 3.5}}));
+    gui_test::Enter(gui_test::Find<TvTextCtrl>(dialog, "Iron, softening, Note [mg/l]"), "0.4");
+    gui_test::Enter(*dialog.FindField("limit.tss.soft.warn"), "");
+    const auto changed = dialog.GetChanged();
+    EXPECT_EQ(changed.size(), 3u);
+    EXPECT_EQ(changed.at("limit.fe.soft.note"), 0.4);
+    EXPECT_TRUE(std::isnan(changed.at("limit.tss.soft.warn"))) << "no limit";
+    EXPECT_EQ(Settings::GetSetting("limit.fe.soft.note").GetDoubleValue(), 0.3) << "nothing is applied";
+    gui_test::Click(gui_test::Labelled<wxButton>(dialog, "Defaults"));
+    EXPECT_TRUE(dialog.GetChanged().empty());
 }
 
 TEST_F(MainFrameTest, EveryExampleOpens)
@@ -359,7 +385,7 @@ TEST_F(MainFrameTest, PrintsWhatWasJustTyped)
     const std::string text = support::PdfFile(support::ReadBytes(path)).Text();
     EXPECT_THAT(text, testing::ContainsRegex("Sodium +6\\.4 +mg/l"));
     EXPECT_THAT(text, testing::HasSubstr("\u00b0F"));
-    EXPECT_THAT(text, testing::HasSubstr("Page 1 of 5"));
+    EXPECT_THAT(text, testing::HasSubstr("Page 1 of 6"));
     ProjectDatabase::RemoveUserParameter("/Report/hide.disclaimer");
 }
 

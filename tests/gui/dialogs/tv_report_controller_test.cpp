@@ -138,12 +138,12 @@ TEST_F(ReportControllerTest, RemembersTheChoiceOfPages)
         EXPECT_FALSE(Print());
     };
     choose({0, 2}, wxID_CANCEL);
-    EXPECT_THAT(m_offered, ElementsAre(0, 1, 2, 3));
+    EXPECT_THAT(m_offered, ElementsAre(0, 1, 2, 3, 4, 5));
     choose({0, 3}, wxID_OK);
-    EXPECT_THAT(m_offered, ElementsAre(0, 1, 2, 3)) << "a cancelled choice is forgotten";
+    EXPECT_THAT(m_offered, ElementsAre(0, 1, 2, 3, 4, 5)) << "a cancelled choice is forgotten";
     m_project.AddLiquid("Third");
     choose({-1}, wxID_CANCEL);
-    EXPECT_THAT(m_offered, ElementsAre(0, 3, 4, 5)) << "pages that are new are wanted";
+    EXPECT_THAT(m_offered, ElementsAre(0, 3, 6, 7, 8)) << "pages that are new are wanted";
     m_project.RemoveLiquid(2);
     m_project.RemoveLiquid(1);
     choose({1}, wxID_OK);

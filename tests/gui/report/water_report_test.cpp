@@ -95,6 +95,23 @@ TEST_F(WaterReportTest, JudgesTheIonBalance)
     EXPECT_THAT(Page(0), AllOf(HasSubstr("|26.3"), HasSubstr("closed by automatic balancing")));
 }
 
+TEST_F(WaterReportTest, EvaluatesTheWater)
+{
+    Details().At("liquid/ph").SetValue(8.5);
+    Details().At("liquid/fe.total").SetValue(2.0);
+    const std::string page = Page(2);
+    EXPECT_THAT(page, ContainsRegex("Total hardness\\|1\\.42[0-9]*\\|meq/l\\|71\\.[0-9]*"));
+    EXPECT_THAT(page, HasSubstr("Ion balance|||-1.0 %, in order|"));
+    EXPECT_THAT(page, ContainsRegex("# Saturation indices\nLangelier index\\|0\\.[0-9]+\\|\n"));
+    EXPECT_THAT(page, Not(HasSubstr("Barite")));
+    EXPECT_THAT(page,
+                HasSubstr("Note|Iron 2 mg/l is above the usual limit of 0.3 mg/l ahead of ion exchangers|"));
+    EXPECT_THAT(page, HasSubstr("[Warning]|Iron and manganese 2 mg/l"));
+    EXPECT_THAT(Page(2, German()), HasSubstr("<Langelier index>|0,"));
+    Details().At("liquid/analysis.type").SetValue("SHORT_TDS");
+    EXPECT_THAT(Page(2), Not(HasSubstr("Langelier")));
+}
+
 TEST_F(WaterReportTest, TellsWhatAShortAnalysisRestsOn)
 {
     Details().At("liquid/analysis.type").SetValue("SHORT_TDS");
@@ -196,7 +213,7 @@ TEST_F(WaterReportTest, TellsOfAlkalizationAndBlend)
     blend.FindDetail("liquid/blend.first")->SetValue("Feed water");
     blend.FindDetail("liquid/blend.second")->SetValue("Well");
     blend.FindDetail("liquid/blend.share")->SetValue(30.0);
-    EXPECT_NE(Page(4).find("Blend: 30 % Feed water, 70 % Well\n"), std::string::npos);
+    EXPECT_NE(Page(6).find("Blend: 30 % Feed water, 70 % Well\n"), std::string::npos);
 }
 
 TEST_F(WaterReportTest, TheFeedHasAPageOnceItHasCompounds)
@@ -238,19 +255,21 @@ TEST_F(WaterReportTest, HasThePagesOfEveryWater)
     std::vector<std::string> names;
     for (const ReportPage& page : builder.GetPages())
         names.push_back(page.name + " " + page.title.utf8_string());
-    names.resize(4);
+    names.resize(6);
     EXPECT_THAT(names, ElementsAre("0:analysis <Feed water>: <Water analysis>",
                                    "0:properties <Feed water>: <Properties of the water>",
+                                   "0:evaluation <Feed water>: <Evaluation of the water>",
                                    "1:analysis <Second>: <Water analysis>",
-                                   "1:properties <Second>: <Properties of the water>"));
-    EXPECT_THAT(builder.FindPages("1:analysis"), ElementsAre(2, 6));
-    EXPECT_THAT(builder.FindPages("analysis"), ElementsAre(0, 2, 4, 6));
+                                   "1:properties <Second>: <Properties of the water>",
+                                   "1:evaluation <Second>: <Evaluation of the water>"));
+    EXPECT_THAT(builder.FindPages("1:analysis"), ElementsAre(3, 9));
+    EXPECT_THAT(builder.FindPages("analysis"), ElementsAre(0, 3, 6, 9));
     EXPECT_TRUE(builder.FindPages("lysis").empty());
-    const report::Document document = builder.Build({3, 0, 3}, {.title = "T"});
+    const report::Document document = builder.Build({4, 0, 4}, {.title = "T"});
     ASSERT_EQ(document.sections.size(), 2u);
     EXPECT_EQ(document.sections[1].title, "<Second>: <Properties of the water>");
-    EXPECT_THROW(builder.Build({8}, {}), std::out_of_range);
-    EXPECT_THROW(waters.BuildReportPage(4, {}), std::out_of_range);
+    EXPECT_THROW(builder.Build({12}, {}), std::out_of_range);
+    EXPECT_THROW(waters.BuildReportPage(6, {}), std::out_of_range);
     EXPECT_THROW(waters.BuildReportPage(-1, {}), std::out_of_range);
 }
 

@@ -133,7 +133,6 @@ std::vector<ResultCard::Line> ResultCard::Arrange(int width, int& height) const
         }
     };
     addWrapped(m_content.caption, false, true);
-    const bool hasCaption = !lines.empty();
     addWrapped(m_content.value, true, false);
     if (!m_content.unit.empty() && !m_content.value.empty()) {
         const wxSize value = extent(lines.back());
@@ -147,7 +146,7 @@ std::vector<ResultCard::Line> ResultCard::Arrange(int width, int& height) const
         }
         lines.push_back(unit);
     }
-    addWrapped(m_content.text, false, hasCaption);
+    addWrapped(m_content.text, false, !m_content.caption.empty() && !m_content.value.empty());
     height = std::max(y, padding + (m_content.mood == Mood::Plain ? 0 : FromDIP(kSymbol))) + padding;
     return lines;
 }

@@ -3,17 +3,21 @@
 
 #include "gui_base/input/controls/tv_button.h"
 #include "gui_base/input/form/shown_context.h"
+#include "gui_base/report/advice_text.h"
 #include "gui_base/report/balance_text.h"
 #include "gui_base/report/water_results.h"
 #include "gui_base/support/accessibility.h"
 #include "gui_base/support/translation.h"
 #include "gui_base/water/results/result_card.h"
+#include "projectbase/advice/evaluation.h"
 #include "projectbase/project/project.h"
 #include "projectbase/project/project_edit.h"
 
 #include <wx/sizer.h>
 
 #include <algorithm>
+#include <iterator>
+#include <optional>
 
 namespace wateranalysis {
 namespace {
@@ -53,9 +57,10 @@ wxString OrDash(const std::string& utf8)
 
 }  // namespace
 
-WaterResultsPanel::WaterResultsPanel(wxWindow* parent, Lead lead)
+WaterResultsPanel::WaterResultsPanel(wxWindow* parent, Lead lead, ShowHelp showHelp)
     : wxScrolled<wxPanel>(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxTAB_TRAVERSAL | wxVSCROLL),
-      m_lead(std::move(lead))
+      m_lead(std::move(lead)),
+      m_showHelp(std::move(showHelp))
 {
     const int gap = FromDIP(kGap);
     m_badge = new ResultCard(this);
@@ -70,7 +75,13 @@ WaterResultsPanel::WaterResultsPanel(wxWindow* parent, Lead lead)
     head->Add(m_balance, wxSizerFlags().CentreVertical().Border(wxLEFT, 2 * gap));
     auto* outer = new wxBoxSizer(wxVERTICAL);
     outer->Add(head, wxSizerFlags().Expand().Border(wxALL, gap));
-    outer->Add(m_grid, wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxBOTTOM, gap));
+    const wxSizerFlags below = wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxBOTTOM, gap);
+    outer->Add(m_grid, below);
+    ShowTiles(EmptyTiles(ShownContext("iso")));
+    m_minerals = new ResultCard(this);
+    outer->Add(m_minerals, below);
+    m_adviceSizer = new wxBoxSizer(wxVERTICAL);
+    outer->Add(m_adviceSizer, wxSizerFlags().Expand());
     SetSizer(outer);
     SetScrollRate(0, FromDIP(kScrollStep));
     SetMinSize(FromDIP(wxSize(kLeastWidth, kLeastWidth / 2)));
@@ -131,41 +142,51 @@ void WaterResultsPanel::ShowAll()
     const LiquidData* water = FindWater();
     accessibility::SetName(*this, i18n::Translated("Results of the water"));
     const std::size_t before = m_changed;
-    ShowBalance(water, context);
-    ShowTiles(water, context);
+    std::optional<advice::Evaluation> evaluation;
+    if (water != nullptr)
+        evaluation = advice::Evaluate(*m_project, *water);
+    const advice::Evaluation* const shown = evaluation ? &*evaluation : nullptr;
+    ShowBalance(shown, context);
+    ShowTiles(shown == nullptr ? EmptyTiles(context) : ResultTiles(*shown, *m_project, *water, context));
+    ShowSaturation(shown, context);
+    ShowAdvice(shown, context);
     if (m_changed != before || m_arrangedWidth == 0) {
         m_arrangedWidth = 0;
         Arrange();
     }
 }
 
-void WaterResultsPanel::ShowBalance(const LiquidData* water, const ReportContext& context)
+void WaterResultsPanel::SetContent(ResultCard& card, CardContent content)
 {
-    advice::BalanceJudgement judged;
-    if (water != nullptr)
-        judged = advice::JudgeBalance(*water->GetDetails(), advice::ChosenBalanceRule());
-    const bool isJudged = judged.verdict != advice::BalanceVerdict::NotJudged;
-    CardContent content{
-        .caption = i18n::Translated("Ion balance"),
-        .value = OrDash(BalanceErrorText(judged, context)),
-        .unit = {},
-        .text = Text(BalanceVerdictText(judged, context)),
-        .tooltip = i18n::Translated("Difference of both sums in percent, as the rule counts it"),
-        .mood = MoodOf(judged.verdict)};
-    m_changed += m_badge->SetContent(std::move(content)) ? 1 : 0;
-    m_badge->SetOnActivate(water == nullptr ? nullptr : std::function<void()>([this] {
-        m_lead({m_water, "liquid/balance.auto"});
-    }));
-    const bool canBalance = isJudged && judged.verdict != advice::BalanceVerdict::Closed;
-    if (m_balance->IsShown() != canBalance) {
-        m_balance->Show(canBalance);
-        ++m_changed;
-    }
+    m_changed += card.SetContent(std::move(content)) ? 1 : 0;
 }
 
-void WaterResultsPanel::ShowTiles(const LiquidData* water, const ReportContext& context)
+void WaterResultsPanel::ShowWindow(wxWindow& window, bool show)
 {
-    const auto tiles = water == nullptr ? EmptyTiles(context) : ResultTiles(*m_project, *water, context);
+    m_changed += window.Show(show) ? 1 : 0;
+}
+
+void WaterResultsPanel::ShowBalance(const advice::Evaluation* evaluation, const ReportContext& context)
+{
+    const advice::BalanceJudgement judged =
+        evaluation == nullptr ? advice::BalanceJudgement() : evaluation->balance;
+    SetContent(*m_badge,
+               {.caption = i18n::Translated("Ion balance"),
+                .value = OrDash(BalanceErrorText(judged, context)),
+                .unit = {},
+                .text = Text(BalanceVerdictText(judged, context)),
+                .tooltip = i18n::Translated("Difference of both sums in percent, as the rule counts it"),
+                .mood = MoodOf(judged.verdict)});
+    if (evaluation != nullptr)
+        m_badge->SetOnActivate([this] { m_lead({m_water, "liquid/balance.auto"}); });
+    else
+        m_badge->SetOnActivate(nullptr);
+    ShowWindow(*m_balance, judged.verdict != advice::BalanceVerdict::NotJudged &&
+                               judged.verdict != advice::BalanceVerdict::Closed);
+}
+
+void WaterResultsPanel::ShowTiles(const std::vector<ResultTile>& tiles)
+{
     while (m_tiles.size() < tiles.size()) {
         m_tiles.push_back(new ResultCard(this));
         m_grid->Add(m_tiles.back(), wxSizerFlags().Expand());
@@ -173,25 +194,78 @@ void WaterResultsPanel::ShowTiles(const LiquidData* water, const ReportContext& 
     for (std::size_t i = 0; i < tiles.size(); ++i) {
         const ResultTile& tile = tiles[i];
         ResultCard& card = *m_tiles[i];
-        m_changed += card.SetContent({.caption = Text(tile.title),
-                                      .value = OrDash(tile.value),
-                                      .unit = tile.value.empty() ? wxString() : Text(tile.unit),
-                                      .text = Text(tile.second),
-                                      .tooltip = Text(tile.explanation),
-                                      .mood = Mood::Plain})
-                         ? 1
-                         : 0;
-        if (water != nullptr && tile.address)
+        SetContent(card, {.caption = Text(tile.title),
+                          .value = OrDash(tile.value),
+                          .unit = tile.value.empty() ? wxString() : Text(tile.unit),
+                          .text = Text(tile.second),
+                          .tooltip = Text(tile.explanation),
+                          .mood = Mood::Plain});
+        if (tile.address)
             card.SetOnActivate([this, address = *tile.address] { m_lead(address); });
         else
             card.SetOnActivate(nullptr);
     }
 }
 
+void WaterResultsPanel::ShowSaturation(const advice::Evaluation* evaluation, const ReportContext& context)
+{
+    const std::string minerals =
+        evaluation == nullptr ? std::string() : MineralText(evaluation->saturation, context);
+    SetContent(*m_minerals,
+               {.caption = i18n::Translated("Saturation indices"),
+                .value = {},
+                .unit = {},
+                .text = OrDash(minerals),
+                .tooltip = i18n::Translated(
+                    "Above 0 the water holds more of a mineral than dissolves; opens the user guide"),
+                .mood = Mood::Plain});
+    m_minerals->SetOnActivate([this] { OpenHelp("saturation"); });
+}
+
+void WaterResultsPanel::ShowAdvice(const advice::Evaluation* evaluation, const ReportContext& context)
+{
+    const std::size_t count = evaluation == nullptr ? 0 : evaluation->advice.size();
+    while (m_advice.size() < count) {
+        m_advice.push_back(new ResultCard(this));
+        m_adviceSizer->Add(m_advice.back(),
+                           wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxBOTTOM, FromDIP(kGap)));
+    }
+    for (std::size_t i = 0; i < m_advice.size(); ++i) {
+        ShowWindow(*m_advice[i], i < count);
+        if (i >= count)
+            continue;
+        const advice::Advice& advice = evaluation->advice[i];
+        SetContent(
+            *m_advice[i],
+            {.caption = Text(SeverityText(advice.severity, context)),
+             .value = {},
+             .unit = {},
+             .text = Text(AdviceSentence(advice, context)),
+             .tooltip = Text(AdviceReason(advice, context)) + "\n" + i18n::Translated("Opens the user guide"),
+             .mood = advice.severity == advice::Severity::Warn ? Mood::Warn : Mood::Note});
+        m_advice[i]->SetOnActivate([this, anchor = std::string(advice.anchor)] { OpenHelp(anchor); });
+    }
+}
+
+std::vector<ResultCard*> WaterResultsPanel::GetAdvice() const
+{
+    std::vector<ResultCard*> shown;
+    std::ranges::copy_if(m_advice, std::back_inserter(shown),
+                         [](ResultCard* card) { return card->IsShown(); });
+    return shown;
+}
+
+void WaterResultsPanel::OpenHelp(const std::string& anchor) const
+{
+    if (m_showHelp)
+        m_showHelp(std::string(advice::kAdviceHelpPage) + "#" + anchor);
+}
+
 void WaterResultsPanel::Arrange()
 {
     const int width = GetClientSize().x;
-    if (width <= 0 || width == m_arrangedWidth)
+    // The size comes before the cards are made.
+    if (m_adviceSizer == nullptr || width <= 0 || width == m_arrangedWidth)
         return;
     m_arrangedWidth = width;
     const int gap = FromDIP(kGap);
@@ -204,6 +278,9 @@ void WaterResultsPanel::Arrange()
         card->SetMinSize({tileWidth, card->HeightFor(tileWidth)});
     const int button = m_balance->IsShown() ? m_balance->GetBestSize().x + 2 * gap : 0;
     m_badge->SetMinSize({1, m_badge->HeightFor(room - button)});
+    m_minerals->SetMinSize({1, m_minerals->HeightFor(room)});
+    for (ResultCard* card : m_advice)
+        card->SetMinSize({1, card->HeightFor(room)});
     FitInside();
     Layout();
 }

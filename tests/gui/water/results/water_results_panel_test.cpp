@@ -14,6 +14,7 @@ using namespace wateranalysis;
 using gui_test::Press;
 using gui_test::Pump;
 using testing::HasSubstr;
+using testing::Not;
 
 namespace {
 
@@ -26,7 +27,9 @@ protected:
         support::SetWater(
             m_project,
             {{"ca", 6.0}, {"mg", 2.0}, {"na", 1.0}, {"hco3", 5.0}, {"so4", 3.0}, {"cl", 1.0}, {"sio2", 0.2}});
-        m_panel = new WaterResultsPanel(m_frame, [this](const DetailAddress& to) { m_led.push_back(to); });
+        m_panel = new WaterResultsPanel(
+            m_frame, [this](const DetailAddress& to) { m_led.push_back(to); },
+            [this](const std::string& section) { m_helped.push_back(section); });
         Resize({300, 900});
         m_panel->SetWater(&m_project, Water());
         Pump();
@@ -69,6 +72,7 @@ protected:
     iex::IEXProject m_project;
     WaterResultsPanel* m_panel = nullptr;
     std::vector<DetailAddress> m_led;
+    std::vector<std::string> m_helped;
 };
 
 TEST_F(WaterResultsPanelTest, TilesFollowTheProject)
@@ -152,6 +156,37 @@ TEST_F(WaterResultsPanelTest, NarrowItIsAColumnWideAStrip)
             EXPECT_LE(card->GetRect().GetRight(), m_panel->GetClientSize().x);
         }
     }
+}
+
+TEST_F(WaterResultsPanelTest, AdviceOpensTheUserGuide)
+{
+    EXPECT_TRUE(m_panel->GetAdvice().empty());
+    EXPECT_EQ(Plain(m_panel->GetMinerals().SpokenText()), "Saturation indices, \u2013") << "without a pH";
+    Set("liquid/ph", 8.2);
+    Set("liquid/fe.total", 1.2);
+    EXPECT_THAT(Spoken("Langelier index"), HasSubstr("may deposit calcium carbonate, Ryznar"));
+    EXPECT_THAT(Plain(m_panel->GetMinerals().SpokenText()),
+                testing::AllOf(HasSubstr("Calcite 1."), HasSubstr("Gypsum -1."), Not(HasSubstr("Barite"))));
+    ASSERT_EQ(m_panel->GetAdvice().size(), 3u);
+    Resize({500, 620});
+    m_panel->Scroll(0, 1000);
+    Pump();
+    EXPECT_GT(m_panel->GetViewStart().y, 0) << m_panel->GetVirtualSize().y;
+    ResultCard& note = *m_panel->GetAdvice()[0];
+    EXPECT_THAT(note.SpokenText().utf8_string(),
+                testing::MatchesRegex("Note, Langelier index 1.* calcium carbonate .*"));
+    EXPECT_EQ(note.GetContent().mood, Mood::Note);
+    const ResultCard& iron = *m_panel->GetAdvice()[2];
+    EXPECT_EQ(iron.SpokenText(),
+              "Warning, Iron and manganese 1.2 mg/l is not below 1 mg/l, from which on it has to be "
+              "removed ahead");
+    EXPECT_EQ(iron.GetContent().mood, Mood::Warn);
+    EXPECT_THAT(iron.GetContent().tooltip.utf8_string(), HasSubstr("Source: Illinois"));
+    gui_test::Click(note);
+    EXPECT_THAT(m_helped, testing::ElementsAre("wateradvice.html#langelier"));
+    EXPECT_TRUE(m_led.empty());
+    Set("liquid/fe.total", 0.1);
+    EXPECT_EQ(m_panel->GetAdvice().size(), 1u);
 }
 
 TEST_F(WaterResultsPanelTest, AWaterThatGoesLeavesNothing)

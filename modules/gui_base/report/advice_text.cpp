@@ -1,0 +1,125 @@
+// SPDX-License-Identifier: MIT
+#include "gui_base/report/advice_text.h"
+
+#include "gui_base/report/balance_text.h"
+#include "projectbase/advice/saturation.h"
+#include "projectbase/units/unit_system_manager.h"
+
+#include <fmt/format.h>
+#include <wx/translation.h>
+
+#include <array>
+#include <cmath>
+
+namespace wateranalysis {
+namespace {
+
+constexpr int kDigits = 3;
+constexpr int kDecimals = 2;
+
+struct MineralName
+{
+    advice::Mineral mineral;
+    const char* name;
+};
+constexpr std::array kMineralNames{
+    MineralName{advice::Mineral::Calcite, wxTRANSLATE("Calcite")},
+    MineralName{advice::Mineral::Aragonite, wxTRANSLATE("Aragonite")},
+    MineralName{advice::Mineral::Gypsum, wxTRANSLATE("Gypsum")},
+    MineralName{advice::Mineral::Anhydrite, wxTRANSLATE("Anhydrite")},
+    MineralName{advice::Mineral::Barite, wxTRANSLATE("Barite")},
+    MineralName{advice::Mineral::Celestite, wxTRANSLATE("Celestite")},
+    MineralName{advice::Mineral::Fluorite, wxTRANSLATE("Fluorite")},
+};
+
+std::string WithUnit(double value, const char* isoUnit, const ReportContext& context)
+{
+    // An index is no better than that.
+    if (*isoUnit == '\0')
+        return context.Number(std::round(100.0 * value) / 100.0, kDigits);
+    const std::string unit = UnitSystemManager::GetUnit(isoUnit, context.unitSystem, true);
+    return context.Number(UnitSystemManager::FromISO(isoUnit, context.unitSystem, value), kDigits) +
+           (unit.empty() ? "" : " ") + unit;
+}
+
+/// Activities by Davies hold up to there only.
+const char* MarkOf(const advice::Saturation& saturation)
+{
+    return saturation.isBeyondDavies ? " (I > 0.2)" : "";
+}
+
+std::string IndexText(double index, const advice::Saturation& saturation, const ReportContext& context)
+{
+    return std::isnan(index) ? std::string() : FixedNumber(index, kDecimals, context) + MarkOf(saturation);
+}
+
+}  // namespace
+
+std::string AdviceSentence(const advice::Advice& advice, const ReportContext& context)
+{
+    std::string text = context.Translated(advice.sentence);
+    const std::string label = context.Translated(advice.label);
+    for (const std::string& part : {label + " " + WithUnit(advice.value, advice.unit, context),
+                                    WithUnit(advice.limit, advice.unit, context)}) {
+        const auto at = text.find("%s");
+        if (at != std::string::npos)
+            text.replace(at, 2, part);
+    }
+    return text;
+}
+
+std::string AdviceReason(const advice::Advice& advice, const ReportContext& context)
+{
+    return fmt::format("{}\n{}: {}", context.Translated(advice.reason),
+                       context.Translated(wxTRANSLATE("Source")), context.Translated(advice.source));
+}
+
+std::string SeverityText(advice::Severity severity, const ReportContext& context)
+{
+    return context.Translated(severity == advice::Severity::Warn ? wxTRANSLATE("Warning")
+                                                                 : wxTRANSLATE("Note"));
+}
+
+std::vector<SaturationRow> SaturationRows(const advice::Saturation& saturation, const ReportContext& context)
+{
+    const auto text = [&](double index) { return IndexText(index, saturation, context); };
+    const auto silica = saturation.silicaPercent;
+    std::vector<SaturationRow> rows{
+        {context.Translated(wxTRANSLATE("Langelier index")), text(saturation.langelier)},
+        {context.Translated(wxTRANSLATE("Langelier index without ion pairs")),
+         text(saturation.langelierByHand)},
+        {context.Translated(wxTRANSLATE("Langelier index, simplified form")),
+         text(saturation.langelierSimplified)},
+        {context.Translated(wxTRANSLATE("pH of saturation")), text(saturation.pHs)},
+        {context.Translated(wxTRANSLATE("Ryznar index")), text(saturation.ryznar)}};
+    for (const auto& [mineral, name] : kMineralNames)
+        rows.push_back({context.Translated(name), text(saturation.Index(mineral))});
+    rows.push_back({context.Translated(wxTRANSLATE("Amorphous silica")), text(saturation.silica)});
+    rows.push_back({context.Translated(wxTRANSLATE("Saturation with amorphous silica")),
+                    std::isnan(silica) ? std::string() : context.Number(silica, kDigits) + " %"});
+    return rows;
+}
+
+std::string MineralText(const advice::Saturation& saturation, const ReportContext& context)
+{
+    std::string text;
+    for (const auto& [mineral, name] : kMineralNames) {
+        const double index = saturation.Index(mineral);
+        if (!std::isnan(index))
+            text += fmt::format("{}{}\u00a0{}", text.empty() ? "" : ", ", context.Translated(name),
+                                FixedNumber(index, kDecimals, context));
+    }
+    return text.empty() ? text : text + MarkOf(saturation);
+}
+
+std::string LangelierReading(double index, const ReportContext& context)
+{
+    constexpr double kBalanced = 0.3;
+    if (std::isnan(index))
+        return {};
+    return context.Translated(index > kBalanced    ? wxTRANSLATE("may deposit calcium carbonate")
+                              : index < -kBalanced ? wxTRANSLATE("dissolves calcium carbonate")
+                                                   : wxTRANSLATE("balanced"));
+}
+
+}  // namespace wateranalysis

@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+/// What water may hold ahead of ion exchange resins: limits of practice for iron, manganese, chlorine,
+/// turbidity and organic matter, by the kind of plant. They are settings of the user, "limit.ID.note" and
+/// "limit.ID.warn"; an empty one is none.
+
+#include "projectbase/projectbase_export.h"
+
+#include <span>
+#include <string>
+
+class LiquidData;
+class Project;
+
+namespace advice {
+
+enum class Column
+{
+    Softening,         ///< also where nothing is known of the plant: the mildest of all
+    Demineralisation,  ///< and dealkalisation
+    Polishing          ///< mixed beds and condensate polishers
+};
+/// What is known of a plant that a water feeds.
+struct PlantKind
+{
+    Column column = Column::Softening;
+    bool hasGelCation = false;  ///< strong-acid resin of the gel type
+    bool hasWeak = false;       ///< weak-base or weak-acid resin
+    bool hasGelAnion = false;   ///< styrenic strong-base resin of the gel type
+};
+/// Of the project's plant if that water feeds it, else nothing special.
+PROJECTBASE_EXPORT PlantKind KindOfPlant(const Project& project, const LiquidData& water);
+
+struct LimitRow
+{
+    const char* id;        ///< "fe.soft"
+    const char* label;     ///< what is limited; source text
+    const char* ahead;     ///< of what; source text
+    const char* key;       ///< detail of the water that a value is typed in
+    const char* sentence;  ///< source text with value and limit
+    const char* reason;    ///< source text
+    const char* source;    ///< source text
+    bool (*isFor)(const PlantKind& plant);
+    double (*value)(const LiquidData& water);  ///< not a number where nothing was typed
+    bool isAtLimit = false;                    ///< the figure itself is too much already
+};
+
+/// All rows; of one quantity the first that is for a plant counts.
+PROJECTBASE_EXPORT std::span<const LimitRow> LimitRows();
+
+/// The limits of a row as the user has them; not a number where there is none.
+struct Limits
+{
+    double note;
+    double warn;
+};
+PROJECTBASE_EXPORT Limits LimitsOf(const LimitRow& row);
+/// Names of the settings.
+PROJECTBASE_EXPORT std::string NoteSetting(const LimitRow& row);
+PROJECTBASE_EXPORT std::string WarnSetting(const LimitRow& row);
+
+}  // namespace advice

@@ -1,0 +1,349 @@
+// SPDX-License-Identifier: MIT
+#include "projectbase/advice/water_advice.h"
+
+#include "projectbase/advice/resin_limits.h"
+#include "projectbase/advice/saturation.h"
+#include "projectbase/advice/water_numbers.h"
+#include "projectbase/design/dose_keys.h"
+#include "projectbase/design/plant_design.h"
+#include "projectbase/design/regenerants.h"
+#include "projectbase/design/resins.h"
+#include "projectbase/project/iex_project.h"
+#include "projectbase/sequence/sequence_calculation.h"
+#include "projectbase/sequence/sequence_tables.h"
+
+#include <wx/translation.h>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <string_view>
+
+namespace advice {
+
+namespace {
+
+constexpr double kWhole = 100.0;  // %
+constexpr const char* kMakers = wxTRANSLATE("Practice of regeneration; one of several nearly equal tables");
+constexpr const char* kOwn = wxTRANSLATE("Solubility of the spent acid");
+
+/// A rule with what it says; what it looks at stands in the functions below.
+struct Rule
+{
+    const char* id;
+    Severity severity;
+    const char* sentence;
+    const char* label;
+    const char* unit;
+    const char* reason;
+    const char* source;
+    const char* anchor;
+};
+
+constexpr Rule kLangelier{
+    "langelier",
+    Severity::Note,
+    wxTRANSLATE("%s is above %s: calcium carbonate may deposit"),
+    wxTRANSLATE("Langelier index"),
+    "",
+    wxTRANSLATE("Between -0.3 and 0.3 a water counts as balanced; the index is no measure of "
+                "corrosion"),
+    "Standard Methods 2330 B",
+    "langelier"};
+
+struct MineralRule
+{
+    Mineral mineral;
+    Rule rule;
+};
+constexpr const char* kSupersaturated = wxTRANSLATE("%s is above %s: it may deposit");
+constexpr const char* kOverSolubility = wxTRANSLATE("The water holds more of it than dissolves");
+// Barite above its solubility is common and harmless in water that feeds exchangers.
+constexpr std::array kMineralRules{
+    MineralRule{Mineral::Gypsum,
+                {"gypsum", Severity::Note, kSupersaturated, wxTRANSLATE("Saturation index of gypsum"), "",
+                 kOverSolubility, "Langmuir & Melchior 1985", "saturation"}},
+    MineralRule{Mineral::Anhydrite,
+                {"anhydrite", Severity::Note, kSupersaturated, wxTRANSLATE("Saturation index of anhydrite"),
+                 "", kOverSolubility, "WATEQ4F", "saturation"}},
+    MineralRule{Mineral::Celestite,
+                {"celestite", Severity::Note, kSupersaturated, wxTRANSLATE("Saturation index of celestite"),
+                 "", kOverSolubility, "Reardon & Armstrong 1987", "saturation"}},
+    MineralRule{Mineral::Fluorite,
+                {"fluorite", Severity::Note, kSupersaturated, wxTRANSLATE("Saturation index of fluorite"), "",
+                 kOverSolubility, "WATEQ4F", "saturation"}},
+};
+constexpr Rule kSilica{"silica",
+                       Severity::Warn,
+                       wxTRANSLATE("%s is above %s: part of the silica is likely colloidal"),
+                       wxTRANSLATE("Saturation with amorphous silica"),
+                       "%",
+                       wxTRANSLATE("An anion resin does not take up colloidal silica"),
+                       "Fournier & Rowe 1977",
+                       "silica"};
+
+constexpr const char* kGypsumForms = wxTRANSLATE(
+    "Gypsum precipitates in the bed from acid too strong for the calcium that it takes off; keep the "
+    "acid moving, displace it at once, or take hydrochloric acid");
+constexpr Rule kAcidFirst{"caso4.first",
+                          Severity::Warn,
+                          wxTRANSLATE("%s is above %s, the usual limit at this share of calcium"),
+                          wxTRANSLATE("Sulfuric acid of the first step"),
+                          "%",
+                          kGypsumForms,
+                          kMakers,
+                          "caso4"};
+constexpr Rule kAcidSecond{"caso4.second",
+                           Severity::Warn,
+                           wxTRANSLATE("%s is above %s, the usual limit at this share of calcium"),
+                           wxTRANSLATE("Sulfuric acid of the second step"),
+                           "%",
+                           kGypsumForms,
+                           kMakers,
+                           "caso4"};
+constexpr Rule kAcidPortion{"caso4.portion",
+                            Severity::Note,
+                            wxTRANSLATE("%s is below %s, the usual part at this share of calcium"),
+                            wxTRANSLATE("Part of the sulfuric acid in the first step"),
+                            "%",
+                            kGypsumForms,
+                            kMakers,
+                            "caso4"};
+constexpr Rule kAcidWeak{"caso4.weak",
+                         Severity::Warn,
+                         wxTRANSLATE("%s is above %s, the usual limit for weak-acid resins"),
+                         wxTRANSLATE("Sulfuric acid"),
+                         "%",
+                         kGypsumForms,
+                         kMakers,
+                         "caso4"};
+constexpr Rule kBarium{
+    "baso4",
+    Severity::Warn,
+    wxTRANSLATE("%s is not below %s: with sulfuric acid barium sulfate coats the resin"),
+    wxTRANSLATE("Barium"),
+    "mg/l",
+    wxTRANSLATE("Spent acid dissolves less than 0.1 mg/l of barium; the cure is a new charge, or "
+                "hydrochloric acid, or softening ahead"),
+    kOwn,
+    "baso4"};
+constexpr Rule kBaseHard{"base.hard",
+                         Severity::Warn,
+                         wxTRANSLATE("%s of the water that dilutes or displaces a base is above %s: calcium "
+                                     "carbonate and magnesium hydroxide precipitate"),
+                         wxTRANSLATE("Total hardness"),
+                         "meq/l",
+                         wxTRANSLATE("Use decationised or softened water"),
+                         kMakers,
+                         "base"};
+constexpr Rule kCaustic{
+    "silica.caustic",
+    Severity::Note,
+    wxTRANSLATE("%s is above %s: warm the caustic and do not stop the displacement"),
+    wxTRANSLATE("Share of silica in the anion load"),
+    "%",
+    wxTRANSLATE(
+        "Caustic of 35 to 50 degrees Celsius; cold one leaves silica on the resin, where it polymerises"),
+    kMakers,
+    "caustic"};
+
+/// Collects what rules say.
+class Collected
+{
+public:
+    void Add(const Rule& rule, double value, double limit, DetailAddress address)
+    {
+        all.push_back({.id = rule.id,
+                       .severity = rule.severity,
+                       .sentence = rule.sentence,
+                       .label = rule.label,
+                       .value = value,
+                       .limit = limit,
+                       .unit = rule.unit,
+                       .reason = rule.reason,
+                       .source = rule.source,
+                       .anchor = rule.anchor,
+                       .address = std::move(address)});
+    }
+    /// The figure itself is in order. What is not known is not above anything.
+    void AddAbove(const Rule& rule, double value, double limit, DetailAddress address)
+    {
+        constexpr double kRounding = 1e-9;
+        if (value > limit + kRounding * std::abs(limit))
+            Add(rule, value, limit, std::move(address));
+    }
+
+    std::vector<Advice> all;
+};
+
+void JudgeSaturation(const LiquidData& water, const Saturation& saturation, Collected& collected)
+{
+    constexpr double kBalanced = 0.3;
+    const auto at = [&water](const char* key) { return DetailAddress{water.GetOwner(), key}; };
+    collected.AddAbove(kLangelier, saturation.langelier, kBalanced, at("liquid/ph"));
+    for (const MineralRule& row : kMineralRules)
+        collected.AddAbove(row.rule, saturation.Index(row.mineral), 0.0, at("liquid/ca.orig"));
+    collected.AddAbove(kSilica, saturation.silicaPercent, kWhole, at("liquid/sio2.orig"));
+}
+
+double Value(const OwnerNode& node, std::string_view key)
+{
+    return node.GetDetails()->At(key).GetDoubleValue();
+}
+
+/// Whether the compartment is a cation resin that sulfuric acid regenerates.
+bool HasSulfuricAcid(const design::CompartmentDesign& bed)
+{
+    return bed.resin != nullptr && bed.chemical != nullptr && bed.chemical->key == "H2SO4" &&
+           (bed.resin->kind == "SAC" || bed.resin->kind == "WAC");
+}
+
+void JudgeAcid(const design::CompartmentDesign& bed, double calciumShare, Collected& collected)
+{
+    constexpr double kWeakAcidLimit = 0.8;
+    const design::DoseKeys& keys = design::kRegenerantKeys;
+    const OwnerNode& node = *bed.node;
+    const auto at = [&node](std::string_view key) {
+        return DetailAddress{node.GetOwner(), std::string(key)};
+    };
+    const double first = Value(node, keys.first);
+    const bool isTwoSteps = node.GetDetails()->At(keys.progressive).GetBoolValue();
+    if (bed.resin->kind == "WAC") {
+        collected.AddAbove(kAcidWeak, std::fmax(first, isTwoSteps ? Value(node, keys.second) : first),
+                           kWeakAcidLimit, at(keys.first));
+        return;
+    }
+    if (std::isnan(calciumShare))
+        return;
+    const AcidSteps steps = AcidStepsFor(calciumShare);
+    collected.AddAbove(kAcidFirst, first, steps.first, at(keys.first));
+    if (!isTwoSteps)
+        return;
+    collected.AddAbove(kAcidSecond, Value(node, keys.second), steps.second, at(keys.second));
+    // A first step that is weak enough has to last long enough.
+    const double portion = Value(node, keys.firstPortion);
+    if (Value(node, keys.second) > steps.first && portion < steps.firstPortion)
+        collected.Add(kAcidPortion, portion, steps.firstPortion, at(keys.firstPortion));
+}
+
+void JudgeBase(const design::ExchangerDesign& exchanger, double hardness, Collected& collected)
+{
+    constexpr double kHard = 0.2;  // meq/l
+    const auto isDilutedRaw = [](const sequence::RowVolumes& row) {
+        if (row.medium == nullptr || row.dilution == nullptr || row.dilution->key != "REGSEQ_RAW_WATER")
+            return false;
+        const design::Regenerant* chemical = design::FindRegenerant(row.medium->chemical);
+        return chemical != nullptr && chemical->kind == "base";
+    };
+    if (!(hardness > kHard) || !std::ranges::any_of(sequence::Volumes(*exchanger.node), isDilutedRaw))
+        return;
+    for (const auto& row : exchanger.node->GetChildren(OwnerKind::SequenceRow)) {
+        if (row->GetDetails()->At("regseqstep/type").GetStdStringValue() == sequence::kDisplacement) {
+            collected.Add(kBaseHard, hardness, kHard, {row->GetOwner(), "regseqstep/medium"});
+            return;
+        }
+    }
+    collected.Add(kBaseHard, hardness, kHard, {exchanger.node->GetOwner(), "step/kind"});
+}
+
+void JudgeCaustic(const design::CompartmentDesign& bed, Collected& collected)
+{
+    constexpr double kMuchSilica = 25.0;  // %
+    constexpr double kWarm = 35.0;        // °C
+    const bool isCaustic = bed.resin != nullptr && bed.resin->kind == "SBA" && bed.chemical != nullptr &&
+                           bed.chemical->key == "NAOH";
+    if (!isCaustic || Value(*bed.node, "stepcomp/rm.temp") >= kWarm)
+        return;
+    collected.AddAbove(kCaustic, kWhole * bed.takes.silica / bed.takes.Anions(), kMuchSilica,
+                       {bed.node->GetOwner(), "stepcomp/rm.temp"});
+}
+
+/// What the plant is regenerated with, beside the water that feeds it.
+void JudgeRegeneration(const iex::IEXProject& plant, const LiquidData& water, const WaterNumbers& numbers,
+                       Collected& collected)
+{
+    const double calcium = water.GetDetails()->At("liquid/ca.meql").GetDoubleValue();
+    const double barium = water.GetDetails()->At("liquid/ba.mgl").GetDoubleValue();
+    bool isFirst = true;
+    bool hasSulfuric = false;
+    for (const design::ExchangerDesign& exchanger : design::DesignOf(plant).exchangers) {
+        bool takesCations = false;
+        for (const design::CompartmentDesign& bed : exchanger.compartments) {
+            takesCations |= bed.resin != nullptr && (bed.resin->kind == "SAC" || bed.resin->kind == "WAC");
+            if (HasSulfuricAcid(bed)) {
+                hasSulfuric = true;
+                // What comes behind another cation exchanger is no longer the water that feeds the plant.
+                JudgeAcid(bed, isFirst ? calcium / numbers.cations : std::nan(""), collected);
+            }
+            JudgeCaustic(bed, collected);
+        }
+        JudgeBase(exchanger, numbers.hardness, collected);
+        isFirst = isFirst && !takesCations;
+    }
+    constexpr double kLeastBarium = 0.05;  // mg/l
+    if (hasSulfuric && barium >= kLeastBarium)
+        collected.Add(kBarium, barium, kLeastBarium, {water.GetOwner(), "liquid/ba.orig"});
+}
+
+void JudgeLimits(const Project& project, const LiquidData& water, Collected& collected)
+{
+    const PlantKind plant = KindOfPlant(project, water);
+    std::string_view judged;
+    for (const LimitRow& row : LimitRows()) {
+        const std::string_view quantity =
+            std::string_view(row.id).substr(0, std::string_view(row.id).find('.'));
+        if (quantity == judged || !row.isFor(plant))
+            continue;
+        judged = quantity;
+        const double value = row.value(water);
+        const Limits limits = LimitsOf(row);
+        const auto breaks = [&](double limit) { return row.isAtLimit ? value >= limit : value > limit; };
+        const bool isWarning = breaks(limits.warn);
+        if (!isWarning && !breaks(limits.note))
+            continue;
+        collected.all.push_back({.id = std::string("limit.") + row.id,
+                                 .severity = isWarning ? Severity::Warn : Severity::Note,
+                                 .sentence = row.sentence,
+                                 .label = row.label,
+                                 .value = value,
+                                 .limit = isWarning ? limits.warn : limits.note,
+                                 .unit = quantity == "turbidity" ? "NTU" : "mg/l",
+                                 .reason = row.reason,
+                                 .source = row.source,
+                                 .anchor = "limits",
+                                 .address = {water.GetOwner(), row.key}});
+    }
+}
+
+}  // namespace
+
+AcidSteps AcidStepsFor(double calciumShare)
+{
+    if (calciumShare < 0.15)
+        return {3.0, 0.0, 3.0};
+    if (calciumShare < 0.50)
+        return {1.5, 30.0, 3.0};
+    if (calciumShare <= 0.70)
+        return {1.5, 50.0, 3.0};
+    return {1.5, 0.0, 1.5};
+}
+
+std::vector<Advice> AdviceOn(const Project& project, const LiquidData& water)
+{
+    const DetailList& details = *water.GetDetails();
+    return AdviceOn(project, water, NumbersOf(details), SaturationOf(details));
+}
+
+std::vector<Advice> AdviceOn(const Project& project, const LiquidData& water, const WaterNumbers& numbers,
+                             const Saturation& saturation)
+{
+    Collected collected;
+    JudgeSaturation(water, saturation, collected);
+    const iex::IEXProject* const plant = iex::PlantOf(project);
+    if (plant != nullptr && plant->FeedingWater() == &water)
+        JudgeRegeneration(*plant, water, numbers, collected);
+    JudgeLimits(project, water, collected);
+    return std::move(collected.all);
+}
+
+}  // namespace advice
