@@ -52,6 +52,9 @@ ResultCard::ResultCard(wxWindow* parent)
     SetBackgroundStyle(wxBG_STYLE_PAINT);
     Create(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize,
            wxWANTS_CHARS | wxFULL_REPAINT_ON_RESIZE | wxBORDER_NONE);
+    m_textFont = GetFont();
+    m_valueFont = m_textFont.Bold().Larger();
+    m_quietFont = m_textFont.Smaller();
     Bind(wxEVT_PAINT, &ResultCard::OnPaint, this);
     Bind(wxEVT_KEY_DOWN, &ResultCard::OnKey, this);
     Bind(wxEVT_LEFT_DOWN, [this](wxMouseEvent&) {
@@ -107,9 +110,9 @@ wxString ResultCard::SpokenText() const
     return spoken;
 }
 
-wxFont ResultCard::FontOf(const Line& line) const
+const wxFont& ResultCard::FontOf(const Line& line) const
 {
-    return line.isValue ? GetFont().Bold().Larger() : line.isQuiet ? GetFont().Smaller() : GetFont();
+    return line.isValue ? m_valueFont : line.isQuiet ? m_quietFont : m_textFont;
 }
 
 std::vector<ResultCard::Line> ResultCard::Arrange(int width, int& height) const

@@ -58,12 +58,15 @@ private:
     };
 
     std::vector<Line> Arrange(int width, int& height) const;
-    wxFont FontOf(const Line& line) const;
+    const wxFont& FontOf(const Line& line) const;
     void Activate();
     void OnPaint(wxPaintEvent& event);
     void OnKey(wxKeyEvent& event);
 
     CardContent m_content;
+    wxFont m_valueFont;
+    wxFont m_textFont;
+    wxFont m_quietFont;
     std::function<void()> m_onActivate;
     bool m_isPressed = false;
 };

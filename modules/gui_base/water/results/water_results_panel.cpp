@@ -141,7 +141,6 @@ void WaterResultsPanel::ShowAll()
         ShownContext(m_project == nullptr ? std::string("iso") : m_project->GetUnitSystemDisplay());
     const LiquidData* water = FindWater();
     accessibility::SetName(*this, i18n::Translated("Results of the water"));
-    const std::size_t before = m_changed;
     std::optional<advice::Evaluation> evaluation;
     if (water != nullptr)
         evaluation = advice::Evaluate(*m_project, *water);
@@ -150,20 +149,25 @@ void WaterResultsPanel::ShowAll()
     ShowTiles(shown == nullptr ? EmptyTiles(context) : ResultTiles(*shown, *m_project, *water, context));
     ShowSaturation(shown, context);
     ShowAdvice(shown, context);
-    if (m_changed != before || m_arrangedWidth == 0) {
-        m_arrangedWidth = 0;
-        Arrange();
-    }
+    Arrange();
 }
 
 void WaterResultsPanel::SetContent(ResultCard& card, CardContent content)
 {
-    m_changed += card.SetContent(std::move(content)) ? 1 : 0;
+    if (!card.SetContent(std::move(content)))
+        return;
+    ++m_changed;
+    // Most changes leave a card as high as it was.
+    if (card.HeightFor(card.GetSize().x) != card.GetMinSize().y)
+        m_arrangedWidth = 0;
 }
 
 void WaterResultsPanel::ShowWindow(wxWindow& window, bool show)
 {
-    m_changed += window.Show(show) ? 1 : 0;
+    if (!window.Show(show))
+        return;
+    ++m_changed;
+    m_arrangedWidth = 0;
 }
 
 void WaterResultsPanel::ShowBalance(const advice::Evaluation* evaluation, const ReportContext& context)

@@ -87,7 +87,7 @@ private:
     std::vector<ResultCard*> m_advice;  ///< those that are not needed are hidden
     std::vector<ResultCard*> m_tiles;
     std::size_t m_changed = 0;
-    int m_arrangedWidth = 0;
+    int m_arrangedWidth = 0;  ///< 0 where cards have to be arranged anew
 };
 
 }  // namespace wateranalysis
