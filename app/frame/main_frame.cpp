@@ -10,6 +10,7 @@
 #include "app/frame/window_place.h"
 #include "dbinterfaces/project_database.h"
 #include "gui_base/dialogs/tv_report_controller.h"
+#include "gui_base/graphics/diagrams/water_diagram_panel.h"
 #include "gui_base/input/controls/tv_statusbar.h"
 #include "gui_base/input/events.h"
 #include "gui_base/input/panel/aui_notebook.h"
@@ -117,6 +118,8 @@ void MainFrame::BuildWindows()
             m_book->ShowDetail(address);
         });
     m_workArea->AddPane(WorkPane::Results, m_results);
+    m_diagram = new WaterDiagramPanel(m_workArea->GetDesk());
+    m_workArea->AddPane(WorkPane::Diagram, m_diagram);
     GetNotebook().Bind(wxEVT_AUINOTEBOOK_PAGE_CHANGED, [this](wxAuiNotebookEvent& event) {
         event.Skip();
         ShowResults();
@@ -163,6 +166,7 @@ void MainFrame::ClosePages()
 {
     GetProject().RemoveObserver(*this);
     m_results->SetWater(nullptr, {});
+    m_diagram->Clear();
     GetProject().GetLogger().SetSink({});
     m_book->Close();
 }
@@ -206,6 +210,8 @@ void MainFrame::OnProjectChanged(const ProjectChanges& changes)
         ShowResults();
     } else {
         m_book->ShowBalances();
+        if (changes.Touches(m_shownWater) || changes.Touches({}))
+            ShowDiagram();
     }
     UpdateRangeMessages();
     UpdateTitle();
@@ -270,12 +276,21 @@ void MainFrame::ShowResults()
     else if (project.FindOwner(m_shownWater) == nullptr)
         m_shownWater = project.GetLiquid(0).GetOwner();
     m_results->SetWater(&project, m_shownWater);
+    ShowDiagram();
+}
+
+void MainFrame::ShowDiagram()
+{
+    const Project& project = GetProject();
+    if (const auto* water = dynamic_cast<const LiquidData*>(project.FindOwner(m_shownWater)))
+        m_diagram->SetWater(*water, project.GetUnitSystemDisplay());
 }
 
 void MainFrame::ShowUnits()
 {
     m_book->SendToPages(tvCHANGEUNITSYSTEM_EVENT);
     m_results->Localize();
+    ShowDiagram();
     UpdateRangeMessages();
 }
 
@@ -287,6 +302,7 @@ void MainFrame::Localize()
     m_workArea->Localize();
     m_start->Localize();
     m_results->Localize();
+    m_diagram->Localize(GetProject().GetUnitSystemDisplay());
     m_book->Localize();
     m_book->SendToPages(tvLOCALIZE_EVENT);
     UpdateTitle();

@@ -25,6 +25,7 @@
 
 class AuiNotebook;
 class TvStatusBar;
+class WaterDiagramPanel;
 namespace wateranalysis {
 class WaterResultsPanel;
 }
@@ -113,12 +114,15 @@ private:
     void FollowSystemLook();
     /// Shows the results of the water in front; those of the water before it on a page without one.
     void ShowResults();
+    /// The same of the small diagram, which knows no project.
+    void ShowDiagram();
 
     std::unique_ptr<Document> m_document;
     std::unique_ptr<TVHelpFileProvider> m_help;
     WorkArea* m_workArea = nullptr;
     StartPage* m_start = nullptr;
     wateranalysis::WaterResultsPanel* m_results = nullptr;
+    WaterDiagramPanel* m_diagram = nullptr;
     DetailOwner m_shownWater;
     struct TextLook
     {

@@ -105,6 +105,8 @@ wxAuiPaneInfo WorkArea::UsualPlace(WorkPane pane) const
     if (pane == WorkPane::Navigator)
         return place.Left();
     place.Right().Position(pane == WorkPane::Results ? 0 : 1);
+    // In a narrow window the results want the height.
+    place.Show(!isNarrow || pane == WorkPane::Results);
     // Of the height that they share the results get what the diagram leaves.
     place.dock_proportion = pane == WorkPane::Results ? 140000 : 60000;
     return place;

@@ -9,6 +9,7 @@
 #include "app/language/language.h"
 #include "dbinterfaces/project_database.h"
 #include "gui_base/ionexchange/feed/pfeedcomposition.h"
+#include "gui_base/support/density.h"
 #include "gui_base/water/feedwater/feed_water_panel.h"
 #include "projectbase/settings/settings.h"
 #include "tests/support/gui_test.h"
@@ -32,6 +33,7 @@ protected:
     {
         EXPECT_EQ(app::InitProgram().text, "");
         Settings::Reset();
+        density::Set(Density::Compact);
         app::SwitchLanguage("en");
         ProjectDatabase::Open((m_folder / "user.db").string());
         // What an earlier program kept.

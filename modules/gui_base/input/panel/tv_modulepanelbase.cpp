@@ -16,6 +16,16 @@
 
 namespace {
 
+void ForgetBestSizes(wxWindow& window)
+{
+    for (wxWindow* child : window.GetChildren())
+        ForgetBestSizes(*child);
+    // The size of a field has nothing to do with its text, and the toolkit measures one that is shown
+    // otherwise than one that is not.
+    if (dynamic_cast<const wxTextCtrl*>(&window) == nullptr)
+        window.InvalidateBestSize();
+}
+
 constexpr int kWheelStep = 60;
 
 }  // namespace
@@ -109,6 +119,11 @@ void ModulePanelBase::BindBaseEvents()
     Bind(tvLOCALIZE_EVENT, &ModulePanelBase::OnLocalize, this);
     Bind(tvCHANGE_EVENT, &ModulePanelBase::OnChildChanged, this);
     Bind(wxEVT_MOUSEWHEEL, &ModulePanelBase::OnWheel, this);
+    Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
+        // The toolkit lays out for the new size when this handler has returned.
+        event.Skip();
+        DoArrange(GetClientSize().x);
+    });
     Bind(wxEVT_SHOW, [this](wxShowEvent& event) {
         event.Skip();
         if (event.IsShown())
@@ -341,6 +356,9 @@ void ModulePanelBase::LocalizeControls()
 
 void ModulePanelBase::FitAndLayout()
 {
+    // Texts and units may have become shorter, which the toolkit does not ask about again.
+    ForgetBestSizes(*this);
+    DoArrange(GetClientSize().x);
     // A page of a notebook keeps the place that it is given, and scrolls; any other one has room for all.
     if (GetSizer() != nullptr && !IsBookPage())
         GetSizer()->SetSizeHints(this);

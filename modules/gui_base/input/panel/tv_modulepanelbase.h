@@ -106,6 +106,9 @@ protected:
     virtual double GetCurrencyFactor() const { return 1.0; }
     /// The last step of the creation: everything is shown in language and units of the project.
     virtual void Prepare();
+    /// Gives what stands side by side, or one below the other, its place in a panel of that width: whenever
+    /// the width, a text or a unit changed, before the layout. The same width gives the same places.
+    virtual void DoArrange(int) {}
     /// Whether the panel shows anything of what changed.
     virtual bool DoConcerns(const ProjectChanges&) { return true; }
     /// Shows what others changed in the project.

@@ -104,26 +104,21 @@ void FeedCompositionPanel::AddEffluentTabPanel()
     m_tabs->AddPage(m_effluent, wxTRANSLATE("Effluent"));
 }
 
-void FeedCompositionPanel::ArrangeTop()
+void FeedCompositionPanel::DoArrange(int width)
 {
-    const int inside = GetClientSize().x - FromDIP(kBoxMargins);
+    if (m_feed == nullptr || m_effluent == nullptr)
+        return;
+    const int inside = width - FromDIP(kBoxMargins);
     m_feed->ArrangeFor(inside);
     m_effluent->ArrangeFor(inside);
-    if (!SetFeedOrientationFor(*m_top, GetClientSize().x))
-        return;
-    m_side->SetOrientation(m_top->GetOrientation() == wxHORIZONTAL ? wxVERTICAL : wxHORIZONTAL);
-    Layout();
-    FitInside();
+    if (SetFeedOrientationFor(*m_top, width))
+        m_side->SetOrientation(m_top->GetOrientation() == wxHORIZONTAL ? wxVERTICAL : wxHORIZONTAL);
 }
 
 void FeedCompositionPanel::DoBindEvents()
 {
     m_medium->SetOnChange([this] { OnFeedMediumChanged(); });
     Bind(wxEVT_SHOW, &FeedCompositionPanel::OnShow, this);
-    Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
-        ArrangeTop();
-        event.Skip();
-    });
 }
 
 void FeedCompositionPanel::OnShow(wxShowEvent& event)
@@ -176,7 +171,7 @@ void FeedCompositionPanel::DoLocalize()
 void FeedCompositionPanel::SetCategorySelection(const Selection& items)
 {
     m_browser->SetCategories(items);
-    ArrangeTop();
+    FitAndLayout();
 }
 
 void FeedCompositionPanel::SetElementSelection(const Selection& items)

@@ -121,7 +121,7 @@ private:
     void AddTableNotebook();
     void AddFeedTabPanel();
     void AddEffluentTabPanel();
-    void ArrangeTop();
+    void DoArrange(int width) override;
 
     /// To the controller alone, which has bound itself to this panel.
     void PostFeedEvent(FeedEvent event);

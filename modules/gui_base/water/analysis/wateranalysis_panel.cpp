@@ -62,10 +62,7 @@ WaterAnalysisPanel::WaterAnalysisPanel(CreatedByDerived, Project* project, std::
       m_liquid(project->GetLiquid(detailIndex)),
       m_help(help),
       m_units{.ordinary = water_units::OfIons(), .equivalent = water_units::OfEquivalents()}
-{
-    // On the panel itself, which outlives a recreation of its controls.
-    Bind(wxEVT_SIZE, &WaterAnalysisPanel::OnSize, this);
-}
+{}
 
 void WaterAnalysisPanel::CreateControls()
 {
@@ -91,7 +88,7 @@ void WaterAnalysisPanel::CreateControls()
     m_columns->Add(m_rightColumn);
     outer->Add(m_columns);
     SetSizer(outer);
-    ArrangeFor(GetClientSize().x);
+    DoArrange(GetClientSize().x);
 }
 
 wxSizer* WaterAnalysisPanel::CreateCationGrid(const wxString& title, const std::vector<wxString>& labels)

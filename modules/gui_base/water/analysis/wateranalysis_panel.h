@@ -132,6 +132,7 @@ protected:
     void DoSendVisualizeMessageEvent() override;
     void DoTransferDetailsToWindows() override;
     bool DoConcerns(const ProjectChanges& changes) override;
+    void DoArrange(int width) override;
 
 private:
     void CreateControls();
@@ -147,9 +148,6 @@ private:
     bool IsFull() const;
 
     void OnUnitChanged(wxCommandEvent& event);
-    void OnSize(wxSizeEvent& event);
-    /// Gives every box its place in a window of that width.
-    void ArrangeFor(int width);
     void PlaceSummary(wxSizer& place);
 
     LiquidData& m_liquid;

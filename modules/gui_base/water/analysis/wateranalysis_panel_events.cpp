@@ -191,16 +191,10 @@ void WaterAnalysisPanel::OnPhUpdate(wxUpdateUIEvent& event)
     event.Enable(IsFull());
 }
 
-void WaterAnalysisPanel::OnSize(wxSizeEvent& event)
+void WaterAnalysisPanel::DoArrange(int width)
 {
-    event.Skip();
-    // The toolkit lays out for the new size when this handler has returned.
-    if (m_columns != nullptr)
-        ArrangeFor(GetClientSize().x);
-}
-
-void WaterAnalysisPanel::ArrangeFor(int width)
-{
+    if (m_columns == nullptr)
+        return;
     m_head->SetRoom(width);
     const int ionsBeside = m_ions->GetWidth(wxHORIZONTAL);
     const int ionsBelow = m_ions->GetWidth(wxVERTICAL);
