@@ -17,13 +17,17 @@ namespace app {
 namespace {
 
 constexpr std::array kPlants{
-    PlantTemplate{"softener", wxTRANSLATE("Softener"), "SOFT", "brandenburg_fresh", 10.0, 8.0},
-    PlantTemplate{"dealkalisation", wxTRANSLATE("Dealkalisation"), "DEALK", "brandenburg_fresh", 20.0, 12.0},
+    PlantTemplate{"softener", wxTRANSLATE("Softener"), "SOFT", "brandenburg_fresh", 10.0, 8.0,
+                  "graphics/soft_sac_na.svg"},
+    PlantTemplate{"dealkalisation", wxTRANSLATE("Dealkalisation"), "DEALK", "brandenburg_fresh", 20.0, 12.0,
+                  "graphics/dealk_wac_h_degas.svg"},
     PlantTemplate{"demineralisation", wxTRANSLATE("Demineralisation"), "DEMI", "world_river_livingstone",
-                  30.0, 16.0},
-    PlantTemplate{"mixed_bed", wxTRANSLATE("Mixed bed"), "MB", nullptr, 30.0, 60.0},
-    PlantTemplate{"condensate_polisher", wxTRANSLATE("Condensate polisher"), "CP", nullptr, 120.0, 96.0},
-    PlantTemplate{"decolourising_column", wxTRANSLATE("Decolourising column"), "FOODC", nullptr, 6.0, 8.0},
+                  30.0, 16.0, "graphics/demi_sac_h_degas_sba.svg"},
+    PlantTemplate{"mixed_bed", wxTRANSLATE("Mixed bed"), "MB", nullptr, 30.0, 60.0, "graphics/mb_mb.svg"},
+    PlantTemplate{"condensate_polisher", wxTRANSLATE("Condensate polisher"), "CP", nullptr, 120.0, 96.0,
+                  "graphics/cp_mb.svg"},
+    PlantTemplate{"decolourising_column", wxTRANSLATE("Decolourising column"), "FOODC", nullptr, 6.0, 8.0,
+                  "graphics/foodc_sac_h_sba.svg"},
 };
 
 using Amounts = std::array<std::pair<const char*, double>, 6>;

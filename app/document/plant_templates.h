@@ -20,6 +20,7 @@ struct PlantTemplate
     const char* water;  ///< identifier of the example water; null for one of its own
     double flow;        ///< m³/h
     double hours;
+    const char* drawing;  ///< of its exchangers, in the archive of the plant graphics
 };
 
 /// All of them in the order of the types of plants.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/frame/file_commands.h"
 
+#include "app/document/plant_templates.h"
 #include "app/document/recent_files.h"
 #include "app/document/templates.h"
 #include "app/frame/main_frame.h"
@@ -56,8 +57,11 @@ FileCommands::FileCommands(MainFrame& frame) : m_frame(frame)
 void FileCommands::New()
 {
     CommitFocusedField();
-    if (ConfirmDiscard())
-        ShowNew(NewEmptyProject());
+    if (!ConfirmDiscard())
+        return;
+    ShowNew(NewEmptyProject());
+    // Typing begins at once.
+    m_frame.GetBook().ShowDetail({m_frame.GetProject().GetLiquid(0).GetOwner(), "liquid/na.orig"});
 }
 
 void FileCommands::ShowNew(std::unique_ptr<Project> project)
@@ -76,6 +80,18 @@ void FileCommands::NewFromExample()
         return;
     if (const WaterTemplate* chosen = dialog.GetChosen())
         ShowNew(NewProjectFrom(*chosen));
+}
+
+void FileCommands::NewFrom(const WaterTemplate& water)
+{
+    if (ConfirmDiscard())
+        ShowNew(NewProjectFrom(water));
+}
+
+void FileCommands::NewFrom(const PlantTemplate& plant)
+{
+    if (ConfirmDiscard())
+        ShowNew(NewProjectFrom(plant));
 }
 
 void FileCommands::NewPlant()
@@ -99,6 +115,13 @@ void FileCommands::AskAndOpen()
                         wxFD_OPEN | wxFD_FILE_MUST_EXIST);
     if (dialog.ShowModal() == wxID_OK)
         Open(PathOf(dialog.GetPath()));
+}
+
+void FileCommands::AskAndOpen(const std::filesystem::path& path)
+{
+    CommitFocusedField();
+    if (ConfirmDiscard())
+        Open(path);
 }
 
 bool FileCommands::Open(const std::filesystem::path& path)
@@ -340,11 +363,7 @@ void FileCommands::FillRecentMenu(wxMenu& menu)
     for (const auto& file : files) {
         wxString name = ShownPath(file);
         name.Replace("&", "&&");
-        AppendItem(menu, wxString::Format("&%d  %s", ++number, name), [this, file] {
-            CommitFocusedField();
-            if (ConfirmDiscard())
-                Open(file);
-        });
+        AppendItem(menu, wxString::Format("&%d  %s", ++number, name), [this, file] { AskAndOpen(file); });
     }
     if (files.empty())
         menu.Append(wxID_ANY, Tr("No files yet"))->Enable(false);

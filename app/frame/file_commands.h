@@ -18,6 +18,8 @@ namespace app {
 
 class Document;
 class MainFrame;
+struct PlantTemplate;
+struct WaterTemplate;
 
 class FileCommands
 {
@@ -27,9 +29,14 @@ public:
 
     void New();
     void NewFromExample();
+    /// A project with that water, or of that plant.
+    void NewFrom(const WaterTemplate& water);
+    void NewFrom(const PlantTemplate& plant);
     /// A project of a type of plant that the user chooses.
     void NewPlant();
     void AskAndOpen();
+    /// Opens a file after the open project may go.
+    void AskAndOpen(const std::filesystem::path& path);
     /// Opens a file; a file that cannot be opened is answered in the message area and changes nothing.
     bool Open(const std::filesystem::path& path);
     /// Saves to the document's file, asking for one where it has none.

@@ -3,8 +3,11 @@
 
 #include "app/frame/menu_table.h"
 #include "app/frame/message_log.h"
+#include "app/frame/navigator.h"
 #include "app/frame/plant_dialog.h"
 #include "app/frame/report_context.h"
+#include "app/frame/start_page.h"
+#include "app/frame/window_place.h"
 #include "dbinterfaces/project_database.h"
 #include "gui_base/dialogs/tv_report_controller.h"
 #include "gui_base/input/controls/tv_statusbar.h"
@@ -17,31 +20,21 @@
 #include "gui_base/report/range_sentence.h"
 #include "gui_base/report/report_builder.h"
 #include "gui_base/support/file_path.h"
+#include "gui_base/support/image_loader.h"
 #include "gui_base/support/translation.h"
+#include "gui_base/water/results/water_results_panel.h"
 #include "projectbase/project/iex_project.h"
 #include "projectbase/project/range_faults.h"
 #include "projectbase/settings/settings.h"
 #include "tncommon/data_dir.h"
 
 #include <wx/aboutdlg.h>
-#include <wx/display.h>
-#include <wx/splitter.h>
 #include <wx/wupdlock.h>
 
 namespace app {
 namespace {
 
 constexpr int kStatusFields = 3;
-constexpr int kTreeWidth = 270;
-constexpr int kMessageHeight = 110;
-
-/// Wide enough for all columns of a water analysis, where the screen is.
-wxSize InitialSize(const wxWindow& window)
-{
-    wxSize size = window.FromDIP(wxSize(1600, 1000));
-    size.DecTo(wxDisplay(&window).GetClientArea().GetSize());
-    return size;
-}
 
 /// "Undo change of Sodium", "Undo add water".
 wxString HistoryText(const char* bare, const char* change, const char* edit, const UndoStep* step)
@@ -76,7 +69,7 @@ MainFrame::MainFrame(std::unique_ptr<Document> document)
     } catch (const std::exception& error) {
         ReportError(error);
     }
-    Bind(wxEVT_UPDATE_UI, [this](wxUpdateUIEvent& event) { UpdateMenuItem(*this, event); });
+    Bind(wxEVT_UPDATE_UI, [this](wxUpdateUIEvent& event) { UpdateCommand(*this, event); });
     Bind(tvVISUALIZE_MESSAGE, [this](VisualizeMessageEvent&) { UpdateRangeMessages(); });
     Bind(tv_MESSAGE, &MainFrame::OnMessage, this);
     Bind(tvCHANGEWINDOWNAME_EVENT, [this](wxCommandEvent&) { UpdateTitle(); });
@@ -89,8 +82,14 @@ MainFrame::MainFrame(std::unique_ptr<Document> document)
         if (event.IsShown())
             m_book->MakeShownPages();
     });
+    Bind(wxEVT_SYS_COLOUR_CHANGED, [this](wxSysColourChangedEvent& event) {
+        event.Skip();
+        // Their pictures are drawn in the colour of the texts.
+        CallAfter([this] { BuildMenus(); });
+    });
     m_files.RestartAutosave();
-    SetSize(InitialSize(*this));
+    TakeKeptPlace(*this);
+    m_workArea->TakeKeptLayout();
     OpenPages();
 }
 
@@ -107,23 +106,41 @@ void MainFrame::BuildWindows()
     m_statusBar->SetFieldsCount(kStatusFields);
     SetStatusBar(m_statusBar);
 
-    auto* vertical = new wxSplitterWindow(this, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxSP_LIVE_UPDATE);
-    auto* horizontal =
-        new wxSplitterWindow(vertical, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxSP_LIVE_UPDATE);
-    m_tree = new wxTreeCtrl(horizontal, wxID_ANY, wxDefaultPosition, wxDefaultSize,
-                            wxTR_DEFAULT_STYLE | wxTR_HIDE_ROOT | wxTR_NO_LINES | wxTR_FULL_ROW_HIGHLIGHT);
-    m_notebook =
-        new AuiNotebook(horizontal, wxID_ANY, wxDefaultPosition, wxDefaultSize,
-                        wxAUI_NB_TOP | wxAUI_NB_TAB_SPLIT | wxAUI_NB_TAB_MOVE | wxAUI_NB_SCROLL_BUTTONS);
-    horizontal->SetMinimumPaneSize(FromDIP(80));
-    horizontal->SplitVertically(m_tree, m_notebook, FromDIP(kTreeWidth));
-    m_messages = new MessageArea(vertical);
-    vertical->SetMinimumPaneSize(FromDIP(48));
-    vertical->SetSashGravity(1.0);
-    vertical->SplitHorizontally(horizontal, m_messages, -FromDIP(kMessageHeight));
-    m_book = std::make_unique<ModuleBook>(*m_tree, *m_notebook);
-    m_messages->SetOnActivate([this](const DetailAddress& address) { m_book->ShowDetail(address); });
-    RedirectLog(*m_messages);
+    SetIcons(ImageLoader::LoadIcons("icons/tarnvik.svg"));
+    m_workArea = new WorkArea(this);
+    m_book = std::make_unique<ModuleBook>(m_workArea->GetTree(), m_workArea->GetNotebook());
+    m_navigator = std::make_unique<Navigator>(m_workArea->GetTree(), *this);
+    m_results = new wateranalysis::WaterResultsPanel(
+        m_workArea->GetDesk(),
+        [this](const DetailAddress& address) {
+            ShowPages();
+            m_book->ShowDetail(address);
+        },
+        [this](const std::string& section) {
+            if (m_help)
+                m_help->DisplayHelpSection(section);
+        });
+    m_workArea->AddPane(WorkPane::Results, m_results);
+    GetNotebook().Bind(wxEVT_AUINOTEBOOK_PAGE_CHANGED, [this](wxAuiNotebookEvent& event) {
+        event.Skip();
+        ShowResults();
+    });
+    m_start = new StartPage(m_workArea->GetCoverParent(), *this);
+    m_workArea->SetCover(m_start);
+    // Whoever turns to a page leaves the start page, also by the page that is selected already.
+    m_workArea->GetTree().Bind(wxEVT_TREE_SEL_CHANGED, [this](wxTreeEvent& event) {
+        event.Skip();
+        ShowPages();
+    });
+    m_workArea->GetTree().Bind(wxEVT_LEFT_UP, [this](wxMouseEvent& event) {
+        event.Skip();
+        ShowPages();
+    });
+    GetMessageArea().SetOnActivate([this](const DetailAddress& address) {
+        ShowPages();
+        m_book->ShowDetail(address);
+    });
+    RedirectLog(GetMessageArea());
 }
 
 void MainFrame::OpenPages()
@@ -131,8 +148,9 @@ void MainFrame::OpenPages()
     const wxWindowUpdateLocker frozen(this);
     Project& project = GetProject();
     project.GetLogger().SetSink([this](const Logger::Entry& entry) {
-        m_messages->AddMessage(static_cast<MessageArea::Severity>(entry.level),
-                               i18n::Translated(wxString::FromUTF8(entry.text)));
+        GetMessageArea().AddMessage(static_cast<MessageArea::Severity>(entry.level), [text = entry.text] {
+            return UserMessage{i18n::Translated(wxString::FromUTF8(text)), {}};
+        });
     });
     try {
         m_book->Open(project, m_help.get(), m_statusBar, KeptArrangement());
@@ -140,6 +158,7 @@ void MainFrame::OpenPages()
         ReportError(error);
     }
     project.AddObserver(*this);
+    ShowResults();
     UpdateRangeMessages();
     UpdateTitle();
 }
@@ -147,6 +166,7 @@ void MainFrame::OpenPages()
 void MainFrame::ClosePages()
 {
     GetProject().RemoveObserver(*this);
+    m_results->SetWater(nullptr, {});
     GetProject().GetLogger().SetSink({});
     m_book->Close();
 }
@@ -156,15 +176,28 @@ void MainFrame::SetDocument(std::unique_ptr<Document> document)
     m_document->DiscardRecovery();
     // The pages go before the project that they show.
     ClosePages();
-    m_messages->ClearMessages();
+    GetMessageArea().ClearMessages();
     m_document = std::move(document);
+    OpenPages();
+    ShowPages();
+}
+
+void MainFrame::RebuildPages()
+{
+    const wxWindowUpdateLocker frozen(this);
+    KeepArrangement();
+    ClosePages();
     OpenPages();
 }
 
 void MainFrame::OnProjectChanged(const ProjectChanges& changes)
 {
-    if (changes.HasStructure())
+    if (changes.HasStructure()) {
         m_book->Follow();
+        ShowResults();
+    } else {
+        m_book->ShowBalances();
+    }
     UpdateRangeMessages();
     UpdateTitle();
 }
@@ -176,7 +209,7 @@ std::string MainFrame::ArrangementParameter() const
 
 void MainFrame::KeepArrangement()
 {
-    ProjectDatabase::SetLocalParameter(ArrangementParameter(), m_notebook->SavePerspective().utf8_string());
+    ProjectDatabase::SetLocalParameter(ArrangementParameter(), GetNotebook().SavePerspective().utf8_string());
 }
 
 wxString MainFrame::KeptArrangement()
@@ -194,6 +227,8 @@ void MainFrame::BuildMenus()
     wxMenuBar* old = GetMenuBar();
     SetMenuBar(BuildMenuBar(*this));
     delete old;
+    delete GetToolBar();
+    SetToolBar(BuildToolBar(*this));
 }
 
 void MainFrame::UpdateTitle()
@@ -214,7 +249,25 @@ void MainFrame::UpdateRangeMessages()
     std::vector<MessageArea::RangeMessage> messages;
     for (const RangeFault& fault : RangeFaults(GetProject()))
         messages.push_back({wxString::FromUTF8(RangeSentence(fault, GetProject(), context)), fault.address});
-    m_messages->SetRangeMessages(messages);
+    GetMessageArea().SetRangeMessages(messages);
+}
+
+void MainFrame::ShowResults()
+{
+    Project& project = GetProject();
+    const LiquidData* water = m_waters.GetCurrent();
+    if (water != nullptr)
+        m_shownWater = water->GetOwner();
+    else if (project.FindOwner(m_shownWater) == nullptr)
+        m_shownWater = project.GetLiquid(0).GetOwner();
+    m_results->SetWater(&project, m_shownWater);
+}
+
+void MainFrame::ShowUnits()
+{
+    m_book->SendToPages(tvCHANGEUNITSYSTEM_EVENT);
+    m_results->Localize();
+    UpdateRangeMessages();
 }
 
 void MainFrame::Localize()
@@ -222,7 +275,9 @@ void MainFrame::Localize()
     const wxWindowUpdateLocker frozen(this);
     BuildMenus();
     m_statusBar->Localize();
-    m_messages->Localize();
+    m_workArea->Localize();
+    m_start->Localize();
+    m_results->Localize();
     m_book->Localize();
     m_book->SendToPages(tvLOCALIZE_EVENT);
     UpdateTitle();
@@ -337,28 +392,59 @@ void MainFrame::ShowAbout()
     info.SetVersion(TARNVIK_VERSION);
     info.SetDescription(i18n::Translated("Design of ion-exchange water-treatment plants"));
     info.SetLicence("MIT");
+    info.SetIcon(
+        ImageLoader::LoadBundle("icons/tarnvik.svg", FromDIP(wxSize(64, 64))).GetIcon(wxDefaultSize));
     wxAboutBox(info, this);
+}
+
+void MainFrame::ShowStart()
+{
+    CommitFocusedField();
+    m_start->ShowFresh();
+    m_workArea->ShowCover(true);
+    m_start->SetFocus();
+}
+
+void MainFrame::ShowPages()
+{
+    m_workArea->ShowCover(false);
+    m_book->MakeShownPages();
 }
 
 void MainFrame::ClearMessages()
 {
-    m_messages->ClearMessages();
+    GetMessageArea().ClearMessages();
     UpdateRangeMessages();
 }
 
-void MainFrame::ReportError(const wxString& text)
+void MainFrame::ReportError(MessageArea::Text text)
 {
-    m_messages->AddMessage(MessageArea::Severity::Error, text);
+    GetMessageArea().AddMessage(MessageArea::Severity::Error, std::move(text));
 }
 
 void MainFrame::ReportError(const std::exception& error)
 {
-    m_messages->AddMessage(MessageArea::Severity::Error, MessageOf(error));
+    const std::exception_ptr caught = std::current_exception();
+    ReportError([caught, fixed = MessageOf(error)] {
+        try {
+            if (caught)
+                std::rethrow_exception(caught);
+        } catch (const std::exception& again) {
+            return MessageOf(again);
+        } catch (...) {
+        }
+        return fixed;
+    });
 }
 
 void MainFrame::ReportNote(const wxString& text)
 {
-    m_messages->AddMessage(MessageArea::Severity::Info, text);
+    ReportNote([text] { return UserMessage{text, {}}; });
+}
+
+void MainFrame::ReportNote(MessageArea::Text text)
+{
+    GetMessageArea().AddMessage(MessageArea::Severity::Info, std::move(text));
 }
 
 void MainFrame::OnMessage(MessageEvent& event)
@@ -381,6 +467,8 @@ void MainFrame::OnClose(wxCloseEvent& event)
         else
             m_files.KeepUnsaved();
         KeepArrangement();
+        m_workArea->KeepLayout();
+        KeepPlace(*this);
         Settings::Save();
     } catch (const std::exception& error) {
         wxLogDebug("%s", wxString::FromUTF8(error.what()));

@@ -10,11 +10,12 @@
 
 #include "app/document/document.h"
 #include "app/frame/file_commands.h"
-#include "app/frame/message_area.h"
+#include "app/frame/message_strip.h"
 #include "app/frame/module_book.h"
 #include "app/frame/network_commands.h"
 #include "app/frame/view_commands.h"
 #include "app/frame/water_commands.h"
+#include "app/frame/work_area.h"
 #include "gui_base/support/events.h"
 #include "gui_base/support/help_file_provider.h"
 
@@ -24,8 +25,14 @@
 
 class AuiNotebook;
 class TvStatusBar;
+namespace wateranalysis {
+class WaterResultsPanel;
+}
 
 namespace app {
+
+class Navigator;
+class StartPage;
 
 class MainFrame : public wxFrame, private ProjectObserver
 {
@@ -46,8 +53,10 @@ public:
     NetworkCommands& Services() { return m_services; }
     ModuleBook& GetBook() { return *m_book; }
     const ModuleBook& GetBook() const { return *m_book; }
-    MessageArea& GetMessageArea() { return *m_messages; }
-    AuiNotebook& GetNotebook() { return *m_notebook; }
+    WorkArea& GetWorkArea() { return *m_workArea; }
+    const WorkArea& GetWorkArea() const { return *m_workArea; }
+    MessageArea& GetMessageArea() { return m_workArea->GetMessages().GetList(); }
+    AuiNotebook& GetNotebook() { return m_workArea->GetNotebook(); }
     TVHelpFileProvider* GetHelp() { return m_help.get(); }
 
     void Undo();
@@ -65,16 +74,27 @@ public:
     void ShowHelp();
     void ShowHelpContents();
     void ShowAbout();
+    /// Shows what can be begun with, instead of the pages.
+    void ShowStart();
+    void ShowPages();
     void ClearMessages();
-    void ReportError(const wxString& text);
+    /// Tells of what went wrong, by a function that gives the text in the present language.
+    void ReportError(MessageArea::Text text);
+    /// To be called while the error is being caught.
     void ReportError(const std::exception& error);
     void ReportNote(const wxString& text);
+    void ReportNote(MessageArea::Text text);
 
     /// All texts in the present language.
     void Localize();
+    /// All numbers in the present unit system.
+    void ShowUnits();
     void UpdateTitle();
     void UpdateRangeMessages();
+    /// Menus and toolbar, anew.
     void BuildMenus();
+    /// Makes all pages anew, for what no window of them can follow: the density of the forms.
+    void RebuildPages();
 
 private:
     void OnProjectChanged(const ProjectChanges& changes) override;
@@ -89,14 +109,18 @@ private:
     void StepHistory(bool (UndoRedoDetailStack::*step)(), const UndoStep* taken);
     void OnMessage(MessageEvent& event);
     void OnClose(wxCloseEvent& event);
+    /// Shows the results of the water in front; those of the water before it on a page without one.
+    void ShowResults();
 
     std::unique_ptr<Document> m_document;
     std::unique_ptr<TVHelpFileProvider> m_help;
-    wxTreeCtrl* m_tree = nullptr;
-    AuiNotebook* m_notebook = nullptr;
-    MessageArea* m_messages = nullptr;
+    WorkArea* m_workArea = nullptr;
+    StartPage* m_start = nullptr;
+    wateranalysis::WaterResultsPanel* m_results = nullptr;
+    DetailOwner m_shownWater;
     TvStatusBar* m_statusBar = nullptr;
     std::unique_ptr<ModuleBook> m_book;
+    std::unique_ptr<Navigator> m_navigator;
     FileCommands m_files{*this};
     WaterCommands m_waters{*this};
     ViewCommands m_view{*this};

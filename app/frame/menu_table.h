@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-/// The menus of the main window as rows of one table: what stands where, its key, and what it does. Texts are
-/// source texts; the table is built into menus anew when the language changes.
+/// The commands of the main window as rows of one table: what stands where in the menus and in the toolbar,
+/// its key, its picture, and what it does. Texts are source texts; menus and toolbar are built of the table
+/// anew when the language changes.
 
 #include <wx/menu.h>
+#include <wx/toolbar.h>
 
 #include <functional>
 #include <span>
@@ -26,6 +28,13 @@ struct MenuRow
     wxString (*label)(const MainFrame& frame) = nullptr;
     /// Fills a submenu instead of an action.
     void (*fill)(MainFrame& frame, wxMenu& menu) = nullptr;
+    /// Name of the picture in menu and toolbar, "save"; null for none.
+    const char* icon = nullptr;
+    /// Place among the tools from left to right, with gaps for groups: tools of one ten belong together. 0
+    /// for no tool.
+    int tool = 0;
+    /// Whether the command is in effect, shown by a check mark; null for one that is done once.
+    bool (*checked)(const MainFrame& frame) = nullptr;
 };
 
 struct MenuTable
@@ -40,9 +49,12 @@ std::span<const MenuTable> Menus();
 /// Builds the menus for a frame, whose menu bar they become.
 wxMenuBar* BuildMenuBar(MainFrame& frame);
 
-/// Answers the toolkit's question how an item of the table stands now: whether it can be chosen, and its
-/// text. The toolkit asks the frame, not the menu.
-void UpdateMenuItem(const MainFrame& frame, wxUpdateUIEvent& event);
+/// Builds the tools for a frame, whose toolbar they become.
+wxToolBar* BuildToolBar(MainFrame& frame);
+
+/// Answers the toolkit's question how a command of the table stands now: whether it can be chosen, whether it
+/// is in effect, and its text. The toolkit asks the frame, not the menu.
+void UpdateCommand(const MainFrame& frame, wxUpdateUIEvent& event);
 
 /// Adds an item that does `action` and does not come from the table: a recent file, a language.
 void AppendItem(wxMenu& menu, const wxString& text, std::function<void()> action);

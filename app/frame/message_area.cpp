@@ -3,15 +3,19 @@
 
 #include "gui_base/dialogs/questions.h"
 #include "gui_base/support/accessibility.h"
+#include "gui_base/support/image_loader.h"
 #include "gui_base/support/translation.h"
 
 #include <algorithm>
+#include <array>
+#include <utility>
 
 namespace app {
 namespace {
 
 /// The oldest lines go, so that a fault that repeats does not fill the memory.
 constexpr std::size_t kMostMessages = 500;
+constexpr int kIconSize = 16;
 
 wxString SeverityText(MessageArea::Severity severity)
 {
@@ -24,6 +28,27 @@ wxString SeverityText(MessageArea::Severity severity)
             break;
     }
     return i18n::Translated("Error");
+}
+
+/// What a line begins with, the order of `Picture`.
+enum class Sign
+{
+    Info,
+    Warning,
+    Error,
+    Range
+};
+
+wxBitmapBundle PictureOf(Sign sign)
+{
+    constexpr std::array kNames{"icons/info.svg", "icons/warning.svg", "icons/error.svg", "icons/range.svg"};
+    return ImageLoader::LoadBundle(kNames.at(static_cast<std::size_t>(sign)), wxSize(kIconSize, kIconSize));
+}
+
+/// Kinds of `Sign` begin as those of `Severity` do.
+Sign SignOf(MessageArea::Severity severity)
+{
+    return static_cast<Sign>(severity);
 }
 
 long IconOf(MessageArea::Severity severity)
@@ -46,6 +71,10 @@ MessageArea::MessageArea(wxWindow* parent)
 {
     AppendColumn(wxString(), wxLIST_FORMAT_LEFT, FromDIP(100));
     AppendColumn(wxString(), wxLIST_FORMAT_LEFT, FromDIP(900));
+    wxVector<wxBitmapBundle> pictures;
+    for (const Sign sign : {Sign::Info, Sign::Warning, Sign::Error, Sign::Range})
+        pictures.push_back(PictureOf(sign));
+    SetSmallImages(pictures);
     Bind(wxEVT_LIST_ITEM_ACTIVATED, &MessageArea::OnActivated, this);
     Bind(wxEVT_LIST_ITEM_SELECTED, &MessageArea::OnSelected, this);
     Bind(wxEVT_SIZE, &MessageArea::OnResized, this);
@@ -59,21 +88,57 @@ void MessageArea::SetRangeMessages(const std::vector<RangeMessage>& messages)
     };
     if (std::equal(messages.begin(), messages.end(), m_ranges.begin(), m_ranges.end(), same))
         return;
+    const auto isOld = [this](const RangeMessage& message) {
+        return std::ranges::find(m_ranges, message.address, &RangeMessage::address) != m_ranges.end();
+    };
+    const auto fresh = std::ranges::find_if_not(messages, isOld);
+    const bool isNew = fresh != messages.end();
+    const long place = static_cast<long>(fresh - messages.begin());
+    if (isNew)
+        m_newest = fresh->text;
     m_ranges = messages;
     ShowLines();
+    TellChanged(isNew);
+    if (isNew)
+        EnsureVisible(place);
 }
 
-void MessageArea::AddMessage(Severity severity, const UserMessage& message)
+void MessageArea::AddMessage(Severity severity, Text text)
 {
+    const UserMessage message = text();
     for (const Line& line : m_messages) {
         if (line.message.text == message.text)
             return;
     }
-    m_messages.push_back({severity, message});
+    m_messages.push_back({severity, std::move(text), message});
     if (m_messages.size() > kMostMessages)
         m_messages.erase(m_messages.begin());
+    m_newest = message.text;
     ShowLines();
+    TellChanged(true);
     EnsureVisible(GetItemCount() - 1);
+}
+
+void MessageArea::TellChanged(bool isNew)
+{
+    if (GetItemCount() == 0)
+        m_newest.clear();
+    if (m_onChanged)
+        m_onChanged(isNew);
+}
+
+std::size_t MessageArea::CountProblems() const
+{
+    const auto isProblem = [](const Line& line) { return line.severity != Severity::Info; };
+    return m_ranges.size() + static_cast<std::size_t>(std::ranges::count_if(m_messages, isProblem));
+}
+
+wxBitmapBundle MessageArea::GetWorstPicture() const
+{
+    if (m_messages.empty())
+        return m_ranges.empty() ? wxBitmapBundle() : PictureOf(Sign::Range);
+    const Severity worst = std::ranges::max(m_messages, {}, &Line::severity).severity;
+    return PictureOf(worst == Severity::Info && !m_ranges.empty() ? Sign::Range : SignOf(worst));
 }
 
 void MessageArea::ClearMessages()
@@ -81,6 +146,7 @@ void MessageArea::ClearMessages()
     m_ranges.clear();
     m_messages.clear();
     ShowLines();
+    TellChanged(false);
 }
 
 void MessageArea::Localize()
@@ -94,6 +160,11 @@ void MessageArea::Localize()
     setHead(0, wxTRANSLATE("Kind"));
     setHead(1, wxTRANSLATE("Message"));
     accessibility::SetName(*this, i18n::Translated("Messages"));
+    for (Line& line : m_messages) {
+        const wxString before = std::exchange(line.message, line.text()).text;
+        if (m_newest == before)
+            m_newest = line.message.text;
+    }
     ShowLines();
 }
 
@@ -101,14 +172,14 @@ void MessageArea::ShowLines()
 {
     Freeze();
     DeleteAllItems();
-    const auto add = [this](const wxString& kind, const wxString& text) {
-        const long item = InsertItem(GetItemCount(), kind);
+    const auto add = [this](Sign sign, const wxString& kind, const wxString& text) {
+        const long item = InsertItem(GetItemCount(), kind, static_cast<int>(sign));
         SetItem(item, 1, text);
     };
     for (const RangeMessage& range : m_ranges)
-        add(i18n::Translated("Range"), range.text);
+        add(Sign::Range, i18n::Translated("Range"), range.text);
     for (const Line& line : m_messages)
-        add(SeverityText(line.severity), line.message.text);
+        add(SignOf(line.severity), SeverityText(line.severity), line.message.text);
     Thaw();
 }
 

@@ -2,7 +2,8 @@
 #pragma once
 
 /// The list at the foot of the window: which inputs are out of range, and what the program has to tell.
-/// Activating a line (double click, Enter) takes the user to the field that it speaks of.
+/// Activating a line (double click, Enter) takes the user to the field that it speaks of. A symbol and a word
+/// tell the kind of a line, a colour alone never does. Texts are asked for again when the language changes.
 
 #include "gui_base/messages/user_message.h"
 #include "projectbase/project/owner_node.h"
@@ -40,12 +41,26 @@ public:
     {
         m_onActivate = std::move(onActivate);
     }
+    /// Gives the text of a message in the present language, whenever it is shown.
+    using Text = std::function<UserMessage()>;
+
+    /// Called after the lines have changed; with true when one came that was not there before.
+    void SetOnChanged(std::function<void(bool isNew)> onChanged) { m_onChanged = std::move(onChanged); }
     /// Replaces the range messages, which stand first.
     void SetRangeMessages(const std::vector<RangeMessage>& messages);
     /// Adds a message at the end; a text that is shown already is not added twice.
     void AddMessage(Severity severity, const wxString& text) { AddMessage(severity, UserMessage{text, {}}); }
     /// One with a technical text, which is shown when its line is double-clicked or Enter is pressed on it.
-    void AddMessage(Severity severity, const UserMessage& message);
+    void AddMessage(Severity severity, const UserMessage& message)
+    {
+        AddMessage(severity, [message] { return message; });
+    }
+    void AddMessage(Severity severity, Text text);
+    /// Lines that ask for something to be done: what is out of range, warnings and errors.
+    std::size_t CountProblems() const;
+    /// The symbol of the worst kind that is shown; none while there is nothing.
+    wxBitmapBundle GetWorstPicture() const;
+    wxString GetNewestText() const { return m_newest; }
     void ClearMessages();
     void Localize();
 
@@ -53,17 +68,21 @@ private:
     struct Line
     {
         Severity severity;
+        Text text;
         UserMessage message;
     };
 
     void ShowLines();
+    void TellChanged(bool isNew);
     void OnSelected(wxListEvent& event);
     void OnActivated(wxListEvent& event);
     void OnResized(wxSizeEvent& event);
 
     std::vector<RangeMessage> m_ranges;
     std::vector<Line> m_messages;
+    wxString m_newest;
     std::function<void(const DetailAddress&)> m_onActivate;
+    std::function<void(bool)> m_onChanged;
 };
 
 }  // namespace app

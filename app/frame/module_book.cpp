@@ -7,9 +7,11 @@
 #include "gui_base/messages/user_message.h"
 #include "gui_base/support/image_loader.h"
 #include "gui_base/support/translation.h"
+#include "projectbase/advice/balance_judgement.h"
 #include "projectbase/project/project.h"
 
 #include <algorithm>
+#include <array>
 
 namespace app {
 
@@ -27,6 +29,47 @@ public:
 private:
     PageHost& m_host;
 };
+
+/// Of a water, in the order of `kBalancePictures`.
+enum class BalanceMark
+{
+    Unknown,
+    Good,
+    Doubtful,
+    Over
+};
+constexpr std::array kBalancePictures{"icons/balance_unknown.svg", "icons/balance_good.svg",
+                                      "icons/balance_doubtful.svg", "icons/balance_over.svg"};
+
+BalanceMark MarkOf(const DetailList& water)
+{
+    using advice::BalanceVerdict;
+    switch (advice::JudgeBalance(water, advice::ChosenBalanceRule()).verdict) {
+        case BalanceVerdict::InOrder:
+        case BalanceVerdict::Closed:
+            return BalanceMark::Good;
+        case BalanceVerdict::Doubtful:
+            return BalanceMark::Doubtful;
+        case BalanceVerdict::OverLimit:
+            return BalanceMark::Over;
+        case BalanceVerdict::NotJudged:
+            break;
+    }
+    return BalanceMark::Unknown;
+}
+
+/// Calls `visit` with every item below one, depth first, until it returns true.
+template <typename Visit>
+bool VisitItems(const wxTreeCtrl& tree, const wxTreeItemId& parent, const Visit& visit)
+{
+    wxTreeItemIdValue cookie;
+    for (wxTreeItemId item = tree.GetFirstChild(parent, cookie); item.IsOk();
+         item = tree.GetNextChild(parent, cookie)) {
+        if (visit(item) || VisitItems(tree, item, visit))
+            return true;
+    }
+    return false;
+}
 
 }  // namespace
 
@@ -124,11 +167,11 @@ void ModuleBook::Arrange()
     m_filling = true;
     m_tree.DeleteAllItems();
     m_filling = false;
-    const auto kept = std::ranges::stable_partition(m_hosts, [&](const PageHost* host) {
+    const auto firstGone = std::stable_partition(m_hosts.begin(), m_hosts.end(), [&](const PageHost* host) {
         return std::ranges::any_of(wanted, [&](const Item& item) { return is(*host, item); });
     });
-    const std::vector<PageHost*> gone(kept.begin(), kept.end());
-    m_hosts.erase(kept.begin(), kept.end());
+    const std::vector<PageHost*> gone(firstGone, m_hosts.end());
+    m_hosts.erase(firstGone, m_hosts.end());
     for (PageHost* host : gone)
         host->Hold();
     for (PageHost* host : gone)
@@ -204,30 +247,45 @@ void ModuleBook::FillTree()
         if (module.pageOf != OwnerKind::Project)
             m_tree.AppendItem(branch, NameOf(*host), -1, -1, new PageItem(*host));
     }
+    m_balancePictures = static_cast<int>(images.size());
+    for (const char* name : kBalancePictures)
+        images.push_back(ImageLoader::LoadBundle(name, wxSize(kIconSize, kIconSize)));
     m_tree.SetImages(images);
+    ShowBalances();
     m_tree.ExpandAll();
     m_filling = false;
     MarkInTree();
 }
 
+void ModuleBook::ShowBalances()
+{
+    if (m_tree.IsEmpty())
+        return;
+    VisitItems(m_tree, m_tree.GetRootItem(), [this](const wxTreeItemId& item) {
+        const PageHost* page = PageOf(item);
+        const auto* water =
+            page == nullptr ? nullptr : dynamic_cast<LiquidData*>(m_project->FindOwner(page->GetOwner()));
+        if (water == nullptr)
+            return false;
+        const int picture = m_balancePictures + static_cast<int>(MarkOf(*water->GetDetails()));
+        if (m_tree.GetItemImage(item) != picture)
+            m_tree.SetItemImage(item, picture);
+        return false;
+    });
+}
+
 void ModuleBook::MarkInTree()
 {
     const PageHost* current = GetCurrent();
-    const auto find = [&](const auto& self, const wxTreeItemId& parent) -> wxTreeItemId {
-        wxTreeItemIdValue cookie;
-        for (wxTreeItemId item = m_tree.GetFirstChild(parent, cookie); item.IsOk();
-             item = m_tree.GetNextChild(parent, cookie)) {
-            const auto* page = dynamic_cast<PageItem*>(m_tree.GetItemData(item));
-            if (page != nullptr && &page->GetHost() == current)
-                return item;
-            if (const wxTreeItemId below = self(self, item); below.IsOk())
-                return below;
-        }
-        return {};
-    };
-    const wxTreeItemId item = m_filling || current == nullptr || m_tree.IsEmpty()
-                                  ? wxTreeItemId()
-                                  : find(find, m_tree.GetRootItem());
+    wxTreeItemId item;
+    if (!m_filling && current != nullptr && !m_tree.IsEmpty()) {
+        VisitItems(m_tree, m_tree.GetRootItem(), [&](const wxTreeItemId& candidate) {
+            if (PageOf(candidate) != current)
+                return false;
+            item = candidate;
+            return true;
+        });
+    }
     if (!item.IsOk() || m_tree.IsSelected(item))
         return;
     m_filling = true;
@@ -284,6 +342,12 @@ void ModuleBook::ShowPlace(std::size_t place)
 {
     if (place < m_hosts.size())
         Select(*m_hosts[place]);
+}
+
+const PageHost* ModuleBook::PageOf(const wxTreeItemId& item) const
+{
+    const auto* page = dynamic_cast<const PageItem*>(m_tree.GetItemData(item));
+    return page == nullptr ? nullptr : &page->GetHost();
 }
 
 const PageHost* ModuleBook::GetCurrent() const

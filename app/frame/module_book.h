@@ -34,6 +34,8 @@ public:
     void MakeShownPages();
     /// Brings pages, tree and names into agreement with the owners that the project has now.
     void Follow();
+    /// Shows in the tree how the balance of each water stands.
+    void ShowBalances();
     /// The names of pages and tree in the present language.
     void Localize();
 
@@ -46,6 +48,8 @@ public:
     bool ShowDetail(const DetailAddress& address);
     /// Brings the page at a place of the tree to the front, counted from 0; nothing where there is none.
     void ShowPlace(std::size_t place);
+    /// The page that an item of the tree stands for, or null.
+    const PageHost* PageOf(const wxTreeItemId& item) const;
     /// The page in front, or null.
     const PageHost* GetCurrent() const;
     ModulePanelBase* GetCurrentPanel() const;
@@ -80,6 +84,8 @@ private:
     wxStatusBar* m_statusBar = nullptr;
     /// In the order of the tree; the user may drag the pages of the notebook into another one.
     std::vector<PageHost*> m_hosts;
+    /// Where the pictures of the balance begin among those of the tree.
+    int m_balancePictures = 0;
     bool m_filling = false;
 };
 

@@ -23,6 +23,7 @@ namespace {
 
 constexpr const char* kLanguage = "language";
 constexpr const char* kUnitSystem = "unit.system";
+constexpr const char* kDensity = "density";
 constexpr const char* kAutosave = "autosave";
 constexpr const char* kDatabase = "database";
 constexpr const char* kBalanceRule = "balance.rule";
@@ -42,6 +43,11 @@ tvChoiceAdv::Items UnitSystems()
     for (const std::string& unitSystem : UnitSystemManager::GetUnitSystems())
         items.emplace_back(wxString::FromUTF8(unitSystem), UnitSystemName(unitSystem));
     return items;
+}
+
+tvChoiceAdv::Items Densities()
+{
+    return {{"compact", wxTRANSLATE("Compact")}, {"comfortable", wxTRANSLATE("Comfortable")}};
 }
 
 tvChoiceAdv::Items BalanceRules()
@@ -68,6 +74,11 @@ constexpr std::array kRows{
                 .field = FormField::Choice,
                 .items = UnitSystems},
                wxTRANSLATE("In which values are shown and typed")},
+    SettingRow{{.key = kDensity,
+                .label = wxTRANSLATE("Density of forms"),
+                .field = FormField::Choice,
+                .items = Densities},
+               wxTRANSLATE("How close rows and fields stand")},
     SettingRow{{.key = kAutosave,
                 .label = wxTRANSLATE("Minutes between recovery copies"),
                 .unit = "",
@@ -105,6 +116,7 @@ SettingsDialog::SettingsDialog(wxWindow* parent, const ProgramSettings& settings
 {
     m_values.Add(DetailData(kLanguage, DetailType::String)).SetValue(settings.language);
     m_values.Add(DetailData(kUnitSystem, DetailType::String)).SetValue(settings.unitSystem);
+    m_values.Add(DetailData(kDensity, DetailType::String)).SetValue(settings.density);
     m_values.Add(DetailData(kAutosave, DetailType::Long)).SetValue(settings.autosaveMinutes);
     m_values.Add(DetailData(kDatabase, DetailType::String)).SetValue(settings.database);
     m_values.Add(DetailData(kBalanceRule, DetailType::String)).SetValue(settings.balanceRule);
@@ -184,9 +196,13 @@ void SettingsDialog::OnSearch()
 ProgramSettings SettingsDialog::GetSettings()
 {
     m_fields.StoreFields(kIso);
-    return {m_values.At(kLanguage).GetStringValue(),       m_values.At(kUnitSystem).GetStdStringValue(),
-            m_values.At(kAutosave).GetLongValue(),         m_values.At(kDatabase).GetStdStringValue(),
-            m_values.At(kBalanceRule).GetStdStringValue(), m_limits};
+    return {m_values.At(kLanguage).GetStringValue(),
+            m_values.At(kUnitSystem).GetStdStringValue(),
+            m_values.At(kDensity).GetStdStringValue(),
+            m_values.At(kAutosave).GetLongValue(),
+            m_values.At(kDatabase).GetStdStringValue(),
+            m_values.At(kBalanceRule).GetStdStringValue(),
+            m_limits};
 }
 
 }  // namespace app

@@ -19,6 +19,7 @@ struct ProgramSettings
 {
     wxString language;  ///< code
     std::string unitSystem;
+    std::string density;       ///< "compact" or "comfortable"
     long autosaveMinutes = 0;  ///< 0 writes no recovery copies
     std::string database;      ///< connection text; empty for the user's own file
     std::string balanceRule = "SM1030E";

@@ -11,6 +11,7 @@
 #include "dbinterfaces/project_database.h"
 #include "gui_base/dialogs/questions.h"
 #include "gui_base/network/network.h"
+#include "gui_base/support/density.h"
 #include "gui_base/support/image_loader.h"
 #include "projectbase/settings/settings.h"
 #include "tncommon/data_dir.h"
@@ -26,18 +27,7 @@
 #include <iostream>
 
 namespace app {
-namespace {
-
-/// The water that a newcomer sees first: the mean of the rivers of the world.
-constexpr const char* kFirstExample = "world_river_livingstone";
-
-std::unique_ptr<Project> FirstProject()
-{
-    const WaterTemplate* example = FindWaterTemplate(kFirstExample);
-    return example != nullptr ? NewProjectFrom(*example) : NewEmptyProject();
-}
-
-}  // namespace
+namespace {}  // namespace
 
 UserMessage InitProgram()
 {
@@ -55,6 +45,7 @@ UserMessage InitProgram()
         problem = std::current_exception();
     }
     Network::Initialize();
+    density::Set(density::DensityOf(Settings::GetSetting("density").GetStdStringValue()));
     const wxString language = Settings::GetSetting("language").GetStringValue();
     SwitchLanguage(language.empty() ? SystemLanguage() : language);
     try {
@@ -96,14 +87,14 @@ bool TarnvikApp::OnInit()
 
 void TarnvikApp::OpenWindow(const UserMessage& problem)
 {
-    // Behind a file that cannot be opened nobody wants to find some other water.
-    m_frame =
-        new MainFrame(std::make_unique<Document>(FileOfStart().empty() ? FirstProject() : NewEmptyProject()));
+    m_frame = new MainFrame(std::make_unique<Document>(NewEmptyProject()));
     m_frame->GetProject().SetUnitSystemDisplay(Settings::GetSetting("unit.system").GetStdStringValue());
     if (!problem.text.empty())
         m_frame->GetMessageArea().AddMessage(MessageArea::Severity::Error, problem);
     if (!FileOfStart().empty())
         m_frame->Files().Open(FileOfStart());
+    else
+        m_frame->ShowStart();
     m_frame->Show();
     KeepWorkAtSessionEnd(*m_frame);
     if (m_measureStart)

@@ -9,6 +9,7 @@
 #include "dbinterfaces/project_database.h"
 #include "gui_base/input/events.h"
 #include "gui_base/input/validation/commit.h"
+#include "gui_base/support/density.h"
 #include "projectbase/settings/settings.h"
 #include "projectbase/units/unit_system_manager.h"
 
@@ -26,8 +27,7 @@ void ViewCommands::SetUnitSystem(const std::string& unitSystem)
     CommitFocusedField();
     Settings::GetSetting("unit.system").SetValue(unitSystem);
     m_frame.GetProject().SetUnitSystemDisplay(unitSystem);
-    m_frame.GetBook().SendToPages(tvCHANGEUNITSYSTEM_EVENT);
-    m_frame.UpdateRangeMessages();
+    m_frame.ShowUnits();
 }
 
 void ViewCommands::SetLanguage(const wxString& code)
@@ -36,6 +36,14 @@ void ViewCommands::SetLanguage(const wxString& code)
     Settings::GetSetting("language").SetValue(code);
     SwitchLanguage(code);
     m_frame.Localize();
+}
+
+void ViewCommands::SetDensity(const std::string& code)
+{
+    CommitFocusedField();
+    Settings::GetSetting("density").SetValue(code);
+    density::Set(density::DensityOf(code));
+    m_frame.RebuildPages();
 }
 
 void ViewCommands::FillUnitMenu(wxMenu& menu)
@@ -73,6 +81,7 @@ void ViewCommands::ShowSettings()
         CommitFocusedField();
         const ProgramSettings before{CurrentLanguage(),
                                      m_frame.GetProject().GetUnitSystemDisplay(),
+                                     Settings::GetSetting("density").GetStdStringValue(),
                                      Settings::GetSetting("autosave.minutes").GetLongValue(),
                                      Settings::GetSetting("database.connection").GetStdStringValue(),
                                      Settings::GetSetting("balance.rule").GetStdStringValue(),
@@ -88,11 +97,14 @@ void ViewCommands::ApplySettings(const ProgramSettings& before, const ProgramSet
     if (wanted.database != before.database && !OpenDatabase(wanted.database))
         return;
     Settings::GetSetting("autosave.minutes").SetValue(wanted.autosaveMinutes);
+    if (wanted.density != before.density)
+        SetDensity(wanted.density);
     m_frame.Files().RestartAutosave();
     Settings::GetSetting("balance.rule").SetValue(wanted.balanceRule);
     for (const auto& [name, limit] : wanted.limits)
         Settings::GetSetting(name).SetValue(limit);
-    m_frame.UpdateRangeMessages();
+    // Verdicts and advice follow.
+    m_frame.ShowUnits();
     if (wanted.unitSystem != before.unitSystem) {
         SetUnitSystem(wanted.unitSystem);
         m_frame.BuildMenus();

@@ -20,6 +20,8 @@ public:
     explicit ViewCommands(MainFrame& frame);
 
     void SetUnitSystem(const std::string& unitSystem);
+    /// "compact" or "comfortable".
+    void SetDensity(const std::string& code);
     void SetLanguage(const wxString& code);
     void ShowSettings();
     /// Puts what the settings dialog gave into effect; a database that cannot be opened is reported and

@@ -11,10 +11,13 @@
 #include "gui_base/messages/user_message.h"
 #include "gui_base/support/file_path.h"
 #include "gui_base/support/translation.h"
+#include "gui_base/water/analysis/analysis_type_box.h"
 #include "gui_base/water/analysis/laboratory_dialog.h"
 #include "gui_base/water/feedwater/water_clipboard.h"
 #include "gui_base/water/library/water_lib_dialog.h"
+#include "gui_base/water/tools/alkalization_dialog.h"
 #include "gui_base/water/tools/blend_dialog.h"
+#include "gui_base/water/tools/co2_calculator_dialog.h"
 #include "projectbase/project/project_edit.h"
 #include "projectbase/settings/settings.h"
 #include "projectbase/water/blend_recipe.h"
@@ -109,7 +112,9 @@ void WaterCommands::SaveToLibrary()
     std::string problem;
     LiquidData* water = GetCurrent();
     if (water != nullptr && !WaterLibDialog::SaveLiquidData(water, &problem) && !problem.empty())
-        m_frame.ReportError(Tr("Analysis could not be saved") + ": " + wxString::FromUTF8(problem));
+        m_frame.ReportError([problem] {
+            return UserMessage{Tr("Analysis could not be saved") + ": " + wxString::FromUTF8(problem), {}};
+        });
 }
 
 void WaterCommands::Copy()
@@ -127,7 +132,7 @@ void WaterCommands::Paste()
         return;
     const ProjectEdit edit(m_frame.GetProject(), wxTRANSLATE("paste water"), EditKind::Copied);
     if (!WaterClipboard::GetLiquid(water))
-        m_frame.ReportNote(Tr("No water has been copied yet"));
+        m_frame.ReportNote([] { return UserMessage{Tr("No water has been copied yet"), {}}; });
 }
 
 void WaterCommands::PasteColumn()
@@ -136,6 +141,15 @@ void WaterCommands::PasteColumn()
     const PageHost* page = m_frame.GetBook().GetCurrent();
     if (page != nullptr && page->GetPage().pasteColumn)
         page->GetPage().pasteColumn();
+}
+
+void WaterCommands::ChooseUnitForAll()
+{
+    const PageHost* page = m_frame.GetBook().GetCurrent();
+    if (page == nullptr || !page->GetPage().chooseUnitForAll)
+        return;
+    CommitFocusedField();
+    page->GetPage().chooseUnitForAll();
 }
 
 void WaterCommands::CopyResults()
@@ -164,7 +178,9 @@ std::optional<laboratory::File> WaterCommands::ReadAnalysis(const std::filesyste
 {
     const wxString name = ShownPath(path);
     const auto refuse = [&](const wxString& why) {
-        m_frame.ReportError(wxString::Format(Tr("%s cannot be read: %s"), name, why));
+        m_frame.ReportError([name, why] {
+            return UserMessage{wxString::Format(Tr("%s cannot be read: %s"), name, why), {}};
+        });
         return std::nullopt;
     };
     laboratory::File file;
@@ -185,7 +201,9 @@ std::optional<laboratory::File> WaterCommands::ReadAnalysis(const std::filesyste
     }
     if (!file.samples.empty())
         return file;
-    m_frame.ReportError(wxString::Format(Tr("%s holds no analysis that can be understood"), name));
+    m_frame.ReportError([name] {
+        return UserMessage{wxString::Format(Tr("%s holds no analysis that can be understood"), name), {}};
+    });
     return std::nullopt;
 }
 
@@ -229,7 +247,9 @@ void WaterCommands::Export()
         return;
     const std::filesystem::path path = PathOf(file.GetFullPath());
     const auto refuse = [&](const wxString& why) {
-        m_frame.ReportError(wxString::Format(Tr("%s cannot be written: %s"), ShownPath(path), why));
+        m_frame.ReportError([path, why] {
+            return UserMessage{wxString::Format(Tr("%s cannot be written: %s"), ShownPath(path), why), {}};
+        });
     };
     try {
         tncommon::ReplaceFile(path, water::WriteLaboratoryFile(waters));
@@ -263,7 +283,7 @@ void WaterCommands::Blend()
     for (std::size_t i = 0; i < project.GetLiquidCount() && &project.GetLiquid(i) != blend; ++i)
         waters.push_back(project.GetLiquid(i).GetName());
     if (waters.size() < 2) {
-        m_frame.ReportNote(Tr("A blend needs two waters: add one first"));
+        m_frame.ReportNote([] { return UserMessage{Tr("A blend needs two waters: add one first"), {}}; });
         return;
     }
     const water::BlendRecipe recipe = blend != nullptr
@@ -295,9 +315,30 @@ void WaterCommands::Rename()
     LineEntryDialog dialog(&m_frame, Tr("Rename water"), Tr("Name"), ShownName(*water), kMostNameLength);
     if (dialog.ShowModal() != wxID_OK || dialog.GetText() == ShownName(*water))
         return;
+    RenameTo(*water, dialog.GetText().utf8_string());
+}
+
+void WaterCommands::RenameTo(LiquidData& water, const std::string& name)
+{
     const ProjectEdit edit(m_frame.GetProject(), wxTRANSLATE("rename water"));
-    m_frame.GetProject().RenameOwner(*water,
-                                     NewWaterName(m_frame.GetProject(), dialog.GetText().utf8_string()));
+    m_frame.GetProject().RenameOwner(water, NewWaterName(m_frame.GetProject(), name));
+}
+
+void WaterCommands::Duplicate()
+{
+    CommitFocusedField();
+    Project& project = m_frame.GetProject();
+    const LiquidData* water = GetCurrent();
+    if (water == nullptr)
+        return;
+    LiquidData* copy = nullptr;
+    {
+        const ProjectEdit edit(project, wxTRANSLATE("duplicate water"), EditKind::Copied);
+        copy = &project.AddLiquid(NewWaterName(project, ShownName(*water).utf8_string()));
+        copy->GetDetails()->CopyValues(*water->GetDetails());
+        project.MoveOwner(*copy, water->GetPosition() + 1);
+    }
+    Show(*copy);
 }
 
 void WaterCommands::Remove()
@@ -308,7 +349,7 @@ void WaterCommands::Remove()
     if (water == nullptr)
         return;
     if (project.GetLiquidCount() < 2) {
-        m_frame.ReportNote(Tr("The last water of a project stays"));
+        m_frame.ReportNote([] { return UserMessage{Tr("The last water of a project stays"), {}}; });
         return;
     }
     const std::size_t place = water->GetPosition();
@@ -334,9 +375,48 @@ void WaterCommands::Move(int direction)
     if (!CanMove(direction))
         return;
     LiquidData& water = *GetCurrent();
-    const std::size_t place = water.GetPosition();
+    MoveTo(water, direction < 0 ? water.GetPosition() - 1 : water.GetPosition() + 1);
+}
+
+void WaterCommands::MoveTo(LiquidData& water, std::size_t place)
+{
     const ProjectEdit edit(m_frame.GetProject(), wxTRANSLATE("move water"));
-    m_frame.GetProject().MoveOwner(water, direction < 0 ? place - 1 : place + 1);
+    m_frame.GetProject().MoveOwner(water, place);
+}
+
+bool WaterCommands::HasFullAnalysis() const
+{
+    const LiquidData* water = GetCurrent();
+    return water != nullptr &&
+           wateranalysis::GetAnalysisType(*water->GetDetails()) == wateranalysis::AnalysisType::Full &&
+           !m_frame.GetProject().IsMixed(*water);
+}
+
+bool WaterCommands::IsBalanced() const
+{
+    const LiquidData* water = GetCurrent();
+    return water != nullptr && water->GetDetails()->At("liquid/balance.auto").GetBoolValue();
+}
+
+void WaterCommands::ToggleBalance()
+{
+    CommitFocusedField();
+    if (HasFullAnalysis())
+        GetCurrent()->GetDetails()->At("liquid/balance.auto").SetValue(!IsBalanced());
+}
+
+void WaterCommands::CalculateCo2()
+{
+    CommitFocusedField();
+    if (LiquidData* water = GetCurrent())
+        tvCO2CalculatorDialog::ShowFor(m_frame.GetProject(), *water, &m_frame);
+}
+
+void WaterCommands::Alkalise()
+{
+    CommitFocusedField();
+    if (LiquidData* water = GetCurrent())
+        AlkalizationDialog::ShowFor(m_frame.GetProject(), *water, &m_frame);
 }
 
 }  // namespace app

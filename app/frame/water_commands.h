@@ -36,6 +36,7 @@ public:
     void Copy();
     void Paste();
     void PasteColumn();
+    void ChooseUnitForAll();
     void CopyResults();
     void Import();
     /// Shows what a laboratory's file would make of the water in front, and takes it over after OK.
@@ -46,11 +47,23 @@ public:
     void Export();
     void Add();
     void Blend();
+    /// A water with all that the one in front holds, behind it.
+    void Duplicate();
     void Rename();
+    /// Gives a water another name; a name that is taken gets a number.
+    void RenameTo(LiquidData& water, const std::string& name);
     void Remove();
     /// Whether the water can move up (-1) or down (1) among the others.
     bool CanMove(int direction) const;
     void Move(int direction);
+    void MoveTo(LiquidData& water, std::size_t place);
+    /// Whether the water in front is one whose ions are typed, so that its balance can be closed.
+    bool HasFullAnalysis() const;
+    bool IsBalanced() const;
+    /// Switches the automatic balancing of the water in front.
+    void ToggleBalance();
+    void CalculateCo2();
+    void Alkalise();
 
 private:
     /// Makes a blend, or gives one another recipe.

@@ -3,6 +3,7 @@
 #include "app/modules/base/module.h"
 #include "gui_base/report/water_report.h"
 #include "gui_base/water/analysis/paste_column.h"
+#include "gui_base/water/analysis/unit_for_all.h"
 #include "gui_base/water/feedwater/feed_water_panel.h"
 #include "projectbase/project/project.h"
 
@@ -31,7 +32,9 @@ ModulePage MakePage(const PageContext& context, OwnerNode& owner)
 {
     auto* panel =
         new FeedWaterPanel(&context.project, owner.GetPosition(), context.parent, wxID_ANY, context.help);
-    return {.panel = panel, .pasteColumn = [panel] { wateranalysis::PasteColumn(*panel); }};
+    return {.panel = panel,
+            .pasteColumn = [panel] { wateranalysis::PasteColumn(*panel); },
+            .chooseUnitForAll = [panel] { wateranalysis::ChooseUnitForAll(*panel); }};
 }
 
 }  // namespace

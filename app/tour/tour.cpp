@@ -269,7 +269,7 @@ void Tour::TakeDialogs()
 {
     auto* owner = new wxFrame(nullptr, wxID_ANY, "Tarnvik", wxDefaultPosition, wxSize(900, 600));
     owner->Show();
-    SettingsDialog settings(owner, {"en", "iso", 5, std::string()});
+    SettingsDialog settings(owner, {"en", "iso", "compact", 5, std::string()});
     TakeDialog(settings, "settings");
     RecoveryDialog recovery(owner, {{.recovery = {},
                                      .project = "/projects/Northfield/Boiler feed.tarnvik",

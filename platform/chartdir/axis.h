@@ -28,6 +28,9 @@ public:
     /// Names at 0, 1, 2, … instead of numbers: the places of bars.
     void setLabels(std::vector<std::string> labels) { m_labels = std::move(labels); }
     const std::vector<std::string>& getLabels() const { return m_labels; }
+    /// Below each other in up to that many rows where they have no room side by side; of an abscissa.
+    void setLabelRows(int rows) { m_labelRows = rows; }
+    int getLabelRows() const { return m_labelRows; }
 
     /// The part in view, as fractions of the whole scale.
     void setViewPort(double from, double to);
@@ -43,6 +46,7 @@ private:
 
     std::string m_title;
     std::vector<std::string> m_labels;
+    int m_labelRows = 1;
     Scale m_scale;
     bool m_isAuto = true;
     double m_from = 0.0;

@@ -87,6 +87,8 @@ std::string AreaOf(const HotSpot& spot)
 
 std::string ImageMapHandler::TextOf(const HotSpot& spot, double x, double y) const
 {
+    if (!spot.text.empty())
+        return spot.text;
     const auto line = [this](const std::string& title, const std::string& value) {
         return title.empty() ? value : fmt::format("{}: {}", PlainText(title), value);
     };

@@ -26,6 +26,7 @@ struct HotSpot
     Point to{};              ///< of a bar the opposite corner
     std::size_t place = 0;   ///< of a bar, counted from 0
     double value = 0.0;      ///< of a bar
+    std::string text{};      ///< what it tells where that is not its place on the axes
 };
 
 /// All hot spots of a chart with what their texts need.

@@ -48,6 +48,29 @@ void DrawCurve(cairo_t* canvas, const std::vector<CurveRun>& runs, const DataSet
     DrawMarkers(canvas, runs, set, plot);
 }
 
+void AddSegments(ImageMap& map, const CurveRun& run, bool hasLine)
+{
+    const Rect& plot = map.mapping.plot;
+    for (std::size_t i = 0; i < run.size(); ++i) {
+        const Point to = run[i].place;
+        const Point from = i == 0 || !hasLine ? to : run[i - 1].place;
+        const bool isSeen = plot.Contains(to.x, to.y) || plot.Contains(from.x, from.y);
+        if (isSeen && (i > 0 || run.size() == 1 || !hasLine))
+            map.spots.push_back({.series = map.series.size() - 1, .from = from, .to = to});
+    }
+}
+
+void AddPoints(ImageMap& map, const CurveRun& run, const std::vector<std::string>& tips)
+{
+    for (const CurvePoint& point : run) {
+        if (map.mapping.plot.Contains(point.place.x, point.place.y) && point.index < tips.size())
+            map.spots.push_back({.series = map.series.size() - 1,
+                                 .from = point.place,
+                                 .to = point.place,
+                                 .text = tips[point.index]});
+    }
+}
+
 /// Place of zero, or of the end of the axis next to it.
 double Baseline(const Mapping& mapping)
 {
@@ -106,14 +129,10 @@ void Layer::AddHotSpots(ImageMap& map) const
     for (const DataSet& set : m_sets) {
         map.series.push_back(set.name);
         for (const CurveRun& run : RunsOfSet(set, map.mapping)) {
-            for (std::size_t i = 0; i < run.size(); ++i) {
-                const Point to = run[i].place;
-                const Point from = i == 0 || set.lineWidth == 0.0 ? to : run[i - 1].place;
-                const Rect& plot = map.mapping.plot;
-                const bool isSeen = plot.Contains(to.x, to.y) || plot.Contains(from.x, from.y);
-                if (isSeen && (i > 0 || run.size() == 1 || set.lineWidth == 0.0))
-                    map.spots.push_back({.series = map.series.size() - 1, .from = from, .to = to});
-            }
+            if (set.tips.empty())
+                AddSegments(map, run, set.lineWidth > 0.0);
+            else
+                AddPoints(map, run, set.tips);
         }
     }
 }
@@ -262,11 +281,7 @@ void BarLayer::AddHotSpots(ImageMap& map) const
 
 void BarLayer::DrawSample(cairo_t* canvas, const DataSet& set, double width, double height) const
 {
-    const Rect box{width / 4.0, height * 0.15, width / 2.0, height * 0.7};
-    cairo_rectangle(canvas, box.x, box.y, box.width, box.height);
-    SetColour(canvas, set.style.colour);
-    cairo_fill(canvas);
-    DrawHatching(canvas, box, set.style.marker, Colour{255, 255, 255, 0.6});
+    DrawBarSample(canvas, set.style, width, height);
 }
 
 }  // namespace chartdir

@@ -28,6 +28,8 @@ struct DataSet
     double lineWidth = 1.8;        ///< pixels; 0: markers alone
     bool isMarkedSparsely = true;  ///< a marker every now and then instead of one at each point
     double markerSize = 7.0;
+    /// What its points tell, one for each value; without them every place of the curve tells its value.
+    std::vector<std::string> tips{};
 };
 
 class CHARTDIR_EXPORT Layer

@@ -216,4 +216,13 @@ void DrawHatching(cairo_t* canvas, const Rect& box, Marker kind, Colour colour)
     cairo_restore(canvas);
 }
 
+void DrawBarSample(cairo_t* canvas, const SeriesStyle& style, double width, double height)
+{
+    const Rect box{width / 4.0, height * 0.15, width / 2.0, height * 0.7};
+    cairo_rectangle(canvas, box.x, box.y, box.width, box.height);
+    SetColour(canvas, style.colour);
+    cairo_fill(canvas);
+    DrawHatching(canvas, box, style.marker, Colour{255, 255, 255, 0.6});
+}
+
 }  // namespace chartdir

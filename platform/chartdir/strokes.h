@@ -31,4 +31,7 @@ void DrawMarker(cairo_t* canvas, Marker marker, Point place, double size, Colour
 /// Lines across a box that tell bars apart without their colours; `place` settles their direction.
 void DrawHatching(cairo_t* canvas, const Rect& box, Marker kind, Colour colour);
 
+/// A bar of a series in a legend, in the middle of a box of that size.
+void DrawBarSample(cairo_t* canvas, const SeriesStyle& style, double width, double height);
+
 }  // namespace chartdir

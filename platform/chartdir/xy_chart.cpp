@@ -6,28 +6,32 @@
 
 namespace chartdir {
 
-LineLayer& XYChart::addLineLayer()
+template <typename NewLayer>
+NewLayer& XYChart::Add(std::unique_ptr<NewLayer> layer)
 {
-    auto layer = std::make_unique<LineLayer>();
-    LineLayer& added = *layer;
+    NewLayer& added = *layer;
     m_layers.push_back(std::move(layer));
     return added;
+}
+
+LineLayer& XYChart::addLineLayer()
+{
+    return Add(std::make_unique<LineLayer>());
 }
 
 AreaLayer& XYChart::addAreaLayer()
 {
-    auto layer = std::make_unique<AreaLayer>();
-    AreaLayer& added = *layer;
-    m_layers.push_back(std::move(layer));
-    return added;
+    return Add(std::make_unique<AreaLayer>());
 }
 
 BarLayer& XYChart::addBarLayer(BarMode mode)
 {
-    auto layer = std::make_unique<BarLayer>(mode);
-    BarLayer& added = *layer;
-    m_layers.push_back(std::move(layer));
-    return added;
+    return Add(std::make_unique<BarLayer>(mode));
+}
+
+SegmentLayer& XYChart::addSegmentLayer()
+{
+    return Add(std::make_unique<SegmentLayer>());
 }
 
 XYChart::Ranges XYChart::GetRanges() const

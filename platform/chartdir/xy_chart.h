@@ -4,6 +4,7 @@
 #include "chartdir/axis.h"
 #include "chartdir/base_chart.h"
 #include "chartdir/layers.h"
+#include "chartdir/segment_layer.h"
 
 #include <memory>
 #include <optional>
@@ -35,6 +36,7 @@ public:
     LineLayer& addLineLayer();
     AreaLayer& addAreaLayer();
     BarLayer& addBarLayer(BarMode mode = BarMode::Side);
+    SegmentLayer& addSegmentLayer();
     const std::vector<std::unique_ptr<Layer>>& getLayers() const { return m_layers; }
 
     void setPlotArea(const Rect& area) { m_plotArea = area; }
@@ -54,6 +56,8 @@ protected:
     void DoDraw(cairo_t* canvas) const override;
 
 private:
+    template <typename NewLayer>
+    NewLayer& Add(std::unique_ptr<NewLayer> layer);
     struct Ranges
     {
         DataRange x;

@@ -3,6 +3,7 @@
 
 /// Where the parts of a chart with two axes stand. Internal to the library.
 
+#include "chartdir/chart_head.h"
 #include "chartdir/text.h"
 #include "chartdir/xy_chart.h"
 
@@ -13,14 +14,7 @@ namespace chartdir {
 struct TickLabel
 {
     double pixel = 0.0;  ///< along its axis
-    Text text;
-};
-
-struct LegendEntry
-{
-    const Layer* layer;
-    const DataSet* set;
-    Point place;
+    int row = 0;         ///< below it, counted from 0
     Text text;
 };
 
@@ -39,13 +33,15 @@ public:
     void DrawInMiddle(cairo_t* canvas, const std::string& markup) const;
 
 private:
-    /// Heights above the plot area: title and legend.
-    double SetHead(bool hasLegend);
-    void SetLegend(double& y);
+    void AddLegend();
     void SetTicks(const Axis& axis, const Scale& scale, double length, double room,
                   std::vector<TickLabel>& labels);
+    void SetNames(const Axis& axis, const Scale& scale, double length, std::vector<TickLabel>& labels);
+    /// Ticks, numbers or names, and the title of the abscissa.
+    void DrawBelow(cairo_t* canvas) const;
+    /// Rows that the names below the abscissa take.
+    int RowsOfNames() const;
     void PlaceTicks();
-    std::string NumberText(double value, const Ticks& ticks) const;
     Text MakeText(const std::string& markup, const TextStyle& style) const
     {
         return {m_context, markup, style};
@@ -54,11 +50,12 @@ private:
     const XYChart& m_chart;
     const Theme& m_theme;
     TextContext m_context;
+    ChartHead m_head;
     Mapping m_mapping;
-    std::optional<Text> m_title;
     std::optional<Text> m_xTitle;
     std::optional<Text> m_yTitle;
-    std::vector<LegendEntry> m_legend;
+    int m_nameRows = 1;
+    double m_lineHeight = 0.0;
     std::vector<TickLabel> m_xLabels;
     std::vector<TickLabel> m_yLabels;
 };

@@ -35,7 +35,9 @@ protected:
         app::SwitchLanguage("en");
         ProjectDatabase::Open((m_folder / "user.db").string());
         // What an earlier program kept.
-        ProjectDatabase::SetLocalParameter("/Perspective/iex", {});
+        for (const char* kept : {"/Perspective/iex", "/Window/docking.1", "/Window/messages", "/Window/place",
+                                 "/Window/collapsed"})
+            ProjectDatabase::SetLocalParameter(kept, {});
         ProjectDatabase::SetLocalParameter("/RecentFiles", {});
         m_frame = new app::MainFrame(MakeDocument(m_water));
         m_frame->SetPosition(wxPoint(0, 0));

@@ -42,6 +42,8 @@ struct ModulePage
     std::function<void()> refreshDatabase = nullptr;
     /// Puts a column of the system's clipboard into the fields, where the page can take one.
     std::function<void()> pasteColumn = nullptr;
+    /// Lets the user choose one unit for all values of the page, where it has such.
+    std::function<void()> chooseUnitForAll = nullptr;
 };
 
 struct Module

@@ -19,6 +19,16 @@ int AskYesNo(wxWindow* parent, const wxString& question, const wxString& title, 
     return dialog.ShowModal();
 }
 
+int AskChoice(wxWindow* parent, const wxString& question, const wxString& title, const wxString& first,
+              const wxString& second, const wxString& explanation)
+{
+    wxMessageDialog dialog(parent, question, title, wxYES_NO | wxCANCEL | wxCENTRE | wxICON_QUESTION);
+    dialog.SetYesNoCancelLabels(first, second, i18n::Translated("&Cancel"));
+    dialog.SetExtendedMessage(explanation);
+    const int answer = dialog.ShowModal();
+    return answer == wxID_YES || answer == wxID_NO ? answer : wxID_CANCEL;
+}
+
 bool ConfirmReplacing(wxWindow* parent, const wxString& file, const wxString& title)
 {
     wxMessageDialog dialog(

@@ -14,6 +14,10 @@ namespace dialogs {
 GUI_BASE_EXPORT int AskYesNo(wxWindow* parent, const wxString& question, const wxString& title, long icon,
                              const wxString& explanation = {});
 
+/// Asks for one of two ways, the first by default, or neither: wxID_YES, wxID_NO or wxID_CANCEL.
+GUI_BASE_EXPORT int AskChoice(wxWindow* parent, const wxString& question, const wxString& title,
+                              const wxString& first, const wxString& second, const wxString& explanation);
+
 /// Whether a file that exists, as it is shown, may be replaced; "no" by default.
 GUI_BASE_EXPORT bool ConfirmReplacing(wxWindow* parent, const wxString& file, const wxString& title);
 

@@ -12,7 +12,7 @@ constexpr double kPointsPerPixel = 0.75;
 
 }  // namespace
 
-report::Figure ChartFigure(std::shared_ptr<chartdir::XYChart> chart)
+report::Figure ChartFigure(std::shared_ptr<chartdir::BaseChart> chart)
 {
     report::Figure figure;
     figure.height = kFigureHeight;

@@ -15,6 +15,8 @@
 namespace {
 
 constexpr const char* kArchiveName = "tnbase.zrc";
+/// Of the lines of all icons; what means more, as the red of an error, has another one.
+constexpr const char* kLineColour = "#2b6ca3";
 constexpr std::size_t kMostPictureBytes = std::size_t{16} << 20;
 
 /// The archive of the pictures; nothing before it was named, or when it cannot be read.
@@ -123,6 +125,26 @@ wxBitmapBundle ImageLoader::LoadBundle(const wxString& name, const wxSize& size)
     }
     const wxBitmap bitmap = LoadBitmapResource(name);
     return bitmap.IsOk() ? wxBitmapBundle(bitmap) : wxBitmapBundle();
+}
+
+wxBitmapBundle ImageLoader::LoadTinted(const wxString& name, const wxSize& size, const wxColour& colour)
+{
+    wxString svg = wxString::FromUTF8(ReadEntry(name).bytes);
+    if (svg.empty())
+        return {};
+    svg.Replace(kLineColour, colour.GetAsString(wxC2S_HTML_SYNTAX));
+    return wxBitmapBundle::FromSVG(svg.utf8_str(), size);
+}
+
+wxIconBundle ImageLoader::LoadIcons(const wxString& name)
+{
+    wxIconBundle icons;
+    const wxBitmapBundle bundle = LoadBundle(name, wxSize(16, 16));
+    for (const int size : {16, 24, 32, 48, 64, 128}) {
+        if (bundle.IsOk())
+            icons.AddIcon(bundle.GetIcon(wxSize(size, size)));
+    }
+    return icons;
 }
 
 wxBitmap ImageLoader::FromBase64(const wxString& base64)

@@ -5,6 +5,7 @@
 
 #include <wx/bitmap.h>
 #include <wx/bmpbndl.h>
+#include <wx/iconbndl.h>
 #include <wx/image.h>
 
 /// Images of the application, read by name from the archive "tnbase.zrc" in the data folder. A leading slash
@@ -25,6 +26,10 @@ public:
     /// A bundle that stays sharp at every scale, from the SVG entry of that name if there is one, else from
     /// the bitmap.
     static wxBitmapBundle LoadBundle(const wxString& name, const wxSize& size);
+    /// The SVG entry of that name with its lines in a colour, so that it can be seen on whatever it stands.
+    static wxBitmapBundle LoadTinted(const wxString& name, const wxSize& size, const wxColour& colour);
+    /// The SVG entry of that name in all sizes that windows show icons in.
+    static wxIconBundle LoadIcons(const wxString& name);
     /// Bitmap of image data in Base64; invalid for anything else.
     static wxBitmap FromBase64(const wxString& base64);
 };

@@ -193,7 +193,8 @@ void CopyVolumeToCostDetails(iex::IEXProject& project)
         SetResin(project, fmt::format("resin{}", n), resin.name, Lines(project) * VolumeOf(project, node));
     });
     FollowNames(project, "cost/cc.cost.resin", "cost/cc.priced.resin", kResins, present);
-    const char* const inert[] = {"project/vol.inert.total", "project/vol.inert.total.uc"};
+    constexpr std::array<const char*, kInertSuffixes.size()> inert{"project/vol.inert.total",
+                                                                   "project/vol.inert.total.uc"};
     for (std::size_t i = 0; i < kInertSuffixes.size(); ++i) {
         const double volume = KnownOr0(Number(project, inert[i]));
         if (volume > 0.0)

@@ -287,7 +287,7 @@ TEST_F(MainFrameTest, AUserDatabaseThatCannotBeUsedIsSaidAndDoesNotStopTheProgra
 
 TEST_F(MainFrameTest, SettingsTakeEffectTogetherOrNotAtAll)
 {
-    const app::ProgramSettings before{"en", "iso", 5, ""};
+    const app::ProgramSettings before{"en", "iso", "compact", 5, ""};
     app::SettingsDialog dialog(m_frame, before);
     const auto unchanged = dialog.GetSettings();
     EXPECT_EQ(unchanged.language, "en");
@@ -311,7 +311,8 @@ TEST_F(MainFrameTest, SettingsTakeEffectTogetherOrNotAtAll)
 
     gui_test::Enter(Field("na.orig"), "7.9");
     EXPECT_TRUE(Messages().empty());
-    m_frame->View().ApplySettings(before, {"de", "us", 7, "", "DVWK", {{"limit.fe.soft.note", 0.7}}});
+    m_frame->View().ApplySettings(before,
+                                  {"de", "us", "compact", 7, "", "DVWK", {{"limit.fe.soft.note", 0.7}}});
     Pump();
     EXPECT_THAT(Messages(), testing::ElementsAre(testing::HasSubstr("DVWK")));
     EXPECT_EQ(Settings::GetSetting("limit.fe.soft.note").GetDoubleValue(), 0.7);
@@ -321,8 +322,9 @@ TEST_F(MainFrameTest, SettingsTakeEffectTogetherOrNotAtAll)
     EXPECT_EQ(Settings::GetSetting("autosave.minutes").GetLongValue(), 7);
     EXPECT_EQ(m_frame->GetDocument().GetProject().GetUnitSystemDisplay(), "us");
     EXPECT_EQ(m_frame->GetMenuBar()->GetMenuLabelText(0), "Datei");
-    m_frame->View().ApplySettings({"de", "us", 7, ""},
-                                  {"en", "iso", 9, "postgresql://host=127.0.0.1 port=1 dbname=none"});
+    m_frame->View().ApplySettings(
+        {"de", "us", "compact", 7, ""},
+        {"en", "iso", "comfortable", 9, "postgresql://host=127.0.0.1 port=1 dbname=none"});
     EXPECT_THAT(Messages(), testing::ElementsAre(testing::HasSubstr("Die Datenbank PostgreSQL kann nicht")));
     EXPECT_EQ(Settings::GetSetting("autosave.minutes").GetLongValue(), 7) << "nothing is applied";
     EXPECT_EQ(app::CurrentLanguage(), "de");

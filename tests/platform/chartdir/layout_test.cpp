@@ -1,37 +1,16 @@
 // SPDX-License-Identifier: MIT
 // Where the texts of charts stand, as another program finds them in a PDF.
 #include "chartdir/xy_chart.h"
-#include "tests/support/pdf.h"
+#include "tests/support/chart_texts.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <functional>
-#include <regex>
 
 namespace {
 
 using namespace chartdir;
-
-struct Word
-{
-    Rect box;
-    std::string text;
-};
-
-std::vector<Word> WordsOf(const BaseChart& chart)
-{
-    const std::string places = support::PdfFile(chart.makeChart2(ImageFormat::Pdf)).Places();
-    const std::regex pattern(
-        R"re(<word xMin="([0-9.-]+)" yMin="([0-9.-]+)" xMax="([0-9.-]+)" yMax="([0-9.-]+)">([^<]*)<)re");
-    std::vector<Word> words;
-    for (std::sregex_iterator found(places.begin(), places.end(), pattern), end; found != end; ++found) {
-        const auto number = [&](std::size_t group) { return std::stod((*found)[group].str()) / 0.75; };
-        words.push_back(
-            {{number(1), number(2), number(3) - number(1), number(4) - number(2)}, (*found)[5].str()});
-    }
-    return words;
-}
 
 struct Case
 {
@@ -93,23 +72,11 @@ TEST(Layout, TextsStandWithinTheChartAndNeverOnEachOtherOrInThePlotArea)
         const Rect plot = chart.getMapping().plot;
         EXPECT_GE(plot.width, 0.3 * c.width) << c.name;
         EXPECT_GE(plot.height, 0.3 * c.height) << c.name;
-        const std::vector<Word> words = WordsOf(chart);
+        const std::vector<support::Word> words = support::WordsOf(chart);
         EXPECT_GE(words.size(), 8U) << c.name;
-        // The boxes of a PDF are as high as its fonts may be.
-        const auto overlap = [](const Rect& a, const Rect& b, double slack) {
-            return std::min(a.Right(), b.Right()) - std::max(a.x, b.x) > 1.0 &&
-                   std::min(a.Bottom(), b.Bottom()) - std::max(a.y, b.y) > slack;
-        };
-        for (std::size_t i = 0; i < words.size(); ++i) {
-            const Rect& box = words[i].box;
-            EXPECT_TRUE(box.x >= -1 && box.y >= -1 && box.Right() <= c.width + 1 &&
-                        box.Bottom() <= c.height + 1)
-                << c.name << ": " << words[i].text;
-            EXPECT_FALSE(overlap(box, plot, 3.0)) << c.name << ": " << words[i].text;
-            for (std::size_t j = i + 1; j < words.size(); ++j)
-                EXPECT_FALSE(overlap(box, words[j].box, 5.0))
-                    << c.name << ": " << words[i].text << " and " << words[j].text;
-        }
+        support::ExpectTextsApart(chart, words, c.name);
+        for (const support::Word& word : words)
+            EXPECT_FALSE(support::Overlap(word.box, plot, 3.0)) << c.name << ": " << word.text;
     }
 }
 

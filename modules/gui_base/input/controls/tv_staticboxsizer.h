@@ -13,7 +13,11 @@ class GUI_BASE_EXPORT TvStaticBoxSizer : public wxStaticBoxSizer
 public:
     TvStaticBoxSizer(int orient, wxWindow* parent, const wxString& label);
 
-    void Localize(const std::string& unitSystem);
+    virtual void Localize(const std::string& unitSystem);
+
+protected:
+    /// Of a box that has its title from elsewhere.
+    TvStaticBoxSizer(int orient, wxStaticBox* box) : wxStaticBoxSizer(box, orient) {}
 
 private:
     wxString m_label;

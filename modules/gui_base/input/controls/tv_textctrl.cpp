@@ -6,11 +6,39 @@
 
 #include <wx/settings.h>
 
+#include <utility>
+
 TvTextCtrl::TvTextCtrl(wxWindow* parent, int id, const wxString& value, const wxPoint& pos,
                        const wxSize& size, long style, const wxValidator& validator, const wxString& name)
     : wxTextCtrl(parent, id, value, pos, size, style | wxTE_PROCESS_ENTER, validator, name)
 {
     ApplyEditableColour((style & wxTE_READONLY) == 0);
+    if ((style & wxTE_MULTILINE) != 0)
+        return;
+    Bind(wxEVT_KEY_DOWN, &TvTextCtrl::OnKeyDown, this);
+    Bind(wxEVT_LEFT_DOWN, [this](wxMouseEvent& event) {
+        m_isEnteredByClick = !HasFocus();
+        event.Skip();
+    });
+    Bind(wxEVT_LEFT_UP, [this](wxMouseEvent& event) {
+        event.Skip();
+        // A part that was marked with the mouse stays marked.
+        if (std::exchange(m_isEnteredByClick, false) && GetStringSelection().empty())
+            CallAfter([this] { SelectAll(); });
+    });
+}
+
+void TvTextCtrl::OnKeyDown(wxKeyEvent& event)
+{
+    event.Skip();
+    const bool isEnter = event.GetKeyCode() == WXK_RETURN || event.GetKeyCode() == WXK_NUMPAD_ENTER;
+    if (!isEnter || event.HasAnyModifiers())
+        return;
+    // After the commit: what is typed next replaces the value.
+    CallAfter([this] {
+        if (HasFocus())
+            SelectAll();
+    });
 }
 
 bool TvTextCtrl::SetHint(const wxString& text)

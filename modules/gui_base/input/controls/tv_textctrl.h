@@ -9,7 +9,8 @@
 #include <string>
 
 /// A text field with a translatable hint and a background that shows whether it can be edited. It always
-/// processes the Enter key; it is editable unless its style has wxTE_READONLY.
+/// processes the Enter key; it is editable unless its style has wxTE_READONLY. Of one line, its text is
+/// selected when it is clicked into and after Enter, so that what is typed then replaces it.
 class GUI_BASE_EXPORT TvTextCtrl : public wxTextCtrl
 {
 public:
@@ -37,6 +38,8 @@ protected:
 
 private:
     void ApplyEditableColour(bool editable);
+    void OnKeyDown(wxKeyEvent& event);
 
     wxString m_hintText;
+    bool m_isEnteredByClick = false;
 };

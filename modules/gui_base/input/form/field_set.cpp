@@ -217,6 +217,8 @@ tvUnitChoice* FieldSet::AddUnitChoice(wxWindow* parent, const std::string& key,
             field->unit = std::make_unique<ChosenUnit>(field->control.get(), choice);
     }
     accessibility::SetName(*choice, form::PlainLabel(label));
+    // Who types values goes from one to the next; Alt+Down opens the units of a value (see ValueKeys).
+    choice->DisableFocusFromKeyboard();
     return choice;
 }
 

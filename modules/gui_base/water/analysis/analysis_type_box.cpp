@@ -34,7 +34,7 @@ void SetAnalysisType(DetailList& liquid, AnalysisType type)
 }
 
 AnalysisTypeBox::AnalysisTypeBox(wxWindow* parent, FieldSet& fields)
-    : TvStaticBoxSizer(wxVERTICAL, parent, wxTRANSLATE("Analysis"))
+    : CollapsibleBox(wxVERTICAL, parent, wxTRANSLATE("Analysis"))
 {
     fields.AddLocalizable<TvStaticBoxSizer>(this);
     auto* grid = form::NewGrid(*GetStaticBox());
@@ -50,6 +50,7 @@ AnalysisTypeBox::AnalysisTypeBox(wxWindow* parent, FieldSet& fields)
         button->SetTranslatableToolTip(
             wxTRANSLATE("The water is taken as a solution of sodium chloride; the typed ions are kept"));
     Add(grid, wxSizerFlags().Border(wxALL, parent->FromDIP(form::kGap)));
+    TakeKeptState();
 }
 
 TvRadioButton* AnalysisTypeBox::AddButton(FieldSet& fields, wxSizer& grid, const char* label, long style)

@@ -5,7 +5,7 @@
 /// value that it is based on. Owned by the layout of its panel, as every sizer.
 
 #include "gui_base/gui_base_export.h"
-#include "gui_base/input/controls/tv_staticboxsizer.h"
+#include "gui_base/input/controls/collapsible_box.h"
 #include "gui_base/input/form/field_set.h"
 
 class TvRadioButton;
@@ -20,10 +20,10 @@ enum class AnalysisType
 };
 
 /// What "liquid/analysis.type" of a water says; a full analysis for any text that is no type.
-AnalysisType GetAnalysisType(const DetailList& liquid);
+GUI_BASE_EXPORT AnalysisType GetAnalysisType(const DetailList& liquid);
 void SetAnalysisType(DetailList& liquid, AnalysisType type);
 
-class GUI_BASE_EXPORT AnalysisTypeBox : public TvStaticBoxSizer
+class GUI_BASE_EXPORT AnalysisTypeBox : public CollapsibleBox
 {
 public:
     AnalysisTypeBox(wxWindow* parent, FieldSet& fields);

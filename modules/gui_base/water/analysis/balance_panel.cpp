@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "gui_base/water/analysis/balance_panel.h"
 
+#include "gui_base/input/controls/collapsible_box.h"
 #include "gui_base/input/controls/tv_checkbox.h"
-#include "gui_base/input/controls/tv_staticboxsizer.h"
 
 BalancePanel::BalancePanel(wxWindow* parent, FieldSet& fields) : wxPanel(parent)
 {
-    auto* box = fields.AddLocalizable(new TvStaticBoxSizer(wxVERTICAL, this, "Automatic balancing"));
+    auto* box = new CollapsibleBox(wxVERTICAL, this, wxTRANSLATE("Automatic balancing"));
+    fields.AddLocalizable<TvStaticBoxSizer>(box);
     const auto add = [&](const char* key, const char* label) {
         auto* checkBox = fields.AddLocalizable(
             new TvCheckBox(box->GetStaticBox(), wxID_ANY, label, wxDefaultPosition, wxDefaultSize, 0,
@@ -17,5 +18,6 @@ BalancePanel::BalancePanel(wxWindow* parent, FieldSet& fields) : wxPanel(parent)
     };
     m_auto = add("liquid/balance.auto", wxTRANSLATE("Automatic balancing"));
     m_ph = add("liquid/balance.ph", wxTRANSLATE("Include H+ and OH- in automatic balancing"));
+    box->TakeKeptState();
     SetSizer(box);
 }

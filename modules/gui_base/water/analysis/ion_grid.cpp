@@ -10,6 +10,8 @@ namespace wateranalysis {
 namespace {
 
 constexpr int kColumns = 5;
+/// In DIP: of a number of six digits.
+constexpr int kWidth = 66;
 constexpr int kGap = 4;
 /// Digits with which sea water and brines still stand in plain notation.
 constexpr int kMeqlDigits = 5;
@@ -30,7 +32,7 @@ wxSizer* IonGrid::Create(wxWindow* parent, const wxString& title, std::span<cons
                          const std::vector<wxString>& labels, std::span<const TotalRow> totals,
                          wxWindow* headTool)
 {
-    auto* grid = new wxFlexGridSizer(kColumns, parent->FromDIP(wxSize(2 * kGap, kGap)));
+    auto* grid = new wxFlexGridSizer(kColumns, parent->FromDIP(wxSize(2 * kGap, kGap / 2)));
     AddHeads(parent, *grid, title, headTool);
     for (std::size_t i = 0; i < rows.size(); ++i)
         AddRow(parent, *grid, rows[i], i < labels.size() ? labels[i] : wxString::FromUTF8(rows[i].label));
@@ -76,8 +78,8 @@ void IonGrid::AddRow(wxWindow* parent, wxFlexGridSizer& grid, const IonRow& ion,
                                            .unitKey = prefix + ".unit",
                                            .validatorFlags = CheckMax | ZeroAsEmpty | ShowPreciseValue,
                                            .precision = 6,
+                                           .width = kWidth,
                                            .inIsoUnits = true});
-    row.typed->Bind(wxEVT_KEY_DOWN, &IonGrid::OnKeyDown, this);
     grid.Add(row.typed, Cell());
 
     row.unit = m_fields.AddUnitChoice(
@@ -96,6 +98,7 @@ void IonGrid::AddRow(wxWindow* parent, wxFlexGridSizer& grid, const IonRow& ion,
                                              .unit = result,
                                              .validatorFlags = ZeroAsEmpty,
                                              .precision = result == kMeql ? kMeqlDigits : kMglDigits,
+                                             .width = kWidth,
                                              .inIsoUnits = true}),
                  Cell());
     }
@@ -110,11 +113,13 @@ void IonGrid::AddTotal(wxWindow* parent, wxFlexGridSizer& grid, const TotalRow& 
     grid.Add(text, Cell());
     grid.AddSpacer(0);
     grid.AddSpacer(0);
-    grid.Add(
-        m_fields.AddResult(
-            parent,
-            {.key = total.key, .label = label, .unit = kMeql, .precision = kMeqlDigits, .inIsoUnits = true}),
-        Cell());
+    grid.Add(m_fields.AddResult(parent, {.key = total.key,
+                                         .label = label,
+                                         .unit = kMeql,
+                                         .precision = kMeqlDigits,
+                                         .width = kWidth,
+                                         .inIsoUnits = true}),
+             Cell());
     grid.AddSpacer(0);
 }
 
@@ -155,26 +160,6 @@ int IonGrid::FocusedRow() const
             return static_cast<int>(i);
     }
     return -1;
-}
-
-void IonGrid::OnKeyDown(wxKeyEvent& event)
-{
-    const int key = event.GetKeyCode();
-    const int step = key == WXK_DOWN || key == WXK_NUMPAD_DOWN ? 1
-                     : key == WXK_UP || key == WXK_NUMPAD_UP   ? -1
-                                                               : 0;
-    if (step == 0 || event.HasAnyModifiers()) {
-        event.Skip();
-        return;
-    }
-    for (int i = FocusedRow() + step; i >= 0 && i < static_cast<int>(m_rows.size()); i += step) {
-        TvTextCtrl* field = m_rows[static_cast<std::size_t>(i)].typed;
-        if (field->IsEnabled() && field->IsEditable()) {
-            field->SetFocus();
-            field->SelectAll();
-            return;
-        }
-    }
 }
 
 }  // namespace wateranalysis

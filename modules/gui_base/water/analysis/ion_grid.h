@@ -60,7 +60,6 @@ private:
     void AddHeads(wxWindow* parent, wxFlexGridSizer& grid, const wxString& title, wxWindow* headTool);
     void AddRow(wxWindow* parent, wxFlexGridSizer& grid, const IonRow& ion, const wxString& label);
     void AddTotal(wxWindow* parent, wxFlexGridSizer& grid, const TotalRow& total);
-    void OnKeyDown(wxKeyEvent& event);
 
     FieldSet& m_fields;
     const UnitLists& m_units;

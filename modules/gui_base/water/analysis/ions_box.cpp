@@ -49,6 +49,15 @@ wxString IonsBox::ExplainBalance() const
         ExplainedNumber(error));
 }
 
+int IonsBox::GetWidth(int orientation)
+{
+    const int present = GetOrientation();
+    SetOrientation(orientation);
+    const int width = CalcMin().x;
+    SetOrientation(present);
+    return width;
+}
+
 const IonGrid& IonsBox::GetFocusedGrid() const
 {
     for (const auto& grid : m_grids) {

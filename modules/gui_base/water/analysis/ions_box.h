@@ -24,6 +24,8 @@ public:
     wxSizer* AddCations(const wxString& title, const std::vector<wxString>& labels);
     wxSizer* AddAnions(const wxString& title, const std::vector<wxString>& labels);
 
+    /// Width in pixels that both grids need beside or below each other.
+    int GetWidth(int orientation);
     const std::vector<std::unique_ptr<IonGrid>>& GetGrids() const { return m_grids; }
     /// The grid that holds the focus, otherwise that of the cations.
     const IonGrid& GetFocusedGrid() const;

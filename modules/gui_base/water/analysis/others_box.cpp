@@ -215,6 +215,19 @@ void OthersBox::AddFurtherProperties()
     Add(m_furtherProperties, wxSizerFlags().Expand().Border(wxALL, pane->FromDIP(form::kGap)));
 }
 
+std::vector<ValueKeys::Cell> OthersBox::GetValues() const
+{
+    std::vector<ValueKeys::Cell> values{{m_temperature, m_temperatureUnit}};
+    for (const PropertyRow& row : kMainProperties)
+        values.push_back({m_fields.FindField(row.key)});
+    for (const Typed& row : m_typed)
+        values.push_back({row.field, row.unit});
+    values.push_back({m_co2, m_co2Unit});
+    for (const PropertyRow& row : kFurtherProperties)
+        values.push_back({m_fields.FindField(row.key)});
+    return values;
+}
+
 void OthersBox::EnableInputs(bool enable)
 {
     m_temperature->Enable(enable);

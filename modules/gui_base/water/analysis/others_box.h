@@ -8,6 +8,7 @@
 #include "gui_base/gui_base_export.h"
 #include "gui_base/input/controls/tv_staticboxsizer.h"
 #include "gui_base/input/form/field_set.h"
+#include "gui_base/input/form/value_keys.h"
 
 #include <wx/collpane.h>
 
@@ -33,6 +34,8 @@ public:
         bool ofFullAnalysis = false;  ///< a short one does without
     };
     const std::vector<Typed>& GetTyped() const { return m_typed; }
+    /// All values that can be typed, from above, with their units.
+    std::vector<ValueKeys::Cell> GetValues() const;
     TvTextCtrl& GetPh() const { return *m_ph; }
     TvButton& GetAlkalizeButton() const { return *m_alkalize; }
     TvButton& GetCo2CalculatorButton() const { return *m_co2Calculator; }

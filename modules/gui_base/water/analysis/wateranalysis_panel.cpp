@@ -3,6 +3,7 @@
 
 #include "core/polarization.h"
 #include "gui_base/input/controls/tv_checkbox.h"
+#include "gui_base/input/form/flow_sizer.h"
 #include "gui_base/input/form/form_grid.h"
 #include "gui_base/support/events.h"
 #include "gui_base/support/exception_text.h"
@@ -71,12 +72,12 @@ void WaterAnalysisPanel::CreateControls()
     using namespace wateranalysis;
     const wxSizerFlags spaced = wxSizerFlags().Border(wxALL, FromDIP(form::kGap));
     auto* outer = new wxBoxSizer(wxVERTICAL);
-    auto* top = new wxBoxSizer(wxHORIZONTAL);
+    m_head = new FlowSizer;
     m_typeBox = new AnalysisTypeBox(this, GetFields());
-    top->Add(m_typeBox, spaced);
+    m_head->Add(m_typeBox, wxSizerFlags(spaced).Expand());
     m_balance = new BalancePanel(this, GetFields());
-    top->Add(m_balance, wxSizerFlags(spaced).Expand());
-    outer->Add(top);
+    m_head->Add(m_balance, wxSizerFlags(spaced).Expand());
+    outer->Add(m_head);
 
     m_columns = new wxBoxSizer(wxHORIZONTAL);
     m_ions = new IonsBox(this, GetFields(), m_units);
@@ -85,10 +86,12 @@ void WaterAnalysisPanel::CreateControls()
     m_columns->Add(m_ions, wxSizerFlags(spaced).Top());
     m_rightColumn = new wxBoxSizer(wxVERTICAL);
     m_rightColumn->Add(CreateOthersPanel(), wxSizerFlags(spaced).Expand());
-    m_rightColumn->Add(CreateSummaryPanel(), wxSizerFlags(spaced).Expand());
+    m_summary = CreateSummaryPanel();
+    m_rightColumn->Add(m_summary, wxSizerFlags(spaced).Expand());
     m_columns->Add(m_rightColumn);
     outer->Add(m_columns);
     SetSizer(outer);
+    ArrangeFor(GetClientSize().x);
 }
 
 wxSizer* WaterAnalysisPanel::CreateCationGrid(const wxString& title, const std::vector<wxString>& labels)
@@ -327,6 +330,17 @@ void WaterAnalysisPanel::StoreTypedValues(const std::vector<std::pair<std::strin
         for (const auto& [key, value] : values)
             m_liquid.GetDetails()->At(key).SetValue(value);
     }
+    UpdateAndSignal();
+}
+
+void WaterAnalysisPanel::StoreUnitOfIons(const std::string& unit, water::TypedNumbers numbers)
+{
+    {
+        const ProjectEdit edit(*GetProject(), wxTRANSLATE("unit of all ions"));
+        water::SetUnitOfIons(*m_liquid.GetDetails(), unit, numbers);
+    }
+    GetFields().UpdateNames(GetCurrentDisplayUnitSystem());
+    DoUpdateValidators();
     UpdateAndSignal();
 }
 

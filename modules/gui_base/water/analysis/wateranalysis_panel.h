@@ -11,13 +11,16 @@
 
 #include "gui_base/gui_base_export.h"
 #include "gui_base/input/form/form_panel.h"
+#include "gui_base/input/form/value_keys.h"
 #include "gui_base/water/analysis/ion_grid.h"
+#include "projectbase/water/units_of_ions.h"
 
 #include <optional>
 #include <string>
 #include <utility>
 #include <vector>
 
+class FlowSizer;
 class BalancePanel;
 class TVHelpFileProvider;
 class wxCollapsiblePaneEvent;
@@ -73,6 +76,8 @@ public:
 
     /// Stores several typed values, by detail key, as one change.
     void StoreTypedValues(const std::vector<std::pair<std::string, double>>& values);
+    /// Gives all ions one unit, as one step of the history.
+    void StoreUnitOfIons(const std::string& unit, water::TypedNumbers numbers);
     /// Opens the page of this module in the user guide.
     void ShowHelp() const;
     /// Also the check box of automatic balancing, to which an analysis leads whose charges differ.
@@ -110,6 +115,9 @@ protected:
     WaterAnalysisPanel(CreatedByDerived, Project* project, std::size_t detailIndex, wxWindow* parent, int id,
                        TVHelpFileProvider* help, const wxPoint& pos, const wxSize& size, long style);
 
+    /// What stands above the ions, side by side as far as there is room.
+    FlowSizer& GetHead() { return *m_head; }
+
     long GetPanelProjectStatus() override;
     void DoResetMessages() override { m_sentViolations.reset(); }
     void DoCreateForm() override { CreateControls(); }
@@ -140,9 +148,14 @@ private:
 
     void OnUnitChanged(wxCommandEvent& event);
     void OnSize(wxSizeEvent& event);
+    /// Gives every box its place in a window of that width.
+    void ArrangeFor(int width);
+    void PlaceSummary(wxSizer& place);
 
     LiquidData& m_liquid;
     TVHelpFileProvider* m_help;
+    /// Through the values of the ions and of what else was analysed.
+    ValueKeys m_keys;
     /// The choices of units, built once.
     const wateranalysis::IonGrid::UnitLists m_units;
     /// The boxes belong to the layout.
@@ -150,8 +163,10 @@ private:
     BalancePanel* m_balance = nullptr;
     wateranalysis::IonsBox* m_ions = nullptr;
     wateranalysis::OthersBox* m_others = nullptr;
+    FlowSizer* m_head = nullptr;
     wxBoxSizer* m_columns = nullptr;
     wxBoxSizer* m_rightColumn = nullptr;
+    wxSizer* m_summary = nullptr;
     /// What the user was told last about the alkalization.
     water::AlkalizationResult m_toldAlkalization = water::AlkalizationResult::None;
     /// Keys of the details out of range that the host was told last.

@@ -3,6 +3,8 @@
 #include "gui_base/input/controls/tv_button.h"
 #include "gui_base/input/controls/tv_checkbox.h"
 #include "gui_base/input/controls/tv_radiobutton.h"
+#include "gui_base/input/form/flow_sizer.h"
+#include "gui_base/input/form/form_grid.h"
 #include "gui_base/support/exception_text.h"
 #include "gui_base/support/translation.h"
 #include "gui_base/water/analysis/analysis_type_box.h"
@@ -35,12 +37,20 @@ void WaterAnalysisPanel::DoBindEvents()
     m_others->GetStaticBox()->Bind(wxEVT_CHECKBOX, &Panel::OnCalculateCO2Click, this);
     m_others->GetAlkalizeButton().Bind(wxEVT_BUTTON, &Panel::OnAlkalizationClick, this);
     m_others->GetCo2CalculatorButton().Bind(wxEVT_BUTTON, &Panel::OnCO2CalculatorClick, this);
-    m_others->GetFurtherProperties().Bind(wxEVT_COLLAPSIBLEPANE_CHANGED, &Panel::OnCollPaneChanged, this);
+    Bind(wxEVT_COLLAPSIBLEPANE_CHANGED, &Panel::OnCollPaneChanged, this);
     m_others->GetCo2Unit().Bind(tvCHANGE_EVENT, &Panel::OnUnitChanged, this);
     for (const auto& typed : m_others->GetTyped())
         typed.unit->Bind(tvCHANGE_EVENT, &Panel::OnUnitChanged, this);
     m_others->GetTemperatureUnit().Bind(tvCHANGE_EVENT, &Panel::OnTemparatureUnitChanged, this);
     m_others->GetPh().Bind(wxEVT_UPDATE_UI, &Panel::OnPhUpdate, this);
+    m_keys.Clear();
+    for (const auto& grid : m_ions->GetGrids()) {
+        std::vector<ValueKeys::Cell> column;
+        for (const wateranalysis::IonGrid::Row& row : grid->Rows())
+            column.push_back({row.typed, row.unit});
+        m_keys.AddColumn(column);
+    }
+    m_keys.AddColumn(m_others->GetValues());
     m_ions->GetDefaultUnitButton().Bind(wxEVT_BUTTON, &Panel::OnDefaultUnitClicked, this);
     for (const auto& grid : m_ions->GetGrids()) {
         for (const wateranalysis::IonGrid::Row& row : grid->Rows()) {
@@ -92,13 +102,7 @@ void WaterAnalysisPanel::OnBalancePHClick(wxCommandEvent&)
 
 void WaterAnalysisPanel::OnAlkalizationClick(wxCommandEvent&)
 {
-    bool accepted = false;
-    {
-        const ProjectEdit edit(*GetProject(), wxTRANSLATE("alkalization"));
-        AlkalizationDialog dialog(GetProject(), static_cast<int>(m_liquid.GetPosition()),
-                                  wxGetTopLevelParent(this));
-        accepted = dialog.ShowModal() == wxID_OK;
-    }
+    const bool accepted = AlkalizationDialog::ShowFor(*GetProject(), m_liquid, wxGetTopLevelParent(this));
     UpdateAnalysis();
     if (accepted)
         SignalChanges();
@@ -107,13 +111,7 @@ void WaterAnalysisPanel::OnAlkalizationClick(wxCommandEvent&)
 void WaterAnalysisPanel::OnCO2CalculatorClick(wxCommandEvent&)
 {
     const bool wasCalculated = m_liquid.GetDetails()->At("liquid/calculate.co2").GetBoolValue();
-    bool accepted = false;
-    {
-        const ProjectEdit edit(*GetProject(), wxTRANSLATE("CO2 Calculator"));
-        tvCO2CalculatorDialog dialog(GetProject(), static_cast<int>(m_liquid.GetPosition()),
-                                     wxGetTopLevelParent(this), wxID_ANY, i18n::Translated("CO2 Calculator"));
-        accepted = dialog.ShowModal() == wxID_OK;
-    }
+    const bool accepted = tvCO2CalculatorDialog::ShowFor(*GetProject(), m_liquid, wxGetTopLevelParent(this));
     UpdateAnalysis();
     if (accepted || wasCalculated)
         SignalChanges();
@@ -160,6 +158,7 @@ void WaterAnalysisPanel::OnNameUpdate(wxCommandEvent& event)
 
 void WaterAnalysisPanel::OnCollPaneChanged(wxCollapsiblePaneEvent& event)
 {
+    Layout();
     FitInside();
     event.Skip();
 }
@@ -195,17 +194,36 @@ void WaterAnalysisPanel::OnPhUpdate(wxUpdateUIEvent& event)
 void WaterAnalysisPanel::OnSize(wxSizeEvent& event)
 {
     event.Skip();
-    if (m_columns == nullptr)
-        return;
-    // Columns that do not fit beside each other stand one below the other.
-    int right = 0;
-    for (wxSizerItem* item : m_rightColumn->GetChildren())
-        right = std::max(right, item->CalcMin().x);
-    const int width = m_columns->GetItem(std::size_t{0})->CalcMin().x + right;
-    const int orientation = GetClientSize().x >= width ? wxHORIZONTAL : wxVERTICAL;
-    if (m_columns->GetOrientation() == orientation)
-        return;
-    m_columns->SetOrientation(orientation);
     // The toolkit lays out for the new size when this handler has returned.
-    m_rightColumn->SetOrientation(orientation == wxHORIZONTAL ? wxVERTICAL : wxHORIZONTAL);
+    if (m_columns != nullptr)
+        ArrangeFor(GetClientSize().x);
+}
+
+void WaterAnalysisPanel::ArrangeFor(int width)
+{
+    m_head->SetRoom(width);
+    const int ionsBeside = m_ions->GetWidth(wxHORIZONTAL);
+    const int ionsBelow = m_ions->GetWidth(wxVERTICAL);
+    const int others = m_others->CalcMin().x + 2 * FromDIP(form::kGap);
+    const int summary = m_summary->CalcMin().x + 2 * FromDIP(form::kGap);
+    const int margin = 2 * FromDIP(form::kGap);
+    // Cations and anions side by side come first, then what stands beside them.
+    const bool isBeside = ionsBeside + margin <= width;
+    const int ions = (isBeside ? ionsBeside : ionsBelow) + margin;
+    m_ions->SetOrientation(isBeside ? wxHORIZONTAL : wxVERTICAL);
+    const bool othersBeside = ions + others <= width;
+    const bool isColumn = ions + std::max(others, summary) <= width;
+    m_columns->SetOrientation(othersBeside ? wxHORIZONTAL : wxVERTICAL);
+    const bool isLine = othersBeside ? ions + others + summary <= width : others + summary <= width;
+    m_rightColumn->SetOrientation(isLine ? wxHORIZONTAL : wxVERTICAL);
+    PlaceSummary(othersBeside && !isColumn ? *GetSizer() : *m_rightColumn);
+}
+
+void WaterAnalysisPanel::PlaceSummary(wxSizer& place)
+{
+    if (place.GetItem(m_summary) != nullptr)
+        return;
+    for (wxSizer* present : {GetSizer(), static_cast<wxSizer*>(m_rightColumn)})
+        present->Detach(m_summary);
+    place.Add(m_summary, wxSizerFlags().Expand().Border(wxALL, FromDIP(form::kGap)));
 }

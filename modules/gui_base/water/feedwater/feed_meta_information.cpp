@@ -13,9 +13,9 @@
 namespace {
 
 /// Country and place bring a gap between them.
-constexpr int kColumns = 7;
-constexpr int kSourceWidth = 200;
-constexpr int kCountryWidth = 200;
+constexpr int kColumns = 5;
+constexpr int kSourceWidth = 165;
+constexpr int kCountryWidth = 190;
 
 LiquidData& Required(LiquidData* liquid)
 {
@@ -64,7 +64,6 @@ void FeedMetaInformation::CreateControls(const FeedMetaInformationConfig& config
     const wxSize size(FromDIP(kCountryWidth), country->GetSize().y);
     country->SetMinSize(size);
     country->SetMaxSize(size);
-    AddCell(*grid, {.key = "liquid/sampling.date", .label = wxTRANSLATE("Date of sampling")});
 
     m_waterType = AddCombination(std::make_unique<ChoiceCombination>(
         this, wxID_ANY, wxTRANSLATE("Water type"), ":", WithNone(config.waterTypes),
@@ -72,6 +71,8 @@ void FeedMetaInformation::CreateControls(const FeedMetaInformationConfig& config
     grid->AddSpacer(0);
     AddCell(*grid,
             {.key = "liquid/water.source", .label = wxTRANSLATE("Water source"), .width = kSourceWidth});
+    AddCell(*grid, {.key = "liquid/sampling.date", .label = wxTRANSLATE("Date of sampling")});
+    grid->AddSpacer(0);
     CreateCommentButton(*grid);
     SetSizer(grid);
 }

@@ -3,7 +3,8 @@
 
 #include "dbinterfaces/master_database.h"
 #include "gui_base/dialogs/gui_utils.h"
-#include "gui_base/input/controls/tv_staticboxsizer.h"
+#include "gui_base/input/controls/collapsible_box.h"
+#include "gui_base/input/form/flow_sizer.h"
 #include "gui_base/support/translation.h"
 #include "projectbase/whatif/what_if_rows.h"
 
@@ -29,11 +30,6 @@ FeedWaterPanel::FeedWaterPanel(Project* project, std::size_t detailIndex, wxWind
     : WaterAnalysisPanel(CreatedByDerived(), project, detailIndex, parent, id, help, wxDefaultPosition,
                          wxDefaultSize, wxTAB_TRAVERSAL | wxHSCROLL | wxVSCROLL)
 {
-    Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
-        // The toolkit lays out for the new size afterwards.
-        ArrangeHeader();
-        event.Skip();
-    });
     Create();
 }
 
@@ -55,31 +51,31 @@ void FeedWaterPanel::CreateHeader()
 {
     Project* const project = GetProject();
     wxWindow* const first = GetChildren().empty() ? nullptr : GetChildren().front();
-    m_header = new wxBoxSizer(wxHORIZONTAL);
     const wxSizerFlags spaced = wxSizerFlags().Border(wxALL, FromDIP(kGap));
-
-    auto* feed = AddLocalizable(new TvStaticBoxSizer(wxVERTICAL, this, wxTRANSLATE("Feed water")));
+    auto* feed = new CollapsibleBox(wxVERTICAL, this, wxTRANSLATE("Feed water"));
+    AddLocalizable<TvStaticBoxSizer>(feed);
     m_specification = new FeedWaterSpecification(project, static_cast<int>(GetLiquid().GetPosition()),
                                                  feed->GetStaticBox());
     feed->Add(m_specification, spaced);
-    auto* origin = AddLocalizable(new TvStaticBoxSizer(wxVERTICAL, this, wxTRANSLATE("Origin of the water")));
+    feed->TakeKeptState();
+    auto* origin = new CollapsibleBox(wxVERTICAL, this, wxTRANSLATE("Origin of the water"));
+    AddLocalizable<TvStaticBoxSizer>(origin);
     m_metaInformation = new FeedMetaInformation({.parent = origin->GetStaticBox(),
                                                  .liquid = &GetLiquid(),
                                                  .countries = gui_utils::GetCountries(),
                                                  .waterTypes = WaterTypes()});
     origin->Add(m_metaInformation, spaced);
-    auto* quantity = new wxBoxSizer(wxHORIZONTAL);
-    quantity->Add(feed, wxSizerFlags(spaced).Expand());
-    m_header->Add(quantity, wxSizerFlags().Expand());
-    m_header->Add(origin, wxSizerFlags(spaced).Expand());
+    origin->TakeKeptState();
     DetailList& details = project->GetDetails();
     m_organics = new OrganicsInputPanel(&details.At("feed/medium"), &details.At("feed/organics"), this,
                                         GetStatusBar());
     m_organicsController = std::make_unique<OrganicsInputPanelController>(project, m_organics);
     AddLocalizable(m_organics);
-    quantity->Add(m_organics, wxSizerFlags(spaced).Expand());
     m_organics->Show(IsFirstWater());
-    GetSizer()->Insert(0, m_header);
+    int place = 0;
+    for (wxSizer* box : {static_cast<wxSizer*>(feed), static_cast<wxSizer*>(origin)})
+        GetHead().Insert(place++, box, wxSizerFlags(spaced).Expand());
+    GetHead().Insert(1, m_organics, wxSizerFlags(spaced).Expand());
     // What stands above comes first for the keyboard, too.
     if (first != nullptr) {
         feed->GetStaticBox()->MoveBeforeInTabOrder(first);
@@ -88,27 +84,13 @@ void FeedWaterPanel::CreateHeader()
     }
 }
 
-void FeedWaterPanel::ArrangeHeader()
-{
-    if (m_header == nullptr)
-        return;
-    int width = 0;
-    for (wxSizerItem* item : m_header->GetChildren())
-        width += item->CalcMin().x;
-    const int orientation = GetClientSize().x >= width ? wxHORIZONTAL : wxVERTICAL;
-    if (m_header->GetOrientation() != orientation)
-        m_header->SetOrientation(orientation);
-}
-
 void FeedWaterPanel::DoTransferDetailsToWindows()
 {
     WaterAnalysisPanel::DoTransferDetailsToWindows();
     m_organicsController->TransferToView();
     // Waters move: another one may be the first.
-    if (m_organics->Show(IsFirstWater())) {
-        ArrangeHeader();
+    if (m_organics->Show(IsFirstWater()))
         FitInside();
-    }
 }
 
 bool FeedWaterPanel::IsFirstWater() const

@@ -28,7 +28,6 @@ protected:
 
 private:
     void CreateHeader();
-    void ArrangeHeader();
     /// The organics of the feed stand with the first water.
     bool IsFirstWater() const;
 
@@ -36,5 +35,4 @@ private:
     FeedMetaInformation* m_metaInformation = nullptr;
     OrganicsInputPanel* m_organics = nullptr;
     std::unique_ptr<OrganicsInputPanelController> m_organicsController;
-    wxBoxSizer* m_header = nullptr;
 };

@@ -2,7 +2,7 @@
 #include "gui_base/water/feedwater/organics_input_panel.h"
 
 #include "dbinterfaces/master_database.h"
-#include "gui_base/input/controls/tv_staticboxsizer.h"
+#include "gui_base/input/controls/collapsible_box.h"
 #include "gui_base/input/events.h"
 #include "gui_base/support/events.h"
 #include "projectbase/project/project.h"
@@ -22,7 +22,8 @@ OrganicsInputPanel::OrganicsInputPanel(DetailData* mediumDetail, DetailData* org
                                        long style)
     : FeedMediumForm(parent, id, pos, size, style)
 {
-    auto* box = AddControl(new TvStaticBoxSizer(wxVERTICAL, this, wxTRANSLATE("Organics input")));
+    auto* box = new CollapsibleBox(wxVERTICAL, this, wxTRANSLATE("Organics input"));
+    AddControl<TvStaticBoxSizer>(box);
     auto* grid = form::NewGrid(*this, kColumns);
     GetFields().SetLabelSuffix(":");
     AddMediumRows(box->GetStaticBox(), *grid, wxTRANSLATE("Medium"), mediumDetail);
@@ -30,6 +31,7 @@ OrganicsInputPanel::OrganicsInputPanel(DetailData* mediumDetail, DetailData* org
     m_organics = static_cast<tvChoiceAdv*>(
         GetFields().AddRow(box->GetStaticBox(), *grid, organics, *organicsDetail).field);
     box->Add(grid, wxSizerFlags().Border(wxALL, FromDIP(form::kGap)));
+    box->TakeKeptState();
     SetSizer(box);
     CompleteForm();
     SetStatusBar(statusBar);

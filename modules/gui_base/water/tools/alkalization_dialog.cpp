@@ -5,6 +5,7 @@
 #include "gui_base/input/controls/tv_radiobutton.h"
 #include "gui_base/input/controls/tv_unitlabel.h"
 #include "gui_base/support/translation.h"
+#include "projectbase/project/project_edit.h"
 
 #include <wx/stattext.h>
 #include <wx/translation.h>
@@ -138,4 +139,10 @@ void AlkalizationDialog::RestoreData()
 {
     for (const auto& [detail, value] : m_before)
         detail->RestoreValue(value);
+}
+
+bool AlkalizationDialog::ShowFor(Project& project, const LiquidData& water, wxWindow* parent)
+{
+    const ProjectEdit edit(project, wxTRANSLATE("alkalization"));
+    return AlkalizationDialog(&project, static_cast<int>(water.GetPosition()), parent).ShowModal() == wxID_OK;
 }

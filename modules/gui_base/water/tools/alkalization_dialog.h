@@ -42,6 +42,10 @@ public:
     AlkalizationDialog(Project* project, int liquid, wxWindow* parent, int id = wxID_ANY,
                        const wxString& title = {});
 
+    /// Shows the dialog for a water of the project; all that the user does in it is one step of the history.
+    /// Whether it was accepted.
+    static bool ShowFor(Project& project, const LiquidData& water, wxWindow* parent);
+
     AlkalizationPanel* GetPanel() const { return static_cast<AlkalizationPanel*>(GetToolPanel()); }
 
 protected:

@@ -91,3 +91,11 @@ void tvCO2CalculatorDialog::RestoreData()
         detail->RestoreValue(value);
     GetDetails().At("liquid/calculate.co2").SetValue(false);
 }
+
+bool tvCO2CalculatorDialog::ShowFor(Project& project, const LiquidData& water, wxWindow* parent)
+{
+    const ProjectEdit edit(project, wxTRANSLATE("CO2 Calculator"));
+    return tvCO2CalculatorDialog(&project, static_cast<int>(water.GetPosition()), parent, wxID_ANY,
+                                 i18n::Translated("CO2 Calculator"))
+               .ShowModal() == wxID_OK;
+}

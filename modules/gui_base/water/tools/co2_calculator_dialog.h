@@ -44,6 +44,10 @@ public:
                           const wxString& name = wxASCII_STR(wxDialogNameStr));
     ~tvCO2CalculatorDialog() override;
 
+    /// Shows the dialog for a water of the project; all that the user does in it is one step of the history.
+    /// Whether it was accepted.
+    static bool ShowFor(Project& project, const LiquidData& water, wxWindow* parent);
+
     tvCO2CalculatorPanel* GetPanel() const { return static_cast<tvCO2CalculatorPanel*>(GetToolPanel()); }
 
     void RestoreData() override;

@@ -2,6 +2,7 @@
 // The water analysis as its user drives it: real keys, three number locales, three unit systems, two
 // languages.
 #include "gui_base/input/validation/temperature_validator.h"
+#include "gui_base/water/analysis/unit_for_all.h"
 #include "tests/gui/water/analysis/wateranalysis_fixture.h"
 
 #include <fmt/format.h>
@@ -64,23 +65,88 @@ TEST_F(WaterAnalysisTest, EveryRowCanBeTypedByKeyboardAlone)
     }
 }
 
-TEST_F(WaterAnalysisTest, TabWalksTypedValuesAndUnitsInReadingOrder)
+TEST_F(WaterAnalysisTest, KeysWalkTheValuesLikeThoseOfASpreadsheet)
 {
     Open();
+    struct Step
+    {
+        int key;
+        int modifiers;
+        const char* field;
+    };
+    const std::vector<Step> steps{
+        {WXK_TAB, 0, "ca.orig"},        {WXK_TAB, 0, "mg.orig"}, {WXK_RETURN, 0, "k.orig"},
+        {WXK_UP, 0, "mg.orig"},         {WXK_DOWN, 0, "k.orig"}, {WXK_TAB, wxMOD_SHIFT, "mg.orig"},
+        {WXK_PAGEDOWN, 0, "cl.orig"},   {WXK_UP, 0, "al.orig"},  {WXK_NUMPAD_ENTER, 0, "cl.orig"},
+        {WXK_PAGEDOWN, 0, "temp.orig"}, {WXK_RETURN, 0, "ph"},   {WXK_PAGEUP, 0, "cl.orig"},
+        {WXK_PAGEUP, 0, "na.orig"},     {WXK_UP, 0, "na.orig"},
+    };
     Focus(Field("na.orig"));
-    // The unit choice of a row stands between two values; the toolkit does not name it as the focused window.
-    for (const char* next : {"ca.orig", "mg.orig", "k.orig"}) {
-        Press(WXK_TAB);
-        EXPECT_EQ(wxWindow::FindFocus(), nullptr);
-        Press(WXK_TAB);
-        EXPECT_EQ(wxWindow::FindFocus(), &Field(next));
+    for (const Step& step : steps) {
+        Press(step.key, step.modifiers);
+        EXPECT_EQ(wxWindow::FindFocus(), &Field(step.field)) << step.field << " has the focus";
     }
+    // What is entered is selected, and what stands behind Enter begins anew.
+    Type("23");
+    Press(WXK_RETURN);
+    Type("5");
     Press(WXK_UP);
+    EXPECT_EQ(Value("na.orig"), 23.0);
+    EXPECT_EQ(Value("ca.orig"), 5.0);
+    Type("7");
     Press(WXK_DOWN);
-    EXPECT_EQ(wxWindow::FindFocus(), &Field("k.orig"));
+    EXPECT_EQ(Value("na.orig"), 7.0) << "typed over the selected 23";
+    // Fields without a column of values, too: a click selects, and so does Enter.
+    Click(Field("ph"));
+    Type("8");
+    Press(WXK_TAB);
+    Click(Field("ph"));
+    Type("6");
+    Press(WXK_TAB);
+    EXPECT_EQ(Value("ph"), 6.0);
+}
+
+TEST_F(WaterAnalysisTest, UnitsOpenByAKey)
+{
+    Open();
+    Focus(Field("ca.orig"));
+    Press(WXK_DOWN, wxMOD_ALT);
+    // The list of the toolkit is open and has the keyboard.
     Press(WXK_UP);
-    Press(WXK_UP);
-    EXPECT_EQ(wxWindow::FindFocus(), &Field("ca.orig"));
+    Press(WXK_RETURN);
+    EXPECT_EQ(Detail("ca.unit").GetStringValue(), "meq/l");
+    Press(WXK_F4);
+    Press(WXK_DOWN);
+    Press(WXK_RETURN);
+    EXPECT_EQ(Detail("ca.unit").GetStringValue(), "mg/l");
+}
+
+TEST_F(WaterAnalysisTest, OneUnitForAllAsksAboutTypedNumbers)
+{
+    Open();
+    wateranalysis::SetUnitForAll(*m_panel, "meq/l");
+    EXPECT_EQ(Detail("so4.unit").GetStringValue(), "meq/l") << "nobody is asked while nothing is typed";
+    gui_test::Enter(Field("ca.orig"), "2");
+    gui_test::Enter(Field("cl.orig"), "3");
+    gui_test::DialogAnswers dialogs;
+    const struct
+    {
+        int answer;
+        const char* unit;
+        double calcium;
+        double meql;
+    } cases[] = {{wxID_CANCEL, "meq/l", 2.0, 2.0},
+                 {wxID_YES, "mg/l", 40.08, 2.0},
+                 {wxID_NO, "ppm CaCO3", 40.08, 0.8016}};
+    for (const auto& test : cases) {
+        dialogs.Expect([&](wxDialog&) { return test.answer; });
+        wateranalysis::SetUnitForAll(*m_panel,
+                                     test.answer == wxID_CANCEL ? wxString("ppb") : wxString(test.unit));
+        EXPECT_EQ(Detail("ca.unit").GetStringValue(), test.unit);
+        EXPECT_EQ(Detail("k.unit").GetStringValue(), test.unit);
+        EXPECT_NEAR(Value("ca.orig"), test.calcium, 1e-9) << test.unit;
+        EXPECT_NEAR(Value("ca.meql"), test.meql, 1e-9) << test.unit;
+    }
 }
 
 TEST_F(WaterAnalysisTest, UnitsOfIons)

@@ -180,13 +180,14 @@ TEST_F(FeedWaterTest, OriginIsStoredAtOnce)
     EXPECT_EQ(Notified(), 0);
 }
 
-TEST_F(FeedWaterTest, OriginStandsInTwoRowsOfColumns)
+TEST_F(FeedWaterTest, OriginStandsInRowsOfColumns)
 {
     const auto at = [](const wxWindow* window) { return window->GetScreenPosition(); };
     EXPECT_EQ(at(&Place()).x, at(&Source()).x);
-    EXPECT_EQ(at(&Date()).x, at(&Comments()).x);
+    EXPECT_EQ(at(&Source()).x, at(&Comments()).x);
     EXPECT_EQ(at(&Choice("Country")).x, at(&Choice("Water type")).x);
-    EXPECT_LT(at(&Date()).y, at(&Source()).y);
+    EXPECT_EQ(at(&Choice("Country")).x, at(&Date()).x);
+    EXPECT_LT(at(&Source()).y, at(&Date()).y);
 }
 
 TEST_F(FeedWaterTest, CommentsAreEditedBelowTheButton)
@@ -254,18 +255,19 @@ TEST_F(FeedWaterTest, TabGoesFromTheFeedOverTheOriginToTheAnalysis)
 {
     Focus(Field("nlines"));
     std::vector<std::string> names;
-    for (int i = 0; i < 11; ++i) {
+    for (int i = 0; i < 14; ++i) {
         Press(WXK_TAB);
         const wxWindow* focused = wxWindow::FindFocus();
         names.push_back(focused != nullptr ? focused->GetName().utf8_string() : "");
     }
-    names[6] = "date";  // a part of the date field has the focus, whatever its name
+    names[10] = "date";  // a part of the date field has the focus, whatever its name
     names.back() = wxWindow::FindFocus() != nullptr ? wxWindow::FindFocus()->GetLabel().utf8_string() : "";
     const std::string degrees = "Temperature [\u00b0C]";
     // The toolkit does not tell when a choice has the focus: those of medium, temperature unit, organics,
     // country and type.
-    EXPECT_EQ(names, (std::vector<std::string>{"", degrees, "", "", "", "Place", "date", "", "Water source",
-                                               "Comments", "Full analysis"}));
+    EXPECT_EQ(names, (std::vector<std::string>{"Organics input", "", degrees, "", "", "Origin of the water",
+                                               "", "Place", "", "Water source", "date", "Comments",
+                                               "Analysis", "Full analysis"}));
 }
 
 TEST_F(FeedWaterTest, ClipboardKeepsAWater)

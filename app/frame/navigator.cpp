@@ -1,0 +1,102 @@
+// SPDX-License-Identifier: MIT
+#include "app/frame/navigator.h"
+
+#include "app/frame/main_frame.h"
+#include "app/frame/menu_table.h"
+#include "gui_base/support/translation.h"
+#include "projectbase/water/liquid_data.h"
+
+namespace app {
+
+Navigator::Navigator(wxTreeCtrl& tree, MainFrame& frame) : m_tree(tree), m_frame(frame)
+{
+    m_tree.Bind(wxEVT_TREE_BEGIN_LABEL_EDIT, [this](wxTreeEvent& event) {
+        if (WaterOf(event.GetItem()) == nullptr)
+            event.Veto();
+    });
+    m_tree.Bind(wxEVT_TREE_END_LABEL_EDIT, &Navigator::OnEditEnded, this);
+    m_tree.Bind(wxEVT_TREE_BEGIN_DRAG, &Navigator::OnDragBegun, this);
+    m_tree.Bind(wxEVT_TREE_END_DRAG, &Navigator::OnDragEnded, this);
+    m_tree.Bind(wxEVT_TREE_ITEM_MENU, &Navigator::OnMenu, this);
+    m_tree.Bind(wxEVT_TREE_KEY_DOWN, &Navigator::OnKey, this);
+    m_tree.Bind(wxEVT_TREE_ITEM_GETTOOLTIP,
+                [this](wxTreeEvent& event) { event.SetToolTip(m_tree.GetItemText(event.GetItem())); });
+}
+
+LiquidData* Navigator::WaterOf(const wxTreeItemId& item) const
+{
+    const PageHost* page = item.IsOk() ? m_frame.GetBook().PageOf(item) : nullptr;
+    return page == nullptr ? nullptr
+                           : dynamic_cast<LiquidData*>(m_frame.GetProject().FindOwner(page->GetOwner()));
+}
+
+void Navigator::OnEditEnded(wxTreeEvent& event)
+{
+    LiquidData* water = WaterOf(event.GetItem());
+    wxString name = event.GetLabel();
+    name.Trim().Trim(false);
+    // The tree shows what the project says.
+    event.Veto();
+    if (event.IsEditCancelled() || water == nullptr || name.empty() ||
+        name == m_tree.GetItemText(event.GetItem()))
+        return;
+    // The item goes when the tree is filled anew.
+    m_frame.CallAfter([this, owner = water->GetOwner(), text = name.utf8_string()] {
+        if (auto* renamed = dynamic_cast<LiquidData*>(m_frame.GetProject().FindOwner(owner)))
+            m_frame.Waters().RenameTo(*renamed, text);
+    });
+}
+
+void Navigator::OnDragBegun(wxTreeEvent& event)
+{
+    m_dragged = event.GetItem();
+    if (WaterOf(m_dragged) != nullptr)
+        event.Allow();
+}
+
+void Navigator::OnDragEnded(wxTreeEvent& event)
+{
+    LiquidData* water = WaterOf(m_dragged);
+    const LiquidData* target = WaterOf(event.GetItem());
+    if (water == nullptr || target == nullptr || water == target)
+        return;
+    m_frame.CallAfter([this, owner = water->GetOwner(), place = target->GetPosition()] {
+        if (auto* moved = dynamic_cast<LiquidData*>(m_frame.GetProject().FindOwner(owner)))
+            m_frame.Waters().MoveTo(*moved, place);
+    });
+}
+
+void Navigator::OnMenu(wxTreeEvent& event)
+{
+    LiquidData* water = WaterOf(event.GetItem());
+    if (water == nullptr)
+        return;
+    // The commands act on the water in front.
+    m_tree.SelectItem(event.GetItem());
+    wxMenu menu;
+    WaterCommands& waters = m_frame.Waters();
+    AppendItem(menu, i18n::Translated("Rename") + "\tF2",
+               [this] { m_tree.EditLabel(m_tree.GetSelection()); });
+    AppendItem(menu, i18n::Translated("&Duplicate water"), [&waters] { waters.Duplicate(); });
+    AppendItem(menu, i18n::Translated("&Add water"), [&waters] { waters.Add(); });
+    menu.AppendSeparator();
+    if (waters.CanMove(-1))
+        AppendItem(menu, i18n::Translated("Move water &up"), [&waters] { waters.Move(-1); });
+    if (waters.CanMove(1))
+        AppendItem(menu, i18n::Translated("Mo&ve water down"), [&waters] { waters.Move(1); });
+    AppendItem(menu, i18n::Translated("&Remove water"), [&waters] { waters.Remove(); });
+    m_tree.PopupMenu(&menu);
+}
+
+void Navigator::OnKey(wxTreeEvent& event)
+{
+    const wxTreeItemId selected = m_tree.GetSelection();
+    if (event.GetKeyCode() == WXK_F2 && WaterOf(selected) != nullptr)
+        m_tree.EditLabel(selected);
+    else if (event.GetKeyCode() == WXK_DELETE && WaterOf(selected) != nullptr)
+        m_frame.Waters().Remove();
+    else
+        event.Skip();
+}
+
+}  // namespace app

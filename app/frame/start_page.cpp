@@ -1,0 +1,183 @@
+// SPDX-License-Identifier: MIT
+#include "app/frame/start_page.h"
+
+#include "app/document/plant_templates.h"
+#include "app/document/recent_files.h"
+#include "app/document/templates.h"
+#include "app/frame/main_frame.h"
+#include "gui_base/messages/user_message.h"
+#include "gui_base/support/accessibility.h"
+#include "gui_base/support/image_loader.h"
+#include "gui_base/support/translation.h"
+#include "tncommon/data_dir.h"
+#include "tncommon/zip_archive.h"
+
+#include <wx/button.h>
+#include <wx/dcclient.h>
+#include <wx/settings.h>
+#include <wx/sizer.h>
+#include <wx/stattext.h>
+#include <wx/wrapsizer.h>
+
+#include <algorithm>
+#include <utility>
+
+namespace app {
+namespace {
+
+constexpr int kGap = 8;
+constexpr int kColumnWidth = 340;
+constexpr int kTileHeight = 56;
+constexpr int kPictureWidth = 96;
+constexpr int kPictureHeight = 44;
+constexpr int kIconSize = 24;
+constexpr std::size_t kMostDrawingBytes = std::size_t{1} << 20;
+/// As many as fit beside the plants.
+constexpr std::size_t kMostExamples = 7;
+constexpr std::size_t kMostRecent = 7;
+
+wxString Tr(const char* source)
+{
+    return i18n::Translated(source);
+}
+
+/// The drawing of a plant, small; none where the archive lacks it.
+wxBitmapBundle DrawingOf(const PlantTemplate& plant)
+{
+    try {
+        static const tncommon::ZipArchive drawings(tncommon::DataDir() / "graphics.zrc");
+        if (const auto svg = drawings.Read(plant.drawing, kMostDrawingBytes))
+            return wxBitmapBundle::FromSVG(svg->c_str(), wxSize(kPictureWidth, kPictureHeight));
+    } catch (const std::exception&) {
+        // The page is as useful without.
+    }
+    return {};
+}
+
+wxBitmapBundle IconOf(const char* name)
+{
+    return ImageLoader::LoadTinted(wxString("icons/") + name + ".svg", wxSize(kIconSize, kIconSize),
+                                   wxSystemSettings::GetColour(wxSYS_COLOUR_BTNTEXT));
+}
+
+}  // namespace
+
+StartPage::StartPage(wxWindow* parent, MainFrame& frame)
+    : wxScrolledWindow(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxVSCROLL | wxTAB_TRAVERSAL),
+      m_frame(frame)
+{
+    SetScrollRate(0, FromDIP(12));
+    accessibility::SetName(*this, Tr("Start page"));
+}
+
+void StartPage::ShowFresh()
+{
+    Build();
+}
+
+void StartPage::Localize()
+{
+    accessibility::SetName(*this, Tr("Start page"));
+    if (m_isBuilt)
+        Build();
+}
+
+void StartPage::Build()
+{
+    m_isBuilt = true;
+    DestroyChildren();
+    auto* title = new wxStaticText(this, wxID_ANY, "Tarnvik");
+    title->SetFont(title->GetFont().Bold().Scaled(1.6F));
+    auto* subtitle = new wxStaticText(this, wxID_ANY, Tr("Design of ion-exchange water-treatment plants"));
+    auto* columns = new wxWrapSizer(wxHORIZONTAL, wxREMOVE_LEADING_SPACES);
+    columns->Add(NewSection(wxTRANSLATE("New project"), BuildPlants()));
+    columns->Add(NewSection(wxTRANSLATE("Example waters"), BuildExamples()));
+    columns->Add(NewSection(wxTRANSLATE("Open"), BuildRecent()));
+    auto* outer = new wxBoxSizer(wxVERTICAL);
+    outer->Add(title, wxSizerFlags().Border(wxLEFT | wxTOP, FromDIP(2 * kGap)));
+    outer->Add(subtitle, wxSizerFlags().Border(wxLEFT | wxBOTTOM, FromDIP(2 * kGap)));
+    outer->Add(columns, wxSizerFlags(1).Expand().Border(wxLEFT, FromDIP(kGap)));
+    SetSizer(outer);
+    FitInside();
+    Layout();
+}
+
+wxSizer* StartPage::NewSection(const char* title, wxSizer* content)
+{
+    auto* section = new wxBoxSizer(wxVERTICAL);
+    auto* head = new wxStaticText(this, wxID_ANY, Tr(title));
+    head->SetFont(head->GetFont().Bold());
+    section->Add(head, wxSizerFlags().Border(wxALL, FromDIP(kGap)));
+    section->Add(content, wxSizerFlags().Border(wxLEFT | wxRIGHT | wxBOTTOM, FromDIP(kGap)));
+    return section;
+}
+
+wxButton* StartPage::NewTile(const wxBitmapBundle& picture, const wxString& name, const wxString& explanation,
+                             std::function<void()> action)
+{
+    const wxSize size = FromDIP(wxSize(kColumnWidth, kTileHeight));
+    auto* tile = new wxButton(this, wxID_ANY, wxString(), wxDefaultPosition, size, wxBU_LEFT | wxBORDER_NONE);
+    const int room = size.x - picture.GetPreferredBitmapSizeFor(this).x - FromDIP(5 * kGap);
+    const auto fitted = [&](const wxString& text) {
+        return wxControl::EscapeMnemonics(
+            wxControl::Ellipsize(text, wxClientDC(this), wxELLIPSIZE_END, room));
+    };
+    tile->SetLabel(explanation.empty() ? fitted(name) : fitted(name) + "\n" + fitted(explanation));
+    if (picture.IsOk()) {
+        tile->SetBitmap(picture);
+        tile->SetBitmapMargins(FromDIP(kGap), 0);
+    }
+    tile->SetToolTip(explanation.empty() ? name : name + "\n" + explanation);
+    accessibility::SetName(*tile, name);
+    // The page may be made anew by what the button does.
+    tile->Bind(wxEVT_BUTTON, [this, action = std::move(action)](wxCommandEvent&) { CallAfter(action); });
+    return tile;
+}
+
+wxSizer* StartPage::BuildPlants()
+{
+    auto* list = new wxBoxSizer(wxVERTICAL);
+    list->Add(NewTile(IconOf("water"), Tr("Waters and feeds"), Tr("Empty, without a plant"),
+                      [this] { m_frame.Files().New(); }));
+    for (const PlantTemplate& plant : PlantTemplates())
+        list->Add(NewTile(DrawingOf(plant), Tr(plant.title), Tr("With the figures of an example"),
+                          [this, &plant] { m_frame.Files().NewFrom(plant); }));
+    list->Add(NewTile(IconOf("plant"), Tr("Another plant..."), Tr("By type and exchangers"),
+                      [this] { m_frame.Files().NewPlant(); }));
+    return list;
+}
+
+wxSizer* StartPage::BuildExamples()
+{
+    auto* list = new wxBoxSizer(wxVERTICAL);
+    const auto& waters = WaterTemplates();
+    for (std::size_t i = 0; i < std::min(waters.size(), kMostExamples); ++i) {
+        const WaterTemplate& water = waters[i];
+        list->Add(NewTile(IconOf("water"), wxString::FromUTF8(water.name), Tr(water.kind.c_str()),
+                          [this, &water] { m_frame.Files().NewFrom(water); }));
+    }
+    list->Add(NewTile(IconOf("example"), Tr("All example waters..."), wxString(),
+                      [this] { m_frame.Files().NewFromExample(); }));
+    return list;
+}
+
+wxSizer* StartPage::BuildRecent()
+{
+    auto* list = new wxBoxSizer(wxVERTICAL);
+    list->Add(NewTile(IconOf("open"), Tr("Open a project..."), wxString(),
+                      [this] { m_frame.Files().AskAndOpen(); }));
+    std::vector<std::filesystem::path> files;
+    try {
+        files = RecentFiles();
+    } catch (const std::exception& error) {
+        m_frame.ReportError(error);
+    }
+    files.resize(std::min(files.size(), kMostRecent));
+    for (const std::filesystem::path& file : files)
+        list->Add(NewTile(IconOf("project"), ShownPath(file.stem()), ShownPath(file.parent_path()),
+                          [this, file] { m_frame.Files().AskAndOpen(file); }));
+    list->Add(NewTile(IconOf("help"), Tr("User guide"), wxString(), [this] { m_frame.ShowHelpContents(); }));
+    return list;
+}
+
+}  // namespace app

@@ -1,0 +1,206 @@
+// SPDX-License-Identifier: MIT
+#include "app/frame/work_area.h"
+
+#include "app/frame/message_strip.h"
+#include "dbinterfaces/project_database.h"
+#include "gui_base/input/panel/aui_notebook.h"
+#include "gui_base/support/accessibility.h"
+#include "gui_base/support/translation.h"
+
+#include <wx/aui/dockart.h>
+#include <wx/settings.h>
+#include <wx/treectrl.h>
+
+#include <algorithm>
+#include <string>
+
+namespace app {
+namespace {
+
+/// Begins with the version of the arrangement: what an older program kept has other panes.
+constexpr const char* kDocking = "/Window/docking.1";
+constexpr const char* kMessagesHeight = "/Window/messages";
+
+struct PaneRow
+{
+    WorkPane pane;
+    const char* id;
+    const char* title;
+    int width;        ///< in DIP
+    int narrowWidth;  ///< where the window is narrow
+};
+
+constexpr std::array kPanes{
+    PaneRow{WorkPane::Navigator, "navigator", wxTRANSLATE("Navigator"), 190, 140},
+    PaneRow{WorkPane::Results, "results", wxTRANSLATE("Results"), 250, 220},
+    PaneRow{WorkPane::Diagram, "diagram", wxTRANSLATE("Diagram"), 250, 220},
+};
+/// Below it, in DIP, the panes give the pages what they can.
+constexpr int kNarrow = 1200;
+constexpr int kPaneMinimum = 90;
+constexpr int kDiagramHeight = 240;
+
+const PaneRow& RowOf(WorkPane pane)
+{
+    return kPanes.at(static_cast<std::size_t>(pane));
+}
+
+}  // namespace
+
+WorkArea::WorkArea(wxWindow* parent)
+    : wxSplitterWindow(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxSP_LIVE_UPDATE | wxSP_NOBORDER),
+      m_desk(new wxPanel(this))
+{
+    m_tree = new wxTreeCtrl(
+        m_desk, wxID_ANY, wxDefaultPosition, wxDefaultSize,
+        wxTR_DEFAULT_STYLE | wxTR_HIDE_ROOT | wxTR_NO_LINES | wxTR_FULL_ROW_HIGHLIGHT | wxTR_EDIT_LABELS);
+    m_middle = new wxSimplebook(m_desk);
+    m_notebook =
+        new AuiNotebook(m_middle, wxID_ANY, wxDefaultPosition, wxDefaultSize,
+                        wxAUI_NB_TOP | wxAUI_NB_TAB_SPLIT | wxAUI_NB_TAB_MOVE | wxAUI_NB_SCROLL_BUTTONS);
+    m_middle->AddPage(m_notebook, wxString());
+    m_messages = new MessageStrip(this);
+    m_messages->SetOnToggled([this] { OnMessagesToggled(); });
+
+    m_docking.SetManagedWindow(m_desk);
+    m_docking.SetFlags(wxAUI_MGR_DEFAULT | wxAUI_MGR_LIVE_RESIZE);
+    wxAuiDockArt& art = *m_docking.GetArtProvider();
+    art.SetMetric(wxAUI_DOCKART_GRADIENT_TYPE, wxAUI_GRADIENT_NONE);
+    art.SetMetric(wxAUI_DOCKART_PANE_BORDER_SIZE, 0);
+    const wxColour face = wxSystemSettings::GetColour(wxSYS_COLOUR_BTNFACE);
+    for (const int part : {wxAUI_DOCKART_ACTIVE_CAPTION_COLOUR, wxAUI_DOCKART_INACTIVE_CAPTION_COLOUR,
+                           wxAUI_DOCKART_BACKGROUND_COLOUR, wxAUI_DOCKART_SASH_COLOUR})
+        art.SetColour(part, face);
+    for (const int part :
+         {wxAUI_DOCKART_ACTIVE_CAPTION_TEXT_COLOUR, wxAUI_DOCKART_INACTIVE_CAPTION_TEXT_COLOUR})
+        art.SetColour(part, wxSystemSettings::GetColour(wxSYS_COLOUR_BTNTEXT));
+    art.SetFont(wxAUI_DOCKART_CAPTION_FONT, GetFont().Bold());
+    m_docking.AddPane(m_middle, wxAuiPaneInfo().Name("pages").CentrePane().PaneBorder(false));
+    AddPane(WorkPane::Navigator, m_tree);
+
+    SetSashGravity(1.0);
+    SetMinimumPaneSize(m_messages->GetStripHeight());
+    SplitHorizontally(m_desk, m_messages, -m_messages->GetStripHeight());
+    // Dragging the sash is the other way to open and close the list.
+    Bind(wxEVT_SPLITTER_SASH_POS_CHANGED, [this](wxSplitterEvent& event) {
+        event.Skip();
+        m_messages->SetHeight(GetClientSize().y - event.GetSashPosition());
+    });
+}
+
+WorkArea::~WorkArea()
+{
+    m_docking.UnInit();
+}
+
+wxAuiPaneInfo WorkArea::UsualPlace(WorkPane pane) const
+{
+    const PaneRow& row = RowOf(pane);
+    const bool isNarrow = wxGetTopLevelParent(m_desk)->GetClientSize().x < FromDIP(kNarrow);
+    const int width = FromDIP(isNarrow ? row.narrowWidth : row.width);
+    wxAuiPaneInfo place;
+    place.Name(row.id).Caption(i18n::Translated(row.title)).Layer(1);
+    place.MinSize(FromDIP(wxSize(kPaneMinimum, kPaneMinimum))).BestSize(width, FromDIP(kDiagramHeight));
+    place.FloatingSize(width, 2 * FromDIP(kDiagramHeight));
+    if (pane == WorkPane::Navigator)
+        return place.Left();
+    place.Right().Position(pane == WorkPane::Results ? 0 : 1);
+    // Of the height that they share the results get what the diagram leaves.
+    place.dock_proportion = pane == WorkPane::Results ? 140000 : 60000;
+    return place;
+}
+
+void WorkArea::AddPane(WorkPane pane, wxWindow* content)
+{
+    m_docking.AddPane(content, UsualPlace(pane));
+    m_docking.Update();
+}
+
+bool WorkArea::IsPaneShown(WorkPane pane) const
+{
+    // The manager's search does not change it.
+    const wxAuiPaneInfo& info = const_cast<wxAuiManager&>(m_docking).GetPane(RowOf(pane).id);
+    return info.IsOk() && info.IsShown();
+}
+
+void WorkArea::ShowPane(WorkPane pane, bool show)
+{
+    wxAuiPaneInfo& info = m_docking.GetPane(RowOf(pane).id);
+    if (!info.IsOk())
+        return;
+    info.Show(show);
+    m_docking.Update();
+}
+
+void WorkArea::SetCover(wxWindow* cover)
+{
+    m_middle->AddPage(cover, wxString());
+}
+
+void WorkArea::ShowCover(bool show)
+{
+    if (m_middle->GetPageCount() > 1)
+        m_middle->ChangeSelection(show ? 1 : 0);
+}
+
+bool WorkArea::IsCoverShown() const
+{
+    return m_middle->GetSelection() == 1;
+}
+
+void WorkArea::ArrangeAsUsual()
+{
+    // Panes get their share of a desk that has its size.
+    const wxSize room = wxGetTopLevelParent(this)->GetClientSize();
+    if (m_desk->GetSize().x < room.x / 2)
+        m_desk->SetSize(room);
+    std::array<wxWindow*, kPanes.size()> contents{};
+    for (std::size_t i = 0; i < kPanes.size(); ++i) {
+        contents[i] = m_docking.GetPane(kPanes[i].id).window;
+        if (contents[i] != nullptr)
+            m_docking.DetachPane(contents[i]);
+    }
+    // Docks forget their sizes when they are laid out empty.
+    m_docking.Update();
+    for (std::size_t i = 0; i < kPanes.size(); ++i) {
+        if (contents[i] != nullptr)
+            m_docking.AddPane(contents[i], UsualPlace(kPanes[i].pane));
+    }
+    m_docking.Update();
+}
+
+void WorkArea::TakeKeptLayout()
+{
+    const std::string docking = ProjectDatabase::GetLocalParameter(kDocking);
+    if (docking.empty() || !m_docking.LoadPerspective(wxString::FromUTF8(docking), false))
+        ArrangeAsUsual();
+    Localize();
+    const int height = wxAtoi(wxString::FromUTF8(ProjectDatabase::GetLocalParameter(kMessagesHeight)));
+    if (height > 0)
+        m_messages->SetExpandedHeight(height);
+}
+
+void WorkArea::KeepLayout()
+{
+    ProjectDatabase::SetLocalParameter(kDocking, m_docking.SavePerspective().utf8_string());
+    ProjectDatabase::SetLocalParameter(kMessagesHeight, std::to_string(m_messages->GetExpandedHeight()));
+}
+
+void WorkArea::Localize()
+{
+    for (const PaneRow& row : kPanes) {
+        wxAuiPaneInfo& info = m_docking.GetPane(row.id);
+        if (info.IsOk())
+            info.Caption(i18n::Translated(row.title));
+    }
+    m_docking.Update();
+    m_messages->Localize();
+    accessibility::SetName(*m_tree, i18n::Translated("Navigator"));
+}
+
+void WorkArea::OnMessagesToggled()
+{
+    SetSashPosition(-m_messages->GetHeight());
+}
+
+}  // namespace app

@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "gui_base/gui_base_export.h"
+
+#include <wx/sizer.h>
+
+/// Places items from left to right and begins a new line where the next one would not fit. The same room
+/// gives the same lines, whatever the room was before. Items with wxEXPAND are as high as their line.
+class GUI_BASE_EXPORT FlowSizer : public wxSizer
+{
+public:
+    /// Without a room of its own everything stands on one line. `gap` in pixels, between items and lines.
+    explicit FlowSizer(int gap = 0) : m_gap(gap) {}
+
+    /// Width in pixels that lines may have; an item that is wider has a line of its own. Whoever owns the
+    /// window says it before the layout.
+    void SetRoom(int width) { m_room = width; }
+
+    wxSize CalcMin() override;
+    void RepositionChildren(const wxSize& minSize) override;
+
+private:
+    template <typename Place>
+    wxSize Arrange(const Place& place) const;
+
+    int m_gap;
+    int m_room = 0;
+};

@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: MIT
+#include "gui_base/support/density.h"
+
+#include <string>
+
+#ifdef __WXGTK__
+#include <gtk/gtk.h>
+#endif
+
+namespace density {
+namespace {
+
+#ifdef __WXGTK__
+
+/// The frame that themes draw around the field with the keyboard is a thin line, hard to find among a
+/// hundred.
+constexpr const char* kFocus = R"(
+entry:focus { box-shadow: inset 0 0 0 2px @theme_selected_bg_color; }
+button:focus, combobox button:focus, check:focus, radio:focus {
+    box-shadow: inset 0 0 0 2px @theme_selected_bg_color; }
+)";
+
+/// Inner margins only: no text is ever smaller than its line.
+constexpr const char* kCompact = R"(
+entry { min-height: 20px; padding: 1px 4px; }
+button { min-height: 18px; padding: 1px 5px; }
+combobox button, combobox entry { min-height: 18px; padding: 1px 4px; }
+combobox arrow { min-width: 12px; min-height: 12px; }
+spinbutton, spinbutton entry { min-height: 20px; }
+spinbutton button { padding: 0 3px; }
+check, radio { min-height: 14px; min-width: 14px; }
+checkbutton, radiobutton { padding: 0; }
+toolbar button { padding: 3px; }
+)";
+
+GtkCssProvider* Provider()
+{
+    static GtkCssProvider* const provider = [] {
+        GtkCssProvider* made = gtk_css_provider_new();
+        gtk_style_context_add_provider_for_screen(gdk_screen_get_default(), GTK_STYLE_PROVIDER(made),
+                                                  GTK_STYLE_PROVIDER_PRIORITY_APPLICATION);
+        return made;
+    }();
+    return provider;
+}
+
+#endif
+
+}  // namespace
+
+Density DensityOf(std::string_view code)
+{
+    return code == "comfortable" ? Density::Comfortable : Density::Compact;
+}
+
+void Set(Density density)
+{
+#ifdef __WXGTK__
+    if (gdk_screen_get_default() == nullptr)
+        return;
+    const std::string style = std::string(kFocus) + (density == Density::Compact ? kCompact : "");
+    gtk_css_provider_load_from_data(Provider(), style.data(), static_cast<gssize>(style.size()), nullptr);
+#endif
+}
+
+}  // namespace density

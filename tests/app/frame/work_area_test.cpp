@@ -1,0 +1,273 @@
+// SPDX-License-Identifier: MIT
+// The window around the pages: panes, messages, tools, navigator, start page, and what outlives the program.
+#include "app/document/plant_templates.h"
+#include "app/frame/menu_table.h"
+#include "app/frame/start_page.h"
+#include "gui_base/input/controls/collapsible_box.h"
+#include "gui_base/input/panel/aui_notebook.h"
+#include "gui_base/support/image_loader.h"
+#include "projectbase/project/iex_project.h"
+#include "tests/support/program_fixture.h"
+#include "tncommon/data_dir.h"
+#include "tncommon/zip_archive.h"
+
+#include <wx/button.h>
+#include <wx/treectrl.h>
+
+namespace {
+
+class WorkAreaTest : public gui_test::ProgramTest
+{
+protected:
+    WorkAreaTest() : ProgramTest("world_river_livingstone") {}
+
+    app::WorkArea& Area() { return m_frame->GetWorkArea(); }
+    app::MessageStrip& Strip() { return Area().GetMessages(); }
+    wxTreeCtrl& Tree() { return Area().GetTree(); }
+
+    /// The item of a page, by its text; invalid where there is none.
+    wxTreeItemId Item(const wxString& text) { return Item(Tree().GetRootItem(), text); }
+    wxTreeItemId Item(const wxTreeItemId& parent, const wxString& text)
+    {
+        wxTreeItemIdValue cookie;
+        for (wxTreeItemId item = Tree().GetFirstChild(parent, cookie); item.IsOk();
+             item = Tree().GetNextChild(parent, cookie)) {
+            if (Tree().GetItemText(item) == text)
+                return item;
+            if (const wxTreeItemId below = Item(item, text); below.IsOk())
+                return below;
+        }
+        return {};
+    }
+
+    std::vector<std::string> WaterNames()
+    {
+        std::vector<std::string> names;
+        for (std::size_t i = 0; i < OpenProject().GetLiquidCount(); ++i)
+            names.push_back(OpenProject().GetLiquid(i).GetName());
+        return names;
+    }
+
+    /// Closes the window and opens another, as the next start of the program does.
+    void Restart()
+    {
+        m_frame->GetDocument().SetUnsaved(false);
+        m_frame->Close();
+        gui_test::Pump();
+        m_frame = new app::MainFrame(MakeDocument(m_water));
+        m_frame->Show();
+        gui_test::Pump();
+    }
+};
+
+}  // namespace
+
+TEST_F(WorkAreaTest, TheStripCountsAndOpensOnWhatIsNew)
+{
+    EXPECT_FALSE(Strip().IsExpanded());
+    auto& count = gui_test::Find<wxButton>(Strip(), "No problems");
+    gui_test::Enter(*WaterPage().FindField("liquid/na.orig"), "1e9");
+    EXPECT_TRUE(Strip().IsExpanded()) << "opens by itself";
+    EXPECT_TRUE(m_frame->GetMessageArea().IsShownOnScreen());
+    const auto problems = m_frame->GetMessageArea().CountProblems();
+    EXPECT_GE(problems, 1U);
+    EXPECT_NE(count.GetLabelText().Find(std::to_string(problems)), wxNOT_FOUND) << count.GetLabelText();
+    EXPECT_GE(m_frame->GetMessageArea().GetClientSize().y, 3 * m_frame->GetCharHeight());
+    m_frame->View().SetLanguage("de");
+    EXPECT_NE(count.GetLabelText().Find("Problem"), wxNOT_FOUND);
+    m_frame->View().SetLanguage("en");
+    gui_test::Enter(*WaterPage().FindField("liquid/na.orig"), "6.3");
+    EXPECT_EQ(m_frame->GetMessageArea().CountProblems(), 0U);
+    EXPECT_FALSE(Strip().IsExpanded()) << "closes when all is settled";
+    // What the user opened stays open.
+    Menu("View", "Problems and notes");
+    EXPECT_TRUE(Strip().IsExpanded());
+    gui_test::Enter(*WaterPage().FindField("liquid/na.orig"), "1e9");
+    gui_test::Enter(*WaterPage().FindField("liquid/na.orig"), "6.3");
+    EXPECT_TRUE(Strip().IsExpanded());
+}
+
+TEST_F(WorkAreaTest, MessagesFollowTheLanguage)
+{
+    m_frame->Waters().Remove();
+    EXPECT_EQ(Messages(), std::vector<std::string>{"The last water of a project stays"});
+    m_frame->View().SetLanguage("de");
+    EXPECT_EQ(Messages(),
+              std::vector<std::string>{i18n::Translated("The last water of a project stays").utf8_string()});
+    EXPECT_NE(Messages().front(), "The last water of a project stays");
+}
+
+TEST_F(WorkAreaTest, ToolsDoWhatTheirCommandsDo)
+{
+    const wxToolBar& bar = *m_frame->GetToolBar();
+    EXPECT_EQ(bar.GetToolsCount(), 14U + 4U) << "with the gaps between their groups";
+    const auto press = [this](const wxString& tip) {
+        wxToolBar& tools = *m_frame->GetToolBar();
+        m_frame->DoMenuUpdates();
+        for (std::size_t i = 0; i < tools.GetToolsCount(); ++i) {
+            const wxToolBarToolBase* tool = tools.GetToolByPos(static_cast<int>(i));
+            if (!tool->IsButton() || !tools.GetToolShortHelp(tool->GetId()).StartsWith(tip))
+                continue;
+            EXPECT_TRUE(tool->GetNormalBitmap().IsOk()) << tip;
+            wxCommandEvent event(wxEVT_TOOL, tool->GetId());
+            event.SetEventObject(&tools);
+            tools.ProcessWindowEvent(event);
+            gui_test::Pump();
+            return true;
+        }
+        return false;
+    };
+    EXPECT_FALSE(Water("balance.auto").GetBoolValue());
+    EXPECT_TRUE(press("Balance"));
+    EXPECT_TRUE(Water("balance.auto").GetBoolValue());
+    EXPECT_TRUE(m_frame->Waters().IsBalanced());
+    EXPECT_TRUE(press("Undo"));
+    EXPECT_FALSE(Water("balance.auto").GetBoolValue()) << "one step of the history";
+    m_frame->GetDocument().SetUnsaved(false);
+    EXPECT_TRUE(press("New project"));
+    EXPECT_EQ(Water("na.orig").GetDoubleValue(), 0.0);
+    for (const app::MenuTable& menu : app::Menus()) {
+        for (const app::MenuRow& row : menu.rows) {
+            if (row.icon != nullptr) {
+                EXPECT_TRUE(
+                    ImageLoader::LoadTinted("icons/" + wxString(row.icon) + ".svg", wxSize(16, 16), *wxRED)
+                        .IsOk())
+                    << row.icon;
+            }
+        }
+    }
+}
+
+TEST_F(WorkAreaTest, WatersAreRenamedDuplicatedAndMovedInTheNavigator)
+{
+    m_frame->Waters().Add();
+    const std::string first = OpenProject().GetLiquid(0).GetName();
+    Tree().SetFocus();
+    Tree().SelectItem(Item("Water"));
+    gui_test::Press(WXK_F2);
+    gui_test::Type("well");
+    gui_test::Press(WXK_RETURN);
+    gui_test::Pump();
+    EXPECT_EQ(WaterNames(), (std::vector<std::string>{first, "well"}));
+    EXPECT_TRUE(Item("well").IsOk());
+    gui_test::Enter(*WaterPage(1).FindField("liquid/ca.orig"), "17");
+    Menu("Tools", "Duplicate water");
+    EXPECT_EQ(WaterNames(), (std::vector<std::string>{first, "well", "well 2"}));
+    EXPECT_EQ(OpenProject().GetLiquid(2).GetDetails()->At("liquid/ca.orig").GetDoubleValue(), 17.0);
+    EXPECT_EQ(m_frame->Waters().GetCurrent(), &OpenProject().GetLiquid(2));
+    m_frame->Waters().MoveTo(OpenProject().GetLiquid(2), 0);
+    EXPECT_EQ(WaterNames(), (std::vector<std::string>{"well 2", first, "well"}));
+    for (int i = 0; i < 3; ++i)
+        m_frame->Undo();
+    EXPECT_EQ(WaterNames(), (std::vector<std::string>{first, "well"}));
+}
+
+TEST_F(WorkAreaTest, TheStartPageBeginsProjects)
+{
+    m_frame->ShowStart();
+    gui_test::Pump();
+    ASSERT_TRUE(Area().IsCoverShown());
+    auto& softener = gui_test::Find<wxButton>(*m_frame, "Softener");
+    softener.SetFocus();
+    gui_test::Press(WXK_SPACE);
+    gui_test::Pump();
+    EXPECT_FALSE(Area().IsCoverShown());
+    EXPECT_EQ(OpenProject().GetModuleType(), "SOFT");
+    // From any page of the tree back to the pages.
+    m_frame->ShowStart();
+    m_frame->GetMessageArea().AddMessage(app::MessageArea::Severity::Info, wxString("x"));
+    Tree().SelectItem(Item("Project"));
+    EXPECT_FALSE(Area().IsCoverShown());
+}
+
+TEST_F(WorkAreaTest, EveryPlantOfTheStartPageHasItsDrawing)
+{
+    const tncommon::ZipArchive drawings(tncommon::DataDir() / "graphics.zrc");
+    for (const app::PlantTemplate& plant : app::PlantTemplates()) {
+        EXPECT_TRUE(drawings.Read(plant.drawing, std::size_t{1} << 20).has_value()) << plant.drawing;
+        // Of the exchangers that the project begins with.
+        const auto project = app::NewProjectFrom(plant);
+        std::string exchangers;
+        for (std::size_t i = 0; i < project->NumberSteps(); ++i)
+            exchangers +=
+                "_" +
+                project->GetStep(i).GetDetails()->At("step/kind").GetStringValue().Lower().utf8_string();
+        EXPECT_NE(std::string(plant.drawing).find(exchangers + ".svg"), std::string::npos)
+            << plant.drawing << " " << exchangers;
+    }
+}
+
+TEST_F(WorkAreaTest, ACompactFormShowsAWholeAnalysisAtOnce)
+{
+    m_frame->SetSize(1600, 1000);
+    for (const app::WorkPane pane :
+         {app::WorkPane::Navigator, app::WorkPane::Results, app::WorkPane::Diagram})
+        Area().ShowPane(pane, false);
+    const auto height = [this] {
+        gui_test::Pump();
+        int top = 10000;
+        int bottom = 0;
+        for (const char* key : {"na.orig", "h.plus.orig", "oh.minus.orig", "sum.c.meql", "sum.a.meql",
+                                "na.plus.meql", "cl.plus.meql", "ph", "co2.orig"}) {
+            const wxRect field = WaterPage().FindField(std::string("liquid/") + key)->GetScreenRect();
+            top = std::min(top, field.y);
+            bottom = std::max(bottom, field.GetBottom());
+        }
+        return bottom - top;
+    };
+    m_frame->View().SetDensity("comfortable");
+    const int comfortable = height();
+    m_frame->View().SetDensity("compact");
+    const int compact = height();
+    // With the line of the folded boxes and the heads above.
+    EXPECT_LE(compact, m_frame->FromDIP(700 - 90));
+    EXPECT_LT(compact, comfortable);
+    for (const char* title :
+         {"Feed water", "Organics input", "Origin of the water", "Analysis", "Automatic balancing"}) {
+        gui_test::Find<wxButton>(WaterPage(), title).SetFocus();
+        gui_test::Press(WXK_SPACE);
+    }
+    const int inPage =
+        WaterPage().FindField("liquid/na.orig")->GetScreenPosition().y - WaterPage().GetScreenPosition().y;
+    EXPECT_LE(inPage + compact, m_frame->FromDIP(700));
+}
+
+TEST_F(WorkAreaTest, TheNavigatorTellsOfTheBalance)
+{
+    const std::string name = OpenProject().GetLiquid(0).GetName();
+    const auto picture = [&] { return Tree().GetItemImage(Item(name)); };
+    const int good = picture();
+    gui_test::Enter(*WaterPage().FindField("liquid/na.orig"), "600");
+    const int over = picture();
+    EXPECT_NE(over, good);
+    Menu("Tools", "Balance automatically");
+    EXPECT_EQ(picture(), good) << "closed";
+    m_frame->Waters().Add();
+    EXPECT_NE(Tree().GetItemImage(Item("Water")), good) << "nothing is analysed";
+    EXPECT_NE(Tree().GetItemImage(Item("Water")), over);
+}
+
+TEST_F(WorkAreaTest, TheWindowOutlivesTheProgram)
+{
+    m_frame->SetSize(20, 30, 1100, 850);
+    gui_test::Pump();
+    Menu("View", "Navigator");
+    EXPECT_FALSE(Area().IsPaneShown(app::WorkPane::Navigator));
+    const auto place = [this] {
+        return WaterPage().FindField("liquid/na.orig")->GetScreenPosition().y -
+               WaterPage().GetScreenPosition().y;
+    };
+    const int open = place();
+    auto& title = gui_test::Find<wxButton>(WaterPage(), "Origin of the water");
+    title.SetFocus();
+    gui_test::Press(WXK_SPACE);
+    EXPECT_LT(place(), open) << "what is folded gives its room to the ions";
+    const int folded = place();
+    Restart();
+    EXPECT_EQ(m_frame->GetSize(), wxSize(1100, 850));
+    EXPECT_FALSE(Area().IsPaneShown(app::WorkPane::Navigator));
+    EXPECT_EQ(place(), folded);
+    Menu("View", "Usual arrangement");
+    EXPECT_TRUE(Area().IsPaneShown(app::WorkPane::Navigator));
+    EXPECT_GE(Tree().GetSize().x, m_frame->FromDIP(120));
+}
