@@ -112,10 +112,15 @@ void MainFrame::BuildWindows()
     m_workArea = new WorkArea(this);
     m_book = std::make_unique<ModuleBook>(m_workArea->GetTree(), m_workArea->GetNotebook());
     m_navigator = std::make_unique<Navigator>(m_workArea->GetTree(), *this);
-    m_results =
-        new wateranalysis::WaterResultsPanel(m_workArea->GetDesk(), [this](const DetailAddress& address) {
+    m_results = new wateranalysis::WaterResultsPanel(
+        m_workArea->GetDesk(),
+        [this](const DetailAddress& address) {
             ShowPages();
             m_book->ShowDetail(address);
+        },
+        [this](const std::string& section) {
+            if (m_help)
+                m_help->DisplayHelpSection(section);
         });
     m_workArea->AddPane(WorkPane::Results, m_results);
     m_diagram = new WaterDiagramPanel(m_workArea->GetDesk());

@@ -103,7 +103,8 @@ void ViewCommands::ApplySettings(const ProgramSettings& before, const ProgramSet
     Settings::GetSetting("balance.rule").SetValue(wanted.balanceRule);
     for (const auto& [name, limit] : wanted.limits)
         Settings::GetSetting(name).SetValue(limit);
-    m_frame.UpdateRangeMessages();
+    // Verdicts and advice follow.
+    m_frame.ShowUnits();
     if (wanted.unitSystem != before.unitSystem) {
         SetUnitSystem(wanted.unitSystem);
         m_frame.BuildMenus();

@@ -168,6 +168,31 @@ TEST(Saturation, EveryWaterHasAStateOrNone)
     }
 }
 
+TEST(Saturation, PairsAndBrineLowerActivities)
+{
+    advice::SaturationSample sulfate{.pH = 7.0, .celsius = 25.0, .alkalinity = 1.0, .composition = {}};
+    sulfate.composition[Species::Na] = 20.0;
+    sulfate.composition[Species::So4] = 10.0;
+    sulfate.composition[Species::Sr] = 0.001;
+    const advice::FreeIons free = FreeIonsOf(sulfate, true);
+    const double bound = std::pow(10.0, 2.29 + 8.0 * free.logGamma) * free.sulfate;
+    EXPECT_NEAR(free.strontium, 1e-6 / (1.0 + bound), 1e-12);
+    sulfate.composition[Species::F] = 0.001;
+    sulfate.composition[Species::Mg] = 5.0;
+    const advice::FreeIons fluoride = FreeIonsOf(sulfate, true);
+    EXPECT_LT(fluoride.fluoride, 0.93e-6) << "MgF+ holds the rest";
+    EXPECT_GT(fluoride.fluoride, 0.85e-6);
+
+    advice::SaturationSample brine{.pH = 7.0, .celsius = 25.0, .alkalinity = 1.0, .composition = {}};
+    brine.composition[Species::Na] = brine.composition[Species::Cl] = 3000.0;
+    brine.composition[Species::Ca] = brine.composition[Species::So4] = 1.0;
+    const advice::FreeIons salty = FreeIonsOf(brine, true);
+    const double difference = SaturationIndex(Mineral::Gypsum, salty, 25.0) -
+                              SaturationIndex(Mineral::Anhydrite, salty, 25.0) +
+                              LogSolubility(Mineral::Gypsum, 25.0) - LogSolubility(Mineral::Anhydrite, 25.0);
+    EXPECT_NEAR(difference, 2.0 * std::log10(1.0 - 0.017 * 6.0), 0.001) << "water binds to gypsum";
+}
+
 TEST(Saturation, MoreOfAnIonNeverLowersItsIndex)
 {
     double before = -100.0;

@@ -129,6 +129,12 @@ TEST(WaterAdvice, SulfuricAcidThatMakesGypsum)
     EXPECT_EQ(first->address,
               (DetailAddress{found.project.FindOwner("ex.1.comp.1")->GetOwner(), "stepcomp/konz.d"}));
 
+    // Behind another cation exchanger the water is another one.
+    found.project.AddStep("WAC_H", 0);
+    EXPECT_EQ(found.project.FindOwner("ex.2.comp.1")->GetDetails()->At("stepcomp/konz.d").GetDoubleValue(),
+              3.0);
+    EXPECT_EQ(Ids(found.project, "caso4"), "");
+
     AcidPlant weak(0.10, "DEALK");
     weak.Set("stepcomp/konz.d", 0.8);
     EXPECT_EQ(Ids(weak.project, "caso4"), "");
@@ -261,6 +267,10 @@ TEST(WaterAdvice, ZeroThatNobodyTypedIsMissing)
     EXPECT_EQ(Ids(project), "limit.fe.demi") << "without a total, iron(II) is at least there";
     Put(project, "water.1", "liquid/fe.total", 0.0);
     EXPECT_EQ(Ids(project), "") << "none was found, and that was typed";
+    Put(project, "water.1", "liquid/fe.total", std::nan(""));
+    Put(project, "water.1", "liquid/fe2.orig", 0.0);
+    Put(project, "water.1", "liquid/mn.orig", 0.6);
+    EXPECT_EQ(Ids(project), "limit.mn.demi! limit.femn.demi!") << "manganese alone is enough for the sum";
     Put(project, "water.1", "liquid/fe.total", 0.25);
     Put(project, "water.1", "liquid/mn.orig", 0.3);
     EXPECT_EQ(Ids(project), "limit.fe.demi limit.mn.demi! limit.femn.demi!");
