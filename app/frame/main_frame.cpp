@@ -20,6 +20,7 @@
 #include "gui_base/ionexchange/whatif/what_if_grid_pair_loader.h"
 #include "gui_base/report/range_sentence.h"
 #include "gui_base/report/report_builder.h"
+#include "gui_base/support/density.h"
 #include "gui_base/support/file_path.h"
 #include "gui_base/support/image_loader.h"
 #include "gui_base/support/translation.h"
@@ -86,10 +87,16 @@ MainFrame::MainFrame(std::unique_ptr<Document> document)
     });
     Bind(wxEVT_SYS_COLOUR_CHANGED, [this](wxSysColourChangedEvent& event) {
         event.Skip();
-        CallAfter([this] { FollowSystemLook(); });
+        // The toolkit tells of every change of a window's state, too. Pictures of commands are drawn in the
+        // colour of the texts.
+        const wxColour text = wxSystemSettings::GetColour(wxSYS_COLOUR_BTNTEXT);
+        if (text != std::exchange(m_textColour, text))
+            CallAfter([this] { BuildMenus(); });
     });
     m_files.RestartAutosave();
-    m_textLook = {wxSystemSettings::GetColour(wxSYS_COLOUR_BTNTEXT), GetTextExtent("Tarnvik")};
+    m_textColour = wxSystemSettings::GetColour(wxSYS_COLOUR_BTNTEXT);
+    // Windows remember sizes that were measured with the texts of before.
+    density::SetOnTextSize([this] { CallAfter([this] { RebuildPages(); }); });
     TakeKeptPlace(*this);
     m_workArea->TakeKeptLayout();
     OpenPages();
@@ -97,6 +104,7 @@ MainFrame::MainFrame(std::unique_ptr<Document> document)
 
 MainFrame::~MainFrame()
 {
+    density::SetOnTextSize(nullptr);
     ClosePages();
     // What is left of the windows holds on to this object's members.
     DestroyChildren();
@@ -185,19 +193,6 @@ void MainFrame::SetDocument(std::unique_ptr<Document> document)
     m_document = std::move(document);
     OpenPages();
     ShowPages();
-}
-
-void MainFrame::FollowSystemLook()
-{
-    // The toolkit tells of every change of a window's state, too.
-    const TextLook now{wxSystemSettings::GetColour(wxSYS_COLOUR_BTNTEXT), GetTextExtent("Tarnvik")};
-    const TextLook before = std::exchange(m_textLook, now);
-    // Pictures of commands are drawn in the colour of the texts.
-    if (now.colour != before.colour)
-        BuildMenus();
-    // Windows remember sizes that were measured with the texts of before.
-    if (now.size != before.size)
-        RebuildPages();
 }
 
 void MainFrame::RebuildPages()

@@ -110,8 +110,6 @@ private:
     void StepHistory(bool (UndoRedoDetailStack::*step)(), const UndoStep* taken);
     void OnMessage(MessageEvent& event);
     void OnClose(wxCloseEvent& event);
-    /// Takes up another theme or size of texts of the system.
-    void FollowSystemLook();
     /// Shows the results of the water in front; those of the water before it on a page without one.
     void ShowResults();
     /// The same of the small diagram, which knows no project.
@@ -124,11 +122,7 @@ private:
     wateranalysis::WaterResultsPanel* m_results = nullptr;
     WaterDiagramPanel* m_diagram = nullptr;
     DetailOwner m_shownWater;
-    struct TextLook
-    {
-        wxColour colour;
-        wxSize size;
-    } m_textLook;
+    wxColour m_textColour;
     TvStatusBar* m_statusBar = nullptr;
     std::unique_ptr<ModuleBook> m_book;
     std::unique_ptr<Navigator> m_navigator;

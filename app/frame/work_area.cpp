@@ -81,6 +81,7 @@ WorkArea::WorkArea(wxWindow* parent)
     SetSashGravity(1.0);
     SetMinimumPaneSize(m_messages->GetStripHeight());
     SplitHorizontally(m_desk, m_messages, -m_messages->GetStripHeight());
+    Bind(wxEVT_SIZE, &WorkArea::OnSize, this);
     // Dragging the sash is the other way to open and close the list.
     Bind(wxEVT_SPLITTER_SASH_POS_CHANGED, [this](wxSplitterEvent& event) {
         event.Skip();
@@ -93,10 +94,22 @@ WorkArea::~WorkArea()
     m_docking.UnInit();
 }
 
+bool WorkArea::IsNarrow() const
+{
+    return wxGetTopLevelParent(m_desk)->GetClientSize().x < FromDIP(kNarrow);
+}
+
+void WorkArea::OnSize(wxSizeEvent& event)
+{
+    event.Skip();
+    if (!m_usual.empty() && IsNarrow() != m_usualIsNarrow && m_docking.SavePerspective() == m_usual)
+        CallAfter(&WorkArea::ArrangeAsUsual);
+}
+
 wxAuiPaneInfo WorkArea::UsualPlace(WorkPane pane) const
 {
     const PaneRow& row = RowOf(pane);
-    const bool isNarrow = wxGetTopLevelParent(m_desk)->GetClientSize().x < FromDIP(kNarrow);
+    const bool isNarrow = IsNarrow();
     const int width = FromDIP(isNarrow ? row.narrowWidth : row.width);
     wxAuiPaneInfo place;
     place.Name(row.id).Caption(i18n::Translated(row.title)).Layer(1);
@@ -169,6 +182,8 @@ void WorkArea::ArrangeAsUsual()
             m_docking.AddPane(contents[i], UsualPlace(kPanes[i].pane));
     }
     m_docking.Update();
+    m_usual = m_docking.SavePerspective();
+    m_usualIsNarrow = IsNarrow();
 }
 
 void WorkArea::TakeKeptLayout()
@@ -190,12 +205,16 @@ void WorkArea::KeepLayout()
 
 void WorkArea::Localize()
 {
+    const bool isUsual = m_docking.SavePerspective() == m_usual;
     for (const PaneRow& row : kPanes) {
         wxAuiPaneInfo& info = m_docking.GetPane(row.id);
         if (info.IsOk())
             info.Caption(i18n::Translated(row.title));
     }
     m_docking.Update();
+    // The arrangement as text holds the captions.
+    if (isUsual)
+        m_usual = m_docking.SavePerspective();
     m_messages->Localize();
     accessibility::SetName(*m_tree, i18n::Translated("Navigator"));
 }

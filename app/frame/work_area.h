@@ -55,6 +55,8 @@ public:
 
 private:
     wxAuiPaneInfo UsualPlace(WorkPane pane) const;
+    bool IsNarrow() const;
+    void OnSize(wxSizeEvent& event);
     void OnMessagesToggled();
 
     wxPanel* m_desk;
@@ -63,6 +65,9 @@ private:
     AuiNotebook* m_notebook = nullptr;
     MessageStrip* m_messages = nullptr;
     wxAuiManager m_docking;
+    /// The usual arrangement as it was made last, and for which window: who changed it keeps what he has.
+    wxString m_usual;
+    bool m_usualIsNarrow = false;
 };
 
 }  // namespace app

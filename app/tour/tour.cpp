@@ -37,6 +37,7 @@
 
 #include <wx/app.h>
 #include <wx/dcmemory.h>
+#include <wx/display.h>
 #include <wx/frame.h>
 #include <wx/stattext.h>
 #include <wx/stopwatch.h>
@@ -228,7 +229,10 @@ void Tour::TakeModules()
 {
     for (const Module& module : Modules()) {
         for (const ModuleLook& look : ModuleLooks()) {
-            if (look.language == nullptr || HasLanguage(look.language))
+            // What does not fit the display is not drawn.
+            const wxSize display = wxDisplay().GetGeometry().GetSize();
+            const bool fits = look.size.x <= display.x && look.size.y <= display.y;
+            if (fits && (look.language == nullptr || HasLanguage(look.language)))
                 TakeModule(module, look);
         }
     }

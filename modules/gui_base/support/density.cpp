@@ -2,6 +2,7 @@
 #include "gui_base/support/density.h"
 
 #include <string>
+#include <utility>
 
 #ifdef __WXGTK__
 #include <gtk/gtk.h>
@@ -33,6 +34,18 @@ checkbutton, radiobutton { padding: 0; }
 toolbar button { padding: 3px; }
 )";
 
+std::function<void()>& OnTextSize()
+{
+    static std::function<void()> changed;
+    return changed;
+}
+
+void TellTextSize(GObject*, GParamSpec*, gpointer)
+{
+    if (OnTextSize())
+        OnTextSize()();
+}
+
 GtkCssProvider* Provider()
 {
     static GtkCssProvider* const provider = [] {
@@ -51,6 +64,19 @@ GtkCssProvider* Provider()
 Density DensityOf(std::string_view code)
 {
     return code == "comfortable" ? Density::Comfortable : Density::Compact;
+}
+
+void SetOnTextSize([[maybe_unused]] std::function<void()> changed)
+{
+#ifdef __WXGTK__
+    OnTextSize() = std::move(changed);
+    static const bool isConnected = [] {
+        for (const char* signal : {"notify::gtk-xft-dpi", "notify::gtk-font-name"})
+            g_signal_connect(gtk_settings_get_default(), signal, G_CALLBACK(TellTextSize), nullptr);
+        return true;
+    }();
+    static_cast<void>(isConnected);
+#endif
 }
 
 void Set(Density density)

@@ -6,6 +6,7 @@
 
 #include "gui_base/gui_base_export.h"
 
+#include <functional>
 #include <string_view>
 
 enum class Density
@@ -20,5 +21,8 @@ namespace density {
 GUI_BASE_EXPORT Density DensityOf(std::string_view code);
 /// Windows that exist follow when they are laid out anew. Without a display nothing happens.
 GUI_BASE_EXPORT void Set(Density density);
+
+/// Calls `changed` when the user has given the texts of the system another size; null for nobody.
+GUI_BASE_EXPORT void SetOnTextSize(std::function<void()> changed);
 
 }  // namespace density

@@ -3,9 +3,11 @@
 
 #include "tncommon/zip_archive.h"
 
+#include <wx/app.h>
 #include <wx/base64.h>
 #include <wx/log.h>
 #include <wx/mstream.h>
+#include <wx/settings.h>
 
 #include <optional>
 #include <system_error>
@@ -17,6 +19,7 @@ namespace {
 constexpr const char* kArchiveName = "tnbase.zrc";
 /// Of the lines of all icons; what means more, as the red of an error, has another one.
 constexpr const char* kLineColour = "#2b6ca3";
+constexpr const char* kLineColourOnDark = "#78b6ea";
 constexpr std::size_t kMostPictureBytes = std::size_t{16} << 20;
 
 /// The archive of the pictures; nothing before it was named, or when it cannot be read.
@@ -117,9 +120,12 @@ wxBitmap ImageLoader::LoadBitmapResource(const wxString& name)
 
 wxBitmapBundle ImageLoader::LoadBundle(const wxString& name, const wxSize& size)
 {
-    std::string svg = ReadEntry(name.BeforeLast('.') + ".svg").bytes;
-    if (!svg.empty()) {
-        const wxBitmapBundle bundle = wxBitmapBundle::FromSVG(svg.data(), size);
+    const std::string bytes = ReadEntry(name.BeforeLast('.') + ".svg").bytes;
+    if (!bytes.empty()) {
+        wxString svg = wxString::FromUTF8(bytes);
+        if (wxTheApp != nullptr && wxSystemSettings::GetAppearance().IsUsingDarkBackground())
+            svg.Replace(kLineColour, kLineColourOnDark);
+        const wxBitmapBundle bundle = wxBitmapBundle::FromSVG(svg.utf8_str(), size);
         if (bundle.IsOk())
             return bundle;
     }

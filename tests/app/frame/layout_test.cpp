@@ -33,12 +33,10 @@ struct Setting
     std::string density = "compact";
     int width = 1600;
     bool isDark = false;
-    int percent = 100;  ///< size of the texts
 
     std::string Describe() const
     {
-        return language + " " + units + " " + density + " " + std::to_string(width) +
-               (isDark ? " dark " : " ") + std::to_string(percent) + " %";
+        return language + " " + units + " " + density + " " + std::to_string(width) + (isDark ? " dark" : "");
     }
 };
 
@@ -54,7 +52,6 @@ protected:
             if (plant.id == std::string_view("demineralisation"))
                 m_frame->SetDocument(std::make_unique<app::Document>(app::NewProjectFrom(plant)));
         }
-        g_object_get(gtk_settings_get_default(), "gtk-xft-dpi", &m_dpi, nullptr);
     }
 
     void TearDown() override
@@ -69,8 +66,6 @@ protected:
         if (wanted.isDark != m_now.isDark)
             g_object_set(gtk_settings_get_default(), "gtk-application-prefer-dark-theme",
                          static_cast<gboolean>(wanted.isDark), nullptr);
-        if (wanted.percent != m_now.percent)
-            g_object_set(gtk_settings_get_default(), "gtk-xft-dpi", m_dpi * wanted.percent / 100, nullptr);
         if (wanted.language != m_now.language)
             m_frame->View().SetLanguage(wanted.language);
         if (wanted.units != m_now.units)
@@ -90,7 +85,7 @@ protected:
             return all.at(std::uniform_int_distribution<std::size_t>(0, all.size() - 1)(random));
         };
         Setting next = m_now;
-        switch (getenv("LO") ? atoi(getenv("LO")) : pick(0, 1, 2, 3, 4, 5)) {
+        switch (pick(0, 1, 2, 3, 4)) {
             case 0:
                 next.language = pick("en", "de", "fr");
                 break;
@@ -102,9 +97,6 @@ protected:
                 break;
             case 3:
                 next.isDark = !next.isDark;
-                break;
-            case 4:
-                next.percent = pick(100, 125);
                 break;
             default:
                 break;
@@ -200,7 +192,6 @@ protected:
     }
 
     Setting m_now;
-    int m_dpi = 0;
 };
 
 }  // namespace

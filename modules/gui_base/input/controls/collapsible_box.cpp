@@ -135,3 +135,8 @@ void CollapsibleBox::Localize(const std::string&)
 {
     ShowTitle();
 }
+
+int CollapsibleBox::GetTitleWidth() const
+{
+    return m_title->GetBestSize().x;
+}

@@ -21,6 +21,9 @@ public:
     void Collapse(bool collapse);
     void Localize(const std::string& unitSystem) override;
 
+protected:
+    int GetTitleWidth() const override;
+
 private:
     struct Parts;
     CollapsibleBox(int orient, const Parts& parts, const wxString& label);

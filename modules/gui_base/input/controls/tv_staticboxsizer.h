@@ -14,8 +14,12 @@ public:
     TvStaticBoxSizer(int orient, wxWindow* parent, const wxString& label);
 
     virtual void Localize(const std::string& unitSystem);
+    wxSize CalcMin() override;
 
 protected:
+    /// In pixels.
+    virtual int GetTitleWidth() const;
+
     /// Of a box that has its title from elsewhere.
     TvStaticBoxSizer(int orient, wxStaticBox* box) : wxStaticBoxSizer(box, orient) {}
 

@@ -5,6 +5,7 @@
 #include "projectbase/project/project_edit.h"
 
 #include <wx/bookctrl.h>
+#include <wx/datectrl.h>
 #include <wx/log.h>
 #include <wx/msgdlg.h>
 #include <wx/sizer.h>
@@ -18,12 +19,14 @@ namespace {
 
 void ForgetBestSizes(wxWindow& window)
 {
-    for (wxWindow* child : window.GetChildren())
-        ForgetBestSizes(*child);
     // The size of a field has nothing to do with its text, and the toolkit measures one that is shown
     // otherwise than one that is not.
-    if (dynamic_cast<const wxTextCtrl*>(&window) == nullptr)
-        window.InvalidateBestSize();
+    if (dynamic_cast<const wxTextCtrl*>(&window) != nullptr ||
+        dynamic_cast<const wxDatePickerCtrl*>(&window) != nullptr)
+        return;
+    for (wxWindow* child : window.GetChildren())
+        ForgetBestSizes(*child);
+    window.InvalidateBestSize();
 }
 
 constexpr int kWheelStep = 60;
@@ -80,6 +83,8 @@ void ModulePanelBase::Create()
     DoConnectTvTextCtrlsToStatusbar();
     BindEvents();
     Prepare();
+    // The toolkit measures bold texts rightly only when they are shown.
+    CallAfter(&ModulePanelBase::FitAndLayout);
 }
 
 void ModulePanelBase::Prepare()

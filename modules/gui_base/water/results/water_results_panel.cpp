@@ -70,9 +70,9 @@ WaterResultsPanel::WaterResultsPanel(wxWindow* parent, Lead lead, ShowHelp showH
     m_balance->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { Balance(); });
     m_grid = new wxFlexGridSizer(1, gap, gap);
     m_grid->SetFlexibleDirection(wxVERTICAL);
-    auto* head = new wxBoxSizer(wxHORIZONTAL);
-    head->Add(m_badge, wxSizerFlags(1).Expand());
-    head->Add(m_balance, wxSizerFlags().CentreVertical().Border(wxLEFT, 2 * gap));
+    auto* head = new wxBoxSizer(wxVERTICAL);
+    head->Add(m_badge, wxSizerFlags().Expand());
+    head->Add(m_balance, wxSizerFlags().Border(wxTOP, gap));
     auto* outer = new wxBoxSizer(wxVERTICAL);
     outer->Add(head, wxSizerFlags().Expand().Border(wxALL, gap));
     const wxSizerFlags below = wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxBOTTOM, gap);
@@ -280,8 +280,7 @@ void WaterResultsPanel::Arrange()
     m_grid->SetCols(columns);
     for (ResultCard* card : m_tiles)
         card->SetMinSize({tileWidth, card->HeightFor(tileWidth)});
-    const int button = m_balance->IsShown() ? m_balance->GetBestSize().x + 2 * gap : 0;
-    m_badge->SetMinSize({1, m_badge->HeightFor(room - button)});
+    m_badge->SetMinSize({1, m_badge->HeightFor(room)});
     m_minerals->SetMinSize({1, m_minerals->HeightFor(room)});
     for (ResultCard* card : m_advice)
         card->SetMinSize({1, card->HeightFor(room)});

@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: MIT
+// The whole window: from an edit of a water to all that shows it.
+#include "app/document/document.h"
+#include "app/document/templates.h"
+#include "app/frame/main_frame.h"
+#include "dbinterfaces/project_database.h"
+#include "gui_base/support/density.h"
+#include "tests/support/temp_folder.h"
+
+#include <benchmark/benchmark.h>
+#include <wx/app.h>
+
+namespace {
+
+class Window
+{
+public:
+    Window()
+    {
+        ProjectDatabase::Open("sqlite3://" + (m_folder / "user.db").string());
+        density::Set(Density::Compact);
+        auto project = app::NewProjectFrom(*app::FindWaterTemplate("world_river_livingstone"));
+        m_frame = new app::MainFrame(std::make_unique<app::Document>(std::move(project)));
+        m_frame->Show();
+        wxYield();
+    }
+    ~Window()
+    {
+        m_frame->GetDocument().SetUnsaved(false);
+        m_frame->Close(true);
+        wxYield();
+        ProjectDatabase::Close();
+    }
+    app::MainFrame& Frame() { return *m_frame; }
+
+private:
+    support::TempFolder m_folder;
+    app::MainFrame* m_frame = nullptr;
+};
+
+/// An edit with its undo step, the page in front, the results, the diagram, the navigator and the messages;
+/// with `drawn`, until all of it is on the screen.
+void Edit(benchmark::State& state, bool drawn)
+{
+    Window window;
+    DetailData& sodium = window.Frame().GetProject().GetLiquid(0).GetDetails()->At("liquid/na.orig");
+    double value = 6.3;
+    for (auto _ : state) {
+        value = value == 6.3 ? 6.4 : 6.3;
+        sodium.SetValue(value);
+        if (drawn) {
+            wxTheApp->ProcessPendingEvents();
+            window.Frame().Update();
+            wxYield();
+        }
+    }
+}
+
+void BM_EditInTheWindow(benchmark::State& state)
+{
+    Edit(state, false);
+}
+BENCHMARK(BM_EditInTheWindow)->Unit(benchmark::kMillisecond);
+
+void BM_EditUntilDrawn(benchmark::State& state)
+{
+    Edit(state, true);
+}
+BENCHMARK(BM_EditUntilDrawn)->Unit(benchmark::kMillisecond);
+
+void BM_OpenTheWindow(benchmark::State& state)
+{
+    for (auto _ : state)
+        Window window;
+}
+BENCHMARK(BM_OpenTheWindow)->Unit(benchmark::kMillisecond)->Iterations(5);
+
+}  // namespace
