@@ -178,10 +178,11 @@ void MainFrame::OpenPages()
 void MainFrame::ClosePages()
 {
     GetProject().RemoveObserver(*this);
-    m_results->SetWater(nullptr, {});
-    m_diagram->Clear();
     GetProject().GetLogger().SetSink({});
     m_book->Close();
+    // Pages that go bring others to the front, whose water is shown.
+    m_results->SetWater(nullptr, {});
+    m_diagram->Clear();
 }
 
 void MainFrame::SetDocument(std::unique_ptr<Document> document)
