@@ -57,11 +57,8 @@ FileCommands::FileCommands(MainFrame& frame) : m_frame(frame)
 void FileCommands::New()
 {
     CommitFocusedField();
-    if (!ConfirmDiscard())
-        return;
-    ShowNew(NewEmptyProject());
-    // Typing begins at once.
-    m_frame.GetBook().ShowDetail({m_frame.GetProject().GetLiquid(0).GetOwner(), "liquid/na.orig"});
+    if (ConfirmDiscard())
+        ShowNew(NewEmptyProject());
 }
 
 void FileCommands::ShowNew(std::unique_ptr<Project> project)

@@ -82,8 +82,10 @@ MainFrame::MainFrame(std::unique_ptr<Document> document)
     Bind(wxEVT_CLOSE_WINDOW, &MainFrame::OnClose, this);
     Bind(wxEVT_SHOW, [this](wxShowEvent& event) {
         event.Skip();
-        if (event.IsShown())
+        if (event.IsShown()) {
             m_book->MakeShownPages();
+            FocusPage();
+        }
     });
     Bind(wxEVT_SYS_COLOUR_CHANGED, [this](wxSysColourChangedEvent& event) {
         event.Skip();
@@ -194,6 +196,14 @@ void MainFrame::SetDocument(std::unique_ptr<Document> document)
     m_document = std::move(document);
     OpenPages();
     ShowPages();
+    FocusPage();
+}
+
+void MainFrame::FocusPage()
+{
+    // Typing begins at once.
+    if (const LiquidData* water = m_waters.GetCurrent(); water != nullptr && IsShown())
+        m_book->ShowDetail({water->GetOwner(), "liquid/na.orig"});
 }
 
 void MainFrame::RebuildPages()

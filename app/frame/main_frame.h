@@ -110,6 +110,8 @@ private:
     void StepHistory(bool (UndoRedoDetailStack::*step)(), const UndoStep* taken);
     void OnMessage(MessageEvent& event);
     void OnClose(wxCloseEvent& event);
+    /// Puts the keyboard where a new window is used first.
+    void FocusPage();
     /// Shows the results of the water in front; those of the water before it on a page without one.
     void ShowResults();
     /// The same of the small diagram, which knows no project.
