@@ -289,6 +289,8 @@ void MainFrame::Localize()
     m_results->Localize();
     m_book->Localize();
     m_book->SendToPages(tvLOCALIZE_EVENT);
+    if (m_help)
+        m_help->Localize();
     UpdateTitle();
     UpdateRangeMessages();
 }

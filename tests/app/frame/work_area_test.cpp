@@ -128,11 +128,12 @@ TEST_F(WorkAreaTest, ToolsDoWhatTheirCommandsDo)
     EXPECT_EQ(Water("na.orig").GetDoubleValue(), 0.0);
     for (const app::MenuTable& menu : app::Menus()) {
         for (const app::MenuRow& row : menu.rows) {
-            if (row.icon != nullptr)
-                EXPECT_TRUE(
-                    ImageLoader::LoadTinted("icons/" + wxString(row.icon) + ".svg", wxSize(16, 16), *wxRED)
-                        .IsOk())
-                    << row.icon;
+            if (row.icon == nullptr)
+                continue;
+            EXPECT_TRUE(
+                ImageLoader::LoadTinted("icons/" + wxString(row.icon) + ".svg", wxSize(16, 16), *wxRED)
+                    .IsOk())
+                << row.icon;
         }
     }
 }
