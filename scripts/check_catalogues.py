@@ -8,7 +8,7 @@ check_catalogues.py --self-test checks the checker
 Faults are: a template that lacks texts of the sources or has texts that went away (update_catalogues.sh mends that);
 a text without a translation, or with a fuzzy one; a translation whose placeholders, final blanks or accelerator
 differ from the source's; two entries of one menu with the same accelerator; a catalogue whose head states no decimal
-sign, which the reports in its language have.
+sign, which the reports in its language have; a table of menus in which no menu is found.
 """
 import gettext
 import re
@@ -19,7 +19,7 @@ import tempfile
 from pathlib import Path
 
 ROOT = Path(__file__).resolve().parent.parent
-MENUS = ROOT / "app/frame/menu_table.cpp"
+MENUS = ROOT / "app/frame/menu_rows.cpp"
 
 PLACEHOLDER = re.compile(r"%(?:\d+\$)?[-+ #0]*\d*(?:\.\d+)?(?:l|ll|z)?[a-zA-Z%]|\{\w*\}")
 ACCELERATOR = re.compile(r"&(\w)")
@@ -85,6 +85,8 @@ def faults_of_entry(source, text):
 
 def menu_clashes(code, translations):
     """Accelerators that two entries of the same menu share, and keys that two entries of any menu share."""
+    if not MENU_ROWS.search(code):
+        yield "no menu is found in the table of menus"
     keys = MENU_KEY.findall(code)
     for key in sorted({key for key in keys if keys.count(key) > 1}):
         yield f"the key {key} stands for {keys.count(key)} entries"
@@ -156,6 +158,8 @@ def self_test():
                 po_entry(s, t) for s, t in entries.items()))
             if len(check(folder, set(entries), menu)) != 1:
                 bad.append(name + " without a decimal sign")
+    if not list(menu_clashes("no table", {})):
+        bad.append("a table without menus")
     print("\n".join(bad) or "the checker finds its faults")
     return 1 if bad else 0
 

@@ -15,6 +15,7 @@
 #include "gui_base/input/validation/commit.h"
 #include "gui_base/support/file_path.h"
 #include "gui_base/support/translation.h"
+#include "projectbase/details/date_text.h"
 #include "projectbase/project/project_file.h"
 #include "projectbase/project/project_lock.h"
 #include "projectbase/project/recovery_file.h"

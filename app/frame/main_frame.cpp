@@ -316,6 +316,8 @@ void MainFrame::Localize()
     m_diagram->Localize(GetProject().GetUnitSystemDisplay());
     m_book->Localize();
     m_book->SendToPages(tvLOCALIZE_EVENT);
+    if (m_help)
+        m_help->Localize();
     UpdateTitle();
     UpdateRangeMessages();
 }

@@ -75,7 +75,7 @@ constexpr std::array kFileMenu{
             .action = [](MainFrame& frame) { frame.Waters().Export(); },
             .enabled = &HasWater,
             .icon = "export"},
-    MenuRow{.text = wxTRANSLATE("Print &to PDF..."),
+    MenuRow{.text = wxTRANSLATE("Print to PD&F..."),
             .key = "Ctrl+P",
             .action = [](MainFrame& frame) { frame.PrintReport(); },
             .id = wxID_PRINT,

@@ -6,6 +6,7 @@
 #include "gui_base/messages/user_message.h"
 #include "gui_base/support/accessibility.h"
 #include "gui_base/support/translation.h"
+#include "projectbase/details/date_text.h"
 
 #include <wx/button.h>
 #include <wx/datetime.h>
@@ -48,11 +49,6 @@ wxString EditsText(const RecoverableFile& file)
 }
 
 }  // namespace
-
-wxString MomentText(std::chrono::system_clock::time_point moment)
-{
-    return wxDateTime(std::chrono::system_clock::to_time_t(moment)).Format("%Y-%m-%d %H:%M");
-}
 
 RecoveryDialog::RecoveryDialog(wxWindow* parent, std::vector<RecoverableFile> files)
     : wxDialog(parent, wxID_ANY, Tr(wxTRANSLATE("Unsaved work")), wxDefaultPosition, wxDefaultSize,

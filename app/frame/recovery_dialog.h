@@ -35,7 +35,4 @@ private:
     wxStaticText* m_edits;
 };
 
-/// Day and minute, "2026-11-22 05:30".
-wxString MomentText(std::chrono::system_clock::time_point moment);
-
 }  // namespace app

@@ -5,6 +5,7 @@
 #include "gui_base/input/form/form_grid.h"
 #include "gui_base/input/form/form_panel.h"
 #include "gui_base/report/report_page_source.h"
+#include "projectbase/details/date_text.h"
 #include "projectbase/project/project.h"
 
 #include <wx/statbox.h>
@@ -94,7 +95,7 @@ private:
         for (const FormRow& row : kRows) {
             const DetailData& detail = m_project.GetDetails().At(row.key);
             const std::string text = detail.GetType() == DetailType::Date
-                                         ? detail.GetValueAsString().BeforeFirst('T').utf8_string()
+                                         ? DateText(detail.GetDateValue()).utf8_string()
                                          : detail.GetStdStringValue();
             if (!text.empty())
                 rows.push_back({.cells = {{.text = context.Translated(row.label)}, {.text = text}}});

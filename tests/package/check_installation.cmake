@@ -25,7 +25,8 @@ if(NOT text MATCHES "Ionenbilanz")
   message(FATAL_ERROR "The installed program reported:\n${text}")
 endif()
 foreach(file applications/tarnvik.desktop mime/packages/tarnvik.xml icons/hicolor/scalable/apps/tarnvik.svg
-             tarnvik/help/tarnvik6.htb tarnvik/tnbase.zrc tarnvik/locale/de/LC_MESSAGES/tarnvik.mo)
+             tarnvik/help/tarnvik6.htb tarnvik/help/de/tarnvik6.htb tarnvik/help/fr/tarnvik6.htb tarnvik/tnbase.zrc
+             tarnvik/locale/de/LC_MESSAGES/tarnvik.mo tarnvik/locale/fr/LC_MESSAGES/tarnvik.mo)
   if(NOT EXISTS "${prefix}/share/${file}")
     message(FATAL_ERROR "The installation lacks share/${file}")
   endif()

@@ -207,7 +207,9 @@ std::string MoFile(std::vector<std::pair<std::string, std::string>> entries)
 class MemoryLoader : public wxTranslationsLoader
 {
 public:
-    explicit MemoryLoader(std::string file) : m_file(std::move(file)) {}
+    MemoryLoader(std::string file, wxString language)
+        : m_file(std::move(file)), m_language(std::move(language))
+    {}
     wxMsgCatalog* LoadCatalog(const wxString& domain, const wxString&) override
     {
         return wxMsgCatalog::CreateFromData(wxScopedCharBuffer::CreateNonOwned(m_file.data(), m_file.size()),
@@ -216,21 +218,32 @@ public:
     wxArrayString GetAvailableTranslations(const wxString&) const override
     {
         wxArrayString languages;
-        languages.Add("de");
+        languages.Add(m_language);
         return languages;
     }
 
 private:
     std::string m_file;
+    wxString m_language;
 };
 
 }  // namespace
 
 TestCatalogue::TestCatalogue(std::vector<std::pair<std::string, std::string>> entries)
 {
+    Use(std::move(entries), "de");
+}
+
+TestCatalogue::TestCatalogue(const Language& language)
+{
+    Use({}, language.code);
+}
+
+void TestCatalogue::Use(std::vector<std::pair<std::string, std::string>> entries, const wxString& language)
+{
     auto* translations = new wxTranslations;
-    translations->SetLoader(new MemoryLoader(MoFile(std::move(entries))));
-    translations->SetLanguage("de");
+    translations->SetLoader(new MemoryLoader(MoFile(std::move(entries)), language));
+    translations->SetLanguage(language);
     wxTranslations::Set(translations);
     EXPECT_TRUE(translations->AddCatalog("test"));
 }

@@ -142,13 +142,23 @@ protected:
     DialogAnswers m_dialogs;
 };
 
-/// A catalogue in memory for the language "xx", in effect until the object goes.
+/// A catalogue in memory, in effect until the object goes.
 class TestCatalogue
 {
 public:
+    struct Language
+    {
+        wxString code;
+    };
+    /// For German.
     explicit TestCatalogue(std::vector<std::pair<std::string, std::string>> entries);
+    /// Without texts.
+    explicit TestCatalogue(const Language& language);
     TestCatalogue(const TestCatalogue&) = delete;
     ~TestCatalogue();
+
+private:
+    static void Use(std::vector<std::pair<std::string, std::string>> entries, const wxString& language);
 };
 
 }  // namespace gui_test

@@ -5,6 +5,7 @@
 #include "dbinterfaces/project_database.h"
 #include "gui_base/dialogs/gui_utils.h"
 #include "gui_base/input/validation/numeric_validator.h"
+#include "projectbase/details/date_text.h"
 
 #include <wx/datetime.h>
 
@@ -23,7 +24,7 @@ constexpr double kSmall = 1e-3;
 wxString DayText(const std::string& iso)
 {
     wxDateTime day;
-    return day.ParseISODate(iso) ? day.FormatDate() : wxString();
+    return day.ParseISODate(iso) ? DateText(day) : wxString();
 }
 
 }  // namespace

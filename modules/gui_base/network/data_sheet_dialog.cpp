@@ -12,6 +12,7 @@
 #include "gui_base/support/help_file_provider.h"
 #include "gui_base/support/translation.h"
 #include "projectbase/design/resins.h"
+#include "projectbase/details/date_text.h"
 #include "tncommon/user_dirs.h"
 
 #include <wx/filename.h>
@@ -290,7 +291,7 @@ wxString DataSheetDialog::Fetch(const Entry& entry)
         return {};
     }
     const wxString question = wxString::Format(Translated("Open the sheet as it was fetched on %s?"),
-                                               former.GetModificationTime().FormatDate());
+                                               DateText(former.GetModificationTime()));
     return dialogs::AskYesNo(this, question, GetTitle(), wxICON_WARNING, error) == wxID_YES
                ? former.GetFullPath()
                : wxString();

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "gui_base/report/report_builder.h"
 
+#include "projectbase/details/date_text.h"
 #include "projectbase/project/project.h"
 
 #include <fmt/format.h>
@@ -10,11 +11,6 @@
 #include <cmath>
 
 namespace {
-
-std::string IsoDate(const wxDateTime& date)
-{
-    return date.IsValid() ? date.FormatISODate().utf8_string() : std::string();
-}
 
 std::string UnitSystemText(const ReportContext& context)
 {
@@ -61,7 +57,7 @@ ReportHead MakeReportHead(const Project& project, const std::string& fallbackTit
         head.title = fallbackTitle;
     head.customer = text("project/customer");
     head.author = text("project/author");
-    head.date = IsoDate(wxDateTime::Now());
+    head.date = DateText(wxDateTime::Now()).utf8_string();
     head.program = program;
     head.created = wxDateTime::GetTimeNow();
     return head;

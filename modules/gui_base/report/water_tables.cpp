@@ -8,6 +8,7 @@
 #include "gui_base/water/rows/ion_rows.h"
 #include "gui_base/water/rows/property_rows.h"
 #include "projectbase/advice/balance_judgement.h"
+#include "projectbase/details/date_text.h"
 #include "projectbase/details/detail_display.h"
 #include "projectbase/water/alkalinity.h"
 
@@ -105,8 +106,7 @@ std::string DateText(const DetailList& details, const std::string& key)
     const DetailData* detail = details.GetDetail(key);
     if (detail == nullptr || detail->GetType() != DetailType::Date)
         return Text(details, key);
-    const wxDateTime date = detail->GetDateValue();
-    return date.IsValid() ? date.FormatISODate().utf8_string() : std::string();
+    return ::DateText(detail->GetDateValue()).utf8_string();
 }
 
 /// What kind of analysis it is, with the one value that a short one rests on.

@@ -8,6 +8,7 @@
 #include "gui_base/input/controls/tv_textctrl.h"
 #include "gui_base/input/events.h"
 #include "gui_base/input/panel/aui_notebook.h"
+#include "gui_base/support/help_file_provider.h"
 #include "projectbase/project/project_file.h"
 #include "tests/support/pdf.h"
 #include "tests/support/program_fixture.h"
@@ -158,19 +159,27 @@ TEST_F(MainFrameTest, UnitSystemAndLanguageSwitchWithoutLosingADigit)
     }
     EXPECT_EQ(Value("temp.orig"), temperature);
     EXPECT_NEAR(wxAtof(Field("temp").GetValue()), 54.22, 0.01);
-    const auto languages = app::AvailableLanguages();
-    const bool german = std::any_of(languages.begin(), languages.end(),
-                                    [](const app::Language& language) { return language.code == "de"; });
-    ASSERT_TRUE(german);
-    m_frame->View().SetLanguage("de");
-    Pump();
-    EXPECT_EQ(m_frame->GetMenuBar()->GetMenuLabelText(0), "Datei");
-    EXPECT_EQ(Field("na.orig").GetName(), "Natrium [mg/l]");
-    EXPECT_EQ(m_frame->GetTitle(), "*Ohne Titel - Tarnvik");
-    m_frame->View().SetLanguage("en");
-    Pump();
-    EXPECT_EQ(m_frame->GetMenuBar()->GetMenuLabelText(0), "File");
-    EXPECT_EQ(Field("na.orig").GetName(), "Sodium [mg/l]");
+    struct Texts
+    {
+        const char* language;
+        const char* menu;
+        const char* field;
+        const char* title;
+        const char* book;
+    };
+    m_frame->ShowHelp();
+    for (const Texts& texts :
+         {Texts{"de", "Datei", "Natrium [mg/l]", "*Ohne Titel - Tarnvik", "help/de/"},
+          Texts{"fr", "Fichier", "Sodium [mg/l]", "*Sans titre - Tarnvik", "help/fr/"},
+          Texts{"en", "File", "Sodium [mg/l]", "*Untitled - Tarnvik", "share/tarnvik/help/"}}) {
+        m_frame->View().SetLanguage(texts.language);
+        Pump();
+        EXPECT_EQ(m_frame->GetMenuBar()->GetMenuLabelText(0), texts.menu);
+        EXPECT_EQ(Field("na.orig").GetName(), texts.field);
+        EXPECT_EQ(m_frame->GetTitle(), texts.title);
+        EXPECT_THAT(m_frame->GetHelp()->GetShownPage().utf8_string(),
+                    testing::EndsWith(texts.book + std::string("tarnvik6.htb#zip:wateranalysis.html")));
+    }
     EXPECT_EQ(Value("temp.orig"), temperature);
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "gui_base/input/validation/numeric_validator.h"
 
+#include "gui_base/input/validation/number_room.h"
 #include "gui_base/support/events.h"
 #include "gui_base/support/translation.h"
 
@@ -95,7 +96,27 @@ void NumericValidator::DoTransferToWindow()
     }
     CheckLimits();
     ColourByRange();
-    SetControlValue(FormatValueAsString(0));
+    const wxString text = FormatValueAsString(0);
+    if (text == GetControlValue()) {
+        SetControlValue(text);
+        return;
+    }
+    SetControlValue(text);
+    FitField();
+}
+
+void NumericValidator::FitField()
+{
+    auto* field = dynamic_cast<wxTextCtrl*>(m_validatorWindow);
+    if (field == nullptr || field->IsMultiLine())
+        return;
+    // Whoever sets another width while the field is not wider than usual, sets the usual one.
+    if (!m_isWider)
+        m_usualWidth = field->GetMinSize().x;
+    if (m_usualWidth <= 0)
+        return;
+    number_room::Fit(*field, m_usualWidth);
+    m_isWider = field->GetMinSize().x > m_usualWidth;
 }
 
 void NumericValidator::CheckLimits()

@@ -70,11 +70,15 @@ protected:
 
 private:
     void ColourByRange();
+    /// A number that is longer than usual ones shows its exponent, too.
+    void FitField();
     void ReportNoNumber(const wxString& text, std::optional<double> becomes);
 
     TvTextCtrlFormat m_format;
     int m_rangeFlag = 0;
-    wxString m_reported;  ///< the text that was reported last as no number
+    wxString m_reported;    ///< the text that was reported last as no number
+    int m_usualWidth = -1;  ///< of the field without a long number in it
+    bool m_isWider = false;
     wxColour m_belowMinColour{128, 192, 255};
     wxColour m_aboveMaxColour{255, 160, 144};
 };

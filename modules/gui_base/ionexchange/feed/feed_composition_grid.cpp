@@ -2,6 +2,7 @@
 #include "gui_base/ionexchange/feed/feed_composition_grid.h"
 
 #include "gui_base/dialogs/questions.h"
+#include "gui_base/input/validation/number_room.h"
 #include "gui_base/support/accessibility.h"
 #include "gui_base/support/grid_keys.h"
 #include "gui_base/support/image_loader.h"
@@ -77,6 +78,8 @@ void FeedCompositionGridBase::ShowComposition()
 void FeedCompositionGridBase::RefreshChangedRows(const std::vector<FeedComposition::CompoundEntry>& before)
 {
     const auto sameNumber = [](double a, double b) { return a == b || (std::isnan(a) && std::isnan(b)); };
+    std::optional<int> first;
+    int last = 0;
     for (std::size_t row = 0; row < m_shown.size(); ++row) {
         const auto& was = before[row];
         const auto& is = m_shown[row];
@@ -87,9 +90,20 @@ void FeedCompositionGridBase::RefreshChangedRows(const std::vector<FeedCompositi
                 std::tie(is.formula, is.acidBase, is.ionicCharge, is.valency) &&
             sameNumber(wasSide.pH, isSide.pH) &&
             std::equal(wasSide.values.begin(), wasSide.values.end(), isSide.values.begin(), sameNumber);
-        if (!same)
-            RefreshBlock(static_cast<int>(row), 0, static_cast<int>(row), GetNumberCols() - 1);
+        if (same)
+            continue;
+        last = static_cast<int>(row);
+        first = first.value_or(last);
+        RefreshBlock(last, 0, last, GetNumberCols() - 1);
     }
+    if (first)
+        GrowColumns(*first, last);
+}
+
+void FeedCompositionGridBase::GrowColumns(int first, int last)
+{
+    for (int column = kFeedFirstUnit; column < kFeedPh; ++column)
+        number_room::GrowColumn(*this, column, first, last);
 }
 
 void FeedCompositionGridBase::FillRows()
@@ -127,6 +141,7 @@ void FeedCompositionGridBase::FitColumns()
             wanted = std::max(wanted, dc.GetTextExtent(text).x + FromDIP(12));
         SetColSize(column, wanted);
     }
+    GrowColumns(0, GetNumberRows() - 1);
 }
 
 void FeedCompositionGridBase::UpdateGridColumnPhVisibility(bool visible)

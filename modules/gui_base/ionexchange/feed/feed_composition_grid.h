@@ -95,6 +95,8 @@ private:
     /// Draws the rows whose cells changed, which is most of the time of an edit.
     void RefreshChangedRows(const std::vector<FeedComposition::CompoundEntry>& before);
     void FitColumns();
+    /// Numbers of these rows that need more room than usual ones.
+    void GrowColumns(int first, int last);
     void PopupRowMenu(int row, const wxPoint& position);
     void AskRemove(int row);
     void OnLeftClick(wxGridEvent& event);

@@ -3,6 +3,7 @@
 
 #include "core/number_text.h"
 #include "gui_base/input/controls/tv_textctrl.h"
+#include "gui_base/input/validation/number_room.h"
 #include "gui_base/input/validation/numeric_validator.h"
 #include "gui_base/support/accessibility.h"
 #include "gui_base/support/translation.h"
@@ -53,6 +54,7 @@ void FeedTotalBox::ShowNumber(TvTextCtrl& field, double value)
     const wxString text = NumberText(value);
     if (field.GetValue() != text)
         field.ChangeValue(text);
+    number_room::Fit(field, field.FromDIP(kFieldWidth));
 }
 
 FeedTotalBox::FeedTotalBox(wxWindow* parent, int id)

@@ -2,6 +2,7 @@
 #include "gui_base/ionexchange/regeneration/regseq_grid.h"
 
 #include "gui_base/input/controls/wheel.h"
+#include "gui_base/input/validation/number_room.h"
 #include "gui_base/support/accessibility.h"
 #include "gui_base/support/grid_keys.h"
 #include "gui_base/support/translation.h"
@@ -125,6 +126,7 @@ void TVRegSeqGrid::SetSteps(const std::vector<RegSeqStep>& steps)
         SetGridCursor(count - 1, column);
     if (before != count)
         FitHeight();
+    GrowColumns();
     ForceRefresh();
 }
 
@@ -153,6 +155,14 @@ void TVRegSeqGrid::FitColumns()
             wanted = std::max(wanted, dc.GetTextExtent(text).x + FromDIP(kArrowWidth));
         SetColSize(column, std::max(wanted, texts.empty() ? FromDIP(kNumberWidth) : 0));
     }
+    GrowColumns();
+}
+
+void TVRegSeqGrid::GrowColumns()
+{
+    for (int column = 0; column < kRegSeqColumnCount; ++column)
+        if (m_table->TextsOf(column).empty())
+            number_room::GrowColumn(*this, column, 0, GetNumberRows() - 1);
 }
 
 std::vector<int> TVRegSeqGrid::GetChosenRows() const

@@ -41,6 +41,8 @@ public:
 
 private:
     void FitColumns();
+    /// Numbers that are longer than usual ones need more room; what the user widened stays so.
+    void GrowColumns();
     void FitHeight();
     void ShowMenu(const wxPoint& position);
     void OnKeyDown(wxKeyEvent& event);

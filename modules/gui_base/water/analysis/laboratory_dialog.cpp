@@ -2,6 +2,7 @@
 #include "gui_base/water/analysis/laboratory_dialog.h"
 
 #include "gui_base/dialogs/dialog_buttons.h"
+#include "gui_base/input/validation/number_room.h"
 #include "gui_base/input/validation/numeric_validator.h"
 #include "gui_base/support/accessibility.h"
 #include "gui_base/support/translation.h"
@@ -187,6 +188,7 @@ void LaboratoryDialog::ShowSample()
         const auto taken = std::ranges::find(m_values, i, &water::TakenValue::parameter);
         ShowRow(i, taken != m_values.end() ? &*taken : nullptr);
     }
+    number_room::GrowColumn(*m_list, kValue);
     m_list->Thaw();
     if (wxWindow* ok = FindWindow(wxID_OK))
         ok->Enable(!m_values.empty());

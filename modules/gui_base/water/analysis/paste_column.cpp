@@ -2,6 +2,7 @@
 #include "gui_base/water/analysis/paste_column.h"
 
 #include "gui_base/dialogs/dialog_buttons.h"
+#include "gui_base/input/validation/number_room.h"
 #include "gui_base/input/validation/numeric_validator.h"
 #include "gui_base/support/translation.h"
 #include "gui_base/water/analysis/wateranalysis_panel.h"
@@ -106,6 +107,8 @@ void PasteColumnDialog::FillList(wxListView& list, const std::vector<PasteLine>&
             list.SetItemTextColour(item, *wxBLACK);
         }
     }
+    for (int column = 1; column <= 2; ++column)
+        number_room::GrowColumn(list, column);
 }
 
 void PasteColumn(WaterAnalysisPanel& panel)

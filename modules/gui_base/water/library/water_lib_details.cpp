@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "gui_base/water/library/water_lib_details.h"
 
+#include "gui_base/input/validation/number_room.h"
 #include "gui_base/support/accessibility.h"
 #include "gui_base/support/translation.h"
 #include "gui_base/water/library/water_lib_list.h"
@@ -85,6 +86,7 @@ void WaterLibDetails::SetValues(const std::vector<DBObjects::WaterLibAttr>& valu
         m_values->SetItem(row, 1, line.value);
         m_values->SetItem(row, 2, line.unit);
     }
+    number_room::GrowColumn(*m_values, 1);
 }
 
 void WaterLibDetails::ShowOrigin(const WaterLibListViewItem& water)

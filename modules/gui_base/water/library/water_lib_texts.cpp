@@ -8,6 +8,7 @@
 #include "gui_base/support/translation.h"
 #include "gui_base/water/rows/ion_rows.h"
 #include "gui_base/water/rows/property_rows.h"
+#include "projectbase/details/date_text.h"
 #include "projectbase/units/unit_system_manager.h"
 
 #include <array>
@@ -171,8 +172,7 @@ wxString WaterTypeText(const std::string& code)
 
 wxString SamplingDateText(const LiquidData& liquid)
 {
-    const wxDateTime date = liquid.GetDetails()->At("liquid/sampling.date").GetDateValue();
-    return date.IsValid() ? date.FormatDate() : wxString();
+    return DateText(liquid.GetDetails()->At("liquid/sampling.date").GetDateValue());
 }
 
 }  // namespace water_library

@@ -3,13 +3,19 @@
 #include "gui_base/input/controls/tv_textctrl.h"
 #include "gui_base/input/validation/double_validator.h"
 #include "gui_base/input/validation/integer_validator.h"
+#include "gui_base/input/validation/number_room.h"
 #include "gui_base/input/validation/temperature_validator.h"
 #include "gui_base/input/validation/text_enter_validator.h"
 #include "gui_base/support/events.h"
 #include "tests/support/gui_test.h"
 
+#include <wx/dcclient.h>
+#include <wx/grid.h>
+#include <wx/listctrl.h>
 #include <wx/panel.h>
+#include <wx/sizer.h>
 
+#include <array>
 #include <cmath>
 #include <limits>
 
@@ -340,6 +346,78 @@ TEST_F(ValidatorTest, AStatusBarMayGoFirst)
     Focus(*field);
     gui_test::Enter(*field, "2");
     EXPECT_EQ(value, 2.0);
+}
+
+/// Numbers with an exponent, of which a cut text would tell another size.
+struct LongNumber
+{
+    double value;
+    int precision;
+    TvTextCtrlFormat format;
+    const char* text;
+};
+constexpr std::array kLongNumbers{
+    LongNumber{1.234e8, 3, General, "1.234e+08"},
+    LongNumber{-1.23456789e-12, 6, General, "-1.234568e-12"},
+    LongNumber{1e300, 4, Scientific, "1.0000e+300"},
+    LongNumber{-123456789.0, 2, Fixed, "-123456789.00"},
+    LongNumber{9.87654321e8, 8, General, "9.87654321e+08"},
+};
+
+TEST_F(ValidatorTest, AFieldIsAsWideAsItsNumber)
+{
+    constexpr int kUsual = 63;
+    double value = 1.0;
+    auto* row = new wxBoxSizer(wxHORIZONTAL);
+    m_panel->SetSizer(row);
+    for (const LongNumber& number : kLongNumbers) {
+        auto* field = new TvTextCtrl(m_panel, wxID_ANY, "", wxDefaultPosition, wxSize(kUsual, -1), wxTE_RIGHT,
+                                     DoubleValidator(&value, number.format, number.precision));
+        row->Add(field);
+        m_panel->Layout();
+        for (const double shown : {number.value, 1.0, number.value}) {
+            value = shown;
+            field->TransferDataToWindow();
+            const int needed = field->GetSizeFromTextSize(field->GetTextExtent(field->GetValue()).x).x;
+            EXPECT_LE(needed, field->GetSize().x) << number.text;
+            if (shown == number.value) {
+                EXPECT_EQ(field->GetValue(), number.text);
+            } else if (field->GetValue().length() <= 6) {
+                EXPECT_EQ(field->GetSize().x, kUsual) << "usual again after " << number.text;
+            }
+        }
+    }
+}
+
+TEST_F(ValidatorTest, AColumnIsAsWideAsItsLongestNumber)
+{
+    constexpr int kUsual = 40;
+    auto* grid = new wxGrid(m_panel, wxID_ANY);
+    grid->CreateGrid(2, 2);
+    auto* list = new wxListView(m_panel, wxID_ANY);
+    for (int column = 0; column < 2; ++column) {
+        grid->SetColSize(column, kUsual);
+        list->AppendColumn("x", wxLIST_FORMAT_RIGHT, kUsual);
+    }
+    wxClientDC dc(grid->GetGridWindow());
+    dc.SetFont(grid->GetDefaultCellFont());
+    int last = 0;
+    for (const LongNumber& number : kLongNumbers) {
+        grid->SetCellValue(0, 0, "1");
+        grid->SetCellValue(1, 0, number.text);
+        list->SetItem(list->InsertItem(list->GetItemCount(), ""), 1, number.text);
+        number_room::GrowColumn(*grid, 0, 0, 1);
+        number_room::GrowColumn(*list, 1);
+        EXPECT_GT(grid->GetColSize(0), dc.GetTextExtent(number.text).x) << number.text;
+        EXPECT_GT(list->GetColumnWidth(1), list->GetTextExtent(number.text).x) << number.text;
+        EXPECT_GE(grid->GetColSize(0), last) << "what is wide stays wide";
+        last = grid->GetColSize(0);
+    }
+    EXPECT_EQ(grid->GetColSize(1), kUsual);
+    EXPECT_EQ(list->GetColumnWidth(0), kUsual);
+    list->SetItem(0, 0, "1");
+    number_room::GrowColumn(*list, 0);
+    EXPECT_EQ(list->GetColumnWidth(0), kUsual) << "never narrower";
 }
 
 }  // namespace

@@ -56,7 +56,7 @@ TEST_P(WaterLibSave, BringsBackZerosAndWhatIsNotKnown)
     ClickNode({"User waters", "France"});
     ClickRow(0);
     EXPECT_EQ(Shown("Water type"), "River water");
-    EXPECT_EQ(Shown("Date of sampling"), wxDateTime(29, wxDateTime::Feb, 2024).FormatDate());
+    EXPECT_EQ(Shown("Date of sampling"), "2024-02-29");
     EXPECT_EQ(Shown("Comments"), "two\nlines");
     const LiquidData* selected = Find<WaterLibDetails>(*m_dialog).GetLiquid();
     ASSERT_NE(selected, nullptr);

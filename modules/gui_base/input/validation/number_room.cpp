@@ -1,0 +1,70 @@
+// SPDX-License-Identifier: MIT
+#include "gui_base/input/validation/number_room.h"
+
+#include <wx/dcclient.h>
+#include <wx/grid.h>
+#include <wx/listctrl.h>
+#include <wx/scrolwin.h>
+#include <wx/textctrl.h>
+
+#include <algorithm>
+
+namespace number_room {
+namespace {
+
+/// Every field has room for that many characters; measuring costs more than counting.
+constexpr std::size_t kAlwaysRoom = 6;
+constexpr int kCellMargin = 10;
+
+void LayOutAround(const wxWindow& field)
+{
+    for (wxWindow* around = field.GetParent(); around != nullptr; around = around->GetParent()) {
+        around->Layout();
+        const bool scrolls = dynamic_cast<wxScrollHelper*>(around) != nullptr;
+        if (scrolls)
+            around->FitInside();
+        if (scrolls || around->IsTopLevel())
+            return;
+    }
+}
+
+}  // namespace
+
+void Fit(wxTextCtrl& field, int usual)
+{
+    const wxString text = field.GetValue();
+    int wanted = usual;
+    if (text.length() > kAlwaysRoom)
+        wanted = std::max(wanted, field.GetSizeFromTextSize(field.GetTextExtent(text).x).x);
+    if (wanted == field.GetMinSize().x)
+        return;
+    field.SetMinSize(wxSize(wanted, field.GetMinSize().y));
+    LayOutAround(field);
+}
+
+void GrowColumn(wxGrid& grid, int column, int first, int last)
+{
+    wxString longest;
+    for (int row = first; row <= last; ++row) {
+        const wxString text = grid.GetCellValue(row, column);
+        if (text.length() > longest.length())
+            longest = text;
+    }
+    if (longest.length() <= kAlwaysRoom)
+        return;
+    wxClientDC dc(grid.GetGridWindow());
+    dc.SetFont(grid.GetDefaultCellFont());
+    const int wanted = dc.GetTextExtent(longest).x + grid.FromDIP(kCellMargin);
+    if (wanted > grid.GetColSize(column))
+        grid.SetColSize(column, wanted);
+}
+
+void GrowColumn(wxListView& list, int column)
+{
+    const int before = list.GetColumnWidth(column);
+    list.SetColumnWidth(column, wxLIST_AUTOSIZE);
+    if (list.GetColumnWidth(column) < before)
+        list.SetColumnWidth(column, before);
+}
+
+}  // namespace number_room
