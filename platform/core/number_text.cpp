@@ -106,6 +106,32 @@ std::string Format(double value, const Style& style, const Separators& separator
     return text;
 }
 
+void AlignDecimals(std::vector<std::string>& texts, const Separators& separators)
+{
+    constexpr std::string_view digitSpace = "\u2007";
+    constexpr std::string_view signSpace = "\u2008";
+    // The digits behind the decimal sign; -1 without one.
+    const auto decimals = [&separators](const std::string& text) -> std::optional<int> {
+        if (text.find_first_of("eE") != std::string::npos || !Parse(text, separators))
+            return std::nullopt;
+        const std::size_t sign = text.find(separators.decimal);
+        return sign == std::string::npos ? -1
+                                         : static_cast<int>(text.size() - sign - separators.decimal.size());
+    };
+    int most = -1;
+    for (const std::string& text : texts)
+        most = std::max(most, decimals(text).value_or(-1));
+    for (std::string& text : texts) {
+        const std::optional<int> own = decimals(text);
+        if (!own || *own == most)
+            continue;
+        if (*own < 0)
+            text += signSpace;
+        for (int i = std::max(*own, 0); i < most; ++i)
+            text += digitSpace;
+    }
+}
+
 std::string Trim(std::string_view text)
 {
     const auto strip = [](auto matches, auto remove) {

@@ -9,6 +9,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 /// Notation of a displayed number.
 enum class TvTextCtrlFormat : int
@@ -47,6 +48,10 @@ CORE_EXPORT std::string Format(double value, const Style& style, const Separator
 /// too large for a double becomes the largest one. Nothing when the text as a whole is no number ("1,5" where
 /// the comma is no separator, "abc", "1e", "nan").
 CORE_EXPORT std::optional<double> Parse(std::string_view text, const Separators& separators);
+
+/// Appends blanks as wide as digits and as decimal signs, so that the decimal signs of right-aligned texts
+/// stand below each other. What has an exponent, an inequality or is no number stays as it is.
+CORE_EXPORT void AlignDecimals(std::vector<std::string>& texts, const Separators& separators);
 
 /// `text` without white space (also no-break spaces) at both ends.
 CORE_EXPORT std::string Trim(std::string_view text);

@@ -65,6 +65,19 @@ std::string Lower(const std::string& utf8)
     return lower;
 }
 
+/// Whether a formula holds the element of that symbol; in one pass, for it runs over whole databases at every
+/// key.
+bool HoldsElement(const std::string& formula, const std::string& symbol)
+{
+    for (auto at = formula.find(symbol); at != std::string::npos; at = formula.find(symbol, at + 1)) {
+        // "C" is no part of "Ca".
+        const std::size_t end = at + symbol.size();
+        if (end >= formula.size() || formula[end] < 'a' || formula[end] > 'z')
+            return true;
+    }
+    return false;
+}
+
 }  // namespace
 
 CompoundCache::CompoundCache(int change, std::vector<DBObjects::Compound> compounds)
@@ -82,7 +95,7 @@ std::vector<DBObjects::Compound> CompoundCache::Filter(const std::string& elemen
     const std::string text = Lower(search);
     std::vector<std::size_t> found;
     for (std::size_t i = 0; i < m_compounds.size(); ++i) {
-        if ((element.empty() || m_compounds[i].baseElement == element) &&
+        if ((element.empty() || HoldsElement(m_compounds[i].formula, element)) &&
             (category.empty() || m_compounds[i].category == category) &&
             (text.empty() || m_texts[i].find(text) != std::string::npos))
             found.push_back(i);

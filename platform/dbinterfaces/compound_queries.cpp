@@ -149,10 +149,6 @@ std::vector<DBObjects::Compound> SelectFiltered(soci::session& session, Backend 
 {
     std::vector<std::string> conditions;
     std::vector<Parameter> parameters;
-    if (!element.empty()) {
-        conditions.emplace_back("base_element = :element");
-        parameters.emplace_back("element", element);
-    }
     if (!category.empty()) {
         conditions.emplace_back("category = :category");
         parameters.emplace_back("category", category);
@@ -166,7 +162,10 @@ std::vector<DBObjects::Compound> SelectFiltered(soci::session& session, Backend 
     clauses += backend == Backend::Sqlite ? " ORDER BY name COLLATE NOCASE, id"
                                           : " ORDER BY lower(name) COLLATE \"C\", id";
     std::vector<DBObjects::Compound> found = Select(session, "tarnvik_compound", clauses, parameters);
-    return beginning == search ? found : CompoundCache(0, std::move(found)).Filter({}, {}, search);
+    // The databases cannot tell the C of CaCl2 from that of CO2.
+    return beginning == search && element.empty()
+               ? found
+               : CompoundCache(0, std::move(found)).Filter(element, {}, search);
 }
 
 bool IsIndexed(soci::session& session, Backend backend, const std::string& search)

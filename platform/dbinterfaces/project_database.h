@@ -99,8 +99,8 @@ public:
 
     /// All compounds by name.
     static std::vector<DBObjects::Compound> GetCompounds();
-    /// The compounds of that base element and that category whose name or formula contains `search`, in
-    /// whatever case of its letters, by name. An empty text does not filter.
+    /// The compounds whose formula holds that element, of that category, whose name or formula contains
+    /// `search`, in whatever case of its letters, by name. An empty text does not filter.
     static std::vector<DBObjects::Compound> GetCompounds(const std::string& element,
                                                          const std::string& category,
                                                          const std::string& search);

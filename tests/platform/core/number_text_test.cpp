@@ -119,6 +119,19 @@ TEST(DelimitedText, ReadsQuotesAndLineEnds)
         EXPECT_EQ(delimited::Parse(text, ','), rows) << text;
 }
 
+TEST(NumberText, AlignsDecimalSigns)
+{
+    const std::string digit = "\u2007";
+    const std::string sign = "\u2008";
+    std::vector<std::string> texts{"1,25", "-0,5", "1.000", "", "1,5e+20", "< 0,125", "12"};
+    numbertext::AlignDecimals(texts, {",", "."});
+    EXPECT_EQ(texts, (std::vector<std::string>{"1,25", "-0,5" + digit, "1.000" + sign + digit + digit, "",
+                                               "1,5e+20", "< 0,125", "12" + sign + digit + digit}));
+    std::vector<std::string> whole{"1", "20"};
+    numbertext::AlignDecimals(whole, {});
+    EXPECT_EQ(whole, (std::vector<std::string>{"1", "20"}));
+}
+
 TEST(ColumnText, FindsTheDecimalSignFromAllCells)
 {
     struct Case

@@ -80,6 +80,27 @@ TEST_P(Compounds, BeginWithTheSuppliedOnes)
     EXPECT_EQ(ProjectDatabase::GetCompounds().size(), supplied.size() - 1);
 }
 
+TEST_P(Compounds, AreFoundByTheElementsOfTheirFormulas)
+{
+    ProjectDatabase::InsertOrReplaceCompounds(
+        {Make("a cobalt C", "Co3(PO4)2", "C", "Test"), Make("b carbonyl", "Co2(CO)8", "Co", "Test"),
+         Make("c carbide", "Ca4C", "Ca", "Test"), Make("d last", "NaC", "Na", "Test")});
+    const auto expect = [](const char* element, const std::vector<std::string>& names) {
+        EXPECT_EQ(Names(element, "Test", {}), names) << element;
+    };
+    const auto expectAll = [&expect] {
+        expect("C", {"b carbonyl", "c carbide", "d last"});
+        expect("Co", {"a cobalt C", "b carbonyl"});
+        expect("Ca", {"c carbide"});
+        expect("c", {});
+        EXPECT_EQ(Names("C", "Test", "carb"), (std::vector<std::string>{"b carbonyl", "c carbide"}));
+    };
+    expectAll();
+    // Within a transaction the database is asked.
+    const ProjectDatabase::Transaction transaction;
+    expectAll();
+}
+
 TEST_P(Compounds, AreStoredUnderANewIdentifierOrTheirOwn)
 {
     Compound compound = Make("O'Neill \"acid\"; DROP TABLE tarnvik_compound -- \u00e4\u6c34", "H2X");
@@ -121,7 +142,7 @@ TEST_P(Compounds, AreFilteredByElementCategoryAndAnyPartOfNameAndFormula)
 
     EXPECT_THAT(Names({}, {}, {}), ElementsAre("100 % test_substance\\", "Calcium hydroxide",
                                                "sodium sulfate", "sulfate", "Zinc"));
-    EXPECT_THAT(Names("S", {}, {}), ElementsAre("sulfate"));
+    EXPECT_THAT(Names("S", {}, {}), ElementsAre("sodium sulfate", "sulfate"));
     EXPECT_THAT(Names({}, "Salt", {}), ElementsAre("100 % test_substance\\", "sodium sulfate"));
     EXPECT_THAT(Names("Na", "Salt", "sulf"), ElementsAre("sodium sulfate"));
     EXPECT_THAT(Names("Na", "Anion", {}), IsEmpty());

@@ -170,9 +170,9 @@ void InputCombinationIonConcentrationCtrl::Localize(const std::string& unitSyste
     if (m_unitChoice)
         accessibility::SetName(*m_unitChoice, label + ", " + i18n::Translated("Unit"));
     if (m_output)
-        accessibility::SetName(*m_output,
-                               accessibility::NameWithUnit(
-                                   label, wxString::FromUTF8(ConcentrationUnit(*m_config.outputDetail))));
+        accessibility::SetName(*m_output, accessibility::NameWithUnit(
+                                              label + ", " + i18n::Translated("result"),
+                                              wxString::FromUTF8(ConcentrationUnit(*m_config.outputDetail))));
 }
 
 void InputCombinationIonConcentrationCtrl::TransferDetailToWindow()

@@ -2,6 +2,7 @@
 #include "gui_base/ionexchange/feed/compound_browser.h"
 
 #include "gui_base/dialogs/questions.h"
+#include "gui_base/input/controls/nothing_found.h"
 #include "gui_base/input/controls/tv_button.h"
 #include "gui_base/input/controls/tv_choice.h"
 #include "gui_base/input/controls/tv_searchctrl.h"
@@ -97,6 +98,8 @@ void CompoundBrowser::AddCompoundList(wxBoxSizer& sizer)
     const wxSizerFlags line = wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxTOP, FromDIP(kGap));
     m_list = AddControl(new CompoundList(this, wxID_ANY));
     m_list->SetMinSize(FromDIP(wxSize(320, 110)));
+    m_nothing =
+        AddControl(new NothingFound(*m_list, wxTRANSLATE("Clear filters"), [this] { ClearFilters(); }));
     sizer.Add(m_list, wxSizerFlags(line).Proportion(1));
     sizer.Add(AddControl(NewFeedHint(this, wxTRANSLATE("Double click a compound to add it to the feed"))),
               line);
@@ -155,6 +158,25 @@ void CompoundBrowser::NameControls()
     accessibility::SetName(*m_category, Tr(wxTRANSLATE("Category")));
     accessibility::SetName(*m_search, Tr("Search for compound name or formula ..."));
     accessibility::SetName(*m_list, Tr(wxTRANSLATE("Compounds")));
+}
+
+void CompoundBrowser::SetCompounds(CompoundList::Compounds compounds)
+{
+    const bool isFiltered =
+        !m_search->IsEmpty() || m_element->GetSelection() > 0 || m_category->GetSelection() > 0;
+    m_nothing->ShowIf(compounds.empty() && isFiltered);
+    m_list->SetCompounds(std::move(compounds));
+}
+
+void CompoundBrowser::ClearFilters()
+{
+    m_search->SetFocus();
+    CancelSearch();
+    for (tvChoice* filter : {m_element, m_category}) {
+        if (filter->GetCount() > 0)
+            filter->SetSelection(0);
+    }
+    PostEvent(tvFEED_SEARCH);
 }
 
 void CompoundBrowser::SetCategories(const Selection& items)

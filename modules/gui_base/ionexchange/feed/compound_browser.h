@@ -13,6 +13,7 @@
 #include <vector>
 
 class TvButton;
+class NothingFound;
 class TvSearchControl;
 class tvChoice;
 class wxBoxSizer;
@@ -31,7 +32,7 @@ public:
     void SetCategories(const Selection& items);
     void SetElements(const Selection& items);
     /// Shows other compounds in the list; nothing is selected then.
-    void SetCompounds(CompoundList::Compounds compounds) { m_list->SetCompounds(std::move(compounds)); }
+    void SetCompounds(CompoundList::Compounds compounds);
     /// Chooses an element without an event; one that is not offered changes nothing.
     void SelectElement(const wxString& element);
     const tvChoice& GetElement() const { return *m_element; }
@@ -48,6 +49,7 @@ private:
     void AddButtonRow(wxBoxSizer& sizer);
     void BindEvents();
     void NameControls();
+    void ClearFilters();
 
     void PostEvent(wxEventType type, std::vector<int> compounds = {});
     void PostElementChoiceEvent() { PostEvent(tvFEED_ELEMENT_CHOSEN); }
@@ -69,6 +71,7 @@ private:
     tvChoice* m_category = nullptr;
     TvSearchControl* m_search = nullptr;
     CompoundList* m_list = nullptr;
+    NothingFound* m_nothing = nullptr;
     TvButton* m_edit = nullptr;
     TvButton* m_delete = nullptr;
 };

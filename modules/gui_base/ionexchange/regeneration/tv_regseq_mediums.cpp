@@ -7,6 +7,7 @@
 #include "gui_base/input/form/form_grid.h"
 #include "gui_base/input/validation/numeric_validator.h"
 #include "gui_base/support/accessibility.h"
+#include "gui_base/support/grid_keys.h"
 #include "gui_base/support/translation.h"
 #include "projectbase/units/unit_system_manager.h"
 
@@ -36,6 +37,11 @@ TVRegSeqMediumsGrid::TVRegSeqMediumsGrid(wxWindow* parent, int id)
     SetDefaultCellBackgroundColour(TvTextCtrl::ReadOnlyColour());
     SetMinSize(wxSize(FromDIP(kNameWidth + kVolumeWidth + 20),
                       GetColLabelSize() + kRowsShown * GetDefaultRowSize() + FromDIP(4)));
+    // Nothing is edited here: Tab goes on.
+    Bind(wxEVT_GRID_TABBING, [this](wxGridEvent& event) {
+        event.Veto();
+        CallAfter([this, forward = !event.ShiftDown()] { grid_keys::LeaveByTab(*this, forward); });
+    });
 }
 
 void TVRegSeqMediumsGrid::SetSums(const MediumSumsData& sums, const std::string& unitSystem)

@@ -2,6 +2,7 @@
 #include "gui_base/water/analysis/ions_box.h"
 
 #include "gui_base/input/form/form_grid.h"
+#include "gui_base/support/accessibility.h"
 #include "gui_base/support/image_loader.h"
 #include "gui_base/support/translation.h"
 #include "gui_base/water/analysis/tooltip_on_demand.h"
@@ -103,7 +104,9 @@ void IonsBox::TakeUnitOfSodium()
 
 void IonsBox::Localize()
 {
-    m_defaultUnit->SetToolTip(i18n::Translated("Set default unit (based on 'Na' unit)"));
+    const wxString text = i18n::Translated("Set default unit (based on 'Na' unit)");
+    m_defaultUnit->SetToolTip(text);
+    accessibility::SetName(*m_defaultUnit, text);
 }
 
 }  // namespace wateranalysis

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "gui_base/water/library/water_lib_details.h"
 
+#include "core/number_text.h"
 #include "gui_base/input/validation/number_room.h"
+#include "gui_base/input/validation/numeric_validator.h"
 #include "gui_base/support/accessibility.h"
 #include "gui_base/support/translation.h"
 #include "gui_base/water/library/water_lib_list.h"
@@ -12,6 +14,8 @@
 #include <wx/statbox.h>
 #include <wx/stattext.h>
 #include <wx/wupdlock.h>
+
+#include <algorithm>
 
 namespace {
 
@@ -81,12 +85,18 @@ void WaterLibDetails::SetValues(const std::vector<DBObjects::WaterLibAttr>& valu
     water_store::Apply(values, *m_liquid);
     const wxWindowUpdateLocker frozen(m_values);
     m_values->DeleteAllItems();
-    for (const water_library::DetailLine& line : water_library::DetailLines(*m_liquid)) {
-        const long row = m_values->InsertItem(m_values->GetItemCount(), line.name);
-        m_values->SetItem(row, 1, line.value);
-        m_values->SetItem(row, 2, line.unit);
+    const std::vector<water_library::DetailLine> lines = water_library::DetailLines(*m_liquid);
+    std::vector<std::string> numbers;
+    for (const water_library::DetailLine& line : lines)
+        numbers.push_back(line.value.utf8_string());
+    numbertext::AlignDecimals(numbers, NumericValidator::LocaleSeparators());
+    for (std::size_t i = 0; i < lines.size(); ++i) {
+        const long row = m_values->InsertItem(static_cast<long>(i), lines[i].name);
+        m_values->SetItem(row, 1, wxString::FromUTF8(numbers[i]));
+        m_values->SetItem(row, 2, lines[i].unit);
     }
     number_room::GrowColumn(*m_values, 1);
+    water_library::FitLastColumn(*m_values);
 }
 
 void WaterLibDetails::ShowOrigin(const WaterLibListViewItem& water)

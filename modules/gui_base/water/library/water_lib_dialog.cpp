@@ -2,6 +2,7 @@
 #include "gui_base/water/library/water_lib_dialog.h"
 
 #include "gui_base/dialogs/questions.h"
+#include "gui_base/input/controls/nothing_found.h"
 #include "gui_base/input/controls/tv_searchctrl.h"
 #include "gui_base/messages/user_message.h"
 #include "gui_base/support/translation.h"
@@ -11,6 +12,7 @@
 #include "gui_base/water/library/water_lib_tree.h"
 
 #include <wx/button.h>
+#include <wx/checkbox.h>
 #include <wx/infobar.h>
 #include <wx/stattext.h>
 
@@ -65,7 +67,8 @@ void WaterLibDialog::BindEvents()
         wxCommandEvent event;
         OnUseSelectedClick(event);
     });
-    m_search->Bind(wxEVT_TEXT, &WaterLibDialog::OnSearch, this);
+    m_search->Bind(wxEVT_TEXT, [this](wxCommandEvent&) { ApplySearch(); });
+    m_thisFolder->Bind(wxEVT_CHECKBOX, [this](wxCommandEvent&) { ApplySearch(); });
     m_use->Bind(wxEVT_BUTTON, &WaterLibDialog::OnUseSelectedClick, this);
     Bind(wxEVT_CHAR_HOOK, &WaterLibDialog::OnCharHook, this);
 }
@@ -102,10 +105,17 @@ bool WaterLibDialog::ListItemIsUserEntry(const wxListItem& item) const
     return water != nullptr && water->IsUserEntry();
 }
 
-void WaterLibDialog::ShowSelectedNodes()
+bool WaterLibDialog::SearchesAll() const
 {
+    return !m_search->IsEmpty() && !m_thisFolder->GetValue();
+}
+
+void WaterLibDialog::ShowWaters()
+{
+    m_showsAll = SearchesAll();
     std::vector<DBObjects::WaterLibWater> waters;
-    const bool read = Guarded([&] { waters = m_tree->ReadSelectedWaters(); });
+    const bool read =
+        Guarded([&] { waters = m_showsAll ? m_tree->ReadAllWaters() : m_tree->ReadSelectedWaters(); });
     if (!Guarded([&] { FillWaterList(waters); }))
         FillWaterList({});
     else if (read)
@@ -142,6 +152,7 @@ void WaterLibDialog::FillWaterListView(std::vector<std::unique_ptr<WaterLibListV
 void WaterLibDialog::ShowWaterCount()
 {
     m_count->SetLabel(wxString::Format(Tr("Waters: %d"), m_waters->GetItemCount()));
+    m_nothing->ShowIf(m_waters->GetItemCount() == 0 && !m_search->IsEmpty());
 }
 
 void WaterLibDialog::FillDetailList(const std::vector<DBObjects::WaterLibAttr>& values)

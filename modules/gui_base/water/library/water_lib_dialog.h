@@ -28,8 +28,10 @@ class TVHelpFileProvider;
 class WaterLibDetails;
 class WaterLibListView;
 class WaterLibListViewItem;
+class NothingFound;
 class WaterLibTree;
 class wxButton;
+class wxCheckBox;
 class wxInfoBar;
 class wxSplitterWindow;
 class wxStaticText;
@@ -105,8 +107,12 @@ private:
     wxSizer* CreateButtonRow();
     void BindEvents();
     void FillWaterListView(std::vector<std::unique_ptr<WaterLibListViewItem>> items);
-    /// Shows the waters of the selected nodes.
-    void ShowSelectedNodes();
+    /// Whether a search goes through all folders.
+    bool SearchesAll() const;
+    /// Reads and shows the waters of all folders while they are searched, else those of the selected nodes.
+    void ShowWaters();
+    /// Shows what the search leaves of them.
+    void ApplySearch();
     void ShowWaterCount();
     /// Runs what asks a database; false, with a message, when that fails.
     bool Guarded(const std::function<void()>& action);
@@ -114,7 +120,7 @@ private:
                      void (WaterLibDialog::*handler)(wxCommandEvent&));
     void CloseWith(int code);
 
-    void OnSearch(wxCommandEvent& event);
+    void ClearSearch();
     void OnCharHook(wxKeyEvent& event);
 
     Logger& m_logger;
@@ -122,13 +128,16 @@ private:
     std::unique_ptr<water_library::Arrangement> m_arrangement;
     wxTreeItemId m_menuNode;
     bool m_accepted = false;
+    bool m_showsAll = false;
 
     wxInfoBar* m_problem = nullptr;
     wxSplitterWindow* m_vertical = nullptr;
     wxSplitterWindow* m_horizontal = nullptr;
     WaterLibTree* m_tree = nullptr;
     TvSearchControl* m_search = nullptr;
+    wxCheckBox* m_thisFolder = nullptr;
     WaterLibListView* m_waters = nullptr;
+    NothingFound* m_nothing = nullptr;
     WaterLibDetails* m_details = nullptr;
     wxStaticText* m_count = nullptr;
     wxButton* m_use = nullptr;

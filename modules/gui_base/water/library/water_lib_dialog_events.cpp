@@ -43,7 +43,12 @@ void WaterLibDialog::PopupRemove(wxWindow& window, const wxPoint& position,
 
 void WaterLibDialog::OnTreeItemSelected(wxTreeEvent& event)
 {
-    ShowSelectedNodes();
+    // Who goes to a folder wants to see what is in it.
+    if (SearchesAll()) {
+        m_search->ChangeValue(wxString());
+        m_waters->SetFilter(wxString());
+    }
+    ShowWaters();
     event.Skip();
 }
 
@@ -121,7 +126,7 @@ void WaterLibDialog::OnListItemDelete(wxCommandEvent&)
     if (!removed)
         return;
     ClearDetails();
-    m_waters->RemoveWater(id);
+    m_waters->RemoveUserWater(id);
     ShowWaterCount();
 }
 
@@ -142,7 +147,7 @@ void WaterLibDialog::OnTreeItemDelete(wxCommandEvent&)
     if (!removed)
         return;
     m_tree->Delete(node);
-    ShowSelectedNodes();
+    ShowWaters();
 }
 
 void WaterLibDialog::OnUseSelectedClick(wxCommandEvent&)
@@ -159,11 +164,21 @@ void WaterLibDialog::OnUseSelectedClick(wxCommandEvent&)
     }
 }
 
-void WaterLibDialog::OnSearch(wxCommandEvent&)
+void WaterLibDialog::ApplySearch()
 {
     ClearDetails();
     m_waters->SetFilter(m_search->GetValue());
-    ShowWaterCount();
+    if (SearchesAll() != m_showsAll)
+        ShowWaters();
+    else
+        ShowWaterCount();
+}
+
+void WaterLibDialog::ClearSearch()
+{
+    m_search->SetFocus();
+    m_search->ChangeValue(wxString());
+    ApplySearch();
 }
 
 void WaterLibDialog::OnCharHook(wxKeyEvent& event)

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The controls of the water library.
+#include "gui_base/input/controls/nothing_found.h"
 #include "gui_base/input/controls/tv_searchctrl.h"
 #include "gui_base/support/accessibility.h"
 #include "gui_base/support/button_label.h"
@@ -10,6 +11,7 @@
 #include "gui_base/water/library/water_lib_tree.h"
 
 #include <wx/button.h>
+#include <wx/checkbox.h>
 #include <wx/infobar.h>
 #include <wx/sizer.h>
 #include <wx/splitter.h>
@@ -58,11 +60,16 @@ wxWindow* WaterLibDialog::CreateWaterPanel(wxWindow* parent)
     m_search = new TvSearchControl(panel, wxID_ANY);
     m_search->SetTranslatableHint(wxTRANSLATE("Search waters"));
     accessibility::SetName(*m_search, Tr("Search waters"));
+    m_thisFolder = new wxCheckBox(panel, wxID_ANY, Tr("In this folder only"));
     m_waters = new WaterLibListView(panel, wxID_ANY);
     accessibility::SetName(*m_waters, Tr("Waters"));
     water_library::FillWidth(*m_waters);
+    m_nothing = new NothingFound(*m_waters, wxTRANSLATE("Clear search"), [this] { ClearSearch(); });
+    auto* searchRow = new wxBoxSizer(wxHORIZONTAL);
+    searchRow->Add(m_search, wxSizerFlags(1).CentreVertical());
+    searchRow->Add(m_thisFolder, wxSizerFlags().CentreVertical().Border(wxLEFT, FromDIP(2 * kGap)));
     auto* sizer = new wxBoxSizer(wxVERTICAL);
-    sizer->Add(m_search, wxSizerFlags().Expand().Border(wxLEFT | wxBOTTOM, FromDIP(kGap)));
+    sizer->Add(searchRow, wxSizerFlags().Expand().Border(wxLEFT | wxBOTTOM, FromDIP(kGap)));
     sizer->Add(m_waters, wxSizerFlags().Expand().Proportion(1).Border(wxLEFT, FromDIP(kGap)));
     panel->SetSizer(sizer);
     return panel;

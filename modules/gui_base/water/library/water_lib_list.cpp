@@ -53,10 +53,11 @@ const WaterLibListViewItem* WaterLibListView::GetWater(long row) const
                                                                : nullptr;
 }
 
-void WaterLibListView::RemoveWater(int id)
+void WaterLibListView::RemoveUserWater(int id)
 {
-    const auto found = std::find_if(m_waters.begin(), m_waters.end(),
-                                    [id](const auto& water) { return water->GetIdentifier() == id; });
+    const auto found = std::find_if(m_waters.begin(), m_waters.end(), [id](const auto& water) {
+        return water->IsUserEntry() && water->GetIdentifier() == id;
+    });
     if (found == m_waters.end())
         return;
     m_shown.clear();
@@ -123,15 +124,20 @@ wxString WaterLibListView::OnGetItemText(long row, long column) const
     return water != nullptr ? water->GetColumnText(column) : wxString();
 }
 
+void water_library::FitLastColumn(wxListView& list)
+{
+    int width = list.GetClientSize().x;
+    const int last = list.GetColumnCount() - 1;
+    for (int column = 0; column < last; ++column)
+        width -= list.GetColumnWidth(column);
+    if (width > list.FromDIP(40))
+        list.SetColumnWidth(last, width);
+}
+
 void water_library::FillWidth(wxListView& list)
 {
     list.Bind(wxEVT_SIZE, [&list](wxSizeEvent& event) {
-        int width = list.GetClientSize().x;
-        const int last = list.GetColumnCount() - 1;
-        for (int column = 0; column < last; ++column)
-            width -= list.GetColumnWidth(column);
-        if (width > list.FromDIP(40))
-            list.SetColumnWidth(last, width);
+        FitLastColumn(list);
         event.Skip();
     });
 }

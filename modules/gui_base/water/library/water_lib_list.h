@@ -27,8 +27,9 @@ public:
     /// The shown water of that row, or null.
     const WaterLibListViewItem* GetWater(long row) const;
     const WaterLibListViewItem* GetSelectedWater() const { return GetWater(GetFirstSelected()); }
-    /// Removes the water with that identifier; nothing when it is not listed.
-    void RemoveWater(int id);
+    /// Removes the user's water with that identifier; nothing when it is not listed. Supplied waters may have
+    /// the same identifiers.
+    void RemoveUserWater(int id);
 
     /// Sorts by a column in the order of the user's locale; by the same column again, the other way round.
     /// The selected water stays selected.
@@ -55,7 +56,8 @@ private:
 
 namespace water_library {
 
-/// The last column takes the width that the others leave.
+/// The last column takes the width that the others leave, now or at every change of the list's size.
+GUI_BASE_EXPORT void FitLastColumn(wxListView& list);
 GUI_BASE_EXPORT void FillWidth(wxListView& list);
 
 }  // namespace water_library

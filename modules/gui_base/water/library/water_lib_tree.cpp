@@ -77,11 +77,26 @@ bool WaterLibTree::IsUserCountry(const wxTreeItemId& node) const
 
 std::vector<DBObjects::WaterLibWater> WaterLibTree::ReadSelectedWaters() const
 {
-    std::vector<int> supplied;
-    std::vector<int> own;
     wxArrayTreeItemIds selected;
     GetSelections(selected);
-    for (const wxTreeItemId node : selected) {
+    return ReadWaters(std::vector<wxTreeItemId>(selected.begin(), selected.end()));
+}
+
+std::vector<DBObjects::WaterLibWater> WaterLibTree::ReadAllWaters() const
+{
+    std::vector<wxTreeItemId> categories;
+    wxTreeItemIdValue cookie;
+    for (wxTreeItemId node = GetFirstChild(GetRootItem(), cookie); node.IsOk();
+         node = GetNextChild(GetRootItem(), cookie))
+        categories.push_back(node);
+    return ReadWaters(categories);
+}
+
+std::vector<DBObjects::WaterLibWater> WaterLibTree::ReadWaters(const std::vector<wxTreeItemId>& nodes) const
+{
+    std::vector<int> supplied;
+    std::vector<int> own;
+    for (const wxTreeItemId& node : nodes) {
         if (const WaterLibTreeItemData* data = GetNode(node))
             (data->IsUserEntry() ? own : supplied).push_back(data->GetIdentifier());
     }

@@ -33,10 +33,13 @@ public:
     bool IsUserCountry(const wxTreeItemId& node) const;
     /// The waters of the selected nodes. Throws DatabaseError.
     std::vector<DBObjects::WaterLibWater> ReadSelectedWaters() const;
+    /// Those of all nodes.
+    std::vector<DBObjects::WaterLibWater> ReadAllWaters() const;
     /// Name of a country in the language of the texts.
     wxString CountryName(const std::string& english) const;
 
 private:
+    std::vector<DBObjects::WaterLibWater> ReadWaters(const std::vector<wxTreeItemId>& nodes) const;
     void AddCategory(const DBObjects::WaterLibCategory& category, bool user,
                      const std::vector<DBObjects::WaterLibCountry>& countries);
 

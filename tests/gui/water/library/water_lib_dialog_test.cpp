@@ -1,16 +1,20 @@
 // SPDX-License-Identifier: MIT
 // The water library as its user drives it, with real databases behind it.
 #include "dbinterfaces/database_error.h"
+#include "gui_base/input/controls/nothing_found.h"
 #include "gui_base/input/controls/tv_searchctrl.h"
 #include "gui_base/water/library/water_lib_details.h"
 #include "tests/gui/water/library/water_lib_fixture.h"
 
 #include <wx/button.h>
+#include <wx/checkbox.h>
+#include <wx/dcclient.h>
 #include <wx/infobar.h>
 #include <wx/menu.h>
 #include <wx/timer.h>
 
 #include <filesystem>
+#include <map>
 #include <stdexcept>
 
 namespace {
@@ -35,7 +39,7 @@ TEST_F(WaterLibTest, ShowsTheSuppliedWaters)
     EXPECT_EQ(DetailValue("Temperature"), "12.5 \u00b0C");
     EXPECT_EQ(DetailValue("Strontium"), "(none)");
     // Two nodes at once, with the keyboard.
-    for (int i = 0; i < 2; ++i)
+    for (int i = 0; i < 3; ++i)
         Press(WXK_TAB, wxMOD_SHIFT);
     EXPECT_TRUE(Tree().HasFocus());
     Press(WXK_DOWN, wxMOD_SHIFT);
@@ -72,6 +76,82 @@ TEST_F(WaterLibTest, SortsAndSearches)
     Find<wxSearchCtrl>(dialog).Clear();
     Pump();
     EXPECT_EQ(Sources().size(), 3u);
+}
+
+TEST_F(WaterLibTest, SearchesAllFoldersOrTheOpenOne)
+{
+    Describe("FR", "Lyon", "Groundwater 30a9e918");
+    EXPECT_TRUE(Save());
+    WaterLibDialog& dialog = Open();
+    ClickNode({"Surface waters", "Brazil"});
+    const std::vector<std::string> ofFolder = Sources();
+    ASSERT_EQ(ofFolder.size(), 1u);
+    auto& search = Find<wxSearchCtrl>(dialog);
+    auto& nothing = Find<NothingFound>(dialog);
+    Focus(search);
+    Type("30A9");
+    EXPECT_EQ(Sources(), (std::vector<std::string>(2, "Groundwater 30a9e918"))) << "supplied and own";
+    EXPECT_FALSE(nothing.IsShownOnScreen());
+    // The folder alone does not hold it, which the list says.
+    Press(WXK_TAB);
+    Press(WXK_SPACE);
+    EXPECT_TRUE(Sources().empty());
+    EXPECT_TRUE(nothing.IsShownOnScreen());
+    EXPECT_TRUE(dialog.GetWaterList().GetRect().Contains(nothing.GetRect()));
+    Press(WXK_SPACE);
+    EXPECT_EQ(Sources().size(), 2u);
+    Press(WXK_SPACE);
+    // Tab: the list, the button in it.
+    Press(WXK_TAB);
+    Press(WXK_TAB);
+    Press(WXK_SPACE);
+    EXPECT_TRUE(search.IsEmpty());
+    EXPECT_TRUE(search.HasFocus() || wxWindow::FindFocus()->GetParent() == &search);
+    EXPECT_FALSE(nothing.IsShown());
+    EXPECT_EQ(Sources(), ofFolder);
+    // An empty folder is no search without result.
+    ClickNode({"User waters", "France"});
+    m_database.Sql("DELETE FROM tarnvik_water_value");
+    m_database.Sql("DELETE FROM tarnvik_water");
+    ClickNode({"User waters"});
+    EXPECT_TRUE(Sources().empty());
+    EXPECT_FALSE(nothing.IsShown());
+    // Going to a folder ends a search of all.
+    Find<wxCheckBox>(dialog).SetValue(false);
+    Focus(search);
+    Type("30a9");
+    ASSERT_EQ(Sources().size(), 1u);
+    ClickNode({"Surface waters", "Brazil"});
+    EXPECT_EQ(Sources(), ofFolder);
+    EXPECT_TRUE(search.IsEmpty());
+}
+
+TEST_F(WaterLibTest, RemovesNoSuppliedWaterOfTheSameIdentifier)
+{
+    WaterLibDialog& dialog = Open();
+    dialog.FillWaterList({{7, 1, "", "", "supplied", 0}, {7, 1, "", "", "own", 1}});
+    dialog.GetWaterList().RemoveUserWater(7);
+    EXPECT_EQ(Sources(), std::vector<std::string>{"supplied"});
+}
+
+TEST_F(WaterLibTest, ShowsNumbersWholeAndTheirDecimalSignsInLine)
+{
+    WaterLibDialog& dialog = Open();
+    dialog.FillDetailList({{"liquid/na.orig", "16.25", "mg/l"},
+                           {"liquid/k.orig", "3", "mg/l"},
+                           {"liquid/ca.orig", "1.2345678912e+205", "mg/l"}});
+    auto& list = Find<wxListView>(dialog, "Details");
+    std::map<std::string, wxString> shown;
+    for (long row = 0; row < list.GetItemCount(); ++row)
+        shown[list.GetItemText(row, 0).utf8_string()] = list.GetItemText(row, 1);
+    wxClientDC measure(&list);
+    measure.SetFont(list.GetFont());
+    const auto right = [&](const wxString& text, const wxString& last) {
+        return measure.GetTextExtent(text).x - measure.GetTextExtent(text.substr(0, text.find(last))).x;
+    };
+    EXPECT_NEAR(right(shown["Sodium"], "."), right(shown["Potassium"], wxString::FromUTF8("\u2008")), 1);
+    EXPECT_EQ(shown["Calcium"], "1.23456789e+205");
+    EXPECT_GE(list.GetColumnWidth(1), measure.GetTextExtent(shown["Calcium"]).x);
 }
 
 TEST_F(WaterLibTest, UsesAWaterOnlyWhenTheUserSaysYes)

@@ -139,8 +139,11 @@ protected:
     {
         const auto& list = Find<wxListView>(*m_dialog, "Details");
         for (long row = 0; row < list.GetItemCount(); ++row) {
-            if (list.GetItemText(row, 0) == name)
-                return (list.GetItemText(row, 1) + " " + list.GetItemText(row, 2)).utf8_string();
+            if (list.GetItemText(row, 0) != name)
+                continue;
+            // Without the blanks that put its decimal sign in line.
+            const wxString number = list.GetItemText(row, 1).BeforeFirst(L'\u2007').BeforeFirst(L'\u2008');
+            return (number + " " + list.GetItemText(row, 2)).utf8_string();
         }
         return "(none)";
     }
