@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/command_line/feed_setting.h"
 
+#include "core/detection_limit.h"
 #include "projectbase/feed/feed_composition.h"
 #include "projectbase/project/iex_project.h"
 
@@ -64,6 +65,19 @@ Quantity ParseQuantity(const ProjectSetting& setting)
         throw SettingError(fmt::format("'{}' is no number for {}", setting.value, setting.key));
     return {value,
             std::string(Trim(std::string_view(parsed.ptr, static_cast<std::size_t>(end - parsed.ptr))))};
+}
+
+Quantity ParseAmount(const ProjectSetting& setting)
+{
+    const auto limit = detection_limit::Behind(Trim(setting.value));
+    Quantity quantity =
+        limit ? ParseQuantity({.owner = setting.owner, .key = setting.key, .value = std::string(*limit)})
+              : ParseQuantity(setting);
+    if (quantity.value < 0.0)
+        throw SettingError(fmt::format("'{}' is negative, which {} cannot be", setting.value, setting.key));
+    if (limit)
+        quantity.value = detection_limit::Make(quantity.value);
+    return quantity;
 }
 
 DetailAddress FindFeedAddress(const Project& project, const ProjectSetting& setting)

@@ -30,5 +30,8 @@ struct Quantity
 /// A number and whatever follows it; not known for an empty text. Throws SettingError for a text that is no
 /// number.
 Quantity ParseQuantity(const ProjectSetting& setting);
+/// The same of an amount, which may be a limit of detection, "<0.05 mg/l" (core/detection_limit.h), and is
+/// not negative.
+Quantity ParseAmount(const ProjectSetting& setting);
 
 }  // namespace app

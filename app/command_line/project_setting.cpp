@@ -7,6 +7,7 @@
 #include "projectbase/project/project_edit.h"
 #include "projectbase/units/unit_system_manager.h"
 #include "projectbase/water/blend_recipe.h"
+#include "projectbase/water/detection_limits.h"
 #include "projectbase/water/typed_units.h"
 
 #include <fmt/format.h>
@@ -145,7 +146,8 @@ double ToIso(const DetailData& detail, const Quantity& quantity)
 
 void SetNumber(const Target& target, const ProjectSetting& setting)
 {
-    const Quantity quantity = ParseQuantity(setting);
+    const Quantity quantity =
+        water::TakesDetectionLimit(target.name) ? ParseAmount(setting) : ParseQuantity(setting);
     DetailData* unit = target.name.ends_with(kOrig) ? target.list->GetDetail(UnitName(target.name)) : nullptr;
     if (unit == nullptr) {
         target.detail->SetValue(ToIso(*target.detail, quantity));

@@ -38,6 +38,23 @@ namespace app {
 namespace {
 
 constexpr int kStatusFields = 3;
+/// The kind of the small diagram, by its number.
+constexpr const char* kDiagram = "/Window/diagram";
+
+/// As it was left; the bars where nothing of that was kept.
+water_diagram::Kind KeptDiagram()
+{
+    std::string kept;
+    try {
+        kept = ProjectDatabase::GetLocalParameter(kDiagram);
+    } catch (const std::exception& error) {
+        wxLogDebug("%s", wxString::FromUTF8(error.what()));
+    }
+    const auto found = std::ranges::find_if(water_diagram::kKinds, [&kept](water_diagram::Kind kind) {
+        return kept == std::to_string(static_cast<int>(kind));
+    });
+    return found == water_diagram::kKinds.end() ? water_diagram::Kind::Bars : *found;
+}
 
 /// "Undo change of Sodium", "Undo add water".
 wxString HistoryText(const char* bare, const char* change, const char* edit, const UndoStep* step)
@@ -79,6 +96,10 @@ MainFrame::MainFrame(std::unique_ptr<Document> document)
     Bind(tvCLOSEPROJECT_EVENT, [this](wxCommandEvent&) { m_files.New(); });
     Bind(tvACTIVATECURRENTTREEITEM_EVENT,
          [this](wxCommandEvent& event) { m_book->ShowPlace(static_cast<std::size_t>(event.GetInt())); });
+    Bind(wxEVT_CHAR_HOOK, [this](wxKeyEvent& event) {
+        if (!DoCommandOfKey(*this, event))
+            event.Skip();
+    });
     Bind(wxEVT_CLOSE_WINDOW, &MainFrame::OnClose, this);
     Bind(wxEVT_SHOW, [this](wxShowEvent& event) {
         event.Skip();
@@ -93,7 +114,12 @@ MainFrame::MainFrame(std::unique_ptr<Document> document)
         // colour of the texts.
         const wxColour text = wxSystemSettings::GetColour(wxSYS_COLOUR_BTNTEXT);
         if (text != std::exchange(m_textColour, text))
-            CallAfter([this] { BuildMenus(); });
+            CallAfter([this] {
+                BuildMenus();
+                m_workArea->TakeColours();
+                // Fields keep the colours that they were made with.
+                RebuildPages();
+            });
     });
     m_files.RestartAutosave();
     m_textColour = wxSystemSettings::GetColour(wxSYS_COLOUR_BTNTEXT);
@@ -133,7 +159,7 @@ void MainFrame::BuildWindows()
                 m_help->DisplayHelpSection(section);
         });
     m_workArea->AddPane(WorkPane::Results, m_results);
-    m_diagram = new WaterDiagramPanel(m_workArea->GetDesk());
+    m_diagram = new WaterDiagramPanel(m_workArea->GetDesk(), KeptDiagram());
     m_workArea->AddPane(WorkPane::Diagram, m_diagram);
     GetNotebook().Bind(wxEVT_AUINOTEBOOK_PAGE_CHANGED, [this](wxAuiNotebookEvent& event) {
         event.Skip();
@@ -202,8 +228,10 @@ void MainFrame::SetDocument(std::unique_ptr<Document> document)
 void MainFrame::FocusPage()
 {
     // Typing begins at once.
-    if (const LiquidData* water = m_waters.GetCurrent(); water != nullptr && IsShown())
-        m_book->ShowDetail({water->GetOwner(), "liquid/na.orig"});
+    if (IsStartShown())
+        m_start->SetFocus();
+    else if (const LiquidData* water = m_waters.GetCurrent(); water != nullptr && IsShown())
+        m_book->ShowDetail({water->GetOwner(), "liquid/na.orig"}, true);
 }
 
 void MainFrame::RebuildPages()
@@ -443,6 +471,11 @@ void MainFrame::ShowStart()
     m_start->SetFocus();
 }
 
+bool MainFrame::IsStartShown() const
+{
+    return m_workArea->IsCoverShown();
+}
+
 void MainFrame::ShowPages()
 {
     m_workArea->ShowCover(false);
@@ -506,6 +539,7 @@ void MainFrame::OnClose(wxCloseEvent& event)
             m_files.KeepUnsaved();
         KeepArrangement();
         m_workArea->KeepLayout();
+        ProjectDatabase::SetLocalParameter(kDiagram, std::to_string(static_cast<int>(m_diagram->GetKind())));
         KeepPlace(*this);
         Settings::Save();
     } catch (const std::exception& error) {

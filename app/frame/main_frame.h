@@ -77,6 +77,7 @@ public:
     void ShowAbout();
     /// Shows what can be begun with, instead of the pages.
     void ShowStart();
+    bool IsStartShown() const;
     void ShowPages();
     void ClearMessages();
     /// Tells of what went wrong, by a function that gives the text in the present language.

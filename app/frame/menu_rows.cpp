@@ -14,12 +14,13 @@ constexpr MenuRow kSeparator{};
 
 bool HasWater(const MainFrame& frame)
 {
-    return frame.Waters().GetCurrent() != nullptr;
+    // Nobody changes a water behind the start page.
+    return !frame.IsStartShown() && frame.Waters().GetCurrent() != nullptr;
 }
 
 bool HasFullAnalysis(const MainFrame& frame)
 {
-    return frame.Waters().HasFullAnalysis();
+    return !frame.IsStartShown() && frame.Waters().HasFullAnalysis();
 }
 
 constexpr std::array kFileMenu{
@@ -48,7 +49,7 @@ constexpr std::array kFileMenu{
     MenuRow{.text = wxTRANSLATE("Unsaved &work..."),
             .action = [](MainFrame& frame) { frame.Files().ShowRecovery(); }},
     MenuRow{.text = wxTRANSLATE("S&tart page"),
-            .key = "Ctrl+Home",
+            .key = "Alt+Home",
             .action = [](MainFrame& frame) { frame.ShowStart(); },
             .icon = "home"},
     kSeparator,

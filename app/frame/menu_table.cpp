@@ -5,9 +5,11 @@
 #include "gui_base/support/image_loader.h"
 #include "gui_base/support/translation.h"
 
+#include <wx/accel.h>
 #include <wx/settings.h>
 
 #include <algorithm>
+#include <array>
 #include <map>
 #include <vector>
 
@@ -135,6 +137,28 @@ void AddTool(TableToolBar& bar, const MenuRow& row, MainFrame& frame)
 }
 
 }  // namespace
+
+bool DoCommandOfKey(MainFrame& frame, const wxKeyEvent& event)
+{
+    constexpr std::array kOfTheText{wxID_CUT, wxID_COPY, wxID_PASTE, wxID_SELECTALL};
+    if ((event.GetModifiers() & (wxMOD_CONTROL | wxMOD_ALT)) == 0)
+        return false;
+    for (const MenuTable& table : Menus()) {
+        for (const MenuRow& row : table.rows) {
+            if (*row.key == '\0' || row.action == nullptr ||
+                std::ranges::find(kOfTheText, row.id) != kOfTheText.end())
+                continue;
+            wxAcceleratorEntry key;
+            if (!key.FromString("\t" + wxString(row.key)) || key.GetFlags() != event.GetModifiers() ||
+                key.GetKeyCode() != event.GetKeyCode())
+                continue;
+            if (row.enabled == nullptr || row.enabled(frame))
+                row.action(frame);
+            return true;
+        }
+    }
+    return false;
+}
 
 void AppendItem(wxMenu& menu, const wxString& text, std::function<void()> action)
 {

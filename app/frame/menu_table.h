@@ -56,6 +56,11 @@ wxToolBar* BuildToolBar(MainFrame& frame);
 /// is in effect, and its text. The toolkit asks the frame, not the menu.
 void UpdateCommand(const MainFrame& frame, wxUpdateUIEvent& event);
 
+/// Does the command whose key was pressed, and returns whether it is a command's: one with Ctrl or Alt that
+/// does not edit the text with the keyboard. The toolkit's fields take some of them for keys of their own
+/// before the menu sees them: Ctrl+U deletes all.
+bool DoCommandOfKey(MainFrame& frame, const wxKeyEvent& event);
+
 /// Adds an item that does `action` and does not come from the table: a recent file, a language.
 void AppendItem(wxMenu& menu, const wxString& text, std::function<void()> action);
 /// Adds an item of a choice, checked when it is the one in effect.

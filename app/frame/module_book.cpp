@@ -44,10 +44,12 @@ constexpr std::array kBalancePictures{"icons/balance_unknown.svg", "icons/balanc
 BalanceMark MarkOf(const DetailList& water)
 {
     using advice::BalanceVerdict;
-    switch (advice::JudgeBalance(water, advice::ChosenBalanceRule()).verdict) {
+    const advice::BalanceJudgement judged = advice::JudgeBalance(water, advice::ChosenBalanceRule());
+    switch (judged.verdict) {
         case BalanceVerdict::InOrder:
-        case BalanceVerdict::Closed:
             return BalanceMark::Good;
+        case BalanceVerdict::Closed:
+            return judged.isClosedOverLimit ? BalanceMark::Doubtful : BalanceMark::Good;
         case BalanceVerdict::Doubtful:
             return BalanceMark::Doubtful;
         case BalanceVerdict::OverLimit:
@@ -322,20 +324,27 @@ ModulePanelBase* ModuleBook::Show(DetailOwner owner)
     return found == m_hosts.end() ? nullptr : Show((*found)->GetModule().id, owner);
 }
 
-bool ModuleBook::ShowDetail(const DetailAddress& address)
+bool ModuleBook::ShowDetail(const DetailAddress& address, bool fromTop)
 {
     const auto holds = [&](const PageHost* host) {
         const OwnerNode* owner = host == nullptr ? nullptr : m_project->FindOwner(host->GetOwner());
         return owner != nullptr && host->GetModule().holds(*m_project, *owner, address);
     };
     // Where several pages show a value, nobody is led away from the one in front.
-    if (const PageHost* front = GetCurrent(); holds(front))
-        return front->GetPanel()->FocusDetail(address);
-    const auto found = std::ranges::find_if(m_hosts, holds);
-    if (found == m_hosts.end())
+    const PageHost* shown = GetCurrent();
+    if (!holds(shown)) {
+        const auto found = std::ranges::find_if(m_hosts, holds);
+        if (found == m_hosts.end())
+            return false;
+        Select(**found);
+        shown = *found;
+    }
+    // A page has no panel as long as something else, such as the start page, stands in its place.
+    ModulePanelBase* const panel = shown->GetPanel();
+    if (panel == nullptr)
         return false;
-    Select(**found);
-    return (*found)->GetPanel()->FocusDetail(address);
+    panel->SetKeepsTop(fromTop);
+    return panel->FocusDetail(address);
 }
 
 void ModuleBook::ShowPlace(std::size_t place)

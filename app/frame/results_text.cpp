@@ -7,6 +7,7 @@
 #include "gui_base/water/rows/ion_rows.h"
 #include "gui_base/water/rows/property_rows.h"
 #include "projectbase/details/detail_display.h"
+#include "projectbase/water/detection_limits.h"
 
 #include <initializer_list>
 #include <span>
@@ -16,10 +17,11 @@ namespace {
 
 constexpr int kDigits = 6;
 
-wxString Number(double value)
+/// `key` is that of a typed value, which may be a limit of detection.
+wxString Number(double value, const std::string& key = {})
 {
     return wxString::FromUTF8(
-        numbertext::Format(value, {.precision = kDigits}, NumericValidator::LocaleSeparators()));
+        water::TypedText(key, value, {.precision = kDigits}, NumericValidator::LocaleSeparators()));
 }
 
 void AddLine(wxString& text, std::initializer_list<wxString> cells)
@@ -50,7 +52,7 @@ void AddIons(wxString& text, const DetailList& details, std::span<const waterana
             continue;
         const DetailData* name = details.GetDetail(prefix + ".name");
         AddLine(text, {name != nullptr ? name->GetStringValue() : PlainLabel(row.label),
-                       Number(details.At(prefix + ".orig").GetDoubleValue()),
+                       Number(details.At(prefix + ".orig").GetDoubleValue(), prefix + ".orig"),
                        details.At(prefix + ".unit").GetStringValue(), Number(meql),
                        Number(details.At(prefix + ".mgl").GetDoubleValue())});
     }
@@ -71,7 +73,7 @@ wxString ResultsText(const LiquidData& water, const std::string& unitSystem)
     const DisplayFromDetail display;
     const auto addValue = [&](const wxString& label, const char* key) {
         const DetailData& detail = details.At(key);
-        AddLine(text, {label, Number(display.GetValue(detail, unitSystem)),
+        AddLine(text, {label, Number(display.GetValue(detail, unitSystem), key),
                        display.GetUnitLabel(detail, unitSystem)});
     };
     addValue(i18n::Translated("Temperature"), "liquid/temp");

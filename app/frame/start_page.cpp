@@ -4,6 +4,7 @@
 #include "app/document/plant_templates.h"
 #include "app/document/recent_files.h"
 #include "app/document/templates.h"
+#include "app/frame/ion_strip.h"
 #include "app/frame/main_frame.h"
 #include "gui_base/messages/user_message.h"
 #include "gui_base/support/accessibility.h"
@@ -14,6 +15,7 @@
 
 #include <wx/button.h>
 #include <wx/dcclient.h>
+#include <wx/image.h>
 #include <wx/settings.h>
 #include <wx/sizer.h>
 #include <wx/stattext.h>
@@ -28,8 +30,11 @@ namespace {
 constexpr int kGap = 8;
 constexpr int kColumnWidth = 340;
 constexpr int kTileHeight = 56;
-constexpr int kPictureWidth = 96;
-constexpr int kPictureHeight = 44;
+/// Of a picture with the room beside it, so that texts stand in line. Not higher than two lines of text: the
+/// toolkit sets text and picture on one base line.
+constexpr int kPictureWidth = 88;
+constexpr int kPictureHeight = 34;
+constexpr int kSlotWidth = kPictureWidth + 10;
 constexpr int kIconSize = 24;
 constexpr std::size_t kMostDrawingBytes = std::size_t{1} << 20;
 /// As many as fit beside the plants.
@@ -54,10 +59,28 @@ wxBitmapBundle DrawingOf(const PlantTemplate& plant)
     return {};
 }
 
+wxString Capitalised(const wxString& text)
+{
+    return text.Left(1).Upper() + text.Mid(1);
+}
+
 wxBitmapBundle IconOf(const char* name)
 {
     return ImageLoader::LoadTinted(wxString("icons/") + name + ".svg", wxSize(kIconSize, kIconSize),
                                    wxSystemSettings::GetColour(wxSYS_COLOUR_BTNTEXT));
+}
+
+/// The picture in the middle of the room that every picture has.
+wxBitmap InSlot(const wxBitmapBundle& picture, const wxWindow& window)
+{
+    const wxImage drawn = picture.GetBitmapFor(&window).ConvertToImage();
+    const wxSize room = window.FromDIP(wxSize(kPictureWidth, kPictureHeight));
+    wxImage slot(window.FromDIP(kSlotWidth), room.y);
+    slot.InitAlpha();
+    std::fill_n(slot.GetAlpha(), slot.GetWidth() * slot.GetHeight(), wxIMAGE_ALPHA_TRANSPARENT);
+    slot.Paste(drawn, std::max(0, (room.x - drawn.GetWidth()) / 2),
+               std::max(0, (room.y - drawn.GetHeight()) / 2), wxIMAGE_ALPHA_BLEND_COMPOSE);
+    return {slot};
 }
 
 }  // namespace
@@ -117,15 +140,14 @@ wxButton* StartPage::NewTile(const wxBitmapBundle& picture, const wxString& name
 {
     const wxSize size = FromDIP(wxSize(kColumnWidth, kTileHeight));
     auto* tile = new wxButton(this, wxID_ANY, wxString(), wxDefaultPosition, size, wxBU_LEFT | wxBORDER_NONE);
-    const int room = size.x - picture.GetPreferredBitmapSizeFor(this).x - FromDIP(5 * kGap);
+    const int room = size.x - FromDIP(kSlotWidth + 3 * kGap);
     const auto fitted = [&](const wxString& text) {
         return wxControl::EscapeMnemonics(
             wxControl::Ellipsize(text, wxClientDC(this), wxELLIPSIZE_END, room));
     };
     tile->SetLabel(explanation.empty() ? fitted(name) : fitted(name) + "\n" + fitted(explanation));
     if (picture.IsOk()) {
-        tile->SetBitmap(picture);
-        tile->SetBitmapMargins(FromDIP(kGap), 0);
+        tile->SetBitmap(InSlot(picture, *this));
     }
     tile->SetToolTip(explanation.empty() ? name : name + "\n" + explanation);
     accessibility::SetName(*tile, name);
@@ -153,7 +175,10 @@ wxSizer* StartPage::BuildExamples()
     const auto& waters = WaterTemplates();
     for (std::size_t i = 0; i < std::min(waters.size(), kMostExamples); ++i) {
         const WaterTemplate& water = waters[i];
-        list->Add(NewTile(IconOf("water"), wxString::FromUTF8(water.name), Tr(water.kind.c_str()),
+        const auto project = NewProjectFrom(water);
+        const wxSize size = FromDIP(wxSize(kPictureWidth, kPictureHeight));
+        list->Add(NewTile(IonStrip(*project->GetLiquid(0).GetDetails(), size), wxString::FromUTF8(water.name),
+                          Capitalised(Tr(water.kind.c_str())),
                           [this, &water] { m_frame.Files().NewFrom(water); }));
     }
     list->Add(NewTile(IconOf("example"), Tr("All example waters..."), wxString(),

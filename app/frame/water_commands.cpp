@@ -90,7 +90,9 @@ LiquidData* WaterCommands::GetCurrent() const
 
 void WaterCommands::Show(const LiquidData& water)
 {
+    // With the keyboard where typing begins.
     m_frame.GetBook().Show(water.GetOwner());
+    m_frame.GetBook().ShowDetail({water.GetOwner(), "liquid/na.orig"}, true);
 }
 
 void WaterCommands::ShowLibrary()
@@ -220,7 +222,8 @@ void WaterCommands::ImportFrom(const std::filesystem::path& path)
         return;
     limits.SetValue(water::CodeOf(preview.GetLimitReading()));
     const ProjectEdit edit(m_frame.GetProject(), wxTRANSLATE("import of an analysis"));
-    water::StoreSample(preview.GetValues(), *water->GetDetails(), preview.ClearsOthers());
+    water::StoreSample(preview.GetValues(), *water->GetDetails(), preview.GetLimitReading(),
+                       preview.ClearsOthers());
 }
 
 void WaterCommands::Export()

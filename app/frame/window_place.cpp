@@ -7,6 +7,7 @@
 #include <wx/display.h>
 
 #include <cstdio>
+#include <optional>
 
 namespace app {
 namespace {
@@ -16,15 +17,31 @@ constexpr const char* kPlace = "/Window/place";
 constexpr int kLeastWidth = 480;
 constexpr int kLeastHeight = 360;
 
+struct Place
+{
+    wxRect rect;
+    bool isMaximized = false;
+};
+
+/// Nothing where none was kept.
+std::optional<Place> ReadPlace()
+{
+    const std::string kept = ProjectDatabase::GetLocalParameter(kPlace);
+    wxRect rect;
+    int maximized = 0;
+    if (std::sscanf(kept.c_str(), "%d %d %d %d %d", &rect.x, &rect.y, &rect.width, &rect.height,
+                    &maximized) != 5)
+        return std::nullopt;
+    return Place{rect, maximized != 0};
+}
+
 }  // namespace
 
 void TakeKeptPlace(wxTopLevelWindow& window)
 {
-    const std::string kept = ProjectDatabase::GetLocalParameter(kPlace);
-    wxRect place(0, 0, 1600, 1000);
-    int maximized = 0;
-    const bool isKept = std::sscanf(kept.c_str(), "%d %d %d %d %d", &place.x, &place.y, &place.width,
-                                    &place.height, &maximized) == 5;
+    const std::optional<Place> kept = ReadPlace();
+    const bool isKept = kept.has_value();
+    const wxRect place = isKept ? kept->rect : wxRect(0, 0, 1600, 1000);
     window.SetMinSize(window.FromDIP(wxSize(kLeastWidth, kLeastHeight)));
     const int screen = isKept ? wxDisplay::GetFromPoint(place.GetPosition()) : wxNOT_FOUND;
     const wxRect room = screen == wxNOT_FOUND ? wxDisplay(&window).GetClientArea()
@@ -35,7 +52,7 @@ void TakeKeptPlace(wxTopLevelWindow& window)
     window.SetSize(size);
     if (screen != wxNOT_FOUND)
         window.Move(place.GetPosition());
-    if (maximized != 0)
+    if (isKept && kept->isMaximized)
         window.Maximize();
 }
 
@@ -43,7 +60,9 @@ void KeepPlace(const wxTopLevelWindow& window)
 {
     if (window.IsIconized())
         return;
-    const wxRect place = window.GetRect();
+    // A window that fills the screen goes back to the size that it had before.
+    const std::optional<Place> before = window.IsMaximized() ? ReadPlace() : std::nullopt;
+    const wxRect place = before ? before->rect : window.GetRect();
     ProjectDatabase::SetLocalParameter(kPlace, fmt::format("{} {} {} {} {}", place.x, place.y, place.width,
                                                            place.height, window.IsMaximized() ? 1 : 0));
 }

@@ -64,18 +64,8 @@ WorkArea::WorkArea(wxWindow* parent)
 
     m_docking.SetManagedWindow(m_desk);
     m_docking.SetFlags(wxAUI_MGR_DEFAULT | wxAUI_MGR_LIVE_RESIZE);
-    wxAuiDockArt& art = *m_docking.GetArtProvider();
-    art.SetMetric(wxAUI_DOCKART_GRADIENT_TYPE, wxAUI_GRADIENT_NONE);
-    art.SetMetric(wxAUI_DOCKART_PANE_BORDER_SIZE, 0);
-    const wxColour face = wxSystemSettings::GetColour(wxSYS_COLOUR_BTNFACE);
-    for (const int part : {wxAUI_DOCKART_ACTIVE_CAPTION_COLOUR, wxAUI_DOCKART_INACTIVE_CAPTION_COLOUR,
-                           wxAUI_DOCKART_BACKGROUND_COLOUR, wxAUI_DOCKART_SASH_COLOUR})
-        art.SetColour(part, face);
-    for (const int part :
-         {wxAUI_DOCKART_ACTIVE_CAPTION_TEXT_COLOUR, wxAUI_DOCKART_INACTIVE_CAPTION_TEXT_COLOUR})
-        art.SetColour(part, wxSystemSettings::GetColour(wxSYS_COLOUR_BTNTEXT));
-    art.SetFont(wxAUI_DOCKART_CAPTION_FONT, GetFont().Bold());
     m_docking.AddPane(m_middle, wxAuiPaneInfo().Name("pages").CentrePane().PaneBorder(false));
+    TakeColours();
     AddPane(WorkPane::Navigator, m_tree);
 
     SetSashGravity(1.0);
@@ -87,6 +77,22 @@ WorkArea::WorkArea(wxWindow* parent)
         event.Skip();
         m_messages->SetHeight(GetClientSize().y - event.GetSashPosition());
     });
+}
+
+void WorkArea::TakeColours()
+{
+    wxAuiDockArt& art = *m_docking.GetArtProvider();
+    art.SetMetric(wxAUI_DOCKART_GRADIENT_TYPE, wxAUI_GRADIENT_NONE);
+    art.SetMetric(wxAUI_DOCKART_PANE_BORDER_SIZE, 0);
+    const wxColour face = wxSystemSettings::GetColour(wxSYS_COLOUR_BTNFACE);
+    for (const int part : {wxAUI_DOCKART_ACTIVE_CAPTION_COLOUR, wxAUI_DOCKART_INACTIVE_CAPTION_COLOUR,
+                           wxAUI_DOCKART_BACKGROUND_COLOUR, wxAUI_DOCKART_SASH_COLOUR})
+        art.SetColour(part, face);
+    for (const int part :
+         {wxAUI_DOCKART_ACTIVE_CAPTION_TEXT_COLOUR, wxAUI_DOCKART_INACTIVE_CAPTION_TEXT_COLOUR})
+        art.SetColour(part, wxSystemSettings::GetColour(wxSYS_COLOUR_BTNTEXT));
+    art.SetFont(wxAUI_DOCKART_CAPTION_FONT, GetFont().Bold());
+    m_docking.Update();
 }
 
 WorkArea::~WorkArea()
@@ -199,7 +205,10 @@ void WorkArea::TakeKeptLayout()
 
 void WorkArea::KeepLayout()
 {
-    ProjectDatabase::SetLocalParameter(kDocking, m_docking.SavePerspective().utf8_string());
+    // The usual arrangement goes on following the width of the window at the next start.
+    const wxString arrangement = m_docking.SavePerspective();
+    ProjectDatabase::SetLocalParameter(kDocking,
+                                       arrangement == m_usual ? std::string() : arrangement.utf8_string());
     ProjectDatabase::SetLocalParameter(kMessagesHeight, std::to_string(m_messages->GetExpandedHeight()));
 }
 

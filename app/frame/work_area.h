@@ -40,6 +40,8 @@ public:
     void AddPane(WorkPane pane, wxWindow* content);
     bool IsPaneShown(WorkPane pane) const;
     void ShowPane(WorkPane pane, bool show);
+    /// Those of the present theme.
+    void TakeColours();
     /// What is shown instead of the pages while `ShowCover` says so; a child of `GetCoverParent`.
     wxWindow* GetCoverParent() { return m_middle; }
     void SetCover(wxWindow* cover);

@@ -2,6 +2,7 @@
 #include "core/column_text.h"
 
 #include "core/delimited_text.h"
+#include "core/detection_limit.h"
 #include "core/number_text.h"
 
 #include <algorithm>
@@ -65,7 +66,7 @@ Column ReadColumn(const std::vector<std::string>& cells, char preferred)
                          : evidence.point > evidence.comma ? '.'
                                                            : ',';
     for (const std::string& cell : cells)
-        column.cells.push_back({cell, numbertext::Parse(cell, SeparatorsFor(column.decimalSign))});
+        column.cells.push_back({cell, detection_limit::Parse(cell, SeparatorsFor(column.decimalSign))});
     return column;
 }
 

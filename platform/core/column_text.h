@@ -15,8 +15,10 @@ namespace columntext {
 
 struct Cell
 {
-    std::string text;             ///< as pasted, without blanks around it
-    std::optional<double> value;  ///< nothing for a blank cell or a text that is no number
+    std::string text;  ///< as pasted, without blanks around it
+    /// An amount or a limit of detection (core/detection_limit.h); nothing for a blank cell and for what is
+    /// neither.
+    std::optional<double> value;
 };
 
 struct Column

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "core/laboratory_values.h"
 
+#include "core/detection_limit.h"
 #include "core/number_text.h"
 
 namespace laboratory {
@@ -9,15 +10,6 @@ namespace {
 /// A longer text is no number: what a laboratory writes has a dozen digits.
 constexpr std::size_t kLongestNumber = 100;
 constexpr std::string_view kFormulaBegins = "=+-@\t\r\n";
-
-/// "<0,1", "< 0,1", "≤0,1" without the sign before the number; nothing for another cell.
-std::optional<std::string_view> LimitOf(std::string_view cell)
-{
-    for (const std::string_view sign : {"<=", "<", "\u2264"})
-        if (cell.starts_with(sign))
-            return cell.substr(sign.size());
-    return std::nullopt;
-}
 
 /// Whether a text is, behind any number of apostrophes, what a spreadsheet would run.
 bool IsFormula(const std::string& text)
@@ -35,7 +27,7 @@ std::optional<Number> ReadNumber(std::string_view cell, char decimalSign)
     if (cell.size() > kLongestNumber)
         return std::nullopt;
     const std::string text = numbertext::Trim(cell);
-    const auto limit = LimitOf(text);
+    const auto limit = detection_limit::Behind(text);
     const auto number = numbertext::Parse(limit.value_or(text), separators);
     if (!number || (limit && *number < 0.0))
         return std::nullopt;
@@ -47,7 +39,7 @@ void DecimalSigns::Count(std::string_view cell)
     if (cell.size() > kLongestNumber)
         return;
     const std::string text = numbertext::Trim(cell);
-    const std::string_view number = LimitOf(text).value_or(text);
+    const std::string_view number = detection_limit::Behind(text).value_or(text);
     if (number.find_first_not_of("0123456789.,+-eE ") != std::string_view::npos)
         return;
     const std::size_t point = number.rfind('.');

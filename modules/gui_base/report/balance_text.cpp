@@ -75,6 +75,9 @@ std::string BalanceErrorText(const advice::BalanceJudgement& judgement, const Re
     std::string error = Signed(judgement.error, 1, context) + " %";
     if (judgement.isLimitOfDifference)
         error += fmt::format(" ({} meq/l)", Signed(judgement.difference, 2, context));
+    if (std::isfinite(judgement.leastError + judgement.greatestError))
+        error += fmt::format(" ({} \u2026 {} %)", Signed(judgement.leastError, 1, context),
+                             Signed(judgement.greatestError, 1, context));
     return error;
 }
 

@@ -5,6 +5,7 @@
 /// in the language and with the numbers of their context.
 
 #include "chartdir/base_chart.h"
+#include "chartdir/palette.h"
 #include "gui_base/report/report_page_source.h"
 #include "gui_base_report/gui_base_report_export.h"
 #include "projectbase/water/diagrams/water_ions.h"
@@ -62,5 +63,19 @@ GUI_BASE_REPORT_EXPORT std::vector<Water> WatersOf(const Project& project, const
 /// The diagram. A water without the ions that it takes has no place in it.
 GUI_BASE_REPORT_EXPORT std::shared_ptr<chartdir::BaseChart> Make(const Contents& contents,
                                                                  const ReportContext& context);
+
+/// A part of a bar, for pictures that are too small for any text.
+struct BarPiece
+{
+    chartdir::Colour colour;
+    double meq = 0.0;
+};
+struct BarPieces
+{
+    std::vector<BarPiece> cations;
+    std::vector<BarPiece> anions;
+};
+/// The bars of a water in the colours of its diagram.
+GUI_BASE_REPORT_EXPORT BarPieces PiecesOf(const diagrams::WaterIons& ions);
 
 }  // namespace water_diagram

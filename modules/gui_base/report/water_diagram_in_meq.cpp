@@ -92,6 +92,18 @@ chartdir::SeriesStyle StyleOf(const Water& water)
 
 }  // namespace
 
+BarPieces PiecesOf(const diagrams::WaterIons& ions)
+{
+    const diagrams::IonBars bars = diagrams::BarsOf(ions);
+    const auto pieces = [](const std::vector<diagrams::BarSegment>& bar) {
+        std::vector<BarPiece> all;
+        for (const diagrams::BarSegment& segment : bar)
+            all.push_back({chartdir::StyleOfSeries(LookOf(segment.part).colour).colour, segment.meq});
+        return all;
+    };
+    return {pieces(bars.cations), pieces(bars.anions)};
+}
+
 std::shared_ptr<chartdir::BaseChart> MakeBars(const Contents& contents, const ReportContext& context)
 {
     auto chart = NewChart(context);

@@ -65,8 +65,13 @@ std::string InOtherUnits(const Facts& facts, double meq)
     const auto in = [&](std::string_view unit) {
         return facts.Amount(ions::FromMeqPerLitre(meq, unit, 0.0), unit, kDigits);
     };
-    const std::string mass = in(kCalciumCarbonate);
-    return mass.empty() ? mass : fmt::format("{}, {}", mass, in("\u00b0d"));
+    std::string text = in(kCalciumCarbonate);
+    if (text.empty() || facts.context.unitSystem == "us")
+        return text;
+    // The degree of the country.
+    const std::string degree =
+        facts.context.unitSystem == "imperial" ? "\u00b0e" : facts.Tr(wxTRANSLATE("°d"));
+    return fmt::format("{}, {}", text, in(degree));
 }
 
 void ShowTds(const Facts& facts, ResultTile& tile)
@@ -189,8 +194,8 @@ void ShowLangelier(const Facts& facts, ResultTile& tile)
     constexpr int kDecimals = 2;
     if (std::isnan(saturation.langelier))
         return;
-    // The constants are good to a tenth.
-    tile.value = FixedNumber(saturation.langelier, 1, facts.context);
+    // The constants are good to a tenth; the limits are compared with what is shown.
+    tile.value = FixedNumber(saturation.langelier, kDecimals, facts.context);
     tile.unit = saturation.isBeyondDavies ? "(I > 0.2)" : "";
     tile.second = fmt::format(
         "{}, {}", LangelierReading(saturation.langelier, facts.context),

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "gui_base/report/water_tables.h"
 
+#include "core/detection_limit.h"
 #include "core/ion_units.h"
 #include "dbinterfaces/master_database.h"
 #include "gui_base/report/balance_text.h"
@@ -11,6 +12,7 @@
 #include "projectbase/details/date_text.h"
 #include "projectbase/details/detail_display.h"
 #include "projectbase/water/alkalinity.h"
+#include "projectbase/water/detection_limits.h"
 
 #include <fmt/format.h>
 #include <wx/translation.h>
@@ -55,7 +57,9 @@ Cell NumberCell(const DetailData& detail, double shown, int digits, const Report
 {
     const int side = SideOfLimits(detail);
     const char* const mark = side < 0 ? "\u25bc " : side > 0 ? "\u25b2 " : "";
-    return {.text = mark + context.Number(shown, digits), .alarm = *mark != '\0'};
+    const bool isLimit = detection_limit::Is(shown) && water::TakesDetectionLimit(detail.GetName());
+    const std::string number = isLimit ? "<" + context.Number(-shown, digits) : context.Number(shown, digits);
+    return {.text = mark + number, .alarm = *mark != '\0'};
 }
 
 Cell NumberCell(const DetailData& detail, int digits, const ReportContext& context)

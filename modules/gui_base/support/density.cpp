@@ -50,6 +50,8 @@ GtkCssProvider* Provider()
 {
     static GtkCssProvider* const provider = [] {
         GtkCssProvider* made = gtk_css_provider_new();
+        // Commands have the same pictures in menus as on the toolbar.
+        g_object_set(gtk_settings_get_default(), "gtk-menu-images", TRUE, nullptr);
         gtk_style_context_add_provider_for_screen(gdk_screen_get_default(), GTK_STYLE_PROVIDER(made),
                                                   GTK_STYLE_PROVIDER_PRIORITY_APPLICATION);
         return made;

@@ -2,6 +2,7 @@
 #include "projectbase/advice/balance_judgement.h"
 
 #include "projectbase/settings/settings.h"
+#include "projectbase/water/detection_limits.h"
 #include "projectbase/water/normalization.h"
 
 #include <wx/translation.h>
@@ -9,6 +10,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <tuple>
 
 namespace advice {
 
@@ -91,6 +93,28 @@ BalanceJudgement Judge(const water::ChargeSums& sums, BalanceRule rule)
     return judgement;
 }
 
+namespace {
+
+/// How far the error hangs on what was not found.
+void SetRange(BalanceJudgement& judgement, const water::ChargeSums& sums, const DetailList& liquid)
+{
+    constexpr double kMuch = 0.02;
+    const water::ChargeSums limits = water::LimitSums(liquid);
+    if (limits.cations + limits.anions < kMuch * (sums.cations + sums.anions))
+        return;
+    const double share = water::ShareOfLimits(liquid);
+    const auto errorOf = [&](double ofCations, double ofAnions) {
+        return Judge({sums.cations + (ofCations - share) * limits.cations,
+                      sums.anions + (ofAnions - share) * limits.anions},
+                     judgement.rule)
+            .error;
+    };
+    std::tie(judgement.leastError, judgement.greatestError) =
+        std::minmax({errorOf(0.0, 0.0), errorOf(1.0, 1.0)});
+}
+
+}  // namespace
+
 BalanceJudgement JudgeBalance(const DetailList& liquid, BalanceRule rule)
 {
     const auto sum = [&liquid](const char* key) { return liquid.At(key).GetDoubleValue(); };
@@ -98,8 +122,11 @@ BalanceJudgement JudgeBalance(const DetailList& liquid, BalanceRule rule)
     if (liquid.At("liquid/analysis.type").GetStdStringValue() != "FULL" ||
         !(sum("liquid/sum.c.meql") > 0.0) || !(sum("liquid/sum.a.meql") > 0.0))
         return {.rule = rule};
-    BalanceJudgement judgement = Judge(water::BalanceSums(liquid), rule);
+    const water::ChargeSums sums = water::BalanceSums(liquid);
+    BalanceJudgement judgement = Judge(sums, rule);
+    SetRange(judgement, sums, liquid);
     if (judgement.verdict != BalanceVerdict::NotJudged && liquid.At("liquid/balance.auto").GetBoolValue()) {
+        judgement.isClosedOverLimit = judgement.verdict == BalanceVerdict::OverLimit;
         judgement.verdict = BalanceVerdict::Closed;
         judgement.closingSodium = sum("liquid/na.plus.meql");
         judgement.closingChloride = sum("liquid/cl.plus.meql");

@@ -54,6 +54,12 @@ struct BalanceJudgement
     /// What automatic balancing adds, meq/l; 0 without it.
     double closingSodium = 0.0;
     double closingChloride = 0.0;
+    bool isClosedOverLimit =
+        false;  ///< what was analysed is over the limit, and automatic balancing covers it
+    /// The error from all limits of detection counted as nothing to all counted in full, %; not a number
+    /// while they are less than 2 % of the ions, which does a sum no harm.
+    double leastError = std::numeric_limits<double>::quiet_NaN();
+    double greatestError = std::numeric_limits<double>::quiet_NaN();
 };
 
 /// At the limit itself the sums still agree; what differs by no more than the last digits is at the limit.

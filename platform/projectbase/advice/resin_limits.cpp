@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "projectbase/advice/resin_limits.h"
 
+#include "core/detection_limit.h"
 #include "projectbase/project/iex_project.h"
 #include "projectbase/settings/settings.h"
+#include "projectbase/water/detection_limits.h"
 
 #include <wx/translation.h>
 
@@ -14,27 +16,31 @@ namespace advice {
 
 namespace {
 
+/// Not a number for a limit of detection: up to the limits of the rules it is in order, and beyond them
+/// nobody knows.
 double Typed(const LiquidData& water, std::string_view key)
 {
-    return water.GetDetails()->At(key).GetDoubleValue();
+    const double value = water.GetDetails()->At(key).GetDoubleValue();
+    return detection_limit::Is(value) ? std::nan("") : value;
 }
 
-/// An ion of which nothing was found may as well not have been looked for.
-double Found(const LiquidData& water, std::string_view key)
+/// mg/l. An ion of which nothing was found may as well not have been looked for.
+double Found(const LiquidData& water, const std::string& ion)
 {
-    const double amount = Typed(water, key);
-    return amount > 0.0 ? amount : std::nan("");
+    const DetailList& details = *water.GetDetails();
+    const double amount = details.At("liquid/" + ion + ".mgl").GetDoubleValue();
+    return amount > 0.0 && !water::IsBelowDetection(details, ion) ? amount : std::nan("");
 }
 
 double Iron(const LiquidData& water)
 {
-    const double total = Typed(water, "liquid/fe.total");
-    return std::isnan(total) ? Found(water, "liquid/fe2.mgl") : total;
+    const bool isTotal = !std::isnan(water.GetDetails()->At("liquid/fe.total").GetDoubleValue());
+    return isTotal ? Typed(water, "liquid/fe.total") : Found(water, "fe2");
 }
 
 double Manganese(const LiquidData& water)
 {
-    return Found(water, "liquid/mn.mgl");
+    return Found(water, "mn");
 }
 
 double IronAndManganese(const LiquidData& water)

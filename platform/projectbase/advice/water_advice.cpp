@@ -11,6 +11,7 @@
 #include "projectbase/project/iex_project.h"
 #include "projectbase/sequence/sequence_calculation.h"
 #include "projectbase/sequence/sequence_tables.h"
+#include "projectbase/water/detection_limits.h"
 
 #include <wx/translation.h>
 
@@ -54,6 +55,7 @@ constexpr Rule kLangelier{
 struct MineralRule
 {
     Mineral mineral;
+    std::array<const char*, 2> ions;
     Rule rule;
 };
 constexpr const char* kSupersaturated = wxTRANSLATE("%s is above %s: it may deposit");
@@ -61,15 +63,19 @@ constexpr const char* kOverSolubility = wxTRANSLATE("The water holds more of it 
 // Barite above its solubility is common and harmless in water that feeds exchangers.
 constexpr std::array kMineralRules{
     MineralRule{Mineral::Gypsum,
+                {"ca", "so4"},
                 {"gypsum", Severity::Note, kSupersaturated, wxTRANSLATE("Saturation index of gypsum"), "",
                  kOverSolubility, "Langmuir & Melchior 1985", "saturation"}},
     MineralRule{Mineral::Anhydrite,
+                {"ca", "so4"},
                 {"anhydrite", Severity::Note, kSupersaturated, wxTRANSLATE("Saturation index of anhydrite"),
                  "", kOverSolubility, "WATEQ4F", "saturation"}},
     MineralRule{Mineral::Celestite,
+                {"sr", "so4"},
                 {"celestite", Severity::Note, kSupersaturated, wxTRANSLATE("Saturation index of celestite"),
                  "", kOverSolubility, "Reardon & Armstrong 1987", "saturation"}},
     MineralRule{Mineral::Fluorite,
+                {"ca", "f"},
                 {"fluorite", Severity::Note, kSupersaturated, wxTRANSLATE("Saturation index of fluorite"), "",
                  kOverSolubility, "WATEQ4F", "saturation"}},
 };
@@ -181,9 +187,16 @@ void JudgeSaturation(const LiquidData& water, const Saturation& saturation, Coll
     constexpr double kBalanced = 0.3;
     const auto at = [&water](const char* key) { return DetailAddress{water.GetOwner(), key}; };
     collected.AddAbove(kLangelier, saturation.langelier, kBalanced, at("liquid/ph"));
-    for (const MineralRule& row : kMineralRules)
-        collected.AddAbove(row.rule, saturation.Index(row.mineral), 0.0, at("liquid/ca.orig"));
-    collected.AddAbove(kSilica, saturation.silicaPercent, kWhole, at("liquid/sio2.orig"));
+    // What was not found may be far less than what is counted for it.
+    const auto isFound = [&water](const char* ion) {
+        return !water::IsBelowDetection(*water.GetDetails(), ion);
+    };
+    for (const MineralRule& row : kMineralRules) {
+        if (std::ranges::all_of(row.ions, isFound))
+            collected.AddAbove(row.rule, saturation.Index(row.mineral), 0.0, at("liquid/ca.orig"));
+    }
+    if (isFound("sio2"))
+        collected.AddAbove(kSilica, saturation.silicaPercent, kWhole, at("liquid/sio2.orig"));
 }
 
 double Value(const OwnerNode& node, std::string_view key)
@@ -281,7 +294,7 @@ void JudgeRegeneration(const iex::IEXProject& plant, const LiquidData& water, co
         isFirst = isFirst && !takesCations;
     }
     constexpr double kLeastBarium = 0.05;  // mg/l
-    if (hasSulfuric && barium >= kLeastBarium)
+    if (hasSulfuric && barium >= kLeastBarium && !water::IsBelowDetection(*water.GetDetails(), "ba"))
         collected.Add(kBarium, barium, kLeastBarium, {water.GetOwner(), "liquid/ba.orig"});
 }
 

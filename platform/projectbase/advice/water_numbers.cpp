@@ -4,6 +4,7 @@
 #include "core/ion_table.h"
 #include "projectbase/costs/project_costs.h"
 #include "projectbase/project/iex_project.h"
+#include "projectbase/water/detection_limits.h"
 #include "projectbase/water/normalization.h"
 #include "projectbase/water/totals.h"
 
@@ -27,16 +28,52 @@ double CarbonOf(const DetailList& liquid, const WaterNumbers& numbers)
     return std::max(0.0, numbers.m) + water::Co2Of(liquid);
 }
 
-/// What is neither bicarbonate nor carbonate; where neither pH nor p-value tells it, what was typed.
+/// Of the pH, as the calculator has it; else what is neither bicarbonate nor carbonate; where neither pH nor
+/// p-value tells it, what was typed.
 double FreeCo2(const DetailList& liquid, const WaterNumbers& numbers)
 {
+    const water::Composition composition = water::WholeComposition(liquid);
+    const double celsius = liquid.At("liquid/temp").GetDoubleValue();
+    if (const double co2 = water::Co2OfPh(composition, water::PhOf(liquid), celsius); std::isfinite(co2))
+        return co2;
     if (std::isnan(numbers.p)) {
         const double stated = water::Co2Of(liquid);
         return std::isnan(numbers.carbon) || stated == 0.0 ? kNotKnown : stated;
     }
-    const water::Composition composition = water::WholeComposition(liquid);
     return std::max(0.0,
                     numbers.carbon - composition[water::Species::Hco3] - composition[water::Species::Co3]);
+}
+
+void SetCations(const DetailList& liquid, bool isClosed, WaterNumbers& numbers)
+{
+    const auto value = [&liquid](const char* key) { return liquid.At(key).GetDoubleValue(); };
+    numbers.cations = value("liquid/sum.c.meql") + (isClosed ? value("liquid/na.plus.meql") : 0.0);
+    if (liquid.At("liquid/balance.ph").GetBoolValue())
+        numbers.cations -= value("liquid/h.plus.meql");
+    numbers.hardness = value("liquid/hardness.total");
+}
+
+void SetAnions(const DetailList& liquid, WaterNumbers& numbers)
+{
+    const auto value = [&liquid](const char* key) { return liquid.At(key).GetDoubleValue(); };
+    numbers.m = value("liquid/alkalinity.m");
+    numbers.p = value("liquid/alkalinity.p");
+    numbers.acidity = value("liquid/ema");
+    numbers.carbon = CarbonOf(liquid, numbers);
+    numbers.silica = Millimoles(liquid, "liquid/sio2.mgl", "sio2");
+    numbers.boron = Millimoles(liquid, "liquid/b.mgl", "b");
+    numbers.co2 = FreeCo2(liquid, numbers);
+}
+
+/// What resins are designed for takes limits of detection in full.
+void CountLimitsInFull(const DetailList& liquid, WaterNumbers& numbers)
+{
+    const double rest = 1.0 - water::ShareOfLimits(liquid);
+    const water::Composition limits = water::LimitsOfIons(liquid);
+    numbers.cations += rest * water::LimitSums(liquid).cations;
+    numbers.acidity += rest * water::EquivalentMineralAcidity(limits);
+    numbers.silica += rest * limits[water::Species::Sio2];
+    numbers.boron += rest * limits[*water::SpeciesOfKey("b")];
 }
 
 }  // namespace
@@ -45,26 +82,21 @@ WaterNumbers NumbersOf(const DetailList& liquid)
 {
     const auto value = [&liquid](const char* key) { return liquid.At(key).GetDoubleValue(); };
     WaterNumbers numbers;
-    const bool isAnalysed = value("liquid/sum.c.meql") > 0.0 || value("liquid/sum.a.meql") > 0.0;
-    if (!isAnalysed || liquid.At("liquid/analysis.type").GetStdStringValue() != "FULL")
+    if (liquid.At("liquid/analysis.type").GetStdStringValue() != "FULL")
         return numbers;
     const bool isClosed = liquid.At("liquid/balance.auto").GetBoolValue();
-    numbers.cations = value("liquid/sum.c.meql") + (isClosed ? value("liquid/na.plus.meql") : 0.0);
-    if (liquid.At("liquid/balance.ph").GetBoolValue())
-        numbers.cations -= value("liquid/h.plus.meql");
-    numbers.hardness = value("liquid/hardness.total");
-    numbers.carbonate = value("liquid/hardness.carbonate");
+    // A side of which nothing was analysed yet is not known to be nothing.
+    if (value("liquid/sum.c.meql") > 0.0 || (isClosed && value("liquid/na.plus.meql") > 0.0))
+        SetCations(liquid, isClosed, numbers);
+    if (value("liquid/sum.a.meql") > 0.0 || (isClosed && value("liquid/cl.plus.meql") > 0.0))
+        SetAnions(liquid, numbers);
+    if (std::isfinite(numbers.hardness + numbers.m))
+        numbers.carbonate = value("liquid/hardness.carbonate");
     numbers.nonCarbonate = numbers.hardness - numbers.carbonate;
-    numbers.m = value("liquid/alkalinity.m");
-    numbers.p = value("liquid/alkalinity.p");
     numbers.sodiumAlkalinity =
         std::isnan(numbers.m) ? kNotKnown : std::max(0.0, numbers.m - numbers.hardness);
-    numbers.acidity = value("liquid/ema");
     numbers.acidityByCations = numbers.cations - numbers.m;
-    numbers.carbon = CarbonOf(liquid, numbers);
-    numbers.silica = Millimoles(liquid, "liquid/sio2.mgl", "sio2");
-    numbers.boron = Millimoles(liquid, "liquid/b.mgl", "b");
-    numbers.co2 = FreeCo2(liquid, numbers);
+    CountLimitsInFull(liquid, numbers);
     numbers.anionLoad = numbers.acidity + numbers.carbon + numbers.silica + numbers.boron;
     return numbers;
 }

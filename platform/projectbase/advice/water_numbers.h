@@ -35,9 +35,9 @@ struct WaterNumbers
     double anionLoad = kNotKnown;  ///< total exchangeable anions
 };
 
-/// Of a water whose derived values are up to date. Nothing is known of a short analysis, nor of a water in
-/// which no ion was analysed. Carbon is m - p; where neither pH nor p-value tells p, it is the m-value and
-/// the CO2 that was typed.
+/// Of a water whose derived values are up to date. Nothing is known of a short analysis, nor of cations or
+/// anions of which none was analysed. Limits of detection count in full, as for the design of resins. Carbon
+/// is m - p; where neither pH nor p-value tells p, it is the m-value and the CO2 that was typed.
 PROJECTBASE_EXPORT WaterNumbers NumbersOf(const DetailList& liquid);
 
 /// meq/l of exchangeable anions behind a degasser that leaves `residual` mg/l of CO2, or in front of it where

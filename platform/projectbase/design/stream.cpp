@@ -4,6 +4,7 @@
 #include "core/ion_table.h"
 #include "dbinterfaces/master_database.h"
 #include "projectbase/project/iex_project.h"
+#include "projectbase/water/detection_limits.h"
 #include "projectbase/water/ion_rows.h"
 
 #include <algorithm>
@@ -118,7 +119,7 @@ Stream OfWater(const DetailList& water, const std::string& organics)
     stream.alkalinity = stream.ions.carbon;
     // Carbon counts by its moles, whatever its form; carbonate has two equivalents in a mole.
     stream.ions.carbon += value("liquid/co2.mgl") / kMolarMassCo2 - carbonate / 2.0;
-    stream.ions.organics = OrganicAcids(value("liquid/toc"), organics);
+    stream.ions.organics = OrganicAcids(water::CountedValue(water, "liquid/toc"), organics);
     stream.temperature = value("liquid/temp");
     return stream;
 }

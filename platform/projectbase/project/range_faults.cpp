@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "projectbase/project/range_faults.h"
 
+#include "core/detection_limit.h"
 #include "core/ion_table.h"
 #include "core/ion_units.h"
 #include "projectbase/advice/balance_judgement.h"
@@ -12,6 +13,7 @@
 #include "projectbase/water/alkalinity.h"
 #include "projectbase/water/blend_recipe.h"
 #include "projectbase/water/carbonic_acid.h"
+#include "projectbase/water/detection_limits.h"
 #include "projectbase/water/ion_rows.h"
 #include "projectbase/water/measured_values.h"
 
@@ -305,7 +307,9 @@ int SideOfLimits(const DetailData& detail)
 {
     if (detail.GetType() != DetailType::Double && detail.GetType() != DetailType::Long)
         return 0;
-    return SideOfLimits(detail, detail.GetDoubleValue());
+    const double value = detail.GetDoubleValue();
+    const bool isLimit = detection_limit::Is(value) && water::TakesDetectionLimit(detail.GetName());
+    return SideOfLimits(detail, isLimit ? -value : value);
 }
 
 int SideOfLimits(const DetailData& detail, double value)

@@ -4,6 +4,7 @@
 #include "core/ion_table.h"
 #include "core/ion_units.h"
 #include "projectbase/water/carbonate_of_details.h"
+#include "projectbase/water/detection_limits.h"
 #include "projectbase/water/ion_rows.h"
 #include "projectbase/water/measured_values.h"
 #include "projectbase/water/totals.h"
@@ -279,7 +280,8 @@ void Mixer::MixAll()
     m_target.At("liquid/temp.orig").SetValue(SumOf("liquid/temp"));
     m_target.At("liquid/temp.unit").SetValue("\u00b0C");
     for (const char* property : kMixedProperties)
-        m_target.At(property).SetValue(SumOf(property));
+        m_target.At(property).SetValue(
+            Sum([property](const Part& part) { return CountedValue(part.liquid, property); }));
     m_target.At("liquid/sdi").SetValue(kUnknown);
     MixCarbonate();
 }

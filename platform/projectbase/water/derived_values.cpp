@@ -40,12 +40,9 @@ bool IsWaterIon(const IonRow& row)
 /// mmol/l, 0 where it is not known.
 double TypedOrCalculatedCo2(DetailList& liquid, const Composition& composition, double pH, double celsius)
 {
-    if (liquid.At("liquid/calculate.co2").GetBoolValue()) {
-        const CarbonicEquilibrium equilibrium(pH, celsius, IonicStrength(composition));
-        const double co2 = equilibrium.Co2FromBicarbonate(composition[Species::Hco3]);
+    if (liquid.At("liquid/calculate.co2").GetBoolValue())
         liquid.At("liquid/co2.mgl")
-            .SetValue(ContradictsPh(composition, pH) ? kUnknown : co2 * ions::FindIon("co2")->molarMass);
-    }
+            .SetValue(Co2OfPh(composition, pH, celsius) * ions::FindIon("co2")->molarMass);
     return Co2Of(liquid);
 }
 
@@ -173,6 +170,13 @@ double Co2Of(const DetailList& liquid)
     return std::isfinite(co2) ? std::max(0.0, co2) : 0.0;
 }
 
+double Co2OfPh(const Composition& composition, double pH, double celsius)
+{
+    const CarbonicEquilibrium equilibrium(pH, celsius, IonicStrength(composition));
+    return ContradictsPh(composition, pH) ? kUnknown
+                                          : equilibrium.Co2FromBicarbonate(composition[Species::Hco3]);
+}
+
 bool ContradictsPh(const Composition& composition, double pH)
 {
     return pH < kLowestBicarbonatePh && (composition[Species::Hco3] > 0.0 || composition[Species::Co3] > 0.0);
@@ -219,14 +223,20 @@ double TemperatureOf(const DetailList& liquid)
 
 namespace {
 
+/// mmol/l of OH- that a titration found where neither the pH nor the rows tell it.
+double TitratedHydroxide(const DetailList& liquid)
+{
+    if (HasIonsOfPh(liquid) || liquid.At("liquid/balance.ph").GetBoolValue() || !IsAlkalinityReported(liquid))
+        return 0.0;
+    return FormsByTitration(*ReportedAlkalinity(liquid, 'm'), ReportedAlkalinity(liquid, 'p').value_or(0.0))
+        .hydroxide;
+}
+
 /// Adds H+ and OH- as they follow from the pH, or OH- as a titration found it.
 void AddIonsOfPh(const DetailList& liquid, Composition& composition)
 {
     if (!HasIonsOfPh(liquid)) {
-        if (!liquid.At("liquid/balance.ph").GetBoolValue() && IsAlkalinityReported(liquid))
-            composition[Species::Oh] = FormsByTitration(*ReportedAlkalinity(liquid, 'm'),
-                                                        ReportedAlkalinity(liquid, 'p').value_or(0.0))
-                                           .hydroxide;
+        composition[Species::Oh] += TitratedHydroxide(liquid);
         return;
     }
     const PhIons ions = PhIonsIn(composition, PhOf(liquid), TemperatureOf(liquid));
@@ -270,7 +280,8 @@ void UpdateDerivedValues(DetailList& liquid)
     Totals totals = AddIons(liquid, liquid.At("liquid/balance.ph").GetBoolValue());
     const Closing closing = isClosed && !isShort && HasIonsOfPh(liquid)
                                 ? ClosingBesidePh(totals, PhOf(liquid), TemperatureOf(liquid))
-                                : ClosingOf(totals.charges.cations - totals.charges.anions);
+                                : ClosingOf(totals.charges.cations - totals.charges.anions -
+                                            (isShort ? 0.0 : TitratedHydroxide(liquid)));
     if (isClosed)
         CloseBalance(totals, closing);
 

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "projectbase/water/laboratory_import.h"
 
+#include "core/detection_limit.h"
 #include "core/ion_table.h"
 #include "dbinterfaces/master_database.h"
+#include "projectbase/water/detection_limits.h"
 #include "projectbase/water/ion_rows.h"
 #include "projectbase/water/measured_values.h"
 #include "projectbase/water/typed_units.h"
@@ -45,7 +47,7 @@ struct ReadingCode
 {
     laboratory::LimitReading reading;
     std::string_view code;
-    double factor;
+    double share;
 };
 constexpr std::array kReadings{ReadingCode{laboratory::LimitReading::Zero, "ZERO", 0.0},
                                ReadingCode{laboratory::LimitReading::Half, "HALF", 0.5},
@@ -103,9 +105,12 @@ std::optional<TakenValue> TakeNumber(const std::optional<laboratory::Number>& nu
     if (!number || (number->value < 0.0 && !mayBeNegative) ||
         (!place.unitKey.empty() && TypedUnit(place.key, parameter.unit) != parameter.unit))
         return std::nullopt;
+    double value = number->value;
+    if (number->isLimit)
+        value = TakesDetectionLimit(place.key) ? detection_limit::Make(value) : value * ShareOf(limits);
     return TakenValue{.key = place.key,
                       .unitKey = place.unitKey,
-                      .value = number->isLimit ? number->value * Find(limits).factor : number->value,
+                      .value = value,
                       .unit = parameter.unit,
                       .isLimit = number->isLimit};
 }
@@ -126,8 +131,10 @@ public:
     {
         const double value = m_liquid.At(place.key).GetDoubleValue();
         const bool isStated = std::isfinite(value) && (value != 0.0 || zeroCounts);
+        const bool isLimit = TakesDetectionLimit(place.key) && detection_limit::Is(value);
         if (isStated)
-            m_values.emplace_back(WithUnit(title, place), fmt::format("{}", value));
+            m_values.emplace_back(WithUnit(title, place),
+                                  isLimit ? fmt::format("<{}", -value) : fmt::format("{}", value));
     }
     /// Titles without which a head could be taken for a sample.
     void AddTitle(const std::string& title, const Place& place)
@@ -188,6 +195,11 @@ std::string CodeOf(laboratory::LimitReading reading)
     return std::string(Find(reading).code);
 }
 
+double ShareOf(laboratory::LimitReading reading)
+{
+    return Find(reading).share;
+}
+
 std::vector<TakenValue> TakeSample(const laboratory::File& file, std::size_t sample, const DetailList& liquid,
                                    laboratory::LimitReading limits)
 {
@@ -208,7 +220,8 @@ std::vector<TakenValue> TakeSample(const laboratory::File& file, std::size_t sam
     return values;
 }
 
-void StoreSample(const std::vector<TakenValue>& values, DetailList& liquid, bool clearOthers)
+void StoreSample(const std::vector<TakenValue>& values, DetailList& liquid, laboratory::LimitReading limits,
+                 bool clearOthers)
 {
     if (clearOthers) {
         for (const IonRow& row : IonRows())
@@ -220,6 +233,7 @@ void StoreSample(const std::vector<TakenValue>& values, DetailList& liquid, bool
         ClearMeasuredValues(liquid);
     }
     liquid.At("liquid/analysis.type").SetValue("FULL");
+    liquid.At("liquid/limits").SetValue(CodeOf(limits));
     for (const TakenValue& value : values) {
         if (value.text.empty())
             liquid.At(value.key).SetValue(value.value);

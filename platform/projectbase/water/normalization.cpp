@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "projectbase/water/normalization.h"
 
+#include "core/detection_limit.h"
 #include "core/ion_normalization.h"
 #include "core/ion_table.h"
 #include "core/ion_units.h"
 #include "projectbase/units/temperature.h"
+#include "projectbase/water/detection_limits.h"
 #include "projectbase/water/ion_rows.h"
 #include "projectbase/water/measured_values.h"
 
@@ -28,10 +30,13 @@ void NormalizeRow(DetailList& liquid, const IonRow& row, bool checkName)
     DetailData& meql = liquid.At(row.meql);
     DetailData& mgl = liquid.At(row.mgl);
 
-    const auto result = ions::Normalize({row.ion, orig.GetDoubleValue(), unit, name, checkName});
+    const double typed = orig.GetDoubleValue();
+    const auto result = ions::Normalize({row.ion, typed, unit, name, checkName});
     orig.SetValue(result.typed);
-    meql.SetValue(result.meqPerLitre);
-    mgl.SetValue(result.mgPerLitre);
+    // A limit of detection has a minus sign, and counts with its share.
+    const double share = detection_limit::Is(typed) ? -ShareOfLimits(liquid) : 1.0;
+    meql.SetValue(share * result.meqPerLitre + 0.0);
+    mgl.SetValue(share * result.mgPerLitre + 0.0);
 }
 
 void NormalizeTemperature(DetailList& liquid)
@@ -45,7 +50,7 @@ void NormalizeTemperature(DetailList& liquid)
 
 void NormalizeTypedCo2(DetailList& liquid)
 {
-    const double typed = liquid.At("liquid/co2.orig").GetDoubleValue();
+    const double typed = CountedValue(liquid, "liquid/co2.orig");
     const std::string unit = liquid.At("liquid/co2.unit").GetStdStringValue();
     const double weight = ions::FindIon("co2")->equivalentWeight;
     liquid.At("liquid/co2.mgl").SetValue(ions::ToMgPerLitre(typed, unit, weight));

@@ -26,6 +26,10 @@ double PhOf(const DetailList& liquid);
 /// mmol/l; unknown counts as none.
 double Co2Of(const DetailList& liquid);
 
+/// mmol/l of CO2 that goes with the bicarbonate that is stated, by the pH; not a number where the pH is one
+/// at which water holds none, or is unknown.
+double Co2OfPh(const Composition& composition, double pH, double celsius);
+
 /// Whether the pH is one at which water holds none of the bicarbonate or carbonate that is stated.
 bool ContradictsPh(const Composition& composition, double pH);
 

@@ -5,6 +5,12 @@
 #include "tests/support/program_fixture.h"
 
 #include <wx/clipbrd.h>
+#include <wx/timer.h>
+#include <wx/uiaction.h>
+
+#include <functional>
+#include <utility>
+#include <vector>
 
 namespace {
 
@@ -52,6 +58,119 @@ TEST_F(EntryTest, ARiverIsTypedWithFewKeysBesideItsDigits)
         EXPECT_DOUBLE_EQ(Water(std::string(ion.ion) + ".orig").GetDoubleValue(), ion.value) << ion.ion;
     EXPECT_LE(m_keys, 2 * static_cast<int>(std::size(ions)));
     RecordProperty("keys", m_keys);
+}
+
+TEST_F(EntryTest, AfterItsUnitAValueIsReplaced)
+{
+    TvTextCtrl* sodium = WaterPage().FindField("liquid/na.orig");
+    gui_test::Focus(*sodium);
+    gui_test::Type("23");
+    Key(WXK_DOWN, wxMOD_ALT);
+    gui_test::Pump();
+    Key(WXK_DOWN);
+    Key(WXK_RETURN);
+    gui_test::Pump();
+    EXPECT_NE(Water("na.unit").GetStringValue(), "mg/l");
+    EXPECT_EQ(wxWindow::FindFocus(), sodium);
+    gui_test::Type("5");
+    Key(WXK_RETURN);
+    EXPECT_DOUBLE_EQ(Water("na.orig").GetDoubleValue(), 5.0) << "not 235";
+}
+
+TEST_F(EntryTest, ALimitOfDetectionIsTypedAsTheSheetHasIt)
+{
+    TvTextCtrl* barium = WaterPage().FindField("liquid/ba.orig");
+    gui_test::Focus(*barium);
+    gui_test::Type("<0.5");
+    Key(WXK_RETURN);
+    EXPECT_EQ(barium->GetValue(), "<0.5");
+    EXPECT_DOUBLE_EQ(Water("ba.mgl").GetDoubleValue(), 0.25) << "half of it counts";
+    gui_test::Focus(*barium);
+    gui_test::Type("-0.5");
+    Key(WXK_RETURN);
+    EXPECT_EQ(Water("ba.orig").GetDoubleValue(), -0.5) << "a negative amount is none";
+    gui_test::Focus(*barium);
+    gui_test::Type("0.5");
+    Key(WXK_RETURN);
+    EXPECT_DOUBLE_EQ(Water("ba.mgl").GetDoubleValue(), 0.5);
+}
+
+TEST_F(EntryTest, TypingMovesNothing)
+{
+    const auto sizes = [this] {
+        std::vector<std::string> all;
+        const std::function<void(const wxWindow&)> visit = [&](const wxWindow& window) {
+            for (wxWindow* child : window.GetChildren()) {
+                if (dynamic_cast<wxTextCtrl*>(child) != nullptr)
+                    all.push_back(wxString::Format("%s: %d x %d", child->GetName(), child->GetSize().x,
+                                                   child->GetSize().y)
+                                      .utf8_string());
+                visit(*child);
+            }
+        };
+        visit(WaterPage());
+        return all;
+    };
+    TvTextCtrl* sodium = WaterPage().FindField("liquid/na.orig");
+    const auto before = sizes();
+    for (const char* typed : {"6.3", "63.27", "0.012"}) {
+        gui_test::Focus(*sodium);
+        gui_test::Type(typed);
+        Key(WXK_RETURN);
+        gui_test::Pump();
+        EXPECT_EQ(sizes(), before) << typed;
+    }
+    // What has no room gets it, in one step, and gives it back.
+    const wxSize usual = sodium->GetSize();
+    wxSize wide;
+    for (int i = 0; i < 3; ++i) {
+        gui_test::Focus(*sodium);
+        gui_test::Type("1.23456e-15");
+        Key(WXK_RETURN);
+        gui_test::Pump();
+        EXPECT_GE(sodium->GetSize().x, sodium->GetTextExtent(sodium->GetValue()).x);
+        EXPECT_EQ(sodium->GetSize(), i == 0 ? sodium->GetSize() : wide);
+        wide = sodium->GetSize();
+    }
+    EXPECT_GT(wide.x, usual.x);
+    EXPECT_EQ(wide.y, usual.y);
+    gui_test::Focus(*sodium);
+    gui_test::Type("1");
+    Key(WXK_RETURN);
+    gui_test::Pump();
+    EXPECT_EQ(sizes(), before);
+}
+
+TEST_F(EntryTest, KeysOfCommandsAreNotKeysOfFields)
+{
+    TvTextCtrl* sodium = WaterPage().FindField("liquid/na.orig");
+    gui_test::Focus(*sodium);
+    gui_test::Type("16.3");
+    Key(WXK_RETURN);
+    gui_test::Focus(*sodium);
+    // The units are a menu, which takes the keyboard until it is left.
+    bool asked = false;
+    wxTimer leaves;
+    leaves.Bind(wxEVT_TIMER, [&asked](wxTimerEvent&) {
+        asked = true;
+        wxUIActionSimulator().Char(WXK_ESCAPE);
+    });
+    m_frame->Bind(wxEVT_MENU_OPEN, [&leaves](wxMenuEvent& event) {
+        event.Skip();
+        leaves.StartOnce(200);
+    });
+    Key('U', wxMOD_CONTROL);
+    gui_test::Pump();
+    EXPECT_TRUE(asked) << "one unit for all";
+    EXPECT_EQ(sodium->GetValue(), "16.3") << "the toolkit's key deletes all";
+    const std::size_t waters = OpenProject().GetLiquidCount();
+    Key('A', wxMOD_CONTROL | wxMOD_SHIFT);
+    gui_test::Pump();
+    EXPECT_EQ(OpenProject().GetLiquidCount(), waters + 1);
+    EXPECT_EQ(wxWindow::FindFocus(), WaterPage(waters).FindField("liquid/na.orig"));
+    Key(WXK_HOME, wxMOD_ALT);
+    gui_test::Pump();
+    EXPECT_TRUE(m_frame->IsStartShown());
 }
 
 TEST_F(EntryTest, TheEditMenuActsOnTheFieldWithTheKeyboard)

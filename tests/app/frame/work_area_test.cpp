@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
 // The window around the pages: panes, messages, tools, navigator, start page, and what outlives the program.
 #include "app/document/plant_templates.h"
+#include "app/frame/ion_strip.h"
 #include "app/frame/menu_table.h"
 #include "app/frame/start_page.h"
 #include "gui_base/input/controls/collapsible_box.h"
 #include "gui_base/input/panel/aui_notebook.h"
+#include "gui_base/report/water_diagram.h"
 #include "gui_base/support/image_loader.h"
 #include "projectbase/project/iex_project.h"
 #include "tests/support/program_fixture.h"
@@ -167,6 +169,9 @@ TEST_F(WorkAreaTest, TheStartPageBeginsProjects)
     m_frame->ShowStart();
     gui_test::Pump();
     ASSERT_TRUE(Area().IsCoverShown());
+    const std::size_t waters = OpenProject().GetLiquidCount();
+    gui_test::Press('D', wxMOD_CONTROL);
+    EXPECT_EQ(OpenProject().GetLiquidCount(), waters) << "nobody changes a water behind the page";
     auto& softener = gui_test::Find<wxButton>(*m_frame, "Softener");
     softener.SetFocus();
     gui_test::Press(WXK_SPACE);
@@ -178,6 +183,46 @@ TEST_F(WorkAreaTest, TheStartPageBeginsProjects)
     m_frame->GetMessageArea().AddMessage(app::MessageArea::Severity::Info, wxString("x"));
     Tree().SelectItem(Item("Project"));
     EXPECT_FALSE(Area().IsCoverShown());
+}
+
+TEST_F(WorkAreaTest, ExamplesHaveAPictureOfTheirIons)
+{
+    const DetailList& water = *OpenProject().GetLiquid(0).GetDetails();
+    const auto pieces = water_diagram::PiecesOf(diagrams::IonsOf(water));
+    const diagrams::WaterIons ions = diagrams::IonsOf(water);
+    const wxImage strip = app::IonStrip(water, wxSize(200, 40)).ConvertToImage();
+    const auto count = [&strip](int y, const chartdir::Colour& colour) {
+        int pixels = 0;
+        for (int x = 0; x < strip.GetWidth(); ++x)
+            pixels += strip.GetRed(x, y) == colour.red && strip.GetGreen(x, y) == colour.green &&
+                      strip.GetBlue(x, y) == colour.blue && strip.GetAlpha(x, y) == wxIMAGE_ALPHA_OPAQUE;
+        return pixels;
+    };
+    const double longest = std::max(ions.CationSum(), ions.AnionSum());
+    EXPECT_NEAR(count(10, pieces.cations.front().colour), 200.0 * ions.calcium / longest, 1.0);
+    EXPECT_NEAR(count(30, pieces.anions.front().colour), 200.0 * ions.bicarbonate / longest, 1.0);
+    const auto empty = app::NewEmptyProject();
+    EXPECT_EQ(
+        app::IonStrip(*empty->GetLiquid(0).GetDetails(), wxSize(20, 8)).ConvertToImage().GetAlpha(10, 2),
+        wxIMAGE_ALPHA_TRANSPARENT);
+}
+
+TEST_F(WorkAreaTest, TheProgramOpensWithItsStartPage)
+{
+    // As the program does without a file: the page stands there before the window.
+    auto* second = new app::MainFrame(std::make_unique<app::Document>(app::NewEmptyProject()));
+    second->ShowStart();
+    second->Show();
+    gui_test::Pump();
+    EXPECT_TRUE(second->IsStartShown());
+    second->Files().New();
+    gui_test::Pump();
+    EXPECT_FALSE(second->IsStartShown());
+    const auto& page = dynamic_cast<FeedWaterPanel&>(*second->GetBook().GetCurrentPanel());
+    EXPECT_EQ(wxWindow::FindFocus(), page.FindField("liquid/na.orig")) << "typing begins at once";
+    second->GetDocument().SetUnsaved(false);
+    second->Close();
+    gui_test::Pump();
 }
 
 TEST_F(WorkAreaTest, EveryPlantOfTheStartPageHasItsDrawing)
@@ -241,7 +286,10 @@ TEST_F(WorkAreaTest, TheNavigatorTellsOfTheBalance)
     const int over = picture();
     EXPECT_NE(over, good);
     Menu("Tools", "Balance automatically");
-    EXPECT_EQ(picture(), good) << "closed";
+    EXPECT_NE(picture(), over);
+    EXPECT_NE(picture(), good) << "what was closed is over the limit";
+    gui_test::Enter(*WaterPage().FindField("liquid/na.orig"), "6.3");
+    EXPECT_EQ(picture(), good) << "closed, and in order before";
     m_frame->Waters().Add();
     EXPECT_NE(Tree().GetItemImage(Item("Water")), good) << "nothing is analysed";
     EXPECT_NE(Tree().GetItemImage(Item("Water")), over);
@@ -270,4 +318,12 @@ TEST_F(WorkAreaTest, TheWindowOutlivesTheProgram)
     Menu("View", "Usual arrangement");
     EXPECT_TRUE(Area().IsPaneShown(app::WorkPane::Navigator));
     EXPECT_GE(Tree().GetSize().x, m_frame->FromDIP(120));
+    // The usual arrangement follows the width also at the next start.
+    m_frame->SetSize(1600, 900);
+    gui_test::Pump();
+    Restart();
+    EXPECT_TRUE(Area().IsPaneShown(app::WorkPane::Diagram));
+    m_frame->SetSize(1024, 768);
+    gui_test::Pump();
+    EXPECT_FALSE(Area().IsPaneShown(app::WorkPane::Diagram));
 }

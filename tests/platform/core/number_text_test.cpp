@@ -150,7 +150,8 @@ TEST(ColumnText, FindsTheDecimalSignFromAllCells)
         {"1,234\n5,67\n", '.', ',', {1.234, 5.67}},
         {"0,125\n", '.', ',', {0.125}},
         {"1.234.567\n2\n", '.', ',', {1234567.0, 2.0}},
-        {"12\n\n<0.1\n3\n", ',', '.', {12.0, std::nullopt, std::nullopt, 3.0}},
+        // Limits of detection are amounts, and negative numbers are none.
+        {"12\n\n<0.1\n-3\n", ',', '.', {12.0, std::nullopt, -0.1, std::nullopt}},
         // The column with the numbers is taken, whatever stands beside it.
         {"Na\t6,3\tmg/l\nCa\t15\tmg/l\n", '.', ',', {6.3, 15.0}},
     };

@@ -5,6 +5,7 @@
 #include "gui_base/support/translation.h"
 
 #include <wx/settings.h>
+#include <wx/utils.h>
 
 #include <utility>
 
@@ -16,6 +17,13 @@ TvTextCtrl::TvTextCtrl(wxWindow* parent, int id, const wxString& value, const wx
     if ((style & wxTE_MULTILINE) != 0)
         return;
     Bind(wxEVT_KEY_DOWN, &TvTextCtrl::OnKeyDown, this);
+    // Also when the keyboard comes back, as from a list of units: what is typed next replaces the value,
+    // unless it was being typed.
+    Bind(wxEVT_SET_FOCUS, [this](wxFocusEvent& event) {
+        event.Skip();
+        if (!wxGetMouseState().LeftIsDown())
+            SelectWhenEntered();
+    });
     Bind(wxEVT_LEFT_DOWN, [this](wxMouseEvent& event) {
         m_isEnteredByClick = !HasFocus();
         event.Skip();
@@ -34,9 +42,14 @@ void TvTextCtrl::OnKeyDown(wxKeyEvent& event)
     const bool isEnter = event.GetKeyCode() == WXK_RETURN || event.GetKeyCode() == WXK_NUMPAD_ENTER;
     if (!isEnter || event.HasAnyModifiers())
         return;
-    // After the commit: what is typed next replaces the value.
+    SelectWhenEntered();
+}
+
+void TvTextCtrl::SelectWhenEntered()
+{
+    // After a commit.
     CallAfter([this] {
-        if (HasFocus())
+        if (HasFocus() && !IsModified())
             SelectAll();
     });
 }

@@ -39,6 +39,7 @@ protected:
 private:
     void ApplyEditableColour(bool editable);
     void OnKeyDown(wxKeyEvent& event);
+    void SelectWhenEntered();
 
     wxString m_hintText;
     bool m_isEnteredByClick = false;

@@ -10,6 +10,15 @@ void ValueKeys::AddColumn(std::span<const Cell> cells)
     for (const Cell& cell : cells) {
         m_cells.push_back({cell.field, cell.unit, m_columns});
         cell.field->Bind(wxEVT_KEY_DOWN, &ValueKeys::OnKeyDown, this);
+        if (cell.unit != nullptr)
+            cell.unit->Bind(wxEVT_CHOICE, [value = m_cells.back().field](wxCommandEvent& event) {
+                event.Skip();
+                // Back in the value as if one came to it: after the commit of the unit.
+                value->CallAfter([value] {
+                    if (value && value->HasFocus())
+                        value->SelectAll();
+                });
+            });
     }
     ++m_columns;
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "gui_base/input/panel/tv_modulepanelbase.h"
 
+#include "gui_base/input/controls/flow_sizer.h"
 #include "gui_base/support/events.h"
 #include "projectbase/project/project_edit.h"
 
@@ -124,6 +125,10 @@ void ModulePanelBase::BindBaseEvents()
     Bind(tvLOCALIZE_EVENT, &ModulePanelBase::OnLocalize, this);
     Bind(tvCHANGE_EVENT, &ModulePanelBase::OnChildChanged, this);
     Bind(wxEVT_MOUSEWHEEL, &ModulePanelBase::OnWheel, this);
+    Bind(wxEVT_CHAR_HOOK, [this](wxKeyEvent& event) {
+        event.Skip();
+        m_keepsTop = false;
+    });
     Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
         // The toolkit lays out for the new size when this handler has returned.
         event.Skip();
@@ -357,6 +362,12 @@ void ModulePanelBase::LocalizeControls()
     const std::string unitSystem = GetCurrentDisplayUnitSystem();
     for (const auto& control : m_localizableControls)
         control->Localize(unitSystem);
+}
+
+void ModulePanelBase::DoArrange(int width)
+{
+    if (GetSizer() != nullptr)
+        FlowSizer::GiveRoom(*GetSizer(), width);
 }
 
 void ModulePanelBase::FitAndLayout()

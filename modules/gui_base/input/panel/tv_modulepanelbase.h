@@ -52,6 +52,9 @@ public:
     void SendVisualizeMessageEvent() { DoSendVisualizeMessageEvent(); }
     void ResetMessages() { DoResetMessages(); }
     bool HasWhatIf() { return DoHasWhatIf(); }
+    /// While the user has not touched a key, whether the page stays at its top when a field gets the
+    /// keyboard, instead of scrolling to it. A page that is being opened has not its size yet.
+    void SetKeepsTop(bool keeps) { m_keepsTop = keeps; }
     bool Validate() override;
 
     /// Finds the status bar, gives it to the control's validator, and synchronises the project when it
@@ -99,6 +102,10 @@ protected:
     virtual void DoConnectTvTextCtrlsToStatusbar() = 0;
     virtual void DoSendVisualizeMessageEvent() = 0;
     virtual bool DoValidate() { return true; }
+    bool ShouldScrollToChildOnFocus(wxWindow* child) override
+    {
+        return !m_keepsTop && wxScrolled<wxPanel>::ShouldScrollToChildOnFocus(child);
+    }
     /// Refreshes the limits of validators, for example with UpdateLimitsFromDetail.
     virtual void DoUpdateValidators() {}
     virtual bool DoHasWhatIf() { return false; }
@@ -107,8 +114,9 @@ protected:
     /// The last step of the creation: everything is shown in language and units of the project.
     virtual void Prepare();
     /// Gives what stands side by side, or one below the other, its place in a panel of that width: whenever
-    /// the width, a text or a unit changed, before the layout. The same width gives the same places.
-    virtual void DoArrange(int) {}
+    /// the width, a text or a unit changed, before the layout. The same width gives the same places. A
+    /// FlowSizer needs nothing else.
+    virtual void DoArrange(int width);
     /// Whether the panel shows anything of what changed.
     virtual bool DoConcerns(const ProjectChanges&) { return true; }
     /// Shows what others changed in the project.
@@ -191,6 +199,7 @@ private:
     std::vector<DetailContainerWindow*> m_detailContainerWindows;
     bool m_baseEventsBound = false;
     bool m_synchronizing = false;
+    bool m_keepsTop = false;
     bool m_stale = false;  ///< what others changed is still to be shown
     int m_wheelTurn = 0;
     std::set<int> m_answeredFields;  ///< ids of the fields whose commits OnFieldUpdate answers

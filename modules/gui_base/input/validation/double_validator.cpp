@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "gui_base/input/validation/double_validator.h"
 
+#include "core/detection_limit.h"
+
 #include <algorithm>
 #include <cmath>
 #include <limits>
@@ -39,6 +41,13 @@ double DoubleValidator::GetRoundedValue() const
                               : std::numeric_limits<double>::quiet_NaN();
 }
 
+double DoubleValidator::GetJudgedValue() const
+{
+    if (HasFlag(DetectionLimits) && m_value != nullptr && detection_limit::Is(*m_value))
+        return numbertext::RoundUp(-*m_value, m_precision);
+    return GetRoundedValue();
+}
+
 void DoubleValidator::ConvertStringToValue()
 {
     if (const auto value = ParseControlValue())
@@ -47,7 +56,9 @@ void DoubleValidator::ConvertStringToValue()
 
 wxString DoubleValidator::DoFormatValueAsString(int extraDigits)
 {
-    return m_value != nullptr ? FormatNumber(*m_value, m_precision + extraDigits) : wxString();
+    if (m_value == nullptr)
+        return {};
+    return FormatNumber(*m_value, m_precision + extraDigits);
 }
 
 void DoubleValidator::SetValueToUndef()

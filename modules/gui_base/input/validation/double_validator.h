@@ -35,11 +35,11 @@ protected:
     wxString DoFormatValueAsString(int extraDigits) override;
     void SetValueToUndef() override;
     bool IsValueNumeric() const override;
-    bool IsValueLesserMininum() const override { return GetRoundedValue() < m_minValue; }
-    bool IsValueLesserOrEqualMininum() const override { return GetRoundedValue() <= m_minValue; }
+    bool IsValueLesserMininum() const override { return GetJudgedValue() < m_minValue; }
+    bool IsValueLesserOrEqualMininum() const override { return GetJudgedValue() <= m_minValue; }
     void SetValueToMinimum() override { Store(m_minValue); }
-    bool IsValueGreaterMaximum() const override { return GetRoundedValue() > m_maxValue; }
-    bool IsValueGreaterOrEqualMaximum() const override { return GetRoundedValue() >= m_maxValue; }
+    bool IsValueGreaterMaximum() const override { return GetJudgedValue() > m_maxValue; }
+    bool IsValueGreaterOrEqualMaximum() const override { return GetJudgedValue() >= m_maxValue; }
     void SetValueToMaximum() override { Store(m_maxValue); }
     bool IsValueZero() const override;
     wxString FormatMinValueAsString() override { return FormatLimit(m_minValue); }
@@ -47,6 +47,8 @@ protected:
 
 private:
     wxString FormatLimit(double limit) const;
+    /// What is compared with minimum and maximum: a limit of detection by its amount.
+    double GetJudgedValue() const;
     void Store(double value)
     {
         if (m_value != nullptr)

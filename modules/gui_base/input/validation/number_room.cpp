@@ -15,6 +15,8 @@ namespace {
 /// Every field has room for that many characters; measuring costs more than counting.
 constexpr std::size_t kAlwaysRoom = 6;
 constexpr int kCellMargin = 10;
+/// Frame and padding of a field on both sides together.
+constexpr int kFieldMargins = 14;
 
 void LayOutAround(const wxWindow& field)
 {
@@ -34,11 +36,14 @@ void Fit(wxTextCtrl& field, int usual)
 {
     const wxString text = field.GetValue();
     int wanted = usual;
-    if (text.length() > kAlwaysRoom)
-        wanted = std::max(wanted, field.GetSizeFromTextSize(field.GetTextExtent(text).x).x);
+    if (!text.empty())
+        // The toolkit's own answer counts the present width in, and so would grow with every question.
+        wanted = std::max(wanted, field.GetTextExtent(text).x + field.FromDIP(kFieldMargins));
     if (wanted == field.GetMinSize().x)
         return;
-    field.SetMinSize(wxSize(wanted, field.GetMinSize().y));
+    // So would its height, were it asked for anew. What is folded away has none yet.
+    const bool hasHeight = field.GetMinSize().y <= 0 && field.IsShownOnScreen();
+    field.SetMinSize(wxSize(wanted, hasHeight ? field.GetSize().y : field.GetMinSize().y));
     LayOutAround(field);
 }
 

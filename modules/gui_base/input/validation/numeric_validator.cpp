@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "gui_base/input/validation/numeric_validator.h"
 
+#include "core/detection_limit.h"
 #include "gui_base/input/validation/number_room.h"
 #include "gui_base/support/events.h"
 #include "gui_base/support/translation.h"
@@ -97,12 +98,11 @@ void NumericValidator::DoTransferToWindow()
     CheckLimits();
     ColourByRange();
     const wxString text = FormatValueAsString(0);
-    if (text == GetControlValue()) {
-        SetControlValue(text);
-        return;
-    }
     SetControlValue(text);
-    FitField();
+    // Measuring costs more than comparing.
+    if (text != m_fitted)
+        FitField();
+    m_fitted = text;
 }
 
 void NumericValidator::FitField()
@@ -163,6 +163,8 @@ bool NumericValidator::IsAllowedKey(int key) const
 {
     if (key < kFirstPrintable || key == kDelete || key > kLastCharacter)
         return true;
+    if (key == '<')
+        return HasFlag(DetectionLimits);
     return (key >= '0' && key <= '9') || key == '.' || key == ',' || key == '+' || key == '-' || key == 'e' ||
            key == 'E';
 }
@@ -174,27 +176,44 @@ wxString NumericValidator::FormatNumber(double value, const numbertext::Style& s
 
 wxString NumericValidator::FormatNumber(double value, int precision) const
 {
-    return FormatNumber(value, {.format = m_format,
-                                .precision = precision,
-                                .trimZeros = HasFlag(TrimZeros),
-                                .groupThousands = HasFlag(GroupThousands),
-                                .plain = HasFlag(PlainNumbers)});
+    const numbertext::Style style{.format = m_format,
+                                  .precision = precision,
+                                  .trimZeros = HasFlag(TrimZeros),
+                                  .groupThousands = HasFlag(GroupThousands),
+                                  .plain = HasFlag(PlainNumbers)};
+    return HasFlag(DetectionLimits)
+               ? wxString::FromUTF8(detection_limit::Format(value, style, LocaleSeparators()))
+               : FormatNumber(value, style);
 }
+
+namespace {
+
+/// A point that neither groups nor is the locale's own sign can only be meant as the decimal one.
+std::string WithLocaleSign(wxString text, const numbertext::Separators& separators)
+{
+    if (separators.decimal != "." && separators.thousands != ".")
+        text.Replace(".", wxString::FromUTF8(separators.decimal));
+    return text.utf8_string();
+}
+
+}  // namespace
 
 std::optional<double> NumericValidator::ParseNumber(const wxString& text)
 {
     const numbertext::Separators separators = LocaleSeparators();
-    wxString plain = text;
-    // A point that neither groups nor is the locale's own sign can only be meant as the decimal one.
-    if (separators.decimal != "." && separators.thousands != ".")
-        plain.Replace(".", wxString::FromUTF8(separators.decimal));
-    return numbertext::Parse(plain.utf8_string(), separators);
+    return numbertext::Parse(WithLocaleSign(text, separators), separators);
+}
+
+std::optional<double> NumericValidator::ParseAmount(const wxString& text)
+{
+    const numbertext::Separators separators = LocaleSeparators();
+    return detection_limit::Parse(WithLocaleSign(text, separators), separators);
 }
 
 std::optional<double> NumericValidator::ParseControlValue(std::optional<double> becomes)
 {
     const wxString text = GetControlValue();
-    const auto value = ParseNumber(text);
+    const auto value = HasFlag(DetectionLimits) ? ParseAmount(text) : ParseNumber(text);
     if (!value && text != m_reported)
         ReportNoNumber(text, becomes);
     m_reported = value ? wxString() : text;

@@ -33,6 +33,9 @@ public:
     /// The number that a typed text states in the current locale. A point stands for the decimal sign where
     /// the locale knows no other use of it.
     static std::optional<double> ParseNumber(const wxString& text);
+    /// An amount, or a limit of detection ("<0.05") as core/detection_limit.h has it; nothing for a negative
+    /// number.
+    static std::optional<double> ParseAmount(const wxString& text);
     /// Rings the bell and tells the message area of the frame around `window` that a value's text is no
     /// number: `becomes` is the number taken instead; without it the value stays as it was.
     static void TellNoNumber(wxWindow& window, const wxString& name, const wxString& text,
@@ -77,6 +80,7 @@ private:
     TvTextCtrlFormat m_format;
     int m_rangeFlag = 0;
     wxString m_reported;    ///< the text that was reported last as no number
+    wxString m_fitted;      ///< the text that the field has room for
     int m_usualWidth = -1;  ///< of the field without a long number in it
     bool m_isWider = false;
     wxColour m_belowMinColour{128, 192, 255};

@@ -29,6 +29,8 @@ enum ValidatorFlag : int
     GroupThousands = 256,    ///< fixed notation groups thousands
     ShowPreciseValue = 512,  ///< the status bar shows the value with two more digits
     PlainNumbers = 1024,     ///< general notation has no exponent from a millionth to a thousand million
+    DetectionLimits =
+        2048,  ///< "<0.05" states a limit of detection (core/detection_limit.h), no negative amount
 };
 
 class GUI_BASE_EXPORT Validator : public wxValidator

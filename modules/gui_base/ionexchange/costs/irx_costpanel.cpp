@@ -2,6 +2,7 @@
 #include "gui_base/ionexchange/costs/irx_costpanel.h"
 
 #include "gui_base/graphics/chart/chart_export.h"
+#include "gui_base/input/controls/flow_sizer.h"
 #include "gui_base/input/controls/tv_staticboxsizer.h"
 #include "gui_base/input/controls/tv_statictext.h"
 #include "gui_base/input/form/form_grid.h"
@@ -134,7 +135,7 @@ void IRXCostsPanel::AddSection(const char* title, std::initializer_list<wxSizer*
     TvStaticText* head = GetFields().AddLabel(this, title);
     head->SetFont(head->GetFont().Bold().Larger());
     GetSizer()->Add(head, wxSizerFlags().Border(wxLEFT | wxTOP, 2 * gap));
-    auto* line = new wxBoxSizer(wxHORIZONTAL);
+    auto* line = new FlowSizer;
     for (wxSizer* box : boxes)
         line->Add(box, wxSizerFlags().Expand().Border(wxALL, gap));
     GetSizer()->Add(line);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "gui_base/ionexchange/design/design_panel.h"
 
+#include "gui_base/input/controls/flow_sizer.h"
 #include "gui_base/input/controls/tv_staticboxsizer.h"
 #include "gui_base/input/form/form_grid.h"
 #include "gui_base/messages/user_message.h"
@@ -55,6 +56,7 @@ void DesignPanel::DoCreateForm()
     auto* outer = new wxBoxSizer(wxVERTICAL);
     const wxSizerFlags spaced = wxSizerFlags().Border(wxALL, FromDIP(form::kGap)).Expand();
     auto* line = AddLocalizable(new TvStaticBoxSizer(wxHORIZONTAL, this, wxTRANSLATE("Line")));
+    auto* flow = new FlowSizer;
     m_water = nullptr;
     for (const std::span<const FormRow> rows :
          {std::span<const FormRow>(kLineRows), std::span<const FormRow>(kLineResults)}) {
@@ -63,8 +65,9 @@ void DesignPanel::DoCreateForm()
         if (rows.data() == kLineRows.data() && !m_plant.IsOfType("FOODC"))
             m_water = dynamic_cast<tvChoice*>(GetFields().AddRow(line->GetStaticBox(), *grid, kWater).field);
         GetFields().AddRows(line->GetStaticBox(), *grid, rows);
-        line->Add(grid, wxSizerFlags().Border(wxALL, FromDIP(form::kGap)));
+        flow->Add(grid, wxSizerFlags().Border(wxALL, FromDIP(form::kGap)));
     }
+    line->Add(flow);
     outer->Add(line, spaced);
     for (const auto& exchanger : m_plant.GetRoot().GetChildren(OwnerKind::Exchanger)) {
         auto* box = new wxStaticBoxSizer(wxVERTICAL, this);

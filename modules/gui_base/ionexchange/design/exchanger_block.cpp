@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "gui_base/ionexchange/design/exchanger_block.h"
 
+#include "gui_base/input/controls/flow_sizer.h"
 #include "gui_base/input/controls/tv_button.h"
 #include "gui_base/input/controls/tv_statictext.h"
 #include "gui_base/input/form/form_grid.h"
@@ -20,7 +21,7 @@
 
 namespace {
 
-constexpr int kChoiceWidth = 300;
+constexpr int kChoiceWidth = 250;
 
 using Items = std::vector<std::pair<wxString, wxString>>;
 
@@ -121,7 +122,7 @@ ExchangerBlock::ExchangerBlock(iex::IEXProject& project, OwnerNode& exchanger, F
     wxWindow* const parent = &m_box;
     const wxSizerFlags spaced = wxSizerFlags().Border(wxALL, parent->FromDIP(form::kGap));
     // What is typed, what the vessel comes to, what its beds come to.
-    auto* columns = new wxBoxSizer(wxHORIZONTAL);
+    auto* columns = new FlowSizer;
     const auto newColumn = [&columns, parent] {
         auto* column = form::NewGrid(*parent);
         columns->Add(column, wxSizerFlags().Border(wxRIGHT, parent->FromDIP(6 * form::kGap)));

@@ -85,7 +85,7 @@ void CompoundBrowser::AddFilterRow(wxBoxSizer& sizer)
     m_search = AddControl(new TvSearchControl(this, wxID_ANY));
     m_search->SetTranslatableHint(wxTRANSLATE("Search for compound name or formula ..."));
     m_search->ShowCancelButton(true);
-    m_search->SetMinSize(FromDIP(wxSize(200, -1)));
+    m_search->SetMinSize(FromDIP(wxSize(150, -1)));
     const wxSizerFlags cell = wxSizerFlags().CentreVertical().Border(wxRIGHT, FromDIP(kGap));
     row->Add(m_element, cell);
     row->Add(m_category, cell);

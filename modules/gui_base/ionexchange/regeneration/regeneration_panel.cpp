@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "gui_base/ionexchange/regeneration/regeneration_panel.h"
 
+#include "gui_base/input/controls/flow_sizer.h"
 #include "gui_base/input/controls/tv_staticboxsizer.h"
 #include "gui_base/input/form/form_grid.h"
 #include "gui_base/ionexchange/regeneration/chemical_dilution_panel.h"
@@ -39,26 +40,25 @@ void RegenerationPanel::DoCreateControls()
 
 wxSizer* RegenerationPanel::CreateChemicals()
 {
-    auto* grid = new wxFlexGridSizer(2, FromDIP(wxSize(2 * form::kGap, 2 * form::kGap)));
-    const wxSizerFlags cell = wxSizerFlags().Top();
+    auto* flow = new FlowSizer(FromDIP(2 * form::kGap));
     for (const auto& compartment : m_exchanger.GetChildren(OwnerKind::Compartment)) {
         for (auto* make : {&MakeRegenerationPanel, &MakeConditioningPanel}) {
             m_panels.push_back(make(GetProject(), this, *compartment));
-            grid->Add(m_panels.back(), cell);
+            flow->Add(m_panels.back());
         }
     }
     auto* mediums = new TVRegenerationMediumsSubpanel(&m_iexProject, this, wxID_ANY, wxDefaultPosition,
                                                       wxDefaultSize, wxTAB_TRAVERSAL,
                                                       wxASCII_STR(wxPanelNameStr), m_exchanger.GetPosition());
     m_panels.push_back(mediums);
-    grid->Add(mediums, cell);
+    flow->Add(mediums);
     if (m_exchanger.GetChildren(OwnerKind::Compartment).size() > 1) {
         DetailList& details = *m_exchanger.GetDetails();
         m_mixedBed =
             new MBRegenerationType(&details.At("step/mb.type"), &details.At("step/mb.neutral"), this);
-        grid->Add(m_mixedBed, cell);
+        flow->Add(m_mixedBed);
     }
-    return grid;
+    return flow;
 }
 
 bool RegenerationPanel::FocusDetail(const DetailAddress& address)

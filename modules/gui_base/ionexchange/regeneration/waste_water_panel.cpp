@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "gui_base/ionexchange/regeneration/waste_water_panel.h"
 
+#include "gui_base/input/controls/flow_sizer.h"
 #include "gui_base/input/controls/tv_staticboxsizer.h"
 #include "gui_base/input/controls/tv_statictext.h"
 #include "gui_base/input/form/shown_context.h"
@@ -101,7 +102,7 @@ void TvWasteWaterAndComposition::DoCreateForm()
     auto* box = AddLocalizable(new TvStaticBoxSizer(wxVERTICAL, this, m_title));
     wxWindow* parent = box->GetStaticBox();
     const wxSizerFlags spaced = wxSizerFlags().Border(wxALL, FromDIP(2 * kGap));
-    auto* sections = new wxBoxSizer(wxHORIZONTAL);
+    auto* sections = new FlowSizer;
     auto* anions = new wxBoxSizer(wxVERTICAL);
     auto* cations = new wxBoxSizer(wxVERTICAL);
     cations->Add(CreateSection(parent, wxTRANSLATE("Cations"), kCations));

@@ -73,14 +73,15 @@ void IonGrid::AddRow(wxWindow* parent, wxFlexGridSizer& grid, const IonRow& ion,
         grid.Add(m_fields.AddLabel(parent, label), Cell());
     }
 
-    row.typed = m_fields.AddInput(parent, {.key = prefix + ".orig",
-                                           .label = label,
-                                           .unitKey = prefix + ".unit",
-                                           .validatorFlags = CheckMax | ZeroAsEmpty | ShowPreciseValue,
-                                           .precision = 6,
-                                           .width = kWidth,
-                                           .inIsoUnits = true});
-    grid.Add(row.typed, Cell());
+    row.typed = m_fields.AddInput(
+        parent, {.key = prefix + ".orig",
+                 .label = label,
+                 .unitKey = prefix + ".unit",
+                 .validatorFlags = CheckMax | ZeroAsEmpty | ShowPreciseValue | DetectionLimits,
+                 .precision = 6,
+                 .width = kWidth,
+                 .inIsoUnits = true});
+    grid.Add(row.typed, Cell().Expand());
 
     row.unit = m_fields.AddUnitChoice(
         parent, prefix + ".unit", ion.kind == IonRowKind::Equivalent ? m_units.equivalent : m_units.ordinary,
@@ -100,7 +101,7 @@ void IonGrid::AddRow(wxWindow* parent, wxFlexGridSizer& grid, const IonRow& ion,
                                              .precision = result == kMeql ? kMeqlDigits : kMglDigits,
                                              .width = kWidth,
                                              .inIsoUnits = true}),
-                 Cell());
+                 Cell().Expand());
     }
     m_rows.push_back(row);
 }
@@ -119,7 +120,7 @@ void IonGrid::AddTotal(wxWindow* parent, wxFlexGridSizer& grid, const TotalRow& 
                                          .precision = kMeqlDigits,
                                          .width = kWidth,
                                          .inIsoUnits = true}),
-             Cell());
+             Cell().Expand());
     grid.AddSpacer(0);
 }
 

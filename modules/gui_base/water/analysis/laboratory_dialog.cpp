@@ -6,6 +6,8 @@
 #include "gui_base/input/validation/numeric_validator.h"
 #include "gui_base/support/accessibility.h"
 #include "gui_base/support/translation.h"
+#include "gui_base/water/rows/limit_readings.h"
+#include "projectbase/water/detection_limits.h"
 
 #include <wx/choice.h>
 #include <wx/sizer.h>
@@ -24,17 +26,6 @@ enum Column : int
     kValue,
     kUnit,
     kRemark
-};
-
-struct ReadingChoice
-{
-    laboratory::LimitReading reading;
-    const char* label;  ///< source text
-};
-constexpr std::array kReadings{
-    ReadingChoice{laboratory::LimitReading::Zero, wxTRANSLATE("zero")},
-    ReadingChoice{laboratory::LimitReading::Half, wxTRANSLATE("half of the limit")},
-    ReadingChoice{laboratory::LimitReading::Limit, wxTRANSLATE("the limit")},
 };
 
 /// A cell may hold a letter; a list shows its beginning.
@@ -114,13 +105,13 @@ void LaboratoryDialog::AddLimitRow(wxSizer& outer)
     row->Add(new wxStaticText(this, wxID_ANY, label), wxSizerFlags().CentreVertical());
     auto* choice = new wxChoice(this, wxID_ANY);
     accessibility::SetName(*choice, label);
-    for (const ReadingChoice& reading : kReadings) {
+    for (const wateranalysis::ReadingChoice& reading : wateranalysis::kLimitReadings) {
         choice->Append(i18n::Translated(reading.label));
         if (reading.reading == m_reading)
             choice->SetSelection(static_cast<int>(choice->GetCount()) - 1);
     }
     choice->Bind(wxEVT_CHOICE, [this](wxCommandEvent& event) {
-        m_reading = kReadings.at(static_cast<std::size_t>(event.GetSelection())).reading;
+        m_reading = wateranalysis::kLimitReadings.at(static_cast<std::size_t>(event.GetSelection())).reading;
         ShowSample();
     });
     row->Add(choice, wxSizerFlags().Border(wxLEFT, FromDIP(8)));
@@ -171,9 +162,10 @@ void LaboratoryDialog::ShowRow(std::size_t parameter, const water::TakenValue* t
     }
     const numbertext::Style style{.precision = 6, .trimZeros = true};
     m_list->SetItem(row, kValue,
-                    taken->text.empty() ? wxString::FromUTF8(numbertext::Format(
-                                              taken->value, style, NumericValidator::LocaleSeparators()))
-                                        : CellText(taken->text));
+                    taken->text.empty()
+                        ? wxString::FromUTF8(water::TypedText(taken->key, taken->value, style,
+                                                              NumericValidator::LocaleSeparators()))
+                        : CellText(taken->text));
     m_list->SetItem(row, kUnit, wxString::FromUTF8(taken->unit));
 }
 

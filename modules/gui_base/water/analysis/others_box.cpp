@@ -9,11 +9,14 @@
 #include "gui_base/input/form/form_grid.h"
 #include "gui_base/input/validation/temperature_validator.h"
 #include "gui_base/support/translation.h"
+#include "gui_base/water/rows/limit_readings.h"
 #include "gui_base/water/rows/property_rows.h"
 #include "gui_base/water/rows/unit_lists.h"
 #include "gui_base/water/tools/alkalization_dialog.h"
 #include "projectbase/settings/settings.h"
 #include "projectbase/units/unit_system_manager.h"
+#include "projectbase/water/detection_limits.h"
+#include "projectbase/water/laboratory_import.h"
 
 #include <wx/statbox.h>
 
@@ -53,15 +56,24 @@ TvTextCtrl* AddProperty(FieldSet& fields, wxWindow* parent, wxSizer& grid, const
     const wxString label = wxString::FromUTF8(row.label);
     const wxString unit = wxString::FromUTF8(row.unit);
     grid.Add(fields.AddLabel(parent, label, ":"), Cell());
+    const int limits = water::TakesDetectionLimit(row.key) ? DetectionLimits : 0;
     TvTextCtrl* field = fields.AddInput(parent, {.key = row.key,
                                                  .label = label,
                                                  .unit = unit,
-                                                 .validatorFlags = ShowPreciseValue,
+                                                 .validatorFlags = ShowPreciseValue | limits,
                                                  .undef = kUnknown,
                                                  .precision = row.precision});
     grid.Add(field, Cell());
     grid.Add(fields.AddUnitLabel(parent, unit, true), Cell());
     return field;
+}
+
+std::vector<std::pair<wxString, wxString>> ReadingItems()
+{
+    std::vector<std::pair<wxString, wxString>> items;
+    for (const ReadingChoice& choice : kLimitReadings)
+        items.emplace_back(wxString::FromUTF8(water::CodeOf(choice.reading)), choice.label);
+    return items;
 }
 
 /// "NaOH: 12.50 mg/l, pH 9.00".
@@ -162,12 +174,13 @@ void OthersBox::AddCo2(wxSizer& grid, const std::vector<wxString>& units)
     DetailList& details = m_fields.Details();
     const wxString label(wxTRANSLATE("CO2:"));
     grid.Add(m_fields.AddLabel(box, label), Cell());
-    m_co2 = m_fields.AddInput(box, {.key = "liquid/co2.orig",
-                                    .label = label,
-                                    .unitKey = "liquid/co2.unit",
-                                    .validatorFlags = CheckMax | ZeroAsEmpty | ShowPreciseValue,
-                                    .precision = 6,
-                                    .inIsoUnits = true});
+    m_co2 =
+        m_fields.AddInput(box, {.key = "liquid/co2.orig",
+                                .label = label,
+                                .unitKey = "liquid/co2.unit",
+                                .validatorFlags = CheckMax | ZeroAsEmpty | ShowPreciseValue | DetectionLimits,
+                                .precision = 6,
+                                .inIsoUnits = true});
     grid.Add(m_co2, Cell());
     m_co2Unit = m_fields.AddUnitChoice(box, "liquid/co2.unit", units, label);
     m_fields.SetUnitLimits("liquid/co2.orig", {.max = details.At("liquid/co2.mgl").GetMaxValue(),
@@ -211,6 +224,11 @@ void OthersBox::AddFurtherProperties()
     auto* grid = form::NewGrid(*pane);
     for (const PropertyRow& row : kFurtherProperties)
         AddProperty(m_fields, pane, *grid, row);
+    m_fields.AddRow(pane, *grid,
+                    {.key = "liquid/limits",
+                     .label = wxTRANSLATE("Values below a limit of detection count as"),
+                     .field = FormField::Choice,
+                     .items = ReadingItems});
     pane->SetSizer(grid);
     Add(m_furtherProperties, wxSizerFlags().Expand().Border(wxALL, pane->FromDIP(form::kGap)));
 }

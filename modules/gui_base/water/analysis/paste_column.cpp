@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "gui_base/water/analysis/paste_column.h"
 
+#include "core/detection_limit.h"
 #include "gui_base/dialogs/dialog_buttons.h"
 #include "gui_base/input/validation/number_room.h"
 #include "gui_base/input/validation/numeric_validator.h"
@@ -100,7 +101,7 @@ void PasteColumnDialog::FillList(wxListView& list, const std::vector<PasteLine>&
         else
             list.SetItem(
                 item, 2,
-                wxString::FromUTF8(numbertext::Format(*line.cell.value, {.precision = 10}, separators)));
+                wxString::FromUTF8(detection_limit::Format(*line.cell.value, {.precision = 10}, separators)));
         list.SetItem(item, 3, remark);
         if (!line.cell.text.empty() && (!line.cell.value || line.key.empty())) {
             list.SetItemBackgroundColour(item, wxColour(255, 160, 144));

@@ -2,8 +2,8 @@
 #include "gui_base/water/analysis/wateranalysis_panel.h"
 
 #include "core/polarization.h"
+#include "gui_base/input/controls/flow_sizer.h"
 #include "gui_base/input/controls/tv_checkbox.h"
-#include "gui_base/input/form/flow_sizer.h"
 #include "gui_base/input/form/form_grid.h"
 #include "gui_base/support/events.h"
 #include "gui_base/support/exception_text.h"

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // What the water analysis panel does when its controls are used.
+#include "gui_base/input/controls/flow_sizer.h"
 #include "gui_base/input/controls/tv_button.h"
 #include "gui_base/input/controls/tv_checkbox.h"
 #include "gui_base/input/controls/tv_radiobutton.h"
-#include "gui_base/input/form/flow_sizer.h"
 #include "gui_base/input/form/form_grid.h"
 #include "gui_base/support/exception_text.h"
 #include "gui_base/support/translation.h"
@@ -195,7 +195,7 @@ void WaterAnalysisPanel::DoArrange(int width)
 {
     if (m_columns == nullptr)
         return;
-    m_head->SetRoom(width);
+    ModulePanelBase::DoArrange(width);
     const int ionsBeside = m_ions->GetWidth(wxHORIZONTAL);
     const int ionsBelow = m_ions->GetWidth(wxVERTICAL);
     const int others = m_others->CalcMin().x + 2 * FromDIP(form::kGap);

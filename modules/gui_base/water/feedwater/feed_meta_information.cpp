@@ -15,7 +15,7 @@ namespace {
 /// Country and place bring a gap between them.
 constexpr int kColumns = 5;
 constexpr int kSourceWidth = 165;
-constexpr int kCountryWidth = 190;
+constexpr int kCountryWidth = 166;
 
 LiquidData& Required(LiquidData* liquid)
 {

@@ -4,7 +4,7 @@
 #include "dbinterfaces/master_database.h"
 #include "gui_base/dialogs/gui_utils.h"
 #include "gui_base/input/controls/collapsible_box.h"
-#include "gui_base/input/form/flow_sizer.h"
+#include "gui_base/input/controls/flow_sizer.h"
 #include "gui_base/support/translation.h"
 #include "projectbase/whatif/what_if_rows.h"
 

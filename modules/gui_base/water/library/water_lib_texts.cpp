@@ -10,6 +10,7 @@
 #include "gui_base/water/rows/property_rows.h"
 #include "projectbase/details/date_text.h"
 #include "projectbase/units/unit_system_manager.h"
+#include "projectbase/water/detection_limits.h"
 
 #include <array>
 #include <cmath>
@@ -59,10 +60,10 @@ const std::map<std::string, wxString>& IonNames()
     return names;
 }
 
-wxString NumberText(double value, int precision)
+wxString NumberText(const std::string& key, double value, int precision)
 {
     return wxString::FromUTF8(
-        numbertext::Format(value, {.precision = precision}, NumericValidator::LocaleSeparators()));
+        water::TypedText(key, value, {.precision = precision}, NumericValidator::LocaleSeparators()));
 }
 
 /// The user's name of an ion that has one, else its label.
@@ -81,8 +82,8 @@ void AddTyped(std::vector<DetailLine>& lines, const LiquidData& liquid, const wx
     const double value = liquid.GetDetails()->At("liquid/" + key + ".orig").GetDoubleValue();
     if (std::isnan(value) || (value == 0.0 && !zeroCounts))
         return;
-    lines.push_back(
-        {name, NumberText(value, 8), liquid.GetDetails()->At("liquid/" + key + ".unit").GetStringValue()});
+    lines.push_back({name, NumberText("liquid/" + key + ".orig", value, 8),
+                     liquid.GetDetails()->At("liquid/" + key + ".unit").GetStringValue()});
 }
 
 template <typename Rows>
@@ -97,7 +98,7 @@ void AddNumber(std::vector<DetailLine>& lines, const LiquidData& liquid, const s
 {
     const double value = liquid.GetDetails()->At(key).GetDoubleValue();
     if (!std::isnan(value))
-        lines.push_back({name, NumberText(value, precision),
+        lines.push_back({name, NumberText(key, value, precision),
                          wxString::FromUTF8(UnitSystemManager::GetUnit(unit, "iso", true))});
 }
 

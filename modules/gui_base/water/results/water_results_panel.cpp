@@ -27,13 +27,14 @@ constexpr int kTileWidth = 148;
 constexpr int kLeastWidth = 240;
 constexpr int kScrollStep = 12;
 
-Mood MoodOf(advice::BalanceVerdict verdict)
+Mood MoodOf(const advice::BalanceJudgement& judgement)
 {
     using advice::BalanceVerdict;
-    switch (verdict) {
+    switch (judgement.verdict) {
         case BalanceVerdict::InOrder:
-        case BalanceVerdict::Closed:
             return Mood::Good;
+        case BalanceVerdict::Closed:
+            return judgement.isClosedOverLimit ? Mood::Warn : Mood::Good;
         case BalanceVerdict::Doubtful:
             return Mood::Warn;
         case BalanceVerdict::OverLimit:
@@ -180,12 +181,15 @@ void WaterResultsPanel::ShowBalance(const advice::Evaluation* evaluation, const 
                 .unit = {},
                 .text = Text(BalanceVerdictText(judged, context)),
                 .tooltip = i18n::Translated("Difference of both sums in percent, as the rule counts it"),
-                .mood = MoodOf(judged.verdict)});
+                .mood = MoodOf(judged)});
     if (evaluation != nullptr)
         m_badge->SetOnActivate([this] { m_lead({m_water, "liquid/balance.auto"}); });
     else
         m_badge->SetOnActivate(nullptr);
-    ShowWindow(*m_balance, judged.verdict != advice::BalanceVerdict::NotJudged &&
+    // A mixture follows its waters.
+    const LiquidData* water = FindWater();
+    const bool isTyped = water != nullptr && !m_project->IsMixed(*water);
+    ShowWindow(*m_balance, isTyped && judged.verdict != advice::BalanceVerdict::NotJudged &&
                                judged.verdict != advice::BalanceVerdict::Closed);
 }
 

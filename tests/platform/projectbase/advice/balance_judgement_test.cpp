@@ -18,6 +18,17 @@ constexpr auto kOver = BalanceVerdict::OverLimit;
 
 }  // namespace
 
+TEST(BalanceJudgement, ClosingDoesNotMakeAnAnalysisGood)
+{
+    WaterUnderTest water;
+    water.Type("na", 5.0, "meq/l").Type("cl", 3.0, "meq/l").Set("balance.auto", true).Update();
+    const auto judged = advice::JudgeBalance(water.Details(), BalanceRule::StandardMethods);
+    EXPECT_EQ(judged.verdict, BalanceVerdict::Closed);
+    EXPECT_TRUE(judged.isClosedOverLimit);
+    water.Type("cl", 5.0, "meq/l").Update();
+    EXPECT_FALSE(advice::JudgeBalance(water.Details(), BalanceRule::StandardMethods).isClosedOverLimit);
+}
+
 TEST(BalanceJudgement, EveryRuleHasItsLimitsAndItsDivisor)
 {
     struct Case

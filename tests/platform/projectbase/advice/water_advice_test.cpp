@@ -276,6 +276,29 @@ TEST(WaterAdvice, ZeroThatNobodyTypedIsMissing)
     EXPECT_EQ(Ids(project), "limit.fe.demi limit.mn.demi! limit.femn.demi!");
 }
 
+TEST(WaterAdvice, LimitsOfDetectionSayNothing)
+{
+    iex::IEXProject project("DEMI");
+    for (const auto& [key, amount] : {std::pair("liquid/fe.total", 5.0),
+                                      {"liquid/mn.orig", 2.0},
+                                      {"liquid/cl.free", 3.0},
+                                      {"liquid/turbidity", 20.0}}) {
+        Put(project, "water.1", key, amount);
+        EXPECT_NE(Ids(project), "") << key;
+        Put(project, "water.1", key, -amount);
+        EXPECT_EQ(Ids(project), "") << key;
+    }
+    Put(project, "water.1", "liquid/fe2.orig", 5.0);
+    Put(project, "water.1", "liquid/fe.total", -0.01);
+    EXPECT_EQ(Ids(project), "") << "the total was looked for";
+    iex::IEXProject gypsum;
+    support::SetWater(gypsum, {{"ca", 60.0}, {"so4", 55.0}, {"cl", 5.0}});
+    Put(gypsum, "water.1", "liquid/ph", 7.0);
+    EXPECT_NE(Ids(gypsum), "");
+    Put(gypsum, "water.1", "liquid/so4.orig", -110.0);
+    EXPECT_EQ(Ids(gypsum), "") << "as much is counted, and nothing was found";
+}
+
 TEST(WaterAdvice, WhatMayDeposit)
 {
     iex::IEXProject project;

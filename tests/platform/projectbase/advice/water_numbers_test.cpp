@@ -57,6 +57,40 @@ TEST(WaterNumbers, OfAHardGroundwater)
     ExpectNear(loads.carbonate, 600.0 * 5.555, "carbonate hardness a day");
 }
 
+TEST(WaterNumbers, FreeCo2IsThatOfTheCalculator)
+{
+    for (const double pH : {6.5, 7.79, 8.3, 8.9}) {
+        WaterUnderTest water;
+        water.Type("ca", 4.0, "meq/l").Type("cl", 1.0, "meq/l").Type("hco3", 3.0, "meq/l");
+        water.Set("ph", pH).Set("temp.orig", 12.0).Set("calculate.co2", true).Update();
+        const double calculated = water["co2.mgl"] / ions::FindIon("co2")->molarMass;
+        ExpectNear(advice::NumbersOf(water.Details()).co2, calculated, "CO2");
+    }
+}
+
+TEST(WaterNumbers, HydroxideOfATitrationIsClosed)
+{
+    WaterUnderTest water;
+    water.Type("na", 1.0, "meq/l").Type("cl", 0.2, "meq/l").Type("alkalinity.m", 2.0, "mmol/l");
+    water.Type("alkalinity.p", 1.4, "mmol/l").Set("balance.auto", true).Update();
+    // OH 0.8, CO3 1.2 and Cl 0.2 against Na 1.0.
+    EXPECT_NEAR(water["na.plus.meql"], 1.2, 1e-9);
+    EXPECT_NEAR(water["cl.plus.meql"], 0.0, 1e-9);
+}
+
+TEST(WaterNumbers, WhatWasNotAnalysedIsNotNothing)
+{
+    WaterUnderTest water;
+    water.Type("ca", 3.0, "meq/l").Type("na", 1.0, "meq/l").Update();
+    advice::WaterNumbers numbers = advice::NumbersOf(water.Details());
+    EXPECT_DOUBLE_EQ(numbers.hardness, 3.0);
+    for (const double unknown : {numbers.m, numbers.acidity, numbers.carbonate, numbers.anionLoad})
+        EXPECT_TRUE(std::isnan(unknown)) << "no anion was typed yet";
+    water.Set("balance.auto", true).Update();
+    numbers = advice::NumbersOf(water.Details());
+    EXPECT_DOUBLE_EQ(numbers.acidity, 4.0) << "chloride closes the balance";
+}
+
 TEST(WaterNumbers, OfARiver)
 {
     const advice::WaterNumbers numbers = advice::NumbersOf(RiverWater().Details());

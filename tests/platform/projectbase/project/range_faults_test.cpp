@@ -29,7 +29,8 @@ TEST(RangeFaults, NamesEveryValueWhereItIsTyped)
         {"water.2", "liquid/temp.orig", 213.0, "°F", "liquid/temp.orig", "Temperature", 212.0},
         {"water.1", "liquid/na.orig", 230000.0, "mg/l", "liquid/na.orig", "Sodium", 229900.0},
         {"water.1", "liquid/na.orig", 10001.0, "meq/l", "liquid/na.orig", "Sodium", 10000.0},
-        {"water.1", "liquid/cl.orig", -1.0, "mg/l", "liquid/cl.orig", "Chloride", 0.0},
+        {"water.1", "liquid/cl.orig", -1.0, "mg/l", nullptr, "", 0},  // a limit of detection
+        {"water.1", "liquid/toc", 20000.0, nullptr, "liquid/toc", "TOC", 10000.0},
         {"water.1", "liquid/co2.orig", 200.0, "g/l", "liquid/co2.orig", "CO2", 100.0},
         {"", "feed/ph", -1.0, nullptr, "feed/ph", "Total pH", 0.0},
         {"", "feed/medium.temp", 120.0, nullptr, "feed/medium.temp", "Temperature of the feed medium", 100.0},
@@ -81,9 +82,9 @@ TEST(RangeFaults, LeavesOutWhatIsSwitchedOff)
     {
         const ProjectEdit edit(project);
         water.At("liquid/x1.name").SetValue("Lithium");
-        water.At("liquid/x1.orig").SetValue(-1.0);
+        water.At("liquid/x1.orig").SetValue(20'000.0);
         water.At("liquid/tds.short").SetValue(-2.0);
-        water.At("liquid/co2.orig").SetValue(-3.0);
+        water.At("liquid/co2.orig").SetValue(1e9);
     }
     EXPECT_EQ(keys(), (Keys{"liquid/co2.orig", "liquid/x1.orig"}));
     EXPECT_EQ(RangeFaults(project)[1].label, "Lithium") << "as the user calls it";

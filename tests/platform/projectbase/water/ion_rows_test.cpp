@@ -75,7 +75,7 @@ TEST(IonRows, AmountsOfLaboratoriesBecomeTheMassOfEveryIon)
                 WaterUnderTest water;
                 const auto values =
                     water::TakeSample(file, 0, water.Details(), laboratory::LimitReading::Half);
-                water::StoreSample(values, water.Details(), true);
+                water::StoreSample(values, water.Details(), laboratory::LimitReading::Half, true);
                 water.Update();
                 EXPECT_NEAR(water[std::string(ion.key) + ".mgl"], 0.5 * ion.molarMass, 2e-3 * ion.molarMass)
                     << name << " in " << unit;

@@ -33,10 +33,10 @@ TEST(LaboratoryImport, StoresWhatTheFileStatesAndClearsTheRest)
         "1,5;2;7,5;50;3;9;-1\n");
     const auto values = Take(file, water);
     ASSERT_EQ(values.size(), 4u) << "not the unknown unit, the second sodium and the negative chloride";
-    water::StoreSample(values, water.Details(), false);
+    water::StoreSample(values, water.Details(), LimitReading::Half, false);
     EXPECT_EQ(water["k.orig"], 5.0);
     EXPECT_EQ(water["turbidity"], 3.0);
-    water::StoreSample(values, water.Details(), true);
+    water::StoreSample(values, water.Details(), LimitReading::Half, true);
     EXPECT_EQ(water["ca.orig"], 3.0);
     EXPECT_EQ(water.Details().At("liquid/ca.unit").GetStdStringValue(), "meq/l");
     EXPECT_EQ(water["na.orig"], 2.0);
@@ -54,7 +54,7 @@ TEST(LaboratoryImport, AlkalinityStandsForBicarbonate)
     const auto file = laboratory::Read("pH,Alkalinity [mg/l CaCO3],p-value [mmol/l],Temp\n8.9,103,-0.2,15\n");
     const auto values = Take(file, water);
     ASSERT_EQ(values.size(), 4u);
-    water::StoreSample(values, water.Details(), true);
+    water::StoreSample(values, water.Details(), LimitReading::Half, true);
     water.Update();
     EXPECT_EQ(water["hco3.orig"], 0.0);
     EXPECT_EQ(water["alkalinity.p.orig"], -0.2) << "a demand of base";
@@ -62,11 +62,11 @@ TEST(LaboratoryImport, AlkalinityStandsForBicarbonate)
     EXPECT_GT(water["co3.meql"], 0.1);
     WaterUnderTest copy;
     const auto again = laboratory::Read(water::WriteLaboratoryFile({{"Well", water.Details()}}));
-    water::StoreSample(Take(again, copy), copy.Details(), true);
+    water::StoreSample(Take(again, copy), copy.Details(), LimitReading::Half, true);
     EXPECT_EQ(copy["alkalinity.m.orig"], 103.0);
     EXPECT_EQ(copy.Details().At("liquid/alkalinity.m.unit").GetStdStringValue(), "ppm CaCO3");
     const auto without = laboratory::Read("pH\n7\n");
-    water::StoreSample(Take(without, copy), copy.Details(), true);
+    water::StoreSample(Take(without, copy), copy.Details(), LimitReading::Half, true);
     EXPECT_EQ(copy["alkalinity.m.orig"], 0.0) << "cleared with the others";
 }
 
@@ -80,7 +80,7 @@ TEST(LaboratoryImport, WrittenWatersComeBack)
     water.Set("ph", 0.0).Set("temp.orig", 0.0).Set("toc", 2.5).Set("place", "Well, north");
     WaterUnderTest copy;
     const auto file = laboratory::Read(water::WriteLaboratoryFile({{"Well", water.Details()}}));
-    water::StoreSample(Take(file, copy), copy.Details(), true);
+    water::StoreSample(Take(file, copy), copy.Details(), LimitReading::Half, true);
     for (const char* key : {"ca.orig", "hco3.orig", "so4.orig", "fe2.orig", "ph", "temp.orig", "toc"})
         EXPECT_EQ(copy[key], water[key]) << key;
     EXPECT_EQ(copy.Details().At("liquid/so4.unit").GetStdStringValue(), "\u00b0d");
@@ -96,11 +96,13 @@ TEST(LaboratoryImport, LimitsOfDetectionCountAsIsChosen)
         ASSERT_EQ(values.size(), 5u) << "a pH is no amount";
         for (const auto& value : values)
             EXPECT_EQ(value.isLimit, value.key != "liquid/cl.orig") << value.key;
-        water::StoreSample(values, water.Details(), false);
-        EXPECT_EQ(water["ca.orig"], share) << "1 meq/l";
-        EXPECT_EQ(water["na.orig"], 3.0 * share);
-        EXPECT_EQ(water["alkalinity.m.orig"], share);
-        EXPECT_EQ(water["toc"], 2.0 * share);
+        water::StoreSample(values, water.Details(), water::LimitReadingOf(code), false);
+        water.Update();
+        EXPECT_EQ(water["ca.orig"], -1.0) << "1 meq/l, kept as a limit";
+        EXPECT_EQ(water["ca.meql"], share);
+        EXPECT_EQ(water["na.mgl"], 3.0 * share);
+        EXPECT_EQ(water["alkalinity.m.orig"], share) << "may be negative";
+        EXPECT_EQ(water["toc"], -2.0);
         EXPECT_EQ(water["ph"], 7.0);
         EXPECT_EQ(water["cl.orig"], 7.5);
     }
@@ -123,19 +125,19 @@ TEST(LaboratoryImport, MeasuredHardnessAndConductivityAreKept)
         WaterUnderTest water;
         EXPECT_TRUE(std::isnan(water["hardness.measured.orig"]));
         const auto file = laboratory::Read(std::string(head) + "\n10;10\n");
-        water::StoreSample(Take(file, water), water.Details(), true);
+        water::StoreSample(Take(file, water), water.Details(), LimitReading::Half, true);
         water.Update();
         EXPECT_NEAR(water["hardness.measured"], hardness, 1e-9) << head;
         EXPECT_NEAR(water["cond25.measured"], conductivity, 1e-9) << head;
         EXPECT_EQ(water["hardness.total"], 0.0) << "what is calculated stays that";
         const auto again = laboratory::Read(water::WriteLaboratoryFile({{"", water.Details()}}));
         WaterUnderTest copy;
-        water::StoreSample(Take(again, copy), copy.Details(), true);
+        water::StoreSample(Take(again, copy), copy.Details(), LimitReading::Half, true);
         copy.Update();
         EXPECT_EQ(copy["hardness.measured"], water["hardness.measured"]) << head;
         EXPECT_EQ(copy["cond25.measured"], water["cond25.measured"]) << head;
         const auto without = laboratory::Read("pH\n7\n");
-        water::StoreSample(Take(without, water), water.Details(), true);
+        water::StoreSample(Take(without, water), water.Details(), LimitReading::Half, true);
         EXPECT_TRUE(std::isnan(water["hardness.measured.orig"])) << "cleared with the others";
         EXPECT_TRUE(std::isnan(water["cond25.measured.orig"]));
     }
@@ -146,12 +148,12 @@ TEST(LaboratoryImport, TextsAreTakenWithTheirCountry)
     WaterUnderTest water;
     water.Set("country", "FR").Set("place", "Paris").Set("water.source", "Seine");
     const auto file = laboratory::Read("Probe;Land;Ort;Ca\nA;Germany;;1\nB;Atlantis;Ulm;1\n");
-    water::StoreSample(Take(file, water), water.Details(), true);
+    water::StoreSample(Take(file, water), water.Details(), LimitReading::Half, true);
     const auto text = [&](const char* key) {
         return water.Details().At(std::string("liquid/") + key).GetStdStringValue();
     };
     EXPECT_EQ(text("country") + text("place") + text("water.source"), "DEParisSeine");
-    water::StoreSample(Take(file, water, 1), water.Details(), true);
+    water::StoreSample(Take(file, water, 1), water.Details(), LimitReading::Half, true);
     EXPECT_EQ(text("country") + text("place"), "DEUlm");
     const auto letter = laboratory::Read("Ort;Ca\n" + std::string(10'001, 'x') + ";1\n");
     EXPECT_EQ(Take(letter, water).size(), 1u) << "a text of that length is no place";
@@ -225,7 +227,7 @@ TEST(LaboratoryImport, WhateverIsExportedComesBack)
             WaterUnderTest copy;
             EXPECT_EQ(file.GetSampleName(i), named[i].name) << seed;
             copy.Set("k.orig", 1.0).Set("toc", 1.0).Set("temp.orig", waters[i]["temp.orig"]);
-            water::StoreSample(Take(file, copy, i), copy.Details(), true);
+            water::StoreSample(Take(file, copy, i), copy.Details(), LimitReading::Half, true);
             for (const auto& [key, detail] : waters[i].Details()) {
                 // The unit of what is not stated says nothing.
                 if (detail.IsDerived() || key.ends_with(".unit"))

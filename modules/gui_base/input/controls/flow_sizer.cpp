@@ -1,5 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "gui_base/input/form/flow_sizer.h"
+#include "gui_base/input/controls/flow_sizer.h"
+
+#include "gui_base/input/controls/collapsible_box.h"
+
+#include <wx/statbox.h>
 
 #include <algorithm>
 #include <vector>
@@ -23,7 +27,9 @@ wxSize FlowSizer::Arrange(const Place& place) const
             height = std::max(height, placed.size.y);
         const int y = taken.y > 0 ? taken.y + m_gap : 0;
         for (const Placed& placed : line) {
-            const bool isHigh = (placed.item->GetFlag() & wxEXPAND) != 0;
+            const auto* folded = dynamic_cast<const CollapsibleBox*>(placed.item->GetSizer());
+            const bool isHigh =
+                (placed.item->GetFlag() & wxEXPAND) != 0 && !(folded != nullptr && folded->IsCollapsed());
             place(*placed.item, wxPoint(placed.x, y), wxSize(placed.size.x, isHigh ? height : placed.size.y));
         }
         if (!line.empty())
@@ -59,4 +65,23 @@ void FlowSizer::RepositionChildren(const wxSize&)
     Arrange([this](wxSizerItem& item, const wxPoint& place, const wxSize& size) {
         item.SetDimension(m_position + place, size);
     });
+}
+
+void FlowSizer::GiveRoom(wxSizer& sizer, int width)
+{
+    if (const auto* box = dynamic_cast<const wxStaticBoxSizer*>(&sizer)) {
+        int top = 0;
+        int side = 0;
+        box->GetStaticBox()->GetBordersForSizer(&top, &side);
+        width -= 2 * side;
+    }
+    if (auto* flow = dynamic_cast<FlowSizer*>(&sizer))
+        flow->SetRoom(width);
+    for (wxSizerItem* item : sizer.GetChildren()) {
+        if (!item->IsSizer())
+            continue;
+        const int borders = ((item->GetFlag() & wxLEFT) != 0 ? item->GetBorder() : 0) +
+                            ((item->GetFlag() & wxRIGHT) != 0 ? item->GetBorder() : 0);
+        GiveRoom(*item->GetSizer(), width - borders);
+    }
 }

@@ -6,7 +6,8 @@
 #include <wx/sizer.h>
 
 /// Places items from left to right and begins a new line where the next one would not fit. The same room
-/// gives the same lines, whatever the room was before. Items with wxEXPAND are as high as their line.
+/// gives the same lines, whatever the room was before. Items with wxEXPAND are as high as their line,
+/// unless they are folded to a line of their own.
 class GUI_BASE_EXPORT FlowSizer : public wxSizer
 {
 public:
@@ -16,6 +17,10 @@ public:
     /// Width in pixels that lines may have; an item that is wider has a line of its own. Whoever owns the
     /// window says it before the layout.
     void SetRoom(int width) { m_room = width; }
+
+    /// Gives all flows of `sizer` and of the sizers in it what borders and boxes around them leave of `width`
+    /// pixels. What stands beside a flow is not seen: a flow has its line to itself.
+    static void GiveRoom(wxSizer& sizer, int width);
 
     wxSize CalcMin() override;
     void RepositionChildren(const wxSize& minSize) override;

@@ -1,0 +1,86 @@
+// SPDX-License-Identifier: MIT
+#include "projectbase/water/detection_limits.h"
+
+#include "core/detection_limit.h"
+#include "core/ion_normalization.h"
+#include "projectbase/water/ion_rows.h"
+#include "projectbase/water/laboratory_import.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdlib>
+
+namespace water {
+namespace {
+
+constexpr std::array<std::string_view, 7> kOthers{"liquid/co2.orig", "liquid/fe.total",  "liquid/cl.free",
+                                                  "liquid/h2s",      "liquid/turbidity", "liquid/tss",
+                                                  "liquid/toc"};
+
+/// meq/l; 0 for what is no limit.
+double LimitOf(const DetailList& liquid, const IonRow& row)
+{
+    const double typed = liquid.At(row.orig).GetDoubleValue();
+    if (!detection_limit::Is(typed))
+        return 0.0;
+    const std::string name = row.isNamed ? liquid.At(row.name).GetStdStringValue() : std::string();
+    return ions::Normalize({row.ion, -typed, liquid.At(row.unit).GetStdStringValue(), name, row.isNamed})
+        .meqPerLitre;
+}
+
+}  // namespace
+
+bool TakesDetectionLimit(std::string_view key)
+{
+    return std::ranges::find(kOthers, key) != kOthers.end() ||
+           std::ranges::find(IonRows(), key, &IonRow::orig) != IonRows().end();
+}
+
+double ShareOfLimits(const DetailList& liquid)
+{
+    return ShareOf(LimitReadingOf(liquid.At("liquid/limits").GetStdStringValue()));
+}
+
+double CountedValue(const DetailList& liquid, std::string_view key)
+{
+    const double typed = liquid.At(key).GetDoubleValue();
+    return detection_limit::Is(typed) ? detection_limit::Counted(typed, ShareOfLimits(liquid)) : typed;
+}
+
+std::string TypedText(const std::string& key, double value, const numbertext::Style& style,
+                      const numbertext::Separators& separators)
+{
+    return TakesDetectionLimit(key) ? detection_limit::Format(value, style, separators)
+                                    : numbertext::Format(value, style, separators);
+}
+
+bool IsBelowDetection(const DetailList& liquid, std::string_view ion)
+{
+    const IonRow* row = FindIonRow(ion);
+    return row != nullptr && detection_limit::Is(liquid.At(row->orig).GetDoubleValue());
+}
+
+Composition LimitsOfIons(const DetailList& liquid)
+{
+    Composition limits;
+    for (const IonRow& row : IonRows()) {
+        if (!row.species || row.species == Species::H)
+            continue;
+        // Silica and boron have no charge, and count one equivalent a mole.
+        const int charge = std::max(1, std::abs(Charge(*row.species)));
+        limits[*row.species] = LimitOf(liquid, row) / charge;
+    }
+    return limits;
+}
+
+ChargeSums LimitSums(const DetailList& liquid)
+{
+    ChargeSums sums;
+    for (const IonRow& row : IonRows()) {
+        if (row.countsAsCharge)
+            (row.isCation ? sums.cations : sums.anions) += LimitOf(liquid, row);
+    }
+    return sums;
+}
+
+}  // namespace water
