@@ -21,7 +21,7 @@ import tempfile
 from pathlib import Path
 
 APPLICATION_ID = 0x54564D44  # "TVMD"
-SCHEMA_VERSION = 12
+SCHEMA_VERSION = 13
 ROLES = {"input", "derived"}
 TYPES = {"double", "long", "bool", "date", "string"}
 # Columns of the waters that are details by another name; a column that bears the name of an ion is its amount in mg/l.
@@ -74,6 +74,8 @@ CREATE TABLE alkalizing_agent (id INTEGER PRIMARY KEY, code TEXT NOT NULL UNIQUE
 CREATE TABLE compound (id INTEGER PRIMARY KEY, base_element TEXT NOT NULL, name TEXT NOT NULL, formula TEXT NOT NULL,
     pka REAL, valency INTEGER NOT NULL, oxidation_number INTEGER NOT NULL, conjugate INTEGER NOT NULL,
     ionic_charge INTEGER NOT NULL, category TEXT NOT NULL, UNIQUE (name, formula));
+CREATE TABLE compound_name (compound_id INTEGER NOT NULL, language TEXT NOT NULL, name TEXT NOT NULL,
+    PRIMARY KEY (language, compound_id)) WITHOUT ROWID;
 CREATE TABLE feed_medium (id INTEGER PRIMARY KEY, name TEXT NOT NULL UNIQUE, density REAL NOT NULL);
 CREATE TABLE feed_medium_usage (medium_id INTEGER NOT NULL, module TEXT NOT NULL, usage TEXT NOT NULL,
     PRIMARY KEY (module, usage, medium_id)) WITHOUT ROWID;
@@ -258,6 +260,7 @@ def fill_compounds(db, csv_dir):
     elements = {symbol for symbol, in db.execute("SELECT symbol FROM element")}
     columns = ("base_element", "name", "formula", "pka", "valency", "oxidation_number", "acid_base", "charge",
                "category")
+    called = set()
     for identifier, (where, row) in enumerate(read_csv(csv_dir / "compounds.csv", columns), start=1):
         if row["base_element"] not in elements:
             sys.exit(f"{where}: no element '{row['base_element']}'")
@@ -270,6 +273,13 @@ def fill_compounds(db, csv_dir):
                         int(row["charge"]), row["category"]))
         except sqlite3.IntegrityError:
             sys.exit(f"{where}: '{row['name']}' is there already")
+        # A column for each language: what is searched and typed in a language leads back to one compound.
+        for language in (column.removeprefix("name_") for column in row if column.startswith("name_")):
+            name = row[f"name_{language}"]
+            if not name or (language, name, row["formula"]) in called:
+                sys.exit(f"{where}: name '{name}' in {language} is missing or there already")
+            called.add((language, name, row["formula"]))
+            db.execute("INSERT INTO compound_name VALUES (?,?,?)", (identifier, language, name))
 
 
 def fill_feed_mediums(db, csv_dir, plants):

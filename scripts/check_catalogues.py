@@ -101,6 +101,13 @@ def menu_clashes(code, translations):
                 yield f"{builder}: '{text}' has the accelerator of '{translations.get(other, other)}'"
 
 
+def compound_faults(folder, head):
+    """Languages in which the supplied compounds have no names; `head` is that of their table."""
+    columns = head.strip().split(",")
+    return [f"compounds.csv: no column name_{path.stem}" for path in sorted(folder.glob("*.po"))
+            if f"name_{path.stem}" not in columns]
+
+
 def check(folder, sources, menu_code):
     faults = []
     template = template_texts(folder / "tarnvik.pot")
@@ -158,6 +165,10 @@ def self_test():
                 po_entry(s, t) for s, t in entries.items()))
             if len(check(folder, set(entries), menu)) != 1:
                 bad.append(name + " without a decimal sign")
+    with tempfile.TemporaryDirectory() as folder:
+        (Path(folder) / "xx.po").touch()
+        if compound_faults(Path(folder), "name,name_xx\n") or not compound_faults(Path(folder), "name,name_x\n"):
+            bad.append("names of compounds")
     if not list(menu_clashes("no table", {})):
         bad.append("a table without menus")
     print("\n".join(bad) or "the checker finds its faults")
@@ -171,6 +182,8 @@ def main():
         return self_test()
     folder = Path(sys.argv[1] if len(sys.argv) > 1 else ROOT / "resources/i18n")
     faults = check(folder, current_texts(), MENUS.read_text(encoding="utf-8"))
+    with open(ROOT / "resources/master/compounds.csv", encoding="utf-8") as file:
+        faults += compound_faults(folder, file.readline())
     print("\n".join(faults) or "the catalogues are complete")
     return 1 if faults else 0
 

@@ -50,7 +50,7 @@ void SetAmounts(LiquidData& water, const Amounts& amounts, double celsius)
     details.At("liquid/balance.auto").SetValue(true);
 }
 
-/// What remains in a thin juice that is to be brightened.
+/// What remains in a thin juice that is to be brightened; compounds as the database files them.
 void SetFeed(iex::IEXProject& project)
 {
     const struct
@@ -59,8 +59,8 @@ void SetFeed(iex::IEXProject& project)
         const char* formula;
         int charge;
         double meq;
-    } kIons[] = {{"Potassium", "K", 1, 12.0}, {"Sodium", "Na", 1, 3.0},    {"Calcium", "Ca", 2, 2.0},
-                 {"Chloride", "Cl", -1, 7.0}, {"Sulfate", "SO4", -2, 4.0}, {"Acetate", "C2H3O2", -1, 6.0}};
+    } kIons[] = {{"potassium", "K", 1, 12.0}, {"sodium", "Na", 1, 3.0},    {"calcium", "Ca", 2, 2.0},
+                 {"chloride", "Cl", -1, 7.0}, {"sulfate", "SO4", -2, 4.0}, {"acetate", "CH3COO", -1, 6.0}};
     FeedComposition feed;
     for (const auto& ion : kIons) {
         DBObjects::Compound compound;

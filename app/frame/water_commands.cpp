@@ -7,8 +7,10 @@
 #include "gui_base/dialogs/line_entry_dialog.h"
 #include "gui_base/dialogs/progress_window.h"
 #include "gui_base/dialogs/questions.h"
+#include "gui_base/input/form/shown_context.h"
 #include "gui_base/input/validation/commit.h"
 #include "gui_base/messages/user_message.h"
+#include "gui_base/report/blend_tiles.h"
 #include "gui_base/support/file_path.h"
 #include "gui_base/support/translation.h"
 #include "gui_base/water/analysis/analysis_type_box.h"
@@ -18,6 +20,7 @@
 #include "gui_base/water/tools/alkalization_dialog.h"
 #include "gui_base/water/tools/blend_dialog.h"
 #include "gui_base/water/tools/co2_calculator_dialog.h"
+#include "projectbase/project/blended_water.h"
 #include "projectbase/project/project_edit.h"
 #include "projectbase/settings/settings.h"
 #include "projectbase/water/blend_recipe.h"
@@ -292,21 +295,14 @@ void WaterCommands::Blend()
     const water::BlendRecipe recipe = blend != nullptr
                                           ? water::RecipeOf(*blend->GetDetails())
                                           : water::BlendRecipe{{{waters[0], 50.0}, {waters[1], 50.0}}};
-    BlendDialog dialog(&m_frame, waters, recipe, project.GetUnitSystemDisplay());
-    if (dialog.ShowModal() == wxID_OK)
-        StoreBlend(blend, dialog.GetRecipe());
-}
-
-void WaterCommands::StoreBlend(LiquidData* blend, const water::BlendRecipe& recipe)
-{
-    Project& project = m_frame.GetProject();
-    {
-        const ProjectEdit edit(project, wxTRANSLATE("blend waters"));
-        if (blend == nullptr)
-            blend = &project.AddLiquid(NewWaterName(project, Tr("Blend").utf8_string()));
-        water::StoreRecipe(recipe, *blend->GetDetails());
-    }
-    Show(*blend);
+    const ReportContext context = ShownContext(project.GetUnitSystemDisplay());
+    BlendDialog dialog(&m_frame, waters, recipe, context.unitSystem, [&](const water::BlendRecipe& tried) {
+        return wateranalysis::BlendTiles(project, blend, tried, context);
+    });
+    if (dialog.ShowModal() != wxID_OK)
+        return;
+    Show(water::StoreBlend(project, blend, dialog.GetRecipe(),
+                           NewWaterName(project, Tr("Blend").utf8_string())));
 }
 
 void WaterCommands::Rename()

@@ -14,10 +14,6 @@ class LiquidData;
 namespace laboratory {
 struct File;
 }
-namespace water {
-struct BlendRecipe;
-}
-
 namespace app {
 
 class MainFrame;
@@ -67,7 +63,6 @@ public:
 
 private:
     /// Makes a blend, or gives one another recipe.
-    void StoreBlend(LiquidData* blend, const water::BlendRecipe& recipe);
     void Show(const LiquidData& water);
     /// The analysis of a file; nothing when it cannot be read, which the user is told, or was cancelled.
     std::optional<laboratory::File> ReadAnalysis(const std::filesystem::path& path);

@@ -83,7 +83,7 @@ public:
             throw std::out_of_range("ProjectReport::BuildReportPage: there is no such page");
         report::Table table{.columns = {{}, {.stretch = 1.0}}, .showTitles = false};
         table.rows = Rows(context);
-        report::Section section{.title = context.Translated(wxTRANSLATE("Project"))};
+        report::Section section{.title = context.Translated(wxTRANSLATE("Project")), .isFrontSheet = true};
         section.blocks.push_back(std::move(table));
         return section;
     }

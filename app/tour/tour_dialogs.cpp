@@ -14,6 +14,7 @@
 #include "gui_base/dialogs/info_message_dialog.h"
 #include "gui_base/dialogs/page_selection_dialog.h"
 #include "gui_base/dialogs/tv_multichoicedialog.h"
+#include "gui_base/input/form/shown_context.h"
 #include "gui_base/input/panel/aui_notebook.h"
 #include "gui_base/ionexchange/feed/compound_editor_dialog.h"
 #include "gui_base/ionexchange/regeneration/waste_water_panel.h"
@@ -24,6 +25,7 @@
 #include "gui_base/network/data_sheet_dialog.h"
 #include "gui_base/network/rates_dialog.h"
 #include "gui_base/network/update_dialog.h"
+#include "gui_base/report/blend_tiles.h"
 #include "gui_base/support/translation.h"
 #include "gui_base/support/window_picture.h"
 #include "gui_base/water/feedwater/comment_entry_dialog.h"
@@ -101,8 +103,19 @@ void Tour::TakeDialogs()
     details.At("liquid/alk.target").SetValue(8.5);
     AlkalizationDialog alkalization(water.get(), 0, owner);
     TakeDialog(alkalization, "alkalization");
-    const water::BlendRecipe recipe{{{"Feed water", 60.0}, {"Well 2", 40.0}}};
-    BlendDialog blend(owner, {"Feed water", "Well 1", "Well 2"}, recipe, "iso");
+    const std::string feed = water->GetLiquid(0).GetName();
+    for (const auto& [name, sodium] : {std::pair("Well 1", 12.0), std::pair("Well 2", 46.0)}) {
+        DetailList& well = *water->AddLiquid(name).GetDetails();
+        well.At("liquid/na.orig").SetValue(sodium);
+        well.At("liquid/hco3.orig").SetValue(122.0);
+        well.At("liquid/ph").SetValue(7.2);
+    }
+    water->CalculateDesign();
+    const ReportContext context = ShownContext("iso");
+    BlendDialog blend(owner, {feed, "Well 1", "Well 2"}, {{{feed, 60.0}, {"Well 2", 40.0}}}, "iso",
+                      [&](const water::BlendRecipe& recipe) {
+                          return wateranalysis::BlendTiles(*water, nullptr, recipe, context);
+                      });
     TakeDialog(blend, "blend");
     Logger logger;
     WaterLibDialog library(logger, owner);

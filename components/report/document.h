@@ -43,7 +43,7 @@ enum class Align
     Left,
     Right,
     Centre,
-    Number  ///< on the decimal sign; what does not fit is set to the right
+    Number  ///< on the decimal sign; what does not fit or is no single number is set to the right
 };
 
 struct Column
@@ -93,6 +93,8 @@ struct Figure
     std::string caption{};
     double width = 0.0;  ///< 0: as wide as the text
     double height = 200.0;
+    /// So low it may become where it then stands on the page of what it belongs to; 0: not lower.
+    double leastHeight = 0.0;
 };
 
 using Block = std::variant<Heading, Paragraph, Table, Drawing, Figure>;
@@ -102,6 +104,10 @@ struct Section
 {
     std::string title{};
     std::vector<Block> blocks{};
+    /// The first section: on the first page, above the contents, which leave it out.
+    bool isFrontSheet = false;
+    /// It begins below the section before it where all of it has room there.
+    bool joins = false;
 };
 
 struct Document

@@ -75,7 +75,7 @@ Box DrawingBox(const Drawing& drawing, double left, double width, double pageHei
         FittedSize(OwnSize(handle.get(), width), drawing.width, drawing.height, {width, pageHeight});
     Box box;
     box.height = size.height;
-    box.draw = [handle, size, left](cairo_t* canvas, double top) {
+    box.draw = [handle, size, left](cairo_t* canvas, double top, double) {
         const RsvgRectangle place{left, top, size.width, size.height};
         GError* error = nullptr;
         if (!rsvg_handle_render_document(handle.get(), canvas, &place, &error))
@@ -89,7 +89,8 @@ Box FigureBox(const Figure& figure, double left, double width, double pageHeight
     const double usedWidth = figure.width > 0.0 ? std::min(figure.width, width) : width;
     Box box;
     box.height = std::min(figure.height, pageHeight);
-    box.draw = [draw = figure.draw, left, usedWidth, height = box.height](cairo_t* canvas, double top) {
+    box.leastHeight = std::min(figure.leastHeight, box.height);
+    box.draw = [draw = figure.draw, left, usedWidth](cairo_t* canvas, double top, double height) {
         cairo_save(canvas);
         cairo_translate(canvas, left, top);
         cairo_rectangle(canvas, 0.0, 0.0, usedWidth, height);

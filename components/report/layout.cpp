@@ -42,11 +42,14 @@ void Layout::AddFront(const std::shared_ptr<const SectionPages>& pages)
                 true);
     if (!m_document.subtitle.empty())
         AddText(m_document.subtitle, {.size = style::kHeadingSize, .colour = style::kMuted}, 4.0, true);
+    const std::size_t first = HasFrontSheet() ? 1 : 0;
+    if (first > 0)
+        AddSection(0);
     if (m_document.sections.size() < 2)
         return;
     AddText(m_document.contentsTitle, {.size = style::kHeadingSize, .bold = true}, style::kHeadingGap, true);
     m_boxes.back().keepWithNext = true;
-    for (std::size_t i = 0; i < m_document.sections.size(); ++i)
+    for (std::size_t i = first; i < m_document.sections.size(); ++i)
         AddContentsLine(i, pages);
 }
 
@@ -59,7 +62,8 @@ void Layout::AddContentsLine(std::size_t index, const std::shared_ptr<const Sect
     text->Wrap(right - left - room, PANGO_ALIGN_LEFT);
     Box box;
     box.height = text->Height() + 2.0 * style::kCellTop;
-    box.draw = [this, text, pages, index, left, right, height = box.height](cairo_t* canvas, double top) {
+    box.draw = [this, text, pages, index, left, right, height = box.height](cairo_t* canvas, double top,
+                                                                            double) {
         const std::string link = fmt::format("dest='{}'", SectionTarget(index));
         cairo_tag_begin(canvas, CAIRO_TAG_LINK, link.c_str());
         text->Draw(canvas, left, top + style::kCellTop);
@@ -84,11 +88,23 @@ void Layout::AddSection(std::size_t index)
     m_boxes.back().keepWithNext = true;
     m_boxes[first].outlineLevel = 1;
     m_boxes[first].title = section.title;
-    m_boxes[first].startsPage = index > 0 || m_document.sections.size() > kContentsBesideText;
-    for (const Block& block : section.blocks)
-        std::visit([this](const auto& content) { AddBlock(content); }, block);
+    m_boxes[first].startsPage =
+        index > 0 || (!HasFrontSheet() && m_document.sections.size() > kContentsBesideText);
+    for (std::size_t i = 0; i < section.blocks.size(); ++i) {
+        std::visit([this](const auto& content) { AddBlock(content); }, section.blocks[i]);
+        // A note stands on the page of what it belongs to, which makes room for it.
+        const auto* figure = std::get_if<Figure>(&section.blocks[i]);
+        const auto* note =
+            i + 1 < section.blocks.size() ? std::get_if<Paragraph>(&section.blocks[i + 1]) : nullptr;
+        if (figure != nullptr && figure->leastHeight > 0.0 && note != nullptr && note->small)
+            m_boxes.back().keepWithNext = true;
+    }
     // What the last block would keep together with does not exist.
     m_boxes.back().keepWithNext = false;
+    if (!section.joins)
+        return;
+    for (std::size_t i = first; i < m_boxes.size(); ++i)
+        m_boxes[first].roomToJoin += m_boxes[i].height + (i > first ? m_boxes[i].spaceBefore : 0.0);
 }
 
 void Layout::AddText(const std::string& text, const TextStyle& style, double spaceBefore, bool keepTogether)
@@ -102,7 +118,7 @@ void Layout::AddText(const std::string& text, const TextStyle& style, double spa
         box.spaceBefore = i == 0 ? spaceBefore : 0.0;
         // No single line of a paragraph at the end or the beginning of a page.
         box.keepWithNext = i + 1 < count && (keepTogether || i == 0 || i + 2 == count);
-        box.draw = [set, i, left = Left()](cairo_t* canvas, double top) {
+        box.draw = [set, i, left = Left()](cairo_t* canvas, double top, double) {
             set->Draw(canvas, left, top, i, i + 1);
         };
         m_boxes.push_back(std::move(box));

@@ -34,7 +34,13 @@ public:
     /// `document` outlives the layout.
     explicit Layout(const Document& document);
 
-    /// The title and, for several sections, the contents, which take the page numbers from `pages`.
+    /// Whether the first section stands with the title.
+    bool HasFrontSheet() const
+    {
+        return !m_document.sections.empty() && m_document.sections.front().isFrontSheet;
+    }
+    /// The title, the front sheet and, for several other sections, the contents, which take the page numbers
+    /// from `pages`.
     void AddFront(const std::shared_ptr<const SectionPages>& pages);
     void AddSection(std::size_t index);
     std::vector<Box>& Boxes() { return m_boxes; }

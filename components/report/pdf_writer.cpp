@@ -80,7 +80,7 @@ private:
     {
         const auto sections = std::make_shared<SectionPages>();
         m_layout.AddFront(sections);
-        for (std::size_t i = 0; i < m_document.sections.size(); ++i) {
+        for (std::size_t i = m_layout.HasFrontSheet() ? 1 : 0; i < m_document.sections.size(); ++i) {
             Report(kMeasured * static_cast<double>(i) / static_cast<double>(m_document.sections.size()));
             m_layout.AddSection(i);
         }
@@ -114,7 +114,7 @@ private:
         for (const PlacedBox& placed : m_pages[index]) {
             if (placed.box->outlineLevel > 0)
                 AddOutline(surface, canvas, *placed.box);
-            placed.box->draw(canvas, placed.top);
+            placed.box->draw(canvas, placed.top, placed.height);
         }
         cairo_show_page(canvas);
     }

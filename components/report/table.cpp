@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <numeric>
 #include <optional>
+#include <string_view>
 
 namespace report {
 namespace {
@@ -14,7 +15,8 @@ constexpr double kRounding = 0.01;
 struct SetCell
 {
     std::optional<Text> text;
-    double behindSign = 0.0;  ///< width behind the decimal sign
+    bool isNumber = false;
+    double behindSign = 0.0;  ///< width of a number behind the decimal sign
 };
 
 struct SetRow
@@ -73,6 +75,31 @@ SetRow SetTitles(const TextContext& context, const Table& table, bool units)
     return row;
 }
 
+/// Whether a text is one number, perhaps behind a mark: "× 0.95", "▼ 12", "1.2e+08"; no range and no word.
+bool IsOneNumber(std::string_view text, const std::string& decimalSign)
+{
+    const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
+    const auto isLetter = [](char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); };
+    while (!text.empty() && !isDigit(text.front()) && !isLetter(text.front()))
+        text.remove_prefix(1);
+    bool hasSign = false;
+    bool hasExponent = false;
+    for (std::size_t i = 0; i < text.size();) {
+        if (isDigit(text[i])) {
+            ++i;
+        } else if (!hasSign && !hasExponent && text.substr(i).starts_with(decimalSign)) {
+            hasSign = true;
+            i += decimalSign.size();
+        } else if (!hasExponent && i > 0 && (text[i] == 'e' || text[i] == 'E')) {
+            hasExponent = true;
+            i += text.substr(i + 1).starts_with('+') || text.substr(i + 1).starts_with('-') ? 2 : 1;
+        } else {
+            return false;
+        }
+    }
+    return !text.empty();
+}
+
 SetRow SetCells(const TextContext& context, const Table& table, const Row& source,
                 const std::string& decimalSign)
 {
@@ -82,7 +109,9 @@ SetRow SetCells(const TextContext& context, const Table& table, const Row& sourc
         row.cells[i] =
             SetText(context, cell.text,
                     {.bold = source.total || cell.alarm, .colour = cell.alarm ? style::kAlarm : style::kInk});
-        if (row.cells[i].text && table.columns[i].align == Align::Number)
+        row.cells[i].isNumber =
+            table.columns[i].align == Align::Number && IsOneNumber(cell.text, decimalSign);
+        if (row.cells[i].isNumber)
             row.cells[i].behindSign = row.cells[i].text->WidthBehind(decimalSign);
     }
     return row;
@@ -99,12 +128,62 @@ double NaturalWidth(const SetTable& table, std::size_t column, double behindSign
     for (const SetRow& row : table.rows) {
         const SetCell& cell = row.cells[column];
         if (cell.text)
-            widest = std::max(widest, cell.text->Width() + behindSign - cell.behindSign);
+            widest =
+                std::max(widest, cell.text->Width() + (cell.isNumber ? behindSign - cell.behindSign : 0.0));
     }
     return widest;
 }
 
-void SetColumns(SetTable& set, const Table& table, const TablePlace& place)
+/// What of a table is not to be torn apart.
+enum class Whole
+{
+    Words,
+    WordsOfRows,
+    Numbers
+};
+
+/// The width below which that would happen in a column.
+double LeastWidth(const TextContext& context, const SetTable& set, const Table& table, std::size_t column,
+                  Whole whole)
+{
+    double least = 0.0;
+    const auto add = [&](const std::string& text, bool bold) {
+        for (std::size_t begin = 0; begin < text.size();) {
+            const std::size_t end = std::min(text.find_first_of(" \n", begin), text.size());
+            if (end > begin)
+                least =
+                    std::max(least, Text(context, text.substr(begin, end - begin), {.bold = bold}).Width());
+            begin = end + 1;
+        }
+    };
+    if (table.showTitles && whole == Whole::Words)
+        add(table.columns[column].title, true);
+    for (std::size_t i = 0; i < set.rows.size(); ++i) {
+        const SetCell& cell = set.rows[i].cells[column];
+        if (cell.isNumber)
+            least = std::max(least, cell.text->Width() + set.columns[column].behindSign - cell.behindSign);
+        else if (cell.text && whole != Whole::Numbers)
+            add(table.rows[i].cells[column].text, table.rows[i].total);
+    }
+    return least;
+}
+
+/// The least widths of all columns of a table that has not the room it wants: words are torn apart before
+/// numbers, and those of titles first.
+std::vector<double> LeastWidths(const TextContext& context, const SetTable& set, const Table& table,
+                                std::span<const double> natural, double available)
+{
+    std::vector<double> least(natural.begin(), natural.end());
+    for (const Whole whole : {Whole::Words, Whole::WordsOfRows, Whole::Numbers}) {
+        if (std::accumulate(least.begin(), least.end(), 0.0) <= available)
+            break;
+        for (std::size_t i = 0; i < least.size(); ++i)
+            least[i] = std::min(natural[i], LeastWidth(context, set, table, i, whole));
+    }
+    return least;
+}
+
+void SetColumns(const TextContext& context, SetTable& set, const Table& table, const TablePlace& place)
 {
     std::vector<double> natural;
     std::vector<double> stretch;
@@ -119,7 +198,9 @@ void SetColumns(SetTable& set, const Table& table, const TablePlace& place)
         stretch.push_back(table.columns[i].stretch);
     }
     const double gaps = style::kCellGap * static_cast<double>(std::max<std::size_t>(1, natural.size()) - 1);
-    const auto widths = ColumnWidths(natural, stretch, std::max(0.0, place.width - gaps));
+    const double available = std::max(0.0, place.width - gaps);
+    const auto widths =
+        ColumnWidths(natural, stretch, available, LeastWidths(context, set, table, natural, available));
     double x = place.left;
     for (std::size_t i = 0; i < widths.size(); ++i) {
         set.columns[i].left = x;
@@ -138,8 +219,7 @@ void WrapRow(const SetTable& set, SetRow& row, bool isTitle)
         if (!cell.text)
             continue;
         // Beside the widest fraction the others end earlier; what has no room for that is set to the right.
-        double reserve =
-            column.align == Align::Number && !isTitle ? column.behindSign - cell.behindSign : 0.0;
+        double reserve = cell.isNumber && !isTitle ? column.behindSign - cell.behindSign : 0.0;
         if (cell.text->Width() + reserve > column.width + kRounding)
             reserve = 0.0;
         cell.text->Wrap(column.width - reserve, ToPango(column.align));
@@ -234,7 +314,7 @@ Box TitleBox(const std::shared_ptr<const SetTable>& set)
         box.height += TextHeight(row);
     box.height += 2.0 * style::kCellTop;
     box.keepWithNext = true;
-    box.draw = [set, height = box.height](cairo_t* canvas, double top) {
+    box.draw = [set, height = box.height](cairo_t* canvas, double top, double) {
         double y = top;
         for (const SetRow& row : set->titles) {
             DrawCells(canvas, *set, row, AllLines(row), y);
@@ -249,8 +329,8 @@ Box RowBox(const std::shared_ptr<const SetTable>& set, std::size_t index, RowPar
 {
     Box box;
     box.height = part.height + 2.0 * style::kCellTop;
-    box.draw = [set, index, lines = std::move(part.lines), height = box.height, lastPart](cairo_t* canvas,
-                                                                                          double top) {
+    box.draw = [set, index, lines = std::move(part.lines), lastPart](cairo_t* canvas, double top,
+                                                                     double height) {
         const SetRow& row = set->rows[index];
         if (row.total && (index == 0 || !set->rows[index - 1].total))
             DrawRule(canvas, *set, top, style::kThinRule, style::kInk);
@@ -264,7 +344,7 @@ Box RowBox(const std::shared_ptr<const SetTable>& set, std::size_t index, RowPar
 }  // namespace
 
 std::vector<double> ColumnWidths(std::span<const double> natural, std::span<const double> stretch,
-                                 double available)
+                                 double available, std::span<const double> least)
 {
     std::vector<double> widths(natural.begin(), natural.end());
     const double total = std::accumulate(widths.begin(), widths.end(), 0.0);
@@ -272,6 +352,17 @@ std::vector<double> ColumnWidths(std::span<const double> natural, std::span<cons
     if (total <= available) {
         for (std::size_t i = 0; shares > 0.0 && i < widths.size(); ++i)
             widths[i] += (available - total) * stretch[i] / shares;
+        return widths;
+    }
+    // What must not be torn apart has its room before the others share what is left.
+    const double needed = std::accumulate(least.begin(), least.end(), 0.0);
+    if (needed > 0.0 && needed <= available) {
+        std::vector<double> wanted;
+        for (std::size_t i = 0; i < widths.size(); ++i)
+            wanted.push_back(widths[i] - least[i]);
+        widths = ColumnWidths(wanted, {}, available - needed, {});
+        for (std::size_t i = 0; i < widths.size(); ++i)
+            widths[i] += least[i];
         return widths;
     }
     // The cap that lets the narrow columns have what they want and makes the others equal.
@@ -302,7 +393,7 @@ void AddTable(const TextContext& context, const Table& table, const TablePlace& 
     }
     for (const Row& row : table.rows)
         set->rows.push_back(SetCells(context, table, row, decimalSign));
-    SetColumns(*set, table, place);
+    SetColumns(context, *set, table, place);
     for (SetRow& row : set->titles)
         WrapRow(*set, row, true);
     for (SetRow& row : set->rows)

@@ -12,9 +12,11 @@
 namespace report {
 
 /// Widths of columns whose contents would like `natural` widths, in `available`: those that want more than
-/// their share are narrowed, what is left over goes to the columns by their `stretch`.
+/// their share are narrowed, what is left over goes to the columns by their `stretch`. No column is narrower
+/// than its `least` width, unless these have no room together.
 REPORT_EXPORT std::vector<double> ColumnWidths(std::span<const double> natural,
-                                               std::span<const double> stretch, double available);
+                                               std::span<const double> stretch, double available,
+                                               std::span<const double> least = {});
 
 /// Where a table stands.
 struct TablePlace

@@ -24,5 +24,5 @@ public:
 private:
     int m_change;
     std::vector<DBObjects::Compound> m_compounds;
-    std::vector<std::string> m_texts;  ///< name and formula in lower case
+    std::vector<std::string> m_texts;  ///< name, formula and names in other languages, in lower case
 };

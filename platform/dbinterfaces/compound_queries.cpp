@@ -3,6 +3,8 @@
 
 #include "core/text_limits.h"
 #include "dbinterfaces/compound_cache.h"
+#include "dbinterfaces/compound_name_table.h"
+#include "dbinterfaces/lower_case.h"
 #include "dbinterfaces/master_database.h"
 
 #include <fmt/format.h>
@@ -51,23 +53,36 @@ bool HasTextIndex(soci::session& session)
     return count > 0;
 }
 
-/// Adds the condition for `search` with its parameters.
+/// Adds the condition for `search` with its parameters. It lets through whatever is called by one of the
+/// names `alike`, too, and, where the index is asked, what contains one.
 void AddSearch(soci::session& session, Backend backend, const std::string& search,
-               std::vector<std::string>& conditions, std::vector<Parameter>& parameters)
+               const std::vector<std::string>& alike, std::vector<std::string>& conditions,
+               std::vector<Parameter>& parameters)
 {
     if (backend == Backend::Sqlite && text_limits::CountLetters(search) >= kTrigram &&
         HasTextIndex(session)) {
         conditions.emplace_back(
             "id IN (SELECT rowid FROM tarnvik_compound_text "
             "WHERE tarnvik_compound_text MATCH :phrase)");
-        parameters.emplace_back("phrase", Phrase(search));
+        std::string phrases = Phrase(search);
+        for (const std::string& name : alike)
+            phrases += " OR " + Phrase(name);
+        parameters.emplace_back("phrase", phrases);
         return;
     }
     const char* like = backend == Backend::Sqlite ? "LIKE" : "ILIKE";
-    conditions.push_back(
-        fmt::format("(name {0} :inname ESCAPE '\\' OR formula {0} :informula ESCAPE '\\')", like));
+    std::string condition =
+        fmt::format("name {0} :inname ESCAPE '\\' OR formula {0} :informula ESCAPE '\\'", like);
     parameters.emplace_back("inname", ContainsPattern(search));
     parameters.emplace_back("informula", ContainsPattern(search));
+    std::string names;
+    for (std::size_t i = 0; i < alike.size(); ++i) {
+        names += fmt::format("{}:alike{}", i == 0 ? "" : ", ", i);
+        parameters.emplace_back(fmt::format("alike{}", i), LowerCase(alike[i]));
+    }
+    if (!names.empty())
+        condition += " OR lower(name) IN (" + names + ")";
+    conditions.push_back("(" + condition + ")");
 }
 
 void CreateSqliteTextIndex(soci::session& session)
@@ -154,16 +169,20 @@ std::vector<DBObjects::Compound> SelectFiltered(soci::session& session, Backend 
         parameters.emplace_back("category", category);
     }
     const std::string beginning(text_limits::Cut(search, kAskedOfIndex));
-    if (!search.empty())
-        AddSearch(session, backend, beginning, conditions, parameters);
+    std::vector<std::string> alike;
+    if (!search.empty()) {
+        alike = CompoundNameTable::Get()->FiledUnder(beginning);
+        AddSearch(session, backend, beginning, alike, conditions, parameters);
+    }
     std::string clauses;
     for (const std::string& condition : conditions)
         clauses += (clauses.empty() ? "WHERE " : " AND ") + condition;
     clauses += backend == Backend::Sqlite ? " ORDER BY name COLLATE NOCASE, id"
                                           : " ORDER BY lower(name) COLLATE \"C\", id";
     std::vector<DBObjects::Compound> found = Select(session, "tarnvik_compound", clauses, parameters);
-    // The databases cannot tell the C of CaCl2 from that of CO2.
-    return beginning == search && element.empty()
+    // The databases cannot tell the C of CaCl2 from that of CO2, nor a supplied compound from another of its
+    // name.
+    return beginning == search && element.empty() && alike.empty()
                ? found
                : CompoundCache(0, std::move(found)).Filter(element, {}, search);
 }

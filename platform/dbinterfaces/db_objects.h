@@ -113,6 +113,15 @@ struct Compound
     std::string category;
 };
 
+/// What a supplied compound is called in another language than English.
+struct CompoundName
+{
+    std::string name;  ///< English
+    std::string formula;
+    std::string language;  ///< "de"
+    std::string translation;
+};
+
 /// What compounds are dissolved in.
 struct FeedMedium
 {

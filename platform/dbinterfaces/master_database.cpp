@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "dbinterfaces/master_database.h"
 
+#include "dbinterfaces/compound_name_table.h"
 #include "dbinterfaces/compound_queries.h"
 #include "dbinterfaces/database_error.h"
 #include "dbinterfaces/master_session.h"
+#include "dbinterfaces/plain_language.h"
 #include "dbinterfaces/sqlite_connection.h"
 #include "dbinterfaces/sqlite_peek.h"
 #include "dbinterfaces/water_queries.h"
@@ -22,7 +24,7 @@ namespace {
 
 constexpr water_queries::Tables kMasterWaters{"", 0};
 constexpr int kApplicationId = 0x54564D44;  // "TVMD", as the build script writes it
-constexpr int kSchemaVersion = 12;
+constexpr int kSchemaVersion = 13;
 
 struct State
 {
@@ -59,12 +61,6 @@ std::unique_ptr<soci::session> OpenMaster(const std::filesystem::path& path)
                                         path.string(), applicationId, version));
     }
     return OpenSqlite(path, SqliteMode::ReadOnly);
-}
-
-/// "de_DE@euro" -> "de", so that a regional variant falls back to its language.
-std::string PlainLanguage(const std::string& language)
-{
-    return language.substr(0, language.find_first_of("_@."));
 }
 
 /// Countries and currencies have the same shape: identifier, code, English name, and names by language.
@@ -136,9 +132,12 @@ std::filesystem::path MasterDatabase::GetPath()
 void MasterDatabase::SetPath(const std::filesystem::path& path)
 {
     State& state = GetState();
-    const std::lock_guard lock(state.mutex);
-    state.session.reset();
-    state.path = path;
+    {
+        const std::lock_guard lock(state.mutex);
+        state.session.reset();
+        state.path = path;
+    }
+    CompoundNameTable::Forget();
 }
 
 std::vector<DBObjects::DetailDefinition> MasterDatabase::GetDetailDefinitions(const std::string& group,
@@ -265,6 +264,23 @@ std::vector<DBObjects::Compound> MasterDatabase::GetSuppliedCompounds()
 {
     return Run("GetSuppliedCompounds", [](soci::session& session) {
         return compound_queries::Select(session, "compound", "ORDER BY id");
+    });
+}
+
+std::vector<DBObjects::CompoundName> MasterDatabase::GetCompoundNames()
+{
+    return Run("GetCompoundNames", [](soci::session& session) {
+        std::vector<DBObjects::CompoundName> names;
+        DBObjects::CompoundName row;
+        soci::statement statement =
+            (session.prepare << "SELECT c.name, c.formula, n.language, n.name FROM compound_name n "
+                                "JOIN compound c ON c.id = n.compound_id ORDER BY c.id, n.language",
+             soci::into(row.name), soci::into(row.formula), soci::into(row.language),
+             soci::into(row.translation));
+        statement.execute();
+        while (statement.fetch())
+            names.push_back(row);
+        return names;
     });
 }
 

@@ -50,6 +50,8 @@ public:
 
     /// The compounds that a new user database begins with, by identifier.
     static std::vector<DBObjects::Compound> GetSuppliedCompounds();
+    /// What they are called in other languages than English.
+    static std::vector<DBObjects::CompoundName> GetCompoundNames();
 
     /// The feed mediums that a module ("iex") offers for a usage ("INPUT_FEED", "INPUT_ORGANICS"), in the
     /// order in which they are offered.

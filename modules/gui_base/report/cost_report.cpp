@@ -21,6 +21,8 @@
 namespace {
 
 constexpr int kDigits = 5;
+/// Points; the years are told apart in so low a chart, too.
+constexpr double kLeastFigureHeight = 150.0;
 
 /// The details of the costs as the page writes them.
 class Costs
@@ -84,12 +86,12 @@ public:
         : m_costs(costs),
           m_table{.columns = {{.title = costs.Context().Translated(title), .stretch = 1.0},
                               {.title = costs.Context().Translated(wxTRANSLATE("Quantity")),
-                               .align = report::Align::Right},
+                               .align = report::Align::Number},
                               {},
                               {.title = costs.Context().Translated(wxTRANSLATE("Price")),
-                               .align = report::Align::Right},
+                               .align = report::Align::Number},
                               {},
-                              {.title = column, .align = report::Align::Right}}}
+                              {.title = column, .align = report::Align::Number}}}
     {}
 
     void Add(const std::string& name, double quantity, const std::string& unit, const std::string& priceKey,
@@ -171,7 +173,7 @@ void AddOperating(const Costs& costs, report::Section& section)
 void AddResults(const Costs& costs, const char* title, std::span<const char* const> keys,
                 report::Section& section)
 {
-    report::Table table{.columns = {{.stretch = 1.0}, {.align = report::Align::Right}, {}},
+    report::Table table{.columns = {{.stretch = 1.0}, {.align = report::Align::Number}, {}},
                         .showTitles = false};
     for (const char* key : keys) {
         const std::string unit = costs.UnitOf(key);
@@ -225,7 +227,10 @@ report::Section CostReport::BuildReportPage(int id, const ReportContext& context
     AddOperating(costs, section);
     AddResults(costs, wxTRANSLATE("Product water cost"), kWaterCost, section);
     AddResults(costs, wxTRANSLATE("Cost projection"), kProjection, section);
-    if (!costs::YearsOf(*project).empty())
-        section.blocks.push_back(ChartFigure(cost_chart::Make(*project, context, costs.Currency())));
+    if (!costs::YearsOf(*project).empty()) {
+        report::Figure figure = ChartFigure(cost_chart::Make(*project, context, costs.Currency()));
+        figure.leastHeight = kLeastFigureHeight;
+        section.blocks.push_back(std::move(figure));
+    }
     return section;
 }

@@ -3,6 +3,7 @@
 
 #include "gui_base/report/range_sentence.h"
 #include "projectbase/project/iex_project.h"
+#include "projectbase/units/unit_system_manager.h"
 
 #include <wx/translation.h>
 
@@ -19,7 +20,7 @@ class LineTable
 {
 public:
     LineTable()
-        : m_table{.columns = {{.stretch = 1.0}, {.align = report::Align::Right}, {}}, .showTitles = false}
+        : m_table{.columns = {{.stretch = 1.0}, {.align = report::Align::Number}, {}}, .showTitles = false}
     {}
     void Add(const Line& line)
     {
@@ -71,10 +72,14 @@ void AddWaste(const OwnerNode& exchanger, const ReportContext& context, report::
     if (std::isnan(details.At("step/neutral").GetDoubleValue()))
         return;
     report::Table table{.columns = {{.title = context.Translated(wxTRANSLATE("Waste water")), .stretch = 1.0},
-                                    {.title = "eq", .align = report::Align::Number},
+                                    {.title = UnitSystemManager::GetUnit("eq", context.unitSystem, true),
+                                     .align = report::Align::Number},
                                     {.title = "meq/l", .align = report::Align::Number}}};
     const auto number = [&](const char* key) {
-        return context.Number(details.At(key).GetDoubleValue(), kDigits);
+        const DetailData& detail = details.At(key);
+        return context.Number(
+            UnitSystemManager::FromISO(detail.GetUnit(), context.unitSystem, detail.GetDoubleValue()),
+            kDigits);
     };
     for (const WasteRow& row : kWasteRows)
         table.rows.push_back({.cells = {{.text = context.Translated(row.label)},

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "gui_base/report/feed_report.h"
 
+#include "dbinterfaces/compound_names.h"
 #include "dbinterfaces/master_database.h"
 #include "projectbase/project/iex_project.h"
 #include "projectbase/units/unit_system_manager.h"
@@ -49,8 +50,11 @@ report::Table MediumTable(const FeedComposition& composition, const ReportContex
         TextRow(context.Translated(wxTRANSLATE("Medium")), context.Translated(name.c_str())),
         TextRow(context.Translated(wxTRANSLATE("Temperature")), context.Number(temperature, kDigits),
                 UnitSystemManager::GetUnit(celsius, context.unitSystem, true)),
-        TextRow(context.Translated(wxTRANSLATE("Density")), context.Number(composition.GetDensity(), kDigits),
-                "kg/l"),
+        TextRow(
+            context.Translated(wxTRANSLATE("Density")),
+            context.Number(UnitSystemManager::FromISO("kg/l", context.unitSystem, composition.GetDensity()),
+                           kDigits),
+            UnitSystemManager::GetUnit("kg/l", context.unitSystem, true)),
     };
     return table;
 }
@@ -78,7 +82,8 @@ report::Table ConcentrationTable(const FeedComposition& composition, Block block
         table.columns.push_back({.title = FeedComposition::kUnitTexts[static_cast<std::size_t>(unit)],
                                  .align = report::Align::Number});
     for (const auto& entry : composition.GetEntries())
-        table.rows.push_back(NumberRow(entry.name, entry.formula, (entry.*block).values, context));
+        table.rows.push_back(NumberRow(compound_names::Shown(entry.name, entry.formula, context.language),
+                                       entry.formula, (entry.*block).values, context));
     table.rows.push_back(
         NumberRow(context.Translated(wxTRANSLATE("Total")), std::string(), totals.values, context));
     table.rows.back().total = true;

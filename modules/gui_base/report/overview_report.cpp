@@ -73,7 +73,7 @@ report::Section OverviewReport::BuildReportPage(int id, const ReportContext& con
 {
     if (id != 0)
         throw std::out_of_range("OverviewReport::BuildReportPage: there is no page of that number");
-    report::Section section{.title = context.Translated(wxTRANSLATE("Plant overview"))};
+    report::Section section{.title = context.Translated(wxTRANSLATE("Plant overview")), .joins = true};
     for (const DBObjects::GraphicInfo& graphic : Graphics()) {
         try {
             const auto info = FromDbGraphicInfo(graphic, m_project, wxString::FromUTF8(context.unitSystem),

@@ -53,8 +53,9 @@ report::Table SequenceTable(const OwnerNode& exchanger, const ReportContext& con
     report::Table table{.columns = {{.title = context.Translated(wxTRANSLATE("Type")), .stretch = 1.0},
                                     {.title = context.Translated(wxTRANSLATE("Medium"))}}};
     for (const Quantity& quantity : kQuantities)
-        table.columns.push_back(
-            {.title = Title(quantity.label, quantity.unit, context), .align = report::Align::Number});
+        table.columns.push_back({.title = context.Translated(quantity.label),
+                                 .unit = UnitSystemManager::GetUnit(quantity.unit, context.unitSystem, true),
+                                 .align = report::Align::Number});
     for (const RegSeqStep& step : sequence::Read(exchanger).steps) {
         report::Row row{.cells = {{.text = LabelOf(sequence::FindType(step.type), context)},
                                   {.text = LabelOf(sequence::FindMedium(step.medium), context)}}};
@@ -115,7 +116,8 @@ report::Section RegenerationReport::BuildReportPage(int id, const ReportContext&
         throw std::out_of_range(fmt::format("RegenerationReport::BuildReportPage: there is no page {}", id));
     const OwnerNode& exchanger = *exchangers[static_cast<std::size_t>(id)];
     report::Section section{.title = fmt::format("{}: {}", context.Translated(wxTRANSLATE("Regeneration")),
-                                                 designtext::ExchangerTitle(exchanger, context))};
+                                                 designtext::ExchangerTitle(exchanger, context)),
+                            .joins = true};
     section.blocks.push_back(SequenceTable(exchanger, context));
     const std::string remarks = exchanger.GetDetails()->At("step/remarks").GetStdStringValue();
     if (!remarks.empty())

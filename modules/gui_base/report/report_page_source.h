@@ -26,7 +26,7 @@ struct ReportPage
 struct GUI_BASE_REPORT_EXPORT ReportContext
 {
     std::string unitSystem = "iso";
-    std::string language{};  ///< "de"; for the names of countries
+    std::string language{};  ///< "de"; for the names of countries and compounds
     numbertext::Separators separators{};
     /// The text of a source text in the language; none: the texts stay as they are.
     std::function<std::string(const char* source)> translate{};

@@ -200,6 +200,13 @@ std::string PlainLabel(const char* source, const ReportContext& context)
     return label;
 }
 
+std::string WaterTypeText(const std::string& code, const ReportContext& context)
+{
+    const std::string description =
+        code.empty() ? std::string() : MasterDatabase::GetWaterTypeDescription(code);
+    return description.empty() ? code : context.Translated(description.c_str());
+}
+
 report::Table GeneralTable(const DetailList& details, const std::string& name, const ReportContext& context)
 {
     report::Table table;
@@ -213,8 +220,7 @@ report::Table GeneralTable(const DetailList& details, const std::string& name, c
     add(wxTRANSLATE("Country"), CountryName(details, context));
     add(wxTRANSLATE("Place"), Text(details, "liquid/place"));
     add(wxTRANSLATE("Water source"), Text(details, "liquid/water.source"));
-    const std::string type = Text(details, "liquid/water.type");
-    add(wxTRANSLATE("Water type"), type.empty() ? type : context.Translated(type.c_str()));
+    add(wxTRANSLATE("Water type"), WaterTypeText(Text(details, "liquid/water.type"), context));
     add(wxTRANSLATE("Date of sampling"), DateText(details, "liquid/sampling.date"));
     add(wxTRANSLATE("Analysis"), AnalysisText(details, context));
     add(wxTRANSLATE("Comments"), Text(details, "liquid/comments"));

@@ -15,6 +15,8 @@ namespace wateranalysis {
 /// A label without the colon that forms put after it.
 std::string PlainLabel(const char* source, const ReportContext& context);
 
+/// What the kind of water with that code is called; the code itself where there is none.
+GUI_BASE_REPORT_EXPORT std::string WaterTypeText(const std::string& code, const ReportContext& context);
 /// Where the water comes from and how it was analysed: whatever of it is stated.
 report::Table GeneralTable(const DetailList& details, const std::string& name, const ReportContext& context);
 /// The analysed ions as typed, in mg/l and in meq/l, with their sums.

@@ -21,11 +21,6 @@ std::string Key(const DBObjects::Compound& compound)
     return compound.name + "|" + compound.formula;
 }
 
-std::string Label(const DBObjects::Compound& compound)
-{
-    return compound.name + " (" + compound.formula + ")";
-}
-
 Plan MakePlan(const std::vector<DBObjects::Compound>& incoming,
               const std::vector<DBObjects::Compound>& existing)
 {

@@ -35,8 +35,6 @@ struct Plan
 
 /// Compounds are the same ones when name and formula are.
 PROJECTBASE_EXPORT std::string Key(const DBObjects::Compound& compound);
-/// "name (formula)"
-PROJECTBASE_EXPORT std::string Label(const DBObjects::Compound& compound);
 
 /// Sorts the incoming compounds; reads and writes nothing.
 PROJECTBASE_EXPORT Plan MakePlan(const std::vector<DBObjects::Compound>& incoming,

@@ -2,6 +2,7 @@
 // Every page of every plant as users of the keyboard and of screen readers have it.
 #include "app/document/plant_templates.h"
 #include "app/modules/base/module.h"
+#include "gui_base/input/controls/tv_choice.h"
 #include "gui_base/input/panel/tv_modulepanelbase.h"
 #include "tests/support/program_fixture.h"
 
@@ -185,9 +186,36 @@ TEST_F(AccessibilityTest, TabReachesEveryInputAndLeavesThePage)
                 << Spoken(*walked[i]) << " after " << Spoken(*walked[i - 1]);
         }
     };
-    // Of all plants these have the most exchangers, and the most of one.
+    // It has every kind of module, and the most exchangers.
     VisitPages(walk, "demineralisation");
-    VisitPages(walk, "mixed_bed");
+}
+
+TEST_F(AccessibilityTest, AltDownOpensTheUnitsThatTabPassesBy)
+{
+    FeedWaterPanel& page = WaterPage();
+    gui_test::Pump();
+    std::vector<std::pair<wxTextCtrl*, tvUnitChoice*>> values;
+    VisitShown(page, [&](wxWindow& window) {
+        auto* unit = dynamic_cast<tvUnitChoice*>(&window);
+        auto* value = unit != nullptr ? dynamic_cast<wxTextCtrl*>(unit->GetPrevSibling()) : nullptr;
+        if (value != nullptr && value->IsEnabled() && value->IsEditable() && unit->IsEnabled() &&
+            !unit->AcceptsFocusFromKeyboard())
+            values.emplace_back(value, unit);
+    });
+    EXPECT_GT(values.size(), 20u);
+    for (const auto& [value, unit] : values) {
+        gui_test::Focus(*value);
+        wxUIActionSimulator().Char(WXK_DOWN, wxMOD_ALT);
+        auto* combo = static_cast<GtkWidget*>(unit->GetHandle());
+        const auto isOpen = [combo] {
+            gboolean shown = FALSE;
+            g_object_get(combo, "popup-shown", &shown, nullptr);
+            return shown != FALSE;
+        };
+        EXPECT_TRUE(gui_test::PumpUntil(isOpen)) << Spoken(*value);
+        gtk_combo_box_popdown(GTK_COMBO_BOX(combo));
+        gui_test::Pump();
+    }
 }
 
 }  // namespace

@@ -2,10 +2,17 @@
 // The module of the feed composition in the program's window.
 #include "gui_base/input/controls/tv_textctrl.h"
 #include "gui_base/input/panel/aui_notebook.h"
+#include "gui_base/ionexchange/feed/compound_editor_dialog.h"
+#include "gui_base/ionexchange/feed/compound_editor_panel.h"
 #include "gui_base/ionexchange/feed/feed_composition_grid.h"
 #include "gui_base/ionexchange/feed/feed_medium_box.h"
+#include "projectbase/project/iex_project.h"
 #include "projectbase/project/project_file.h"
 #include "tests/support/program_fixture.h"
+
+#include <wx/srchctrl.h>
+
+#include <algorithm>
 
 namespace {
 
@@ -87,6 +94,55 @@ TEST_F(FeedModuleTest, UnitSystemAndLanguageSwitchWhileItIsOpen)
     EXPECT_EQ(temperature.GetValue(), "20");
     EXPECT_EQ(FirstCell(), "12.5");
     m_frame->GetDocument().SetUnsaved(false);
+}
+
+TEST_F(FeedModuleTest, CompoundsHaveTheirNamesInTheLanguageOfTheWindowAndAreFoundByAny)
+{
+    CompoundList& list = Panel().GetCompoundList();
+    const auto search = [&](const char* text) {
+        auto& field = gui_test::Find<wxSearchCtrl>(Panel());
+        Focus(field);
+        field.SelectAll();
+        Type(wxString::FromUTF8(text));
+        return list.GetItemCount() == 1 ? list.GetItemText(0).utf8_string() : std::string();
+    };
+    EXPECT_EQ(search("natriumchlorid"), "sodium chloride");
+    list.Select(0);
+    list.Focus(0);
+    Focus(list);
+    Press(WXK_RETURN);
+    EXPECT_EQ(Grid().GetCellValue(0, kFeedName), "sodium chloride");
+    search("sodium");
+    long salt = 0;
+    while (list.GetItemText(salt, 1) != "NaCl")
+        ++salt;
+    list.Select(salt);
+    Pump();
+    const int id = list.GetId(salt);
+
+    m_frame->View().SetLanguage("de");
+    Pump();
+    EXPECT_EQ(Grid().GetCellValue(0, kFeedName), "Natriumchlorid");
+    EXPECT_EQ(list.GetSelectedIds(), std::vector<int>{id}) << "in another row";
+    std::vector<wxString> names;
+    for (long row = 0; row < list.GetItemCount(); ++row)
+        names.push_back(list.GetItemText(row).Lower());
+    EXPECT_TRUE(std::ranges::is_sorted(names));
+    EXPECT_EQ(search("sodium chlor"), "Natriumchlorid");
+    EXPECT_EQ(search("chlorure de sod"), "Natriumchlorid");
+    FeedComposition stored = dynamic_cast<iex::IEXProject&>(OpenProject()).LoadFeedCompositionFromDetails();
+    EXPECT_EQ(stored.GetEntries().at(0).name, "sodium chloride");
+
+    // The editor shows the same name, and files the compound under the name that it had.
+    CompoundEditorDialog editor(Compound(ProjectDatabase::GetCompound(id)), m_frame, wxID_ANY, "editor");
+    auto& name = gui_test::Find<wxTextCtrl>(editor, "Name");
+    const auto filed = [&] { return editor.GetPanel().GetData().compound.name; };
+    EXPECT_EQ(name.GetValue(), "Natriumchlorid");
+    EXPECT_EQ(filed(), "sodium chloride");
+    name.SetValue("Kochsalz");
+    EXPECT_EQ(filed(), "Kochsalz");
+    name.SetValue("Natriumchlorid");
+    EXPECT_EQ(filed(), "sodium chloride");
 }
 
 }  // namespace

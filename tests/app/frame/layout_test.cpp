@@ -247,11 +247,14 @@ TEST_F(LayoutTest, PagesOfANarrowWindowScrollDownwardsAlone)
         Apply({.language = language, .width = 1024});
         ForEachPage([&](const std::string& id) {
             std::vector<std::string> beyond;
-            for (const wxWindow* child : Page().GetChildren()) {
-                if (child->IsShown() && child->GetRect().GetRight() > Page().GetClientSize().x)
-                    beyond.push_back((child->GetName() + " " + child->GetLabel()).utf8_string() +
-                                     std::to_string(child->GetRect().GetRight()));
-            }
+            const int edge = Page().GetScreenPosition().x + Page().GetClientSize().x;
+            VisitShown(Page(), [&](const wxWindow& window) {
+                // What is around it goes as far.
+                const int right = window.GetScreenRect().GetRight();
+                if (right > edge && window.GetChildren().empty())
+                    beyond.push_back((window.GetName() + " " + window.GetLabel()).utf8_string() + " +" +
+                                     std::to_string(right - edge));
+            });
             if (!wide.contains(id))
                 EXPECT_THAT(beyond, testing::IsEmpty())
                     << id << ", " << language << ": " << Page().GetClientSize().x;

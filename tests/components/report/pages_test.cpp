@@ -23,7 +23,7 @@ std::vector<std::vector<int>> Break(const std::vector<Box>& boxes)
         double y = 10.0;
         for (const report::PlacedBox& placed : page) {
             EXPECT_GE(placed.top, y);
-            y = placed.top + placed.box->height;
+            y = placed.top + placed.height;
             const bool isOwn = placed.box >= boxes.data() && placed.box < boxes.data() + boxes.size();
             indices.push_back(isOwn ? static_cast<int>(placed.box - boxes.data()) : -1);
         }
@@ -87,6 +87,34 @@ TEST(BreakIntoPages, RepeatsTitlesAfterABreakOnly)
     EXPECT_THAT(Break(boxes), ElementsAre(ElementsAre(0), ElementsAre(-1, 1)));
 }
 
+TEST(BreakIntoPages, LowersABoxWhereThatKeepsItOnThePage)
+{
+    Box figure = MakeBox(50, true, 10);
+    figure.leastHeight = 30;
+    const Box caption = MakeBox(10);
+    const std::pair<double, double> cases[] = {{30, 50}, {40, 40}, {50, 30}, {51, 50}};
+    for (const auto& [before, expected] : cases) {
+        const std::vector<Box> boxes{MakeBox(before), figure, caption};
+        const auto pages = report::BreakIntoPages(boxes, 0.0, 100.0);
+        ASSERT_EQ(pages.size(), before > 50 ? 2u : 1u) << before;
+        const auto& last = pages.back();
+        EXPECT_NEAR(last[last.size() - 2].height, expected, 1e-9) << before;
+        EXPECT_NEAR(last.back().top, last[last.size() - 2].top + expected, 1e-9) << before;
+        EXPECT_EQ(last.back().height, 10.0);
+    }
+}
+
+TEST(BreakIntoPages, JoinsASectionThatHasRoomBelowTheOneBefore)
+{
+    std::vector<Box> boxes{MakeBox(50), MakeBox(10, true, 10), MakeBox(30), MakeBox(20)};
+    boxes[1].startsPage = true;
+    EXPECT_EQ(Break(boxes).size(), 2u);
+    boxes[1].roomToJoin = 40;
+    EXPECT_THAT(Break(boxes), ElementsAre(ElementsAre(0, 1, 2), ElementsAre(3)));
+    boxes[1].roomToJoin = 60;
+    EXPECT_THAT(Break(boxes), ElementsAre(ElementsAre(0), ElementsAre(1, 2, 3)));
+}
+
 TEST(ColumnWidths, SharesRoomAndWant)
 {
     const struct
@@ -94,13 +122,16 @@ TEST(ColumnWidths, SharesRoomAndWant)
         std::vector<double> natural;
         std::vector<double> stretch;
         std::vector<double> expected;
+        std::vector<double> least = {};
     } cases[] = {
         {{10, 20, 30}, {0, 0, 0}, {10, 20, 30}},  {{10, 20, 30}, {1, 0, 3}, {20, 20, 60}},
         {{10, 200, 30}, {1, 1, 1}, {10, 60, 30}}, {{10, 200, 100}, {0, 0, 0}, {10, 45, 45}},
         {{500, 500}, {0, 1}, {50, 50}},           {{0, 500}, {0, 0}, {0, 100}},
+        {{90, 90}, {0, 0}, {80, 20}, {80, 20}},   {{90, 90}, {0, 0}, {70, 30}, {60, 20}},
+        {{90, 90}, {0, 0}, {50, 50}, {90, 20}},   {{10, 20}, {0, 1}, {10, 90}, {10, 20}},
     };
     for (const auto& row : cases) {
-        EXPECT_THAT(report::ColumnWidths(row.natural, row.stretch, 100.0),
+        EXPECT_THAT(report::ColumnWidths(row.natural, row.stretch, 100.0, row.least),
                     testing::Pointwise(testing::DoubleNear(1e-9), row.expected));
     }
 }

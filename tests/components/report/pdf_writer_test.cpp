@@ -138,6 +138,85 @@ TEST(WritePdf, AlignsNumbersOnTheirSign)
         EXPECT_NEAR(right, rights[0], 0.05);
 }
 
+TEST(WritePdf, WhatIsNoSingleNumberStandsAtTheRightOfAColumnOfNumbers)
+{
+    report::Table table;
+    table.columns = {{.align = Align::Number}};
+    table.showTitles = false;
+    for (const char* text : {"12.345678", "x1.5", "0.1-0.54", "word", "1.2e+08", "2.34567890"})
+        table.rows.push_back({.cells = {{text}}});
+    std::map<std::string, Word> words;
+    for (const Word& word : Words(PdfFile(report::WritePdf(OneSection({table})))))
+        words[word.text] = word;
+    const double right = words["2.34567890"].right;
+    EXPECT_NEAR(words["0.1-0.54"].right, right, 0.05);
+    EXPECT_NEAR(words["word"].right, right, 0.05);
+    EXPECT_NEAR(words["x1.5"].right, right, 0.05) << "a letter is no mark";
+    EXPECT_LT(words["12.345678"].right, right - 5.0);
+    EXPECT_LT(words["1.2e+08"].right, right - 5.0) << "its sign stands below the others";
+}
+
+TEST(WritePdf, TearsNumbersOnlyApartWhereNothingElseHelps)
+{
+    for (const int numbers : {4, 6}) {
+        report::Table table;
+        table.columns = {{.title = "Kind", .stretch = 1.0}};
+        report::Row row{.cells = {{"Displacement of the regenerant and slow rinse through all of the bed"}}};
+        for (int i = 0; i < numbers; ++i) {
+            table.columns.push_back({.title = "Velocity of flow [m/h]", .align = Align::Number});
+            row.cells.push_back({"-" + std::to_string(i) + ".23456e+12"});
+        }
+        table.rows = {row};
+        const std::string text = PdfFile(report::WritePdf(OneSection({table}))).Text();
+        for (int i = 0; i < numbers; ++i)
+            EXPECT_THAT(text, HasSubstr("-" + std::to_string(i) + ".23456e+12"));
+        EXPECT_EQ(Count(text, "Displacement"), numbers == 4 ? 1u : 0u) << "words are the first to go";
+        EXPECT_THAT(text, HasSubstr("Velocity"));
+    }
+}
+
+TEST(WritePdf, BeginsWithTheFrontSheetWhateverTheLengthOfTheContents)
+{
+    Document document = OneSection({NumberTable(3)});
+    document.title = "The plant";
+    document.sections[0].isFrontSheet = true;
+    document.sections[0].title = "Sheet";
+    for (int i = 0; i < 15; ++i)
+        document.sections.push_back({"Section " + std::to_string(i + 1), {report::Paragraph{"text"}}});
+    const PdfFile pdf(report::WritePdf(document));
+    EXPECT_EQ(pdf.Pages(), 16);
+    const std::string first = pdf.Text(1);
+    EXPECT_LT(first.find("The plant"), first.find("Sheet"));
+    EXPECT_LT(first.find("row 3"), first.find("Contents"));
+    EXPECT_THAT(first, ContainsRegex("Section 1 +2\n"));
+    EXPECT_THAT(first, ContainsRegex("Section 15 +16\n"));
+    EXPECT_EQ(Count(first, "Sheet"), 1u) << "the contents lead away from it";
+    // What joins is below it.
+    for (std::size_t i = 1; i < document.sections.size(); ++i)
+        document.sections[i].joins = true;
+    EXPECT_LE(PdfFile(report::WritePdf(document)).Pages(), 3);
+}
+
+TEST(WritePdf, AFigureMakesRoomForTheNoteBelowIt)
+{
+    int lowered = 0;
+    for (int rows = 20; rows < 45; rows += 2) {
+        double height = 0.0;
+        const report::Figure figure{.draw = [&height](cairo_t*, double, double drawn) { height = drawn; },
+                                    .caption = "CHART",
+                                    .height = 200.0,
+                                    .leastHeight = 120.0};
+        const PdfFile pdf(report::WritePdf(
+            OneSection({NumberTable(rows), figure, report::Paragraph{.text = "NOTE", .small = true}})));
+        for (int page = 1; page <= pdf.Pages(); ++page)
+            EXPECT_EQ(Count(pdf.Text(page), "CHART"), Count(pdf.Text(page), "NOTE")) << rows;
+        EXPECT_GE(height, 120.0);
+        lowered += height < 200.0 ? 1 : 0;
+    }
+    EXPECT_GT(lowered, 0);
+    EXPECT_LT(lowered, 8);
+}
+
 TEST(WritePdf, KeepsEverythingOnThePage)
 {
     const std::string longWord(300, 'W');

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The compounds in both kinds of databases, and the master data that they begin with.
+#include "dbinterfaces/compound_names.h"
 #include "dbinterfaces/master_database.h"
 #include "dbinterfaces/project_database.h"
 #include "projectbase/feed/known_elements.h"
@@ -174,13 +175,40 @@ TEST_P(Compounds, AreFilteredByElementCategoryAndAnyPartOfNameAndFormula)
 
 TEST_P(Compounds, AreFoundInWhateverCaseAlsoBeyondAscii)
 {
-    ProjectDatabase::InsertOrReplaceCompound(Make("Gro\u00dfe S\u00e4ure \u0416", "Xx"));
-    for (const char* search : {"S\u00c4URE", "s\u00e4ure \u0436", "\u00dfE"}) {
+    ProjectDatabase::InsertOrReplaceCompound(Make("Gro\u00dfe S\u00e4uling \u0416", "Xx"));
+    for (const char* search : {"S\u00c4ULING", "s\u00e4uling \u0436", "\u00dfE"}) {
         ProjectDatabase::GetCompounds();
         EXPECT_EQ(Names({}, {}, search).size(), 1U) << search;
         ProjectDatabase::Open(Text());
         EXPECT_EQ(Names({}, {}, search).size(), 1U) << search;
     }
+}
+
+TEST_P(Compounds, AreFoundByTheirNamesInEveryLanguage)
+{
+    ProjectDatabase::InsertOrReplaceCompounds(
+        {Make("Sodium Chloride", "NaCl"), Make("sodium chloride", "NaClX"), Make("mein Gips", "CaSO4")});
+    const std::pair<const char*, std::vector<std::string>> searches[] = {
+        {"atriumchlorid", {"sodium chloride", "Sodium Chloride"}},
+        {"CHLORURE DE SOD", {"sodium chloride", "Sodium Chloride"}},
+        {"s\u00c4URE (H", {}},
+        {"Kohlens\u00c4ure", {"carbonic acid"}},
+        {"hydrog\u00c9nocarbonate de c", {"calcium bicarbonate"}},
+        {"gips", {"gypsum", "mein Gips"}},
+        {"Zinn", {}},
+    };
+    for (const auto& [search, expected] : searches) {
+        // Once by the database, once from what was fetched for a longer list.
+        ProjectDatabase::Open(Text());
+        EXPECT_EQ(Names({}, {}, search), expected) << search;
+        ProjectDatabase::GetCompounds();
+        EXPECT_EQ(Names({}, {}, search), expected) << search;
+        const ProjectDatabase::Transaction transaction;
+        EXPECT_EQ(Names({}, {}, search), expected) << search << ", within a transaction";
+    }
+    // Two letters are in no index.
+    ProjectDatabase::Open(Text());
+    EXPECT_THAT(Names("Ca", "Salt", "Gi"), ElementsAre("gypsum"));
 }
 
 TEST_P(Compounds, ShowWhatOthersChangedAndNothingThatWasTakenBack)
@@ -311,6 +339,50 @@ TEST_P(CompoundTables, ComeAlsoWhereTheServerGrantsNoTrigrams)
     EXPECT_EQ(Number("SELECT count(*) FROM pg_extension WHERE extname = 'pg_trgm'"), 0);
     EXPECT_EQ(ProjectDatabase::GetCompounds({}, {}, "sodium chl").size(), 1U);
     EXPECT_EQ(ProjectDatabase::GetCompounds({}, {}, "NaC").size(), 1U);
+}
+
+TEST(CompoundNames, AreThoseOfTheLanguageForSuppliedCompoundsOnly)
+{
+    const std::tuple<const char*, const char*, const char*, const char*> shown[] = {
+        {"sodium chloride", "NaCl", "de", "Natriumchlorid"},
+        {"sodium chloride", "NaCl", "de_AT", "Natriumchlorid"},
+        {"Sodium chloride", "NaCl", "fr", "chlorure de sodium"},
+        {"sodium chloride", "NaCl", "", "sodium chloride"},
+        {"sodium chloride", "NaCl", "xx", "sodium chloride"},
+        {"sodium chloride", "NACL", "de", "sodium chloride"},
+        {"my salt", "NaCl", "de", "my salt"},
+    };
+    for (const auto& [name, formula, language, expected] : shown)
+        EXPECT_EQ(compound_names::Shown(name, formula, language), expected) << name << formula << language;
+    for (const std::string language : {"", "de", "fr", "de_AT"}) {
+        for (const Compound& compound : MasterDatabase::GetSuppliedCompounds()) {
+            const std::string name = compound_names::Shown(compound.name, compound.formula, language);
+            EXPECT_EQ(compound_names::Filed(name, compound.formula, language), compound.name) << name;
+        }
+    }
+    EXPECT_EQ(compound_names::Filed("Natriumchlorid", "NaCl", "fr"), "Natriumchlorid");
+    EXPECT_EQ(compound_names::Filed("Natriumchlorid", "KCl", "de"), "Natriumchlorid");
+    MasterDatabase::SetPath("/nowhere/master.db");
+    EXPECT_EQ(compound_names::Shown("sodium chloride", "NaCl", "de"), "sodium chloride");
+    MasterDatabase::SetPath({});
+    EXPECT_EQ(compound_names::Shown("sodium chloride", "NaCl", "de"), "Natriumchlorid");
+}
+
+TEST(CompoundNames, AreListedInTheOrderOfTheLanguage)
+{
+    std::vector<Compound> compounds{Make("calcium", "Ca"),  Make("Iod", "I2"),    Make("iron(II)", "Fe"),
+                                    Make("k\u00e4se", "X"), Make("silver", "Ag"), Make("zzz", "Z"),
+                                    Make("water", "H2O")};
+    const auto expect = [&compounds](const char* language, const std::vector<std::string>& formulas) {
+        compound_names::SortAsShown(compounds, language);
+        std::vector<std::string> order;
+        for (const Compound& compound : compounds)
+            order.push_back(compound.formula);
+        EXPECT_EQ(order, formulas) << language;
+    };
+    expect("de", {"Ca", "Fe", "I2", "X", "Ag", "H2O", "Z"});
+    expect("fr", {"Ag", "Ca", "H2O", "Fe", "I2", "X", "Z"});
+    expect("", {"Ca", "I2", "Fe", "X", "Ag", "H2O", "Z"});
 }
 
 TEST(SuppliedCompounds, HaveFormulasThatAgreeWithTheirData)

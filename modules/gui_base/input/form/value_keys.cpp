@@ -23,6 +23,16 @@ void ValueKeys::AddColumn(std::span<const Cell> cells)
     ++m_columns;
 }
 
+void ValueKeys::Clear()
+{
+    for (const KeptCell& cell : m_cells) {
+        if (cell.field)
+            cell.field->Unbind(wxEVT_KEY_DOWN, &ValueKeys::OnKeyDown, this);
+    }
+    m_cells.clear();
+    m_columns = 0;
+}
+
 std::size_t ValueKeys::PlaceOf(const wxObject* field) const
 {
     const auto found =

@@ -33,12 +33,8 @@ public:
 
     /// Adds a column behind the others.
     void AddColumn(std::span<const Cell> cells);
-    /// Forgets all columns, before their fields are made anew.
-    void Clear()
-    {
-        m_cells.clear();
-        m_columns = 0;
-    }
+    /// Forgets all columns, before other ones are added.
+    void Clear();
 
 private:
     struct KeptCell

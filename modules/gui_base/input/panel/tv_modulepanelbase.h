@@ -154,7 +154,8 @@ protected:
     void UpdateLimitsFromDetail(TvTextCtrl* control, const DetailData* detail);
 
     Project* GetProject() const { return m_project; }
-    std::string GetCurrentDisplayUnitSystem() const;
+    /// That of the project. A panel that has none says which one it shows.
+    virtual std::string GetCurrentDisplayUnitSystem() const;
     wxString GetUnitSystemDisplay() const;
     long GetProjectStatus() const;
     bool IsProjectStatusLowerThanPanelStatus();

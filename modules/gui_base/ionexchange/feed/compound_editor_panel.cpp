@@ -5,6 +5,7 @@
 #include "gui_base/input/validation/numeric_validator.h"
 #include "gui_base/ionexchange/feed/compound_element_listctrl.h"
 #include "gui_base/ionexchange/feed/formula_textctrl.h"
+#include "gui_base/support/compound_name.h"
 #include "gui_base/support/translation.h"
 
 #include <wx/arrstr.h>
@@ -163,10 +164,12 @@ void CompoundEditorPanel::ReadFields()
 {
     for (wxTextCtrl* field : {m_valencyField, m_pKaField, m_chargeField, m_oxidationField})
         field->GetValidator()->TransferFromWindow();
-    m_model.name = Utf8(*m_nameField);
     m_model.category = Utf8(*m_categoryField);
     if (const std::string formula = m_formulaField->GetFormula(); formula != m_model.GetFormula())
         m_model.SetFormula(formula);
+    // A compound that the user filed under a name of the present language keeps it.
+    const std::string name = Utf8(*m_nameField);
+    m_model.name = name == m_filedName ? name : i18n::FiledCompoundName(name, m_model.GetFormula());
     m_model.valency = static_cast<std::int32_t>(m_valency);
     m_model.pKa = m_pKa;
     // A kind that the choice does not offer stays as it was stored.
@@ -185,7 +188,8 @@ void CompoundEditorPanel::ShowFields()
     m_oxidation = m_model.oxidationNrCommon;
     for (wxTextCtrl* field : {m_valencyField, m_pKaField, m_chargeField, m_oxidationField})
         field->GetValidator()->TransferToWindow();
-    m_nameField->ChangeValue(wxString::FromUTF8(m_model.name));
+    m_filedName = m_model.name;
+    m_nameField->ChangeValue(i18n::CompoundName(m_model.name, m_model.GetFormula()));
     m_categoryField->ChangeValue(wxString::FromUTF8(m_model.category));
     m_formulaField->ChangeValue(wxString::FromUTF8(m_model.GetFormula()));
     const auto kind = static_cast<int>(m_model.acidBase);

@@ -81,6 +81,7 @@ private:
     void UpdateFormulaMessage();
 
     Compound m_model;
+    std::string m_filedName;  ///< of the compound that the fields were filled with
     // What the numeric fields are bound to.
     long m_valency = 0;
     long m_charge = 0;

@@ -1,12 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "gui_base/ionexchange/feed/compound_list.h"
 
+#include "dbinterfaces/compound_names.h"
+#include "gui_base/support/compound_name.h"
 #include "gui_base/support/translation.h"
 
 #include <wx/intl.h>
 
 #include <algorithm>
 #include <array>
+#include <unordered_set>
 
 namespace {
 
@@ -49,11 +52,28 @@ void CompoundList::SetCompounds(Compounds compounds)
     for (long row = GetFirstSelected(); row != wxNOT_FOUND; row = GetNextSelected(row))
         Select(row, false);
     m_compounds = std::move(compounds);
+    m_language = i18n::CompoundLanguage();
+    if (!m_language.empty())
+        compound_names::SortAsShown(m_compounds, m_language);
     SetItemCount(static_cast<long>(m_compounds.size()));
     if (!m_compounds.empty())
         EnsureVisible(0);
     m_told.clear();
     Refresh();
+}
+
+void CompoundList::SortAgain()
+{
+    const std::vector<int> before = GetSelectedIds();
+    const std::unordered_set<int> selected(before.begin(), before.end());
+    compound_names::SortAsShown(m_compounds, m_language);
+    for (long row = 0; row < GetItemCount(); ++row) {
+        const bool isSelected = selected.contains(GetId(row));
+        if (IsSelected(row) != isSelected)
+            Select(row, isSelected);
+    }
+    // The same compounds in other rows are no news.
+    m_told = GetSelectedIds();
 }
 
 std::vector<int> CompoundList::GetSelectedIds() const
@@ -89,6 +109,10 @@ void CompoundList::Localize(const std::string&)
         item.SetText(i18n::Translated(kLabels[i]));
         SetColumn(static_cast<int>(i), item);
     }
+    if (std::string language = i18n::CompoundLanguage(); language != m_language) {
+        m_language = std::move(language);
+        SortAgain();
+    }
     Refresh();
 }
 
@@ -99,7 +123,7 @@ wxString CompoundList::OnGetItemText(long row, long column) const
     const DBObjects::Compound& compound = m_compounds[static_cast<std::size_t>(row)];
     switch (column) {
         case kName:
-            return wxString::FromUTF8(compound.name);
+            return i18n::CompoundName(compound.name, compound.formula);
         case kFormula:
             return wxString::FromUTF8(compound.formula);
         default:

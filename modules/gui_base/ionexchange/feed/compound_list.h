@@ -2,7 +2,8 @@
 #pragma once
 
 /// The list of the compounds that can be added to a feed. Only the rows that are seen are drawn, so that
-/// 100,000 compounds are shown at once. Several rows can be selected.
+/// 100,000 compounds are shown at once. Several rows can be selected. The order is that of the names in the
+/// language of the texts.
 
 #include "dbinterfaces/db_objects.h"
 #include "gui_base/gui_base_export.h"
@@ -37,8 +38,11 @@ protected:
 private:
     void FitColumns();
     void QueueSelection(wxListEvent& event);
+    /// By names in another language; the same compounds stay selected.
+    void SortAgain();
 
     Compounds m_compounds;
+    std::string m_language;  ///< of the present order
     std::function<void()> m_onSelection;
     std::vector<int> m_told;
     bool m_queued = false;

@@ -5,6 +5,7 @@
 #include "gui_base/dialogs/tv_gridcellchoiceeditor.h"
 #include "gui_base/input/validation/numeric_validator.h"
 #include "gui_base/support/accessibility.h"
+#include "gui_base/support/compound_name.h"
 #include "gui_base/support/translation.h"
 
 #include <wx/button.h>
@@ -113,7 +114,7 @@ void DuplicateResolutionDialog::FillGrid(const std::vector<DuplicateCompound>& d
     }
     for (int row = 0; row < count; ++row) {
         const DuplicateCompound& duplicate = duplicates[static_cast<std::size_t>(row)];
-        m_grid->SetCellValue(row, 0, wxString::FromUTF8(duplicate.incoming.name));
+        m_grid->SetCellValue(row, 0, i18n::CompoundName(duplicate.incoming.name, duplicate.incoming.formula));
         m_grid->SetCellValue(row, 1, wxString::FromUTF8(duplicate.incoming.formula));
         m_grid->SetCellValue(row, 2, Difference(duplicate));
         m_grid->SetCellValue(row, kDecisionColumn, DecisionText(Decision::Skip));

@@ -7,7 +7,6 @@
 #include "gui_base/messages/user_message.h"
 #include "gui_base/support/translation.h"
 #include "projectbase/feed/known_elements.h"
-#include "projectbase/units/unit_system_manager.h"
 
 #include <cmath>
 #include <exception>
@@ -34,7 +33,7 @@ FeedCompositionPanelController::FeedCompositionPanelController(iex::IEXProject& 
     InitElementSelection();
     InitMediumSelection();
     InitTemperatureUnitSelection();
-    ShowUnitSystem();
+    m_view->ShowUnitSystem(m_project.GetUnitSystemDisplay());
     LoadCompositionFromDetails();
     TransferCompositionToView();
     RegisterCallbacks();
@@ -142,18 +141,10 @@ void FeedCompositionPanelController::InitTemperatureUnitSelection()
     m_view->SetTemperatureUnitSelection(items);
 }
 
-void FeedCompositionPanelController::ShowUnitSystem()
-{
-    const std::string& celsius = Temperature::UnitText(TemperatureUnit::Celsius);
-    const auto unit = Temperature::UnitFromText(
-        UnitSystemManager::GetUnit(celsius, m_project.GetUnitSystemDisplay(), false));
-    m_view->ChooseTemperatureUnit(unit.value_or(TemperatureUnit::Celsius));
-}
-
 void FeedCompositionPanelController::OnUnitSystemChanged(wxCommandEvent& event)
 {
     event.Skip();
-    ShowUnitSystem();
+    m_view->ShowUnitSystem(m_project.GetUnitSystemDisplay());
 }
 
 void FeedCompositionPanelController::LoadCompositionFromDetails()

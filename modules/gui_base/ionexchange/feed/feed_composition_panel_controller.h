@@ -94,8 +94,6 @@ private:
     void ReloadComposition();
     using Handler = void (FeedCompositionPanelController::*)(FeedEvent&);
 
-    /// Shows the unit of temperatures that belongs to the displayed unit system.
-    void ShowUnitSystem();
     /// Lets the user edit a compound, stores it and shows the list anew.
     void EditCompound(const DBObjects::Compound& record);
 

@@ -4,6 +4,7 @@
 #include "dbinterfaces/project_database.h"
 #include "gui_base/ionexchange/feed/feed_composition_panel_controller.h"
 #include "gui_base/messages/user_message.h"
+#include "gui_base/support/compound_name.h"
 #include "gui_base/support/file_path.h"
 #include "gui_base/support/translation.h"
 #include "projectbase/feed/compounds_importer.h"
@@ -26,7 +27,8 @@ wxString Tr(const char* source)
 
 wxString Label(const Record& compound)
 {
-    return wxString::FromUTF8(compound_import::Label(compound));
+    return i18n::CompoundName(compound.name, compound.formula) + " (" + wxString::FromUTF8(compound.formula) +
+           ")";
 }
 
 std::vector<wxString> Labels(const std::vector<Record>& compounds)

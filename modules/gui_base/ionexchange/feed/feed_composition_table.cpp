@@ -7,6 +7,7 @@
 #include "gui_base/ionexchange/feed/bitmap_grid_cell_renderer.h"
 #include "gui_base/ionexchange/feed/feed_composition_grid.h"
 #include "gui_base/ionexchange/feed/feed_total_box.h"
+#include "gui_base/support/compound_name.h"
 #include "gui_base/support/translation.h"
 
 #include <wx/intl.h>
@@ -100,7 +101,7 @@ wxString FeedCompositionTable::GetValue(int row, int column)
         return FeedTotalBox::NumberText((entry.*m_side)[UnitOfColumn(column)]);
     switch (column) {
         case kFeedName:
-            return wxString::FromUTF8(entry.name);
+            return i18n::CompoundName(entry.name, entry.formula);
         case kFeedFormula:
             return wxString::FromUTF8(entry.formula);
         case kFeedAcidBase:

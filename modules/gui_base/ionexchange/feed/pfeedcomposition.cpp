@@ -168,6 +168,14 @@ void FeedCompositionPanel::DoLocalize()
     SetComposition(m_composition);
 }
 
+void FeedCompositionPanel::ShowUnitSystem(const std::string& unitSystem)
+{
+    if (unitSystem == m_unitSystem)
+        return;
+    m_unitSystem = unitSystem;
+    UpdateUnits(false);
+}
+
 void FeedCompositionPanel::SetCategorySelection(const Selection& items)
 {
     m_browser->SetCategories(items);
@@ -187,11 +195,6 @@ void FeedCompositionPanel::SetMediumSelection(const Selection& items)
 void FeedCompositionPanel::SetTemperatureUnitSelection(const Selection& items)
 {
     m_medium->SetTemperatureUnitSelection(items);
-}
-
-void FeedCompositionPanel::ChooseTemperatureUnit(TemperatureUnit unit)
-{
-    m_medium->ChooseTemperatureUnit(unit);
 }
 
 void FeedCompositionPanel::SetCompoundSelection(CompoundList::Compounds compounds)

@@ -73,9 +73,10 @@ public:
     wxString GetSelectedCategory() const;
     long GetSelectedCategoryID() const;
     wxString GetElementSearchString() const;
+    /// Shows all that has a unit in that unit system from now on.
+    void ShowUnitSystem(const std::string& unitSystem);
     /// Clears the search text, without an event.
     void CancelTextSearch();
-    void ChooseTemperatureUnit(TemperatureUnit unit);
 
     void ShowErrorMessage(const wxString& text) const;
     void ShowInfoMessage(const wxString& text) const;
@@ -108,6 +109,7 @@ protected:
     void DoBindEvents() override;
     void DoPrepare() override;
     void DoUpdateUnits() override {}
+    std::string GetCurrentDisplayUnitSystem() const override { return m_unitSystem; }
     void DoLocalize() override;
     void DoConnectTvTextCtrlsToStatusbar() override;
     void DoSendVisualizeMessageEvent() override {}
@@ -131,6 +133,7 @@ private:
     void OnFeedMediumChanged() { Post(tvFEED_MEDIUM_CHANGED); }
 
     FeedComposition m_composition;  ///< what is shown
+    std::string m_unitSystem = "iso";
     bool m_closing = false;
 
     wxBoxSizer* m_outer = nullptr;

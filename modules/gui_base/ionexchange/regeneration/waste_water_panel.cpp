@@ -4,6 +4,7 @@
 #include "gui_base/input/controls/flow_sizer.h"
 #include "gui_base/input/controls/tv_staticboxsizer.h"
 #include "gui_base/input/controls/tv_statictext.h"
+#include "gui_base/input/controls/tv_unitlabel.h"
 #include "gui_base/input/form/shown_context.h"
 #include "gui_base/report/design_report.h"
 #include "projectbase/design/regenerants.h"
@@ -106,13 +107,12 @@ void TvWasteWaterAndComposition::DoCreateForm()
     auto* anions = new wxBoxSizer(wxVERTICAL);
     auto* cations = new wxBoxSizer(wxVERTICAL);
     cations->Add(CreateSection(parent, wxTRANSLATE("Cations"), kCations));
-    cations->Add(CreateLine(parent, GetProject()->GetDetails().At("project/qnetto"),
-                            wxTRANSLATE("Net flow rate"), "m3/h"),
-                 wxSizerFlags().Border(wxTOP, FromDIP(2 * kGap)));
+    cations->Add(
+        CreateLine(parent, GetProject()->GetDetails().At("project/qnetto"), wxTRANSLATE("Net flow rate")),
+        wxSizerFlags().Border(wxTOP, FromDIP(2 * kGap)));
     sections->Add(cations, spaced);
     anions->Add(CreateSection(parent, wxTRANSLATE("Anions"), kAnions));
-    anions->Add(CreateLine(parent, GetFields().Details().At("step/neutral"), wxTRANSLATE("Neutralisation"),
-                           wxTRANSLATE("eq")),
+    anions->Add(CreateLine(parent, GetFields().Details().At("step/neutral"), wxTRANSLATE("Neutralisation")),
                 wxSizerFlags().Border(wxTOP, FromDIP(2 * kGap)));
     sections->Add(anions, spaced);
     box->Add(sections);
@@ -132,27 +132,32 @@ void TvWasteWaterAndComposition::AddHead(wxWindow* parent, wxSizer& grid, const 
     grid.Add(head, isNumber ? wxSizerFlags().Right() : wxSizerFlags());
 }
 
+void TvWasteWaterAndComposition::AddUnitHead(wxWindow* parent, wxSizer& grid, const wxString& isoUnit,
+                                             const wxString& suffix)
+{
+    auto* head = GetFields().AddLocalizable(new TvUnitLabel(parent, isoUnit, true, true, suffix));
+    head->SetFont(head->GetFont().Bold());
+    grid.Add(head, wxSizerFlags().Right());
+}
+
 void TvWasteWaterAndComposition::AddField(wxWindow* parent, wxSizer& grid, DetailData& detail,
                                           const wxString& name)
 {
     const std::string label = name.utf8_string();
-    grid.Add(GetFields().CreateField(parent,
-                                     {.key = detail.GetName().c_str(),
-                                      .label = label.c_str(),
-                                      .field = FormField::Result,
-                                      .inIsoUnits = true},
-                                     detail),
-             wxSizerFlags().Right().CentreVertical());
+    grid.Add(
+        GetFields().CreateField(
+            parent, {.key = detail.GetName().c_str(), .label = label.c_str(), .field = FormField::Result},
+            detail),
+        wxSizerFlags().Right().CentreVertical());
 }
 
-wxSizer* TvWasteWaterAndComposition::CreateLine(wxWindow* parent, DetailData& detail, const char* label,
-                                                const char* unit)
+wxSizer* TvWasteWaterAndComposition::CreateLine(wxWindow* parent, DetailData& detail, const char* label)
 {
     auto* line = new wxFlexGridSizer(3, FromDIP(wxSize(3 * kGap, kGap)));
     line->Add(AddLocalizable(new TvStaticText(parent, wxID_ANY, label, wxString())),
               wxSizerFlags().CentreVertical());
     AddField(parent, *line, detail, label);
-    line->Add(AddLocalizable(new TvStaticText(parent, wxID_ANY, unit, wxString())),
+    line->Add(GetFields().AddUnitLabel(parent, wxString::FromUTF8(detail.GetUnit()), true),
               wxSizerFlags().CentreVertical());
     return line;
 }
@@ -194,8 +199,8 @@ wxSizer* TvWasteWaterAndComposition::CreateSection(wxWindow* parent, const char*
 {
     auto* grid = new wxFlexGridSizer(3, FromDIP(wxSize(3 * kGap, kGap)));
     AddHead(parent, *grid, title, false);
-    AddHead(parent, *grid, wxTRANSLATE("eq"), true);
-    AddHead(parent, *grid, wxTRANSLATE("meq/l"), true);
+    AddUnitHead(parent, *grid, "eq");
+    AddUnitHead(parent, *grid, "meq/l");
     for (const Row& row : rows) {
         grid->Add(AddLocalizable(new TvStaticText(parent, wxID_ANY, row.label, wxString())),
                   wxSizerFlags().CentreVertical());
@@ -213,8 +218,9 @@ wxSizer* TvWasteWaterAndComposition::CreateRegenerants(wxWindow* parent)
          {wxTRANSLATE("Total"), wxTRANSLATE("Neutralization"), wxTRANSLATE("Spec. consumption")})
         AddHead(parent, *grid, head, true);
     AddHead(parent, *grid, wxString(), false);
-    for (const char* unit : {wxTRANSLATE("kg 100%"), wxTRANSLATE("kg 100%"), wxTRANSLATE("kg/m3")})
-        AddHead(parent, *grid, unit, true);
+    AddUnitHead(parent, *grid, "kg", " 100%");
+    AddUnitHead(parent, *grid, "kg", " 100%");
+    AddUnitHead(parent, *grid, "kg/m3");
     for (const WasteData& regenerant : m_regenerants) {
         DetailList& details = DetailsOf(regenerant);
         const wxString name = wxString::FromUTF8(regenerant.name);

@@ -49,10 +49,11 @@ private:
     wxSizer* CreateSection(wxWindow* parent, const char* title, std::span<const Row> rows);
     wxSizer* CreateRegenerants(wxWindow* parent);
     /// A value with its name and unit.
-    wxSizer* CreateLine(wxWindow* parent, DetailData& detail, const char* label, const char* unit);
+    wxSizer* CreateLine(wxWindow* parent, DetailData& detail, const char* label);
     /// How much waste there is, and how the wastes of the line are neutralised.
     void ShowNotes();
     void AddHead(wxWindow* parent, wxSizer& grid, const wxString& text, bool isNumber);
+    void AddUnitHead(wxWindow* parent, wxSizer& grid, const wxString& isoUnit, const wxString& suffix = {});
     void AddField(wxWindow* parent, wxSizer& grid, DetailData& detail, const wxString& name);
     DetailList& DetailsOf(const WasteData& regenerant);
 

@@ -129,12 +129,23 @@ void OthersBox::AddTemperature(wxSizer& grid)
     m_temperatureUnit = m_fields.AddUnitChoice(box, "liquid/temp.unit", water_units::OfTemperatures(), label);
     grid.Add(m_temperatureUnit, Cell().Expand());
 
-    // The same temperature in the unit of the displayed system, which is what everything else calculates
-    // with.
-    grid.AddSpacer(0);
-    grid.Add(m_fields.AddResult(box, {.key = "liquid/temp", .label = label, .unit = celsius, .precision = 4}),
-             Cell());
-    grid.Add(m_fields.AddUnitLabel(box, celsius, true), Cell());
+    // The same temperature in the unit of the displayed system, where it was typed in another one.
+    m_shownTemperature = {grid.AddSpacer(0)};
+    m_shownTemperature.push_back(grid.Add(
+        m_fields.AddResult(box, {.key = "liquid/temp", .label = label, .unit = celsius, .precision = 4}),
+        Cell()));
+    m_shownTemperature.push_back(grid.Add(m_fields.AddUnitLabel(box, celsius, true), Cell()));
+}
+
+bool OthersBox::ShowTemperature(const std::string& unitSystem)
+{
+    const std::string typed = m_fields.Details().At("liquid/temp.unit").GetStdStringValue();
+    const bool isOther = typed != UnitSystemManager::GetUnit("\u00b0C", unitSystem, true);
+    if (m_shownTemperature.front()->IsShown() == isOther)
+        return false;
+    for (wxSizerItem* item : m_shownTemperature)
+        item->Show(isOther);
+    return true;
 }
 
 TvTextCtrl* OthersBox::AddTyped(wxSizer& grid, NumberSpec spec, const std::vector<wxString>& units)

@@ -11,6 +11,7 @@
 #include "gui_base/input/form/value_keys.h"
 
 #include <wx/collpane.h>
+#include <wx/sizer.h>
 
 #include <vector>
 
@@ -46,6 +47,9 @@ public:
     /// Limits of the typed temperature in the unit that is chosen; false when those of 0 to 100 °C had to do,
     /// because the unit or the setting of the limits cannot be read.
     bool UpdateTemperatureLimits();
+    /// Shows the temperature in the unit of that system below the typed one, where that has another unit;
+    /// true when the box has to be laid out again.
+    bool ShowTemperature(const std::string& unitSystem);
     /// Says what the water is alkalised with, or why it is not.
     void ShowAlkalization(const LiquidData& liquid, const std::string& unitSystem);
     void Localize();
@@ -62,6 +66,7 @@ private:
     FieldSet& m_fields;
     TvTextCtrl* m_temperature = nullptr;
     tvUnitChoice* m_temperatureUnit = nullptr;
+    std::vector<wxSizerItem*> m_shownTemperature;
     TvTextCtrl* m_ph = nullptr;
     std::vector<Typed> m_typed;
     TvTextCtrl* m_co2 = nullptr;

@@ -173,6 +173,8 @@ void WaterAnalysisPanel::DoTransferDetailsToWindows()
     TellAlkalization();
     CheckAnalysisType();
     m_others->ShowAlkalization(m_liquid, GetCurrentDisplayUnitSystem());
+    if (m_others->ShowTemperature(GetCurrentDisplayUnitSystem()))
+        FitAndLayout();
 }
 
 bool WaterAnalysisPanel::FocusDetail(const DetailAddress& address)

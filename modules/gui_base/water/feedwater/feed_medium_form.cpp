@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "gui_base/water/feedwater/feed_medium_form.h"
 
+#include "projectbase/units/unit_system_manager.h"
+
 #include <wx/translation.h>
 
 namespace {
@@ -39,6 +41,17 @@ void FeedMediumForm::AddMediumRows(wxWindow* parent, wxSizer& grid, const char* 
                         .validatorFlags = ShowPreciseValue});
     GetFields().FindUnitRow(kTemperature)->KeepAmount();
     GetFields().SetUnitLimits(kTemperature, LiquidWater());
+}
+
+void FeedMediumForm::Localize(const std::string& unitSystem)
+{
+    const bool isOther = unitSystem != GetUnitSystem();
+    FormBlock::Localize(unitSystem);
+    if (!isOther)
+        return;
+    const std::string unit =
+        UnitSystemManager::GetUnit(Temperature::UnitText(TemperatureUnit::Celsius), unitSystem, true);
+    ChooseTemperatureUnit(Temperature::UnitFromText(unit).value_or(TemperatureUnit::Celsius));
 }
 
 void FeedMediumForm::SetMediumSelection(const Items& mediums)

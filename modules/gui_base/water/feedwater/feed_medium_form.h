@@ -22,8 +22,9 @@ public:
     void SetMedium(const FeedMedium::Data& medium);
     /// Medium and temperature as the user chose and typed them; the density is that which was set.
     FeedMedium::Data GetMedium();
-    /// Shows the temperature in another unit; it stays the same temperature.
-    void ChooseTemperatureUnit(TemperatureUnit unit);
+    /// The temperature is stored in degrees Celsius: another unit system shows it in its own unit, until the
+    /// user chooses another one.
+    void Localize(const std::string& unitSystem) override;
 
     /// Key of the temperature's field.
     static constexpr const char* kTemperature = "temperature";
@@ -40,6 +41,8 @@ protected:
     static constexpr const char* kDensity = "density";
 
 private:
+    /// Shows the temperature in another unit; it stays the same temperature.
+    void ChooseTemperatureUnit(TemperatureUnit unit);
     TemperatureUnit ChosenUnit();
 
     tvChoice* m_medium = nullptr;

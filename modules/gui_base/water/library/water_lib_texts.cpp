@@ -4,7 +4,9 @@
 #include "core/number_text.h"
 #include "dbinterfaces/master_database.h"
 #include "gui_base/dialogs/gui_utils.h"
+#include "gui_base/input/form/shown_context.h"
 #include "gui_base/input/validation/numeric_validator.h"
+#include "gui_base/report/water_tables.h"
 #include "gui_base/support/translation.h"
 #include "gui_base/water/rows/ion_rows.h"
 #include "gui_base/water/rows/property_rows.h"
@@ -167,8 +169,7 @@ std::vector<DetailLine> DetailLines(const LiquidData& liquid)
 
 wxString WaterTypeText(const std::string& code)
 {
-    const std::string description = MasterDatabase::GetWaterTypeDescription(code);
-    return description.empty() ? wxString::FromUTF8(code) : i18n::Translated(wxString::FromUTF8(description));
+    return wxString::FromUTF8(wateranalysis::WaterTypeText(code, ShownContext("iso")));
 }
 
 wxString SamplingDateText(const LiquidData& liquid)

@@ -2,11 +2,12 @@
 #include "gui_base/water/tools/blend_dialog.h"
 
 #include "gui_base/dialogs/dialog_buttons.h"
+#include "gui_base/support/accessibility.h"
 #include "gui_base/support/translation.h"
 
-#include <wx/scrolwin.h>
 #include <wx/settings.h>
 #include <wx/sizer.h>
+#include <wx/statbox.h>
 
 #include <algorithm>
 
@@ -17,34 +18,92 @@ constexpr int kMostHeight = 480;
 constexpr int kMessageWidth = 320;
 constexpr int kScrollStep = 16;
 
+wxString TextOf(const wateranalysis::ResultTile& tile)
+{
+    std::string text = tile.value;
+    if (!text.empty() && !tile.unit.empty())
+        text += " " + tile.unit;
+    if (!text.empty() && !tile.second.empty())
+        text += "  (" + tile.second + ")";
+    return wxString::FromUTF8(text);
+}
+
 }  // namespace
 
 BlendDialog::BlendDialog(wxWindow* parent, const std::vector<std::string>& waters,
-                         const water::BlendRecipe& recipe, const std::string& unitSystem)
+                         const water::BlendRecipe& recipe, const std::string& unitSystem, Preview preview)
     : wxDialog(parent, wxID_ANY, i18n::Translated("Blend waters"), wxDefaultPosition, wxDefaultSize,
-               wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER)
+               wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER),
+      m_preview(std::move(preview)),
+      m_scrolled(
+          new wxScrolledWindow(this, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxTAB_TRAVERSAL | wxVSCROLL))
 {
-    auto* scrolled =
-        new wxScrolledWindow(this, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxTAB_TRAVERSAL | wxVSCROLL);
-    scrolled->SetScrollRate(0, FromDIP(kScrollStep));
-    m_form = new BlendForm(scrolled, waters, recipe);
+    m_scrolled->SetScrollRate(0, FromDIP(kScrollStep));
+    m_form = new BlendForm(m_scrolled, waters, recipe);
     m_form->Localize(unitSystem);
     auto* inner = new wxBoxSizer(wxVERTICAL);
     inner->Add(m_form, wxSizerFlags(1).Expand());
-    scrolled->SetSizer(inner);
-    const wxSize best = inner->CalcMin();
-    scrolled->SetMinSize({best.x + wxSystemSettings::GetMetric(wxSYS_VSCROLL_X, this),
-                          std::min(best.y, FromDIP(kMostHeight))});
-    m_message = new wxStaticText(this, wxID_ANY, wxString(), wxDefaultPosition,
-                                 FromDIP(wxSize(kMessageWidth, -1)), wxST_NO_AUTORESIZE);
+    m_scrolled->SetSizer(inner);
     auto* outer = new wxBoxSizer(wxVERTICAL);
     const int gap = FromDIP(kGap);
-    outer->Add(scrolled, wxSizerFlags(1).Expand().Border(wxALL, gap));
+    outer->Add(m_scrolled, wxSizerFlags(1).Expand().Border(wxALL, gap));
+    outer->Add(NewPreview(), wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxBOTTOM, gap));
+    m_message = new wxStaticText(this, wxID_ANY, wxString(), wxDefaultPosition,
+                                 FromDIP(wxSize(kMessageWidth, -1)), wxST_NO_AUTORESIZE);
     outer->Add(m_message, wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT, gap));
     outer->Add(dialogs::CreateButtons(*this, true), wxSizerFlags().Expand().Border(wxALL, gap));
-    SetSizerAndFit(outer);
+    SetSizer(outer);
+    ShowPreview();
+    FitRows();
+    m_form->SetOnChange([this] {
+        ShowPreview();
+        FitRows();
+    });
     Bind(wxEVT_BUTTON, &BlendDialog::OnOk, this, wxID_OK);
     CentreOnParent();
+}
+
+wxSizer* BlendDialog::NewPreview()
+{
+    auto* box = new wxStaticBoxSizer(wxVERTICAL, this, i18n::Translated(wxTRANSLATE("Blend")));
+    auto* grid = form::NewGrid(*this, 2);
+    grid->AddGrowableCol(1);
+    for (const wateranalysis::ResultTile& tile : m_preview({})) {
+        const wxString title = wxString::FromUTF8(tile.title);
+        grid->Add(new wxStaticText(box->GetStaticBox(), wxID_ANY, title));
+        auto* value = new wxStaticText(box->GetStaticBox(), wxID_ANY, wxString(), wxDefaultPosition,
+                                       wxDefaultSize, wxST_NO_AUTORESIZE);
+        accessibility::SetName(*value, title);
+        grid->Add(value, wxSizerFlags().Expand());
+        m_values.push_back(value);
+    }
+    box->Add(grid, wxSizerFlags().Expand().Border(wxALL, FromDIP(form::kGap)));
+    return box;
+}
+
+void BlendDialog::ShowPreview()
+{
+    const auto tiles = m_preview(GetRecipe());
+    for (std::size_t i = 0; i < std::min(tiles.size(), m_values.size()); ++i) {
+        const wxString text = TextOf(tiles[i]);
+        if (m_values[i]->GetLabelText() != text)
+            m_values[i]->SetLabelText(text);
+    }
+}
+
+void BlendDialog::FitRows()
+{
+    m_scrolled->FitInside();
+    const wxSize best = m_scrolled->GetSizer()->CalcMin();
+    m_scrolled->SetMinSize({best.x + wxSystemSettings::GetMetric(wxSYS_VSCROLL_X, this),
+                            std::min(best.y, FromDIP(kMostHeight))});
+    wxSize size = GetSizer()->ComputeFittingWindowSize(this);
+    SetMinSize(size);
+    // What the user made larger stays so.
+    size.IncTo(GetSize());
+    if (size != GetSize())
+        SetSize(size);
+    Layout();
 }
 
 void BlendDialog::OnOk(wxCommandEvent& event)

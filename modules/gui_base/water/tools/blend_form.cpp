@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "gui_base/water/tools/blend_form.h"
 
+#include "gui_base/input/controls/tv_button.h"
 #include "gui_base/support/translation.h"
 
-#include <cmath>
+#include <algorithm>
 #include <limits>
 
 namespace {
@@ -11,9 +12,7 @@ namespace {
 constexpr double kUnknown = std::numeric_limits<double>::quiet_NaN();
 constexpr const char* kShare = "SHARE";
 constexpr const char* kFlow = "FLOW";
-constexpr double kMostFlow = 999999.0;  // m³/h
-constexpr FormLimits kShareLimits{0.0, 100.0};
-constexpr FormLimits kFlowLimits{0.0, kMostFlow};
+constexpr std::size_t kLeastRows = 2;
 
 std::vector<std::pair<wxString, wxString>> Modes()
 {
@@ -27,55 +26,96 @@ std::string SumKey(bool byFlow)
 
 }  // namespace
 
-std::string BlendForm::AmountKey(bool byFlow, std::size_t water)
-{
-    return (byFlow ? "flow." : "share.") + std::to_string(water + 1);
-}
-
 BlendForm::BlendForm(wxWindow* parent, const std::vector<std::string>& waters,
                      const water::BlendRecipe& recipe)
-    : FormBlock(nullptr, parent), m_waters(waters)
+    : FormBlock(nullptr, parent), m_waters(waters), m_rowSizer(new wxBoxSizer(wxVERTICAL))
 {
     GetFields().Details().Add(DetailData(kMode, DetailType::String)).SetValue(recipe.byFlow ? kFlow : kShare);
     auto* outer = new wxBoxSizer(wxVERTICAL);
+    SetSizer(outer);
     auto* mode = form::NewGrid(*this);
     GetFields().AddRow(
         this, *mode,
         {.key = kMode, .label = wxTRANSLATE("Amounts"), .field = FormField::Choice, .items = &Modes});
-    outer->Add(mode, wxSizerFlags().Border(wxBOTTOM, FromDIP(2 * form::kGap)));
-    SetSizer(outer);
-    AddAmounts(false, recipe);
-    AddAmounts(true, recipe);
+    const wxSizerFlags line = wxSizerFlags().Border(wxBOTTOM, FromDIP(2 * form::kGap));
+    outer->Add(mode, line);
+    outer->Add(m_rowSizer, wxSizerFlags().Expand());
+    for (const water::BlendPart& part : recipe.parts) {
+        if (std::ranges::find(m_waters, part.water) != m_waters.end())
+            AppendRow(part, recipe.byFlow);
+    }
+    while (m_rows.size() < kLeastRows)
+        AppendRow({m_waters.at(m_rows.size()), kUnknown}, recipe.byFlow);
+    m_add = GetFields().AddLocalizable(new TvButton(this, wxID_ADD, wxTRANSLATE("Add water")));
+    m_add->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { AddWater(); });
+    outer->Add(m_add, line);
+    AddSum(false);
+    AddSum(true);
     CompleteForm();
-    ShowMode();
-    UpdateSum();
+    RowsChanged();
 }
 
-void BlendForm::AddAmounts(bool byFlow, const water::BlendRecipe& recipe)
+BlendRow* BlendForm::AppendRow(const water::BlendPart& part, bool byFlow)
 {
-    DetailList& own = GetFields().Details();
-    auto* grid = form::NewGrid(*this);
-    for (std::size_t i = 0; i < m_waters.size(); ++i) {
-        double amount = kUnknown;
-        for (const water::BlendPart& part : recipe.parts) {
-            if (recipe.byFlow == byFlow && part.water == m_waters[i])
-                amount = (std::isfinite(amount) ? amount : 0.0) + part.amount;
-        }
-        const std::string key = AmountKey(byFlow, i);
-        own.Add(DetailData(key, DetailType::Double, byFlow ? "m3/h" : "%")).SetValue(amount);
-        GetFields().AddRow(this, *grid,
-                           {.key = key.c_str(),
-                            .label = m_waters[i].c_str(),
-                            .limits = byFlow ? kFlowLimits : kShareLimits,
-                            .precision = 6,
-                            .validatorFlags = ShowPreciseValue});
+    auto* row = new BlendRow(this, m_waters, part, byFlow);
+    m_rows.push_back(row);
+    m_rowSizer->Add(row, wxSizerFlags().Expand().Border(wxBOTTOM, FromDIP(form::kGap)));
+    row->SetOnChange([this] { Signal(); });
+    row->SetOnRemove([this, row] { RemoveRow(row); });
+    return row;
+}
+
+void BlendForm::AddWater()
+{
+    const auto isFree = [this](const std::string& name) {
+        return std::ranges::none_of(m_rows, [&](BlendRow* row) { return row->GetWater() == name; });
+    };
+    const auto free = std::ranges::find_if(m_waters, isFree);
+    BlendRow* row = AppendRow({free == m_waters.end() ? m_waters.front() : *free, kUnknown}, IsByFlow());
+    row->UpdateUnit(GetUnitSystem());
+    // Tab goes through the rows in their order.
+    if (m_rows.size() > 1)
+        row->MoveAfterInTabOrder(m_rows[m_rows.size() - 2]);
+    RowsChanged();
+    row->GetAmount().SetFocus();
+}
+
+void BlendForm::RemoveRow(BlendRow* row)
+{
+    const auto found = std::ranges::find(m_rows, row);
+    if (found == m_rows.end() || m_rows.size() <= kLeastRows)
+        return;
+    const auto place = static_cast<std::size_t>(found - m_rows.begin());
+    m_rows.erase(found);
+    // The keyboard stays where the row was.
+    m_rows[std::min(place, m_rows.size() - 1)]->GetAmount().SetFocus();
+    row->Destroy();
+    RowsChanged();
+}
+
+void BlendForm::RowsChanged()
+{
+    m_keys.Clear();
+    std::vector<ValueKeys::Cell> cells;
+    for (BlendRow* row : m_rows) {
+        row->EnableRemoval(m_rows.size() > kLeastRows);
+        for (TvTextCtrl* amount : row->GetAmounts())
+            cells.push_back({amount});
     }
+    m_keys.AddColumn(cells);
+    m_add->Enable(m_rows.size() < water::kMostBlendParts);
+    Signal();
+}
+
+void BlendForm::AddSum(bool byFlow)
+{
     const std::string key = SumKey(byFlow);
-    own.Add(DetailData(key, DetailType::Double, byFlow ? "m3/h" : "%"));
+    GetFields().Details().Add(DetailData(key, DetailType::Double, byFlow ? "m3/h" : "%"));
+    auto* grid = form::NewGrid(*this);
     GetFields().AddRow(
         this, *grid,
         {.key = key.c_str(), .label = wxTRANSLATE("Sum"), .field = FormField::Result, .precision = 6});
-    (byFlow ? m_byFlow : m_byShare) = grid;
+    (byFlow ? m_flowSum : m_shareSum) = grid;
     GetSizer()->Add(grid);
 }
 
@@ -86,8 +126,11 @@ bool BlendForm::IsByFlow()
 
 void BlendForm::ShowMode()
 {
-    GetSizer()->Show(m_byShare, !IsByFlow());
-    GetSizer()->Show(m_byFlow, IsByFlow());
+    const bool byFlow = IsByFlow();
+    for (BlendRow* row : m_rows)
+        row->ShowMode(byFlow);
+    GetSizer()->Show(m_shareSum, !byFlow);
+    GetSizer()->Show(m_flowSum, byFlow);
     Layout();
 }
 
@@ -98,6 +141,13 @@ void BlendForm::UpdateSum()
         sum += part.amount;
     GetFields().Details().At(SumKey(IsByFlow())).SetValue(sum);
     TransferDetailsToWindow();
+}
+
+void BlendForm::Localize(const std::string& unitSystem)
+{
+    FormBlock::Localize(unitSystem);
+    for (BlendRow* row : m_rows)
+        row->Localize(unitSystem);
 }
 
 void BlendForm::Signal()
@@ -111,10 +161,9 @@ water::BlendRecipe BlendForm::GetRecipe()
 {
     TransferDetailsFromWindow();
     water::BlendRecipe recipe{.parts = {}, .byFlow = IsByFlow()};
-    for (std::size_t i = 0; i < m_waters.size(); ++i) {
-        const double amount = GetFields().Details().At(AmountKey(recipe.byFlow, i)).GetDoubleValue();
-        if (std::isfinite(amount) && amount >= 0.0)
-            recipe.parts.push_back({m_waters[i], amount});
+    for (BlendRow* row : m_rows) {
+        if (auto part = row->GetPart())
+            recipe.parts.push_back(std::move(*part));
     }
     return recipe;
 }

@@ -35,7 +35,8 @@ TEST_F(WasteWaterTest, ShowsWhatTheDesignKnows)
     step.At("step/neutral").SetValue(3.0);
     project.SetUnitSystemDisplay("us");
     panel->UpdateUnits(true);
-    EXPECT_EQ(panel->FindField("step/neutral")->GetValue(), "3");
+    EXPECT_EQ(panel->FindField("step/neutral")->GetValue(), "2.3169") << "kilograins of calcium carbonate";
+    EXPECT_EQ(panel->FindField("stepcomp/rm", 0)->GetValue().BeforeFirst('.'), "176") << "pounds";
     panel->Destroy();
 
     auto* empty = new TvWasteWaterAndComposition(&project, m_frame, {}, "Step");

@@ -1,9 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "gui_base/input/controls/tv_radiobutton.h"
+#include "gui_base/input/form/shown_context.h"
 #include "gui_base/input/validation/validator.h"
+#include "gui_base/report/blend_tiles.h"
 #include "gui_base/water/tools/alkalization_dialog.h"
 #include "gui_base/water/tools/blend_dialog.h"
 #include "gui_base/water/tools/co2_calculator_dialog.h"
+#include "projectbase/advice/evaluation.h"
+#include "projectbase/project/blended_water.h"
 #include "projectbase/project/iex_project.h"
 #include "tests/support/gui_test.h"
 
@@ -12,6 +16,7 @@
 #include <wx/uiaction.h>
 
 #include <cmath>
+#include <map>
 
 namespace {
 
@@ -164,36 +169,147 @@ TEST_F(WaterToolsTest, CancelledAlkalizationRestoresEveryValue)
         EXPECT_TRUE(SameDetailValue(detail.GetStoredValue(), before[i++])) << name;
 }
 
-TEST_F(WaterToolsTest, ABlendTakesAnyNumberOfWatersByShareOrByFlow)
+class BlendTest : public WaterToolsTest
 {
-    const water::BlendRecipe halves{{{"Feed", 50.0}, {"Well", 50.0}}};
-    BlendDialog dialog(m_frame, {"Feed", "Well", "River", "Lake"}, halves, "us");
-    BlendForm& form = dialog.GetForm();
-    EXPECT_EQ(dialog.GetRecipe().parts.size(), 2u) << "an empty field is no part";
-    m_dialogs.Expect([](wxDialog&) { return static_cast<int>(wxID_NONE); });
-    dialog.CallAfter([&] {
-        Enter(*form.FindField(BlendForm::AmountKey(false, 2)), "25");
+protected:
+    void SetUp() override
+    {
+        WaterToolsTest::SetUp();
+        m_waters.push_back(m_project.GetLiquid(0).GetName());
+        for (const auto& [name, sodium] :
+             {std::pair("Well", 92.0), std::pair("River", 0.0), std::pair("Lake", 23.0)}) {
+            DetailList& water = *m_project.AddLiquid(name).GetDetails();
+            water.At("liquid/na.orig").SetValue(sodium);
+            water.At("liquid/cl.orig").SetValue(sodium * 35.45 / 22.99);
+            m_waters.emplace_back(name);
+        }
+        m_project.CalculateDesign();
+    }
+    /// Opens the dialog on a recipe and drives it by `use`.
+    template <typename Use>
+    int Run(const water::BlendRecipe& recipe, Use use)
+    {
+        const ReportContext context = ShownContext("us");
+        BlendDialog dialog(m_frame, m_waters, recipe, "us", [&](const water::BlendRecipe& tried) {
+            return wateranalysis::BlendTiles(m_project, nullptr, tried, context);
+        });
+        m_dialogs.Expect([](wxDialog&) { return static_cast<int>(wxID_NONE); });
+        dialog.CallAfter([&] { use(dialog); });
+        const int answer = dialog.ShowModal();
+        m_recipe = dialog.GetRecipe();
+        return answer;
+    }
+    static TvTextCtrl& Amount(BlendDialog& dialog, std::size_t row)
+    {
+        return dialog.GetForm().GetRows().at(row)->GetAmount();
+    }
+    static wxString Preview(BlendDialog& dialog, const wxString& title)
+    {
+        return Find<wxStaticText>(dialog, title).GetLabelText();
+    }
+
+    std::vector<std::string> m_waters;
+    water::BlendRecipe m_recipe;
+};
+
+TEST_F(BlendTest, RowsAreAddedAndRemovedAndOnlyTheRatioCounts)
+{
+    const water::BlendRecipe halves{{{m_waters[0], 50.0}, {"Well", 50.0}}};
+    const int answer = Run(halves, [&](BlendDialog& dialog) {
+        BlendForm& form = dialog.GetForm();
+        const auto remove = [&](std::size_t row) -> wxWindow& {
+            return Find<wxButton>(*form.GetRows().at(row));
+        };
+        ASSERT_EQ(form.GetRows().size(), 2u);
+        EXPECT_FALSE(remove(0).IsEnabled()) << "a blend needs two waters";
+        const wxSize before = dialog.GetSize();
+        Click(*form.FindWindow(wxID_ADD));
+        ASSERT_EQ(form.GetRows().size(), 3u);
+        EXPECT_EQ(form.GetRows()[2]->GetWater(), "River") << "the first one that is not there yet";
+        EXPECT_TRUE(Amount(dialog, 2).HasFocus());
+        EXPECT_GT(dialog.GetSize().y, before.y);
+        EXPECT_EQ(dialog.GetRecipe().parts.size(), 2u) << "an empty field is no part";
+        Type("25");
+        Press(WXK_RETURN);
         const auto byShare = dialog.GetRecipe();
         ASSERT_EQ(byShare.parts.size(), 3u);
-        EXPECT_EQ(byShare.parts[2].water, "River");
-        EXPECT_EQ(byShare.Shares()[2], 0.2) << "only the ratio counts";
+        EXPECT_EQ(byShare.Shares()[2], 0.2);
         EXPECT_EQ(form.FindField("share.sum")->GetValue(), "125");
 
+        // Up and down as in every column of values; what is entered is replaced by what is typed.
+        Press(WXK_UP);
+        EXPECT_TRUE(Amount(dialog, 1).HasFocus());
+        Type("75");
+        Press(WXK_DOWN);
+        EXPECT_EQ(form.FindField("share.sum")->GetValue(), "150");
+        Click(*form.FindWindow(wxID_ADD));
+        Click(remove(1));
+        Pump();
+        ASSERT_EQ(form.GetRows().size(), 3u);
+        EXPECT_EQ(form.FindField("share.sum")->GetValue(), "75") << "what is not there does not count";
+        EXPECT_TRUE(Amount(dialog, 1).HasFocus());
+        Press(WXK_UP);
+        EXPECT_TRUE(Amount(dialog, 0).HasFocus()) << "the keys know the rows that there are now";
+        Push(dialog, wxID_OK);
+    });
+    EXPECT_EQ(answer, wxID_OK);
+    ASSERT_EQ(m_recipe.parts.size(), 2u);
+    EXPECT_EQ(m_recipe.parts[1].water, "River");
+}
+
+TEST_F(BlendTest, FlowsAreInUnitsOfTheUserAndIncompleteRecipesStayOpen)
+{
+    const int answer = Run({{{m_waters[0], 50.0}, {"gone", 50.0}}}, [&](BlendDialog& dialog) {
         Focus(Find<wxChoice>(dialog, "Amounts"));
         Press(WXK_DOWN);
         Push(dialog, wxID_OK);
         EXPECT_TRUE(dialog.IsShown()) << "no amounts yet: it stays open";
-        Enter(*form.FindField(BlendForm::AmountKey(true, 0)), "44");
-        Enter(*form.FindField(BlendForm::AmountKey(true, 3)), "132");
+        Enter(Amount(dialog, 0), "44");
+        Focus(dialog.GetForm().GetRows()[1]->GetChoice());
+        Press(WXK_END);
+        Enter(Amount(dialog, 1), "132");
         Push(dialog, wxID_OK);
     });
-    EXPECT_EQ(dialog.ShowModal(), wxID_OK);
-    const auto byFlow = dialog.GetRecipe();
-    EXPECT_TRUE(byFlow.byFlow);
-    ASSERT_EQ(byFlow.parts.size(), 2u);
-    EXPECT_EQ(byFlow.parts[1].water, "Lake");
-    EXPECT_NEAR(byFlow.parts[1].amount, 132.0 * 0.2271247, 1e-3) << "gallons a minute in m\u00b3/h";
-    EXPECT_NEAR(byFlow.Shares()[0], 0.25, 1e-12);
+    EXPECT_EQ(answer, wxID_OK);
+    EXPECT_TRUE(m_recipe.byFlow);
+    ASSERT_EQ(m_recipe.parts.size(), 2u);
+    EXPECT_EQ(m_recipe.parts[1].water, "Lake");
+    EXPECT_NEAR(m_recipe.parts[1].amount, 132.0 * 0.2271247, 1e-3) << "gallons a minute in m\u00b3/h";
+    EXPECT_NEAR(m_recipe.Shares()[0], 0.25, 1e-12);
+}
+
+TEST_F(BlendTest, ThePreviewIsWhatTheBlendWillBe)
+{
+    const auto tiles = [this](const LiquidData& water) {
+        std::map<std::string, std::string> texts;
+        for (const auto& tile : wateranalysis::ResultTiles(advice::Evaluate(m_project, water), m_project,
+                                                           water, ShownContext("us")))
+            texts[tile.title] = tile.value;
+        return texts;
+    };
+    std::map<wxString, wxString> shown;
+    Run({{{"Well", 50.0}, {"River", 50.0}}}, [&](BlendDialog& dialog) {
+        const wxString before = Preview(dialog, "TDS");
+        Enter(Amount(dialog, 0), "150");
+        EXPECT_NE(Preview(dialog, "TDS"), before);
+        Amount(dialog, 1).Clear();
+        Enter(Amount(dialog, 1), "");
+        EXPECT_EQ(Preview(dialog, "TDS"), "") << "no blend yet";
+        Enter(Amount(dialog, 1), "50");
+        for (const char* title : {"TDS", "Total hardness", "Alkalinity (m-value)", "pH", "Balance error"})
+            shown[title] = Preview(dialog, title);
+        Push(dialog, wxID_OK);
+    });
+    EXPECT_EQ(m_project.GetLiquidCount(), 4u) << "the dialog changes nothing";
+    const auto made = tiles(water::StoreBlend(m_project, nullptr, m_recipe, "Blend"));
+    for (const auto& [title, text] : shown) {
+        const auto tile = made.find(title.utf8_string());
+        if (tile != made.end()) {
+            EXPECT_TRUE(text.StartsWith(wxString::FromUTF8(tile->second))) << title << ": " << text;
+        }
+    }
+    EXPECT_NE(shown["TDS"], "");
+    EXPECT_NE(shown["Balance error"], "");
 }
 
 }  // namespace

@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: MIT
+#include "projectbase/project/blended_water.h"
+
+#include "projectbase/project/project.h"
+#include "projectbase/project/project_edit.h"
+
+#include <wx/translation.h>
+
+namespace water {
+
+LiquidData& StoreBlend(Project& project, LiquidData* blend, const BlendRecipe& recipe,
+                       const std::string& name)
+{
+    const ProjectEdit edit(project, wxTRANSLATE("blend waters"));
+    if (blend == nullptr)
+        blend = &project.AddLiquid(name);
+    StoreRecipe(recipe, *blend->GetDetails());
+    return *blend;
+}
+
+TriedBlend TryBlend(const Project& project, const LiquidData* blend, const BlendRecipe& recipe)
+{
+    TriedBlend tried{.project = project.Clone()};
+    LiquidData* copy = blend == nullptr ? nullptr : &tried.project->GetLiquid(blend->GetPosition());
+    // Nobody sees its name.
+    tried.water = &StoreBlend(*tried.project, copy, recipe, "blend");
+    return tried;
+}
+
+}  // namespace water
