@@ -7,6 +7,7 @@
 #include "app/frame/main_frame.h"
 #include "app/frame/tarnvik_app.h"
 #include "app/language/language.h"
+#include "dbinterfaces/master_database.h"
 #include "dbinterfaces/project_database.h"
 #include "gui_base/ionexchange/feed/pfeedcomposition.h"
 #include "gui_base/support/density.h"
@@ -37,7 +38,9 @@ protected:
         app::SwitchLanguage("en");
         ProjectDatabase::Open((m_folder / "user.db").string());
         // What an earlier program kept.
-        for (const char* kept : {"/Perspective/iex", "/Window/docking.1", "/Window/messages", "/Window/place",
+        for (const DBObjects::PlantType& plant : MasterDatabase::GetPlantTypes())
+            ProjectDatabase::SetLocalParameter("/Perspective/" + plant.type, {});
+        for (const char* kept : {"/Window/diagram", "/Window/docking.1", "/Window/messages", "/Window/place",
                                  "/Window/collapsed"})
             ProjectDatabase::SetLocalParameter(kept, {});
         ProjectDatabase::SetLocalParameter("/RecentFiles", {});

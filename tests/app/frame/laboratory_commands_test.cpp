@@ -49,7 +49,7 @@ TEST_F(LaboratoryCommandsTest, ALaboratorysFileIsPreviewedAndTakenOver)
     m_frame->Waters().ImportFrom(path);
     EXPECT_EQ(shown, wxString::FromUTF8(
                          "Probe=/Name of the sample;Ca [mg/l]=40.5/;"
-                         "Uran [\u00b5g/l]=/Unknown parameter;pH=7.25/;Cl [mg/l]=0.5/Limit of detection;"));
+                         "Uran [\u00b5g/l]=/Unknown parameter;pH=7.25/;Cl [mg/l]=<1/Limit of detection;"));
     EXPECT_EQ(Water("na.orig").GetDoubleValue(), sodium) << "nothing changes before OK";
     EXPECT_FALSE(m_frame->GetDocument().IsUnsaved());
 
@@ -87,7 +87,8 @@ TEST_F(LaboratoryCommandsTest, LimitsOfDetectionAreReadAsChosenBefore)
     };
     expect("half of the limit", "the limit", wxID_OK);
     m_frame->Waters().ImportFrom(path);
-    EXPECT_EQ(Water("cl.orig").GetDoubleValue(), 8.0);
+    EXPECT_EQ(WaterPage().FindField("liquid/cl.orig")->GetValue(), "<8");
+    EXPECT_EQ(Water("cl.mgl").GetDoubleValue(), 8.0);
     expect("the limit", "zero", wxID_CANCEL);
     m_frame->Waters().ImportFrom(path);
     Settings::Save();
@@ -95,7 +96,7 @@ TEST_F(LaboratoryCommandsTest, LimitsOfDetectionAreReadAsChosenBefore)
     Settings::Load();
     expect("the limit", "half of the limit", wxID_OK);
     m_frame->Waters().ImportFrom(path);
-    EXPECT_EQ(Water("cl.orig").GetDoubleValue(), 4.0);
+    EXPECT_EQ(Water("cl.mgl").GetDoubleValue(), 4.0);
 
     std::ofstream(path) << "Ca [mg/l];Cl [mg/l]\n40;8\n";
     m_dialogs.Expect([](wxDialog& dialog) {

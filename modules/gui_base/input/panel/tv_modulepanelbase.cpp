@@ -364,6 +364,12 @@ void ModulePanelBase::LocalizeControls()
         control->Localize(unitSystem);
 }
 
+void ModulePanelBase::ScrollWindow(int dx, int dy, const wxRect* rect)
+{
+    wxScrolled<wxPanel>::ScrollWindow(dx, dy, rect);
+    Refresh();
+}
+
 void ModulePanelBase::DoArrange(int width)
 {
     if (GetSizer() != nullptr)

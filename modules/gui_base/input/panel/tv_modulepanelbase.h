@@ -56,6 +56,8 @@ public:
     /// keyboard, instead of scrolling to it. A page that is being opened has not its size yet.
     void SetKeepsTop(bool keeps) { m_keepsTop = keeps; }
     bool Validate() override;
+    /// The toolkit moves what stands in boxes, and leaves their frames where they were drawn.
+    void ScrollWindow(int dx, int dy, const wxRect* rect = nullptr) override;
 
     /// Finds the status bar, gives it to the control's validator, and synchronises the project when it
     /// commits.

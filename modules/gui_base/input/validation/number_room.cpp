@@ -7,6 +7,10 @@
 #include <wx/scrolwin.h>
 #include <wx/textctrl.h>
 
+#ifdef __WXGTK__
+#include <gtk/gtk.h>
+#endif
+
 #include <algorithm>
 
 namespace number_room {
@@ -15,8 +19,23 @@ namespace {
 /// Every field has room for that many characters; measuring costs more than counting.
 constexpr std::size_t kAlwaysRoom = 6;
 constexpr int kCellMargin = 10;
+/// Beside a text for the caret, in DIP.
+constexpr int kCaret = 2;
+
 /// Frame and padding of a field on both sides together.
-constexpr int kFieldMargins = 14;
+int MarginsOf(const wxTextCtrl& field)
+{
+#ifdef __WXGTK3__
+    GtkStyleContext* style = gtk_widget_get_style_context(field.GetHandle());
+    GtkBorder padding;
+    GtkBorder border;
+    gtk_style_context_get_padding(style, gtk_style_context_get_state(style), &padding);
+    gtk_style_context_get_border(style, gtk_style_context_get_state(style), &border);
+    return padding.left + padding.right + border.left + border.right + field.FromDIP(kCaret);
+#else
+    return field.FromDIP(10 + kCaret);
+#endif
+}
 
 void LayOutAround(const wxWindow& field)
 {
@@ -38,7 +57,7 @@ void Fit(wxTextCtrl& field, int usual)
     int wanted = usual;
     if (!text.empty())
         // The toolkit's own answer counts the present width in, and so would grow with every question.
-        wanted = std::max(wanted, field.GetTextExtent(text).x + field.FromDIP(kFieldMargins));
+        wanted = std::max(wanted, field.GetTextExtent(text).x + MarginsOf(field));
     if (wanted == field.GetMinSize().x)
         return;
     // So would its height, were it asked for anew. What is folded away has none yet.

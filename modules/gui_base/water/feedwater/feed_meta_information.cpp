@@ -14,7 +14,7 @@ namespace {
 
 /// Country and place bring a gap between them.
 constexpr int kColumns = 5;
-constexpr int kSourceWidth = 165;
+constexpr int kSourceWidth = 148;
 constexpr int kCountryWidth = 166;
 
 LiquidData& Required(LiquidData* liquid)

@@ -209,13 +209,15 @@ TEST_F(WaterAnalysisTest, ValuesOutOfRangeAreColouredFlaggedAndReported)
     EXPECT_EQ(Value("ph"), 15.0) << "nothing is lost";
     EXPECT_EQ(Detail("ph").GetRangeFlag(), 1);
     EXPECT_EQ(Field("ph").GetBackgroundColour(), wxColour(255, 160, 144));
-    gui_test::Enter(Field("na.orig"), "-1");
-    EXPECT_EQ(Detail("na.orig").GetRangeFlag(), -1);
-    Pump();
-    EXPECT_EQ(m_outOfRange, (std::vector<std::string>{"liquid/na.orig", "liquid/ph"}));
-    // The limit is an amount: the same number is too much in meq/l and reasonable in ppb.
+    // The limit is an amount: the same number is too much in mg/l and reasonable in ppb.
     gui_test::Enter(Field("na.orig"), "300000");
     EXPECT_EQ(Detail("na.orig").GetRangeFlag(), 1);
+    Pump();
+    EXPECT_EQ(m_outOfRange, (std::vector<std::string>{"liquid/na.orig", "liquid/ph"}));
+    gui_test::Enter(Field("na.orig"), "<300000");
+    EXPECT_EQ(Detail("na.orig").GetRangeFlag(), 1) << "nor is it a limit of detection";
+    gui_test::Enter(Field("na.orig"), "-1");
+    EXPECT_EQ(Value("na.orig"), -300000.0) << "no amount is negative";
     Choose("Sodium", "ppb");
     EXPECT_EQ(Detail("na.orig").GetRangeFlag(), 0);
     gui_test::Enter(Field("ph"), "");
