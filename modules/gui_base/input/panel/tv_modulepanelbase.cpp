@@ -12,6 +12,10 @@
 #include <wx/sizer.h>
 #include <wx/wupdlock.h>
 
+#ifdef __WXGTK__
+#include <gtk/gtk.h>
+#endif
+
 #include <algorithm>
 #include <optional>
 #include <utility>
@@ -367,7 +371,9 @@ void ModulePanelBase::LocalizeControls()
 void ModulePanelBase::ScrollWindow(int dx, int dy, const wxRect* rect)
 {
     wxScrolled<wxPanel>::ScrollWindow(dx, dy, rect);
-    Refresh();
+#ifdef __WXGTK3__
+    CallAfter([this] { gtk_widget_queue_resize(m_wxwindow); });
+#endif
 }
 
 void ModulePanelBase::DoArrange(int width)

@@ -15,7 +15,7 @@ namespace {
 /// Country and place bring a gap between them.
 constexpr int kColumns = 5;
 constexpr int kSourceWidth = 148;
-constexpr int kCountryWidth = 166;
+constexpr int kCountryWidth = 156;
 
 LiquidData& Required(LiquidData* liquid)
 {
@@ -68,6 +68,7 @@ void FeedMetaInformation::CreateControls(const FeedMetaInformationConfig& config
     m_waterType = AddCombination(std::make_unique<ChoiceCombination>(
         this, wxID_ANY, wxTRANSLATE("Water type"), ":", WithNone(config.waterTypes),
         &details.At("liquid/water.type"), grid));
+    m_waterType->GetChoice()->SetMinSize(wxSize(size.x, -1));
     grid->AddSpacer(0);
     AddCell(*grid,
             {.key = "liquid/water.source", .label = wxTRANSLATE("Water source"), .width = kSourceWidth});
