@@ -259,9 +259,10 @@ TEST_F(LayoutTest, PagesOfANarrowWindowScrollDownwardsAlone)
                     beyond.push_back((window.GetName() + " " + window.GetLabel()).utf8_string() + " +" +
                                      std::to_string(right - edge));
             });
-            if (!wide.contains(id))
+            if (!wide.contains(id)) {
                 EXPECT_THAT(beyond, testing::IsEmpty())
                     << id << ", " << language << ": " << Page().GetClientSize().x;
+            }
         });
     }
 }
