@@ -153,8 +153,9 @@ protected:
             dynamic_cast<const wxDatePickerCtrl*>(window.GetParent()) != nullptr ||
             dynamic_cast<const wxComboCtrl*>(window.GetParent()) != nullptr)
             return {0, 0};
+        // The best height of a field counts in what was asked for before.
         if (dynamic_cast<const wxTextCtrl*>(&window) != nullptr)
-            return {0, window.HasFlag(wxTE_MULTILINE) ? 0 : best.y};
+            return {0, window.HasFlag(wxTE_MULTILINE) ? 0 : window.GetCharHeight()};
         if (const auto* choice = dynamic_cast<const wxChoice*>(&window)) {
             // A list may have longer texts than the field: what is chosen is seen, unless the field has a
             // width of its own, as those for names of resins.

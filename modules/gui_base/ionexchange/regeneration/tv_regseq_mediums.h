@@ -45,7 +45,7 @@ protected:
     void DoBindEvents() override {}
     void DoPrepare() override { UpdateGrid(); }
     void DoUpdateUnits() override { UpdateGrid(); }
-    void DoLocalize() override { UpdateGrid(); }
+    void DoLocalize() override;
     void DoFollowProject() override { UpdateGrid(); }
     void DoConnectTvTextCtrlsToStatusbar() override {}
     void DoSendVisualizeMessageEvent() override {}
