@@ -14,6 +14,7 @@
 #include <wx/combobox.h>
 #include <wx/datectrl.h>
 #include <wx/radiobut.h>
+#include <wx/statbox.h>
 #include <wx/stattext.h>
 #include <wx/textctrl.h>
 
@@ -191,7 +192,10 @@ protected:
         std::vector<std::string> places;
         VisitShown(Page(), [&](const wxWindow& window) {
             // The toolkit does not say where the title of a box is.
-            const wxRect rect = IsTitle(window) ? wxRect() : window.GetRect();
+            wxRect rect = IsTitle(window) ? wxRect() : window.GetRect();
+            // A box is as wide as the page, which a scroll bar makes narrower.
+            if (dynamic_cast<const wxStaticBox*>(&window) != nullptr)
+                rect.width = 0;
             places.push_back(wxString::Format("%s '%s' %s: %d, %d, %d x %d",
                                               window.GetClassInfo()->GetClassName(), window.GetLabel(),
                                               window.GetName(), rect.x, rect.y, rect.width, rect.height)

@@ -95,6 +95,7 @@ void TVRegenerationMediumsSubpanel::DoCreateControls()
 {
     auto* box = AddLocalizable(new TvStaticBoxSizer(wxVERTICAL, this, wxTRANSLATE("Medium volumes")));
     m_grid = new TVRegSeqMediumsGrid(box->GetStaticBox());
+    accessibility::SetName(*m_grid, i18n::Translated("Medium volumes"));
     box->Add(m_grid, wxSizerFlags(1).Expand().Border(wxALL, FromDIP(form::kGap)));
     SetSizer(box);
 }
