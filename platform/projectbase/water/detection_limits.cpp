@@ -64,7 +64,7 @@ Composition LimitsOfIons(const DetailList& liquid)
 {
     Composition limits;
     for (const IonRow& row : IonRows()) {
-        if (!row.species || row.species == Species::H)
+        if (!row.species)
             continue;
         // Silica and boron have no charge, and count one equivalent a mole.
         const int charge = std::max(1, std::abs(Charge(*row.species)));

@@ -233,7 +233,8 @@ void StoreSample(const std::vector<TakenValue>& values, DetailList& liquid, labo
         ClearMeasuredValues(liquid);
     }
     liquid.At("liquid/analysis.type").SetValue("FULL");
-    liquid.At("liquid/limits").SetValue(CodeOf(limits));
+    if (std::ranges::any_of(values, &TakenValue::isLimit))
+        liquid.At("liquid/limits").SetValue(CodeOf(limits));
     for (const TakenValue& value : values) {
         if (value.text.empty())
             liquid.At(value.key).SetValue(value.value);

@@ -40,8 +40,9 @@ PROJECTBASE_EXPORT std::vector<TakenValue> TakeSample(const laboratory::File& fi
                                                       laboratory::LimitReading limits);
 
 /// Stores the values as a full analysis. With `clearOthers` the concentrations that the file does not state
-/// become 0 and the other properties unknown; units that were chosen and texts stay. Limits of detection
-/// count in the water by `limits` from then on. The water is not recalculated.
+/// become 0 and the other properties unknown; units that were chosen and texts stay. Where the
+/// sample has limits of detection, those of the water count by `limits` from then on. The water is not
+/// recalculated.
 PROJECTBASE_EXPORT void StoreSample(const std::vector<TakenValue>& values, DetailList& liquid,
                                     laboratory::LimitReading limits, bool clearOthers);
 

@@ -106,6 +106,12 @@ TEST(LaboratoryImport, LimitsOfDetectionCountAsIsChosen)
         EXPECT_EQ(water["ph"], 7.0);
         EXPECT_EQ(water["cl.orig"], 7.5);
     }
+    WaterUnderTest water;
+    water.Set("limits", "LIMIT");
+    water::StoreSample(Take(laboratory::Read("Ca [mg/l];Cl\n40;8\n"), water), water.Details(),
+                       LimitReading::Zero, false);
+    EXPECT_EQ(water.Details().At("liquid/limits").GetStdStringValue(), "LIMIT")
+        << "a sample without limits says nothing of those that were typed";
     for (const LimitReading reading : {LimitReading::Zero, LimitReading::Half, LimitReading::Limit})
         EXPECT_EQ(water::LimitReadingOf(water::CodeOf(reading)), reading);
 }
