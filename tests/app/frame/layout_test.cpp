@@ -193,10 +193,7 @@ protected:
         std::vector<std::string> places;
         VisitShown(Page(), [&](const wxWindow& window) {
             // The toolkit does not say where the title of a box is.
-            wxRect rect = IsTitle(window) ? wxRect() : window.GetRect();
-            // A box is as wide as the page, which a scroll bar makes narrower.
-            if (dynamic_cast<const wxStaticBox*>(&window) != nullptr)
-                rect.width = 0;
+            const wxRect rect = IsTitle(window) ? wxRect() : window.GetRect();
             places.push_back(wxString::Format("%s '%s' %s: %d, %d, %d x %d",
                                               window.GetClassInfo()->GetClassName(), window.GetLabel(),
                                               window.GetName(), rect.x, rect.y, rect.width, rect.height)
@@ -228,9 +225,9 @@ protected:
 
 TEST_F(LayoutTest, NothingIsClippedAndEverythingComesBack)
 {
-    // The same changes each time; others are tried with a seed in the environment.
+    // Other changes each time; those that found something come again with their seed in the environment.
     const char* const wanted = std::getenv("TARNVIK_LAYOUT_SEED");
-    const unsigned long seed = wanted != nullptr ? std::strtoul(wanted, nullptr, 10) : 16;
+    const unsigned long seed = wanted != nullptr ? std::strtoul(wanted, nullptr, 10) : std::random_device()();
     std::mt19937 random(static_cast<std::mt19937::result_type>(seed));
     SCOPED_TRACE("seed " + std::to_string(seed));
     ForEachPage([&](const std::string& id) {
@@ -239,7 +236,6 @@ TEST_F(LayoutTest, NothingIsClippedAndEverythingComesBack)
         m_frame->RebuildPages();
         gui_test::Pump();
         const std::vector<std::string> before = Places();
-        const int width = Page().GetClientSize().x;
         for (int step = 0; step < 6; ++step) {
             Apply(Vary(random));
             EXPECT_THAT(Clipped(), testing::IsEmpty()) << id << ": " << m_now.Describe();
@@ -247,17 +243,14 @@ TEST_F(LayoutTest, NothingIsClippedAndEverythingComesBack)
         // Narrow, and wide again.
         Apply({.width = 1024});
         Apply({});
-        // Whether a scroll bar stands beside what just fits hangs on what came before.
-        if (Page().GetClientSize().x == width) {
-            EXPECT_EQ(Moved(before, Places()), "") << id << " does not come back";
-        }
+        EXPECT_EQ(Moved(before, Places()), "") << id << " does not come back";
     });
 }
 
 TEST_F(LayoutTest, PagesOfANarrowWindowScrollDownwardsAlone)
 {
-    // Drawings and tables of many columns are wider.
-    const std::set<std::string> wide{"overview", "feed", "regeneration", "wastewater", "cost"};
+    // A drawing becomes no smaller than its texts can be read.
+    const std::set<std::string> wide{"overview"};
     for (const char* language : {"en", "de", "fr"}) {
         Apply({.language = language, .width = 1024});
         ForEachPage([&](const std::string& id) {

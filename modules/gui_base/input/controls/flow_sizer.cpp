@@ -62,7 +62,12 @@ wxSize FlowSizer::CalcMin()
 
 void FlowSizer::RepositionChildren(const wxSize&)
 {
-    Arrange([this](wxSizerItem& item, const wxPoint& place, const wxSize& size) {
+    bool isColumn = true;
+    const wxSize taken = Arrange(
+        [&](wxSizerItem&, const wxPoint& place, const wxSize&) { isColumn = isColumn && place.x == 0; });
+    Arrange([&](wxSizerItem& item, const wxPoint& place, wxSize size) {
+        if (isColumn && (item.GetFlag() & wxEXPAND) != 0)
+            size.x = taken.x;
         item.SetDimension(m_position + place, size);
     });
 }

@@ -7,7 +7,7 @@
 
 /// Places items from left to right and begins a new line where the next one would not fit. The same room
 /// gives the same lines, whatever the room was before. Items with wxEXPAND are as high as their line,
-/// unless they are folded to a line of their own.
+/// unless they are folded to a line of their own; all below each other they are as wide as the widest.
 class GUI_BASE_EXPORT FlowSizer : public wxSizer
 {
 public:

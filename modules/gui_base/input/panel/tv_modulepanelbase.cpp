@@ -9,6 +9,7 @@
 #include <wx/datectrl.h>
 #include <wx/log.h>
 #include <wx/msgdlg.h>
+#include <wx/settings.h>
 #include <wx/sizer.h>
 #include <wx/wupdlock.h>
 
@@ -136,7 +137,7 @@ void ModulePanelBase::BindBaseEvents()
     Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
         // The toolkit lays out for the new size when this handler has returned.
         event.Skip();
-        DoArrange(GetClientSize().x);
+        DoArrange(WidthToArrange());
     });
     Bind(wxEVT_SHOW, [this](wxShowEvent& event) {
         event.Skip();
@@ -376,6 +377,15 @@ void ModulePanelBase::ScrollWindow(int dx, int dy, const wxRect* rect)
 #endif
 }
 
+int ModulePanelBase::WidthToArrange() const
+{
+    // Beside a bar there is less room, and whether there is one hangs on how high the contents are: what is
+    // arranged for the room beside it stands the same way with it and without.
+    if (!IsBookPage())
+        return GetClientSize().x;
+    return GetSize().x - std::max(wxSystemSettings::GetMetric(wxSYS_VSCROLL_X, this), 0);
+}
+
 void ModulePanelBase::DoArrange(int width)
 {
     if (GetSizer() != nullptr)
@@ -386,12 +396,14 @@ void ModulePanelBase::FitAndLayout()
 {
     // Texts and units may have become shorter, which the toolkit does not ask about again.
     ForgetBestSizes(*this);
-    DoArrange(GetClientSize().x);
+    DoArrange(WidthToArrange());
     // A page of a notebook keeps the place that it is given, and scrolls; any other one has room for all.
     if (GetSizer() != nullptr && !IsBookPage())
         GetSizer()->SetSizeHints(this);
+    // The room first: the layout takes all that there is to scroll over.
     if (GetSizer() != nullptr)
         FitInside();
+    Layout();
     // What is around a panel on a page grows with it, as far as the page that scrolls.
     const ModulePanelBase* whole = this;
     for (wxWindow* around = GetParent(); around != nullptr; around = around->GetParent()) {

@@ -119,6 +119,8 @@ protected:
     /// the width, a text or a unit changed, before the layout. The same width gives the same places. A
     /// FlowSizer needs nothing else.
     virtual void DoArrange(int width);
+    /// The width that DoArrange is asked for, in pixels.
+    int WidthToArrange() const;
     /// Whether the panel shows anything of what changed.
     virtual bool DoConcerns(const ProjectChanges&) { return true; }
     /// Shows what others changed in the project.

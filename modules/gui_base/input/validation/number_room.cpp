@@ -37,14 +37,22 @@ int MarginsOf(const wxTextCtrl& field)
 #endif
 }
 
+/// Lays out everything from the field's parent to the page that scrolls, which may hold panels that scroll
+/// themselves elsewhere.
 void LayOutAround(const wxWindow& field)
 {
+    const wxWindow* page = nullptr;
+    for (const wxWindow* around = field.GetParent(); around != nullptr && !around->IsTopLevel();
+         around = around->GetParent()) {
+        if (dynamic_cast<const wxScrollHelper*>(around) != nullptr)
+            page = around;
+    }
     for (wxWindow* around = field.GetParent(); around != nullptr; around = around->GetParent()) {
-        around->Layout();
-        const bool scrolls = dynamic_cast<wxScrollHelper*>(around) != nullptr;
-        if (scrolls)
+        around->InvalidateBestSize();
+        if (dynamic_cast<wxScrollHelper*>(around) != nullptr)
             around->FitInside();
-        if (scrolls || around->IsTopLevel())
+        around->Layout();
+        if (around == page || around->IsTopLevel())
             return;
     }
 }

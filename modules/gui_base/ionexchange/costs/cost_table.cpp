@@ -14,11 +14,15 @@
 
 namespace {
 
-constexpr int kColumnsOfNumber = 2;
-constexpr int kQuantityWidth = 66;
-constexpr int kPriceWidth = 78;
-constexpr int kMoneyWidth = 92;
+/// Name; quantity and price, each with a unit of its line.
+constexpr int kColumnsOfLine = 5;
+/// In DIP; longer numbers take more.
+constexpr int kQuantityWidth = 52;
+constexpr int kPriceWidth = 56;
+constexpr int kMoneyWidth = 66;
+constexpr int kShareWidth = 42;
 constexpr int kPriceDigits = 6;
+constexpr int kResultDigits = 4;
 
 }  // namespace
 
@@ -26,46 +30,56 @@ CostTable::CostTable(FieldSet& fields, wxWindow* parent, const char* quantity,
                      std::span<const cost_table::Line> lines, std::span<const cost_table::Result> results)
     : m_fields(fields)
 {
-    const int numbers = 2 + static_cast<int>(results.size());
-    m_grid = form::NewGrid(*parent, 1 + kColumnsOfNumber * numbers);
+    m_grid = form::NewGrid(*parent, kColumnsOfLine + static_cast<int>(results.size()));
+    m_grid->SetHGap(parent->FromDIP(form::kGap));
     m_grid->AddSpacer(0);
-    AddHead(parent, quantity, true);
-    AddHead(parent, wxTRANSLATE("Price"), true);
+    for (const char* head : {quantity, static_cast<const char*>(wxTRANSLATE("Price"))}) {
+        AddHead(parent, head);
+        m_grid->AddSpacer(0);
+    }
     for (const cost_table::Result& result : results)
-        AddHead(parent, result.head, true);
+        AddHead(parent, result.head);
+    // Results have one unit in all lines: it stands once, which leaves room for their numbers.
+    for (int column = 0; column < kColumnsOfLine; ++column)
+        m_grid->AddSpacer(0);
+    for (const cost_table::Result& result : results)
+        m_grid->Add(AddUnit(parent, result.unit), wxSizerFlags().Right());
     for (const cost_table::Line& line : lines)
         AddRow(parent, line, quantity, results);
 }
 
-void CostTable::AddHead(wxWindow* parent, const char* text, bool isNumber)
+void CostTable::AddHead(wxWindow* parent, const char* text)
 {
     TvStaticText* head = m_fields.AddLabel(parent, wxString::FromUTF8(text));
     head->SetFont(head->GetFont().Bold());
-    m_grid->Add(head, isNumber ? wxSizerFlags().Right() : wxSizerFlags());
-    m_grid->AddSpacer(0);
+    m_grid->Add(head, wxSizerFlags().Right());
+}
+
+wxWindow* CostTable::AddUnit(wxWindow* parent, const std::string& isoUnit)
+{
+    return m_fields.AddUnitLabel(parent, wxString::FromUTF8(isoUnit), true);
 }
 
 void CostTable::AddField(wxWindow* parent, Row& row, const char* head, DetailData& detail, bool isInput)
 {
-    const bool isMoney = detail.GetUnit() == "EUR";
-    const FormRow spec{.key = detail.GetName().c_str(),
-                       .label = head,
-                       .field = isInput ? FormField::Input : FormField::Result,
-                       .precision = isMoney   ? 2
-                                    : isInput ? kPriceDigits
-                                              : 4,
-                       .format = isMoney ? TvTextCtrlFormat::Fixed : TvTextCtrlFormat::General,
-                       .validatorFlags = isMoney ? PlainNumbers | GroupThousands : PlainNumbers,
-                       .width = isMoney   ? kMoneyWidth
-                                : isInput ? kPriceWidth
-                                          : kQuantityWidth};
-    wxWindow* field = m_fields.CreateField(parent, spec, detail);
-    wxWindow* unit = m_fields.AddUnitLabel(parent, wxString::FromUTF8(detail.GetUnit()), true);
-    for (wxWindow* window : {field, unit}) {
-        m_grid->Add(window, window == field ? wxSizerFlags().Right() : wxSizerFlags().CentreVertical());
-        row.windows.push_back(window);
+    const std::string unit = detail.GetUnit();
+    FormRow spec{.key = detail.GetName().c_str(),
+                 .label = head,
+                 .field = isInput ? FormField::Input : FormField::Result,
+                 .precision = isInput ? kPriceDigits : kResultDigits,
+                 .validatorFlags = PlainNumbers,
+                 .width = isInput ? kPriceWidth : kQuantityWidth};
+    if (unit == "EUR" || unit == "%") {
+        const bool isMoney = unit == "EUR";
+        spec.format = TvTextCtrlFormat::Fixed;
+        spec.precision = isMoney ? 2 : 1;
+        spec.width = isMoney ? kMoneyWidth : kShareWidth;
+        spec.validatorFlags |= isMoney ? GroupThousands : 0;
     }
-    row.named.push_back({field, head, detail.GetUnit()});
+    wxWindow* field = m_fields.CreateField(parent, spec, detail);
+    m_grid->Add(field, wxSizerFlags().Right());
+    row.windows.push_back(field);
+    row.named.push_back({field, head, unit});
 }
 
 void CostTable::AddRow(wxWindow* parent, const cost_table::Line& line, const char* quantity,
@@ -75,8 +89,15 @@ void CostTable::AddRow(wxWindow* parent, const cost_table::Line& line, const cha
     row.name = m_fields.AddLabel(parent, line.label != nullptr ? wxString::FromUTF8(line.label) : wxString());
     row.windows.push_back(row.name);
     m_grid->Add(row.name, wxSizerFlags().CentreVertical());
-    AddField(parent, row, quantity, m_fields.Details().At(line.quantityKey), false);
-    AddField(parent, row, wxTRANSLATE("Price"), m_fields.Details().At(line.priceKey), true);
+    const auto addWithUnit = [&](const char* head, const std::string& key, bool isInput) {
+        DetailData& detail = m_fields.Details().At(key);
+        AddField(parent, row, head, detail, isInput);
+        wxWindow* const unit = AddUnit(parent, detail.GetUnit());
+        m_grid->Add(unit, wxSizerFlags().CentreVertical());
+        row.windows.push_back(unit);
+    };
+    addWithUnit(quantity, line.quantityKey, false);
+    addWithUnit(wxTRANSLATE("Price"), line.priceKey, true);
     for (const cost_table::Result& result : results) {
         DetailData& detail = m_results.emplace_back(line.priceKey + "." + result.head, DetailType::Double,
                                                     std::string(result.unit));

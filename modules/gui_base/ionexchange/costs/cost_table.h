@@ -70,7 +70,8 @@ private:
         bool isShown = true;
     };
 
-    void AddHead(wxWindow* parent, const char* text, bool isNumber);
+    void AddHead(wxWindow* parent, const char* text);
+    wxWindow* AddUnit(wxWindow* parent, const std::string& isoUnit);
     void AddRow(wxWindow* parent, const cost_table::Line& line, const char* quantity,
                 std::span<const cost_table::Result> results);
     void AddField(wxWindow* parent, Row& row, const char* head, DetailData& detail, bool isInput);

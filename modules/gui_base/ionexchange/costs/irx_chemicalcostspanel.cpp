@@ -16,7 +16,7 @@ namespace {
 
 constexpr std::array kResults{
     cost_table::Result{wxTRANSLATE("Of a cycle"), "EUR"}, cost_table::Result{wxTRANSLATE("Of a year"), "EUR"},
-    cost_table::Result{wxTRANSLATE("Share"), "%"}, cost_table::Result{wxTRANSLATE("Of product"), "EUR/m3"}};
+    cost_table::Result{wxTRANSLATE("Share"), "%"}, cost_table::Result{wxTRANSLATE("Product"), "EUR/m3"}};
 
 std::vector<cost_table::Line> Chemicals(const char* kind)
 {

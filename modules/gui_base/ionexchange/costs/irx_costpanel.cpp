@@ -25,8 +25,8 @@
 namespace {
 
 constexpr int kFieldWidth = 110;
-constexpr int kChartWidth = 720;
-constexpr int kChartHeight = 320;
+constexpr int kChartWidth = 620;
+constexpr int kChartHeight = 300;
 constexpr int kMoney = PlainNumbers | GroupThousands;
 
 constexpr FormRow Result(const char* key, const char* label)

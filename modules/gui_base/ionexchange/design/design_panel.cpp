@@ -70,7 +70,8 @@ void DesignPanel::DoCreateForm()
     line->Add(flow);
     outer->Add(line, spaced);
     for (const auto& exchanger : m_plant.GetRoot().GetChildren(OwnerKind::Exchanger)) {
-        auto* box = new wxStaticBoxSizer(wxVERTICAL, this);
+        // Its title is the name of the exchanger, which the block shows.
+        auto* box = new TvStaticBoxSizer(wxVERTICAL, this, wxString());
         m_blocks.push_back(std::make_unique<ExchangerBlock>(m_plant, *exchanger, GetFields(), *box, m_help));
         m_kept.push_back(exchanger);
         outer->Add(box, spaced);
@@ -110,8 +111,8 @@ void DesignPanel::ShowNotes()
     const design::PlantDesign plant = design::DesignOf(m_plant);
     for (std::size_t i = 0; i < m_blocks.size(); ++i)
         m_blocks[i]->ShowNotes(plant.exchangers[i]);
-    Layout();
     FitInside();
+    Layout();
 }
 
 wxString DesignPanel::GetNotes(std::size_t exchanger) const

@@ -111,8 +111,12 @@ void FeedCompositionPanel::DoArrange(int width)
     const int inside = width - FromDIP(kBoxMargins);
     m_feed->ArrangeFor(inside);
     m_effluent->ArrangeFor(inside);
-    if (SetFeedOrientationFor(*m_top, width))
-        m_side->SetOrientation(m_top->GetOrientation() == wxHORIZONTAL ? wxVERTICAL : wxHORIZONTAL);
+    // Below each other the boxes at the side are least wide; beside each other they are least high.
+    const int room = width - 2 * FromDIP(kGap);
+    m_side->SetOrientation(wxVERTICAL);
+    SetFeedOrientationFor(*m_top, room);
+    if (m_top->GetOrientation() == wxVERTICAL)
+        SetFeedOrientationFor(*m_side, room);
 }
 
 void FeedCompositionPanel::DoBindEvents()

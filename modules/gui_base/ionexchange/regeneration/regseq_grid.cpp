@@ -19,6 +19,8 @@ namespace {
 
 constexpr int kNumberWidth = 72;
 constexpr int kMostRowsShown = 14;
+/// On a page that is narrower than all columns the grid scrolls by itself.
+constexpr int kLeastWidth = 480;
 /// Beside the text of a choice stands the arrow of its list while it is edited.
 constexpr int kArrowWidth = 44;
 
@@ -133,7 +135,7 @@ void TVRegSeqGrid::SetSteps(const std::vector<RegSeqStep>& steps)
 void TVRegSeqGrid::FitHeight()
 {
     const int rows = std::clamp(GetNumberRows(), 4, kMostRowsShown);
-    SetMinSize(wxSize(-1, GetColLabelSize() + rows * GetDefaultRowSize() + FromDIP(20)));
+    SetMinSize(wxSize(FromDIP(kLeastWidth), GetColLabelSize() + rows * GetDefaultRowSize() + FromDIP(20)));
 }
 
 void TVRegSeqGrid::ShowTexts()

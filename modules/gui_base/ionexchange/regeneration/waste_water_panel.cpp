@@ -190,8 +190,8 @@ void TvWasteWaterAndComposition::ShowNotes()
     if (m_notes->GetLabelText() == text)
         return;
     m_notes->SetLabelText(text);
-    Layout();
     FitInside();
+    Layout();
 }
 
 wxSizer* TvWasteWaterAndComposition::CreateSection(wxWindow* parent, const char* title,
@@ -235,7 +235,7 @@ wxSizer* TvWasteWaterAndComposition::CreateRegenerants(wxWindow* parent)
         if (!MayBeAcid(details))
             continue;
         // What its free acid takes, and what of it the free base of the line leaves to be neutralised.
-        label(wxTRANSLATE("NaOH for its free acid, with the free base of the line"));
+        label(wxTRANSLATE("NaOH for its free acid,\nwith the free base of the line"));
         AddField(parent, *grid, details.At("stepcomp/rb.neutral"), name);
         AddField(parent, *grid, details.At("stepcomp/rb.delta"), name);
         grid->AddSpacer(0);

@@ -88,7 +88,7 @@ void WaterAnalysisPanel::CreateControls()
     m_columns->Add(m_rightColumn);
     outer->Add(m_columns);
     SetSizer(outer);
-    DoArrange(GetClientSize().x);
+    DoArrange(WidthToArrange());
 }
 
 wxSizer* WaterAnalysisPanel::CreateCationGrid(const wxString& title, const std::vector<wxString>& labels)
