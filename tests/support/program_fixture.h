@@ -111,6 +111,15 @@ protected:
         ASSERT_NE(id, wxNOT_FOUND) << item;
         Menu(id);
     }
+    /// Follows a line of the messages to its field, by the keyboard.
+    void FollowMessage(long line)
+    {
+        app::MessageArea& area = m_frame->GetMessageArea();
+        Focus(area);
+        area.Focus(line);
+        area.Select(line);
+        Press(WXK_RETURN);
+    }
     std::vector<std::string> Messages()
     {
         std::vector<std::string> texts;
