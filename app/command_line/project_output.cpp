@@ -130,9 +130,8 @@ void PrintExchanger(const design::ExchangerDesign& exchanger, const ReportContex
     PrintDetails(*exchanger.node, designtext::ExchangerResults(), context, out);
     for (const designtext::Line& line : designtext::LeakageLines(exchanger.leakages, context))
         PrintLine(line, out);
-    for (std::size_t i = 0; i < exchanger.compartments.size(); ++i) {
-        const design::CompartmentDesign& bed = exchanger.compartments[i];
-        if (const std::string title = designtext::CompartmentTitle(exchanger, i, context); !title.empty())
+    for (const design::CompartmentDesign& bed : exchanger.compartments) {
+        if (const std::string title = designtext::CompartmentTitle(*bed.node, context); !title.empty())
             fmt::print(out, " {}\n", title);
         for (const designtext::Line& line : designtext::CapacityLines(bed.capacity, context))
             PrintLine(line, out);

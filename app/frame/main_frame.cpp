@@ -197,6 +197,7 @@ void MainFrame::OpenPages()
     } catch (const std::exception& error) {
         ReportError(error);
     }
+    m_workArea->FitNavigator();
     project.AddObserver(*this);
     ShowResults();
     UpdateRangeMessages();

@@ -76,7 +76,7 @@ MessageArea::MessageArea(wxWindow* parent)
         pictures.push_back(PictureOf(sign));
     SetSmallImages(pictures);
     Bind(wxEVT_LIST_ITEM_ACTIVATED, &MessageArea::OnActivated, this);
-    Bind(wxEVT_LIST_ITEM_SELECTED, &MessageArea::OnSelected, this);
+    Bind(wxEVT_LEFT_UP, &MessageArea::OnClicked, this);
     Bind(wxEVT_SIZE, &MessageArea::OnResized, this);
     Localize();
 }
@@ -183,22 +183,28 @@ void MessageArea::ShowLines()
     Thaw();
 }
 
-void MessageArea::OnSelected(wxListEvent& event)
+void MessageArea::OnClicked(wxMouseEvent& event)
 {
-    const auto index = static_cast<std::size_t>(event.GetIndex());
-    if (m_onActivate && index < m_ranges.size()) {
-        const DetailAddress address = m_ranges[index].address;
-        // The list still has the focus while it reports the click.
-        CallAfter([this, address] { m_onActivate(address); });
-    }
     event.Skip();
+    int flags = 0;
+    const long line = HitTest(event.GetPosition(), flags);
+    if (line != wxNOT_FOUND && (flags & wxLIST_HITTEST_ONITEM) != 0)
+        Lead(static_cast<std::size_t>(line));
+}
+
+void MessageArea::Lead(std::size_t index)
+{
+    if (!m_onActivate || index >= m_ranges.size())
+        return;
+    // The list still has the focus while it reports the click or the key.
+    CallAfter([this, address = m_ranges[index].address] { m_onActivate(address); });
 }
 
 void MessageArea::OnActivated(wxListEvent& event)
 {
     const auto index = static_cast<std::size_t>(event.GetIndex());
     if (index < m_ranges.size()) {
-        OnSelected(event);
+        Lead(index);
         return;
     }
     if (index - m_ranges.size() >= m_messages.size())

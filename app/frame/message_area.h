@@ -2,8 +2,9 @@
 #pragma once
 
 /// The list at the foot of the window: which inputs are out of range, and what the program has to tell.
-/// Activating a line (double click, Enter) takes the user to the field that it speaks of. A symbol and a word
-/// tell the kind of a line, a colour alone never does. Texts are asked for again when the language changes.
+/// A click on a line, Enter or Space takes the user to the field that it speaks of; the arrow keys only walk
+/// the lines. A symbol and a word tell the kind of a line, a colour alone never does. Texts are asked for
+/// again when the language changes.
 
 #include "gui_base/messages/user_message.h"
 #include "projectbase/project/owner_node.h"
@@ -74,7 +75,9 @@ private:
 
     void ShowLines();
     void TellChanged(bool isNew);
-    void OnSelected(wxListEvent& event);
+    void OnClicked(wxMouseEvent& event);
+    /// To the field of a line that has one.
+    void Lead(std::size_t index);
     void OnActivated(wxListEvent& event);
     void OnResized(wxSizeEvent& event);
 

@@ -22,6 +22,7 @@
 #include <wx/wrapsizer.h>
 
 #include <algorithm>
+#include <array>
 #include <utility>
 
 namespace app {
@@ -46,13 +47,44 @@ wxString Tr(const char* source)
     return i18n::Translated(source);
 }
 
+/// Colours of a drawing, made for a white sheet, and those that can be seen on a dark one.
+struct Ink
+{
+    const char* onWhite;
+    const char* onDark;
+};
+constexpr std::array kInks{Ink{"#37474f", "#eceff1"}, Ink{"#546e7a", "#b0bec5"}, Ink{"#607d8b", "#cfd8dc"},
+                           Ink{"#1565c0", "#90caf9"}, Ink{"#c2570c", "#ffa866"}, Ink{"#6d5b4b", "#c8b5a3"},
+                           Ink{"#b9d3ee", "#2f5f8f"}, Ink{"#bbdefb", "#2f5f8f"}, Ink{"#f3cf94", "#8a6420"},
+                           Ink{"#dfe5e8", "#546e7a"}};
+
+constexpr std::array kLines{std::pair{"3", "11"}, std::pair{"2.2", "8"}, std::pair{"2", "8"},
+                            std::pair{"1.8", "7"}, std::pair{"1.6", "6"}};
+
+/// The drawing without its sheet, in light inks; vessels hide what is behind them as they do on white. Of
+/// lines much thinner than a pixel little would be left on dark: they become wider.
+wxString OnDark(wxString svg)
+{
+    svg.Replace("fill=\"#ffffff\"", "fill=\"none\"", false);
+    svg.Replace("#ffffff", wxSystemSettings::GetColour(wxSYS_COLOUR_BTNFACE).GetAsString(wxC2S_HTML_SYNTAX));
+    for (const Ink& ink : kInks)
+        svg.Replace(ink.onWhite, ink.onDark);
+    for (const auto& [thin, wide] : kLines)
+        svg.Replace(wxString("stroke-width=\"") + thin + "\"", wxString("stroke-width=\"") + wide + "\"");
+    return svg;
+}
+
 /// The drawing of a plant, small; none where the archive lacks it.
 wxBitmapBundle DrawingOf(const PlantTemplate& plant)
 {
     try {
         static const tncommon::ZipArchive drawings(tncommon::DataDir() / "graphics.zrc");
-        if (const auto svg = drawings.Read(plant.drawing, kMostDrawingBytes))
-            return wxBitmapBundle::FromSVG(svg->c_str(), wxSize(kPictureWidth, kPictureHeight));
+        if (const auto bytes = drawings.Read(plant.drawing, kMostDrawingBytes)) {
+            wxString svg = wxString::FromUTF8(*bytes);
+            if (wxSystemSettings::GetAppearance().IsUsingDarkBackground())
+                svg = OnDark(std::move(svg));
+            return wxBitmapBundle::FromSVG(svg.utf8_str(), wxSize(kPictureWidth, kPictureHeight));
+        }
     } catch (const std::exception&) {
         // The page is as useful without.
     }

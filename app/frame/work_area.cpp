@@ -37,6 +37,9 @@ constexpr std::array kPanes{
 };
 /// Below it, in DIP, the panes give the pages what they can.
 constexpr int kNarrow = 1200;
+/// From there on, in DIP, the names of the navigator are shown whole as far as they go.
+constexpr int kWide = 1600;
+constexpr int kWidestNavigator = 280;
 constexpr int kPaneMinimum = 90;
 constexpr int kDiagramHeight = 240;
 
@@ -54,6 +57,8 @@ WorkArea::WorkArea(wxWindow* parent)
     m_tree = new wxTreeCtrl(
         m_desk, wxID_ANY, wxDefaultPosition, wxDefaultSize,
         wxTR_DEFAULT_STYLE | wxTR_HIDE_ROOT | wxTR_NO_LINES | wxTR_FULL_ROW_HIGHLIGHT | wxTR_EDIT_LABELS);
+    // Its best size is that of all names, not of the last ones.
+    m_tree->SetQuickBestSize(false);
     m_middle = new wxSimplebook(m_desk);
     m_notebook =
         new AuiNotebook(m_middle, wxID_ANY, wxDefaultPosition, wxDefaultSize,
@@ -105,10 +110,32 @@ bool WorkArea::IsNarrow() const
     return wxGetTopLevelParent(m_desk)->GetClientSize().x < FromDIP(kNarrow);
 }
 
+int WorkArea::NavigatorWidth() const
+{
+    const PaneRow& row = RowOf(WorkPane::Navigator);
+    if (IsNarrow())
+        return FromDIP(row.narrowWidth);
+    if (wxGetTopLevelParent(m_desk)->GetClientSize().x < FromDIP(kWide))
+        return FromDIP(row.width);
+    m_tree->InvalidateBestSize();
+    return std::clamp(m_tree->GetBestSize().x, FromDIP(row.width), FromDIP(kWidestNavigator));
+}
+
+bool WorkArea::IsUsual()
+{
+    return !m_usual.empty() && m_docking.SavePerspective() == m_usual;
+}
+
+void WorkArea::FitNavigator()
+{
+    if (IsUsual() && NavigatorWidth() != m_usualNavigator)
+        ArrangeAsUsual();
+}
+
 void WorkArea::OnSize(wxSizeEvent& event)
 {
     event.Skip();
-    if (!m_usual.empty() && IsNarrow() != m_usualIsNarrow && m_docking.SavePerspective() == m_usual)
+    if (IsUsual() && (IsNarrow() != m_usualIsNarrow || NavigatorWidth() != m_usualNavigator))
         CallAfter(&WorkArea::ArrangeAsUsual);
 }
 
@@ -116,7 +143,8 @@ wxAuiPaneInfo WorkArea::UsualPlace(WorkPane pane) const
 {
     const PaneRow& row = RowOf(pane);
     const bool isNarrow = IsNarrow();
-    const int width = FromDIP(isNarrow ? row.narrowWidth : row.width);
+    const int width =
+        pane == WorkPane::Navigator ? NavigatorWidth() : FromDIP(isNarrow ? row.narrowWidth : row.width);
     wxAuiPaneInfo place;
     place.Name(row.id).Caption(i18n::Translated(row.title)).Layer(1);
     place.MinSize(FromDIP(wxSize(kPaneMinimum, kPaneMinimum))).BestSize(width, FromDIP(kDiagramHeight));
@@ -190,6 +218,7 @@ void WorkArea::ArrangeAsUsual()
     m_docking.Update();
     m_usual = m_docking.SavePerspective();
     m_usualIsNarrow = IsNarrow();
+    m_usualNavigator = NavigatorWidth();
 }
 
 void WorkArea::TakeKeptLayout()
@@ -214,7 +243,7 @@ void WorkArea::KeepLayout()
 
 void WorkArea::Localize()
 {
-    const bool isUsual = m_docking.SavePerspective() == m_usual;
+    const bool isUsual = IsUsual();
     for (const PaneRow& row : kPanes) {
         wxAuiPaneInfo& info = m_docking.GetPane(row.id);
         if (info.IsOk())

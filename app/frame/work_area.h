@@ -50,6 +50,9 @@ public:
 
     /// All panes in their usual places, for the present width of the window.
     void ArrangeAsUsual();
+    /// After other names have come into the tree: makes room for them, unless the user has his own
+    /// arrangement.
+    void FitNavigator();
     /// Takes the arrangement that an earlier window kept, or the usual one.
     void TakeKeptLayout();
     void KeepLayout();
@@ -58,6 +61,9 @@ public:
 private:
     wxAuiPaneInfo UsualPlace(WorkPane pane) const;
     bool IsNarrow() const;
+    /// In pixels.
+    int NavigatorWidth() const;
+    bool IsUsual();
     void OnSize(wxSizeEvent& event);
     void OnMessagesToggled();
 
@@ -70,6 +76,7 @@ private:
     /// The usual arrangement as it was made last, and for which window: who changed it keeps what he has.
     wxString m_usual;
     bool m_usualIsNarrow = false;
+    int m_usualNavigator = 0;
 };
 
 }  // namespace app

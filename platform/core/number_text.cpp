@@ -28,6 +28,18 @@ void DropTrailingZeros(std::string& text)
         text.pop_back();
 }
 
+/// "1.500000e-07" as "1.5e-7".
+void Shorten(std::string& text)
+{
+    const auto at = text.find('e');
+    if (at == std::string::npos)
+        return;
+    std::string mantissa = text.substr(0, at);
+    DropTrailingZeros(mantissa);
+    const std::string sign = text[at + 1] == '-' ? "-" : "";
+    text = mantissa + "e" + sign + text.substr(text.find_first_not_of('0', at + 2));
+}
+
 void ReplaceAll(std::string& text, std::string_view from, std::string_view to)
 {
     if (from.empty())
@@ -81,6 +93,8 @@ std::string Format(double value, const Style& style, const Separators& separator
                 DropTrailingZeros(text);
             } else {
                 text = fmt::format("{:.{}e}", value, digits);
+                if (style.plain || style.shortExponent)
+                    Shorten(text);
             }
             break;
         }

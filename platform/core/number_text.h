@@ -37,11 +37,13 @@ struct Style
     bool groupThousands = false;
     bool plain = false;  ///< General notation writes numbers from a millionth to a thousand million without
                          ///< an exponent
+    bool shortExponent = false;  ///< General notation writes "1.5e-7", as a plain one does anyway
 };
 
 /// `value` as text; empty for NaN and infinities. General notation uses d = precision significant digits (6
 /// when the precision is not positive, 15 at most): fixed while the exponent e satisfies -d <= e < d, where a
-/// negative e counts one lower, and "{:.{d}e}" otherwise.
+/// negative e counts one lower, and "{:.{d}e}" otherwise, which a short exponent leaves without idle zeros
+/// and signs.
 CORE_EXPORT std::string Format(double value, const Style& style, const Separators& separators);
 
 /// The number that `text` states, with grouping separators removed; blanks around it are ignored. A number

@@ -40,8 +40,8 @@ protected:
         // What an earlier program kept.
         for (const DBObjects::PlantType& plant : MasterDatabase::GetPlantTypes())
             ProjectDatabase::SetLocalParameter("/Perspective/" + plant.type, {});
-        for (const char* kept : {"/Window/diagram", "/Window/docking.1", "/Window/messages", "/Window/place",
-                                 "/Window/collapsed"})
+        for (const char* kept : {"/Window/diagram", "/Window/diagram.options", "/Window/docking.1",
+                                 "/Window/messages", "/Window/place", "/Window/collapsed"})
             ProjectDatabase::SetLocalParameter(kept, {});
         ProjectDatabase::SetLocalParameter("/RecentFiles", {});
         m_frame = new app::MainFrame(MakeDocument(m_water));
@@ -110,6 +110,15 @@ protected:
         const int id = m_frame->GetMenuBar()->FindMenuItem(menu, item);
         ASSERT_NE(id, wxNOT_FOUND) << item;
         Menu(id);
+    }
+    /// Follows a line of the messages to its field, by the keyboard.
+    void FollowMessage(long line)
+    {
+        app::MessageArea& area = m_frame->GetMessageArea();
+        Focus(area);
+        area.Focus(line);
+        area.Select(line);
+        Press(WXK_RETURN);
     }
     std::vector<std::string> Messages()
     {

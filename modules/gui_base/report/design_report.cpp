@@ -95,7 +95,7 @@ void AddCompartment(const design::ExchangerDesign& exchanger, std::size_t place,
                     report::Section& section)
 {
     const design::CompartmentDesign& bed = exchanger.compartments[place];
-    const std::string title = designtext::CompartmentTitle(exchanger, place, context);
+    const std::string title = designtext::CompartmentTitle(*bed.node, context);
     if (!title.empty())
         section.blocks.push_back(report::Heading{title});
     LineTable lines;

@@ -20,8 +20,11 @@ namespace designtext {
 /// "2 Strong-base anion exchanger".
 GUI_BASE_REPORT_EXPORT std::string ExchangerTitle(const OwnerNode& exchanger, const ReportContext& context);
 /// What a compartment of a mixed bed is called after the resin in it; empty where it is the only one.
-GUI_BASE_REPORT_EXPORT std::string CompartmentTitle(const design::ExchangerDesign& exchanger,
-                                                    std::size_t compartment, const ReportContext& context);
+GUI_BASE_REPORT_EXPORT std::string CompartmentTitle(const OwnerNode& compartment,
+                                                    const ReportContext& context);
+/// What a sentence calls a part of a plant: "1 Strong-acid cation exchanger, row 4 (Displacement)";
+/// compartments and layers of resin are told apart where there are several.
+GUI_BASE_REPORT_EXPORT std::string PartTitle(const OwnerNode& part, const ReportContext& context);
 
 /// A value that no detail holds, with its name.
 struct Line

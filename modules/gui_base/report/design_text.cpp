@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "gui_base/report/design_report.h"
 #include "projectbase/design/exchanger_label.h"
+#include "projectbase/design/resins.h"
 #include "projectbase/project/owner_node.h"
+#include "projectbase/sequence/sequence_tables.h"
 #include "projectbase/units/unit_system_manager.h"
 
 #include <fmt/format.h>
@@ -37,6 +39,30 @@ Line Amount(const std::string& name, double value, const std::string& unit, cons
             UnitSystemManager::GetUnit(unit, context.unitSystem, true)};
 }
 
+std::string NameOfResin(const OwnerNode& resin, const ReportContext& context)
+{
+    const design::Resin* kind =
+        design::FindResin(resin.GetDetails()->At("compcomp/resin").GetStdStringValue());
+    return kind == nullptr ? std::string() : context.Translated(kind->name.c_str());
+}
+
+/// "row 4 (Displacement)".
+std::string Numbered(const char* label, const OwnerNode& part, const std::string& name,
+                     const ReportContext& context)
+{
+    std::string text = context.Translated(label);
+    if (const auto at = text.find("%s"); at != std::string::npos)
+        text.replace(at, 2, std::to_string(part.GetPosition() + 1));
+    return name.empty() ? text : text + " (" + name + ")";
+}
+
+/// The name of what the part belongs to, and its own.
+std::string Within(const OwnerNode& part, const std::string& own, const ReportContext& context)
+{
+    const std::string whole = PartTitle(*part.GetParent(), context);
+    return own.empty() ? whole : whole + ", " + own;
+}
+
 }  // namespace
 
 std::string ExchangerTitle(const OwnerNode& exchanger, const ReportContext& context)
@@ -46,14 +72,44 @@ std::string ExchangerTitle(const OwnerNode& exchanger, const ReportContext& cont
                        context.Translated(design::ExchangerLabel(kind)));
 }
 
-std::string CompartmentTitle(const design::ExchangerDesign& exchanger, std::size_t compartment,
-                             const ReportContext& context)
+std::string CompartmentTitle(const OwnerNode& compartment, const ReportContext& context)
 {
-    if (exchanger.compartments.size() < 2)
+    const OwnerNode& exchanger = *compartment.GetParent();
+    if (exchanger.GetChildren(OwnerKind::Compartment).size() < 2)
         return {};
-    const design::Resin* resin = exchanger.compartments[compartment].resin;
-    const std::string number = fmt::format("{}.{}", exchanger.node->GetPosition() + 1, compartment + 1);
-    return resin == nullptr ? number : number + " " + context.Translated(resin->name.c_str());
+    const OwnerNode* working = design::WorkingResin(compartment);
+    const std::string number =
+        fmt::format("{}.{}", exchanger.GetPosition() + 1, compartment.GetPosition() + 1);
+    return working == nullptr ? number : number + " " + NameOfResin(*working, context);
+}
+
+std::string PartTitle(const OwnerNode& part, const ReportContext& context)
+{
+    switch (part.GetKind()) {
+        case OwnerKind::Exchanger:
+            return ExchangerTitle(part, context);
+        case OwnerKind::Compartment:
+            return Within(part, CompartmentTitle(part, context), context);
+        case OwnerKind::Resin: {
+            const bool isOnlyOne = part.GetParent()->GetChildren(OwnerKind::Resin).size() < 2;
+            return Within(part,
+                          isOnlyOne
+                              ? std::string()
+                              : Numbered(wxTRANSLATE("layer %s"), part, NameOfResin(part, context), context),
+                          context);
+        }
+        case OwnerKind::SequenceRow: {
+            const auto* type =
+                sequence::FindType(part.GetDetails()->At("regseqstep/type").GetStdStringValue());
+            const std::string step =
+                type == nullptr ? std::string() : context.Translated(type->label.c_str());
+            return Within(part, Numbered(wxTRANSLATE("row %s"), part, step, context), context);
+        }
+        case OwnerKind::Project:
+        case OwnerKind::Water:
+            break;
+    }
+    return context.Translated(part.GetName().c_str());
 }
 
 std::vector<Line> CapacityLines(const design::Capacity& capacity, const ReportContext& context)

@@ -8,18 +8,32 @@
 #include <fmt/format.h>
 #include <wx/translation.h>
 
+#include <utility>
+
 namespace {
 
-constexpr int kDigits = 7;
+constexpr int kDigits = 4;
+constexpr int kMostDigits = 15;
 
-std::string WithUnit(double value, const RangeFault& fault, const ReportContext& context)
+std::string WithUnit(double value, int digits, const RangeFault& fault, const ReportContext& context)
 {
     // What is typed in a unit of its own keeps it in every system.
     const std::string system = fault.isTypedUnit ? "iso" : context.unitSystem;
     const std::string unit = UnitSystemManager::GetUnit(fault.unit, system, true);
     return fmt::format("{}{}{}",
-                       context.Number(UnitSystemManager::FromISO(fault.unit, system, value), kDigits),
+                       context.Number(UnitSystemManager::FromISO(fault.unit, system, value), digits),
                        unit.empty() ? "" : " ", unit);
+}
+
+/// Value and limit with no more digits than tell one from the other.
+std::pair<std::string, std::string> Apart(const RangeFault& fault, const ReportContext& context)
+{
+    for (int digits = kDigits;; ++digits) {
+        std::pair texts{WithUnit(fault.value, digits, fault, context),
+                        WithUnit(fault.limit, digits, fault, context)};
+        if (texts.first != texts.second || digits >= kMostDigits)
+            return texts;
+    }
 }
 
 /// What tells an owner from its like.
@@ -28,12 +42,8 @@ std::string NameOf(DetailOwner owner, const Project& project, const ReportContex
     const OwnerNode* node = project.FindOwner(owner);
     if (node == nullptr || node->GetKind() == OwnerKind::Project)
         return {};
-    if (node->GetKind() != OwnerKind::Water) {
-        const OwnerNode* exchanger = node;
-        while (exchanger->GetKind() != OwnerKind::Exchanger)
-            exchanger = exchanger->GetParent();
-        return designtext::ExchangerTitle(*exchanger, context) + " (" + project.PathOf(owner) + ")";
-    }
+    if (node->GetKind() != OwnerKind::Water)
+        return designtext::PartTitle(*node, context);
     return project.GetLiquidCount() > 1 ? context.Translated(node->GetName().c_str()) : std::string();
 }
 
@@ -41,13 +51,13 @@ std::string NameOf(DetailOwner owner, const Project& project, const ReportContex
 
 std::string RangeSentence(const RangeFault& fault, const ReportContext& context)
 {
-    const char* const limit = fault.isBelow ? wxTRANSLATE("%s is below the minimum of %s")
+    const char* const usual = fault.isBelow ? wxTRANSLATE("%s is below the minimum of %s")
                                             : wxTRANSLATE("%s is above the maximum of %s");
-    std::string text = context.Translated(fault.sentence.empty() ? limit : fault.sentence.c_str());
+    std::string text = context.Translated(fault.sentence.empty() ? usual : fault.sentence.c_str());
     const std::string label =
         fault.label.empty() ? fault.address.key : context.Translated(fault.label.c_str());
-    for (const std::string& part :
-         {label + " " + WithUnit(fault.value, fault, context), WithUnit(fault.limit, fault, context)}) {
+    const auto [value, limit] = Apart(fault, context);
+    for (const std::string& part : {label + " " + value, limit}) {
         const auto at = text.find("%s");
         if (at != std::string::npos)
             text.replace(at, 2, part);

@@ -203,6 +203,16 @@ std::span<const LimitRow> LimitRows()
     return kRows;
 }
 
+const Metal* LoneMetal(const LiquidData& water)
+{
+    static constexpr Metal kIronAlone{kIron, "liquid/fe.total", "fe."};
+    static constexpr Metal kManganeseAlone{kManganese, "liquid/mn.orig", "mn."};
+    const bool hasIron = Iron(water) > 0.0;
+    if (hasIron == (Manganese(water) > 0.0))
+        return nullptr;
+    return hasIron ? &kIronAlone : &kManganeseAlone;
+}
+
 std::string NoteSetting(const LimitRow& row)
 {
     return std::string("limit.") + row.id + ".note";

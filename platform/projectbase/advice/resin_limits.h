@@ -9,6 +9,7 @@
 
 #include <span>
 #include <string>
+#include <string_view>
 
 class LiquidData;
 class Project;
@@ -48,6 +49,17 @@ struct LimitRow
 
 /// All rows; of one quantity the first that is for a plant counts.
 PROJECTBASE_EXPORT std::span<const LimitRow> LimitRows();
+
+/// A metal, and where its amount is typed.
+struct Metal
+{
+    const char* label;  ///< source text
+    const char* key;
+    std::string_view rows;  ///< beginning of the identifiers of its own limits, "fe."
+};
+/// Iron where no manganese was found, manganese where no iron was; null where there are both or neither. The
+/// limits of their sum then concern that metal alone.
+PROJECTBASE_EXPORT const Metal* LoneMetal(const LiquidData& water);
 
 /// The limits of a row as the user has them; not a number where there is none.
 struct Limits

@@ -298,6 +298,24 @@ void JudgeRegeneration(const iex::IEXProject& plant, const LiquidData& water, co
         collected.Add(kBarium, barium, kLeastBarium, {water.GetOwner(), "liquid/ba.orig"});
 }
 
+/// Of a metal without the other one there is one advice: by its own limit, unless that of the sum is broken
+/// worse.
+void AddSumOfMetals(const LiquidData& water, Advice sum, Collected& collected)
+{
+    if (const Metal* metal = LoneMetal(water)) {
+        const auto own = std::ranges::find_if(collected.all, [metal](const Advice& advice) {
+            return advice.id.starts_with("limit." + std::string(metal->rows));
+        });
+        if (own != collected.all.end() && own->severity >= sum.severity)
+            return;
+        if (own != collected.all.end())
+            collected.all.erase(own);
+        sum.label = metal->label;
+        sum.address.key = metal->key;
+    }
+    collected.all.push_back(std::move(sum));
+}
+
 void JudgeLimits(const Project& project, const LiquidData& water, Collected& collected)
 {
     const PlantKind plant = KindOfPlant(project, water);
@@ -314,17 +332,21 @@ void JudgeLimits(const Project& project, const LiquidData& water, Collected& col
         const bool isWarning = breaks(limits.warn);
         if (!isWarning && !breaks(limits.note))
             continue;
-        collected.all.push_back({.id = std::string("limit.") + row.id,
-                                 .severity = isWarning ? Severity::Warn : Severity::Note,
-                                 .sentence = row.sentence,
-                                 .label = row.label,
-                                 .value = value,
-                                 .limit = isWarning ? limits.warn : limits.note,
-                                 .unit = quantity == "turbidity" ? "NTU" : "mg/l",
-                                 .reason = row.reason,
-                                 .source = row.source,
-                                 .anchor = "limits",
-                                 .address = {water.GetOwner(), row.key}});
+        Advice advice{.id = std::string("limit.") + row.id,
+                      .severity = isWarning ? Severity::Warn : Severity::Note,
+                      .sentence = row.sentence,
+                      .label = row.label,
+                      .value = value,
+                      .limit = isWarning ? limits.warn : limits.note,
+                      .unit = quantity == "turbidity" ? "NTU" : "mg/l",
+                      .reason = row.reason,
+                      .source = row.source,
+                      .anchor = "limits",
+                      .address = {water.GetOwner(), row.key}};
+        if (quantity == "femn")
+            AddSumOfMetals(water, std::move(advice), collected);
+        else
+            collected.all.push_back(std::move(advice));
     }
 }
 

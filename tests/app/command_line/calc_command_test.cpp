@@ -432,7 +432,7 @@ TEST_F(Calc, TellsTheDesignOfAPlant)
     EXPECT_THAT(table.out, HasSubstr("1 Strong-acid cation exchanger"));
     EXPECT_THAT(table.out, ContainsRegex("Resin volume +1.86667 m"));
     EXPECT_THAT(table.out, HasSubstr("Leakage: Sodium"));
-    EXPECT_THAT(table.err, HasSubstr("1 Strong-acid cation exchanger (ex.1): Velocity 101.85916 m/h is above "
+    EXPECT_THAT(table.err, HasSubstr("1 Strong-acid cation exchanger: Velocity 101.86 m/h is above "
                                      "the velocity limit of 40 m/h"));
     args.push_back("--json");
     const Result text = Run(args);

@@ -18,10 +18,12 @@
 #include <wx/menu.h>
 #include <wx/msgdlg.h>
 #include <wx/srchctrl.h>
+#include <wx/uiaction.h>
 
 #include <cmath>
 #include <cstdlib>
 #include <fstream>
+#include <functional>
 
 namespace {
 
@@ -189,10 +191,7 @@ TEST_F(MainFrameTest, ALineOfTheMessageAreaLeadsToItsField)
     Pump();
     EXPECT_EQ(Messages(), std::vector<std::string>{"pH 15 is above the maximum of 14"});
     Focus(Field("na.orig"));
-    app::MessageArea& area = m_frame->GetMessageArea();
-    wxRect line;
-    area.GetItemRect(0, line);
-    area.Select(0);
+    FollowMessage(0);
     EXPECT_TRUE(PumpUntil([this] { return Field("ph").HasFocus(); }));
     gui_test::Enter(Field("ph"), "7");
     EXPECT_TRUE(Messages().empty());
@@ -200,9 +199,43 @@ TEST_F(MainFrameTest, ALineOfTheMessageAreaLeadsToItsField)
     gui_test::Enter(Field("na.orig"), "77");
     EXPECT_THAT(Messages(),
                 testing::ElementsAre(testing::HasSubstr("over the limit of Standard Methods 1030E")));
-    area.Select(0);
+    FollowMessage(0);
     auto& automatic = gui_test::Find<TvCheckBox>(WaterPage(), "Automatic balancing");
     EXPECT_TRUE(PumpUntil([&] { return automatic.HasFocus(); }));
+}
+
+TEST_F(MainFrameTest, ArrowKeysWalkTheMessagesWithoutLeavingThem)
+{
+    gui_test::Enter(Field("ph"), "15");
+    gui_test::Enter(Field("temp.orig"), "150");
+    app::MessageArea& area = m_frame->GetMessageArea();
+    ASSERT_EQ(area.GetItemCount(), 2);
+    struct Way
+    {
+        const char* name;
+        std::function<void()> go;
+    };
+    const auto click = [&area] {
+        wxRect line;
+        area.GetItemRect(1, line);
+        wxUIActionSimulator mouse;
+        mouse.MouseMove(area.ClientToScreen(wxPoint(line.x + 20, line.y + line.height / 2)));
+        Pump();
+        mouse.MouseClick();
+    };
+    for (const Way& way : {Way{"Enter", [] { Press(WXK_RETURN); }}, Way{"Space", [] { Press(WXK_SPACE); }},
+                           Way{"click", click}}) {
+        Focus(area);
+        area.Select(0);
+        area.Focus(0);
+        Pump();
+        Press(WXK_DOWN);
+        Pump();
+        EXPECT_EQ(area.GetFirstSelected(), 1);
+        EXPECT_TRUE(area.HasFocus() || area.IsDescendant(wxWindow::FindFocus())) << way.name;
+        way.go();
+        EXPECT_TRUE(PumpUntil([this] { return Field("temp.orig").HasFocus(); })) << way.name;
+    }
 }
 
 TEST_F(MainFrameTest, ProgrammingErrorsAppearInTheMessageArea)

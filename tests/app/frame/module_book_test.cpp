@@ -19,8 +19,7 @@ protected:
     std::string Front() { return m_frame->GetBook().GetCurrent()->GetModule().id; }
     void Activate(int row)
     {
-        m_frame->GetMessageArea().Select(row, false);
-        m_frame->GetMessageArea().Select(row);
+        FollowMessage(row);
         Pump();
     }
 };

@@ -172,7 +172,7 @@ TEST_F(OnePathTest, EachMessageLeadsToItsOwnWater)
     ASSERT_EQ(Messages().size(), 2u);
     EXPECT_NE(Messages()[0], Messages()[1]);
     m_frame->GetBook().Show("feed", {});
-    m_frame->GetMessageArea().Select(1);
+    FollowMessage(1);
     EXPECT_TRUE(PumpUntil([this] {
         return m_frame->GetBook().GetCurrent()->GetOwner() == OpenProject().GetLiquid(1).GetOwner();
     }));

@@ -213,6 +213,13 @@ TEST_F(WaterToolsTest, WatersAreAddedBlendedAndRemoved)
         return OpenProject().GetLiquid(2).FindDetail(key)->GetDoubleValue();
     };
     EXPECT_NEAR(blended("liquid/na.mgl"), 8.15, 1e-9);
+    for (const char* key : {"liquid/na.orig", "liquid/temp.orig"}) {
+        const auto colour = [&](std::size_t water) {
+            return WaterPage(water).FindField(key)->GetBackgroundColour();
+        };
+        EXPECT_EQ(colour(2), TvTextCtrl::ReadOnlyColour()) << "nobody types into a blend; " << key;
+        EXPECT_EQ(colour(1), TvTextCtrl::EditableColour()) << key;
+    }
 
     // An edit of the first water shows in the blend at once, and is undone with it.
     WaterPage();
@@ -226,6 +233,7 @@ TEST_F(WaterToolsTest, WatersAreAddedBlendedAndRemoved)
     WaterPage(1);
     Menu("Tools", "Remove water");
     ASSERT_EQ(OpenProject().GetLiquidCount(), 2u);
+    EXPECT_EQ(WaterPage(1).FindField("liquid/na.orig")->GetBackgroundColour(), TvTextCtrl::EditableColour());
     EXPECT_NEAR(OpenProject().GetLiquid(1).FindDetail("liquid/na.mgl")->GetDoubleValue(), 8.15, 1e-9);
     Menu("Tools", "Remove water");
     Menu("Tools", "Remove water");

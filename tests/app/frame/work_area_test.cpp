@@ -295,6 +295,34 @@ TEST_F(WorkAreaTest, TheNavigatorTellsOfTheBalance)
     EXPECT_NE(Tree().GetItemImage(Item("Water")), over);
 }
 
+TEST_F(WorkAreaTest, AWideWindowHasRoomForTheNamesOfTheNavigator)
+{
+    const auto width = [this](int ofWindow, const char* name) {
+        Menu("View", "Usual arrangement");
+        m_frame->SetSize(0, 0, ofWindow, 900);
+        {
+            const ProjectEdit edit(OpenProject());
+            OpenProject().RenameOwner(OpenProject().GetLiquid(0), name);
+        }
+        gui_test::Pump();
+        m_frame->RebuildPages();
+        gui_test::Pump();
+        return Tree().GetSize().x;
+    };
+    const int usual = width(1400, "Well 1");
+    const char* const longName = "Well 1 of the northern field";
+    EXPECT_EQ(width(1400, longName), usual);
+    const int wide = width(1600, longName);
+    EXPECT_GT(wide, usual);
+    EXPECT_LE(wide, m_frame->FromDIP(290));
+    wxRect text;
+    EXPECT_TRUE(Tree().GetBoundingRect(Item(longName), text, true));
+    EXPECT_LE(text.GetRight(), wide);
+    EXPECT_EQ(width(1600, "A name as long as nobody can give a water and ever read it again in one piece"),
+              wide > usual ? m_frame->FromDIP(280) : 0);
+    EXPECT_LT(width(1100, longName), usual);
+}
+
 TEST_F(WorkAreaTest, TheWindowOutlivesTheProgram)
 {
     m_frame->SetSize(20, 30, 1100, 850);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "gui_base/report/design_report.h"
 
+#include "gui_base/report/range_sentence.h"
 #include "tests/support/plant_fixture.h"
 #include "tests/support/report_lines.h"
 
@@ -39,6 +40,32 @@ TEST(DesignReport, TellsEachExchangerWithItsCorrectionsWasteAndMessages)
     EXPECT_THAT(LinesOf(report.BuildReportPage(0, context)), Not(Contains("Resin volume 0.93333 m³")));
     EXPECT_THROW(report.BuildReportPage(1, context), std::out_of_range);
     EXPECT_TRUE(DesignReport(iex::IEXProject()).GetReportPages(context).empty());
+}
+
+TEST(DesignReport, APartHasTheNameThatTheUserReads)
+{
+    iex::IEXProject project("SOFT");
+    const auto title = [](iex::IEXProject& plant, const std::string& path) {
+        return designtext::PartTitle(*plant.FindOwner(path), {});
+    };
+    EXPECT_EQ(title(project, "ex.1"), "1 Softener");
+    EXPECT_EQ(title(project, "ex.1.comp.1.resin.1"), "1 Softener");
+    EXPECT_EQ(title(project, "ex.1.seq.1"), "1 Softener, row 1 (Backwash)");
+    project.AddResin(*project.FindOwner("ex.1.comp.1"), 1);
+    EXPECT_EQ(title(project, "ex.1.comp.1.resin.2"), "1 Softener, layer 2 (Inert resin)");
+}
+
+TEST(RangeSentence, HasTheDigitsThatTellAValueFromItsLimit)
+{
+    ReportContext context;
+    context.separators.decimal = ",";
+    const auto sentence = [&context](double value) {
+        return RangeSentence(
+            RangeFault{.address = {}, .label = "Velocity", .value = value, .limit = 40.0, .unit = "m/h"},
+            context);
+    };
+    EXPECT_EQ(sentence(101.859164), "Velocity 101,86 m/h is above the maximum of 40 m/h");
+    EXPECT_EQ(sentence(40.00001), "Velocity 40,00001 m/h is above the maximum of 40 m/h");
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "gui_base/graphics/diagrams/diagram_inputs.h"
 
+#include "dbinterfaces/project_database.h"
 #include "gui_base/input/controls/tv_button.h"
 #include "gui_base/input/controls/tv_staticboxsizer.h"
 #include "gui_base/input/controls/tv_statictext.h"
@@ -13,12 +14,61 @@
 #include <wx/translation.h>
 
 #include <algorithm>
+#include <array>
+#include <exception>
+#include <string>
 
 namespace {
 
 constexpr long kAll = -1;
 constexpr int kListWidth = 200;
 constexpr int kListHeight = 120;
+
+/// Names of the chosen options, each ended by a semicolon.
+constexpr const char* kKeptOptions = "/Window/diagram.options";
+
+using water_diagram::Options;
+
+struct OptionRow
+{
+    const char* name;  ///< as it is kept
+    const char* label;
+    bool Options::*option;
+};
+constexpr std::array kOptions{
+    OptionRow{"piper.minor", wxTRANSLATE("Piper: NO3, F and Br with Cl"), &Options::minorAnionsInPiper},
+    OptionRow{"piper.size", wxTRANSLATE("Piper: size by dissolved solids"), &Options::sizeByDissolved},
+    OptionRow{"stiff.fourth", wxTRANSLATE("Stiff: Fe and NO3"), &Options::fourthRowInStiff},
+    OptionRow{"schoeller.no3", wxTRANSLATE("Schoeller: NO3"), &Options::nitrateInSchoeller},
+};
+
+Options KeptOptions()
+{
+    std::string kept;
+    try {
+        kept = ";" + ProjectDatabase::GetLocalParameter(kKeptOptions);
+    } catch (const std::exception&) {
+        // Diagrams can be drawn without what is remembered of them.
+        return {};
+    }
+    Options options;
+    for (const OptionRow& row : kOptions)
+        options.*row.option = kept.find(";" + std::string(row.name) + ";") != std::string::npos;
+    return options;
+}
+
+void Keep(const Options& options)
+{
+    std::string kept;
+    for (const OptionRow& row : kOptions)
+        kept += options.*row.option ? std::string(row.name) + ";" : std::string();
+    try {
+        ProjectDatabase::SetLocalParameter(kKeptOptions, kept);
+    } catch (const std::exception&) {
+        // As above.
+        return;
+    }
+}
 
 tvChoice::Items KindItems()
 {
@@ -64,25 +114,27 @@ void DiagramInputs::CreateControls()
     waters->Add(m_list, wxSizerFlags(spaced).Proportion(1));
     column->Add(waters, wxSizerFlags(spaced).Proportion(1));
 
-    using water_diagram::Options;
     auto* options = AddLocalizable(new TvStaticBoxSizer(wxVERTICAL, this, wxTRANSLATE("Options")));
     wxWindow* box = options->GetStaticBox();
-    AddOption(*options, box, wxTRANSLATE("Piper: NO3, F and Br with Cl"), &Options::minorAnionsInPiper);
-    AddOption(*options, box, wxTRANSLATE("Piper: size by dissolved solids"), &Options::sizeByDissolved);
-    AddOption(*options, box, wxTRANSLATE("Stiff: Fe and NO3"), &Options::fourthRowInStiff);
-    AddOption(*options, box, wxTRANSLATE("Schoeller: NO3"), &Options::nitrateInSchoeller);
+    const Options kept = KeptOptions();
+    for (const OptionRow& row : kOptions)
+        AddOption(*options, box, row.label, row.option)->SetValue(kept.*row.option);
     column->Add(options, spaced);
     column->Add(CreateExport(), spaced);
     SetSizer(column);
 }
 
-void DiagramInputs::AddOption(wxSizer& column, wxWindow* parent, const char* label,
-                              bool water_diagram::Options::*option)
+TvCheckBox* DiagramInputs::AddOption(wxSizer& column, wxWindow* parent, const char* label,
+                                     bool water_diagram::Options::*option)
 {
     auto* box = AddLocalizable(new TvCheckBox(parent, wxID_ANY, label));
-    box->Bind(wxEVT_CHECKBOX, [this](wxCommandEvent&) { m_callbacks.onContents(); });
+    box->Bind(wxEVT_CHECKBOX, [this](wxCommandEvent&) {
+        Keep(GetOptions());
+        m_callbacks.onContents();
+    });
     m_options.emplace_back(box, option);
     column.Add(box, wxSizerFlags().Border(wxALL, FromDIP(form::kGap)));
+    return box;
 }
 
 wxSizer* DiagramInputs::CreateExport()

@@ -2,8 +2,8 @@
 #pragma once
 
 /// What is chosen beside the diagrams of waters: which of them, which waters, how they are drawn; and the
-/// buttons that export. It tells of every choice by a callback and keeps what was chosen for as long as it
-/// lives. GUI thread only.
+/// buttons that export. It tells of every choice by a callback. The options are the user's own and kept over
+/// a restart; diagrams and waters stay chosen for as long as the page lives. GUI thread only.
 
 #include "gui_base/gui_base_export.h"
 #include "gui_base/input/controls/localizable.h"
@@ -46,8 +46,8 @@ public:
 
 private:
     void CreateControls();
-    void AddOption(wxSizer& column, wxWindow* parent, const char* label,
-                   bool water_diagram::Options::*option);
+    TvCheckBox* AddOption(wxSizer& column, wxWindow* parent, const char* label,
+                          bool water_diagram::Options::*option);
     wxSizer* CreateExport();
     void OnWater(wxCommandEvent& event);
     void UpdateNames();

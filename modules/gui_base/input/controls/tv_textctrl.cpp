@@ -73,7 +73,19 @@ void TvTextCtrl::Localize(const std::string&)
 void TvTextCtrl::SetEditable(bool editable)
 {
     wxTextCtrl::SetEditable(editable);
-    ApplyEditableColour(editable);
+    ApplyEditableColour(editable && IsThisEnabled());
+}
+
+void TvTextCtrl::DoEnable(bool enable)
+{
+    wxTextCtrl::DoEnable(enable);
+    const bool isTyped = enable && IsEditable();
+    const wxColour now = GetBackgroundColour();
+    // The colour of a value out of range stays.
+    if (now == EditableColour() || now == ReadOnlyColour())
+        ApplyEditableColour(isTyped);
+    else
+        UpdateValidatorDefaultColor(isTyped);
 }
 
 void TvTextCtrl::ChangeValue(const wxString& value)
@@ -89,7 +101,7 @@ void TvTextCtrl::SetStatusBar(wxStatusBar* statusBar)
 
 bool TvTextCtrl::TransferDataToWindow()
 {
-    UpdateValidatorDefaultColor(IsEditable());
+    UpdateValidatorDefaultColor(IsEditable() && IsThisEnabled());
     return wxTextCtrl::TransferDataToWindow();
 }
 

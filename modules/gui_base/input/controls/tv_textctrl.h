@@ -35,6 +35,8 @@ public:
 protected:
     /// Makes the colour of the editable state the one that the validator gives a value in range.
     void UpdateValidatorDefaultColor(bool editable);
+    /// A field that is off looks like a result, and nobody tries to type into it.
+    void DoEnable(bool enable) override;
 
 private:
     void ApplyEditableColour(bool editable);

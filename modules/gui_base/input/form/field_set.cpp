@@ -154,7 +154,7 @@ FormCells FieldSet::AddUnitRow(wxWindow* parent, wxSizer& grid, const FormRow& r
     const wxSizerFlags cell = wxSizerFlags().CentreVertical();
     m_unitRows.push_back(std::make_unique<InputCombinationUnitChoice>(
         parent, wxID_ANY, wxString::FromUTF8(row.label), units, &detail, &m_details.At(row.unitKey), &grid,
-        limits.min, limits.max, row.precision, row.format, row.validatorFlags | checks,
+        limits.min, limits.max, row.precision, row.format, row.validatorFlags | checks | ShortExponents,
         parent->FromDIP(wxSize(width, -1)), wxNullColour, wxTE_RIGHT, wxNOT_FOUND,
         wxASCII_STR(wxTextCtrlNameStr), cell, wxSizerFlags().Expand(), cell));
     InputCombinationUnitChoice* added = m_unitRows.back().get();
@@ -178,6 +178,7 @@ TvTextCtrl* FieldSet::AddField(wxWindow* parent, DetailData& detail, const Numbe
         transferFlags |= TransferInIsoUnits;
     auto field = std::make_shared<Field>(
         Field{.spec = spec, .detail = &detail, .control = control, .transferFlags = transferFlags});
+    field->spec.validatorFlags |= ShortExponents;
     control->SetClientObject(new KeptForControl(field));
     m_fields.push_back(std::move(field));
     return control;

@@ -79,5 +79,6 @@ bool DoubleValidator::IsValueZero() const
 wxString DoubleValidator::FormatLimit(double limit) const
 {
     return NumericValidator::FormatNumber(limit, {.format = TvTextCtrlFormat::General,
-                                                  .precision = std::max(m_precision, kLeastLimitDigits) + 1});
+                                                  .precision = std::max(m_precision, kLeastLimitDigits) + 1,
+                                                  .shortExponent = HasFlag(ShortExponents)});
 }

@@ -180,7 +180,8 @@ wxString NumericValidator::FormatNumber(double value, int precision) const
                                   .precision = precision,
                                   .trimZeros = HasFlag(TrimZeros),
                                   .groupThousands = HasFlag(GroupThousands),
-                                  .plain = HasFlag(PlainNumbers)};
+                                  .plain = HasFlag(PlainNumbers),
+                                  .shortExponent = HasFlag(ShortExponents)};
     return HasFlag(DetectionLimits)
                ? wxString::FromUTF8(detection_limit::Format(value, style, LocaleSeparators()))
                : FormatNumber(value, style);

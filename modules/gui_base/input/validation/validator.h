@@ -31,6 +31,7 @@ enum ValidatorFlag : int
     PlainNumbers = 1024,     ///< general notation has no exponent from a millionth to a thousand million
     DetectionLimits =
         2048,  ///< "<0.05" states a limit of detection (core/detection_limit.h), no negative amount
+    ShortExponents = 4096,  ///< general notation writes "1.5e-7" for "1.500000e-07"
 };
 
 class GUI_BASE_EXPORT Validator : public wxValidator

@@ -235,9 +235,9 @@ void ExchangerBlock::ShowNotes(const design::ExchangerDesign& exchanger)
         m_box.SetLabelText(name);
     const ReportContext context = ShownContext(m_project.GetUnitSystemDisplay());
     std::string text;
-    for (std::size_t i = 0; i < exchanger.compartments.size(); ++i) {
-        const auto lines = designtext::CapacityLines(exchanger.compartments[i].capacity, context);
-        const std::string title = designtext::CompartmentTitle(exchanger, i, context);
+    for (const design::CompartmentDesign& bed : exchanger.compartments) {
+        const auto lines = designtext::CapacityLines(bed.capacity, context);
+        const std::string title = designtext::CompartmentTitle(*bed.node, context);
         if (!lines.empty() && !title.empty())
             Append(text, title);
         Append(text, lines);

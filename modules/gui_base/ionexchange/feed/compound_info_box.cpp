@@ -18,8 +18,8 @@ constexpr int kDetailWidth = 100;
 
 wxString Number(double value, const char* unit)
 {
-    const wxString text = wxString::FromUTF8(
-        numbertext::Format(value, {.precision = kDigits}, NumericValidator::LocaleSeparators()));
+    const wxString text = wxString::FromUTF8(numbertext::Format(
+        value, {.precision = kDigits, .shortExponent = true}, NumericValidator::LocaleSeparators()));
     return text.empty() ? text : text + unit;
 }
 

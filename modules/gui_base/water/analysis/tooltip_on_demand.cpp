@@ -21,8 +21,8 @@ void ExplainOnDemand(wxWindow& control, std::function<wxString()> text)
 
 wxString ExplainedNumber(double value)
 {
-    return wxString::FromUTF8(
-        numbertext::Format(value, {.precision = 4}, NumericValidator::LocaleSeparators()));
+    return wxString::FromUTF8(numbertext::Format(value, {.precision = 4, .shortExponent = true},
+                                                 NumericValidator::LocaleSeparators()));
 }
 
 }  // namespace wateranalysis

@@ -4,6 +4,7 @@
 #include "chartdir/plane_chart.h"
 #include "chartdir/stiff_chart.h"
 #include "chartdir/xy_chart.h"
+#include "dbinterfaces/project_database.h"
 #include "gui_base/graphics/diagrams/water_diagram_panel.h"
 #include "gui_base/input/controls/tv_button.h"
 #include "gui_base/input/events.h"
@@ -36,6 +37,8 @@ protected:
     void SetUp() override
     {
         GuiTest::SetUp();
+        // What an earlier page kept.
+        ProjectDatabase::SetLocalParameter("/Window/diagram.options", {});
         m_frame->SetClientSize(1200, 800);
         support::SetWater(m_project, {{"ca", 3}, {"mg", 1}, {"na", 1}, {"hco3", 3}, {"so4", 1}, {"cl", 1}});
         {
@@ -187,6 +190,22 @@ TEST_F(DiagramPageTest, OptionsChangeTheDiagramsAndNothingElse)
     const auto& schoeller = dynamic_cast<const chartdir::XYChart&>(*Viewer(Kind::Schoeller).GetChart());
     EXPECT_EQ(schoeller.xAxis().getLabels().size(), 7U);
     EXPECT_FALSE(m_project.IsChanged());
+}
+
+TEST_F(DiagramPageTest, OptionsAreTheSameOnTheNextPage)
+{
+    Click(Labelled<wxCheckBox>(*m_page, "Stiff: Fe and NO3"));
+    Click(Labelled<wxCheckBox>(*m_page, "Schoeller: NO3"));
+    Click(Labelled<wxCheckBox>(*m_page, "Schoeller: NO3"));
+    Click(Labelled<wxCheckBox>(*m_page, "Piper: size by dissolved solids"));
+    const water_diagram::Options chosen = m_page->GetInputs().GetOptions();
+    EXPECT_EQ(chosen, (water_diagram::Options{.sizeByDissolved = true, .fourthRowInStiff = true}));
+    m_frame->DestroyChildren();
+    m_page = new DiagramPage(m_project, m_frame);
+    m_frame->SendSizeEvent();
+    Pump();
+    EXPECT_EQ(m_page->GetInputs().GetOptions(), chosen);
+    EXPECT_EQ(Stiff().getRows().size(), 4U) << "drawn as well";
 }
 
 TEST_F(DiagramPageTest, OneDiagramHasTheWholeRoomAndAWideWindowTakesAllInARow)

@@ -132,6 +132,7 @@ TEST_F(WaterAnalysisTest, ShortAnalysesKeepTheFullOne)
     EXPECT_EQ(Detail("analysis.type").GetStringValue(), "SHORT_TDS");
     EXPECT_NEAR(Value("tds.short"), tds, 1e-9) << "starts from what the ions gave";
     EXPECT_FALSE(Field("ca.orig").IsEnabled());
+    EXPECT_EQ(Field("ca.orig").GetBackgroundColour(), TvTextCtrl::ReadOnlyColour());
     EXPECT_FALSE(Field("cond.short").IsEnabled());
     gui_test::Enter(Field("tds.short"), "584.4");
     EXPECT_NEAR(Value("na.meql"), 10.0, 1e-9);
@@ -148,6 +149,7 @@ TEST_F(WaterAnalysisTest, ShortAnalysesKeepTheFullOne)
     EXPECT_NEAR(Value("ca.meql"), 2.0, 1e-12);
     EXPECT_NEAR(Value("tds"), tds, 1e-9);
     EXPECT_TRUE(Field("ca.orig").IsEnabled());
+    EXPECT_EQ(Field("ca.orig").GetBackgroundColour(), TvTextCtrl::EditableColour());
 }
 
 TEST_F(WaterAnalysisTest, AnArrangementThatBlendsForbidsShortAnalyses)

@@ -270,10 +270,42 @@ TEST(WaterAdvice, ZeroThatNobodyTypedIsMissing)
     Put(project, "water.1", "liquid/fe.total", std::nan(""));
     Put(project, "water.1", "liquid/fe2.orig", 0.0);
     Put(project, "water.1", "liquid/mn.orig", 0.6);
-    EXPECT_EQ(Ids(project), "limit.mn.demi! limit.femn.demi!") << "manganese alone is enough for the sum";
+    EXPECT_EQ(Ids(project), "limit.mn.demi!") << "without iron there is no sum";
     Put(project, "water.1", "liquid/fe.total", 0.25);
     Put(project, "water.1", "liquid/mn.orig", 0.3);
     EXPECT_EQ(Ids(project), "limit.fe.demi limit.mn.demi! limit.femn.demi!");
+}
+
+TEST(WaterAdvice, OneMetalAloneHasOneAdviceTheStricterOne)
+{
+    struct Case
+    {
+        const char* plant;
+        double iron;
+        double manganese;
+        const char* ids;
+        const char* labels;
+    };
+    const double none = std::nan("");
+    const Case cases[] = {
+        {"SOFT", 0.5, none, "limit.fe.soft", "Iron"},
+        {"SOFT", 1.0, 0.0, "limit.femn.soft!", "Iron"},
+        {"SOFT", none, 1.0, "limit.femn.soft!", "Manganese"},
+        {"SOFT", 0.0, 0.5, "limit.mn.soft", "Manganese"},
+        {"SOFT", 0.96, 0.04, "limit.fe.soft limit.femn.soft!", "Iron, Iron and manganese"},
+        {"SOFT", 0.96, 0.03, "limit.fe.soft", "Iron"},
+        {"DEMI", 0.6, none, "limit.fe.demi!", "Iron"},
+        {"DEMI", 0.46, 0.04, "limit.fe.demi! limit.femn.demi!", "Iron, Iron and manganese"}};
+    for (const Case& c : cases) {
+        iex::IEXProject project(c.plant);
+        Put(project, "water.1", "liquid/fe.total", c.iron);
+        Put(project, "water.1", "liquid/mn.orig", c.manganese);
+        EXPECT_EQ(Ids(project), c.ids) << c.iron << " " << c.manganese;
+        std::string labels;
+        for (const advice::Advice& each : On(project))
+            labels += (labels.empty() ? "" : ", ") + std::string(each.label);
+        EXPECT_EQ(labels, c.labels) << c.iron << " " << c.manganese;
+    }
 }
 
 TEST(WaterAdvice, LimitsOfDetectionSayNothing)
