@@ -59,6 +59,7 @@ double Value(const LiquidData& water)
 constexpr char kChlorine[] = "liquid/cl.free";
 constexpr char kTurbidity[] = "liquid/turbidity";
 constexpr char kSolids[] = "liquid/tss";
+constexpr char kOil[] = "liquid/oil";
 constexpr char kOrganic[] = "liquid/toc";
 constexpr char kSulfide[] = "liquid/h2s";
 
@@ -93,6 +94,8 @@ constexpr const char* kIronFouls = wxTRANSLATE(
 constexpr const char* kChlorineSplits =
     wxTRANSLATE("Chlorine breaks the cross-links of the resin; chloramine does so, too, and passes carbon");
 constexpr const char* kSolidsClog = wxTRANSLATE("Solids clog the bed: pressure drop and channels follow");
+constexpr const char* kOilCoats =
+    wxTRANSLATE("Oil coats the beads, which then take up ions slowly, and no regeneration removes it");
 constexpr const char* kOrganicsStay = wxTRANSLATE(
     "Humic acids stay on anion resins, those of styrene most of all: long rinses and silica leakage follow");
 constexpr const char* kSulfideFouls =
@@ -155,6 +158,12 @@ constexpr std::array kRows{
              Value<kSolids>},
     LimitRow{"tss.polish", wxTRANSLATE("TSS"), kPolishing, kSolids, kUsual, kSolidsClog, kPractice, kPolish,
              Value<kSolids>},
+    LimitRow{"oil.soft", wxTRANSLATE("Oil"), kSoftening, kOil, kUsual, kOilCoats, kPractice, kSoft,
+             Value<kOil>},
+    LimitRow{"oil.demi", wxTRANSLATE("Oil"), kDemineralising, kOil, kUsual, kOilCoats, kPractice, kDemi,
+             Value<kOil>},
+    LimitRow{"oil.polish", wxTRANSLATE("Oil"), kPolishing, kOil, kUsual, kOilCoats, kPractice, kPolish,
+             Value<kOil>},
     LimitRow{"toc.gel", wxTRANSLATE("TOC"), kGelAnion, kOrganic, kUsual, kOrganicsStay, kPractice, IsDemiGel,
              Value<kOrganic>},
     LimitRow{"toc.open", wxTRANSLATE("TOC"), kOpenAnion, kOrganic, kUsual, kOrganicsStay, kPractice, kDemi,

@@ -2,8 +2,8 @@
 #pragma once
 
 /// What water may hold ahead of ion exchange resins: limits of practice for iron, manganese, chlorine,
-/// turbidity and organic matter, by the kind of plant. They are settings of the user, "limit.ID.note" and
-/// "limit.ID.warn"; an empty one is none.
+/// turbidity, oil and organic matter, by the kind of plant. They are settings of the user, "limit.ID.note"
+/// and "limit.ID.warn"; an empty one is none.
 
 #include "projectbase/projectbase_export.h"
 

@@ -17,6 +17,9 @@ namespace {
 
 constexpr const char* kZero = "0.00000000000000E+000";
 constexpr const char* kGroup = "liquid";
+/// A value that waters did not have when the first ones were filed. Its zero is stored, so that nothing
+/// stored means that nobody knew it.
+constexpr std::string_view kAddedLater = "liquid/oil";
 
 std::string Text(const LiquidData& liquid, const char* key)
 {
@@ -61,8 +64,9 @@ bool StoreDetails(int water, const DetailList& details, const LabelOf& labelOf)
         if (water::IsOfRecipe(key))
             continue;
         const std::string value = ValueText(detail);
-        if (value != kZero && !ProjectDatabase::WaterLib_SaveUserLiquidDetail(
-                                  water, key, value, UnitText(details, detail), labelOf(key), kGroup))
+        const bool isKept = value != kZero || key == kAddedLater;
+        if (isKept && !ProjectDatabase::WaterLib_SaveUserLiquidDetail(
+                          water, key, value, UnitText(details, detail), labelOf(key), kGroup))
             return false;
     }
     return true;
@@ -139,6 +143,8 @@ void Apply(const std::vector<DBObjects::WaterLibAttr>& stored, LiquidData& liqui
         if (std::ranges::find(stored, value.unit, &DBObjects::WaterLibAttr::key) == stored.end())
             details.At(value.orig).SetValue(std::numeric_limits<double>::quiet_NaN());
     }
+    if (std::ranges::find(stored, kAddedLater, &DBObjects::WaterLibAttr::key) == stored.end())
+        details.At(kAddedLater).SetValue(std::numeric_limits<double>::quiet_NaN());
     water::NormalizeEveryIon(details);
     water::UpdateDerivedValues(details);
 }

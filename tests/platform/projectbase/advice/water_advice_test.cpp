@@ -228,7 +228,7 @@ TEST(WaterAdvice, EveryLimitBeginsWhereItStands)
             }
         }
     }
-    EXPECT_GE(judged, 25u) << "each for one type of plant at least";
+    EXPECT_GE(judged, 28u) << "each for one type of plant at least";
 }
 
 TEST(WaterAdvice, LimitsFollowTheResinsAndTheUser)
@@ -282,6 +282,7 @@ TEST(WaterAdvice, LimitsOfDetectionSayNothing)
     for (const auto& [key, amount] : {std::pair("liquid/fe.total", 5.0),
                                       {"liquid/mn.orig", 2.0},
                                       {"liquid/cl.free", 3.0},
+                                      {"liquid/oil", 0.2},
                                       {"liquid/turbidity", 20.0}}) {
         Put(project, "water.1", key, amount);
         EXPECT_NE(Ids(project), "") << key;
