@@ -2,6 +2,7 @@
 #include "projectbase/advice/resin_limits.h"
 
 #include "core/detection_limit.h"
+#include "projectbase/design/plant_design.h"
 #include "projectbase/project/iex_project.h"
 #include "projectbase/settings/settings.h"
 #include "projectbase/water/detection_limits.h"
@@ -113,7 +114,7 @@ constexpr const char* kFreeChlorine = wxTRANSLATE("Free chlorine");
 
 constexpr const char* kSoftening = wxTRANSLATE("softening");
 constexpr const char* kDemineralising = wxTRANSLATE("demineralisation, dealkalisation");
-constexpr const char* kPolishing = wxTRANSLATE("mixed beds, polishing");
+constexpr const char* kPolishing = wxTRANSLATE("mixed beds, polishing, packed beds");
 constexpr const char* kGelCation = wxTRANSLATE("softening, gel resin");
 constexpr const char* kMacroCation = wxTRANSLATE("softening, macroporous resin");
 constexpr const char* kWeakResins = wxTRANSLATE("demineralisation, weak resins");
@@ -201,8 +202,11 @@ PlantKind KindOfPlant(const Project& project, const LiquidData& water)
     else if (plant->IsOfType("MB") || plant->IsOfType("CP"))
         kind.column = Column::Polishing;
     for (std::size_t i = 0; i < plant->NumberSteps(); ++i) {
-        for (const auto& compartment : plant->GetStep(i).GetChildren(OwnerKind::Compartment))
+        for (const auto& compartment : plant->GetStep(i).GetChildren(OwnerKind::Compartment)) {
             LookAtResins(*compartment, kind);
+            if (design::IsPacked(*compartment))
+                kind.column = Column::Polishing;
+        }
     }
     return kind;
 }

@@ -19,7 +19,7 @@ enum class Column
 {
     Softening,         ///< also where nothing is known of the plant: the mildest of all
     Demineralisation,  ///< and dealkalisation
-    Polishing          ///< mixed beds and condensate polishers
+    Polishing          ///< mixed beds, condensate polishers, and plants with a packed bed
 };
 /// What is known of a plant that a water feeds.
 struct PlantKind

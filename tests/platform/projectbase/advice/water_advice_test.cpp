@@ -250,6 +250,22 @@ TEST(WaterAdvice, LimitsFollowTheResinsAndTheUser)
     EXPECT_EQ(Ids(demi), "") << "no limit at all";
     Settings::Reset();
 
+    // A bed under a float is packed, and no backwash frees it of solids; one on a layer is none.
+    Put(demi, "water.1", "liquid/toc", 0.8);
+    OwnerNode& compartment = *demi.FindOwner("ex.1.comp.1");
+    const auto addInert = [&](std::size_t position) {
+        const ProjectEdit edit(demi);
+        OwnerNode& layer =
+            demi.AddOwner(compartment, std::make_shared<OwnerNode>(OwnerKind::Resin), position);
+        layer.GetDetails()->At("compcomp/resin").SetValue("inert");
+    };
+    addInert(0);
+    EXPECT_EQ(Ids(demi), "");
+    addInert(2);
+    EXPECT_EQ(Ids(demi), "limit.toc.polish");
+    demi.RemoveOwner(*demi.FindOwner("ex.1.comp.1.resin.3"));
+    EXPECT_EQ(Ids(demi), "");
+
     // A water that does not feed the plant, and one without a plant, have the mildest limits.
     Put(demi, "water.1", "liquid/toc", 0.0);
     demi.AddLiquid("Other");
