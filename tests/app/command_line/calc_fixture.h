@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-/// The command "calc", run in this process on a project of two waters, whose file it must not change.
+/// The command "calc", run in this process; a fixture runs it on a project of two waters, whose file it must
+/// not change.
 
 #include "app/command_line/calc_command.h"
 #include "projectbase/project/iex_project.h"
@@ -24,6 +25,14 @@ struct Result
     std::string err;
 };
 
+inline Result RunCalc(const std::vector<std::string>& args)
+{
+    std::ostringstream out;
+    std::ostringstream err;
+    const int code = app::RunCalc(args, out, err);
+    return {code, out.str(), err.str()};
+}
+
 class Calc : public testing::Test
 {
 protected:
@@ -38,15 +47,10 @@ protected:
         ProjectFile::Save(project, m_path);
     }
 
-    Result Run(std::vector<std::string> args) const
+    Result Run(const std::vector<std::string>& args) const
     {
         const std::string before = support::ReadBytes(m_path);
-        std::ostringstream out;
-        std::ostringstream err;
-        Result result;
-        result.code = app::RunCalc(args, out, err);
-        result.out = out.str();
-        result.err = err.str();
+        Result result = RunCalc(args);
         EXPECT_EQ(support::ReadBytes(m_path), before);
         return result;
     }
