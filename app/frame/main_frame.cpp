@@ -4,33 +4,21 @@
 #include "app/frame/menu_table.h"
 #include "app/frame/message_log.h"
 #include "app/frame/navigator.h"
-#include "app/frame/plant_dialog.h"
-#include "app/frame/report_context.h"
 #include "app/frame/start_page.h"
 #include "app/frame/window_place.h"
 #include "dbinterfaces/project_database.h"
-#include "gui_base/dialogs/tv_report_controller.h"
 #include "gui_base/graphics/diagrams/water_diagram_panel.h"
 #include "gui_base/input/controls/tv_statusbar.h"
 #include "gui_base/input/events.h"
 #include "gui_base/input/panel/aui_notebook.h"
-#include "gui_base/input/panel/tv_modulepanelbase.h"
 #include "gui_base/input/validation/commit.h"
-#include "gui_base/ionexchange/whatif/what_if_dialog.h"
-#include "gui_base/ionexchange/whatif/what_if_grid_pair_loader.h"
-#include "gui_base/report/range_sentence.h"
-#include "gui_base/report/report_builder.h"
 #include "gui_base/support/density.h"
-#include "gui_base/support/file_path.h"
 #include "gui_base/support/image_loader.h"
 #include "gui_base/support/translation.h"
 #include "gui_base/water/results/water_results_panel.h"
-#include "projectbase/project/iex_project.h"
-#include "projectbase/project/range_faults.h"
 #include "projectbase/settings/settings.h"
 #include "tncommon/data_dir.h"
 
-#include <wx/aboutdlg.h>
 #include <wx/settings.h>
 #include <wx/wupdlock.h>
 
@@ -54,27 +42,6 @@ water_diagram::Kind KeptDiagram()
         return kept == std::to_string(static_cast<int>(kind));
     });
     return found == water_diagram::kKinds.end() ? water_diagram::Kind::Bars : *found;
-}
-
-/// "Undo change of Sodium", "Undo add water".
-wxString HistoryText(const char* bare, const char* change, const char* edit, const UndoStep* step)
-{
-    if (step == nullptr || step->name.empty())
-        return i18n::Translated(bare);
-    return wxString::Format(i18n::Translated(step->isNamed ? edit : change),
-                            i18n::Translated(wxString::FromUTF8(step->name)));
-}
-
-/// Where the first value of a step lives.
-std::optional<DetailAddress> PlaceOf(const UndoStep& step)
-{
-    for (const StackElement& element : step.elements) {
-        if (const auto* value = std::get_if<ValueChange>(&element))
-            return value->address;
-        if (const auto* groups = std::get_if<GroupsChange>(&element))
-            return DetailAddress{{}, groups->kind};
-    }
-    return std::nullopt;
 }
 
 }  // namespace
@@ -243,20 +210,6 @@ void MainFrame::RebuildPages()
     OpenPages();
 }
 
-void MainFrame::OnProjectChanged(const ProjectChanges& changes)
-{
-    if (changes.HasStructure()) {
-        m_book->Follow();
-        ShowResults();
-    } else {
-        m_book->ShowBalances();
-        if (changes.Touches(m_shownWater) || changes.Touches({}))
-            ShowDiagram();
-    }
-    UpdateRangeMessages();
-    UpdateTitle();
-}
-
 std::string MainFrame::ArrangementParameter() const
 {
     return "/Perspective/" + m_document->GetProject().GetModuleType();
@@ -284,245 +237,6 @@ void MainFrame::BuildMenus()
     delete old;
     delete GetToolBar();
     SetToolBar(BuildToolBar(*this));
-}
-
-void MainFrame::UpdateTitle()
-{
-    const std::string name = m_document->GetName();
-    wxString title = name.empty() ? i18n::Translated("Untitled") : ShownText(name);
-    if (m_document->IsUnsaved())
-        title.Prepend("*");
-    title += " - Tarnvik";
-    if (title != GetTitle())
-        SetTitle(title);
-}
-
-void MainFrame::UpdateRangeMessages()
-{
-    ReportContext context = WindowContext();
-    context.unitSystem = GetProject().GetUnitSystemDisplay();
-    std::vector<MessageArea::RangeMessage> messages;
-    for (const RangeFault& fault : RangeFaults(GetProject()))
-        messages.push_back({wxString::FromUTF8(RangeSentence(fault, GetProject(), context)), fault.address});
-    GetMessageArea().SetRangeMessages(messages);
-}
-
-void MainFrame::ShowResults()
-{
-    Project& project = GetProject();
-    const LiquidData* water = m_waters.GetCurrent();
-    if (water != nullptr)
-        m_shownWater = water->GetOwner();
-    else if (project.FindOwner(m_shownWater) == nullptr)
-        m_shownWater = project.GetLiquid(0).GetOwner();
-    m_results->SetWater(&project, m_shownWater);
-    ShowDiagram();
-}
-
-void MainFrame::ShowDiagram()
-{
-    const Project& project = GetProject();
-    if (const auto* water = dynamic_cast<const LiquidData*>(project.FindOwner(m_shownWater)))
-        m_diagram->SetWater(*water, project.GetUnitSystemDisplay());
-}
-
-void MainFrame::ShowUnits()
-{
-    m_book->SendToPages(tvCHANGEUNITSYSTEM_EVENT);
-    m_results->Localize();
-    ShowDiagram();
-    UpdateRangeMessages();
-}
-
-void MainFrame::Localize()
-{
-    const wxWindowUpdateLocker frozen(this);
-    BuildMenus();
-    m_statusBar->Localize();
-    m_workArea->Localize();
-    m_start->Localize();
-    m_results->Localize();
-    m_diagram->Localize(GetProject().GetUnitSystemDisplay());
-    m_book->Localize();
-    m_book->SendToPages(tvLOCALIZE_EVENT);
-    if (m_help)
-        m_help->Localize();
-    UpdateTitle();
-    UpdateRangeMessages();
-}
-
-wxString MainFrame::UndoText() const
-{
-    return HistoryText(wxTRANSLATE("&Undo"), wxTRANSLATE("&Undo change of %s"), wxTRANSLATE("&Undo %s"),
-                       m_document->GetHistory().GetUndoStep());
-}
-
-wxString MainFrame::RedoText() const
-{
-    return HistoryText(wxTRANSLATE("&Redo"), wxTRANSLATE("&Redo change of %s"), wxTRANSLATE("&Redo %s"),
-                       m_document->GetHistory().GetRedoStep());
-}
-
-void MainFrame::Undo()
-{
-    CommitFocusedField();
-    StepHistory(&UndoRedoDetailStack::Undo, m_document->GetHistory().GetUndoStep());
-}
-
-void MainFrame::Redo()
-{
-    CommitFocusedField();
-    StepHistory(&UndoRedoDetailStack::Redo, m_document->GetHistory().GetRedoStep());
-}
-
-void MainFrame::StepHistory(bool (UndoRedoDetailStack::*step)(), const UndoStep* taken)
-{
-    const auto place = taken == nullptr ? std::nullopt : PlaceOf(*taken);
-    if ((m_document->GetHistory().*step)() && place)
-        m_book->ShowDetail(*place);
-}
-
-bool MainFrame::HasWhatIf() const
-{
-    ModulePanelBase* panel = m_book->GetCurrentPanel();
-    return panel != nullptr && panel->HasWhatIf();
-}
-
-bool MainFrame::CanChangePlant() const
-{
-    return dynamic_cast<const iex::IEXProject*>(&m_document->GetProject()) != nullptr;
-}
-
-void MainFrame::ChangePlant()
-{
-    CommitFocusedField();
-    try {
-        app::ChangePlant(this, dynamic_cast<iex::IEXProject&>(GetProject()));
-    } catch (const std::exception& error) {
-        ReportError(error);
-    }
-}
-
-void MainFrame::ShowWhatIf()
-{
-    CommitFocusedField();
-    Project& project = GetProject();
-    try {
-        std::vector<WifPair> rows = WhatIfGridPairLoader::GetTable(project);
-        std::ranges::move(WhatIfGridPairLoader::GetTableForSteps(project), std::back_inserter(rows));
-        WhatIfDialog dialog(std::make_unique<WifTable>(std::move(rows), project), &project, this);
-        dialog.SetHelp(m_help.get());
-        dialog.ShowModal();
-    } catch (const std::exception& error) {
-        ReportError(error);
-    }
-}
-
-void MainFrame::PrintReport()
-{
-    CommitFocusedField();
-    const std::string name = m_document->GetName();
-    const wxString title = name.empty() ? i18n::Translated("Untitled") : ShownText(name);
-    const ReportHead head = MakeReportHead(GetProject(), title.utf8_string(), "Tarnvik " TARNVIK_VERSION);
-    const wxFileName proposed(DialogPath(m_document->GetPath().parent_path()), title, "pdf");
-    const auto sources = ReportSources(GetProject());
-    std::vector<const ReportPageSource*> pages;
-    for (const auto& source : sources)
-        pages.push_back(source.get());
-    try {
-        TvReportController(this).Print(pages, WindowContext(), head, proposed);
-    } catch (const std::exception& error) {
-        ReportError(error);
-    }
-}
-
-void MainFrame::ShowHelp()
-{
-    if (!m_help)
-        return;
-    if (const PageHost* page = m_book->GetCurrent())
-        m_help->DisplayHelpSection(page->GetModule().helpPage);
-    else
-        m_help->DisplayHelpContent();
-}
-
-void MainFrame::ShowHelpContents()
-{
-    if (m_help)
-        m_help->DisplayHelpContent();
-}
-
-void MainFrame::ShowAbout()
-{
-    wxAboutDialogInfo info;
-    info.SetName("Tarnvik");
-    info.SetVersion(TARNVIK_VERSION);
-    info.SetDescription(i18n::Translated("Design of ion-exchange water-treatment plants"));
-    info.SetLicence("MIT");
-    info.SetIcon(
-        ImageLoader::LoadBundle("icons/tarnvik.svg", FromDIP(wxSize(64, 64))).GetIcon(wxDefaultSize));
-    wxAboutBox(info, this);
-}
-
-void MainFrame::ShowStart()
-{
-    CommitFocusedField();
-    m_start->ShowFresh();
-    m_workArea->ShowCover(true);
-    m_start->SetFocus();
-}
-
-bool MainFrame::IsStartShown() const
-{
-    return m_workArea->IsCoverShown();
-}
-
-void MainFrame::ShowPages()
-{
-    m_workArea->ShowCover(false);
-    m_book->MakeShownPages();
-}
-
-void MainFrame::ClearMessages()
-{
-    GetMessageArea().ClearMessages();
-    UpdateRangeMessages();
-}
-
-void MainFrame::ReportError(MessageArea::Text text)
-{
-    GetMessageArea().AddMessage(MessageArea::Severity::Error, std::move(text));
-}
-
-void MainFrame::ReportError(const std::exception& error)
-{
-    const std::exception_ptr caught = std::current_exception();
-    ReportError([caught, fixed = MessageOf(error)] {
-        try {
-            if (caught)
-                std::rethrow_exception(caught);
-        } catch (const std::exception& again) {
-            return MessageOf(again);
-        } catch (...) {
-        }
-        return fixed;
-    });
-}
-
-void MainFrame::ReportNote(const wxString& text)
-{
-    ReportNote([text] { return UserMessage{text, {}}; });
-}
-
-void MainFrame::ReportNote(MessageArea::Text text)
-{
-    GetMessageArea().AddMessage(MessageArea::Severity::Info, std::move(text));
-}
-
-void MainFrame::OnMessage(MessageEvent& event)
-{
-    for (const std::string& message : event.GetMessages())
-        ReportNote(wxString::FromUTF8(message));
 }
 
 void MainFrame::OnClose(wxCloseEvent& event)

@@ -23,6 +23,7 @@
 
 #include <algorithm>
 #include <array>
+#include <ranges>
 #include <utility>
 
 namespace app {
@@ -201,16 +202,25 @@ wxSizer* StartPage::BuildPlants()
     return list;
 }
 
+const std::vector<wxBitmap>& StartPage::ExampleStrips()
+{
+    const wxSize size = FromDIP(wxSize(kPictureWidth, kPictureHeight));
+    if (!m_strips.empty() && m_strips.front().GetSize() == size)
+        return m_strips;
+    m_strips.clear();
+    for (const WaterTemplate& water : WaterTemplates() | std::views::take(kMostExamples))
+        m_strips.push_back(IonStrip(*NewProjectFrom(water)->GetLiquid(0).GetDetails(), size));
+    return m_strips;
+}
+
 wxSizer* StartPage::BuildExamples()
 {
     auto* list = new wxBoxSizer(wxVERTICAL);
     const auto& waters = WaterTemplates();
-    for (std::size_t i = 0; i < std::min(waters.size(), kMostExamples); ++i) {
+    const auto& strips = ExampleStrips();
+    for (std::size_t i = 0; i < strips.size(); ++i) {
         const WaterTemplate& water = waters[i];
-        const auto project = NewProjectFrom(water);
-        const wxSize size = FromDIP(wxSize(kPictureWidth, kPictureHeight));
-        list->Add(NewTile(IonStrip(*project->GetLiquid(0).GetDetails(), size), wxString::FromUTF8(water.name),
-                          Capitalised(Tr(water.kind.c_str())),
+        list->Add(NewTile(strips[i], wxString::FromUTF8(water.name), Capitalised(Tr(water.kind.c_str())),
                           [this, &water] { m_frame.Files().NewFrom(water); }));
     }
     list->Add(NewTile(IconOf("example"), Tr("All example waters..."), wxString(),

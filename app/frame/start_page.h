@@ -4,10 +4,12 @@
 /// What the program begins with when no project was named: new projects by type of plant, example waters, the
 /// files used last. Its contents are made when it is first shown. The frame outlives the page.
 
+#include <wx/bitmap.h>
 #include <wx/scrolwin.h>
 
 #include <functional>
 #include <string>
+#include <vector>
 
 class wxBitmapBundle;
 class wxButton;
@@ -30,6 +32,9 @@ private:
     void Build();
     wxSizer* BuildPlants();
     wxSizer* BuildExamples();
+    /// Pictures of the example waters. Each takes the calculation of a project, and none depends on language
+    /// or theme: they are made once for each scale of the display.
+    const std::vector<wxBitmap>& ExampleStrips();
     wxSizer* BuildRecent();
     wxSizer* NewSection(const char* title, wxSizer* content);
     /// A wide flat button with a picture, a name and a line of explanation.
@@ -37,6 +42,7 @@ private:
                       std::function<void()> action);
 
     MainFrame& m_frame;
+    std::vector<wxBitmap> m_strips;
     bool m_isBuilt = false;
 };
 

@@ -61,6 +61,16 @@ constexpr std::array kProperties{
     Property{"turbidity", Kind::Amount, "turbidity|tr\u00fcbung"},
     Property{"sdi", Kind::Amount, "sdi|sdi15|silt density index"},
     Property{"tss", Kind::Amount, "tss|suspended solids|total suspended solids|abfiltrierbare stoffe"},
+    Property{"oil", Kind::Exact,
+             "oil|oil and grease|oil & grease|oil, mineral|oil (mineral)|mineral "
+             "oil|hydrocarbons|hydrocarbons, total|"
+             "hydrocarbons c10-c40|hydrocarbons (c10-c40)|total hydrocarbons|total petroleum "
+             "hydrocarbons|tph|\u00f6l|\u00f6l und fett|\u00f6le und fette|"
+             "mineral\u00f6l|mineral\u00f6lkohlenwasserstoffe|mkw|kohlenwasserstoffe|"
+             "kohlenwasserstoffe c10-c40|kohlenwasserstoffe (c10-c40)|kohlenwasserstoffe, "
+             "gesamt|kohlenwasserstoff-index|kohlenwasserstoffindex|huile|huiles|"
+             "huiles et graisses|huile min\u00e9rale|huiles min\u00e9rales|hydrocarbures|"
+             "hydrocarbures totaux|indice hydrocarbure|indice hydrocarbures"},
     Property{"toc", Kind::Amount, "toc|total organic carbon|gesamter organischer kohlenstoff"},
     Property{"fe.total", Kind::Amount,
              "fe|fe total|total iron|iron|iron, total|eisen|eisen gesamt|gesamteisen"},

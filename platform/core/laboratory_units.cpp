@@ -20,6 +20,7 @@ struct PropertyUnit
     std::string_view target;
     std::string_view unit;
     std::string_view spellings;
+    double factor = 1.0;
 };
 
 // Milligrams of hardness or alkalinity, of which nothing else is said, are those of calcium carbonate.
@@ -51,6 +52,8 @@ constexpr std::array kPropertyUnits{
     PropertyUnit{"turbidity", "NTU", "|ntu|fnu|fnu/ntu|tef"},
     PropertyUnit{"sdi", "", "|-|%/min"},
     PropertyUnit{"tss", "mg/l", "|mg/l|ppm|g/m3"},
+    PropertyUnit{"oil", "mg/l", "|mg/l|mg l-1|ppm|g/m3|g/m\u00b3"},
+    PropertyUnit{"oil", "mg/l", "\u00b5g/l|\u03bcg/l|ug/l|mcg/l|ppb", 1e-3},
     PropertyUnit{"toc", "mg/l", "|mg/l|mg/l c|ppm|g/m3"},
     PropertyUnit{"fe.total", "mg/l", "|mg/l|ppm|g/m3"},
     PropertyUnit{"cl.free", "mg/l", "|mg/l|ppm|g/m3"},
@@ -142,7 +145,7 @@ std::optional<UnitReading> ReadPropertyUnit(std::string_view text, std::string_v
         target = "alkalinity";
     for (const PropertyUnit& unit : kPropertyUnits)
         if (unit.target == target && HasSpelling(unit.spellings, spelling))
-            return UnitReading{std::string(unit.unit), 1.0};
+            return UnitReading{std::string(unit.unit), unit.factor};
     return std::nullopt;
 }
 

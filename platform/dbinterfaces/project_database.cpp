@@ -161,11 +161,3 @@ void ProjectDatabase::SetLocalParameter(const std::string& key, const std::strin
     RunLocally("SetLocalParameter",
                [&](soci::session& session) { UpsertParameter(session, {}, key, value); });
 }
-
-void ProjectDatabase::RemoveUserParameter(const std::string& key)
-{
-    Run("RemoveUserParameter", [&](soci::session& session, const std::string& owner) {
-        session << "DELETE FROM tarnvik_user_parameter WHERE owner = :owner AND name = :name",
-            soci::use(owner), soci::use(key);
-    });
-}

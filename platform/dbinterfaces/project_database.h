@@ -57,9 +57,6 @@ public:
     static std::string GetLocalParameter(const std::string& key, const std::string& defaultValue = {});
     static void SetLocalParameter(const std::string& key, const std::string& value);
 
-    /// Removes a parameter of this user; nothing happens when there is none.
-    static void RemoveUserParameter(const std::string& key);
-
     /// What is written during its life is written as a whole or, without a Commit, not at all. Other threads
     /// wait for its end, and so do other programs that begin one of their own: what it reads stays true until
     /// then. A Transaction inside another one is part of it. A connection that is lost meanwhile ends it; the

@@ -2,14 +2,12 @@
 #include "gui_base/network/data_sheet_dialog.h"
 
 #include "gui_base/dialogs/questions.h"
-#include "gui_base/dialogs/row_list.h"
 #include "gui_base/input/controls/tv_searchctrl.h"
 #include "gui_base/network/data_sheet_lists.h"
 #include "gui_base/network/network.h"
 #include "gui_base/support/accessibility.h"
 #include "gui_base/support/button_label.h"
 #include "gui_base/support/file_path.h"
-#include "gui_base/support/help_file_provider.h"
 #include "gui_base/support/translation.h"
 #include "projectbase/design/resins.h"
 #include "projectbase/details/date_text.h"
@@ -32,7 +30,6 @@ using i18n::Translated;
 using NetObjects::DataSheetInfo;
 
 constexpr int kGap = 8;
-constexpr const char* kHelpPage = "datasheets.html";
 constexpr std::size_t kMostLetters = 100;
 /// What the settings make of the codes of states.
 const std::array kStates{wxTRANSLATE("unknown"), wxTRANSLATE("final"), wxTRANSLATE("preliminary")};
@@ -95,46 +92,33 @@ wxString Chosen(const wxChoice& choice, const std::vector<wxString>& items)
 }  // namespace
 
 DataSheetDialog::DataSheetDialog(wxWindow* parent, const wxString& product)
-    : wxDialog(parent, wxID_ANY, Translated("Data sheets"), wxDefaultPosition, wxDefaultSize,
-               wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER),
-      m_opener(OpenBySystem)
+    : SearchedListDialog(parent, Translated("Data sheets"), "datasheets.html"), m_opener(OpenBySystem)
 {
     m_problem = new wxInfoBar(this);
     auto* outer = new wxBoxSizer(wxVERTICAL);
     const wxSizerFlags spaced = wxSizerFlags().Expand().Border(wxALL, FromDIP(kGap));
     outer->Add(m_problem, wxSizerFlags().Expand());
     outer->Add(MakeFilterRow(), spaced);
-    m_list = new RowList(this,
-                         {{Translated("Product"), 250},
-                          {Translated("Sheet"), 164},
-                          {Translated("Language"), 100},
-                          {Translated("Status"), 100},
-                          {Translated("Legal area"), 104},
-                          {Translated("Company"), 130}},
-                         0);
-    m_list->SetMinSize(FromDIP(wxSize(900, 300)));
-    accessibility::SetName(*m_list, GetTitle());
-    outer->Add(m_list, wxSizerFlags(spaced).Proportion(1));
+    outer->Add(MakeList({{Translated("Product"), 250},
+                         {Translated("Sheet"), 164},
+                         {Translated("Language"), 100},
+                         {Translated("Status"), 100},
+                         {Translated("Legal area"), 104},
+                         {Translated("Company"), 130}},
+                        0, GetTitle(), {900, 300}),
+               wxSizerFlags(spaced).Proportion(1));
     outer->Add(MakeButtonRow(), spaced);
     for (wxChoice* choice : {m_product, m_language})
         choice->Bind(wxEVT_CHOICE, [this](wxCommandEvent&) { ShowRows(); });
-    m_search->Bind(wxEVT_TEXT, [this](wxCommandEvent&) {
-        m_list->SetSearch(m_search->GetValue());
-        RefreshButtons();
-    });
     for (const auto& type : {wxEVT_LIST_ITEM_SELECTED, wxEVT_LIST_ITEM_DESELECTED})
         m_list->Bind(type, [this](wxListEvent&) { RefreshButtons(); });
     m_list->Bind(wxEVT_LIST_ITEM_ACTIVATED, [this](wxListEvent&) { OpenSelected(); });
-    Bind(wxEVT_CHAR_HOOK, &DataSheetDialog::OnCharHook, this);
     if (!product.empty()) {
         m_productIds.push_back(product);
         Fill(*m_product, wxString(), m_productIds, ProductText, product);
     }
     SetSheets({}, {});
-    SetSizerAndFit(outer);
-    SetEscapeId(wxID_CANCEL);
-    m_search->SetFocus();
-    CentreOnParent();
+    Finish(*outer);
 }
 
 void DataSheetDialog::ShowFor(wxWindow* parent, const wxString& product, const TVHelpFileProvider* help)
@@ -159,25 +143,23 @@ wxSizer* DataSheetDialog::MakeFilterRow()
     add(Translated("Product"), m_product);
     m_language = new wxChoice(this, wxID_ANY);
     add(Translated("Language"), m_language);
-    m_search = new TvSearchControl(this, wxID_ANY);
-    m_search->SetTranslatableHint(wxTRANSLATE("Words of any column"));
-    m_search->SetMaxLength(kMostLetters);
-    add(Translated("Search"), m_search);
+    add(Translated("Search"), MakeSearch(wxTRANSLATE("Words of any column"), kMostLetters));
     return row;
 }
 
 wxSizer* DataSheetDialog::MakeButtonRow()
 {
     auto* row = new wxBoxSizer(wxHORIZONTAL);
+    const wxSizerFlags beside = wxSizerFlags().Border(wxLEFT | wxRIGHT, FromDIP(kGap / 2));
     const auto add = [&](int id, const wxString& label, std::function<void()> action) {
         auto* button = new wxButton(this, id);
         button_label::Set(*button, label);
         if (action)
             button->Bind(wxEVT_BUTTON, [action = std::move(action)](wxCommandEvent&) { action(); });
-        row->Add(button, wxSizerFlags().Border(wxLEFT | wxRIGHT, FromDIP(kGap / 2)));
+        row->Add(button, beside);
         return button;
     };
-    add(wxID_HELP, Translated("&Help"), [this] { ShowHelp(); });
+    row->Add(MakeHelpButton(), beside);
     add(wxID_ANY, Translated("&Renew list"), [this] { LoadLists(); });
     m_count = new wxStaticText(this, wxID_ANY, wxString());
     row->Add(m_count, wxSizerFlags(1).CentreVertical().Border(wxLEFT | wxRIGHT, FromDIP(kGap)));
@@ -307,21 +289,4 @@ void DataSheetDialog::OpenSelected()
         dialogs::ShowMessage(
             this, wxString::Format(Translated("There is no program that opens %s."), ShownPath(PathOf(file))),
             GetTitle(), wxICON_ERROR);
-}
-
-void DataSheetDialog::ShowHelp() const
-{
-    if (m_help != nullptr)
-        m_help->DisplayHelpSection(kHelpPage);
-}
-
-void DataSheetDialog::OnCharHook(wxKeyEvent& event)
-{
-    // From the search to what it found.
-    if (event.GetKeyCode() == WXK_DOWN && m_search->HasFocus())
-        m_list->SetFocus();
-    else if (event.GetKeyCode() == WXK_F1)
-        ShowHelp();
-    else
-        event.Skip();
 }

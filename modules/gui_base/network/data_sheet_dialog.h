@@ -1,26 +1,23 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "gui_base/dialogs/searched_list_dialog.h"
 #include "gui_base/gui_base_export.h"
 #include "gui_base/network/data_sheet_info.h"
 
 #include <wx/button.h>
 #include <wx/choice.h>
-#include <wx/dialog.h>
 #include <wx/stattext.h>
 
 #include <functional>
 #include <vector>
 
-class RowList;
-class TvSearchControl;
-class TVHelpFileProvider;
 class wxInfoBar;
 
 /// Product and safety data sheets of the services: found by product, language and search, fetched into the
 /// user's cache and opened with the system's program. The key of a resin is the identifier of its product.
 /// Modal.
-class GUI_BASE_EXPORT DataSheetDialog : public wxDialog
+class GUI_BASE_EXPORT DataSheetDialog : public SearchedListDialog
 {
 public:
     using Sheets = std::vector<NetObjects::DataSheetInfo>;
@@ -34,8 +31,6 @@ public:
     /// Shows the dialog, which asks the services then.
     static void ShowFor(wxWindow* parent, const wxString& product, const TVHelpFileProvider* help);
 
-    /// The user guide for the Help button; may be null.
-    void SetHelp(const TVHelpFileProvider* help) { m_help = help; }
     void SetOpener(Opener opener) { m_opener = std::move(opener); }
     /// Asks both services. What a service does not answer is told, and what is shown of it stays.
     void LoadLists();
@@ -60,8 +55,7 @@ private:
     void OpenSelected();
     /// The file of a sheet that was fetched now, or before if the user wants that; empty for none.
     wxString Fetch(const Entry& entry);
-    void OnCharHook(wxKeyEvent& event);
-    void ShowHelp() const;
+    void DoShowFound() override { RefreshButtons(); }
 
     Sheets m_products;
     Sheets m_safety;
@@ -72,9 +66,6 @@ private:
     wxInfoBar* m_problem = nullptr;
     wxChoice* m_product = nullptr;   ///< all, then m_productIds
     wxChoice* m_language = nullptr;  ///< all, then m_languages
-    TvSearchControl* m_search = nullptr;
-    RowList* m_list = nullptr;
     wxStaticText* m_count = nullptr;
     wxButton* m_open = nullptr;
-    const TVHelpFileProvider* m_help = nullptr;
 };

@@ -5,12 +5,9 @@
 #include "dbinterfaces/project_database.h"
 #include "gui_base/dialogs/field_fault.h"
 #include "gui_base/dialogs/questions.h"
-#include "gui_base/dialogs/row_list.h"
 #include "gui_base/input/controls/tv_searchctrl.h"
 #include "gui_base/network/network.h"
 #include "gui_base/support/accessibility.h"
-#include "gui_base/support/button_label.h"
-#include "gui_base/support/help_file_provider.h"
 #include "gui_base/support/translation.h"
 
 #include <wx/clipbrd.h>
@@ -26,7 +23,6 @@ using currency_table::Currency;
 using currency_table::RateText;
 
 constexpr int kGap = 8;
-constexpr const char* kHelpPage = "currencyrates.html";
 constexpr std::size_t kMostLetters = 40;
 
 enum Column
@@ -77,41 +73,25 @@ bool UpdateConversionRates(wxWindow* parent)
 }
 
 RatesDialog::RatesDialog(wxWindow* parent)
-    : wxDialog(parent, wxID_ANY, i18n::Translated("Currency rates"), wxDefaultPosition, wxDefaultSize,
-               wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER)
+    : SearchedListDialog(parent, i18n::Translated("Currency rates"), "currencyrates.html")
 {
-    m_search = new TvSearchControl(this, wxID_ANY);
-    m_search->SetTranslatableHint(wxTRANSLATE("Code or name of a currency"));
-    m_search->SetMaxLength(kMostLetters);
-    accessibility::SetName(*m_search, i18n::Translated("Search"));
-    m_list = new RowList(this,
-                         {{i18n::Translated("Code"), 64},
-                          {i18n::Translated("Currency"), 220},
-                          {i18n::Translated("Rate for 1 EUR"), 136, wxLIST_FORMAT_RIGHT},
-                          {i18n::Translated("Stored on"), 124},
-                          {i18n::Translated("Origin"), 90}},
-                         kName);
-    m_list->SetMinSize(FromDIP(wxSize(680, 300)));
-    accessibility::SetName(*m_list, i18n::Translated("Currencies"));
     auto* outer = new wxBoxSizer(wxVERTICAL);
     const wxSizerFlags spaced = wxSizerFlags().Expand().Border(wxALL, FromDIP(kGap));
-    outer->Add(m_search, spaced);
-    outer->Add(m_list, wxSizerFlags(spaced).Proportion(1));
+    outer->Add(MakeSearch(wxTRANSLATE("Code or name of a currency"), kMostLetters), spaced);
+    outer->Add(MakeList({{i18n::Translated("Code"), 64},
+                         {i18n::Translated("Currency"), 220},
+                         {i18n::Translated("Rate for 1 EUR"), 136, wxLIST_FORMAT_RIGHT},
+                         {i18n::Translated("Stored on"), 124},
+                         {i18n::Translated("Origin"), 90}},
+                        kName, i18n::Translated("Currencies"), {680, 300}),
+               wxSizerFlags(spaced).Proportion(1));
     outer->Add(MakeRateRow(), spaced);
     outer->Add(MakeButtonRow(), spaced);
-    m_search->Bind(wxEVT_TEXT, [this](wxCommandEvent&) {
-        m_list->SetSearch(m_search->GetValue());
-        ShowSelected();
-    });
     for (const auto& type : {wxEVT_LIST_ITEM_SELECTED, wxEVT_LIST_ITEM_DESELECTED})
         m_list->Bind(type, [this](wxListEvent&) { QueueSelected(); });
     m_list->Bind(wxEVT_LIST_ITEM_ACTIVATED, [this](wxListEvent&) { m_rate->SetFocus(); });
-    Bind(wxEVT_CHAR_HOOK, &RatesDialog::OnCharHook, this);
     LoadRates();
-    SetSizerAndFit(outer);
-    SetEscapeId(wxID_CANCEL);
-    m_search->SetFocus();
-    CentreOnParent();
+    Finish(*outer);
 }
 
 wxSizer* RatesDialog::MakeRateRow()
@@ -139,10 +119,7 @@ wxSizer* RatesDialog::MakeRateRow()
 wxSizer* RatesDialog::MakeButtonRow()
 {
     auto* row = new wxBoxSizer(wxHORIZONTAL);
-    auto* help = new wxButton(this, wxID_HELP);
-    button_label::Set(*help, i18n::Translated("&Help"));
-    help->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { ShowHelp(); });
-    row->Add(help, wxSizerFlags().Border(wxRIGHT, FromDIP(kGap)));
+    row->Add(MakeHelpButton(), wxSizerFlags().Border(wxRIGHT, FromDIP(kGap)));
     row->Add(NewButton(this, i18n::Translated("&Update rates"), i18n::Translated("Update conversion rates"),
                        [this] { UpdateRates(); }));
     row->AddStretchSpacer();
@@ -237,21 +214,4 @@ void RatesDialog::CopyRate()
     wxClipboardLocker lock;
     if (!!lock && Selected() != nullptr)
         wxTheClipboard->SetData(new wxTextDataObject(RateText(Selected()->rate)));
-}
-
-void RatesDialog::ShowHelp() const
-{
-    if (m_help != nullptr)
-        m_help->DisplayHelpSection(kHelpPage);
-}
-
-void RatesDialog::OnCharHook(wxKeyEvent& event)
-{
-    // From the search to what it found.
-    if (event.GetKeyCode() == WXK_DOWN && m_search->HasFocus())
-        m_list->SetFocus();
-    else if (event.GetKeyCode() == WXK_F1)
-        ShowHelp();
-    else
-        event.Skip();
 }

@@ -1,20 +1,16 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "gui_base/dialogs/searched_list_dialog.h"
 #include "gui_base/gui_base_export.h"
 #include "gui_base/network/currency_table.h"
 
 #include <wx/button.h>
-#include <wx/dialog.h>
 #include <wx/stattext.h>
 #include <wx/textctrl.h>
 
 #include <functional>
 #include <vector>
-
-class RowList;
-class TvSearchControl;
-class TVHelpFileProvider;
 
 /// Renews the conversion rates by the service, with a busy cursor, and says what came of it. Whether they
 /// were renewed; otherwise the old ones stay.
@@ -22,13 +18,10 @@ GUI_BASE_EXPORT bool UpdateConversionRates(wxWindow* parent);
 
 /// The conversion rates of all currencies: searched, renewed by the service, copied, or typed. Modal. What is
 /// set is stored at once, for everybody who uses the database.
-class GUI_BASE_EXPORT RatesDialog : public wxDialog
+class GUI_BASE_EXPORT RatesDialog : public SearchedListDialog
 {
 public:
     explicit RatesDialog(wxWindow* parent);
-
-    /// The user guide for the Help button; may be null.
-    void SetHelp(const TVHelpFileProvider* help) { m_help = help; }
 
 private:
     wxSizer* MakeRateRow();
@@ -36,6 +29,7 @@ private:
     /// Reads the rates anew; the selected currency stays.
     void LoadRates();
     void QueueSelected();
+    void DoShowFound() override { ShowSelected(); }
     void ShowSelected();
     void RefreshButtons();
     /// Runs what asks the database; false, with a message, when that fails.
@@ -43,18 +37,13 @@ private:
     void UpdateRates();
     void SetRate();
     void CopyRate();
-    void OnCharHook(wxKeyEvent& event);
-    void ShowHelp() const;
     /// The one that is selected, or null.
     const currency_table::Currency* Selected() const;
 
     std::vector<currency_table::Currency> m_currencies;
-    TvSearchControl* m_search = nullptr;
-    RowList* m_list = nullptr;
     wxTextCtrl* m_rate = nullptr;
     wxStaticText* m_code = nullptr;
     wxButton* m_set = nullptr;
     wxButton* m_copy = nullptr;
-    const TVHelpFileProvider* m_help = nullptr;
     bool m_isQueued = false;
 };

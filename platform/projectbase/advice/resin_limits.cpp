@@ -2,6 +2,7 @@
 #include "projectbase/advice/resin_limits.h"
 
 #include "core/detection_limit.h"
+#include "projectbase/design/plant_design.h"
 #include "projectbase/project/iex_project.h"
 #include "projectbase/settings/settings.h"
 #include "projectbase/water/detection_limits.h"
@@ -59,6 +60,7 @@ double Value(const LiquidData& water)
 constexpr char kChlorine[] = "liquid/cl.free";
 constexpr char kTurbidity[] = "liquid/turbidity";
 constexpr char kSolids[] = "liquid/tss";
+constexpr char kOil[] = "liquid/oil";
 constexpr char kOrganic[] = "liquid/toc";
 constexpr char kSulfide[] = "liquid/h2s";
 
@@ -93,6 +95,8 @@ constexpr const char* kIronFouls = wxTRANSLATE(
 constexpr const char* kChlorineSplits =
     wxTRANSLATE("Chlorine breaks the cross-links of the resin; chloramine does so, too, and passes carbon");
 constexpr const char* kSolidsClog = wxTRANSLATE("Solids clog the bed: pressure drop and channels follow");
+constexpr const char* kOilCoats =
+    wxTRANSLATE("Oil coats the beads, which then take up ions slowly, and no regeneration removes it");
 constexpr const char* kOrganicsStay = wxTRANSLATE(
     "Humic acids stay on anion resins, those of styrene most of all: long rinses and silica leakage follow");
 constexpr const char* kSulfideFouls =
@@ -110,7 +114,7 @@ constexpr const char* kFreeChlorine = wxTRANSLATE("Free chlorine");
 
 constexpr const char* kSoftening = wxTRANSLATE("softening");
 constexpr const char* kDemineralising = wxTRANSLATE("demineralisation, dealkalisation");
-constexpr const char* kPolishing = wxTRANSLATE("mixed beds, polishing");
+constexpr const char* kPolishing = wxTRANSLATE("mixed beds, polishing, packed beds");
 constexpr const char* kGelCation = wxTRANSLATE("softening, gel resin");
 constexpr const char* kMacroCation = wxTRANSLATE("softening, macroporous resin");
 constexpr const char* kWeakResins = wxTRANSLATE("demineralisation, weak resins");
@@ -155,6 +159,12 @@ constexpr std::array kRows{
              Value<kSolids>},
     LimitRow{"tss.polish", wxTRANSLATE("TSS"), kPolishing, kSolids, kUsual, kSolidsClog, kPractice, kPolish,
              Value<kSolids>},
+    LimitRow{"oil.soft", wxTRANSLATE("Oil"), kSoftening, kOil, kUsual, kOilCoats, kPractice, kSoft,
+             Value<kOil>},
+    LimitRow{"oil.demi", wxTRANSLATE("Oil"), kDemineralising, kOil, kUsual, kOilCoats, kPractice, kDemi,
+             Value<kOil>},
+    LimitRow{"oil.polish", wxTRANSLATE("Oil"), kPolishing, kOil, kUsual, kOilCoats, kPractice, kPolish,
+             Value<kOil>},
     LimitRow{"toc.gel", wxTRANSLATE("TOC"), kGelAnion, kOrganic, kUsual, kOrganicsStay, kPractice, IsDemiGel,
              Value<kOrganic>},
     LimitRow{"toc.open", wxTRANSLATE("TOC"), kOpenAnion, kOrganic, kUsual, kOrganicsStay, kPractice, kDemi,
@@ -192,8 +202,11 @@ PlantKind KindOfPlant(const Project& project, const LiquidData& water)
     else if (plant->IsOfType("MB") || plant->IsOfType("CP"))
         kind.column = Column::Polishing;
     for (std::size_t i = 0; i < plant->NumberSteps(); ++i) {
-        for (const auto& compartment : plant->GetStep(i).GetChildren(OwnerKind::Compartment))
+        for (const auto& compartment : plant->GetStep(i).GetChildren(OwnerKind::Compartment)) {
             LookAtResins(*compartment, kind);
+            if (design::IsPacked(*compartment))
+                kind.column = Column::Polishing;
+        }
     }
     return kind;
 }

@@ -2,8 +2,8 @@
 #pragma once
 
 /// What water may hold ahead of ion exchange resins: limits of practice for iron, manganese, chlorine,
-/// turbidity and organic matter, by the kind of plant. They are settings of the user, "limit.ID.note" and
-/// "limit.ID.warn"; an empty one is none.
+/// turbidity, oil and organic matter, by the kind of plant. They are settings of the user, "limit.ID.note"
+/// and "limit.ID.warn"; an empty one is none.
 
 #include "projectbase/projectbase_export.h"
 
@@ -20,7 +20,7 @@ enum class Column
 {
     Softening,         ///< also where nothing is known of the plant: the mildest of all
     Demineralisation,  ///< and dealkalisation
-    Polishing          ///< mixed beds and condensate polishers
+    Polishing          ///< mixed beds, condensate polishers, and plants with a packed bed
 };
 /// What is known of a plant that a water feeds.
 struct PlantKind

@@ -6,6 +6,7 @@
 #include "projectbase/project/iex_project.h"
 
 #include <cmath>
+#include <functional>
 
 namespace design {
 
@@ -172,7 +173,8 @@ ExchangerDesign DesignExchanger(const OwnerNode& node, const Line& line, Stream&
     return exchanger;
 }
 
-void AddInert(const OwnerNode& compartment, PlantDesign& plant)
+/// Calls `take` with each inert layer of a compartment and whether it lies above a resin, where it floats.
+void ForEachInert(const OwnerNode& compartment, const std::function<void(const OwnerNode&, bool)>& take)
 {
     bool isAboveResin = false;
     for (const auto& resin : compartment.GetChildren(OwnerKind::Resin)) {
@@ -182,8 +184,15 @@ void AddInert(const OwnerNode& compartment, PlantDesign& plant)
         if (!IsInert(*kind))
             isAboveResin = true;
         else
-            (isAboveResin ? plant.inertFloat : plant.inertUnder) += Value(*resin, "compcomp/vol.actual");
+            take(*resin, isAboveResin);
     }
+}
+
+void AddInert(const OwnerNode& compartment, PlantDesign& plant)
+{
+    ForEachInert(compartment, [&plant](const OwnerNode& layer, bool isFloat) {
+        (isFloat ? plant.inertFloat : plant.inertUnder) += Value(layer, "compcomp/vol.actual");
+    });
 }
 
 }  // namespace
@@ -208,6 +217,13 @@ double BedVolume(const OwnerNode& compartment)
     const OwnerNode* working = WorkingResin(compartment);
     return VolumeOfBed(compartment, working,
                        working == nullptr ? kNotKnown : Value(*working, "compcomp/vol"));
+}
+
+bool IsPacked(const OwnerNode& compartment)
+{
+    bool hasFloat = false;
+    ForEachInert(compartment, [&hasFloat](const OwnerNode&, bool isFloat) { hasFloat |= isFloat; });
+    return hasFloat;
 }
 
 PlantDesign DesignBeds(const iex::IEXProject& project)

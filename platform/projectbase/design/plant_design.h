@@ -32,6 +32,9 @@ PROJECTBASE_EXPORT const OwnerNode* WorkingResin(const OwnerNode& compartment);
 PROJECTBASE_EXPORT double VolumeOf(const OwnerNode& resin);
 /// Volume (m³) of the resins of a compartment, inert layers apart: what a bed volume means.
 PROJECTBASE_EXPORT double BedVolume(const OwnerNode& compartment);
+/// Whether an inert layer floats on the resin of a compartment: it protects the upper nozzles of a vessel
+/// that the bed fills, without freeboard for a backwash.
+PROJECTBASE_EXPORT bool IsPacked(const OwnerNode& compartment);
 
 /// Velocity (m/h) of the first backwash in the regeneration sequence of an exchanger.
 PROJECTBASE_EXPORT double BackwashVelocity(const OwnerNode& exchanger);

@@ -17,6 +17,10 @@ namespace {
 
 constexpr const char* kZero = "0.00000000000000E+000";
 constexpr const char* kGroup = "liquid";
+/// A value that waters did not have when the first ones were filed, and one that came before it and is never
+/// zero: a water without both was filed when nobody could know the later one.
+constexpr std::string_view kAddedLater = "liquid/oil";
+constexpr std::string_view kAddedBefore = "liquid/limits";
 
 std::string Text(const LiquidData& liquid, const char* key)
 {
@@ -135,10 +139,15 @@ void Apply(const std::vector<DBObjects::WaterLibAttr>& stored, LiquidData& liqui
                 std::string(text_limits::Cut(value.value, text_limits::MostOf(value.key)))));
     }
     // Zeros are not stored; but a water without the unit was stored before such values were known.
+    const auto isStored = [&stored](std::string_view key) {
+        return std::ranges::find(stored, key, &DBObjects::WaterLibAttr::key) != stored.end();
+    };
     for (const water::MeasuredValue& value : water::kMeasuredValues) {
-        if (std::ranges::find(stored, value.unit, &DBObjects::WaterLibAttr::key) == stored.end())
+        if (!isStored(value.unit))
             details.At(value.orig).SetValue(std::numeric_limits<double>::quiet_NaN());
     }
+    if (!isStored(kAddedLater) && !isStored(kAddedBefore))
+        details.At(kAddedLater).SetValue(std::numeric_limits<double>::quiet_NaN());
     water::NormalizeEveryIon(details);
     water::UpdateDerivedValues(details);
 }

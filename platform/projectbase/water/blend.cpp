@@ -19,8 +19,9 @@ namespace water {
 namespace {
 
 constexpr double kUnknown = std::numeric_limits<double>::quiet_NaN();
-constexpr std::array<const char*, 6> kMixedProperties{"liquid/turbidity", "liquid/tss",     "liquid/toc",
-                                                      "liquid/fe.total",  "liquid/cl.free", "liquid/h2s"};
+constexpr std::array<const char*, 7> kMixedProperties{"liquid/turbidity", "liquid/tss",      "liquid/oil",
+                                                      "liquid/toc",       "liquid/fe.total", "liquid/cl.free",
+                                                      "liquid/h2s"};
 
 double Value(const DetailList& liquid, std::string_view key)
 {

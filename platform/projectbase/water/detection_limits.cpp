@@ -13,9 +13,9 @@
 namespace water {
 namespace {
 
-constexpr std::array<std::string_view, 7> kOthers{"liquid/co2.orig", "liquid/fe.total",  "liquid/cl.free",
+constexpr std::array<std::string_view, 8> kOthers{"liquid/co2.orig", "liquid/fe.total",  "liquid/cl.free",
                                                   "liquid/h2s",      "liquid/turbidity", "liquid/tss",
-                                                  "liquid/toc"};
+                                                  "liquid/oil",      "liquid/toc"};
 
 /// meq/l; 0 for what is no limit.
 double LimitOf(const DetailList& liquid, const IonRow& row)

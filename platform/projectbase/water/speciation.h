@@ -35,15 +35,12 @@ inline constexpr std::array<int, kIonPairCount> kPairCharges{0, 0, -1, -1, -1, 1
 
 struct Speciation
 {
-    std::array<double, kSpeciesCount> free{};   ///< mol/l
-    std::array<double, kIonPairCount> pairs{};  ///< mol/l
+    std::array<double, kSpeciesCount> free{};   ///< by Species, mol/l
+    std::array<double, kIonPairCount> pairs{};  ///< by IonPair, mol/l
     double ionicStrength = 0.0;                 ///< effective, mol/l: of the free ions and the charged pairs
     double stoichiometricStrength = 0.0;        ///< mol/l, as if nothing were paired
     double dissolvedMass = 0.0;                 ///< g/l
     bool converged = false;  ///< false also for a temperature at which there is no liquid water
-
-    double FreeIon(Species species) const { return free[static_cast<std::size_t>(species)]; }
-    double Pair(IonPair pair) const { return pairs[static_cast<std::size_t>(pair)]; }
 };
 
 /// log10 of the association constant of a pair (l/mol), at infinite dilution; not a number where water is not

@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Many variants of a plant in one run.
-#include "app/command_line/calc_command.h"
 #include "app/command_line/sweep_command.h"
-#include "projectbase/project/project_file.h"
+#include "tests/app/command_line/calc_fixture.h"
 #include "tests/support/plant_fixture.h"
-#include "tests/support/temp_folder.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -17,16 +15,10 @@
 
 namespace {
 
+using calc_test::Result;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using Args = std::vector<std::string>;
-
-struct Result
-{
-    int code = -1;
-    std::string out;
-    std::string err;
-};
 
 std::vector<std::string> Lines(const std::string& text)
 {
@@ -68,13 +60,7 @@ protected:
     {
         Args args{m_path};
         args.insert(args.end(), more.begin(), more.end());
-        std::ostringstream out;
-        std::ostringstream err;
-        Result result;
-        result.code = app::RunCalc(args, out, err);
-        result.out = out.str();
-        result.err = err.str();
-        return result;
+        return calc_test::RunCalc(args);
     }
 
     iex::IEXProject m_project{"DEMI"};

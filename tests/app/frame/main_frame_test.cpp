@@ -428,7 +428,7 @@ TEST_F(MainFrameTest, PrintsWhatWasJustTyped)
     EXPECT_THAT(text, testing::ContainsRegex("Sodium +6\\.4 +mg/l"));
     EXPECT_THAT(text, testing::HasSubstr("\u00b0F"));
     EXPECT_THAT(text, testing::HasSubstr("Page 1 of 6"));
-    ProjectDatabase::RemoveUserParameter("/Report/hide.disclaimer");
+    ProjectDatabase::SetUserParameter("/Report/hide.disclaimer", false);
 }
 
 }  // namespace

@@ -30,8 +30,8 @@ protected:
     {
         GuiTest::SetUp();
         app::SwitchLanguage("en");
-        ProjectDatabase::RemoveUserParameter("/Report/skipped.pages");
-        ProjectDatabase::RemoveUserParameter("/Report/hide.disclaimer");
+        ProjectDatabase::SetUserParameter("/Report/skipped.pages", "");
+        ProjectDatabase::SetUserParameter("/Report/hide.disclaimer", false);
         m_project.GetLiquid(0).GetDetails()->At("liquid/na.orig").SetValue(22.99);
         m_project.AddLiquid("Second");
         m_project.CalculateDesign();

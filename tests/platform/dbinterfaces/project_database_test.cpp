@@ -44,8 +44,6 @@ TEST_P(UserDatabase, KeepsParametersOverAReopening)
     ProjectDatabase::SetUserParameter("odd", "yes");
     ProjectDatabase::SetUserParameter("twice", "first");
     ProjectDatabase::SetUserParameter("twice", "second");
-    ProjectDatabase::SetUserParameter("gone", "soon");
-    ProjectDatabase::RemoveUserParameter("gone");
     ProjectDatabase::Close();
     EXPECT_FALSE(ProjectDatabase::IsOpen());
 

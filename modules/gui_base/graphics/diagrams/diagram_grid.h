@@ -32,8 +32,6 @@ public:
     }
     /// The one that is alone, or that had the focus last.
     wxChartViewer& GetCurrentViewer() const;
-    /// How many diagrams stand side by side.
-    int GetColumns() const { return m_sizer->GetCols(); }
 
 private:
     bool IsChosen(const wxChartViewer& viewer) const;

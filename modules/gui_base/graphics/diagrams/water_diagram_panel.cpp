@@ -65,12 +65,6 @@ water_diagram::Kind WaterDiagramPanel::GetKind() const
     return static_cast<water_diagram::Kind>(m_kind->GetID());
 }
 
-void WaterDiagramPanel::SetKind(water_diagram::Kind kind)
-{
-    m_kind->SetDefault(static_cast<long>(kind));
-    Draw();
-}
-
 void WaterDiagramPanel::Localize(const std::string& unitSystem)
 {
     m_kind->Localize(unitSystem);

@@ -28,7 +28,6 @@ public:
     void Clear();
 
     water_diagram::Kind GetKind() const;
-    void SetKind(water_diagram::Kind kind);
     /// Everything in the language of now.
     void Localize(const std::string& unitSystem);
     wxChartViewer& GetViewer() const { return *m_viewer; }

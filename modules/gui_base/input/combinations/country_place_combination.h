@@ -30,7 +30,6 @@ public:
     void UpdateUnit(const std::string& unitSystem) override { Localize(unitSystem); }
     wxWindow* GetInputWindow() const override { return m_place.get(); }
 
-    TvStaticText* GetPlaceLabel() const { return m_placeLabel.get(); }
     TvValidatedTextCtrl* GetPlace() const { return m_place.get(); }
 
 protected:

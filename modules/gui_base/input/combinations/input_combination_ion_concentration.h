@@ -64,7 +64,6 @@ public:
     TvValidatedDoubleTextCtrl* GetInput() const { return m_input.get(); }
     tvUnitChoice* GetUnitChoice() const { return m_unitChoice.get(); }
     TvValidatedDoubleTextCtrl* GetOutput() const { return m_output.get(); }
-    const std::vector<std::shared_ptr<LocalizableControl>>& GetLocalizables() const { return m_localizables; }
     /// The caller's sizer, or the combination's own.
     wxSizer* GetSizer() const { return m_externalSizer != nullptr ? m_externalSizer : m_ownSizer; }
 

@@ -24,8 +24,6 @@ public:
                     int imageId = NO_IMAGE) override;
     bool SetPageText(std::size_t index, const wxString& title) override;
     bool DeleteAllPages() override;
-    /// The title in the source language; GetPageText gives what is shown.
-    const wxString& GetPageSourceText(std::size_t index) const { return m_titles.at(index); }
 
     void Localize(const std::string& unitSystem);
 

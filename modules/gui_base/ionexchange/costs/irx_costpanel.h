@@ -44,9 +44,6 @@ public:
     /// The field of a detail, or null.
     TvTextCtrl* FindField(const std::string& key) const;
     const wxChartViewer& GetChart() const { return *m_chart; }
-    /// What stands below the currencies, and below the resins; empty where there is nothing to say.
-    wxString GetCurrencyNote() const { return m_currencyNote->GetLabelText(); }
-    wxString GetResinNote() const { return m_resinNote->GetLabelText(); }
 
 protected:
     void Prepare() override;

@@ -29,6 +29,7 @@ inline constexpr std::array kFurtherProperties{
     PropertyRow{"liquid/turbidity", wxTRANSLATE("Turbidity"), "NTU"},
     PropertyRow{"liquid/sdi", wxTRANSLATE("SDI"), ""},
     PropertyRow{"liquid/tss", wxTRANSLATE("TSS"), "mg/l"},
+    PropertyRow{"liquid/oil", wxTRANSLATE("Oil"), "mg/l"},
     PropertyRow{"liquid/toc", wxTRANSLATE("TOC"), "mg/l"},
     PropertyRow{"liquid/fe.total", wxTRANSLATE("Fe (total)"), "mg/l"},
     PropertyRow{"liquid/cl.free", wxTRANSLATE("Free chlorine"), "mg/l"},

@@ -265,7 +265,6 @@ TEST_F(IonTest, CreatesItsControls)
         EXPECT_EQ(m_sizer->GetItem(i)->GetFlag() & wxALL, borders[i].first) << i;
         EXPECT_EQ(m_sizer->GetItem(i)->GetBorder(), borders[i].second) << i;
     }
-    EXPECT_EQ(row->GetLocalizables().size(), controls.size());
     EXPECT_EQ(row->GetInput()->GetMinWidth(), 63);
     EXPECT_EQ(row->GetOutput()->GetMinWidth(), 79);
     EXPECT_TRUE(row->GetInput()->HasFlag(wxTE_RICH) && row->GetInput()->HasFlag(wxTE_RIGHT));

@@ -228,7 +228,7 @@ TEST(WaterAdvice, EveryLimitBeginsWhereItStands)
             }
         }
     }
-    EXPECT_GE(judged, 25u) << "each for one type of plant at least";
+    EXPECT_GE(judged, 28u) << "each for one type of plant at least";
 }
 
 TEST(WaterAdvice, LimitsFollowTheResinsAndTheUser)
@@ -249,6 +249,22 @@ TEST(WaterAdvice, LimitsFollowTheResinsAndTheUser)
     ASSERT_TRUE(Settings::SetFromText("limit.toc.open.note", ""));
     EXPECT_EQ(Ids(demi), "") << "no limit at all";
     Settings::Reset();
+
+    // A bed under a float is packed, and no backwash frees it of solids; one on a layer is none.
+    Put(demi, "water.1", "liquid/toc", 0.8);
+    OwnerNode& compartment = *demi.FindOwner("ex.1.comp.1");
+    const auto addInert = [&](std::size_t position) {
+        const ProjectEdit edit(demi);
+        OwnerNode& layer =
+            demi.AddOwner(compartment, std::make_shared<OwnerNode>(OwnerKind::Resin), position);
+        layer.GetDetails()->At("compcomp/resin").SetValue("inert");
+    };
+    addInert(0);
+    EXPECT_EQ(Ids(demi), "");
+    addInert(2);
+    EXPECT_EQ(Ids(demi), "limit.toc.polish");
+    demi.RemoveOwner(*demi.FindOwner("ex.1.comp.1.resin.3"));
+    EXPECT_EQ(Ids(demi), "");
 
     // A water that does not feed the plant, and one without a plant, have the mildest limits.
     Put(demi, "water.1", "liquid/toc", 0.0);
@@ -314,6 +330,7 @@ TEST(WaterAdvice, LimitsOfDetectionSayNothing)
     for (const auto& [key, amount] : {std::pair("liquid/fe.total", 5.0),
                                       {"liquid/mn.orig", 2.0},
                                       {"liquid/cl.free", 3.0},
+                                      {"liquid/oil", 0.2},
                                       {"liquid/turbidity", 20.0}}) {
         Put(project, "water.1", key, amount);
         EXPECT_NE(Ids(project), "") << key;

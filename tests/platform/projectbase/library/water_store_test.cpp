@@ -88,6 +88,7 @@ TEST_P(WaterStore, AppliesWhatWasStored)
     Detail("ca.orig").SetValue(9.0);
     Detail("temp.orig").SetValue(0.0);
     Detail("hardness.measured.orig").SetValue(0.0);
+    Detail("oil").SetValue(0.0);
     Detail("ph").SetValue(std::nan(""));
     Detail("toc").SetValue(std::numeric_limits<double>::infinity());
     ASSERT_TRUE(Store());
@@ -119,13 +120,14 @@ TEST_P(WaterStore, AppliesWhatWasStored)
     EXPECT_EQ(number("liquid/temp.orig"), 0.0);
     EXPECT_EQ(number("liquid/hardness.measured.orig"), 0.0) << "of a softened water";
     EXPECT_TRUE(std::isnan(number("liquid/cond25.measured.orig")));
+    EXPECT_EQ(number("liquid/oil"), 0.0) << "looked for, and none was there";
     EXPECT_TRUE(std::isnan(number("liquid/ph")));
     EXPECT_TRUE(std::isnan(number("liquid/toc")));
     EXPECT_EQ(target.FindDetail("liquid/place")->GetStringValue(), "Lyon");
     water_store::Apply({{"liquid/nowhere", "1", ""}, {"liquid/ph", "seven", ""}}, target);
     EXPECT_EQ(number("liquid/ph"), 0.0) << "neither unknown keys nor texts that are no numbers count";
-    EXPECT_TRUE(std::isnan(number("liquid/hardness.measured.orig")))
-        << "stored before there was such a value";
+    for (const char* key : {"liquid/hardness.measured.orig", "liquid/oil"})
+        EXPECT_TRUE(std::isnan(number(key))) << key << ": stored before there was such a value";
 }
 
 TEST_P(WaterStore, AFailedStoreChangesNothing)

@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 #include <sqlite3.h>
 
+#include <cmath>
 #include <functional>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -92,6 +93,15 @@ TEST_F(ProjectFileTest, ToleratesANewerMinorVersion)
     const auto loaded = ProjectFile::Load(m_path);
     EXPECT_EQ(loaded->GetLiquid(0).GetDetails()->At("liquid/future").GetStdStringValue(), "kept");
     support::ExpectSameProject(*project, *loaded);
+}
+
+TEST_F(ProjectFileTest, WhatAnOlderFileLacksIsNotKnown)
+{
+    const auto project = ProjectFile::Load(TARNVIK_SOURCE_DIR "/fuzz/corpus/project_file/plant.tarnvik");
+    const DetailList& water = *project->GetLiquid(0).GetDetails();
+    EXPECT_TRUE(std::isnan(water.At("liquid/oil").GetDoubleValue()));
+    ProjectFile::Save(*project, m_path);
+    support::ExpectSameProject(*project, *ProjectFile::Load(m_path));
 }
 
 TEST_F(ProjectFileTest, RefusesWhatIsNoProjectOfThisVersion)

@@ -21,12 +21,17 @@ protected:
     BlendTest()
     {
         hard.Type("ca", 4.0, "meq/l").Type("hco3", 4.0, "meq/l").Type("sio2", 20.0, "mg/l");
-        hard.Set("ph", 7.3).Set("temp.orig", 10.0).Set("toc", 1.0).Set("turbidity", 2.0).Update();
+        hard.Set("ph", 7.3)
+            .Set("temp.orig", 10.0)
+            .Set("toc", 1.0)
+            .Set("oil", 0.4)
+            .Set("turbidity", 2.0)
+            .Update();
         soft.Type("na", 1.0, "meq/l")
             .Type("hco3", 1.0, "meq/l")
             .Type("x1", 0.5, "meq/l")
             .Set("x1.name", "Li");
-        soft.Set("ph", 6.5).Set("temp.orig", 20.0).Set("toc", 3.0).Update();
+        soft.Set("ph", 6.5).Set("temp.orig", 20.0).Set("toc", 3.0).Set("oil", 0.0).Update();
     }
     WaterUnderTest& Mix(double share)
     {
@@ -47,6 +52,7 @@ TEST_F(BlendTest, AmountsAreLinearAndThePhIsThatOfTheMixture)
     EXPECT_NEAR(mixed["sio2.mgl"], 5.0, 1e-12);
     EXPECT_NEAR(mixed["temp"], 17.5, 1e-12);
     EXPECT_NEAR(mixed["toc"], 2.5, 1e-12);
+    EXPECT_NEAR(mixed["oil"], 0.1, 1e-12);
     EXPECT_TRUE(std::isnan(mixed["turbidity"])) << "one water does not tell";
     EXPECT_EQ(mixed.Details().At("liquid/x1.name").GetStdStringValue(), "Li");
     EXPECT_NEAR(mixed["x1.meql"], 0.375, 1e-12);

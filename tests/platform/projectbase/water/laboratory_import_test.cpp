@@ -212,7 +212,7 @@ void TypeAnything(std::mt19937& random, WaterUnderTest& water)
     type("hardness.measured", AnyUnit(random, ions::kHardnessUnits));
     type("cond25.measured", AnyUnit(random, ions::kConductivityUnits));
     type("co2", AnyUnit(random, ions::kIonUnits));
-    for (const char* key : {"ph", "turbidity", "sdi", "tss", "toc", "fe.total", "cl.free", "h2s"})
+    for (const char* key : {"ph", "turbidity", "sdi", "tss", "oil", "toc", "fe.total", "cl.free", "h2s"})
         if (sometimes())
             water.Set(key, random() % 4 == 0 ? 0.0 : number());
 }

@@ -1,0 +1,140 @@
+// SPDX-License-Identifier: MIT
+// What the window shows of the project as it is now: title, messages, results, in language and units.
+#include "app/frame/main_frame.h"
+#include "app/frame/report_context.h"
+#include "app/frame/start_page.h"
+#include "gui_base/graphics/diagrams/water_diagram_panel.h"
+#include "gui_base/input/controls/tv_statusbar.h"
+#include "gui_base/input/events.h"
+#include "gui_base/report/range_sentence.h"
+#include "gui_base/support/file_path.h"
+#include "gui_base/support/translation.h"
+#include "gui_base/water/results/water_results_panel.h"
+#include "projectbase/project/range_faults.h"
+
+#include <wx/wupdlock.h>
+
+namespace app {
+
+void MainFrame::OnProjectChanged(const ProjectChanges& changes)
+{
+    if (changes.HasStructure()) {
+        m_book->Follow();
+        ShowResults();
+    } else {
+        m_book->ShowBalances();
+        if (changes.Touches(m_shownWater) || changes.Touches({}))
+            ShowDiagram();
+    }
+    UpdateRangeMessages();
+    UpdateTitle();
+}
+
+void MainFrame::UpdateTitle()
+{
+    const std::string name = m_document->GetName();
+    wxString title = name.empty() ? i18n::Translated("Untitled") : ShownText(name);
+    if (m_document->IsUnsaved())
+        title.Prepend("*");
+    title += " - Tarnvik";
+    if (title != GetTitle())
+        SetTitle(title);
+}
+
+void MainFrame::UpdateRangeMessages()
+{
+    ReportContext context = WindowContext();
+    context.unitSystem = GetProject().GetUnitSystemDisplay();
+    std::vector<MessageArea::RangeMessage> messages;
+    for (const RangeFault& fault : RangeFaults(GetProject()))
+        messages.push_back({wxString::FromUTF8(RangeSentence(fault, GetProject(), context)), fault.address});
+    GetMessageArea().SetRangeMessages(messages);
+}
+
+void MainFrame::ShowResults()
+{
+    Project& project = GetProject();
+    const LiquidData* water = m_waters.GetCurrent();
+    if (water != nullptr)
+        m_shownWater = water->GetOwner();
+    else if (project.FindOwner(m_shownWater) == nullptr)
+        m_shownWater = project.GetLiquid(0).GetOwner();
+    m_results->SetWater(&project, m_shownWater);
+    ShowDiagram();
+}
+
+void MainFrame::ShowDiagram()
+{
+    const Project& project = GetProject();
+    if (const auto* water = dynamic_cast<const LiquidData*>(project.FindOwner(m_shownWater)))
+        m_diagram->SetWater(*water, project.GetUnitSystemDisplay());
+}
+
+void MainFrame::ShowUnits()
+{
+    m_book->SendToPages(tvCHANGEUNITSYSTEM_EVENT);
+    m_results->Localize();
+    ShowDiagram();
+    UpdateRangeMessages();
+}
+
+void MainFrame::Localize()
+{
+    const wxWindowUpdateLocker frozen(this);
+    BuildMenus();
+    m_statusBar->Localize();
+    m_workArea->Localize();
+    m_start->Localize();
+    m_results->Localize();
+    m_diagram->Localize(GetProject().GetUnitSystemDisplay());
+    m_book->Localize();
+    m_book->SendToPages(tvLOCALIZE_EVENT);
+    if (m_help)
+        m_help->Localize();
+    UpdateTitle();
+    UpdateRangeMessages();
+}
+
+void MainFrame::ClearMessages()
+{
+    GetMessageArea().ClearMessages();
+    UpdateRangeMessages();
+}
+
+void MainFrame::ReportError(MessageArea::Text text)
+{
+    GetMessageArea().AddMessage(MessageArea::Severity::Error, std::move(text));
+}
+
+void MainFrame::ReportError(const std::exception& error)
+{
+    const std::exception_ptr caught = std::current_exception();
+    ReportError([caught, fixed = MessageOf(error)] {
+        try {
+            if (caught)
+                std::rethrow_exception(caught);
+        } catch (const std::exception& again) {
+            return MessageOf(again);
+        } catch (...) {
+        }
+        return fixed;
+    });
+}
+
+void MainFrame::ReportNote(const wxString& text)
+{
+    ReportNote([text] { return UserMessage{text, {}}; });
+}
+
+void MainFrame::ReportNote(MessageArea::Text text)
+{
+    GetMessageArea().AddMessage(MessageArea::Severity::Info, std::move(text));
+}
+
+void MainFrame::OnMessage(MessageEvent& event)
+{
+    for (const std::string& message : event.GetMessages())
+        ReportNote(wxString::FromUTF8(message));
+}
+
+}  // namespace app
