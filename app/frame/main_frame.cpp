@@ -84,6 +84,7 @@ MainFrame::MainFrame(std::unique_ptr<Document> document)
             CallAfter([this] {
                 BuildMenus();
                 m_workArea->TakeColours();
+                m_start->TakeColours();
                 // Fields keep the colours that they were made with.
                 RebuildPages();
             });
@@ -167,6 +168,7 @@ void MainFrame::OpenPages()
     m_workArea->FitNavigator();
     project.AddObserver(*this);
     ShowResults();
+    m_advice.JudgeAll(project);
     UpdateRangeMessages();
     UpdateTitle();
 }

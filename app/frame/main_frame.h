@@ -9,6 +9,7 @@
 /// that saves, undoes or switches first commits the field that is being edited.
 
 #include "app/document/document.h"
+#include "app/frame/advice_messages.h"
 #include "app/frame/file_commands.h"
 #include "app/frame/message_strip.h"
 #include "app/frame/module_book.h"
@@ -129,6 +130,7 @@ private:
     TvStatusBar* m_statusBar = nullptr;
     std::unique_ptr<ModuleBook> m_book;
     std::unique_ptr<Navigator> m_navigator;
+    AdviceMessages m_advice;
     FileCommands m_files{*this};
     WaterCommands m_waters{*this};
     ViewCommands m_view{*this};

@@ -14,18 +14,31 @@
 
 #include <wx/wupdlock.h>
 
+#include <algorithm>
+#include <iterator>
+#include <span>
+
 namespace app {
+
+namespace {
+
+/// Beyond that nobody reads on, and every edit would make all of their texts anew.
+constexpr std::size_t kMostListed = 500;
+
+}  // namespace
 
 void MainFrame::OnProjectChanged(const ProjectChanges& changes)
 {
     if (changes.HasStructure()) {
         m_book->Follow();
+        m_workArea->FitNavigator();
         ShowResults();
     } else {
         m_book->ShowBalances();
         if (changes.Touches(m_shownWater) || changes.Touches({}))
             ShowDiagram();
     }
+    m_advice.Follow(GetProject(), changes);
     UpdateRangeMessages();
     UpdateTitle();
 }
@@ -46,9 +59,13 @@ void MainFrame::UpdateRangeMessages()
     ReportContext context = WindowContext();
     context.unitSystem = GetProject().GetUnitSystemDisplay();
     std::vector<MessageArea::RangeMessage> messages;
-    for (const RangeFault& fault : RangeFaults(GetProject()))
+    const std::vector<RangeFault> faults = RangeFaults(GetProject());
+    for (const RangeFault& fault : std::span(faults).first(std::min(faults.size(), kMostListed)))
         messages.push_back({wxString::FromUTF8(RangeSentence(fault, GetProject(), context)), fault.address});
-    GetMessageArea().SetRangeMessages(messages);
+    const std::vector<MessageArea::RangeMessage> warnings = m_advice.GetMessages(GetProject(), context);
+    std::ranges::copy(std::span(warnings).first(std::min(warnings.size(), kMostListed)),
+                      std::back_inserter(messages));
+    GetMessageArea().SetRangeMessages(messages, faults.size() + warnings.size());
 }
 
 void MainFrame::ShowResults()
@@ -73,8 +90,10 @@ void MainFrame::ShowDiagram()
 void MainFrame::ShowUnits()
 {
     m_book->SendToPages(tvCHANGEUNITSYSTEM_EVENT);
+    m_book->ShowBalances();
     m_results->Localize();
     ShowDiagram();
+    m_advice.JudgeAll(GetProject());
     UpdateRangeMessages();
 }
 
@@ -89,6 +108,7 @@ void MainFrame::Localize()
     m_diagram->Localize(GetProject().GetUnitSystemDisplay());
     m_book->Localize();
     m_book->SendToPages(tvLOCALIZE_EVENT);
+    m_workArea->FitNavigator();
     if (m_help)
         m_help->Localize();
     UpdateTitle();

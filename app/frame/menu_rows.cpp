@@ -188,8 +188,24 @@ constexpr std::array kViewMenu{
     PaneRow<WorkPane::Diagram>(wxTRANSLATE("&Diagram"), "F8"),
     MenuRow{.text = wxTRANSLATE("&Problems and notes"),
             .key = "F9",
-            .action = [](MainFrame& frame) { frame.GetWorkArea().GetMessages().Toggle(); },
+            .action =
+                [](MainFrame& frame) {
+                    MessageStrip& messages = frame.GetWorkArea().GetMessages();
+                    messages.Toggle();
+                    if (messages.IsExpanded() && messages.GetList().GetItemCount() > 0)
+                        messages.GetList().SetFocus();
+                },
             .checked = [](const MainFrame& frame) { return frame.GetWorkArea().GetMessages().IsExpanded(); }},
+    kSeparator,
+    MenuRow{.text = wxTRANSLATE("Ne&xt page"),
+            .key = "Ctrl+PgDn",
+            .action = [](MainFrame& frame) { frame.GetBook().ShowBeside(1); },
+            .enabled = [](const MainFrame& frame) { return frame.GetBook().GetCurrentPanel() != nullptr; }},
+    MenuRow{.text = wxTRANSLATE("Pre&vious page"),
+            .key = "Ctrl+PgUp",
+            .action = [](MainFrame& frame) { frame.GetBook().ShowBeside(-1); },
+            .enabled = [](const MainFrame& frame) { return frame.GetBook().GetCurrentPanel() != nullptr; }},
+    kSeparator,
     MenuRow{.text = wxTRANSLATE("Usual &arrangement"),
             .action = [](MainFrame& frame) { frame.GetWorkArea().ArrangeAsUsual(); }},
     kSeparator,

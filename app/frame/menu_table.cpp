@@ -143,14 +143,18 @@ bool DoCommandOfKey(MainFrame& frame, const wxKeyEvent& event)
     constexpr std::array kOfTheText{wxID_CUT, wxID_COPY, wxID_PASTE, wxID_SELECTALL};
     if ((event.GetModifiers() & (wxMOD_CONTROL | wxMOD_ALT)) == 0)
         return false;
+    // Both keys are usual.
+    const bool isSecondRedo = event.GetModifiers() == wxMOD_CONTROL && event.GetKeyCode() == 'Y';
     for (const MenuTable& table : Menus()) {
         for (const MenuRow& row : table.rows) {
             if (*row.key == '\0' || row.action == nullptr ||
                 std::ranges::find(kOfTheText, row.id) != kOfTheText.end())
                 continue;
             wxAcceleratorEntry key;
-            if (!key.FromString("\t" + wxString(row.key)) || key.GetFlags() != event.GetModifiers() ||
-                key.GetKeyCode() != event.GetKeyCode())
+            const bool isKey = key.FromString("\t" + wxString(row.key)) &&
+                               key.GetFlags() == event.GetModifiers() &&
+                               key.GetKeyCode() == event.GetKeyCode();
+            if (!isKey && !(isSecondRedo && row.id == wxID_REDO))
                 continue;
             if (row.enabled == nullptr || row.enabled(frame))
                 row.action(frame);

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <array>
+#include <set>
 #include <utility>
 
 namespace app {
@@ -81,16 +82,19 @@ MessageArea::MessageArea(wxWindow* parent)
     Localize();
 }
 
-void MessageArea::SetRangeMessages(const std::vector<RangeMessage>& messages)
+void MessageArea::SetRangeMessages(const std::vector<RangeMessage>& messages, std::size_t all)
 {
     const auto same = [](const RangeMessage& a, const RangeMessage& b) {
         return a.address == b.address && a.text == b.text;
     };
-    if (std::equal(messages.begin(), messages.end(), m_ranges.begin(), m_ranges.end(), same))
+    if (all == m_allRanges &&
+        std::equal(messages.begin(), messages.end(), m_ranges.begin(), m_ranges.end(), same))
         return;
-    const auto isOld = [this](const RangeMessage& message) {
-        return std::ranges::find(m_ranges, message.address, &RangeMessage::address) != m_ranges.end();
-    };
+    m_allRanges = all;
+    std::set<DetailAddress> old;
+    for (const RangeMessage& range : m_ranges)
+        old.insert(range.address);
+    const auto isOld = [&old](const RangeMessage& message) { return old.contains(message.address); };
     const auto fresh = std::ranges::find_if_not(messages, isOld);
     const bool isNew = fresh != messages.end();
     const long place = static_cast<long>(fresh - messages.begin());
@@ -130,7 +134,7 @@ void MessageArea::TellChanged(bool isNew)
 std::size_t MessageArea::CountProblems() const
 {
     const auto isProblem = [](const Line& line) { return line.severity != Severity::Info; };
-    return m_ranges.size() + static_cast<std::size_t>(std::ranges::count_if(m_messages, isProblem));
+    return m_allRanges + static_cast<std::size_t>(std::ranges::count_if(m_messages, isProblem));
 }
 
 wxBitmapBundle MessageArea::GetWorstPicture() const
@@ -144,6 +148,7 @@ wxBitmapBundle MessageArea::GetWorstPicture() const
 void MessageArea::ClearMessages()
 {
     m_ranges.clear();
+    m_allRanges = 0;
     m_messages.clear();
     ShowLines();
     TellChanged(false);
@@ -177,7 +182,8 @@ void MessageArea::ShowLines()
         SetItem(item, 1, text);
     };
     for (const RangeMessage& range : m_ranges)
-        add(Sign::Range, i18n::Translated("Range"), range.text);
+        range.isAdvice ? add(Sign::Warning, SeverityText(Severity::Warning), range.text)
+                       : add(Sign::Range, i18n::Translated("Range"), range.text);
     for (const Line& line : m_messages)
         add(SignOf(line.severity), SeverityText(line.severity), line.message.text);
     Thaw();

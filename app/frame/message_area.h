@@ -28,11 +28,12 @@ public:
         Error
     };
 
-    /// A field out of range.
+    /// A value out of range, or one that advice warns of.
     struct RangeMessage
     {
         wxString text;
         DetailAddress address;
+        bool isAdvice = false;
     };
 
     explicit MessageArea(wxWindow* parent);
@@ -47,8 +48,9 @@ public:
 
     /// Called after the lines have changed; with true when one came that was not there before.
     void SetOnChanged(std::function<void(bool isNew)> onChanged) { m_onChanged = std::move(onChanged); }
-    /// Replaces the range messages, which stand first.
-    void SetRangeMessages(const std::vector<RangeMessage>& messages);
+    /// Replaces the range messages, which stand first. `all` says how many there are, if not all of them are
+    /// to be listed.
+    void SetRangeMessages(const std::vector<RangeMessage>& messages, std::size_t all);
     /// Adds a message at the end; a text that is shown already is not added twice.
     void AddMessage(Severity severity, const wxString& text) { AddMessage(severity, UserMessage{text, {}}); }
     /// One with a technical text, which is shown when its line is double-clicked or Enter is pressed on it.
@@ -82,6 +84,7 @@ private:
     void OnResized(wxSizeEvent& event);
 
     std::vector<RangeMessage> m_ranges;
+    std::size_t m_allRanges = 0;  ///< with those that are not listed
     std::vector<Line> m_messages;
     wxString m_newest;
     std::function<void(const DetailAddress&)> m_onActivate;

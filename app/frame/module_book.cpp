@@ -5,10 +5,13 @@
 #include "gui_base/input/panel/tv_modulepanelbase.h"
 #include "gui_base/ionexchange/exchanger_name.h"
 #include "gui_base/messages/user_message.h"
+#include "gui_base/support/accessibility.h"
 #include "gui_base/support/image_loader.h"
 #include "gui_base/support/translation.h"
 #include "projectbase/advice/balance_judgement.h"
 #include "projectbase/project/project.h"
+
+#include <wx/aui/auibook.h>
 
 #include <algorithm>
 #include <array>
@@ -224,6 +227,11 @@ void ModuleBook::Localize()
         // The toolkit draws all tabs anew for each text.
         if (m_notebook.GetPageText(page) != name)
             m_notebook.SetPageText(page, name);
+        accessibility::SetName(*host, name);
+    }
+    for (wxWindow* child : m_notebook.GetChildren()) {
+        if (dynamic_cast<wxAuiTabCtrl*>(child) != nullptr)
+            accessibility::SetName(*child, i18n::Translated("Pages"));
     }
     FillTree();
 }
@@ -288,6 +296,9 @@ void ModuleBook::MarkInTree()
             return true;
         });
     }
+    if (item.IsOk())
+        // The items are drawn; what is chosen is said with the name of the whole.
+        accessibility::SetName(m_tree, i18n::Translated("Navigator") + ": " + m_tree.GetItemText(item));
     if (!item.IsOk() || m_tree.IsSelected(item))
         return;
     m_filling = true;
@@ -351,6 +362,16 @@ void ModuleBook::ShowPlace(std::size_t place)
 {
     if (place < m_hosts.size())
         Select(*m_hosts[place]);
+}
+
+void ModuleBook::ShowBeside(int step)
+{
+    const auto current = std::ranges::find(m_hosts, GetCurrent());
+    if (current == m_hosts.end())
+        return;
+    const auto count = static_cast<std::ptrdiff_t>(m_hosts.size());
+    const std::ptrdiff_t place = (current - m_hosts.begin() + step % count + count) % count;
+    ShowPlace(static_cast<std::size_t>(place));
 }
 
 const PageHost* ModuleBook::PageOf(const wxTreeItemId& item) const

@@ -48,6 +48,9 @@ public:
     bool ShowDetail(const DetailAddress& address, bool fromTop = false);
     /// Brings the page at a place of the tree to the front, counted from 0; nothing where there is none.
     void ShowPlace(std::size_t place);
+    /// Brings that page to the front which stands so many places further in the tree; behind the last one the
+    /// first one follows.
+    void ShowBeside(int step);
     /// The page that an item of the tree stands for, or null.
     const PageHost* PageOf(const wxTreeItemId& item) const;
     /// The page in front, or null.

@@ -134,6 +134,11 @@ void StartPage::ShowFresh()
 void StartPage::Localize()
 {
     accessibility::SetName(*this, Tr("Start page"));
+    TakeColours();
+}
+
+void StartPage::TakeColours()
+{
     if (m_isBuilt)
         Build();
 }

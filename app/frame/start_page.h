@@ -27,6 +27,8 @@ public:
     /// With the files that there are now, in the present language.
     void ShowFresh();
     void Localize();
+    /// After the theme became another one.
+    void TakeColours();
 
 private:
     void Build();

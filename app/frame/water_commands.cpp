@@ -3,6 +3,7 @@
 
 #include "app/frame/main_frame.h"
 #include "app/frame/results_text.h"
+#include "core/text_limits.h"
 #include "gui_base/dialogs/file_name_creator.h"
 #include "gui_base/dialogs/line_entry_dialog.h"
 #include "gui_base/dialogs/progress_window.h"
@@ -320,7 +321,8 @@ void WaterCommands::Rename()
 void WaterCommands::RenameTo(LiquidData& water, const std::string& name)
 {
     const ProjectEdit edit(m_frame.GetProject(), wxTRANSLATE("rename water"));
-    m_frame.GetProject().RenameOwner(water, NewWaterName(m_frame.GetProject(), name));
+    m_frame.GetProject().RenameOwner(
+        water, NewWaterName(m_frame.GetProject(), std::string(text_limits::Cut(name, kMostNameLength))));
 }
 
 void WaterCommands::Duplicate()

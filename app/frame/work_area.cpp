@@ -4,7 +4,6 @@
 #include "app/frame/message_strip.h"
 #include "dbinterfaces/project_database.h"
 #include "gui_base/input/panel/aui_notebook.h"
-#include "gui_base/support/accessibility.h"
 #include "gui_base/support/translation.h"
 
 #include <wx/aui/dockart.h>
@@ -254,7 +253,6 @@ void WorkArea::Localize()
     if (isUsual)
         m_usual = m_docking.SavePerspective();
     m_messages->Localize();
-    accessibility::SetName(*m_tree, i18n::Translated("Navigator"));
 }
 
 void WorkArea::OnMessagesToggled()

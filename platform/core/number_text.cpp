@@ -36,8 +36,14 @@ void Shorten(std::string& text)
         return;
     std::string mantissa = text.substr(0, at);
     DropTrailingZeros(mantissa);
+    const auto digits = text.find_first_not_of('0', at + 2);
+    // An exponent of zero says nothing.
+    if (digits == std::string::npos) {
+        text = mantissa;
+        return;
+    }
     const std::string sign = text[at + 1] == '-' ? "-" : "";
-    text = mantissa + "e" + sign + text.substr(text.find_first_not_of('0', at + 2));
+    text = mantissa + "e" + sign + text.substr(digits);
 }
 
 void ReplaceAll(std::string& text, std::string_view from, std::string_view to)

@@ -2,6 +2,7 @@
 #include "gui_base/report/advice_text.h"
 
 #include "gui_base/report/balance_text.h"
+#include "gui_base/report/told_apart.h"
 #include "projectbase/advice/saturation.h"
 #include "projectbase/units/unit_system_manager.h"
 
@@ -32,13 +33,15 @@ constexpr std::array kMineralNames{
     MineralName{advice::Mineral::Fluorite, wxTRANSLATE("Fluorite")},
 };
 
-std::string WithUnit(double value, const char* isoUnit, const ReportContext& context)
+std::string WithUnit(double value, int digits, const char* isoUnit, const ReportContext& context)
 {
-    // An index is no better than that.
-    if (*isoUnit == '\0')
-        return context.Number(std::round(100.0 * value) / 100.0, kDigits);
+    // An index is no better than two decimals, whatever stands ahead of them.
+    if (*isoUnit == '\0') {
+        const double scale = std::pow(10.0, digits - 1);
+        return context.Number(std::round(scale * value) / scale, digits);
+    }
     const std::string unit = UnitSystemManager::GetUnit(isoUnit, context.unitSystem, true);
-    return context.Number(UnitSystemManager::FromISO(isoUnit, context.unitSystem, value), kDigits) +
+    return context.Number(UnitSystemManager::FromISO(isoUnit, context.unitSystem, value), digits) +
            (unit.empty() ? "" : " ") + unit;
 }
 
@@ -59,8 +62,10 @@ std::string AdviceSentence(const advice::Advice& advice, const ReportContext& co
 {
     std::string text = context.Translated(advice.sentence);
     const std::string label = context.Translated(advice.label);
-    for (const std::string& part : {label + " " + WithUnit(advice.value, advice.unit, context),
-                                    WithUnit(advice.limit, advice.unit, context)}) {
+    const auto [value, limit] =
+        ToldApart(advice.value, advice.limit, kDigits,
+                  [&](double number, int digits) { return WithUnit(number, digits, advice.unit, context); });
+    for (const std::string& part : {label + " " + value, limit}) {
         const auto at = text.find("%s");
         if (at != std::string::npos)
             text.replace(at, 2, part);

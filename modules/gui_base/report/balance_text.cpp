@@ -56,7 +56,10 @@ std::string BalanceVerdictText(const advice::BalanceJudgement& judgement, const 
         case BalanceVerdict::NotJudged:
             return {};
         case BalanceVerdict::Closed:
-            return ClosedText(judgement, context);
+            return ClosedText(judgement, context) +
+                   (judgement.isClosedOverLimit
+                        ? ", " + byRule(wxTRANSLATE("without it over the limit of %s"))
+                        : std::string());
         case BalanceVerdict::Doubtful:
             return context.Translated(wxTRANSLATE("doubtful"));
         case BalanceVerdict::OverLimit:

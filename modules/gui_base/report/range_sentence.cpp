@@ -2,6 +2,7 @@
 #include "gui_base/report/range_sentence.h"
 
 #include "gui_base/report/design_report.h"
+#include "gui_base/report/told_apart.h"
 #include "projectbase/project/project.h"
 #include "projectbase/units/unit_system_manager.h"
 
@@ -13,7 +14,6 @@
 namespace {
 
 constexpr int kDigits = 4;
-constexpr int kMostDigits = 15;
 
 std::string WithUnit(double value, int digits, const RangeFault& fault, const ReportContext& context)
 {
@@ -25,19 +25,9 @@ std::string WithUnit(double value, int digits, const RangeFault& fault, const Re
                        unit.empty() ? "" : " ", unit);
 }
 
-/// Value and limit with no more digits than tell one from the other.
-std::pair<std::string, std::string> Apart(const RangeFault& fault, const ReportContext& context)
-{
-    for (int digits = kDigits;; ++digits) {
-        std::pair texts{WithUnit(fault.value, digits, fault, context),
-                        WithUnit(fault.limit, digits, fault, context)};
-        if (texts.first != texts.second || digits >= kMostDigits)
-            return texts;
-    }
-}
+}  // namespace
 
-/// What tells an owner from its like.
-std::string NameOf(DetailOwner owner, const Project& project, const ReportContext& context)
+std::string OwnerTitle(DetailOwner owner, const Project& project, const ReportContext& context)
 {
     const OwnerNode* node = project.FindOwner(owner);
     if (node == nullptr || node->GetKind() == OwnerKind::Project)
@@ -47,8 +37,6 @@ std::string NameOf(DetailOwner owner, const Project& project, const ReportContex
     return project.GetLiquidCount() > 1 ? context.Translated(node->GetName().c_str()) : std::string();
 }
 
-}  // namespace
-
 std::string RangeSentence(const RangeFault& fault, const ReportContext& context)
 {
     const char* const usual = fault.isBelow ? wxTRANSLATE("%s is below the minimum of %s")
@@ -56,7 +44,9 @@ std::string RangeSentence(const RangeFault& fault, const ReportContext& context)
     std::string text = context.Translated(fault.sentence.empty() ? usual : fault.sentence.c_str());
     const std::string label =
         fault.label.empty() ? fault.address.key : context.Translated(fault.label.c_str());
-    const auto [value, limit] = Apart(fault, context);
+    const auto [value, limit] = wateranalysis::ToldApart(
+        fault.value, fault.limit, kDigits,
+        [&](double number, int digits) { return WithUnit(number, digits, fault, context); });
     for (const std::string& part : {label + " " + value, limit}) {
         const auto at = text.find("%s");
         if (at != std::string::npos)
@@ -67,6 +57,6 @@ std::string RangeSentence(const RangeFault& fault, const ReportContext& context)
 
 std::string RangeSentence(const RangeFault& fault, const Project& project, const ReportContext& context)
 {
-    const std::string name = NameOf(fault.address.owner, project, context);
+    const std::string name = OwnerTitle(fault.address.owner, project, context);
     return name.empty() ? RangeSentence(fault, context) : name + ": " + RangeSentence(fault, context);
 }

@@ -16,3 +16,7 @@ GUI_BASE_REPORT_EXPORT std::string RangeSentence(const RangeFault& fault, const 
                                                  const ReportContext& context);
 /// The same without a name before it.
 GUI_BASE_REPORT_EXPORT std::string RangeSentence(const RangeFault& fault, const ReportContext& context);
+/// How a sentence names what has a value: of a water its name, where the project has several; of a part of
+/// the plant its title; of the project nothing.
+GUI_BASE_REPORT_EXPORT std::string OwnerTitle(DetailOwner owner, const Project& project,
+                                              const ReportContext& context);

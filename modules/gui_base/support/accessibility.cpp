@@ -39,6 +39,16 @@ struct Control
     wxString Name() const { return label + addition + unit; }
 };
 
+#ifdef __WXGTK__
+void Speak(GtkWidget& widget, const wxScopedCharBuffer& name)
+{
+    AtkObject* accessible = gtk_widget_get_accessible(&widget);
+    const char* former = atk_object_get_name(accessible);
+    if (former == nullptr || std::string_view(former) != name.data())
+        atk_object_set_name(accessible, name);
+}
+#endif
+
 void Speak(wxWindow& window, const wxString& name)
 {
 #ifdef __WXGTK__
@@ -46,11 +56,12 @@ void Speak(wxWindow& window, const wxString& name)
     auto* widget = static_cast<GtkWidget*>(window.GetHandle());
     if (widget == nullptr)
         return;
-    AtkObject* accessible = gtk_widget_get_accessible(widget);
-    const char* former = atk_object_get_name(accessible);
     const wxScopedCharBuffer text = name.utf8_str();
-    if (former == nullptr || std::string_view(former) != text.data())
-        atk_object_set_name(accessible, text);
+    Speak(*widget, text);
+    // A text of several lines stands in a frame that scrolls, that of a combo box in its list.
+    GtkWidget* const inner = GTK_IS_BIN(widget) ? gtk_bin_get_child(GTK_BIN(widget)) : nullptr;
+    if (inner != nullptr && (GTK_IS_TEXT_VIEW(inner) || GTK_IS_ENTRY(inner)))
+        Speak(*inner, text);
 #endif
 }
 
@@ -146,13 +157,13 @@ void TellApart(wxWindow& page)
     Collect(page, page, controls);
     const auto label = [](const Control& control) { return control.label; };
     const auto name = [](const Control& control) { return control.Name(); };
+    for (Control& control : controls) {
+        const bool isTitle = !control.boxes.empty() && control.boxes.front() == control.label &&
+                             dynamic_cast<const wxAnyButton*>(control.window) != nullptr;
+        if (isTitle)
+            control.addition = ", " + i18n::Translated("show or hide");
+    }
     ForEachAlike(controls, label, [](const std::vector<Control*>& alike) {
-        for (Control* control : alike) {
-            const bool isTitle = !control->boxes.empty() && control->boxes.front() == control->label &&
-                                 dynamic_cast<const wxAnyButton*>(control->window) != nullptr;
-            if (isTitle)
-                control->addition = ", " + i18n::Translated("show or hide");
-        }
         if (std::ranges::all_of(alike, &Control::isResult))
             return;
         for (Control* control : alike) {

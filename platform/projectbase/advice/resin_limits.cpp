@@ -33,10 +33,18 @@ double Found(const LiquidData& water, const std::string& ion)
     return amount > 0.0 && !water::IsBelowDetection(details, ion) ? amount : std::nan("");
 }
 
+constexpr char kTotalIron[] = "liquid/fe.total";
+
+/// Where the iron of a water is typed: all of it, else the ion.
+std::string KeyOfIron(const LiquidData& water)
+{
+    const bool isTotal = !std::isnan(water.GetDetails()->At(kTotalIron).GetDoubleValue());
+    return isTotal ? kTotalIron : "liquid/fe2.orig";
+}
+
 double Iron(const LiquidData& water)
 {
-    const bool isTotal = !std::isnan(water.GetDetails()->At("liquid/fe.total").GetDoubleValue());
-    return isTotal ? Typed(water, "liquid/fe.total") : Found(water, "fe2");
+    return KeyOfIron(water) == kTotalIron ? Typed(water, kTotalIron) : Found(water, "fe2");
 }
 
 double Manganese(const LiquidData& water)
@@ -72,6 +80,12 @@ bool IsColumn(const PlantKind& plant)
 constexpr auto kSoft = &IsColumn<Column::Softening>;
 constexpr auto kDemi = &IsColumn<Column::Demineralisation>;
 constexpr auto kPolish = &IsColumn<Column::Polishing>;
+
+/// Organic matter stays on anion resins alone.
+bool IsPolishedAnion(const PlantKind& plant)
+{
+    return plant.column == Column::Polishing && plant.hasAnion;
+}
 
 bool IsSoftGel(const PlantKind& plant)
 {
@@ -123,20 +137,19 @@ constexpr const char* kGelAnion = wxTRANSLATE("demineralisation, styrenic gel re
 constexpr const char* kOpenAnion = wxTRANSLATE("demineralisation, acrylic or macroporous resin");
 
 constexpr std::array kRows{
-    LimitRow{"fe.soft", kIron, kSoftening, "liquid/fe.total", kUsual, kIronFouls, kPractice, kSoft, Iron},
-    LimitRow{"fe.demi", kIron, kDemineralising, "liquid/fe.total", kUsual, kIronFouls, kPractice, kDemi,
-             Iron},
-    LimitRow{"fe.polish", kIron, kPolishing, "liquid/fe.total", kUsual, kIronFouls, kPractice, kPolish, Iron},
+    LimitRow{"fe.soft", kIron, kSoftening, kTotalIron, kUsual, kIronFouls, kPractice, kSoft, Iron},
+    LimitRow{"fe.demi", kIron, kDemineralising, kTotalIron, kUsual, kIronFouls, kPractice, kDemi, Iron},
+    LimitRow{"fe.polish", kIron, kPolishing, kTotalIron, kUsual, kIronFouls, kPractice, kPolish, Iron},
     LimitRow{"mn.soft", kManganese, kSoftening, "liquid/mn.orig", kUsual, kIronFouls, kPractice, kSoft,
              Manganese},
     LimitRow{"mn.demi", kManganese, kDemineralising, "liquid/mn.orig", kUsual, kIronFouls, kPractice, kDemi,
              Manganese},
     LimitRow{"mn.polish", kManganese, kPolishing, "liquid/mn.orig", kUsual, kIronFouls, kPractice, kPolish,
              Manganese},
-    LimitRow{"femn.soft", kIronAndManganese, kSoftening, "liquid/fe.total", kStated, kIronFouls, kIllinois,
-             kSoft, IronAndManganese, true},
-    LimitRow{"femn.demi", kIronAndManganese, kDemineralising, "liquid/fe.total", kStated, kIronFouls,
-             kWisconsin, kDemi, IronAndManganese, true},
+    LimitRow{"femn.soft", kIronAndManganese, kSoftening, kTotalIron, kStated, kIronFouls, kIllinois, kSoft,
+             IronAndManganese, true},
+    LimitRow{"femn.demi", kIronAndManganese, kDemineralising, kTotalIron, kStated, kIronFouls, kWisconsin,
+             kDemi, IronAndManganese, true},
     LimitRow{"cl.gel", kFreeChlorine, kGelCation, kChlorine, kUsual, kChlorineSplits, kPractice, IsSoftGel,
              Value<kChlorine>},
     LimitRow{"cl.macro", kFreeChlorine, kMacroCation, kChlorine, kUsual, kChlorineSplits, kPractice, kSoft,
@@ -170,7 +183,7 @@ constexpr std::array kRows{
     LimitRow{"toc.open", wxTRANSLATE("TOC"), kOpenAnion, kOrganic, kUsual, kOrganicsStay, kPractice, kDemi,
              Value<kOrganic>},
     LimitRow{"toc.polish", wxTRANSLATE("TOC"), kPolishing, kOrganic, kUsual, kOrganicsStay, kPractice,
-             kPolish, Value<kOrganic>},
+             IsPolishedAnion, Value<kOrganic>},
     LimitRow{"h2s.soft", wxTRANSLATE("H2S"), kSoftening, kSulfide, kUsual, kSulfideFouls, kPractice, kSoft,
              Value<kSulfide>},
     LimitRow{"h2s.demi", wxTRANSLATE("H2S"), kDemineralising, kSulfide, kUsual, kSulfideFouls, kPractice,
@@ -185,6 +198,7 @@ void LookAtResins(const OwnerNode& compartment, PlantKind& kind)
         const std::string key = resin->GetDetails()->At("compcomp/resin").GetStdStringValue();
         kind.hasGelCation |= key == "sac_gel";
         kind.hasWeak |= key.starts_with("wac") || key.starts_with("wba");
+        kind.hasAnion |= key.starts_with("sba") || key.starts_with("wba");
         kind.hasGelAnion |= key == "sba_1" || key == "sba_2";
     }
 }
@@ -216,14 +230,17 @@ std::span<const LimitRow> LimitRows()
     return kRows;
 }
 
-const Metal* LoneMetal(const LiquidData& water)
+std::string KeyOf(const LimitRow& row, const LiquidData& water)
 {
-    static constexpr Metal kIronAlone{kIron, "liquid/fe.total", "fe."};
-    static constexpr Metal kManganeseAlone{kManganese, "liquid/mn.orig", "mn."};
+    return row.key == std::string_view(kTotalIron) ? KeyOfIron(water) : row.key;
+}
+
+std::optional<Metal> LoneMetal(const LiquidData& water)
+{
     const bool hasIron = Iron(water) > 0.0;
     if (hasIron == (Manganese(water) > 0.0))
-        return nullptr;
-    return hasIron ? &kIronAlone : &kManganeseAlone;
+        return std::nullopt;
+    return hasIron ? Metal{kIron, KeyOfIron(water), "fe."} : Metal{kManganese, "liquid/mn.orig", "mn."};
 }
 
 std::string NoteSetting(const LimitRow& row)

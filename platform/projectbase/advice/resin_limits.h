@@ -7,6 +7,7 @@
 
 #include "projectbase/projectbase_export.h"
 
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -29,6 +30,7 @@ struct PlantKind
     bool hasGelCation = false;  ///< strong-acid resin of the gel type
     bool hasWeak = false;       ///< weak-base or weak-acid resin
     bool hasGelAnion = false;   ///< styrenic strong-base resin of the gel type
+    bool hasAnion = false;      ///< any anion resin
 };
 /// Of the project's plant if that water feeds it, else nothing special.
 PROJECTBASE_EXPORT PlantKind KindOfPlant(const Project& project, const LiquidData& water);
@@ -50,16 +52,19 @@ struct LimitRow
 /// All rows; of one quantity the first that is for a plant counts.
 PROJECTBASE_EXPORT std::span<const LimitRow> LimitRows();
 
+/// The detail of a water in which the value of a row is typed.
+PROJECTBASE_EXPORT std::string KeyOf(const LimitRow& row, const LiquidData& water);
+
 /// A metal, and where its amount is typed.
 struct Metal
 {
     const char* label;  ///< source text
-    const char* key;
+    std::string key;
     std::string_view rows;  ///< beginning of the identifiers of its own limits, "fe."
 };
-/// Iron where no manganese was found, manganese where no iron was; null where there are both or neither. The
-/// limits of their sum then concern that metal alone.
-PROJECTBASE_EXPORT const Metal* LoneMetal(const LiquidData& water);
+/// Iron where no manganese was found, manganese where no iron was; nothing where there are both or neither.
+/// The limits of their sum then concern that metal alone.
+PROJECTBASE_EXPORT std::optional<Metal> LoneMetal(const LiquidData& water);
 
 /// The limits of a row as the user has them; not a number where there is none.
 struct Limits

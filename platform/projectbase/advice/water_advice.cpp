@@ -239,24 +239,42 @@ void JudgeAcid(const design::CompartmentDesign& bed, double calciumShare, Collec
         collected.Add(kAcidPortion, portion, steps.firstPortion, at(keys.firstPortion));
 }
 
+/// The medium of a sequence that is the water of the plant.
+constexpr std::string_view kRawWater = "REGSEQ_RAW_WATER";
+
+bool IsBase(const sequence::Medium* medium)
+{
+    const design::Regenerant* chemical =
+        medium == nullptr ? nullptr : design::FindRegenerant(medium->chemical);
+    return chemical != nullptr && chemical->kind == "base";
+}
+
+/// The row whose water dilutes the base of a sequence: the next displacement behind it.
+const OwnerNode* DilutionOfBase(const OwnerNode& exchanger)
+{
+    bool isBehindBase = false;
+    for (const auto& row : exchanger.GetChildren(OwnerKind::SequenceRow)) {
+        const DetailList& details = *row->GetDetails();
+        isBehindBase =
+            isBehindBase || IsBase(sequence::FindMedium(details.At("regseqstep/medium").GetStdStringValue()));
+        if (isBehindBase && details.At("regseqstep/type").GetStdStringValue() == sequence::kDisplacement)
+            return row.get();
+    }
+    return nullptr;
+}
+
 void JudgeBase(const design::ExchangerDesign& exchanger, double hardness, Collected& collected)
 {
     constexpr double kHard = 0.2;  // meq/l
     const auto isDilutedRaw = [](const sequence::RowVolumes& row) {
-        if (row.medium == nullptr || row.dilution == nullptr || row.dilution->key != "REGSEQ_RAW_WATER")
-            return false;
-        const design::Regenerant* chemical = design::FindRegenerant(row.medium->chemical);
-        return chemical != nullptr && chemical->kind == "base";
+        return IsBase(row.medium) && row.dilution != nullptr && row.dilution->key == kRawWater;
     };
     if (!(hardness > kHard) || !std::ranges::any_of(sequence::Volumes(*exchanger.node), isDilutedRaw))
         return;
-    for (const auto& row : exchanger.node->GetChildren(OwnerKind::SequenceRow)) {
-        if (row->GetDetails()->At("regseqstep/type").GetStdStringValue() == sequence::kDisplacement) {
-            collected.Add(kBaseHard, hardness, kHard, {row->GetOwner(), "regseqstep/medium"});
-            return;
-        }
-    }
-    collected.Add(kBaseHard, hardness, kHard, {exchanger.node->GetOwner(), "step/kind"});
+    const OwnerNode* const row = DilutionOfBase(*exchanger.node);
+    collected.Add(kBaseHard, hardness, kHard,
+                  row != nullptr ? DetailAddress{row->GetOwner(), "regseqstep/medium"}
+                                 : DetailAddress{exchanger.node->GetOwner(), "step/kind"});
 }
 
 void JudgeCaustic(const design::CompartmentDesign& bed, Collected& collected)
@@ -302,8 +320,8 @@ void JudgeRegeneration(const iex::IEXProject& plant, const LiquidData& water, co
 /// worse.
 void AddSumOfMetals(const LiquidData& water, Advice sum, Collected& collected)
 {
-    if (const Metal* metal = LoneMetal(water)) {
-        const auto own = std::ranges::find_if(collected.all, [metal](const Advice& advice) {
+    if (const std::optional<Metal> metal = LoneMetal(water)) {
+        const auto own = std::ranges::find_if(collected.all, [&metal](const Advice& advice) {
             return advice.id.starts_with("limit." + std::string(metal->rows));
         });
         if (own != collected.all.end() && own->severity >= sum.severity)
@@ -342,7 +360,7 @@ void JudgeLimits(const Project& project, const LiquidData& water, Collected& col
                       .reason = row.reason,
                       .source = row.source,
                       .anchor = "limits",
-                      .address = {water.GetOwner(), row.key}};
+                      .address = {water.GetOwner(), KeyOf(row, water)}};
         if (quantity == "femn")
             AddSumOfMetals(water, std::move(advice), collected);
         else

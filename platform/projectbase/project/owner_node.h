@@ -58,7 +58,7 @@ struct DetailAddress
     std::string key;
     int entry = -1;
 
-    bool operator==(const DetailAddress&) const = default;
+    auto operator<=>(const DetailAddress&) const = default;
 };
 
 class PROJECTBASE_EXPORT OwnerNode : private DetailWatch

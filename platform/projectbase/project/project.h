@@ -182,6 +182,11 @@ private:
     /// Where the waters of a blend stand; empty where one is not among those before it.
     static std::vector<std::size_t> PlacesOf(const LiquidData& blend,
                                              const std::unordered_map<std::string_view, std::size_t>& before);
+    /// The water that the plant takes, where owners of that kind are about to change otherwise than back or
+    /// forth in the history, which knows it.
+    const OwnerNode* FeedOf(OwnerKind changed) const;
+    /// The plant keeps its water, whichever place that has in the list now.
+    void KeepFeed(const OwnerNode* feed);
     void PutBlendsOutOfDate(OwnerKind changed);
     /// Whether a change lets a design be out of date.
     bool CountsForDesign(const StackElement& element);

@@ -113,12 +113,34 @@ void Project::NoteStructure(StructureChange change)
     m_journal->NoteStructure(std::move(change));
 }
 
+const OwnerNode* Project::FeedOf(OwnerKind changed) const
+{
+    const DetailData* const place = GetDetails().GetDetail("project/water");
+    if (changed != OwnerKind::Water || place == nullptr || m_journal->GetKind() == EditKind::History)
+        return nullptr;
+    const auto waters = m_root.GetChildren(OwnerKind::Water);
+    const long number = place->GetLongValue();
+    return number >= 1 && static_cast<std::size_t>(number) <= waters.size()
+               ? waters[static_cast<std::size_t>(number - 1)].get()
+               : nullptr;
+}
+
+void Project::KeepFeed(const OwnerNode* feed)
+{
+    if (feed == nullptr || feed->GetParent() == nullptr)
+        return;
+    DetailData& place = GetDetails().At("project/water");
+    if (const auto number = static_cast<long>(feed->GetPosition() + 1); place.GetLongValue() != number)
+        place.SetValue(number);
+}
+
 OwnerNode& Project::AddOwner(OwnerNode& parent, std::shared_ptr<OwnerNode> node, std::size_t position)
 {
     if (ParentKind(node->GetKind()) != parent.GetKind() || node->GetKind() == OwnerKind::Project ||
         parent.m_project != this || node->m_project != nullptr)
         throw std::logic_error("Project::AddOwner: the owner does not belong there");
     const ProjectEdit edit(*this);
+    const OwnerNode* const feed = FeedOf(node->GetKind());
     OwnerNode::Nodes& siblings = parent.ChildrenOf(node->GetKind());
     const std::size_t place = std::min(position, siblings.size());
     siblings.insert(siblings.begin() + static_cast<std::ptrdiff_t>(place), node);
@@ -128,6 +150,7 @@ OwnerNode& Project::AddOwner(OwnerNode& parent, std::shared_ptr<OwnerNode> node,
     PutBlendsOutOfDate(node->GetKind());
     NoteStructure(
         {.what = StructureChange::What::Added, .parent = parent.GetOwner(), .node = node, .after = place});
+    KeepFeed(feed);
     return *node;
 }
 
@@ -143,6 +166,7 @@ void Project::RemoveOwner(OwnerNode& node)
     if (node.m_project != this || node.m_parent == nullptr)
         throw std::logic_error("Project::RemoveOwner: the owner is not of this project");
     const ProjectEdit edit(*this);
+    const OwnerNode* const feed = FeedOf(node.GetKind());
     OwnerNode& parent = *node.m_parent;
     const std::size_t place = node.GetPosition();
     OwnerNode::Nodes& siblings = parent.ChildrenOf(node.GetKind());
@@ -153,6 +177,7 @@ void Project::RemoveOwner(OwnerNode& node)
     PutBlendsOutOfDate(node.GetKind());
     NoteStructure(
         {.what = StructureChange::What::Removed, .parent = parent.GetOwner(), .node = kept, .before = place});
+    KeepFeed(feed);
 }
 
 void Project::MoveOwner(OwnerNode& node, std::size_t position)
@@ -160,6 +185,7 @@ void Project::MoveOwner(OwnerNode& node, std::size_t position)
     if (node.m_project != this || node.m_parent == nullptr)
         throw std::logic_error("Project::MoveOwner: the owner is not of this project");
     const ProjectEdit edit(*this);
+    const OwnerNode* const feed = FeedOf(node.GetKind());
     OwnerNode::Nodes& siblings = node.m_parent->ChildrenOf(node.GetKind());
     const std::size_t from = node.GetPosition();
     const std::size_t to = std::min(position, siblings.size() - 1);
@@ -176,6 +202,7 @@ void Project::MoveOwner(OwnerNode& node, std::size_t position)
                    .node = siblings[to],
                    .before = from,
                    .after = to});
+    KeepFeed(feed);
 }
 
 void Project::RenameOwner(OwnerNode& node, const std::string& name)

@@ -207,9 +207,11 @@ void AddBalanceFault(const DetailList& details, std::vector<RangeFault>& faults)
     if (judged.verdict != advice::BalanceVerdict::OverLimit)
         return;
     const bool isAmount = judged.isLimitOfDifference;
+    const double exact = std::abs(isAmount ? judged.difference : judged.error);
+    const double rounded = ToThreeDigits(exact);
     faults.push_back({.address = {{}, "liquid/balance.auto"},
                       .label = details.At("liquid/balance.error").GetLabel(),
-                      .value = ToThreeDigits(std::abs(isAmount ? judged.difference : judged.error)),
+                      .value = rounded > judged.limit ? rounded : exact,
                       .limit = judged.limit,
                       .unit = isAmount ? "meq/l" : "%",
                       .sentence = SentenceOf(judged.rule)});

@@ -37,10 +37,12 @@ struct Setting
     std::string density = "compact";
     int width = 1600;
     bool isDark = false;
+    int textPercent = 100;
 
     std::string Describe() const
     {
-        return language + " " + units + " " + density + " " + std::to_string(width) + (isDark ? " dark" : "");
+        return language + " " + units + " " + density + " " + std::to_string(width) +
+               (isDark ? " dark " : " ") + std::to_string(textPercent) + " %";
     }
 };
 
@@ -76,6 +78,10 @@ protected:
             m_frame->View().SetUnitSystem(wanted.units);
         if (wanted.density != m_now.density)
             m_frame->View().SetDensity(wanted.density);
+        if (wanted.textPercent != m_now.textPercent)
+            // In 1024ths of a dot to the inch.
+            g_object_set(gtk_settings_get_default(), "gtk-xft-dpi", 1024 * 96 * wanted.textPercent / 100,
+                         nullptr);
         m_frame->SetSize(wanted.width, 1000);
         m_now = wanted;
         gui_test::Pump();
@@ -89,7 +95,7 @@ protected:
             return all.at(std::uniform_int_distribution<std::size_t>(0, all.size() - 1)(random));
         };
         Setting next = m_now;
-        switch (pick(0, 1, 2, 3, 4)) {
+        switch (pick(0, 1, 2, 3, 4, 5)) {
             case 0:
                 next.language = pick("en", "de", "fr");
                 break;
@@ -101,6 +107,9 @@ protected:
                 break;
             case 3:
                 next.isDark = !next.isDark;
+                break;
+            case 4:
+                next.textPercent = pick(100, 125, 150);
                 break;
             default:
                 break;

@@ -3,6 +3,7 @@
 #include "app/document/plant_templates.h"
 #include "app/frame/ion_strip.h"
 #include "app/frame/menu_table.h"
+#include "app/frame/settings_dialog.h"
 #include "app/frame/start_page.h"
 #include "gui_base/input/controls/collapsible_box.h"
 #include "gui_base/input/panel/aui_notebook.h"
@@ -277,6 +278,36 @@ TEST_F(WorkAreaTest, ACompactFormShowsAWholeAnalysisAtOnce)
     EXPECT_LE(inPage + compact, m_frame->FromDIP(700));
 }
 
+TEST_F(WorkAreaTest, WarningsOfAdviceAreMessagesThatLeadToTheirValue)
+{
+    FeedWaterPanel& page = WaterPage();
+    app::MessageArea& messages = m_frame->GetMessageArea();
+    OpenProject().GetLiquid(0).GetDetails()->At("liquid/turbidity").SetValue(4.0);
+    EXPECT_EQ(messages.CountProblems(), 0U) << "a note only";
+    OpenProject().GetLiquid(0).GetDetails()->At("liquid/turbidity").SetValue(6.0);
+    ASSERT_EQ(messages.GetItemCount(), 1);
+    EXPECT_TRUE(Strip().IsExpanded());
+    EXPECT_EQ(messages.GetItemText(0, 0), "Warning");
+    EXPECT_TRUE(messages.GetItemText(0, 1).Contains("Turbidity 6 NTU")) << messages.GetItemText(0, 1);
+    m_frame->View().SetLanguage("de");
+    EXPECT_TRUE(messages.GetItemText(0, 1).Contains("6 NTU"));
+    EXPECT_FALSE(messages.GetItemText(0, 1).Contains("Turbidity"));
+    m_frame->View().SetLanguage("en");
+    messages.Select(0);
+    messages.SetFocus();
+    gui_test::Press(WXK_RETURN);
+    gui_test::Pump();
+    EXPECT_TRUE(page.FindField("liquid/turbidity")->HasFocus());
+    // By another limit of the user's it is none.
+    m_frame->View().ApplySettings(
+        {"en", "iso", "compact", 5, ""},
+        {"en", "iso", "compact", 5, "", "SM1030E", {{"limit.turbidity.soft.warn", 7.0}}});
+    EXPECT_EQ(messages.CountProblems(), 0U);
+    m_frame->Undo();
+    EXPECT_EQ(messages.CountProblems(), 0U);
+    Settings::Reset("limit.turbidity.soft.warn");
+}
+
 TEST_F(WorkAreaTest, TheNavigatorTellsOfTheBalance)
 {
     const std::string name = OpenProject().GetLiquid(0).GetName();
@@ -290,6 +321,12 @@ TEST_F(WorkAreaTest, TheNavigatorTellsOfTheBalance)
     EXPECT_NE(picture(), good) << "what was closed is over the limit";
     gui_test::Enter(*WaterPage().FindField("liquid/na.orig"), "6.3");
     EXPECT_EQ(picture(), good) << "closed, and in order before";
+    Menu("Tools", "Balance automatically");
+    gui_test::Enter(*WaterPage().FindField("liquid/na.orig"), "7.9");
+    EXPECT_EQ(picture(), good);
+    m_frame->View().ApplySettings({"en", "iso", "compact", 5, ""}, {"en", "iso", "compact", 5, "", "DVWK"});
+    EXPECT_EQ(picture(), over) << "by another rule";
+    Settings::Reset("balance.rule");
     m_frame->Waters().Add();
     EXPECT_NE(Tree().GetItemImage(Item("Water")), good) << "nothing is analysed";
     EXPECT_NE(Tree().GetItemImage(Item("Water")), over);
@@ -300,12 +337,8 @@ TEST_F(WorkAreaTest, AWideWindowHasRoomForTheNamesOfTheNavigator)
     const auto width = [this](int ofWindow, const char* name) {
         Menu("View", "Usual arrangement");
         m_frame->SetSize(0, 0, ofWindow, 900);
-        {
-            const ProjectEdit edit(OpenProject());
-            OpenProject().RenameOwner(OpenProject().GetLiquid(0), name);
-        }
         gui_test::Pump();
-        m_frame->RebuildPages();
+        m_frame->Waters().RenameTo(OpenProject().GetLiquid(0), name);
         gui_test::Pump();
         return Tree().GetSize().x;
     };
@@ -316,10 +349,12 @@ TEST_F(WorkAreaTest, AWideWindowHasRoomForTheNamesOfTheNavigator)
     EXPECT_GT(wide, usual);
     EXPECT_LE(wide, m_frame->FromDIP(290));
     wxRect text;
-    EXPECT_TRUE(Tree().GetBoundingRect(Item(longName), text, true));
+    EXPECT_TRUE(Tree().GetBoundingRect(Item(OpenProject().GetLiquid(0).GetName()), text, true));
     EXPECT_LE(text.GetRight(), wide);
     EXPECT_EQ(width(1600, "A name as long as nobody can give a water and ever read it again in one piece"),
-              wide > usual ? m_frame->FromDIP(280) : 0);
+              m_frame->FromDIP(280));
+    m_frame->Waters().RenameTo(OpenProject().GetLiquid(0), std::string(5'000, 'w'));
+    EXPECT_LE(OpenProject().GetLiquid(0).GetName().size(), 100U);
     EXPECT_LT(width(1100, longName), usual);
 }
 

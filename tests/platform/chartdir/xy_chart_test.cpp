@@ -191,7 +191,7 @@ TEST(XYChart, SaysSoWhenThereIsNothingToPlot)
          {Case{{}, false, false}, Case{{kNaN, kInfinite}, false, false}, Case{{3}, false, true},
           Case{{-3, 0}, true, false}, Case{{-3, 0, 2}, true, true}}) {
         const auto chart = MakeChart();
-        chart->setNoDataText("<*font=Times New Roman Italic,size=16,color=0xf11a29*> No data available");
+        chart->setNoDataText("<*font=DejaVu Sans Bold,size=16,color=0xf11a29*> No data available");
         chart->yAxis().setAutoScale(isLog);
         chart->addLineLayer().addDataSet(values, "", 0);
         EXPECT_EQ(chart->hasData(), hasData) << testing::PrintToString(values);

@@ -77,12 +77,13 @@ WaterResultsPanel::WaterResultsPanel(wxWindow* parent, Lead lead, ShowHelp showH
     auto* outer = new wxBoxSizer(wxVERTICAL);
     outer->Add(head, wxSizerFlags().Expand().Border(wxALL, gap));
     const wxSizerFlags below = wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxBOTTOM, gap);
+    // What is to be minded comes before the figures, which fill the pane.
+    m_adviceSizer = new wxBoxSizer(wxVERTICAL);
+    outer->Add(m_adviceSizer, wxSizerFlags().Expand());
     outer->Add(m_grid, below);
     ShowTiles(EmptyTiles(ShownContext("iso")));
     m_minerals = new ResultCard(this);
     outer->Add(m_minerals, below);
-    m_adviceSizer = new wxBoxSizer(wxVERTICAL);
-    outer->Add(m_adviceSizer, wxSizerFlags().Expand());
     SetSizer(outer);
     SetScrollRate(0, FromDIP(kScrollStep));
     SetMinSize(FromDIP(wxSize(kLeastWidth, kLeastWidth / 2)));

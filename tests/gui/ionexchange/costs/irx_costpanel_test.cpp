@@ -115,7 +115,7 @@ TEST_F(CostsPanelTest, CostsFollowWhatIsTypedAndTheDesign)
     EXPECT_NEAR(Value("cost/cost.system.total"), capital + 5'000.0, 1e-6);
     EXPECT_EQ(Text("cost/cc.cost.pumps"), "5000.00");
     const wxString share = Find<wxTextCtrl>(*m_panel, "Hydrochloric acid, Share [%]").GetValue();
-    EXPECT_EQ(share, "100");
+    EXPECT_EQ(share, "100.0");
     Enter(Field("cost/op.cost.regen2"), "0.5");
     Pump();
     EXPECT_NE(Find<wxTextCtrl>(*m_panel, "Hydrochloric acid, Share [%]").GetValue(), share);

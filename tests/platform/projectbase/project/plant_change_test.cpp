@@ -132,4 +132,26 @@ TEST(PlantChange, AnExchangerOfAnotherKindBeginsAnew)
     EXPECT_EQ(ProjectToJson(project, {}, {}), before);
 }
 
+TEST(PlantChange, TheWaterOfThePlantStaysItWhereverItStands)
+{
+    iex::IEXProject project("SOFT");
+    const LiquidData* const feed = &project.GetLiquid(0);
+    support::History history(project);
+    LiquidData& well = project.AddLiquid("Well");
+    ASSERT_EQ(project.FeedingWater(), feed);
+    project.MoveOwner(well, 0);
+    EXPECT_EQ(project.FeedingWater(), feed) << "moved aside";
+    project.AddOwner(project.GetRoot(), std::make_shared<LiquidData>("Copy"), 1);
+    EXPECT_EQ(project.FeedingWater(), feed) << "one came before it";
+    project.RemoveOwner(well);
+    EXPECT_EQ(project.FeedingWater(), feed) << "one before it went";
+    for (int back = 0; back < 4; ++back) {
+        ASSERT_TRUE(history.stack.Undo());
+        EXPECT_EQ(project.FeedingWater(), feed) << back;
+    }
+    history.stack.RedoAll();
+    EXPECT_EQ(project.FeedingWater(), feed);
+    EXPECT_EQ(project.GetDetails().At("project/water").GetLongValue(), 2);
+}
+
 }  // namespace
