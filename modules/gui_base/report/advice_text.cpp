@@ -114,12 +114,18 @@ std::string MineralText(const advice::Saturation& saturation, const ReportContex
 
 std::string LangelierReading(double index, const ReportContext& context)
 {
-    constexpr double kBalanced = 0.3;
-    if (std::isnan(index))
-        return {};
-    return context.Translated(index > kBalanced    ? wxTRANSLATE("may deposit calcium carbonate")
-                              : index < -kBalanced ? wxTRANSLATE("dissolves calcium carbonate")
-                                                   : wxTRANSLATE("balanced"));
+    using advice::LangelierState;
+    switch (advice::LangelierStateOf(index)) {
+        case LangelierState::MayDeposit:
+            return context.Translated(wxTRANSLATE("may deposit calcium carbonate"));
+        case LangelierState::Dissolves:
+            return context.Translated(wxTRANSLATE("dissolves calcium carbonate"));
+        case LangelierState::Balanced:
+            return context.Translated(wxTRANSLATE("balanced"));
+        case LangelierState::Unknown:
+            break;
+    }
+    return {};
 }
 
 }  // namespace wateranalysis

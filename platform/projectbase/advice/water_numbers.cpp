@@ -160,4 +160,12 @@ double ResidualCo2Of(const Project& project)
     return kNotKnown;
 }
 
+double DesignLoad(const Project& project, const DailyLoads& loads)
+{
+    const std::string& type = project.GetModuleType();
+    if (type.starts_with("SOFT"))
+        return loads.hardness;
+    return type.starts_with("DEALK") ? loads.carbonate : loads.anions;
+}
+
 }  // namespace advice

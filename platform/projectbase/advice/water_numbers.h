@@ -69,4 +69,11 @@ PROJECTBASE_EXPORT double VolumeOfDay(const Project& project);
 /// mg/l of CO2 behind the degasser of the plant; not a number where it has none.
 PROJECTBASE_EXPORT double ResidualCo2Of(const Project& project);
 
+/// mg/l of CO2 that a degasser usually leaves, for a plant that has none.
+inline constexpr double kUsualResidualCo2 = 8.0;
+
+/// What a plant of the project's type loads its resins with: a softener with hardness, one for dealkalisation
+/// with carbonate hardness, all others with anions.
+PROJECTBASE_EXPORT double DesignLoad(const Project& project, const DailyLoads& loads);
+
 }  // namespace advice

@@ -147,7 +147,7 @@ void WaterResultsPanel::ShowAll()
         evaluation = advice::Evaluate(*m_project, *water);
     const advice::Evaluation* const shown = evaluation ? &*evaluation : nullptr;
     ShowBalance(shown, context);
-    ShowTiles(shown == nullptr ? EmptyTiles(context) : ResultTiles(*shown, *m_project, *water, context));
+    ShowTiles(shown == nullptr ? EmptyTiles(context) : ResultTiles(*shown, *water, context));
     ShowSaturation(shown, context);
     ShowAdvice(shown, context);
     Arrange();
