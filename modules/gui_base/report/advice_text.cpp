@@ -100,14 +100,14 @@ std::vector<SaturationRow> SaturationRows(const advice::Saturation& saturation, 
     return rows;
 }
 
-std::string MineralText(const advice::Saturation& saturation, const ReportContext& context)
+std::string MineralText(const advice::Saturation& saturation, int decimals, const ReportContext& context)
 {
     std::string text;
     for (const auto& [mineral, name] : kMineralNames) {
         const double index = saturation.Index(mineral);
         if (!std::isnan(index))
             text += fmt::format("{}{}\u00a0{}", text.empty() ? "" : ", ", context.Translated(name),
-                                FixedNumber(index, kDecimals, context));
+                                FixedNumber(index, decimals, context));
     }
     return text.empty() ? text : text + MarkOf(saturation);
 }
