@@ -3,8 +3,10 @@
 
 #include "dbinterfaces/master_database.h"
 #include "gui_base/report/advice_text.h"
+#include "gui_base/report/balance_text.h"
 #include "gui_base/report/design_report.h"
 #include "gui_base/report/range_sentence.h"
+#include "gui_base/report/water_results.h"
 #include "projectbase/advice/evaluation.h"
 #include "projectbase/details/detail_display.h"
 #include "projectbase/project/iex_project.h"
@@ -16,8 +18,10 @@
 #include <fmt/format.h>
 #include <fmt/ostream.h>
 
+#include <algorithm>
 #include <array>
 #include <cmath>
+#include <string_view>
 
 namespace app {
 
@@ -96,15 +100,43 @@ ReportContext PlainContext(const std::string& unitSystem = "iso")
     return context;
 }
 
+/// A line of the evaluation, whose texts were made not to break.
+void PrintResult(const std::string& name, std::string text, std::ostream& out)
+{
+    constexpr std::string_view kHardSpace = "\u00a0";
+    for (auto at = text.find(kHardSpace); at != std::string::npos; at = text.find(kHardSpace, at))
+        text.replace(at, kHardSpace.size(), " ");
+    fmt::print(out, "  {:<38}{}\n", name, text);
+}
+
+/// What the results of the window tell beyond the summary and the indices.
+void PrintResults(const advice::Evaluation& evaluation, const LiquidData& liquid,
+                  const ReportContext& context, std::ostream& out)
+{
+    if (const std::string balance = wateranalysis::BalanceText(evaluation.balance, context); !balance.empty())
+        PrintResult("Ion balance", balance, out);
+    constexpr std::array<std::string_view, 2> kLoads{"anions", "load"};
+    for (const wateranalysis::ResultTile& tile : wateranalysis::ResultTiles(evaluation, liquid, context)) {
+        if (tile.value.empty() || std::ranges::find(kLoads, tile.id) == kLoads.end())
+            continue;
+        const std::string second = tile.second.empty() ? std::string() : fmt::format(" ({})", tile.second);
+        PrintResult(tile.title, fmt::format("{} {}{}", tile.value, tile.unit, second), out);
+    }
+    const std::string reading = wateranalysis::LangelierReading(evaluation.saturation.langelier, context);
+    if (!reading.empty())
+        PrintResult("Reading of the Langelier index", reading, out);
+}
+
 /// What follows from the evaluation of a water.
 void PrintEvaluation(const Project& project, const LiquidData& liquid, std::ostream& out)
 {
     const ReportContext context = PlainContext(project.GetUnitSystemDisplay());
     const advice::Evaluation evaluation = advice::Evaluate(project, liquid);
+    PrintResults(evaluation, liquid, context, out);
     for (const wateranalysis::SaturationRow& row :
          wateranalysis::SaturationRows(evaluation.saturation, context)) {
         if (!row.value.empty())
-            fmt::print(out, "  {:<38}{}\n", row.name, row.value);
+            PrintResult(row.name, row.value, out);
     }
     for (const advice::Advice& advice : evaluation.advice)
         fmt::print(out, "  {}: {}\n", wateranalysis::SeverityText(advice.severity, context),

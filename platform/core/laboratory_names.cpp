@@ -17,6 +17,7 @@ namespace {
 /// A longer text is no name of a parameter.
 constexpr std::size_t kLongestName = 200;
 constexpr std::string_view kConductivity = "cond25.measured";
+constexpr double kAcidLeftAtPh43 = 0.05;  // mmol/l
 
 enum class Kind
 {
@@ -32,6 +33,7 @@ struct Property
     std::string_view target;
     Kind kind;
     std::string_view spellings;
+    double acidLeft = 0.0;  ///< as Parameter has it
 };
 
 constexpr std::array kProperties{
@@ -39,10 +41,12 @@ constexpr std::array kProperties{
     Property{"temp", Kind::State, "temp|temp.|temperature|temperatur|water temperature|wassertemperatur|t"},
     Property{"alkalinity.m", Kind::Amount,
              "m-value|m value|m-wert|m alkalinity|m-alkalinity|alkalinity|total alkalinity|"
-             "alkalinity, total|methyl orange alkalinity|ks4.3|ks4,3|ks 4.3|ks 4,3|acid capacity|"
-             "acid capacity to ph 4.3|s\u00e4urekapazit\u00e4t|s\u00e4urekapazit\u00e4t ph 4,3|"
-             "s\u00e4urekapazit\u00e4t bis ph 4,3|s\u00e4urekapazit\u00e4t bis ph 4.3|"
-             "alkalinit\u00e4t|gesamtalkalinit\u00e4t"},
+             "alkalinity, total|methyl orange alkalinity|alkalinit\u00e4t|gesamtalkalinit\u00e4t"},
+    Property{"alkalinity.m", Kind::Amount,
+             "ks4.3|ks4,3|ks 4.3|ks 4,3|acid capacity|acid capacity to ph 4.3|s\u00e4urekapazit\u00e4t|"
+             "s\u00e4urekapazit\u00e4t ph 4,3|s\u00e4urekapazit\u00e4t bis ph 4,3|"
+             "s\u00e4urekapazit\u00e4t bis ph 4.3",
+             kAcidLeftAtPh43},
     Property{"alkalinity.p", Kind::Amount,
              "p-value|p value|p-wert|p alkalinity|p-alkalinity|alkalinity, phenolphthalein|"
              "phenolphthalein alkalinity|ks8.2|ks8,2|ks 8.2|ks 8,2|acid capacity to ph 8.2|"
@@ -94,6 +98,7 @@ struct Known
     std::string_view target;
     Kind kind = Kind::Amount;
     const ions::Ion* ion = nullptr;  ///< null for a property that is no ion
+    double acidLeft = 0.0;
 };
 
 std::optional<Known> FindName(std::string_view spelling)
@@ -105,7 +110,7 @@ std::optional<Known> FindName(std::string_view spelling)
             return Known{ion.key, Kind::Amount, &ion};
     for (const Property& property : kProperties)
         if (HasSpelling(property.spellings, spelling))
-            return Known{property.target, property.kind};
+            return Known{property.target, property.kind, nullptr, property.acidLeft};
     return std::nullopt;
 }
 
@@ -154,6 +159,9 @@ std::optional<Known> FindLowerName(const std::string& name)
             continue;
         const auto found = FindName(WithoutCharge(name.substr(0, at)));
         const bool isLoose = found && (found->kind == Kind::Amount || found->kind == Kind::State);
+        // "Alkalinity (KS4.3)": what stands in brackets says how it was found.
+        if (isLoose && inBrackets && inBrackets->target == found->target && inBrackets->acidLeft > 0.0)
+            return inBrackets;
         if ((isLoose && !isHardness) || (found && inBrackets && inBrackets->target == found->target))
             return found;
     }
@@ -325,6 +333,7 @@ Parameter Interpret(const std::string& title, const std::string& name, const std
     if (!meaning.known)
         return parameter;
     parameter.target = meaning.known->target;
+    parameter.acidLeft = meaning.known->acidLeft;
     parameter.isText = meaning.known->kind == Kind::Text;
     parameter.isAmount = !parameter.isText && meaning.known->kind != Kind::State;
     if (parameter.isText)

@@ -19,6 +19,9 @@ struct Parameter
     std::string unit = {};    ///< in the spelling of the analysis; empty where none is stated or needed
     double factor = 1.0;      ///< by which a number of the file is multiplied to be in `unit`
     bool unitIsKnown = true;
+    /// mmol/l of acid that a titration to pH 4.3 leaves, by which an acid capacity is greater than the
+    /// m-value (DIN 38409-7); 0 for all else.
+    double acidLeft = 0.0;
     bool isText = false;  ///< "sample", "country", "place", …: no number
     /// Whether a value below a limit of detection is an amount. A temperature and a pH are none.
     bool isAmount = false;

@@ -44,8 +44,8 @@ protected:
         // What an earlier program kept.
         for (const DBObjects::PlantType& plant : MasterDatabase::GetPlantTypes())
             ProjectDatabase::SetLocalParameter("/Perspective/" + plant.type, {});
-        for (const char* kept : {"/Window/diagram", "/Window/diagram.options", "/Window/docking.1",
-                                 "/Window/messages", "/Window/place", "/Window/collapsed"})
+        for (const char* kept : {"/Window/diagram", "/Window/docking.1", "/Window/messages", "/Window/place",
+                                 "/Window/collapsed"})
             ProjectDatabase::SetLocalParameter(kept, {});
         ProjectDatabase::SetLocalParameter("/RecentFiles", {});
         m_frame = new app::MainFrame(MakeDocument(m_water));

@@ -105,26 +105,32 @@ std::vector<SaturationRow> SaturationRows(const advice::Saturation& saturation, 
     return rows;
 }
 
-std::string MineralText(const advice::Saturation& saturation, const ReportContext& context)
+std::string MineralText(const advice::Saturation& saturation, int decimals, const ReportContext& context)
 {
     std::string text;
     for (const auto& [mineral, name] : kMineralNames) {
         const double index = saturation.Index(mineral);
         if (!std::isnan(index))
             text += fmt::format("{}{}\u00a0{}", text.empty() ? "" : ", ", context.Translated(name),
-                                FixedNumber(index, kDecimals, context));
+                                FixedNumber(index, decimals, context));
     }
     return text.empty() ? text : text + MarkOf(saturation);
 }
 
 std::string LangelierReading(double index, const ReportContext& context)
 {
-    constexpr double kBalanced = 0.3;
-    if (std::isnan(index))
-        return {};
-    return context.Translated(index > kBalanced    ? wxTRANSLATE("may deposit calcium carbonate")
-                              : index < -kBalanced ? wxTRANSLATE("dissolves calcium carbonate")
-                                                   : wxTRANSLATE("balanced"));
+    using advice::LangelierState;
+    switch (advice::LangelierStateOf(index)) {
+        case LangelierState::MayDeposit:
+            return context.Translated(wxTRANSLATE("may deposit calcium carbonate"));
+        case LangelierState::Dissolves:
+            return context.Translated(wxTRANSLATE("dissolves calcium carbonate"));
+        case LangelierState::Balanced:
+            return context.Translated(wxTRANSLATE("balanced"));
+        case LangelierState::Unknown:
+            break;
+    }
+    return {};
 }
 
 }  // namespace wateranalysis

@@ -31,8 +31,9 @@ struct SaturationRow
 /// The indices of Langelier and Ryznar, the minerals, and silica, with two decimals.
 GUI_BASE_REPORT_EXPORT std::vector<SaturationRow> SaturationRows(const advice::Saturation& saturation,
                                                                  const ReportContext& context);
-/// The minerals alone that something is known of: "Gypsum -1.20, barite 0.63".
-GUI_BASE_REPORT_EXPORT std::string MineralText(const advice::Saturation& saturation,
+/// The minerals alone that something is known of: with one decimal, as good as the constants are,
+/// "Gypsum -1.2, barite 0.6".
+GUI_BASE_REPORT_EXPORT std::string MineralText(const advice::Saturation& saturation, int decimals,
                                                const ReportContext& context);
 /// What an index of Langelier means: "balanced"; empty for one that is not known.
 GUI_BASE_REPORT_EXPORT std::string LangelierReading(double index, const ReportContext& context);

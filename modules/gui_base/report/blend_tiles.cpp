@@ -38,8 +38,8 @@ std::vector<ResultTile> BlendTiles(const Project& project, const LiquidData* ble
         return Chosen(EmptyTiles(context), {}, context);
     const water::TriedBlend tried = water::TryBlend(project, blend, recipe);
     const advice::Evaluation evaluation = advice::Evaluate(*tried.project, *tried.water);
-    return Chosen(ResultTiles(evaluation, *tried.project, *tried.water, context),
-                  BalanceText(evaluation.balance, context), context);
+    return Chosen(ResultTiles(evaluation, *tried.water, context), BalanceText(evaluation.balance, context),
+                  context);
 }
 
 }  // namespace wateranalysis

@@ -20,8 +20,8 @@ constexpr double kSeverityWidth = 60.0;
 
 }  // namespace
 
-report::Table ResultTable(const advice::Evaluation& evaluation, const Project& project,
-                          const LiquidData& water, const ReportContext& context)
+report::Table ResultTable(const advice::Evaluation& evaluation, const LiquidData& water,
+                          const ReportContext& context)
 {
     report::Table table;
     table.columns = {
@@ -29,7 +29,7 @@ report::Table ResultTable(const advice::Evaluation& evaluation, const Project& p
         {.title = context.Translated(wxTRANSLATE("Value")), .align = Align::Number, .minWidth = kNumberWidth},
         {.title = context.Translated(wxTRANSLATE("Unit")), .minWidth = kUnitWidth},
         {.title = "", .stretch = 1.0}};
-    for (const ResultTile& tile : ResultTiles(evaluation, project, water, context)) {
+    for (const ResultTile& tile : ResultTiles(evaluation, water, context)) {
         if (!tile.value.empty())
             table.rows.push_back({.cells = {{tile.title}, {tile.value}, {tile.unit}, {tile.second}}});
     }

@@ -9,13 +9,12 @@
 #include <vector>
 
 class LiquidData;
-class Project;
 
 namespace wateranalysis {
 
 /// The verdict on the balance and the results that the window has in tiles.
-report::Table ResultTable(const advice::Evaluation& evaluation, const Project& project,
-                          const LiquidData& water, const ReportContext& context);
+report::Table ResultTable(const advice::Evaluation& evaluation, const LiquidData& water,
+                          const ReportContext& context);
 report::Table SaturationTable(const advice::Saturation& saturation, const ReportContext& context);
 /// Each piece of advice with its source.
 report::Table AdviceTable(const std::vector<advice::Advice>& advice, const ReportContext& context);

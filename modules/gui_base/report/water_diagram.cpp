@@ -3,6 +3,7 @@
 
 #include "gui_base/report/water_diagram_parts.h"
 #include "projectbase/project/project.h"
+#include "projectbase/settings/settings.h"
 
 #include <fmt/format.h>
 #include <wx/translation.h>
@@ -13,6 +14,15 @@ namespace {
 
 constexpr int kDigits = 4;
 constexpr double kPercent = 100.0;
+
+constexpr std::array<OptionRow, kOptionCount> kOptions{
+    OptionRow{"diagram.piper.minor", wxTRANSLATE("Piper: NO3, F and Br with Cl"),
+              &Options::minorAnionsInPiper},
+    OptionRow{"diagram.piper.size", wxTRANSLATE("Piper: size by dissolved solids"),
+              &Options::sizeByDissolved},
+    OptionRow{"diagram.stiff.fourth", wxTRANSLATE("Stiff: Fe and NO3"), &Options::fourthRowInStiff},
+    OptionRow{"diagram.schoeller.no3", wxTRANSLATE("Schoeller: NO3"), &Options::nitrateInSchoeller},
+};
 
 std::shared_ptr<chartdir::BaseChart> MakeOfKind(const Contents& contents, const ReportContext& context)
 {
@@ -44,6 +54,19 @@ const char* NameOf(Kind kind)
             break;
     }
     return wxTRANSLATE("Ion bars");
+}
+
+const std::array<OptionRow, kOptionCount>& OptionRows()
+{
+    return kOptions;
+}
+
+Options ChosenOptions()
+{
+    Options options;
+    for (const OptionRow& row : kOptions)
+        options.*row.option = Settings::GetSetting(row.setting).GetBoolValue();
+    return options;
 }
 
 std::vector<Water> WatersOf(const Project& project, const ReportContext& context)

@@ -37,6 +37,17 @@ struct Options
     bool nitrateInSchoeller = false;
     bool operator==(const Options&) const = default;
 };
+/// One of them as the user chooses it.
+struct OptionRow
+{
+    const char* setting;  ///< its name among the user's settings
+    const char* label;    ///< source text
+    bool Options::*option;
+};
+inline constexpr std::size_t kOptionCount = 4;
+GUI_BASE_REPORT_EXPORT const std::array<OptionRow, kOptionCount>& OptionRows();
+/// What the user's settings say: pages, panes and reports draw by it.
+GUI_BASE_REPORT_EXPORT Options ChosenOptions();
 
 struct Water
 {

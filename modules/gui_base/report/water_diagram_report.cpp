@@ -35,9 +35,11 @@ report::Section WaterDiagramReport::BuildReportPage(int id, const ReportContext&
     const auto waters = water_diagram::WatersOf(m_project, context);
     if (id != 0 || !std::ranges::any_of(waters, HasIons))
         throw std::out_of_range("WaterDiagramReport::BuildReportPage: there is no such page");
+    const water_diagram::Options options = water_diagram::ChosenOptions();
     report::Section section{.title = context.Translated(wxTRANSLATE("Diagrams"))};
     for (const water_diagram::Kind kind : water_diagram::kKinds) {
-        report::Figure figure = ChartFigure(water_diagram::Make({.kind = kind, .waters = waters}, context));
+        report::Figure figure =
+            ChartFigure(water_diagram::Make({.kind = kind, .waters = waters, .options = options}, context));
         figure.height = kFigureHeight;
         section.blocks.push_back(std::move(figure));
     }

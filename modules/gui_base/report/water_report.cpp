@@ -105,8 +105,7 @@ void AddEvaluation(report::Section& section, const Project& project, const Liqui
                    const ReportContext& context)
 {
     const advice::Evaluation evaluation = advice::Evaluate(project, water);
-    AddHeadedTable(section, wxTRANSLATE("Results"), ResultTable(evaluation, project, water, context),
-                   context);
+    AddHeadedTable(section, wxTRANSLATE("Results"), ResultTable(evaluation, water, context), context);
     AddHeadedTable(section, wxTRANSLATE("Saturation indices"),
                    SaturationTable(evaluation.saturation, context), context);
     AddHeadedTable(section, wxTRANSLATE("Advice"), AdviceTable(evaluation.advice, context), context);

@@ -26,7 +26,6 @@ constexpr const char* kCalciumCarbonate = "ppm CaCO3";
 /// What the tiles are made of.
 struct Facts
 {
-    const Project& project;
     const LiquidData& water;
     const DetailList& details;
     const advice::WaterNumbers& numbers;
@@ -137,14 +136,11 @@ void ShowAcidity(const Facts& facts, ResultTile& tile)
 
 void ShowAnionLoad(const Facts& facts, ResultTile& tile)
 {
-    constexpr double kUsualResidual = 8.0;  // mg/l of CO2
     facts.Show(tile, facts.numbers.anionLoad, "meq/l");
-    const double own = facts.evaluation.residualCo2;
-    const double behind =
-        advice::AnionLoadBehindDegasser(facts.numbers, std::isnan(own) ? kUsualResidual : own);
-    tile.second = facts.Caption(
-        std::isnan(own) ? wxTRANSLATE("behind a degasser %s") : wxTRANSLATE("behind the degasser %s"),
-        facts.Amount(behind, "meq/l"));
+    tile.second =
+        facts.Caption(std::isnan(facts.evaluation.residualCo2) ? wxTRANSLATE("behind a degasser %s")
+                                                               : wxTRANSLATE("behind the degasser %s"),
+                      facts.Amount(facts.evaluation.anionLoadBehindDegasser, "meq/l"));
 }
 
 void ShowPh(const Facts& facts, ResultTile& tile)
@@ -155,20 +151,10 @@ void ShowPh(const Facts& facts, ResultTile& tile)
     tile.address = facts.At("liquid/ph");
 }
 
-/// What a plant of that type loads its resins with: a softener with hardness, one for dealkalisation with
-/// carbonate hardness, all others with anions.
-double DesignLoad(const Facts& facts, const advice::DailyLoads& loads)
-{
-    const std::string& type = facts.project.GetModuleType();
-    if (type.starts_with("SOFT"))
-        return loads.hardness;
-    return type.starts_with("DEALK") ? loads.carbonate : loads.anions;
-}
-
 void ShowLoad(const Facts& facts, ResultTile& tile)
 {
     const advice::DailyLoads& loads = facts.evaluation.loads;
-    const double load = DesignLoad(facts, loads);
+    const double load = facts.evaluation.designLoad;
     facts.Show(tile, load, "eq/d");
     ResultTile mass;
     facts.Show(mass, load * advice::kKilogramCaCo3PerEquivalent, "kg/d");
@@ -268,10 +254,10 @@ std::vector<ResultTile> EmptyTiles(const ReportContext& context)
     return tiles;
 }
 
-std::vector<ResultTile> ResultTiles(const advice::Evaluation& evaluation, const Project& project,
-                                    const LiquidData& water, const ReportContext& context)
+std::vector<ResultTile> ResultTiles(const advice::Evaluation& evaluation, const LiquidData& water,
+                                    const ReportContext& context)
 {
-    const Facts facts{project, water, *water.GetDetails(), evaluation.numbers, evaluation, context};
+    const Facts facts{water, *water.GetDetails(), evaluation.numbers, evaluation, context};
     std::vector<ResultTile> tiles = EmptyTiles(context);
     for (std::size_t i = 0; i < tiles.size(); ++i)
         kTiles[i].show(facts, tiles[i]);

@@ -12,7 +12,6 @@
 #include <vector>
 
 class LiquidData;
-class Project;
 
 namespace advice {
 struct Evaluation;
@@ -38,7 +37,7 @@ struct ResultTile
 GUI_BASE_REPORT_EXPORT std::vector<ResultTile> EmptyTiles(const ReportContext& context);
 /// The same ones of a water.
 GUI_BASE_REPORT_EXPORT std::vector<ResultTile> ResultTiles(const advice::Evaluation& evaluation,
-                                                           const Project& project, const LiquidData& water,
+                                                           const LiquidData& water,
                                                            const ReportContext& context);
 
 }  // namespace wateranalysis

@@ -62,6 +62,11 @@ BalanceRule BalanceRuleOf(std::string_view code)
     return found == kRules.end() ? BalanceRule::StandardMethods : found->rule;
 }
 
+std::string_view CodeOf(BalanceRule rule)
+{
+    return std::ranges::find(kRules, rule, &RuleRow::rule)->code;
+}
+
 BalanceRule ChosenBalanceRule()
 {
     return BalanceRuleOf(Settings::GetSetting("balance.rule").GetStdStringValue());

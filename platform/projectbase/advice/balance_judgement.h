@@ -28,6 +28,7 @@ enum class BalanceRule
 
 /// What the setting "balance.rule" holds: "SM1030E", "DVWK" or "5/10"; the first for any other text.
 PROJECTBASE_EXPORT BalanceRule BalanceRuleOf(std::string_view code);
+PROJECTBASE_EXPORT std::string_view CodeOf(BalanceRule rule);
 /// The rule that the user's setting names.
 PROJECTBASE_EXPORT BalanceRule ChosenBalanceRule();
 /// What the user calls it; a source text.

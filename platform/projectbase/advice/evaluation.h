@@ -18,7 +18,10 @@ struct Evaluation
     BalanceJudgement balance;
     WaterNumbers numbers;
     DailyLoads loads;
+    double designLoad = kNotKnown;   ///< of the loads the one that the plant is designed for, eq a day
     double residualCo2 = kNotKnown;  ///< mg/l behind the degasser of the plant
+    /// Exchangeable anions behind that degasser, where there is none behind a usual one, meq/l.
+    double anionLoadBehindDegasser = kNotKnown;
     Saturation saturation;
     std::vector<Advice> advice;
 };

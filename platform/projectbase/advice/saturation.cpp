@@ -337,6 +337,15 @@ double SimplifiedSaturationPh(double tds, double celsius, double calcium, double
     return 9.3 + a + b - (Log(calcium) - 0.4) - Log(alkalinity);
 }
 
+LangelierState LangelierStateOf(double index)
+{
+    if (std::isnan(index))
+        return LangelierState::Unknown;
+    if (std::abs(index) <= kLangelierBalanced)
+        return LangelierState::Balanced;
+    return index > 0.0 ? LangelierState::MayDeposit : LangelierState::Dissolves;
+}
+
 Saturation SaturationOf(const DetailList& liquid)
 {
     Saturation result;

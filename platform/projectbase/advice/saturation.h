@@ -76,6 +76,17 @@ PROJECTBASE_EXPORT double SaturationPh(const FreeIons& free, double celsius);
 PROJECTBASE_EXPORT double SimplifiedSaturationPh(double tds, double celsius, double calcium,
                                                  double alkalinity);
 
+/// What an index of Langelier means for calcium carbonate; within ±0.3 a water is called balanced.
+enum class LangelierState : std::uint8_t
+{
+    Unknown,
+    Dissolves,
+    Balanced,
+    MayDeposit
+};
+inline constexpr double kLangelierBalanced = 0.3;
+PROJECTBASE_EXPORT LangelierState LangelierStateOf(double index);
+
 struct Saturation
 {
     static constexpr double kNotKnown = std::numeric_limits<double>::quiet_NaN();

@@ -184,9 +184,8 @@ public:
 
 void JudgeSaturation(const LiquidData& water, const Saturation& saturation, Collected& collected)
 {
-    constexpr double kBalanced = 0.3;
     const auto at = [&water](const char* key) { return DetailAddress{water.GetOwner(), key}; };
-    collected.AddAbove(kLangelier, saturation.langelier, kBalanced, at("liquid/ph"));
+    collected.AddAbove(kLangelier, saturation.langelier, kLangelierBalanced, at("liquid/ph"));
     // What was not found may be far less than what is counted for it.
     const auto isFound = [&water](const char* ion) {
         return !water::IsBelowDetection(*water.GetDetails(), ion);

@@ -4,7 +4,9 @@
 #include "core/ion_table.h"
 #include "projectbase/costs/project_costs.h"
 #include "projectbase/project/iex_project.h"
+#include "projectbase/water/alkalization.h"
 #include "projectbase/water/detection_limits.h"
+#include "projectbase/water/laboratory_import.h"
 #include "projectbase/water/normalization.h"
 #include "projectbase/water/totals.h"
 
@@ -65,25 +67,11 @@ void SetAnions(const DetailList& liquid, WaterNumbers& numbers)
     numbers.co2 = FreeCo2(liquid, numbers);
 }
 
-/// What resins are designed for takes limits of detection in full.
-void CountLimitsInFull(const DetailList& liquid, WaterNumbers& numbers)
-{
-    const double rest = 1.0 - water::ShareOfLimits(liquid);
-    const water::Composition limits = water::LimitsOfIons(liquid);
-    numbers.cations += rest * water::LimitSums(liquid).cations;
-    numbers.acidity += rest * water::EquivalentMineralAcidity(limits);
-    numbers.silica += rest * limits[water::Species::Sio2];
-    numbers.boron += rest * limits[*water::SpeciesOfKey("b")];
-}
-
-}  // namespace
-
-WaterNumbers NumbersOf(const DetailList& liquid)
+/// By what is counted now.
+WaterNumbers NumbersAsCounted(const DetailList& liquid)
 {
     const auto value = [&liquid](const char* key) { return liquid.At(key).GetDoubleValue(); };
     WaterNumbers numbers;
-    if (liquid.At("liquid/analysis.type").GetStdStringValue() != "FULL")
-        return numbers;
     const bool isClosed = liquid.At("liquid/balance.auto").GetBoolValue();
     // A side of which nothing was analysed yet is not known to be nothing.
     if (value("liquid/sum.c.meql") > 0.0 || (isClosed && value("liquid/na.plus.meql") > 0.0))
@@ -95,9 +83,40 @@ WaterNumbers NumbersOf(const DetailList& liquid)
     numbers.nonCarbonate = numbers.hardness - numbers.carbonate;
     numbers.sodiumAlkalinity =
         std::isnan(numbers.m) ? kNotKnown : std::max(0.0, numbers.m - numbers.hardness);
+    numbers.hardnessLoad = numbers.hardness;
+    numbers.carbonateLoad = numbers.carbonate;
     numbers.acidityByCations = numbers.cations - numbers.m;
-    CountLimitsInFull(liquid, numbers);
     numbers.anionLoad = numbers.acidity + numbers.carbon + numbers.silica + numbers.boron;
+    return numbers;
+}
+
+/// Of the same water as if all of every limit of detection had been found: what closes its balance and the
+/// CO2 of its pH are then others, too.
+WaterNumbers NumbersInFull(const DetailList& liquid)
+{
+    DetailList full(liquid);
+    full.At("liquid/limits").SetValue(water::CodeOf(laboratory::LimitReading::Limit));
+    water::NormalizeEveryIon(full);
+    water::UpdateDerivedValues(full);
+    water::CalculateAlkalization(full);
+    return NumbersAsCounted(full);
+}
+
+}  // namespace
+
+WaterNumbers NumbersOf(const DetailList& liquid)
+{
+    if (liquid.At("liquid/analysis.type").GetStdStringValue() != "FULL")
+        return {};
+    const WaterNumbers counted = NumbersAsCounted(liquid);
+    if (water::ShareOfLimits(liquid) == 1.0 || !water::HasDetectionLimits(liquid))
+        return counted;
+    WaterNumbers numbers = NumbersInFull(liquid);
+    // What the analysis shows as well stays as it is there.
+    for (double WaterNumbers::*shown :
+         {&WaterNumbers::hardness, &WaterNumbers::carbonate, &WaterNumbers::nonCarbonate,
+          &WaterNumbers::sodiumAlkalinity, &WaterNumbers::m, &WaterNumbers::p, &WaterNumbers::co2})
+        numbers.*shown = counted.*shown;
     return numbers;
 }
 
@@ -112,8 +131,8 @@ double AnionLoadBehindDegasser(const WaterNumbers& numbers, double residual)
 DailyLoads LoadsOfDay(const WaterNumbers& numbers, double volume)
 {
     return {.cations = volume * numbers.cations,
-            .hardness = volume * numbers.hardness,
-            .carbonate = volume * numbers.carbonate,
+            .hardness = volume * numbers.hardnessLoad,
+            .carbonate = volume * numbers.carbonateLoad,
             .acidity = volume * numbers.acidity,
             .anions = volume * numbers.anionLoad};
 }
@@ -139,6 +158,14 @@ double ResidualCo2Of(const Project& project)
             return exchanger->GetDetails()->At("step/co2.residual").GetDoubleValue();
     }
     return kNotKnown;
+}
+
+double DesignLoad(const Project& project, const DailyLoads& loads)
+{
+    const std::string& type = project.GetModuleType();
+    if (type.starts_with("SOFT"))
+        return loads.hardness;
+    return type.starts_with("DEALK") ? loads.carbonate : loads.anions;
 }
 
 }  // namespace advice

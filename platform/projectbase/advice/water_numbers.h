@@ -18,26 +18,30 @@ inline constexpr double kNotKnown = std::numeric_limits<double>::quiet_NaN();
 /// Amounts in meq/l, of carbonic acid and silica in mmol/l, which count as one equivalent a mole.
 struct WaterNumbers
 {
-    double cations = kNotKnown;           ///< Σ without H+
+    double cations = kNotKnown;           ///< Σ without H+, with limits in full
     double hardness = kNotKnown;          ///< Ca + Mg
     double carbonate = kNotKnown;         ///< carbonate hardness: the smaller of hardness and alkalinity
     double nonCarbonate = kNotKnown;      ///< the rest of the hardness
     double sodiumAlkalinity = kNotKnown;  ///< alkalinity beyond the hardness
     double m = kNotKnown;
     double p = kNotKnown;
-    double acidity = kNotKnown;  ///< equivalent mineral acidity: anions of strong acids
+    /// Equivalent mineral acidity: anions of strong acids. It and all below but free CO2 take limits in full.
+    double acidity = kNotKnown;
     /// Σcations - m, which equals the acidity in a balanced analysis.
     double acidityByCations = kNotKnown;
     double carbon = kNotKnown;  ///< CO2 + HCO3 + CO3
     double co2 = kNotKnown;     ///< free CO2
     double silica = kNotKnown;  ///< SiO2
     double boron = kNotKnown;
-    double anionLoad = kNotKnown;  ///< total exchangeable anions
+    double anionLoad = kNotKnown;      ///< total exchangeable anions
+    double hardnessLoad = kNotKnown;   ///< what a softener takes up
+    double carbonateLoad = kNotKnown;  ///< what a weak-acid exchanger takes up
 };
 
 /// Of a water whose derived values are up to date. Nothing is known of a short analysis, nor of cations or
-/// anions of which none was analysed. Limits of detection count in full, as for the design of resins. Carbon
-/// is m - p; where neither pH nor p-value tells p, it is the m-value and the CO2 that was typed.
+/// anions of which none was analysed. In acidity and loads limits of detection count in full, the cautious
+/// case; hardness, alkalinity and free CO2 are those that the analysis shows. Carbon is m - p; where neither
+/// pH nor p-value tells p, it is the m-value and the CO2 that was typed.
 PROJECTBASE_EXPORT WaterNumbers NumbersOf(const DetailList& liquid);
 
 /// meq/l of exchangeable anions behind a degasser that leaves `residual` mg/l of CO2, or in front of it where
@@ -64,5 +68,12 @@ PROJECTBASE_EXPORT double VolumeOfDay(const Project& project);
 
 /// mg/l of CO2 behind the degasser of the plant; not a number where it has none.
 PROJECTBASE_EXPORT double ResidualCo2Of(const Project& project);
+
+/// mg/l of CO2 that a degasser usually leaves, for a plant that has none.
+inline constexpr double kUsualResidualCo2 = 8.0;
+
+/// What a plant of the project's type loads its resins with: a softener with hardness, one for dealkalisation
+/// with carbonate hardness, all others with anions.
+PROJECTBASE_EXPORT double DesignLoad(const Project& project, const DailyLoads& loads);
 
 }  // namespace advice

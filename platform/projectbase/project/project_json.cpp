@@ -2,6 +2,7 @@
 #include "projectbase/project/project_json.h"
 
 #include "core/text_limits.h"
+#include "projectbase/advice/evaluation_json.h"
 #include "projectbase/design/design_json.h"
 #include "projectbase/project/iex_project.h"
 #include "projectbase/project/project_edit.h"
@@ -71,6 +72,7 @@ public:
                  fmt::format(",\n  \"status\": {}", project.GetStatus()) +
                  ",\n  \"unitSystem\": " + Quoted(project.GetUnitSystemDisplay()) + ",\n  \"project\": ";
         Details(project.GetDetails(), "  ");
+        m_project = &project;
         if (const auto* plant = dynamic_cast<const iex::IEXProject*>(&project))
             m_design = design::DesignOf(*plant);
         Nodes(",\n  \"liquids\": ", project.GetRoot(), OwnerKind::Water, "  ");
@@ -123,6 +125,9 @@ private:
                 m_text += "\"name\": " + Quoted(node->GetName()) + ",\n" + inner;
             m_text += "\"details\": ";
             Details(*node->GetDetails(), inner);
+            if (const auto* water = dynamic_cast<const LiquidData*>(node.get()))
+                m_text += ",\n" + inner +
+                          "\"evaluation\": " + advice::EvaluationAsJson(advice::Evaluate(*m_project, *water));
             if (kind == OwnerKind::Exchanger) {
                 m_text += ",\n" + inner + "\"leakages\": " + design::LeakagesAsJson(m_design, *node);
                 Nodes(",\n" + inner + "\"compartments\": ", *node, OwnerKind::Compartment, inner);
@@ -194,6 +199,7 @@ private:
     }
 
     std::string m_text;
+    const Project* m_project = nullptr;
     design::PlantDesign m_design;
 };
 

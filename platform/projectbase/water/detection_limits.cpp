@@ -8,7 +8,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdlib>
 
 namespace water {
 namespace {
@@ -60,17 +59,12 @@ bool IsBelowDetection(const DetailList& liquid, std::string_view ion)
     return row != nullptr && detection_limit::Is(liquid.At(row->orig).GetDoubleValue());
 }
 
-Composition LimitsOfIons(const DetailList& liquid)
+bool HasDetectionLimits(const DetailList& liquid)
 {
-    Composition limits;
-    for (const IonRow& row : IonRows()) {
-        if (!row.species)
-            continue;
-        // Silica and boron have no charge, and count one equivalent a mole.
-        const int charge = std::max(1, std::abs(Charge(*row.species)));
-        limits[*row.species] = LimitOf(liquid, row) / charge;
-    }
-    return limits;
+    const auto isLimit = [&liquid](std::string_view key) {
+        return detection_limit::Is(liquid.At(key).GetDoubleValue());
+    };
+    return isLimit("liquid/co2.orig") || std::ranges::any_of(IonRows(), isLimit, &IonRow::orig);
 }
 
 ChargeSums LimitSums(const DetailList& liquid)

@@ -32,8 +32,8 @@ PROJECTBASE_EXPORT std::string TypedText(const std::string& key, double value, c
 /// Whether nothing of an ion ("ba") was found; a limit is stated instead.
 PROJECTBASE_EXPORT bool IsBelowDetection(const DetailList& liquid, std::string_view ion);
 
-/// The limits of all ions, mmol/l; without those of named ions.
-PROJECTBASE_EXPORT Composition LimitsOfIons(const DetailList& liquid);
+/// Whether any ion, or CO2, is stated by a limit.
+PROJECTBASE_EXPORT bool HasDetectionLimits(const DetailList& liquid);
 
 /// The limits of all ions that count as charges, meq/l.
 PROJECTBASE_EXPORT ChargeSums LimitSums(const DetailList& liquid);

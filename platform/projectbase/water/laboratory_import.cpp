@@ -3,6 +3,7 @@
 
 #include "core/detection_limit.h"
 #include "core/ion_table.h"
+#include "core/ion_units.h"
 #include "dbinterfaces/master_database.h"
 #include "projectbase/water/detection_limits.h"
 #include "projectbase/water/ion_rows.h"
@@ -107,13 +108,16 @@ std::optional<TakenValue> TakeNumber(const std::optional<laboratory::Number>& nu
         (!place.unitKey.empty() && TypedUnit(place.key, parameter.unit) != parameter.unit))
         return std::nullopt;
     double value = number->value;
+    if (parameter.acidLeft > 0.0 && value > 0.0)
+        value = std::max(0.0, value - ions::FromMeqPerLitre(parameter.acidLeft, parameter.unit, 1.0));
     if (number->isLimit)
         value = TakesDetectionLimit(place.key) ? detection_limit::Make(value) : value * ShareOf(limits);
     return TakenValue{.key = place.key,
                       .unitKey = place.unitKey,
                       .value = value,
                       .unit = parameter.unit,
-                      .isLimit = number->isLimit};
+                      .isLimit = number->isLimit,
+                      .acidLeft = parameter.acidLeft};
 }
 
 /// The titles with their texts of one water.

@@ -23,6 +23,8 @@ struct TakenValue
     std::string unit;
     std::string text = {};  ///< of what is no number; never empty there
     bool isLimit = false;   ///< the file states a limit of detection
+    /// mmol/l that were taken off an acid capacity to pH 4.3, which is by them greater than the m-value.
+    double acidLeft = 0.0;
 };
 
 /// What the setting "laboratory.limits" holds: "ZERO", "HALF" or "LIMIT"; half for any other text.

@@ -10,6 +10,7 @@ namespace {
 
 using calc_test::Calc;
 using calc_test::Result;
+using calc_test::RunCalc;
 using testing::ContainsRegex;
 using testing::HasSubstr;
 
@@ -78,6 +79,47 @@ TEST_F(Calc, EvaluatesTheWater)
     EXPECT_EQ(advice[1].at("water"), 1);
     EXPECT_EQ(advice[1].at("address"), "water.1:liquid/fe.total");
     EXPECT_EQ(advice[1].at("limit"), 0.3);
+}
+
+TEST_F(Calc, TellsWhatTheResultsOfTheWindowTell)
+{
+    const std::string path = (m_folder / "softener.tarnvik").string();
+    ProjectFile::Save(iex::IEXProject("SOFT"), path);
+    std::vector<std::string> words{path};
+    for (const char* typed : {"ca=6meq/l", "hco3=5meq/l", "cl=1meq/l", "sio2=21.8mg/l", "ph=8.2", "temp=15C",
+                              "project/qbrutto=10m3/h", "project/lz=20h"}) {
+        words.emplace_back("--set");
+        words.emplace_back(typed);
+    }
+    const Result table = RunCalc(words);
+    ASSERT_EQ(table.code, 0) << table.err;
+    EXPECT_THAT(table.out, ContainsRegex("\n  Ion balance +[-+]?0\\.[0-9] %, in order\n"));
+    // 1 of chloride, 8 mg/l of CO2 and 21.8 mg/l of silica.
+    EXPECT_THAT(table.out, ContainsRegex("\n  Anion load with CO2 and SiO2 +6\\.[0-9]+ meq/l \\(behind a "
+                                         "degasser 1\\.54 meq/l\\)\n"));
+    EXPECT_THAT(table.out, ContainsRegex("\n  Load of a day +1[0-9]+ eq/d \\([0-9.]+ kg/d CaCO3\\)\n"));
+    EXPECT_THAT(table.out, HasSubstr("may deposit calcium carbonate\n"));
+    EXPECT_THAT(table.out, ContainsRegex("\n  Saturation with amorphous silica +22\\.[0-9]+ %\n"));
+
+    words.emplace_back("--json");
+    const auto told = nlohmann::json::parse(RunCalc(words).out).at("liquids").at(0).at("evaluation");
+    EXPECT_EQ(told.at("balance").at("rule"), "SM1030E");
+    EXPECT_EQ(told.at("balance").at("verdict"), "in order");
+    EXPECT_EQ(told.at("balance").at("limit"), 2.0);
+    EXPECT_NEAR(told.at("acidity"), 1.0, 1e-9);
+    EXPECT_NEAR(told.at("anionLoadBehindDegasser"), 1.0 + 8.0 / 44.009 + 21.8 / 60.083, 1e-4);
+    EXPECT_NEAR(told.at("silicaSaturation"), 22.3, 0.2);
+    EXPECT_EQ(told.at("langelierReading"), "may deposit");
+    EXPECT_NEAR(told.at("ryznar"), 8.2 - 2.0 * told.at("langelier").get<double>(), 1e-9);
+    const auto& loads = told.at("loadsOfDay");
+    EXPECT_EQ(loads.at("design"), loads.at("hardness")) << "of a softener";
+    EXPECT_NEAR(loads.at("carbonate").get<double>() / loads.at("hardness").get<double>(), 5.0 / 6.0, 0.01);
+
+    const auto unknown =
+        nlohmann::json::parse(Run({m_path, "--json"}).out).at("liquids").at(1).at("evaluation");
+    for (const char* member : {"anionLoad", "langelier", "langelierReading", "silicaSaturation"})
+        EXPECT_TRUE(unknown.at(member).is_null()) << member;
+    EXPECT_TRUE(unknown.at("balance").at("verdict").is_null());
 }
 
 TEST_F(Calc, MixesAnyNumberOfWatersByFlow)

@@ -32,8 +32,8 @@ protected:
 TEST_F(LaboratoryCommandsTest, ALaboratorysFileIsPreviewedAndTakenOver)
 {
     const std::filesystem::path path = m_folder / "lab.csv";
-    std::ofstream(path, std::ios::binary) << "Probe;Ca [mg/l];Uran [\xb5g/l];pH;Cl [mg/l]\n"
-                                             "A;40,5;1;7,25;<1\nB;50;2;8;9\n";
+    std::ofstream(path, std::ios::binary) << "Probe;Ca [mg/l];Uran [\xb5g/l];pH;Cl [mg/l];KS4,3 [mmol/l]\n"
+                                             "A;40,5;1;7,25;<1;2,5\nB;50;2;8;9;3\n";
     const double sodium = Water("na.orig").GetDoubleValue();
     wxString shown;
     const auto look = [&shown](wxDialog& dialog) {
@@ -49,7 +49,8 @@ TEST_F(LaboratoryCommandsTest, ALaboratorysFileIsPreviewedAndTakenOver)
     m_frame->Waters().ImportFrom(path);
     EXPECT_EQ(shown, wxString::FromUTF8(
                          "Probe=/Name of the sample;Ca [mg/l]=40.5/;"
-                         "Uran [\u00b5g/l]=/Unknown parameter;pH=7.25/;Cl [mg/l]=<1/Limit of detection;"));
+                         "Uran [\u00b5g/l]=/Unknown parameter;pH=7.25/;Cl [mg/l]=<1/Limit of detection;"
+                         "KS4,3 [mmol/l]=2.45/m-value: less 0.05 mmol/l;"));
     EXPECT_EQ(Water("na.orig").GetDoubleValue(), sodium) << "nothing changes before OK";
     EXPECT_FALSE(m_frame->GetDocument().IsUnsaved());
 

@@ -1,21 +1,20 @@
 // SPDX-License-Identifier: MIT
 #include "gui_base/graphics/diagrams/diagram_inputs.h"
 
-#include "dbinterfaces/project_database.h"
 #include "gui_base/input/controls/tv_button.h"
 #include "gui_base/input/controls/tv_staticboxsizer.h"
 #include "gui_base/input/controls/tv_statictext.h"
 #include "gui_base/input/events.h"
 #include "gui_base/input/form/form_grid.h"
 #include "gui_base/support/accessibility.h"
+#include "gui_base/support/events.h"
 #include "gui_base/support/translation.h"
+#include "projectbase/settings/settings.h"
 
 #include <wx/statbox.h>
 #include <wx/translation.h>
 
 #include <algorithm>
-#include <array>
-#include <exception>
 #include <string>
 
 namespace {
@@ -23,52 +22,6 @@ namespace {
 constexpr long kAll = -1;
 constexpr int kListWidth = 200;
 constexpr int kListHeight = 120;
-
-/// Names of the chosen options, each ended by a semicolon.
-constexpr const char* kKeptOptions = "/Window/diagram.options";
-
-using water_diagram::Options;
-
-struct OptionRow
-{
-    const char* name;  ///< as it is kept
-    const char* label;
-    bool Options::*option;
-};
-constexpr std::array kOptions{
-    OptionRow{"piper.minor", wxTRANSLATE("Piper: NO3, F and Br with Cl"), &Options::minorAnionsInPiper},
-    OptionRow{"piper.size", wxTRANSLATE("Piper: size by dissolved solids"), &Options::sizeByDissolved},
-    OptionRow{"stiff.fourth", wxTRANSLATE("Stiff: Fe and NO3"), &Options::fourthRowInStiff},
-    OptionRow{"schoeller.no3", wxTRANSLATE("Schoeller: NO3"), &Options::nitrateInSchoeller},
-};
-
-Options KeptOptions()
-{
-    std::string kept;
-    try {
-        kept = ";" + ProjectDatabase::GetLocalParameter(kKeptOptions);
-    } catch (const std::exception&) {
-        // Diagrams can be drawn without what is remembered of them.
-        return {};
-    }
-    Options options;
-    for (const OptionRow& row : kOptions)
-        options.*row.option = kept.find(";" + std::string(row.name) + ";") != std::string::npos;
-    return options;
-}
-
-void Keep(const Options& options)
-{
-    std::string kept;
-    for (const OptionRow& row : kOptions)
-        kept += options.*row.option ? std::string(row.name) + ";" : std::string();
-    try {
-        ProjectDatabase::SetLocalParameter(kKeptOptions, kept);
-    } catch (const std::exception&) {
-        // As above.
-        return;
-    }
-}
 
 tvChoice::Items KindItems()
 {
@@ -115,26 +68,23 @@ void DiagramInputs::CreateControls()
     column->Add(waters, wxSizerFlags(spaced).Proportion(1));
 
     auto* options = AddLocalizable(new TvStaticBoxSizer(wxVERTICAL, this, wxTRANSLATE("Options")));
-    wxWindow* box = options->GetStaticBox();
-    const Options kept = KeptOptions();
-    for (const OptionRow& row : kOptions)
-        AddOption(*options, box, row.label, row.option)->SetValue(kept.*row.option);
+    for (const water_diagram::OptionRow& row : water_diagram::OptionRows())
+        AddOption(*options, options->GetStaticBox(), row);
     column->Add(options, spaced);
     column->Add(CreateExport(), spaced);
     SetSizer(column);
 }
 
-TvCheckBox* DiagramInputs::AddOption(wxSizer& column, wxWindow* parent, const char* label,
-                                     bool water_diagram::Options::*option)
+void DiagramInputs::AddOption(wxSizer& column, wxWindow* parent, const water_diagram::OptionRow& row)
 {
-    auto* box = AddLocalizable(new TvCheckBox(parent, wxID_ANY, label));
-    box->Bind(wxEVT_CHECKBOX, [this](wxCommandEvent&) {
-        Keep(GetOptions());
+    auto* box = AddLocalizable(new TvCheckBox(parent, wxID_ANY, row.label));
+    box->SetValue(Settings::GetSetting(row.setting).GetBoolValue());
+    box->Bind(wxEVT_CHECKBOX, [this, box, setting = row.setting](wxCommandEvent&) {
+        Settings::GetSetting(setting).SetValue(box->GetValue());
         m_callbacks.onContents();
+        events::SendEvent(this, tvCHANGESETTINGS_EVENT, GetId(), 0, wxString());
     });
-    m_options.emplace_back(box, option);
     column.Add(box, wxSizerFlags().Border(wxALL, FromDIP(form::kGap)));
-    return box;
 }
 
 wxSizer* DiagramInputs::CreateExport()
@@ -158,14 +108,6 @@ std::vector<water_diagram::Kind> DiagramInputs::GetKinds() const
     if (m_kind->GetID() != kAll)
         return {static_cast<water_diagram::Kind>(m_kind->GetID())};
     return {water_diagram::kKinds.begin(), water_diagram::kKinds.end()};
-}
-
-water_diagram::Options DiagramInputs::GetOptions() const
-{
-    water_diagram::Options options;
-    for (const auto& [box, option] : m_options)
-        options.*option = box->GetValue();
-    return options;
 }
 
 void DiagramInputs::SetWaters(const std::vector<NamedWater>& waters)

@@ -2,8 +2,9 @@
 #pragma once
 
 /// What is chosen beside the diagrams of waters: which of them, which waters, how they are drawn; and the
-/// buttons that export. It tells of every choice by a callback. The options are the user's own and kept over
-/// a restart; diagrams and waters stay chosen for as long as the page lives. GUI thread only.
+/// buttons that export. It tells of every choice by a callback. The options are
+/// settings of the user, of which a change is sent to the host as well (tvCHANGESETTINGS_EVENT); diagrams and
+/// waters stay chosen for as long as the page lives. GUI thread only.
 
 #include "gui_base/gui_base_export.h"
 #include "gui_base/input/controls/localizable.h"
@@ -34,7 +35,6 @@ public:
 
     /// All of them, or the one that was chosen.
     std::vector<water_diagram::Kind> GetKinds() const;
-    water_diagram::Options GetOptions() const;
 
     /// A water with the name that is shown.
     using NamedWater = std::pair<DetailOwner, std::string>;
@@ -46,8 +46,7 @@ public:
 
 private:
     void CreateControls();
-    TvCheckBox* AddOption(wxSizer& column, wxWindow* parent, const char* label,
-                          bool water_diagram::Options::*option);
+    void AddOption(wxSizer& column, wxWindow* parent, const water_diagram::OptionRow& row);
     wxSizer* CreateExport();
     void OnWater(wxCommandEvent& event);
     void UpdateNames();
@@ -57,7 +56,6 @@ private:
     Callbacks m_callbacks;
     tvChoice* m_kind = nullptr;
     wxCheckListBox* m_list = nullptr;
-    std::vector<std::pair<TvCheckBox*, bool water_diagram::Options::*>> m_options;
     std::vector<NamedWater> m_waters;
     std::set<DetailOwner> m_hidden;
     std::vector<std::shared_ptr<LocalizableControl>> m_localizables;

@@ -54,7 +54,7 @@ void DiagramPage::Draw(const ReportContext& context)
     std::ranges::copy_if(m_waters, std::back_inserter(chosen), [this](const water_diagram::Water& water) {
         return m_inputs->IsChosen(GetProject()->GetLiquid(water.place).GetOwner());
     });
-    m_grid->SetContents(chosen, m_inputs->GetOptions(), context);
+    m_grid->SetContents(chosen, water_diagram::ChosenOptions(), context);
 }
 
 bool DiagramPage::DoConcerns(const ProjectChanges& changes)

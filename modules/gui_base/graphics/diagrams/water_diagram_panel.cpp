@@ -44,7 +44,7 @@ void WaterDiagramPanel::SetWater(const LiquidData& water, const std::string& uni
         .ions = diagrams::IonsOf(*water.GetDetails()),
     };
     m_source = water.GetName();
-    if (m_water == shown && m_unitSystem == unitSystem)
+    if (m_water == shown && m_unitSystem == unitSystem && m_options == water_diagram::ChosenOptions())
         return;
     m_water = std::move(shown);
     m_unitSystem = unitSystem;
@@ -83,7 +83,8 @@ void WaterDiagramPanel::UpdateNames()
 
 void WaterDiagramPanel::Draw()
 {
-    water_diagram::Contents contents{.kind = GetKind(), .hasTitle = false};
+    m_options = water_diagram::ChosenOptions();
+    water_diagram::Contents contents{.kind = GetKind(), .options = m_options, .hasTitle = false};
     if (m_water)
         contents.waters.push_back(*m_water);
     m_viewer->SetChart(water_diagram::Make(contents, ShownContext(m_unitSystem)), true);

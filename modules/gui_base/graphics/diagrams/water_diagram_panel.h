@@ -22,7 +22,7 @@ public:
     explicit WaterDiagramPanel(wxWindow* parent, water_diagram::Kind kind = water_diagram::Kind::Bars);
 
     /// Shows a water as it is now; to be called after each edit of it. Draws only where a value, the name or
-    /// the language changed. The water is read here and not kept.
+    /// the language changed, or an option of the diagrams. The water is read here and not kept.
     void SetWater(const LiquidData& water, const std::string& unitSystem = "iso");
     /// Shows none.
     void Clear();
@@ -39,6 +39,7 @@ private:
     tvChoice* m_kind = nullptr;
     wxChartViewer* m_viewer = nullptr;
     std::optional<water_diagram::Water> m_water;
-    std::string m_source;  ///< name of the water as the project has it
+    water_diagram::Options m_options;  ///< as they were drawn
+    std::string m_source;              ///< name of the water as the project has it
     std::string m_unitSystem = "iso";
 };

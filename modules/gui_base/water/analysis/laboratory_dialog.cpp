@@ -136,6 +136,8 @@ std::size_t LaboratoryDialog::GetSample() const
 wxString LaboratoryDialog::Remark(std::size_t parameter, const water::TakenValue* taken) const
 {
     const laboratory::Parameter& shown = m_file.parameters[parameter];
+    if (taken != nullptr && taken->acidLeft > 0.0)
+        return i18n::Translated("m-value: less 0.05 mmol/l");
     if (taken != nullptr)
         return taken->isLimit ? i18n::Translated("Limit of detection") : wxString();
     if (shown.target.empty())

@@ -148,7 +148,7 @@ void WaterResultsPanel::ShowAll()
         evaluation = advice::Evaluate(*m_project, *water);
     const advice::Evaluation* const shown = evaluation ? &*evaluation : nullptr;
     ShowBalance(shown, context);
-    ShowTiles(shown == nullptr ? EmptyTiles(context) : ResultTiles(*shown, *m_project, *water, context));
+    ShowTiles(shown == nullptr ? EmptyTiles(context) : ResultTiles(*shown, *water, context));
     ShowSaturation(shown, context);
     ShowAdvice(shown, context);
     Arrange();
@@ -218,16 +218,19 @@ void WaterResultsPanel::ShowTiles(const std::vector<ResultTile>& tiles)
 
 void WaterResultsPanel::ShowSaturation(const advice::Evaluation* evaluation, const ReportContext& context)
 {
-    const std::string minerals =
-        evaluation == nullptr ? std::string() : MineralText(evaluation->saturation, context);
-    SetContent(*m_minerals,
-               {.caption = i18n::Translated("Saturation indices"),
-                .value = {},
-                .unit = {},
-                .text = OrDash(minerals),
-                .tooltip = i18n::Translated(
-                    "Above 0 the water holds more of a mineral than dissolves; opens the user guide"),
-                .mood = Mood::Plain});
+    const auto minerals = [&](int decimals) {
+        return evaluation == nullptr ? std::string() : MineralText(evaluation->saturation, decimals, context);
+    };
+    wxString tooltip =
+        i18n::Translated("Above 0 the water holds more of a mineral than dissolves; opens the user guide");
+    if (const std::string exact = minerals(2); !exact.empty())
+        tooltip += "\n" + wxString::FromUTF8(exact);
+    SetContent(*m_minerals, {.caption = i18n::Translated("Saturation indices"),
+                             .value = {},
+                             .unit = {},
+                             .text = OrDash(minerals(1)),
+                             .tooltip = tooltip,
+                             .mood = Mood::Plain});
     m_minerals->SetOnActivate([this] { OpenHelp("saturation"); });
 }
 

@@ -4,12 +4,12 @@
 #include "chartdir/plane_chart.h"
 #include "chartdir/stiff_chart.h"
 #include "chartdir/xy_chart.h"
-#include "dbinterfaces/project_database.h"
 #include "gui_base/graphics/diagrams/water_diagram_panel.h"
 #include "gui_base/input/controls/tv_button.h"
 #include "gui_base/input/events.h"
 #include "projectbase/project/iex_project.h"
 #include "projectbase/project/project_edit.h"
+#include "projectbase/settings/settings.h"
 #include "tests/support/gui_test.h"
 #include "tests/support/plant_fixture.h"
 #include "tests/support/temp_folder.h"
@@ -38,8 +38,8 @@ protected:
     void SetUp() override
     {
         GuiTest::SetUp();
-        // What an earlier page kept.
-        ProjectDatabase::SetLocalParameter("/Window/diagram.options", {});
+        for (const water_diagram::OptionRow& row : water_diagram::OptionRows())
+            Settings::Reset(row.setting);
         m_frame->SetClientSize(1200, 800);
         support::SetWater(m_project, {{"ca", 3}, {"mg", 1}, {"na", 1}, {"hco3", 3}, {"so4", 1}, {"cl", 1}});
         {
@@ -206,13 +206,14 @@ TEST_F(DiagramPageTest, OptionsAreTheSameOnTheNextPage)
     Click(Labelled<wxCheckBox>(*m_page, "Schoeller: NO3"));
     Click(Labelled<wxCheckBox>(*m_page, "Schoeller: NO3"));
     Click(Labelled<wxCheckBox>(*m_page, "Piper: size by dissolved solids"));
-    const water_diagram::Options chosen = m_page->GetInputs().GetOptions();
-    EXPECT_EQ(chosen, (water_diagram::Options{.sizeByDissolved = true, .fourthRowInStiff = true}));
+    const water_diagram::Options chosen{.sizeByDissolved = true, .fourthRowInStiff = true};
+    EXPECT_EQ(water_diagram::ChosenOptions(), chosen);
     m_frame->DestroyChildren();
     m_page = new DiagramPage(m_project, m_frame);
     m_frame->SendSizeEvent();
     Pump();
-    EXPECT_EQ(m_page->GetInputs().GetOptions(), chosen);
+    EXPECT_TRUE(Labelled<wxCheckBox>(*m_page, "Stiff: Fe and NO3").GetValue());
+    EXPECT_FALSE(Labelled<wxCheckBox>(*m_page, "Schoeller: NO3").GetValue());
     EXPECT_EQ(Stiff().getRows().size(), 4U) << "drawn as well";
 }
 

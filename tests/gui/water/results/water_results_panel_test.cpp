@@ -166,7 +166,11 @@ TEST_F(WaterResultsPanelTest, AdviceOpensTheUserGuide)
     Set("liquid/fe.total", 1.2);
     EXPECT_THAT(Spoken("Langelier index"), HasSubstr("may deposit calcium carbonate, Ryznar"));
     EXPECT_THAT(Plain(m_panel->GetMinerals().SpokenText()),
-                testing::AllOf(HasSubstr("Calcite 1."), HasSubstr("Gypsum -1."), Not(HasSubstr("Barite"))));
+                testing::AllOf(testing::ContainsRegex("Calcite 1\\.[0-9], "),
+                               testing::ContainsRegex("Gypsum -1\\.[0-9], "), Not(HasSubstr("Barite"))));
+    EXPECT_THAT(Plain(m_panel->GetMinerals().GetContent().tooltip),
+                testing::ContainsRegex("Calcite 1\\.[0-9][0-9], "))
+        << "to the digit that the report shows";
     ASSERT_EQ(m_panel->GetAdvice().size(), 2u);
     Resize({500, 520});
     m_panel->Scroll(0, 1000);

@@ -282,8 +282,8 @@ TEST_F(BlendTest, ThePreviewIsWhatTheBlendWillBe)
 {
     const auto tiles = [this](const LiquidData& water) {
         std::map<std::string, std::string> texts;
-        for (const auto& tile : wateranalysis::ResultTiles(advice::Evaluate(m_project, water), m_project,
-                                                           water, ShownContext("us")))
+        for (const auto& tile :
+             wateranalysis::ResultTiles(advice::Evaluate(m_project, water), water, ShownContext("us")))
             texts[tile.title] = tile.value;
         return texts;
     };

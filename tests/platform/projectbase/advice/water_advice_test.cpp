@@ -11,8 +11,10 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <random>
 #include <set>
+#include <tuple>
 
 using advice::Severity;
 using support::Put;
@@ -189,46 +191,116 @@ TEST(WaterAdvice, MuchSilicaWantsWarmCaustic)
     EXPECT_EQ(Ids(project, "silica.c"), "");
 }
 
+namespace {
+
+/// A limit ahead of the resins of a plant, with the figures of practice and of the regulations.
+struct LimitCase
+{
+    const char* type;
+    const char* resin;  ///< of the last exchanger; empty for the usual one
+    const char* key;
+    const char* id;
+    double note;
+    double warn;
+};
+constexpr double kNone = std::numeric_limits<double>::quiet_NaN();
+constexpr const char* kIron = "liquid/fe.total";
+constexpr const char* kManganese = "liquid/mn.orig";
+constexpr const char* kChlorine = "liquid/cl.free";
+constexpr const char* kTurbidity = "liquid/turbidity";
+constexpr const char* kSolids = "liquid/tss";
+constexpr const char* kOil = "liquid/oil";
+constexpr const char* kOrganic = "liquid/toc";
+constexpr const char* kSulfide = "liquid/h2s";
+
+constexpr LimitCase kLimitCases[]{
+    {"SOFT", "", kIron, "fe.soft", 0.3, kNone},
+    {"DEMI", "", kIron, "fe.demi", 0.1, 0.3},
+    {"DEALK", "", kIron, "fe.demi", 0.1, 0.3},
+    {"MB", "", kIron, "fe.polish", 0.05, 0.1},
+    {"CP", "", kIron, "fe.polish", 0.05, 0.1},
+    {"SOFT", "", kManganese, "mn.soft", 0.1, kNone},
+    {"DEMI", "", kManganese, "mn.demi", 0.05, 0.1},
+    {"MB", "", kManganese, "mn.polish", 0.02, 0.05},
+    {"SOFT", "", kChlorine, "cl.gel", 0.2, 1.0},
+    {"SOFT", "wac_acrylic", kChlorine, "cl.macro", 0.3, 1.0},
+    {"DEMI", "", kChlorine, "cl.strong", 0.1, kNone},
+    {"DEMI", "wba_styrenic", kChlorine, "cl.weak", 0.05, kNone},
+    {"DEALK", "", kChlorine, "cl.weak", 0.05, kNone},
+    {"MB", "", kChlorine, "cl.polish", 0.1, 0.2},
+    {"SOFT", "", kTurbidity, "turbidity.soft", 2.0, 5.0},
+    {"DEMI", "", kTurbidity, "turbidity.demi", 1.0, 2.0},
+    {"MB", "", kTurbidity, "turbidity.polish", 0.5, 1.0},
+    {"SOFT", "", kSolids, "tss.soft", 5.0, 10.0},
+    {"DEMI", "", kSolids, "tss.demi", 2.0, 5.0},
+    {"MB", "", kSolids, "tss.polish", 0.5, 1.0},
+    {"SOFT", "", kOil, "oil.soft", 0.5, 1.0},
+    {"DEMI", "", kOil, "oil.demi", 0.05, 0.1},
+    {"MB", "", kOil, "oil.polish", 0.02, 0.05},
+    {"DEMI", "", kOrganic, "toc.gel", 2.0, 4.0},
+    {"DEMI", "sba_2", kOrganic, "toc.gel", 2.0, 4.0},
+    {"DEMI", "sba_acrylic", kOrganic, "toc.open", 4.0, 8.0},
+    {"MB", "", kOrganic, "toc.polish", 0.5, 1.0},
+    {"SOFT", "", kSulfide, "h2s.soft", 0.5, 1.0},
+    {"DEMI", "", kSulfide, "h2s.demi", 0.1, 0.5},
+    {"MB", "", kSulfide, "h2s.polish", 0.05, 0.1},
+};
+
+void ChooseResin(iex::IEXProject& project, const std::string& resin)
+{
+    if (resin.empty())
+        return;
+    const std::string last = "ex." + std::to_string(project.NumberSteps());
+    Put(project, last + ".comp.1.resin.1", "compcomp/resin", resin);
+}
+
+}  // namespace
+
 TEST(WaterAdvice, EveryLimitBeginsWhereItStands)
 {
-    const std::set<std::string> types{"SOFT", "DEMI", "MB", "DEALK"};
-    std::size_t judged = 0;
-    for (const advice::LimitRow& row : advice::LimitRows()) {
-        const advice::Limits limits = advice::LimitsOf(row);
-        EXPECT_FALSE(std::isnan(limits.note) && std::isnan(limits.warn)) << row.id;
-        EXPECT_FALSE(limits.note >= limits.warn) << row.id;
-        for (const std::string& type : types) {
-            iex::IEXProject project(type);
-            const std::string ownIds = std::string("limit.") + row.id;
-            const std::string key = row.key;
-            const auto idAt = [&](double amount) {
-                Put(project, "water.1", key, amount);
-                std::string all;
-                for (const advice::Advice& advice : On(project)) {
-                    if (advice.id == ownIds)
-                        all += advice.severity == Severity::Warn ? "warn" : "note";
-                }
-                return all;
-            };
-            if (idAt(900.0).empty())
-                continue;
-            ++judged;
-            const std::string below = row.isAtLimit && !std::isnan(limits.warn) ? "warn" : "note";
-            if (!std::isnan(limits.note)) {
-                EXPECT_EQ(idAt(limits.note), "") << row.id << " " << type;
-                EXPECT_EQ(idAt(1.001 * limits.note), "note") << row.id;
-            }
-            if (!std::isnan(limits.warn)) {
-                const std::string lower = std::isnan(limits.note) ? "" : "note";
-                EXPECT_EQ(idAt(limits.warn), row.isAtLimit ? "warn" : lower) << row.id;
-                EXPECT_EQ(idAt(0.999 * limits.warn), lower) << row.id;
-                EXPECT_EQ(idAt(1.001 * limits.warn), "warn") << row.id;
-            } else {
-                EXPECT_EQ(idAt(900.0), "note") << row.id;
-            }
+    std::set<std::string> judged{"femn.soft", "femn.demi"};  // below
+    for (const LimitCase& c : kLimitCases) {
+        SCOPED_TRACE(std::string(c.type) + " " + c.resin + " " + c.id);
+        judged.insert(c.id);
+        iex::IEXProject project(c.type);
+        ChooseResin(project, c.resin);
+        const std::string note = std::string("limit.") + c.id;
+        const auto idsAt = [&](double amount) {
+            Put(project, "water.1", c.key, amount);
+            return Ids(project, "limit.");
+        };
+        EXPECT_EQ(idsAt(c.note), "") << "the figure itself is in order";
+        EXPECT_EQ(idsAt(1.001 * c.note), note);
+        if (std::isnan(c.warn)) {
+            EXPECT_EQ(idsAt(3.0 * c.note), note) << "never a warning";
+            continue;
         }
+        EXPECT_EQ(idsAt(c.warn), note);
+        EXPECT_EQ(idsAt(1.001 * c.warn), note + "!");
     }
-    EXPECT_GE(judged, 28u) << "each for one type of plant at least";
+    for (const advice::LimitRow& row : advice::LimitRows())
+        EXPECT_TRUE(judged.contains(row.id)) << row.id << " has no case";
+    iex::IEXProject softener("SOFT");
+    Put(softener, "water.1", kOrganic, 900.0);
+    EXPECT_EQ(Ids(softener, "limit."), "") << "organic matter does no harm to cation resins";
+}
+
+TEST(WaterAdvice, IronAndManganeseTogetherWarnAtTheFigureItself)
+{
+    constexpr double kLittle = 0.04;  // mg/l of manganese, which no limit of its own forbids
+    for (const auto& [type, id, limit] :
+         {std::tuple("SOFT", "limit.femn.soft!", 1.0), {"DEMI", "limit.femn.demi!", 0.5}}) {
+        iex::IEXProject project(type);
+        Put(project, "water.1", kManganese, kLittle);
+        Put(project, "water.1", kIron, 0.999 * limit - kLittle);
+        EXPECT_EQ(Ids(project, "limit.femn"), "") << type;
+        Put(project, "water.1", kIron, limit - kLittle);
+        EXPECT_EQ(Ids(project, "limit.femn"), id);
+    }
+    iex::IEXProject mixedBed("MB");
+    Put(mixedBed, "water.1", kManganese, kLittle);
+    Put(mixedBed, "water.1", kIron, 2.0);
+    EXPECT_EQ(Ids(mixedBed, "limit.femn"), "") << "the metals have their own, lower limits";
 }
 
 TEST(WaterAdvice, LimitsFollowTheResinsAndTheUser)

@@ -110,6 +110,37 @@ TEST(DetectionLimits, LoadsTakeThemInFull)
     EXPECT_NEAR(numbers.anionLoad - before.anionLoad, 1.2, 1e-3) << "the pH splits carbon a little otherwise";
 }
 
+TEST(DetectionLimits, LoadsOfSoftenersAndWeakAcidTakeThemInFull)
+{
+    // As counted: hardness 0.2 + 0.1, m 0.15. In full: hardness 0.6, m 0.3; 2.6 meq/l of cations against 2.3
+    // of strong acids and the m-value.
+    for (const auto& [code, share] : {std::pair("ZERO", 0.0), {"HALF", 0.5}, {"LIMIT", 1.0}}) {
+        WaterUnderTest water;
+        water.Type("na", 2.0, "meq/l").Type("cl", 2.3, "meq/l").Type("ca", -0.4, "meq/l");
+        water.Type("mg", -0.2, "meq/l").Type("hco3", -0.3, "meq/l").Set("co2.orig", -4.401);
+        water.Set("limits", code).Update();
+        const advice::WaterNumbers numbers = advice::NumbersOf(water.Details());
+        EXPECT_NEAR(numbers.hardness, 0.6 * share, 1e-9) << "as the analysis shows it, " << code;
+        EXPECT_NEAR(numbers.m, 0.3 * share, 1e-9) << code;
+        EXPECT_NEAR(numbers.carbonate, 0.3 * share, 1e-9) << code;
+        EXPECT_NEAR(numbers.carbon, 0.3 + 0.1, 1e-4) << code;
+        EXPECT_NEAR(numbers.acidity, 2.3, 1e-9) << code;
+        EXPECT_NEAR(numbers.acidityByCations, 2.6 - 0.3, 1e-9) << "balanced: one figure, " << code;
+        const advice::DailyLoads loads = advice::LoadsOfDay(numbers, 100.0);
+        EXPECT_NEAR(loads.hardness, 60.0, 1e-6) << code;
+        EXPECT_NEAR(loads.carbonate, 30.0, 1e-6) << code;
+        EXPECT_NEAR(loads.cations, 260.0, 1e-6) << code;
+    }
+    // What closes the balance makes way for what was not found: 2.3 of chloride, sodium and calcium.
+    WaterUnderTest closed;
+    closed.Type("na", 2.0, "meq/l").Type("cl", 2.3, "meq/l").Type("ca", -0.2, "meq/l");
+    closed.Set("balance.auto", true).Update();
+    EXPECT_NEAR(advice::NumbersOf(closed.Details()).cations, 2.3, 1e-9);
+    // A reported m-value stands in place of a limit of bicarbonate.
+    closed.Type("hco3", -1.0, "meq/l").Type("alkalinity.m", 0.1, "mmol/l").Update();
+    EXPECT_NEAR(advice::NumbersOf(closed.Details()).carbonateLoad, 0.1, 1e-9);
+}
+
 TEST(DetectionLimits, GoThroughUnitsAndBlends)
 {
     WaterUnderTest water;

@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <deque>
@@ -45,6 +46,36 @@ TEST(LaboratoryImport, StoresWhatTheFileStatesAndClearsTheRest)
     EXPECT_EQ(water.Details().At("liquid/temp.unit").GetStdStringValue(), "\u00b0F");
     EXPECT_EQ(water["k.orig"], 0.0);
     EXPECT_TRUE(std::isnan(water["turbidity"]));
+}
+
+TEST(LaboratoryImport, AcidCapacityIsGreaterThanTheMValue)
+{
+    const struct
+    {
+        const char* head;
+        const char* cell;
+        double m;  ///< in the unit of the file
+    } cases[]{
+        {"KS4.3 [mmol/l]", "2.50", 2.45},
+        {"KS 4,3 [mmol/l]", "0.03", 0.0},
+        {"S\u00e4urekapazit\u00e4t bis pH 4,3 [mmol/l]", "1.00", 0.95},
+        {"Acid capacity to pH 4.3 [mg/l CaCO3]", "100", 97.50},
+        {"Alkalinity (KS4.3) [mmol/l]", "2.00", 1.95},
+        {"KS4.3 [mmol/l]", "-0.5", -0.5},
+        {"m-value [mmol/l]", "2.50", 2.50},
+        {"Alkalinity [mmol/l]", "2.50", 2.50},
+    };
+    for (const auto& c : cases) {
+        WaterUnderTest water;
+        const auto file = laboratory::Read(std::string("pH;") + c.head + ";Temp\n7.5;" + c.cell + ";15\n");
+        const auto values = Take(file, water);
+        const auto m = std::ranges::find(values, "liquid/alkalinity.m.orig", &water::TakenValue::key);
+        ASSERT_NE(m, values.end()) << c.head;
+        EXPECT_NEAR(m->value, c.m, 5e-3) << c.head << " " << c.cell;
+    }
+    WaterUnderTest water;
+    const auto base = Take(laboratory::Read("pH;KS8.2 [mmol/l];Temp\n8.5;0.3;15\n"), water);
+    EXPECT_EQ(std::ranges::find(base, "liquid/alkalinity.p.orig", &water::TakenValue::key)->value, 0.3);
 }
 
 TEST(LaboratoryImport, AlkalinityStandsForBicarbonate)
