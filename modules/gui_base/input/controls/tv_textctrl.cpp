@@ -9,6 +9,13 @@
 
 #include <utility>
 
+namespace {
+
+/// In DIP, above and below the text together.
+constexpr int kMargins = 6;
+
+}  // namespace
+
 TvTextCtrl::TvTextCtrl(wxWindow* parent, int id, const wxString& value, const wxPoint& pos,
                        const wxSize& size, long style, const wxValidator& validator, const wxString& name)
     : wxTextCtrl(parent, id, value, pos, size, style | wxTE_PROCESS_ENTER, validator, name)
@@ -16,6 +23,9 @@ TvTextCtrl::TvTextCtrl(wxWindow* parent, int id, const wxString& value, const wx
     ApplyEditableColour((style & wxTE_READONLY) == 0);
     if ((style & wxTE_MULTILINE) != 0)
         return;
+    // The toolkit's own answer for a field without text knows nothing of larger texts.
+    if (const int least = GetCharHeight() + FromDIP(kMargins); GetBestSize().y < least)
+        SetMinSize(wxSize(GetMinSize().x, least));
     Bind(wxEVT_KEY_DOWN, &TvTextCtrl::OnKeyDown, this);
     // Also when the keyboard comes back, as from a list of units: what is typed next replaces the value,
     // unless it was being typed.

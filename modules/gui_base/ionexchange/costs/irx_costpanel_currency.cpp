@@ -82,7 +82,7 @@ wxWindow* IRXCostsPanel::MakeListedRate(wxWindow* parent, wxSizer& grid)
 {
     const wxSizerFlags cell = wxSizerFlags().CentreVertical();
     grid.Add(GetFields().AddLabel(parent, wxTRANSLATE("1 EUR =")), cell);
-    m_listedRate = new wxTextCtrl(parent, wxID_ANY, wxString(), wxDefaultPosition,
+    m_listedRate = new TvTextCtrl(parent, wxID_ANY, wxString(), wxDefaultPosition,
                                   FromDIP(wxSize(kRateWidth, -1)), wxTE_RIGHT | wxTE_READONLY);
     m_listedRate->DisableFocusFromKeyboard();
     grid.Add(m_listedRate, cell);
@@ -98,7 +98,7 @@ void IRXCostsPanel::MakeProjectRate(wxWindow* parent, wxSizer& grid)
 {
     const wxSizerFlags cell = wxSizerFlags().CentreVertical();
     grid.Add(GetFields().AddLabel(parent, wxTRANSLATE("Project"), ":"), cell);
-    m_projectRate = new wxTextCtrl(parent, wxID_ANY, wxString(), wxDefaultPosition,
+    m_projectRate = new TvTextCtrl(parent, wxID_ANY, wxString(), wxDefaultPosition,
                                    FromDIP(wxSize(kRateWidth, -1)), wxTE_RIGHT | wxTE_PROCESS_ENTER);
     m_projectRate->SetMaxLength(kMostLetters);
     m_projectRate->Bind(wxEVT_TEXT, [this](wxCommandEvent&) { OnConversionRateUpdate(); });
