@@ -374,6 +374,7 @@ TEST_F(MainFrameTest, SettingsTakeEffectTogetherOrNotAtAll)
 
 TEST_F(MainFrameTest, LimitsAreEditedOnACopy)
 {
+    Settings::Reset();
     app::LimitsDialog dialog(m_frame, {{"limit.toc.gel.warn", 3.5}});
     dialog.Show();
     Pump();

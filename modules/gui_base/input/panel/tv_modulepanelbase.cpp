@@ -138,6 +138,9 @@ void ModulePanelBase::BindBaseEvents()
         // The toolkit lays out for the new size when this handler has returned.
         event.Skip();
         DoArrange(WidthToArrange());
+        // What wanted more room before the change may do with less now.
+        if (GetSizer() != nullptr && IsBookPage())
+            FitInside();
     });
     Bind(wxEVT_SHOW, [this](wxShowEvent& event) {
         event.Skip();

@@ -194,6 +194,7 @@ void FeedCompositionPanel::SetElementSelection(const Selection& items)
 void FeedCompositionPanel::SetMediumSelection(const Selection& items)
 {
     m_medium->SetMediumSelection(items);
+    FitAndLayout();
 }
 
 void FeedCompositionPanel::SetTemperatureUnitSelection(const Selection& items)

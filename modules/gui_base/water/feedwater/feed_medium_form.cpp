@@ -7,6 +7,7 @@
 
 namespace {
 
+constexpr int kMediumWidth = 156;
 constexpr const char* kMedium = "medium";
 constexpr const char* kUnit = "temperature.unit";
 
@@ -33,6 +34,8 @@ void FeedMediumForm::AddMediumRows(wxWindow* parent, wxSizer& grid, const char* 
     const FormRow medium{.key = kMedium, .label = mediumLabel, .field = FormField::Choice};
     DetailData& detail = mediumDetail != nullptr ? *mediumDetail : Value(kMedium);
     m_medium = static_cast<tvChoice*>(GetFields().AddRow(parent, grid, medium, detail).field);
+    // The longest name of a medium would make the form as wide, and there are others in each language.
+    m_medium->SetMinSize(parent->FromDIP(wxSize(kMediumWidth, -1)));
     GetFields().AddRow(parent, grid,
                        {.key = kTemperature,
                         .label = wxTRANSLATE("Temperature"),
