@@ -11,6 +11,7 @@
 #include <wx/treectrl.h>
 
 #include <algorithm>
+#include <functional>
 #include <string>
 
 namespace app {
@@ -39,6 +40,8 @@ constexpr int kNarrow = 1200;
 /// From there on, in DIP, the names of the navigator are shown whole as far as they go.
 constexpr int kWide = 1600;
 constexpr int kWidestNavigator = 280;
+/// What stays free beside the longest name.
+constexpr int kBesideNames = 14;
 constexpr int kPaneMinimum = 90;
 constexpr int kDiagramHeight = 240;
 
@@ -109,6 +112,28 @@ bool WorkArea::IsNarrow() const
     return wxGetTopLevelParent(m_desk)->GetClientSize().x < FromDIP(kNarrow);
 }
 
+int WorkArea::WidthOfNames() const
+{
+    // The toolkit measures names in asking for the best size, but where the tree is scrolled to counts in
+    // that.
+    m_tree->InvalidateBestSize();
+    m_tree->GetBestSize();
+    int right = 0;
+    const std::function<void(const wxTreeItemId&)> measure = [&](const wxTreeItemId& parent) {
+        wxTreeItemIdValue cookie = nullptr;
+        for (wxTreeItemId item = m_tree->GetFirstChild(parent, cookie); item.IsOk();
+             item = m_tree->GetNextChild(parent, cookie)) {
+            wxRect name;
+            if (m_tree->GetBoundingRect(item, name, true))
+                right = std::max(right, m_tree->CalcUnscrolledPosition(name.GetTopRight()).x);
+            measure(item);
+        }
+    };
+    if (m_tree->GetRootItem().IsOk())
+        measure(m_tree->GetRootItem());
+    return right + FromDIP(kBesideNames);
+}
+
 int WorkArea::NavigatorWidth() const
 {
     const PaneRow& row = RowOf(WorkPane::Navigator);
@@ -116,8 +141,7 @@ int WorkArea::NavigatorWidth() const
         return FromDIP(row.narrowWidth);
     if (wxGetTopLevelParent(m_desk)->GetClientSize().x < FromDIP(kWide))
         return FromDIP(row.width);
-    m_tree->InvalidateBestSize();
-    return std::clamp(m_tree->GetBestSize().x, FromDIP(row.width), FromDIP(kWidestNavigator));
+    return std::clamp(WidthOfNames(), FromDIP(row.width), FromDIP(kWidestNavigator));
 }
 
 bool WorkArea::IsUsual()

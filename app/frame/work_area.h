@@ -62,6 +62,7 @@ private:
     wxAuiPaneInfo UsualPlace(WorkPane pane) const;
     bool IsNarrow() const;
     /// In pixels.
+    int WidthOfNames() const;
     int NavigatorWidth() const;
     bool IsUsual();
     void OnSize(wxSizeEvent& event);

@@ -245,9 +245,9 @@ protected:
 
 TEST_F(LayoutTest, NothingIsClippedAndEverythingComesBack)
 {
-    // The same changes each time; others are tried with a seed in the environment.
+    // Other changes each time; those that found something come again with their seed in the environment.
     const char* const wanted = std::getenv("TARNVIK_LAYOUT_SEED");
-    const unsigned long seed = wanted != nullptr ? std::strtoul(wanted, nullptr, 10) : 16;
+    const unsigned long seed = wanted != nullptr ? std::strtoul(wanted, nullptr, 10) : std::random_device()();
     std::mt19937 random(static_cast<std::mt19937::result_type>(seed));
     SCOPED_TRACE("seed " + std::to_string(seed));
     ForEachPage([&](const std::string& id) {
@@ -256,7 +256,6 @@ TEST_F(LayoutTest, NothingIsClippedAndEverythingComesBack)
         m_frame->RebuildPages();
         Settle();
         const std::vector<std::string> before = Places();
-        const int width = Page().GetClientSize().x;
         for (int step = 0; step < 6; ++step) {
             Apply(Vary(random));
             Settle();
@@ -266,10 +265,7 @@ TEST_F(LayoutTest, NothingIsClippedAndEverythingComesBack)
         Apply({.width = 1024});
         Apply({});
         Settle();
-        // The navigator beside it may have taken other room.
-        if (Page().GetClientSize().x == width) {
-            EXPECT_EQ(Moved(before, Places()), "") << id << " does not come back";
-        }
+        EXPECT_EQ(Moved(before, Places()), "") << id << " does not come back";
     });
 }
 

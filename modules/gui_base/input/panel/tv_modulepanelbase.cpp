@@ -380,6 +380,14 @@ void ModulePanelBase::ScrollWindow(int dx, int dy, const wxRect* rect)
 #endif
 }
 
+void ModulePanelBase::OnInternalIdle()
+{
+    wxScrolled<wxPanel>::OnInternalIdle();
+    if (GetSizer() != nullptr && IsShownOnScreen() && IsBookPage() &&
+        GetSizer()->GetSize().x < GetVirtualSize().x)
+        Layout();
+}
+
 int ModulePanelBase::WidthToArrange() const
 {
     // Beside a bar there is less room, and whether there is one hangs on how high the contents are: what is

@@ -58,6 +58,8 @@ public:
     bool Validate() override;
     /// The toolkit moves what stands in boxes, and leaves their frames where they were drawn.
     void ScrollWindow(int dx, int dy, const wxRect* rect = nullptr) override;
+    /// Takes the room that a scroll bar left free when the toolkit took it away, of which it tells nobody.
+    void OnInternalIdle() override;
 
     /// Finds the status bar, gives it to the control's validator, and synchronises the project when it
     /// commits.

@@ -17,12 +17,12 @@
 
 namespace {
 
-constexpr int kNumberWidth = 72;
+constexpr int kNumberWidth = 66;
 constexpr int kMostRowsShown = 14;
 /// On a page that is narrower than all columns the grid scrolls by itself.
 constexpr int kLeastWidth = 480;
 /// Beside the text of a choice stands the arrow of its list while it is edited.
-constexpr int kArrowWidth = 44;
+constexpr int kArrowWidth = 36;
 
 struct MenuRow
 {
