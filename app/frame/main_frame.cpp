@@ -165,7 +165,7 @@ void MainFrame::OpenPages()
     } catch (const std::exception& error) {
         ReportError(error);
     }
-    m_workArea->FitNavigator();
+    m_workArea->FitPanes();
     project.AddObserver(*this);
     ShowResults();
     m_advice.JudgeAll(project);

@@ -31,7 +31,7 @@ void MainFrame::OnProjectChanged(const ProjectChanges& changes)
 {
     if (changes.HasStructure()) {
         m_book->Follow();
-        m_workArea->FitNavigator();
+        m_workArea->FitPanes();
         ShowResults();
     } else {
         m_book->ShowBalances();
@@ -108,7 +108,7 @@ void MainFrame::Localize()
     m_diagram->Localize(GetProject().GetUnitSystemDisplay());
     m_book->Localize();
     m_book->SendToPages(tvLOCALIZE_EVENT);
-    m_workArea->FitNavigator();
+    m_workArea->FitPanes();
     if (m_help)
         m_help->Localize();
     UpdateTitle();

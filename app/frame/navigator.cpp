@@ -19,8 +19,12 @@ Navigator::Navigator(wxTreeCtrl& tree, MainFrame& frame) : m_tree(tree), m_frame
     m_tree.Bind(wxEVT_TREE_END_DRAG, &Navigator::OnDragEnded, this);
     m_tree.Bind(wxEVT_TREE_ITEM_MENU, &Navigator::OnMenu, this);
     m_tree.Bind(wxEVT_TREE_KEY_DOWN, &Navigator::OnKey, this);
-    m_tree.Bind(wxEVT_TREE_ITEM_GETTOOLTIP,
-                [this](wxTreeEvent& event) { event.SetToolTip(m_tree.GetItemText(event.GetItem())); });
+    m_tree.Bind(wxEVT_TREE_ITEM_GETTOOLTIP, [this](wxTreeEvent& event) {
+        wxRect name;
+        if (m_tree.GetBoundingRect(event.GetItem(), name, true) &&
+            name.GetRight() >= m_tree.GetClientSize().x)
+            event.SetToolTip(m_tree.GetItemText(event.GetItem()));
+    });
 }
 
 LiquidData* Navigator::WaterOf(const wxTreeItemId& item) const

@@ -30,7 +30,7 @@ namespace app {
 namespace {
 
 constexpr int kGap = 8;
-constexpr int kColumnWidth = 340;
+constexpr int kColumnWidth = 360;
 constexpr int kTileHeight = 56;
 /// Of a picture with the room beside it, so that texts stand in line. Not higher than two lines of text: the
 /// toolkit sets text and picture on one base line.

@@ -26,22 +26,31 @@ struct PaneRow
     WorkPane pane;
     const char* id;
     const char* title;
-    int width;        ///< in DIP
-    int narrowWidth;  ///< where the window is narrow
+    int narrowWidth;  ///< in DIP, where the window is narrow
+    int width;        ///< where it is neither narrow nor wide
+    int wideWidth;    ///< where it is wider than the pages use
 };
 
-constexpr std::array kPanes{
-    PaneRow{WorkPane::Navigator, "navigator", wxTRANSLATE("Navigator"), 190, 140},
-    PaneRow{WorkPane::Results, "results", wxTRANSLATE("Results"), 250, 220},
-    PaneRow{WorkPane::Diagram, "diagram", wxTRANSLATE("Diagram"), 250, 220},
+constexpr std::array<PaneRow, kWorkPanes> kPanes{
+    PaneRow{WorkPane::Navigator, "navigator", wxTRANSLATE("Navigator"), 140, 190, 190},
+    PaneRow{WorkPane::Results, "results", wxTRANSLATE("Results"), 220, 250, 420},
+    PaneRow{WorkPane::Diagram, "diagram", wxTRANSLATE("Diagram"), 220, 250, 420},
 };
 /// Below it, in DIP, the panes give the pages what they can.
 constexpr int kNarrow = 1200;
 /// From there on, in DIP, the names of the navigator are shown whole as far as they go.
 constexpr int kWide = 1600;
+/// From there on, in DIP, tiles stand side by side in the results.
+constexpr int kVeryWide = 2000;
 constexpr int kWidestNavigator = 280;
+/// By what each level of the tree stands further right.
+constexpr int kIndent = 14;
+/// Between a symbol and its text.
+constexpr int kBesideSymbol = 8;
 /// What stays free beside the longest name.
 constexpr int kBesideNames = 14;
+/// What stays free above and below the title of a pane.
+constexpr int kBesideCaption = 4;
 constexpr int kPaneMinimum = 90;
 constexpr int kDiagramHeight = 240;
 
@@ -59,6 +68,10 @@ WorkArea::WorkArea(wxWindow* parent)
     m_tree = new wxTreeCtrl(
         m_desk, wxID_ANY, wxDefaultPosition, wxDefaultSize,
         wxTR_DEFAULT_STYLE | wxTR_HIDE_ROOT | wxTR_NO_LINES | wxTR_FULL_ROW_HIGHLIGHT | wxTR_EDIT_LABELS);
+    m_tree->SetIndent(m_tree->FromDIP(kIndent));
+    m_tree->SetSpacing(m_tree->FromDIP(kBesideSymbol));
+    // Names that are longer than the tree is wide have their tips.
+    m_tree->ShowScrollbars(wxSHOW_SB_NEVER, wxSHOW_SB_DEFAULT);
     // Its best size is that of all names, not of the last ones.
     m_tree->SetQuickBestSize(false);
     m_middle = new wxSimplebook(m_desk);
@@ -91,6 +104,8 @@ void WorkArea::TakeColours()
     wxAuiDockArt& art = *m_docking.GetArtProvider();
     art.SetMetric(wxAUI_DOCKART_GRADIENT_TYPE, wxAUI_GRADIENT_NONE);
     art.SetMetric(wxAUI_DOCKART_PANE_BORDER_SIZE, 0);
+    // Larger texts want higher captions.
+    art.SetMetric(wxAUI_DOCKART_CAPTION_SIZE, GetCharHeight() + FromDIP(kBesideCaption));
     const wxColour face = wxSystemSettings::GetColour(wxSYS_COLOUR_BTNFACE);
     for (const int part : {wxAUI_DOCKART_ACTIVE_CAPTION_COLOUR, wxAUI_DOCKART_INACTIVE_CAPTION_COLOUR,
                            wxAUI_DOCKART_BACKGROUND_COLOUR, wxAUI_DOCKART_SASH_COLOUR})
@@ -100,6 +115,9 @@ void WorkArea::TakeColours()
         art.SetColour(part, wxSystemSettings::GetColour(wxSYS_COLOUR_BTNTEXT));
     art.SetFont(wxAUI_DOCKART_CAPTION_FONT, GetFont().Bold());
     m_docking.Update();
+    // Pages show what their notebook paints below them: the face of the window, not the toolkit's darker one.
+    m_notebook->GetAuiManager().GetArtProvider()->SetColour(wxAUI_DOCKART_BACKGROUND_COLOUR, face);
+    m_notebook->Refresh();
 }
 
 WorkArea::~WorkArea()
@@ -134,14 +152,23 @@ int WorkArea::WidthOfNames() const
     return right + FromDIP(kBesideNames);
 }
 
-int WorkArea::NavigatorWidth() const
+int WorkArea::UsualWidth(WorkPane pane) const
 {
-    const PaneRow& row = RowOf(WorkPane::Navigator);
+    const int room = wxGetTopLevelParent(m_desk)->GetClientSize().x;
+    const PaneRow& row = RowOf(pane);
     if (IsNarrow())
         return FromDIP(row.narrowWidth);
-    if (wxGetTopLevelParent(m_desk)->GetClientSize().x < FromDIP(kWide))
-        return FromDIP(row.width);
-    return std::clamp(WidthOfNames(), FromDIP(row.width), FromDIP(kWidestNavigator));
+    if (pane == WorkPane::Navigator && room >= FromDIP(kWide))
+        return std::clamp(WidthOfNames(), FromDIP(row.width), FromDIP(kWidestNavigator));
+    return FromDIP(room >= FromDIP(kVeryWide) ? row.wideWidth : row.width);
+}
+
+std::array<int, kWorkPanes> WorkArea::UsualWidths() const
+{
+    std::array<int, kWorkPanes> widths{};
+    std::ranges::transform(kPanes, widths.begin(),
+                           [this](const PaneRow& row) { return UsualWidth(row.pane); });
+    return widths;
 }
 
 bool WorkArea::IsUsual()
@@ -149,25 +176,28 @@ bool WorkArea::IsUsual()
     return !m_usual.empty() && m_docking.SavePerspective() == m_usual;
 }
 
-void WorkArea::FitNavigator()
+bool WorkArea::HasOtherWidths()
 {
-    if (IsUsual() && NavigatorWidth() != m_usualNavigator)
+    return IsUsual() && UsualWidths() != m_usualWidths;
+}
+
+void WorkArea::FitPanes()
+{
+    if (HasOtherWidths())
         ArrangeAsUsual();
 }
 
 void WorkArea::OnSize(wxSizeEvent& event)
 {
     event.Skip();
-    if (IsUsual() && (IsNarrow() != m_usualIsNarrow || NavigatorWidth() != m_usualNavigator))
+    if (HasOtherWidths())
         CallAfter(&WorkArea::ArrangeAsUsual);
 }
 
 wxAuiPaneInfo WorkArea::UsualPlace(WorkPane pane) const
 {
     const PaneRow& row = RowOf(pane);
-    const bool isNarrow = IsNarrow();
-    const int width =
-        pane == WorkPane::Navigator ? NavigatorWidth() : FromDIP(isNarrow ? row.narrowWidth : row.width);
+    const int width = UsualWidth(pane);
     wxAuiPaneInfo place;
     place.Name(row.id).Caption(i18n::Translated(row.title)).Layer(1);
     place.MinSize(FromDIP(wxSize(kPaneMinimum, kPaneMinimum))).BestSize(width, FromDIP(kDiagramHeight));
@@ -176,9 +206,11 @@ wxAuiPaneInfo WorkArea::UsualPlace(WorkPane pane) const
         return place.Left();
     place.Right().Position(pane == WorkPane::Results ? 0 : 1);
     // In a narrow window the results want the height.
-    place.Show(!isNarrow || pane == WorkPane::Results);
-    // Of the height that they share the results get what the diagram leaves.
-    place.dock_proportion = pane == WorkPane::Results ? 140000 : 60000;
+    place.Show(!IsNarrow() || pane == WorkPane::Results);
+    // Of the height that they share the results get what the diagram leaves; tiles side by side want less.
+    const bool isTiled = width >= FromDIP(RowOf(WorkPane::Results).wideWidth);
+    const int results = isTiled ? 100000 : 140000;
+    place.dock_proportion = pane == WorkPane::Results ? results : 200000 - results;
     return place;
 }
 
@@ -240,8 +272,7 @@ void WorkArea::ArrangeAsUsual()
     }
     m_docking.Update();
     m_usual = m_docking.SavePerspective();
-    m_usualIsNarrow = IsNarrow();
-    m_usualNavigator = NavigatorWidth();
+    m_usualWidths = UsualWidths();
 }
 
 void WorkArea::TakeKeptLayout()

@@ -25,6 +25,8 @@ enum class WorkPane
     Diagram
 };
 
+constexpr std::size_t kWorkPanes = 3;
+
 class WorkArea : public wxSplitterWindow
 {
 public:
@@ -52,7 +54,7 @@ public:
     void ArrangeAsUsual();
     /// After other names have come into the tree: makes room for them, unless the user has his own
     /// arrangement.
-    void FitNavigator();
+    void FitPanes();
     /// Takes the arrangement that an earlier window kept, or the usual one.
     void TakeKeptLayout();
     void KeepLayout();
@@ -63,8 +65,11 @@ private:
     bool IsNarrow() const;
     /// In pixels.
     int WidthOfNames() const;
-    int NavigatorWidth() const;
+    int UsualWidth(WorkPane pane) const;
+    std::array<int, kWorkPanes> UsualWidths() const;
     bool IsUsual();
+    /// Whether the usual arrangement, if it still stands, wants other widths by now.
+    bool HasOtherWidths();
     void OnSize(wxSizeEvent& event);
     void OnMessagesToggled();
 
@@ -74,10 +79,9 @@ private:
     AuiNotebook* m_notebook = nullptr;
     MessageStrip* m_messages = nullptr;
     wxAuiManager m_docking;
-    /// The usual arrangement as it was made last, and for which window: who changed it keeps what he has.
+    /// The usual arrangement as it was made last, and its widths: who changed it keeps what he has.
     wxString m_usual;
-    bool m_usualIsNarrow = false;
-    int m_usualNavigator = 0;
+    std::array<int, kWorkPanes> m_usualWidths{};
 };
 
 }  // namespace app

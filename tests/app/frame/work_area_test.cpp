@@ -9,6 +9,7 @@
 #include "gui_base/input/panel/aui_notebook.h"
 #include "gui_base/report/water_diagram.h"
 #include "gui_base/support/image_loader.h"
+#include "gui_base/water/results/result_card.h"
 #include "projectbase/project/iex_project.h"
 #include "tests/support/program_fixture.h"
 #include "tncommon/data_dir.h"
@@ -16,6 +17,8 @@
 
 #include <wx/button.h>
 #include <wx/treectrl.h>
+
+#include <set>
 
 namespace {
 
@@ -356,11 +359,23 @@ TEST_F(WorkAreaTest, AWideWindowHasRoomForTheNamesOfTheNavigator)
     m_frame->Waters().RenameTo(OpenProject().GetLiquid(0), std::string(5'000, 'w'));
     EXPECT_LE(OpenProject().GetLiquid(0).GetName().size(), 100U);
     EXPECT_LT(width(1100, longName), usual);
+    // Beside pages that want no more the tiles of the results stand side by side.
+    const auto columns = [this] {
+        std::set<int> places;
+        for (int card = 0; card < 6; ++card)
+            places.insert(gui_test::Find<wateranalysis::ResultCard>(Area(), {}, card).GetPosition().x);
+        return places.size();
+    };
+    EXPECT_EQ(columns(), 1U);
+    width(2560, longName);
+    EXPECT_EQ(columns(), 2U);
+    width(1400, longName);
+    EXPECT_EQ(columns(), 1U);
 }
 
 TEST_F(WorkAreaTest, TheWindowOutlivesTheProgram)
 {
-    m_frame->SetSize(20, 30, 1100, 850);
+    m_frame->SetSize(20, 30, 1300, 850);
     gui_test::Pump();
     Menu("View", "Navigator");
     EXPECT_FALSE(Area().IsPaneShown(app::WorkPane::Navigator));
@@ -374,8 +389,9 @@ TEST_F(WorkAreaTest, TheWindowOutlivesTheProgram)
     gui_test::Press(WXK_SPACE);
     EXPECT_LT(place(), open) << "what is folded gives its room to the ions";
     const int folded = place();
+    EXPECT_GT(folded, title.GetPosition().y);
     Restart();
-    EXPECT_EQ(m_frame->GetSize(), wxSize(1100, 850));
+    EXPECT_EQ(m_frame->GetSize(), wxSize(1300, 850));
     EXPECT_FALSE(Area().IsPaneShown(app::WorkPane::Navigator));
     EXPECT_EQ(place(), folded);
     Menu("View", "Usual arrangement");

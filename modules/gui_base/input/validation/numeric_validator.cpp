@@ -189,11 +189,13 @@ wxString NumericValidator::FormatNumber(double value, int precision) const
 
 namespace {
 
-/// A point that neither groups nor is the locale's own sign can only be meant as the decimal one.
+/// A point or a comma that neither groups nor is the locale's own sign can only be meant as the decimal one.
 std::string WithLocaleSign(wxString text, const numbertext::Separators& separators)
 {
-    if (separators.decimal != "." && separators.thousands != ".")
-        text.Replace(".", wxString::FromUTF8(separators.decimal));
+    for (const char* const sign : {".", ","}) {
+        if (separators.decimal != sign && separators.thousands != sign)
+            text.Replace(sign, wxString::FromUTF8(separators.decimal));
+    }
     return text.utf8_string();
 }
 

@@ -149,6 +149,7 @@ private:
 
     void OnUnitChanged(wxCommandEvent& event);
     void PlaceSummary(wxSizer& place);
+    void PlaceHead(bool isAbove);
 
     LiquidData& m_liquid;
     TVHelpFileProvider* m_help;

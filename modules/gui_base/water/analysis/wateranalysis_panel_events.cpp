@@ -211,6 +211,19 @@ void WaterAnalysisPanel::DoArrange(int width)
     const bool isLine = othersBeside ? ions + others + summary <= width : others + summary <= width;
     m_rightColumn->SetOrientation(isLine ? wxHORIZONTAL : wxVERTICAL);
     PlaceSummary(othersBeside && !isColumn ? *GetSizer() : *m_rightColumn);
+    PlaceHead(isBeside);
+}
+
+void WaterAnalysisPanel::PlaceHead(bool isAbove)
+{
+    // Where not even the ions stand side by side, the boxes of the head would take the whole height before
+    // them.
+    wxSizer& sizer = *GetSizer();
+    const std::size_t place = isAbove ? 0 : sizer.GetItemCount() - 1;
+    if (const wxSizerItem* const there = sizer.GetItem(place); there->GetSizer() == m_head)
+        return;
+    sizer.Detach(m_head);
+    sizer.Insert(place, m_head);
 }
 
 void WaterAnalysisPanel::PlaceSummary(wxSizer& place)

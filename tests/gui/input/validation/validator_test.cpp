@@ -222,6 +222,7 @@ TEST_F(ValidatorTest, FollowsTheLocaleOfNumbers)
         {"fr_FR.UTF-8", "1234.5", 1234.5, "1\u202f234,500"},
         {"de_DE.UTF-8", "1234.5", 12345.0, "12.345,000"},
         {"C", "1234.5", 1234.5, "1234.500"},
+        {"C", "1234,5", 1234.5, "1234.500"},
     };
     for (const auto& [locale, text, expected, shown] : cases) {
         const LocaleGuard guard(locale);
