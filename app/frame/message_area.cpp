@@ -17,19 +17,8 @@ namespace {
 /// The oldest lines go, so that a fault that repeats does not fill the memory.
 constexpr std::size_t kMostMessages = 500;
 constexpr int kIconSize = 16;
-
-wxString SeverityText(MessageArea::Severity severity)
-{
-    switch (severity) {
-        case MessageArea::Severity::Info:
-            return i18n::Translated("Note");
-        case MessageArea::Severity::Warning:
-            return i18n::Translated("Warning");
-        case MessageArea::Severity::Error:
-            break;
-    }
-    return i18n::Translated("Error");
-}
+/// What stays free beside a symbol and the text of its kind.
+constexpr int kBesideKind = 28;
 
 /// What a line begins with, the order of `Picture`.
 enum class Sign
@@ -40,10 +29,19 @@ enum class Sign
     Range
 };
 
+constexpr std::array kSigns{Sign::Info, Sign::Warning, Sign::Error, Sign::Range};
+
 wxBitmapBundle PictureOf(Sign sign)
 {
     constexpr std::array kNames{"icons/info.svg", "icons/warning.svg", "icons/error.svg", "icons/range.svg"};
     return ImageLoader::LoadBundle(kNames.at(static_cast<std::size_t>(sign)), wxSize(kIconSize, kIconSize));
+}
+
+wxString KindText(Sign sign)
+{
+    constexpr std::array kKinds{wxTRANSLATE("Note"), wxTRANSLATE("Warning"), wxTRANSLATE("Error"),
+                                wxTRANSLATE("Range")};
+    return i18n::Translated(kKinds.at(static_cast<std::size_t>(sign)));
 }
 
 /// Kinds of `Sign` begin as those of `Severity` do.
@@ -70,10 +68,10 @@ long IconOf(MessageArea::Severity severity)
 MessageArea::MessageArea(wxWindow* parent)
     : wxListView(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxLC_REPORT | wxLC_SINGLE_SEL)
 {
-    AppendColumn(wxString(), wxLIST_FORMAT_LEFT, FromDIP(100));
-    AppendColumn(wxString(), wxLIST_FORMAT_LEFT, FromDIP(900));
+    AppendColumn(wxString());
+    AppendColumn(wxString());
     wxVector<wxBitmapBundle> pictures;
-    for (const Sign sign : {Sign::Info, Sign::Warning, Sign::Error, Sign::Range})
+    for (const Sign sign : kSigns)
         pictures.push_back(PictureOf(sign));
     SetSmallImages(pictures);
     Bind(wxEVT_LIST_ITEM_ACTIVATED, &MessageArea::OnActivated, this);
@@ -163,6 +161,11 @@ void MessageArea::Localize()
         SetColumn(column, head);
     };
     setHead(0, wxTRANSLATE("Kind"));
+    int kind = 0;
+    for (const Sign sign : kSigns)
+        kind = std::max(kind, GetTextExtent(KindText(sign)).x);
+    SetColumnWidth(0, kind + FromDIP(kIconSize + kBesideKind));
+    FitMessages();
     setHead(1, wxTRANSLATE("Message"));
     accessibility::SetName(*this, i18n::Translated("Messages"));
     for (Line& line : m_messages) {
@@ -177,15 +180,14 @@ void MessageArea::ShowLines()
 {
     Freeze();
     DeleteAllItems();
-    const auto add = [this](Sign sign, const wxString& kind, const wxString& text) {
-        const long item = InsertItem(GetItemCount(), kind, static_cast<int>(sign));
+    const auto add = [this](Sign sign, const wxString& text) {
+        const long item = InsertItem(GetItemCount(), KindText(sign), static_cast<int>(sign));
         SetItem(item, 1, text);
     };
     for (const RangeMessage& range : m_ranges)
-        range.isAdvice ? add(Sign::Warning, SeverityText(Severity::Warning), range.text)
-                       : add(Sign::Range, i18n::Translated("Range"), range.text);
+        add(range.isAdvice ? Sign::Warning : Sign::Range, range.text);
     for (const Line& line : m_messages)
-        add(SignOf(line.severity), SeverityText(line.severity), line.message.text);
+        add(SignOf(line.severity), line.message.text);
     Thaw();
 }
 
@@ -217,14 +219,19 @@ void MessageArea::OnActivated(wxListEvent& event)
         return;
     const Line line = m_messages[index - m_ranges.size()];
     if (!line.message.details.empty())
-        dialogs::ShowMessage(wxGetTopLevelParent(this), line.message, SeverityText(line.severity),
+        dialogs::ShowMessage(wxGetTopLevelParent(this), line.message, KindText(SignOf(line.severity)),
                              IconOf(line.severity));
 }
 
 void MessageArea::OnResized(wxSizeEvent& event)
 {
-    SetColumnWidth(1, std::max(FromDIP(100), GetClientSize().x - GetColumnWidth(0)));
+    FitMessages();
     event.Skip();
+}
+
+void MessageArea::FitMessages()
+{
+    SetColumnWidth(1, std::max(FromDIP(100), GetClientSize().x - GetColumnWidth(0)));
 }
 
 }  // namespace app

@@ -82,6 +82,8 @@ private:
     void Lead(std::size_t index);
     void OnActivated(wxListEvent& event);
     void OnResized(wxSizeEvent& event);
+    /// Messages take what their kinds leave.
+    void FitMessages();
 
     std::vector<RangeMessage> m_ranges;
     std::size_t m_allRanges = 0;  ///< with those that are not listed

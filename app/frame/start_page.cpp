@@ -82,6 +82,10 @@ wxBitmapBundle DrawingOf(const PlantTemplate& plant)
         static const tncommon::ZipArchive drawings(tncommon::DataDir() / "graphics.zrc");
         if (const auto bytes = drawings.Read(plant.drawing, kMostDrawingBytes)) {
             wxString svg = wxString::FromUTF8(*bytes);
+            // Its paper, which is the first area, would end in the middle of a dot.
+            svg.Replace("<rect",
+                        R"(<rect x="-9999" y="-9999" width="99999" height="99999" fill="#ffffff"/><rect)",
+                        false);
             if (wxSystemSettings::GetAppearance().IsUsingDarkBackground())
                 svg = OnDark(std::move(svg));
             return wxBitmapBundle::FromSVG(svg.utf8_str(), wxSize(kPictureWidth, kPictureHeight));

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "gui_base/report/range_sentence.h"
 
+#include "dbinterfaces/compound_names.h"
 #include "gui_base/report/design_report.h"
 #include "gui_base/report/told_apart.h"
 #include "projectbase/project/project.h"
@@ -25,6 +26,14 @@ std::string WithUnit(double value, int digits, const RangeFault& fault, const Re
                        unit.empty() ? "" : " ", unit);
 }
 
+std::string LabelOf(const RangeFault& fault, const ReportContext& context)
+{
+    if (fault.label.empty())
+        return fault.address.key;
+    return fault.formula.empty() ? context.Translated(fault.label.c_str())
+                                 : compound_names::Shown(fault.label, fault.formula, context.language);
+}
+
 }  // namespace
 
 std::string OwnerTitle(DetailOwner owner, const Project& project, const ReportContext& context)
@@ -42,8 +51,7 @@ std::string RangeSentence(const RangeFault& fault, const ReportContext& context)
     const char* const usual = fault.isBelow ? wxTRANSLATE("%s is below the minimum of %s")
                                             : wxTRANSLATE("%s is above the maximum of %s");
     std::string text = context.Translated(fault.sentence.empty() ? usual : fault.sentence.c_str());
-    const std::string label =
-        fault.label.empty() ? fault.address.key : context.Translated(fault.label.c_str());
+    const std::string label = LabelOf(fault, context);
     const auto [value, limit] = wateranalysis::ToldApart(
         fault.value, fault.limit, kDigits,
         [&](double number, int digits) { return WithUnit(number, digits, fault, context); });

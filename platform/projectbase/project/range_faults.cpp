@@ -273,6 +273,7 @@ void AddGroupFaults(const Project& project, std::vector<RangeFault>& faults)
         for (std::size_t entry = 0; entry < groups->size(); ++entry) {
             const DetailGroup& group = *(*groups)[entry];
             const DetailData* name = FindDetail(group, kind + "/name");
+            const DetailData* formula = FindDetail(group, kind + "/formula");
             for (const DetailData& detail : group) {
                 auto fault = FaultOf(detail);
                 if (!fault || (detail.GetName().find("/conc.effluent.") != std::string::npos && !hasEffluent))
@@ -287,6 +288,8 @@ void AddGroupFaults(const Project& project, std::vector<RangeFault>& faults)
                 fault->address.entry = static_cast<int>(entry);
                 if (name != nullptr && !name->GetStringValue().empty())
                     fault->label = name->GetStdStringValue();
+                if (formula != nullptr)
+                    fault->formula = formula->GetStdStringValue();
                 faults.push_back(std::move(*fault));
             }
         }

@@ -29,6 +29,8 @@ struct RangeFault
     /// Source text of what is wrong, where it is no limit of the catalogue: its first "%s" is the value with
     /// its name, a second one the limit.
     std::string sentence = {};
+    /// Of a compound, whose name is `label`.
+    std::string formula = {};
 };
 
 /// -1 for a number below its minimum, +1 above its maximum, 0 within, and for what is no number or not known.

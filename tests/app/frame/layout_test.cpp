@@ -297,7 +297,9 @@ TEST_F(LayoutTest, PagesOfANarrowWindowScrollDownwardsAlone)
             });
             if (!wide.contains(id)) {
                 EXPECT_THAT(beyond, testing::IsEmpty())
-                    << id << ", " << language << ": " << Page().GetClientSize().x;
+                    << id << ", " << language << ": " << Page().GetClientSize().x << " virtual "
+                    << Page().GetVirtualSize().x << " laid out " << Page().GetSizer()->GetSize().x;
+                EXPECT_LE(Page().GetVirtualSize().x, Page().GetClientSize().x) << id << ", " << language;
             }
         });
     }

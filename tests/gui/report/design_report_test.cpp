@@ -68,4 +68,15 @@ TEST(RangeSentence, HasTheDigitsThatTellAValueFromItsLimit)
     EXPECT_EQ(sentence(40.00001), "Velocity 40,00001 m/h is above the maximum of 40 m/h");
 }
 
+TEST(RangeSentence, CallsACompoundAsTheLanguageDoes)
+{
+    const RangeFault fault{
+        .address = {}, .label = "nitrate", .value = -1.0, .isBelow = true, .unit = "mg/l", .formula = "NO3"};
+    const auto sentence = [&fault](const char* language) {
+        return RangeSentence(fault, ReportContext{.language = language});
+    };
+    EXPECT_EQ(sentence("en"), "nitrate -1 mg/l is below the minimum of 0 mg/l");
+    EXPECT_EQ(sentence("de"), "Nitrat -1 mg/l is below the minimum of 0 mg/l");
+}
+
 }  // namespace

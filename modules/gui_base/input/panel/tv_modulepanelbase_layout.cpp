@@ -44,7 +44,7 @@ void ModulePanelBase::OnInternalIdle()
 {
     wxScrolled<wxPanel>::OnInternalIdle();
     if (GetSizer() != nullptr && IsShownOnScreen() && IsBookPage() &&
-        GetSizer()->GetSize().x < GetVirtualSize().x)
+        GetSizer()->GetSize().x != GetVirtualSize().x)
         Layout();
 }
 
@@ -86,6 +86,14 @@ void ModulePanelBase::FitAndLayout()
         if (whole->IsBookPage() || around->IsTopLevel())
             break;
     }
+}
+
+void ModulePanelBase::FitOtherTexts()
+{
+    FitAndLayout();
+    // The toolkit measures lists of other texts only when it has time for it.
+    if (IsBookPage())
+        CallAfter(&ModulePanelBase::FitAndLayout);
 }
 
 bool ModulePanelBase::IsBookPage() const

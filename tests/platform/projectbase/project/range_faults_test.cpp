@@ -237,6 +237,7 @@ TEST(RangeFaults, KnowsTheEntriesOfTheFeed)
     const auto typed = RangeFaults(project);
     ASSERT_EQ(typed.size(), 1u);
     EXPECT_EQ(typed[0].label, "urea");
+    EXPECT_EQ(typed[0].formula, "CH4N2O");
     EXPECT_EQ(typed[0].value, -60.0);
     EXPECT_EQ(typed[0].unit, "mg/l");
 
