@@ -277,6 +277,7 @@ TEST_F(BlendTest, TabRunsThroughTheAmountsBeforeTheButtonsThatRemove)
             Press(WXK_TAB);
             EXPECT_EQ(wxWindow::FindFocus(), expected[step]) << "step " << step;
         }
+        Push(dialog, wxID_OK);
     });
 }
 
