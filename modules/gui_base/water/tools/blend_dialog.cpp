@@ -16,6 +16,7 @@ namespace {
 constexpr int kGap = 12;
 constexpr int kMostHeight = 480;
 constexpr int kMessageWidth = 320;
+constexpr int kValueWidth = 400;  // wider texts of the preview break
 constexpr int kScrollStep = 16;
 
 wxString TextOf(const wateranalysis::ResultTile& tile)
@@ -26,6 +27,20 @@ wxString TextOf(const wateranalysis::ResultTile& tile)
     if (!text.empty() && !tile.second.empty())
         text += "  (" + tile.second + ")";
     return wxString::FromUTF8(text);
+}
+
+wxStaticText* NewText(wxWindow& parent)
+{
+    return new wxStaticText(&parent, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
+                            wxST_NO_AUTORESIZE);
+}
+
+/// In as many lines as it needs; the dialog makes room for them.
+void ShowText(wxStaticText& control, const wxString& text)
+{
+    control.SetLabelText(text);
+    control.Wrap(control.FromDIP(kValueWidth));
+    control.InvalidateBestSize();
 }
 
 }  // namespace
@@ -71,24 +86,23 @@ wxSizer* BlendDialog::NewPreview()
     for (const wateranalysis::ResultTile& tile : m_preview({})) {
         const wxString title = wxString::FromUTF8(tile.title);
         grid->Add(new wxStaticText(box->GetStaticBox(), wxID_ANY, title));
-        auto* value = new wxStaticText(box->GetStaticBox(), wxID_ANY, wxString(), wxDefaultPosition,
-                                       wxDefaultSize, wxST_NO_AUTORESIZE);
+        wxStaticText* value = NewText(*box->GetStaticBox());
         accessibility::SetName(*value, title);
         grid->Add(value, wxSizerFlags().Expand());
         m_values.push_back(value);
     }
     box->Add(grid, wxSizerFlags().Expand().Border(wxALL, FromDIP(form::kGap)));
+    m_remark = NewText(*box->GetStaticBox());
+    box->Add(m_remark, wxSizerFlags().Expand().Border(wxALL, FromDIP(form::kGap)));
     return box;
 }
 
 void BlendDialog::ShowPreview()
 {
     const auto tiles = m_preview(GetRecipe());
-    for (std::size_t i = 0; i < std::min(tiles.size(), m_values.size()); ++i) {
-        const wxString text = TextOf(tiles[i]);
-        if (m_values[i]->GetLabelText() != text)
-            m_values[i]->SetLabelText(text);
-    }
+    for (std::size_t i = 0; i < std::min(tiles.size(), m_values.size()); ++i)
+        ShowText(*m_values[i], TextOf(tiles[i]));
+    ShowText(*m_remark, m_form->GetShareRemark());
 }
 
 void BlendDialog::FitRows()

@@ -39,5 +39,6 @@ private:
     wxScrolledWindow* m_scrolled;
     BlendForm* m_form;
     std::vector<wxStaticText*> m_values;  ///< of the preview
+    wxStaticText* m_remark = nullptr;     ///< what the preview makes of the shares
     wxStaticText* m_message;
 };

@@ -59,7 +59,10 @@ BlendRow* BlendForm::AppendRow(const water::BlendPart& part, bool byFlow)
 {
     auto* row = new BlendRow(this, m_waters, part, byFlow);
     m_rows.push_back(row);
-    m_rowSizer->Add(row, wxSizerFlags().Expand().Border(wxBOTTOM, FromDIP(form::kGap)));
+    auto* line = new wxBoxSizer(wxHORIZONTAL);
+    line->Add(row, wxSizerFlags(1).CentreVertical());
+    line->Add(&row->GetRemoveButton(), wxSizerFlags().CentreVertical());
+    m_rowSizer->Add(line, wxSizerFlags().Expand().Border(wxBOTTOM, FromDIP(form::kGap)));
     row->SetOnChange([this] { Signal(); });
     row->SetOnRemove([this, row] { RemoveRow(row); });
     return row;
@@ -73,9 +76,6 @@ void BlendForm::AddWater()
     const auto free = std::ranges::find_if(m_waters, isFree);
     BlendRow* row = AppendRow({free == m_waters.end() ? m_waters.front() : *free, kUnknown}, IsByFlow());
     row->UpdateUnit(GetUnitSystem());
-    // Tab goes through the rows in their order.
-    if (m_rows.size() > 1)
-        row->MoveAfterInTabOrder(m_rows[m_rows.size() - 2]);
     RowsChanged();
     row->GetAmount().SetFocus();
 }
@@ -89,7 +89,10 @@ void BlendForm::RemoveRow(BlendRow* row)
     m_rows.erase(found);
     // The keyboard stays where the row was.
     m_rows[std::min(place, m_rows.size() - 1)]->GetAmount().SetFocus();
+    wxWindow& remove = row->GetRemoveButton();
+    m_rowSizer->Remove(static_cast<int>(place));
     row->Destroy();
+    remove.Destroy();
     RowsChanged();
 }
 
@@ -98,13 +101,29 @@ void BlendForm::RowsChanged()
     m_keys.Clear();
     std::vector<ValueKeys::Cell> cells;
     for (BlendRow* row : m_rows) {
-        row->EnableRemoval(m_rows.size() > kLeastRows);
+        row->GetRemoveButton().Enable(m_rows.size() > kLeastRows);
         for (TvTextCtrl* amount : row->GetAmounts())
             cells.push_back({amount});
     }
     m_keys.AddColumn(cells);
+    OrderTabs();
     m_add->Enable(m_rows.size() < water::kMostBlendParts);
     Signal();
+}
+
+void BlendForm::OrderTabs()
+{
+    wxWindow* last = m_rows.front();
+    const auto append = [&last](wxWindow& window) {
+        if (&window != last)
+            window.MoveAfterInTabOrder(last);
+        last = &window;
+    };
+    for (BlendRow* row : m_rows)
+        append(*row);
+    for (BlendRow* row : m_rows)
+        append(row->GetRemoveButton());
+    append(*m_add);
 }
 
 void BlendForm::AddSum(bool byFlow)
@@ -166,4 +185,15 @@ water::BlendRecipe BlendForm::GetRecipe()
             recipe.parts.push_back(std::move(*part));
     }
     return recipe;
+}
+
+wxString BlendForm::GetShareRemark()
+{
+    const water::BlendRecipe recipe = GetRecipe();
+    // As it is shown: three times 33.3333333 is as good as all.
+    const wxString sum = FindField(SumKey(false))->GetValue();
+    if (recipe.byFlow || !recipe.IsComplete() || sum == "100")
+        return {};
+    return wxString::Format(
+        i18n::Translated(wxTRANSLATE("The shares add up to %s %%; they are counted in proportion")), sum);
 }

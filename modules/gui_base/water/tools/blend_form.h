@@ -19,6 +19,8 @@ public:
     /// As the fields show it now.
     water::BlendRecipe GetRecipe();
     const std::vector<BlendRow*>& GetRows() const { return m_rows; }
+    /// What the user is told where the shares of a complete recipe do not add up to 100 %, or an empty text.
+    wxString GetShareRemark();
     /// Appends a row for the first water that stands in none yet, and goes to it.
     void AddWater();
     void RemoveRow(BlendRow* row);
@@ -33,6 +35,8 @@ protected:
 
 private:
     BlendRow* AppendRow(const water::BlendPart& part, bool byFlow);
+    /// Tab goes through the waters and amounts first, then through the buttons that remove them.
+    void OrderTabs();
     /// Rows came or went.
     void RowsChanged();
     void AddSum(bool byFlow);

@@ -43,12 +43,11 @@ BlendRow::BlendRow(wxWindow* parent, const std::vector<std::string>& waters, con
     row->Add(m_choice, wxSizerFlags(cell).Proportion(1));
     m_share = AddAmount(false, byFlow ? kUnknown : part.amount);
     m_flow = AddAmount(true, byFlow ? part.amount : kUnknown);
-    m_remove = GetFields().AddLocalizable(new TvButton(this, wxID_ANY, wxTRANSLATE("Remove")));
+    m_remove = GetFields().AddLocalizable(new TvButton(parent, wxID_ANY, wxTRANSLATE("Remove")));
     m_remove->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) {
         if (m_onRemove)
             GetParent()->CallAfter(m_onRemove);
     });
-    row->Add(m_remove, wxSizerFlags().CentreVertical());
     CompleteForm();
     ShowMode(byFlow);
 }

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-/// One water of a blend: which, and how much of it, as a share or as a flow.
+/// One water of a blend: which, and how much of it, as a share or as a flow; and the button that removes it,
+/// which stands in the parent.
 
 #include "gui_base/input/form/form_block.h"
 #include "projectbase/water/blend_recipe.h"
@@ -31,7 +32,9 @@ public:
     std::vector<TvTextCtrl*> GetAmounts() const { return {FindField(kShare), FindField(kFlow)}; }
     wxWindow& GetChoice() { return *m_choice; }
     std::string GetWater() { return GetFields().Details().At(kWater).GetStdStringValue(); }
-    void EnableRemoval(bool enable) { m_remove->Enable(enable); }
+    /// A child of the row's parent, to which it leaves the place and the order of Tab: whoever enters the
+    /// amounts one after the other does not pass the buttons.
+    wxWindow& GetRemoveButton() { return *m_remove; }
 
     void Localize(const std::string& unitSystem) override;
 

@@ -218,7 +218,7 @@ TEST_F(BlendTest, RowsAreAddedAndRemovedAndOnlyTheRatioCounts)
     const int answer = Run(halves, [&](BlendDialog& dialog) {
         BlendForm& form = dialog.GetForm();
         const auto remove = [&](std::size_t row) -> wxWindow& {
-            return Find<wxButton>(*form.GetRows().at(row));
+            return form.GetRows().at(row)->GetRemoveButton();
         };
         ASSERT_EQ(form.GetRows().size(), 2u);
         EXPECT_FALSE(remove(0).IsEnabled()) << "a blend needs two waters";
@@ -235,6 +235,7 @@ TEST_F(BlendTest, RowsAreAddedAndRemovedAndOnlyTheRatioCounts)
         ASSERT_EQ(byShare.parts.size(), 3u);
         EXPECT_EQ(byShare.Shares()[2], 0.2);
         EXPECT_EQ(form.FindField("share.sum")->GetValue(), "125");
+        EXPECT_NE(form.GetShareRemark().Find("125 %"), wxNOT_FOUND);
 
         // Up and down as in every column of values; what is entered is replaced by what is typed.
         Press(WXK_UP);
@@ -255,6 +256,29 @@ TEST_F(BlendTest, RowsAreAddedAndRemovedAndOnlyTheRatioCounts)
     EXPECT_EQ(answer, wxID_OK);
     ASSERT_EQ(m_recipe.parts.size(), 2u);
     EXPECT_EQ(m_recipe.parts[1].water, "River");
+}
+
+TEST_F(BlendTest, TabRunsThroughTheAmountsBeforeTheButtonsThatRemove)
+{
+    Run({{{"Well", 50.0}, {"River", 50.0}}}, [&](BlendDialog& dialog) {
+        BlendForm& form = dialog.GetForm();
+        EXPECT_EQ(form.GetShareRemark(), "") << "100 %";
+        Click(*form.FindWindow(wxID_ADD));
+        Amount(dialog, 0).SetFocus();
+        // The toolkit does not say when a choice has the focus.
+        const wxWindow* const choice = nullptr;
+        std::vector<const wxWindow*> expected;
+        for (std::size_t row = 1; row < 3; ++row)
+            expected.insert(expected.end(), {choice, &Amount(dialog, row)});
+        for (BlendRow* row : form.GetRows())
+            expected.push_back(&row->GetRemoveButton());
+        expected.push_back(form.FindWindow(wxID_ADD));
+        for (std::size_t step = 0; step < expected.size(); ++step) {
+            Press(WXK_TAB);
+            EXPECT_EQ(wxWindow::FindFocus(), expected[step]) << "step " << step;
+        }
+        Push(dialog, wxID_OK);
+    });
 }
 
 TEST_F(BlendTest, FlowsAreInUnitsOfTheUserAndIncompleteRecipesStayOpen)
