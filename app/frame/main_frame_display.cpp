@@ -10,6 +10,7 @@
 #include "gui_base/support/file_path.h"
 #include "gui_base/support/translation.h"
 #include "gui_base/water/results/water_results_panel.h"
+#include "projectbase/project/iex_project.h"
 #include "projectbase/project/range_faults.h"
 
 #include <wx/wupdlock.h>
@@ -24,6 +25,7 @@ namespace {
 
 /// Beyond that nobody reads on, and every edit would make all of their texts anew.
 constexpr std::size_t kMostListed = 500;
+const DetailAddress kPlantWater{{}, "project/water"};
 
 }  // namespace
 
@@ -35,7 +37,9 @@ void MainFrame::OnProjectChanged(const ProjectChanges& changes)
         ShowResults();
     } else {
         m_book->ShowBalances();
-        if (changes.Touches(m_shownWater) || changes.Touches({}))
+        if (changes.Any([](const DetailAddress& address) { return address == kPlantWater; }))
+            ShowResults();
+        else if (changes.Touches(m_shownWater) || changes.Touches({}))
             ShowDiagram();
     }
     m_advice.Follow(GetProject(), changes);
@@ -72,6 +76,10 @@ void MainFrame::ShowResults()
 {
     Project& project = GetProject();
     const LiquidData* water = m_waters.GetCurrent();
+    // Beside the pages of a plant stand the results of its water.
+    const iex::IEXProject* const plant = iex::PlantOf(project);
+    if (water == nullptr && plant != nullptr && !plant->GetRoot().GetChildren(OwnerKind::Exchanger).empty())
+        water = plant->FeedingWater();
     if (water != nullptr)
         m_shownWater = water->GetOwner();
     else if (project.FindOwner(m_shownWater) == nullptr)

@@ -77,6 +77,14 @@ MessageArea::MessageArea(wxWindow* parent)
     Bind(wxEVT_LIST_ITEM_ACTIVATED, &MessageArea::OnActivated, this);
     Bind(wxEVT_LEFT_UP, &MessageArea::OnClicked, this);
     Bind(wxEVT_SIZE, &MessageArea::OnResized, this);
+    Bind(wxEVT_SET_FOCUS, [this](wxFocusEvent& event) {
+        event.Skip();
+        // The keys begin with the first line.
+        if (GetItemCount() > 0 && GetFirstSelected() == wxNOT_FOUND) {
+            Focus(0);
+            Select(0);
+        }
+    });
     Localize();
 }
 

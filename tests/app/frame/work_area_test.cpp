@@ -6,16 +6,19 @@
 #include "app/frame/settings_dialog.h"
 #include "app/frame/start_page.h"
 #include "gui_base/input/controls/collapsible_box.h"
+#include "gui_base/input/panel/advanced_input_options.h"
 #include "gui_base/input/panel/aui_notebook.h"
 #include "gui_base/report/water_diagram.h"
 #include "gui_base/support/image_loader.h"
 #include "gui_base/water/results/result_card.h"
+#include "gui_base/water/results/water_results_panel.h"
 #include "projectbase/project/iex_project.h"
 #include "tests/support/program_fixture.h"
 #include "tncommon/data_dir.h"
 #include "tncommon/zip_archive.h"
 
 #include <wx/button.h>
+#include <wx/stattext.h>
 #include <wx/treectrl.h>
 
 #include <set>
@@ -296,10 +299,13 @@ TEST_F(WorkAreaTest, WarningsOfAdviceAreMessagesThatLeadToTheirValue)
     EXPECT_TRUE(messages.GetItemText(0, 1).Contains("6 NTU"));
     EXPECT_FALSE(messages.GetItemText(0, 1).Contains("Turbidity"));
     m_frame->View().SetLanguage("en");
-    messages.Select(0);
+    const auto& further = gui_test::Find<AdvancedInputOptions>(page);
+    EXPECT_FALSE(further.IsOpen());
     messages.SetFocus();
+    gui_test::Press(WXK_DOWN);
     gui_test::Press(WXK_RETURN);
     gui_test::Pump();
+    EXPECT_TRUE(further.IsOpen()) << "nobody types where he sees nothing";
     EXPECT_TRUE(page.FindField("liquid/turbidity")->HasFocus());
     // By another limit of the user's it is none.
     m_frame->View().ApplySettings(
@@ -309,6 +315,22 @@ TEST_F(WorkAreaTest, WarningsOfAdviceAreMessagesThatLeadToTheirValue)
     m_frame->Undo();
     EXPECT_EQ(messages.CountProblems(), 0U);
     Settings::Reset("limit.turbidity.soft.warn");
+}
+
+TEST_F(WorkAreaTest, ResultsSayWhoseTheyAre)
+{
+    m_frame->SetDocument(std::make_unique<app::Document>(app::NewProjectFrom(
+        *std::ranges::find(app::PlantTemplates(), std::string_view("softener"), &app::PlantTemplate::id))));
+    auto& results = gui_test::Find<wateranalysis::WaterResultsPanel>(Area());
+    const auto& name = gui_test::Find<wxStaticText>(results);
+    EXPECT_FALSE(name.IsShown()) << "there is one";
+    m_frame->Waters().Add();
+    EXPECT_EQ(name.GetLabelText(), "Water");
+    EXPECT_TRUE(name.IsShown());
+    m_frame->GetBook().Show("design", {});
+    EXPECT_EQ(name.GetLabelText(), OpenProject().GetLiquid(0).GetName()) << "the plant's";
+    OpenProject().GetDetails().At("project/water").SetValue(2L);
+    EXPECT_EQ(name.GetLabelText(), "Water");
 }
 
 TEST_F(WorkAreaTest, TheNavigatorTellsOfTheBalance)

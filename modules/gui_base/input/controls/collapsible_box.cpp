@@ -55,6 +55,12 @@ class TitledBox : public wxStaticBox
 public:
     using wxStaticBox::wxStaticBox;
 
+    void SetOwner(CollapsibleBox& owner) { m_owner = &owner; }
+    CollapsibleBox& GetOwner() const { return *m_owner; }
+
+private:
+    CollapsibleBox* m_owner = nullptr;
+
 #ifdef __WXGTK__
 protected:
     // The toolkit takes every title for a text with an access key.
@@ -76,7 +82,7 @@ struct CollapsibleBox::Parts
     {}
 
     wxButton* title;
-    wxStaticBox* box;
+    TitledBox* box;
 };
 
 CollapsibleBox::CollapsibleBox(int orient, wxWindow* parent, const wxString& label)
@@ -86,6 +92,7 @@ CollapsibleBox::CollapsibleBox(int orient, wxWindow* parent, const wxString& lab
 CollapsibleBox::CollapsibleBox(int orient, const Parts& parts, const wxString& label)
     : TvStaticBoxSizer(orient, parts.box), m_title(parts.title), m_source(label)
 {
+    parts.box->SetOwner(*this);
     ShowTitle();
     m_title->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) {
         Collapse(!m_isCollapsed);
@@ -111,6 +118,12 @@ void CollapsibleBox::Collapse(bool collapse)
     ShowTitle();
     wxCollapsiblePaneEvent event(GetStaticBox(), GetStaticBox()->GetId(), collapse);
     GetStaticBox()->HandleWindowEvent(event);
+}
+
+void CollapsibleBox::Open(wxWindow& box)
+{
+    if (const auto* titled = dynamic_cast<TitledBox*>(&box))
+        titled->GetOwner().Collapse(false);
 }
 
 void CollapsibleBox::ShowItems()

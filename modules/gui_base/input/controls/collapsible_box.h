@@ -19,6 +19,8 @@ public:
     void TakeKeptState();
     bool IsCollapsed() const { return m_isCollapsed; }
     void Collapse(bool collapse);
+    /// Opens the box of that window, where it is one.
+    static void Open(wxWindow& box);
     void Localize(const std::string& unitSystem) override;
 
 protected:

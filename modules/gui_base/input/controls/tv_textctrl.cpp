@@ -6,6 +6,7 @@
 
 #include <wx/settings.h>
 #include <wx/utils.h>
+#include <wx/weakref.h>
 
 #include <utility>
 
@@ -13,6 +14,16 @@ namespace {
 
 /// In DIP, above and below the text together.
 constexpr int kMargins = 6;
+
+/// A field that was left would still look like the one in which one types; whoever only goes to a menu has
+/// not left it.
+void LeaveFormerField(TvTextCtrl& entered)
+{
+    static wxWeakRef<TvTextCtrl> former;
+    if (former != nullptr && former != &entered)
+        former->SelectNone();
+    former = &entered;
+}
 
 }  // namespace
 
@@ -31,6 +42,7 @@ TvTextCtrl::TvTextCtrl(wxWindow* parent, int id, const wxString& value, const wx
     // unless it was being typed.
     Bind(wxEVT_SET_FOCUS, [this](wxFocusEvent& event) {
         event.Skip();
+        LeaveFormerField(*this);
         if (!wxGetMouseState().LeftIsDown())
             SelectWhenEntered();
     });

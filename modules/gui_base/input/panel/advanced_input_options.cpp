@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "gui_base/input/panel/advanced_input_options.h"
 
+#include "gui_base/input/controls/collapsible_box.h"
 #include "gui_base/support/accessibility.h"
 #include "gui_base/support/translation.h"
 
@@ -30,6 +31,23 @@ AdvancedInputOptions::AdvancedInputOptions(wxWindow* parent, int id, const wxStr
         event.Skip();
         LayOutAround();
     });
+    // The toolkit takes what is folded for shown, and lets the keyboard in.
+    Bind(wxEVT_CHILD_FOCUS, [this](wxChildFocusEvent& event) {
+        event.Skip();
+        if (event.GetWindow() != this)
+            SetOpen(true);
+    });
+}
+
+void AdvancedInputOptions::OpenAround(wxWindow& field)
+{
+    for (wxWindow* around = &field; around != nullptr && !around->IsTopLevel();
+         around = around->GetParent()) {
+        if (auto* section = dynamic_cast<AdvancedInputOptions*>(around))
+            section->SetOpen(true);
+        else
+            CollapsibleBox::Open(*around);
+    }
 }
 
 void AdvancedInputOptions::SetOpen(bool open)
@@ -37,7 +55,9 @@ void AdvancedInputOptions::SetOpen(bool open)
     if (open == IsExpanded())
         return;
     Collapse(!open);
-    LayOutAround();
+    // As the toolkit tells of a click, so that also the page around takes note.
+    wxCollapsiblePaneEvent event(this, GetId(), !open);
+    HandleWindowEvent(event);
 }
 
 void AdvancedInputOptions::Localize(const std::string& unitSystem)

@@ -3,7 +3,7 @@
 
 /// A section of a panel that holds what few users need: it is folded until the user opens it by its heading
 /// (a click, or Space with the focus on it), and the surrounding layout follows. Its content is a panel to
-/// which the owner adds controls. Focus never hides in a folded section.
+/// which the owner adds controls. Focus never hides in a folded section: it opens.
 
 #include "gui_base/gui_base_export.h"
 #include "gui_base/input/panel/tv_panel.h"
@@ -23,6 +23,8 @@ public:
     /// Opens or folds the section and lays the surrounding window out again.
     void SetOpen(bool open);
     bool IsOpen() const { return IsExpanded(); }
+    /// Opens whatever is folded around a field, so that it can have the focus.
+    static void OpenAround(wxWindow& field);
 
     void Localize(const std::string& unitSystem);
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // How a module panel connects its controls: bindings, commits, the status bar, and the fields that are out of
 // range.
+#include "gui_base/input/panel/advanced_input_options.h"
 #include "gui_base/input/panel/tv_modulepanelbase.h"
 #include "gui_base/input/validation/double_validator.h"
 #include "projectbase/units/unit_system_manager.h"
@@ -96,7 +97,10 @@ bool ModulePanelBase::FocusDetail(const DetailAddress& address)
     for (const auto& binding : m_transfers.GetBindings()) {
         const auto* transfer = dynamic_cast<const TransferDetail*>(binding.get());
         if (transfer == nullptr || wanted == nullptr || transfer->GetDetail() != wanted ||
-            transfer->GetWindow() == nullptr || !transfer->GetWindow()->CanAcceptFocus())
+            transfer->GetWindow() == nullptr)
+            continue;
+        AdvancedInputOptions::OpenAround(*transfer->GetWindow());
+        if (!transfer->GetWindow()->CanAcceptFocus())
             continue;
         transfer->GetWindow()->SetFocus();
         return true;

@@ -233,11 +233,14 @@ void NumericValidator::TellNoNumber(wxWindow& window, const wxString& name, cons
 {
     if (!wxValidator::IsSilent())
         wxBell();
+    // A number that is refused all the same is an amount below nothing.
+    const char* const stays = ParseNumber(text)
+                                  ? wxTRANSLATE("%s: \"%s\" is below 0; the value stays as it was")
+                                  : wxTRANSLATE("%s: \"%s\" is no number; the value stays as it was");
     const wxString message =
         becomes ? wxString::Format(i18n::Translated("%s: \"%s\" is no number; the value becomes %g"), name,
                                    text, *becomes)
-                : wxString::Format(i18n::Translated("%s: \"%s\" is no number; the value stays as it was"),
-                                   name, text);
+                : wxString::Format(i18n::Translated(stays), name, text);
     if (wxWindow* const top = wxGetTopLevelParent(&window))
         wxQueueEvent(top, new MessageEvent(tv_MESSAGE, window.GetId(), std::string(), std::string(),
                                            {message.utf8_string()}));

@@ -229,9 +229,9 @@ TvButton* OthersBox::AddButton(wxSizer& buttons, const char* label, const char* 
 
 void OthersBox::AddFurtherProperties()
 {
-    m_furtherProperties = new wxCollapsiblePane(GetStaticBox(), wxID_ANY, wxString(), wxDefaultPosition,
-                                                wxDefaultSize, wxCP_DEFAULT_STYLE | wxCP_NO_TLW_RESIZE);
-    wxWindow* pane = m_furtherProperties->GetPane();
+    m_furtherProperties =
+        new AdvancedInputOptions(GetStaticBox(), wxID_ANY, wxTRANSLATE("Further properties"));
+    wxWindow* pane = m_furtherProperties->GetOptions();
     auto* grid = form::NewGrid(*pane);
     for (const PropertyRow& row : kFurtherProperties)
         AddProperty(m_fields, pane, *grid, row);
@@ -309,9 +309,9 @@ void OthersBox::ShowAlkalization(const LiquidData& liquid, const std::string& un
     Layout();
 }
 
-void OthersBox::Localize()
+void OthersBox::Localize(const std::string& unitSystem)
 {
-    m_furtherProperties->SetLabel(i18n::Translated("Further properties"));
+    m_furtherProperties->Localize(unitSystem);
 }
 
 }  // namespace wateranalysis

@@ -9,8 +9,8 @@
 #include "gui_base/input/controls/tv_staticboxsizer.h"
 #include "gui_base/input/form/field_set.h"
 #include "gui_base/input/form/value_keys.h"
+#include "gui_base/input/panel/advanced_input_options.h"
 
-#include <wx/collpane.h>
 #include <wx/sizer.h>
 
 #include <vector>
@@ -40,7 +40,6 @@ public:
     TvTextCtrl& GetPh() const { return *m_ph; }
     TvButton& GetAlkalizeButton() const { return *m_alkalize; }
     TvButton& GetCo2CalculatorButton() const { return *m_co2Calculator; }
-    wxCollapsiblePane& GetFurtherProperties() const { return *m_furtherProperties; }
 
     /// Settles what can be typed; `enable` is false for a water that is mixed of others.
     void EnableInputs(bool enable);
@@ -52,7 +51,7 @@ public:
     bool ShowTemperature(const std::string& unitSystem);
     /// Says what the water is alkalised with, or why it is not.
     void ShowAlkalization(const LiquidData& liquid, const std::string& unitSystem);
-    void Localize();
+    void Localize(const std::string& unitSystem);
 
 private:
     void AddTemperature(wxSizer& grid);
@@ -74,7 +73,7 @@ private:
     TvButton* m_alkalize = nullptr;
     TvButton* m_co2Calculator = nullptr;
     wxStaticText* m_alkalization = nullptr;
-    wxCollapsiblePane* m_furtherProperties = nullptr;
+    AdvancedInputOptions* m_furtherProperties = nullptr;
     /// Unit for which the limits of the temperature were set last.
     std::string m_limitedTemperatureUnit;
 };

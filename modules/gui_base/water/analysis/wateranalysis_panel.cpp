@@ -147,7 +147,7 @@ long WaterAnalysisPanel::GetPanelProjectStatus()
 void WaterAnalysisPanel::DoLocalize()
 {
     m_ions->Localize();
-    m_others->Localize();
+    m_others->Localize(GetCurrentDisplayUnitSystem());
     FormPanel::DoLocalize();
 }
 

@@ -5,6 +5,7 @@
 #include "gui_base/dialogs/gui_utils.h"
 #include "gui_base/input/controls/collapsible_box.h"
 #include "gui_base/input/controls/flow_sizer.h"
+#include "gui_base/input/panel/advanced_input_options.h"
 #include "gui_base/support/translation.h"
 #include "projectbase/whatif/what_if_rows.h"
 
@@ -116,12 +117,15 @@ bool FeedWaterPanel::FocusDetail(const DetailAddress& address)
 {
     const bool isProject = address.owner == DetailOwner();
     if (m_organics->IsShown() && isProject && address.key == "feed/medium.temp") {
-        m_organics->FindField(FeedMediumForm::kTemperature)->SetFocus();
+        TvTextCtrl* const temperature = m_organics->FindField(FeedMediumForm::kTemperature);
+        AdvancedInputOptions::OpenAround(*temperature);
+        temperature->SetFocus();
         return true;
     }
     TvTextCtrl* field = isProject ? m_specification->FindField(address.key) : nullptr;
     if (field == nullptr)
         return WaterAnalysisPanel::FocusDetail(address);
+    AdvancedInputOptions::OpenAround(*field);
     field->SetFocus();
     return true;
 }

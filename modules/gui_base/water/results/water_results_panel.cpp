@@ -14,6 +14,7 @@
 #include "projectbase/project/project_edit.h"
 
 #include <wx/sizer.h>
+#include <wx/stattext.h>
 
 #include <algorithm>
 #include <iterator>
@@ -50,6 +51,11 @@ wxString Text(const std::string& utf8)
     return wxString::FromUTF8(utf8);
 }
 
+bool IsWarning(const advice::Advice& advice)
+{
+    return advice.severity == advice::Severity::Warn;
+}
+
 /// What stands where nothing is known.
 wxString OrDash(const std::string& utf8)
 {
@@ -64,6 +70,9 @@ WaterResultsPanel::WaterResultsPanel(wxWindow* parent, Lead lead, ShowHelp showH
       m_showHelp(std::move(showHelp))
 {
     const int gap = FromDIP(kGap);
+    m_name = new wxStaticText(this, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
+                              wxST_ELLIPSIZE_MIDDLE | wxST_NO_AUTORESIZE);
+    m_name->SetFont(m_name->GetFont().Bold());
     m_badge = new ResultCard(this);
     m_balance = new TvButton(this, wxID_ANY, wxTRANSLATE("Balance"));
     m_balance->SetTranslatableToolTip(wxTRANSLATE(
@@ -72,18 +81,21 @@ WaterResultsPanel::WaterResultsPanel(wxWindow* parent, Lead lead, ShowHelp showH
     m_grid = new wxFlexGridSizer(1, gap, gap);
     m_grid->SetFlexibleDirection(wxVERTICAL);
     auto* head = new wxBoxSizer(wxVERTICAL);
+    head->Add(m_name, wxSizerFlags().Expand().Border(wxBOTTOM, gap));
     head->Add(m_badge, wxSizerFlags().Expand());
     head->Add(m_balance, wxSizerFlags().Border(wxTOP, gap));
     auto* outer = new wxBoxSizer(wxVERTICAL);
     outer->Add(head, wxSizerFlags().Expand().Border(wxALL, gap));
     const wxSizerFlags below = wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxBOTTOM, gap);
-    // What is to be minded comes before the figures, which fill the pane.
-    m_adviceSizer = new wxBoxSizer(wxVERTICAL);
-    outer->Add(m_adviceSizer, wxSizerFlags().Expand());
+    // What has to be minded comes before the figures, which fill the pane; what is only noted behind them.
+    m_warnings = new wxBoxSizer(wxVERTICAL);
+    outer->Add(m_warnings, wxSizerFlags().Expand());
     outer->Add(m_grid, below);
     ShowTiles(EmptyTiles(ShownContext("iso")));
     m_minerals = new ResultCard(this);
     outer->Add(m_minerals, below);
+    m_notes = new wxBoxSizer(wxVERTICAL);
+    outer->Add(m_notes, wxSizerFlags().Expand());
     SetSizer(outer);
     SetScrollRate(0, FromDIP(kScrollStep));
     SetMinSize(FromDIP(wxSize(kLeastWidth, kLeastWidth / 2)));
@@ -147,11 +159,23 @@ void WaterResultsPanel::ShowAll()
     if (water != nullptr)
         evaluation = advice::Evaluate(*m_project, *water);
     const advice::Evaluation* const shown = evaluation ? &*evaluation : nullptr;
+    ShowName(water);
     ShowBalance(shown, context);
     ShowTiles(shown == nullptr ? EmptyTiles(context) : ResultTiles(*shown, *water, context));
     ShowSaturation(shown, context);
     ShowAdvice(shown, context);
     Arrange();
+}
+
+void WaterResultsPanel::ShowName(const LiquidData* water)
+{
+    const bool isOneOfSeveral = water != nullptr && m_project->GetLiquidCount() > 1;
+    if (const wxString name = isOneOfSeveral ? Text(water->GetName()) : wxString();
+        name != m_name->GetLabelText()) {
+        m_name->SetLabelText(name);
+        m_name->SetToolTip(name);
+    }
+    ShowWindow(*m_name, isOneOfSeveral);
 }
 
 void WaterResultsPanel::SetContent(ResultCard& card, CardContent content)
@@ -236,25 +260,31 @@ void WaterResultsPanel::ShowSaturation(const advice::Evaluation* evaluation, con
 
 void WaterResultsPanel::ShowAdvice(const advice::Evaluation* evaluation, const ReportContext& context)
 {
-    const std::size_t count = evaluation == nullptr ? 0 : evaluation->advice.size();
-    while (m_advice.size() < count) {
+    std::vector<advice::Advice> advices;
+    if (evaluation != nullptr)
+        advices = evaluation->advice;
+    std::ranges::stable_partition(advices, &IsWarning);
+    const wxSizerFlags below = wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxBOTTOM, FromDIP(kGap));
+    const auto warnings = static_cast<std::size_t>(std::ranges::count_if(advices, &IsWarning));
+    if (warnings != m_warnings->GetItemCount())
+        m_arrangedWidth = 0;
+    m_warnings->Clear();
+    m_notes->Clear();
+    while (m_advice.size() < advices.size())
         m_advice.push_back(new ResultCard(this));
-        m_adviceSizer->Add(m_advice.back(),
-                           wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxBOTTOM, FromDIP(kGap)));
-    }
     for (std::size_t i = 0; i < m_advice.size(); ++i) {
-        ShowWindow(*m_advice[i], i < count);
-        if (i >= count)
+        ShowWindow(*m_advice[i], i < advices.size());
+        if (i >= advices.size())
             continue;
-        const advice::Advice& advice = evaluation->advice[i];
-        SetContent(
-            *m_advice[i],
-            {.caption = Text(SeverityText(advice.severity, context)),
-             .value = {},
-             .unit = {},
-             .text = Text(AdviceSentence(advice, context)),
-             .tooltip = Text(AdviceReason(advice, context)) + "\n" + i18n::Translated("Opens the user guide"),
-             .mood = advice.severity == advice::Severity::Warn ? Mood::Warn : Mood::Note});
+        const advice::Advice& advice = advices[i];
+        (i < warnings ? m_warnings : m_notes)->Add(m_advice[i], below);
+        SetContent(*m_advice[i], {.caption = Text(SeverityText(advice.severity, context)),
+                                  .value = {},
+                                  .unit = {},
+                                  .text = Text(AdviceSentence(advice, context)),
+                                  .tooltip = Text(AdviceReason(advice, context)) + "\n" +
+                                             i18n::Translated("Opens the user guide"),
+                                  .mood = IsWarning(advice) ? Mood::Warn : Mood::Note});
         m_advice[i]->SetOnActivate([this, anchor = std::string(advice.anchor)] { OpenHelp(anchor); });
     }
 }
@@ -277,7 +307,7 @@ void WaterResultsPanel::Arrange()
 {
     const int width = GetClientSize().x;
     // The size comes before the cards are made.
-    if (m_adviceSizer == nullptr || width <= 0 || width == m_arrangedWidth)
+    if (m_notes == nullptr || width <= 0 || width == m_arrangedWidth)
         return;
     m_arrangedWidth = width;
     const int gap = FromDIP(kGap);

@@ -20,6 +20,7 @@ class Project;
 class TvButton;
 class wxBoxSizer;
 class wxFlexGridSizer;
+class wxStaticText;
 
 namespace advice {
 struct Evaluation;
@@ -52,7 +53,7 @@ public:
     const ResultCard& GetBadge() const { return *m_badge; }
     const std::vector<ResultCard*>& GetTiles() const { return m_tiles; }
     const ResultCard& GetMinerals() const { return *m_minerals; }
-    /// Those of the present advice.
+    /// Those of the present advice, warnings first.
     std::vector<ResultCard*> GetAdvice() const;
     TvButton& GetBalanceButton() { return *m_balance; }
     /// How often a card was drawn anew since the panel was made.
@@ -62,6 +63,7 @@ private:
     void OnProjectChanged(const ProjectChanges& changes) override;
     const LiquidData* FindWater() const;
     void ShowAll();
+    void ShowName(const LiquidData* water);
     /// Null where there is no water.
     void ShowBalance(const advice::Evaluation* evaluation, const ReportContext& context);
     void ShowTiles(const std::vector<ResultTile>& tiles);
@@ -79,11 +81,13 @@ private:
     ShowHelp m_showHelp;
     Project* m_project = nullptr;
     DetailOwner m_water;
+    wxStaticText* m_name = nullptr;  ///< of the water, where the project has several
     ResultCard* m_badge = nullptr;
     TvButton* m_balance = nullptr;
     wxFlexGridSizer* m_grid = nullptr;
     ResultCard* m_minerals = nullptr;
-    wxBoxSizer* m_adviceSizer = nullptr;
+    wxBoxSizer* m_warnings = nullptr;   ///< above the tiles
+    wxBoxSizer* m_notes = nullptr;      ///< below them
     std::vector<ResultCard*> m_advice;  ///< those that are not needed are hidden
     std::vector<ResultCard*> m_tiles;
     std::size_t m_changed = 0;

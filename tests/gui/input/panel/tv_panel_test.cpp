@@ -107,6 +107,12 @@ TEST_F(PanelsTest, AdvancedOptionsOpenByKeyAndMakeRoom)
     EXPECT_TRUE(hidden->HasFocus());
     section->SetOpen(false);
     ASSERT_TRUE(PumpUntil([below, folded] { return below->GetPosition().y == folded; }));
+    Focus(*first);
+    hidden->SetFocus();
+    ASSERT_TRUE(PumpUntil([below, folded] { return below->GetPosition().y > folded; }))
+        << "nobody types unseen";
+    section->SetOpen(false);
+    ASSERT_TRUE(PumpUntil([below, folded] { return below->GetPosition().y == folded; }));
 
     const TestCatalogue german(Entries{{"Advanced options", "Mehr"}});
     section->Localize("iso");

@@ -176,11 +176,13 @@ TEST_F(WaterResultsPanelTest, AdviceOpensTheUserGuide)
     m_panel->Scroll(0, 1000);
     Pump();
     EXPECT_GT(m_panel->GetViewStart().y, 0) << m_panel->GetVirtualSize().y;
-    ResultCard& note = *m_panel->GetAdvice()[0];
+    ResultCard& note = *m_panel->GetAdvice()[1];
     EXPECT_THAT(note.SpokenText().utf8_string(),
                 testing::MatchesRegex("Note, Langelier index 1.* calcium carbonate .*"));
     EXPECT_EQ(note.GetContent().mood, Mood::Note);
-    const ResultCard& iron = *m_panel->GetAdvice()[1];
+    const ResultCard& iron = *m_panel->GetAdvice()[0];
+    EXPECT_LT(iron.GetPosition().y, m_panel->GetTiles().front()->GetPosition().y);
+    EXPECT_GT(note.GetPosition().y, m_panel->GetTiles().back()->GetPosition().y);
     EXPECT_EQ(iron.SpokenText(),
               "Warning, Iron 1.2 mg/l is not below 1 mg/l, from which on it has to be removed ahead");
     EXPECT_EQ(iron.GetContent().mood, Mood::Warn);
