@@ -184,7 +184,7 @@ TEST_F(WaterResultsPanelTest, AdviceOpensTheUserGuide)
     EXPECT_LT(iron.GetPosition().y, m_panel->GetTiles().front()->GetPosition().y);
     EXPECT_GT(note.GetPosition().y, m_panel->GetTiles().back()->GetPosition().y);
     EXPECT_EQ(iron.SpokenText(),
-              "Warning, Iron 1.2 mg/l is not below 1 mg/l, from which on it has to be removed ahead");
+              "Warning, Iron 1.2 mg/l is not below 1 mg/l: it has to be removed ahead of ion exchangers");
     EXPECT_EQ(iron.GetContent().mood, Mood::Warn);
     EXPECT_THAT(iron.GetContent().tooltip.utf8_string(), HasSubstr("Source: Illinois"));
     gui_test::Click(note);
