@@ -17,7 +17,7 @@ ChartPage::~ChartPage() = default;
 void ChartPage::DoCreateForm()
 {
     m_panel = new ChartViewerPanel(ChartViewerController::DiagramTypes(), ChartViewerController::Media(),
-                                   ChartViewerController::Resins(), this, wxID_ANY);
+                                   ChartViewerController::Resins(*GetProject()), this, wxID_ANY);
     // The panel scrolls by itself.
     m_panel->SetMinSize(FromDIP(wxSize(kLeastSide, kLeastSide)));
     auto* outer = new wxBoxSizer(wxVERTICAL);

@@ -40,11 +40,16 @@ ChartViewerPanel::Choices ChartViewerController::Media()
     return choices;
 }
 
-ChartViewerPanel::Choices ChartViewerController::Resins()
+ChartViewerPanel::Choices ChartViewerController::Resins(const Project& project)
 {
     ChartViewerPanel::Choices choices;
-    for (const design::Resin& resin : design::Resins())
-        choices.emplace_back(resin.id, wxString::FromUTF8(resin.name));
+    for (const bool isOfPlant : {true, false}) {
+        for (const design::Resin& resin : design::Resins()) {
+            const auto points = curve_calculations::DesignPoints(DIAGRAM_TYPE::PressureDrop, resin, project);
+            if (points.empty() != isOfPlant)
+                choices.emplace_back(resin.id, wxString::FromUTF8(resin.name));
+        }
+    }
     return choices;
 }
 

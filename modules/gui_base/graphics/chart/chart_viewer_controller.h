@@ -19,8 +19,8 @@ public:
     /// What the choices of the panel offer.
     static ChartViewerPanel::Choices DiagramTypes();
     static ChartViewerPanel::Choices Media();
-    /// All resins; empty where the master data cannot be read.
-    static ChartViewerPanel::Choices Resins();
+    /// All resins, those of the plant first; empty where the master data cannot be read.
+    static ChartViewerPanel::Choices Resins(const Project& project);
 
     /// Fills the panel and draws. Project and panel outlive the controller.
     ChartViewerController(const Project& project, ChartViewerPanel& panel);

@@ -119,6 +119,24 @@ protected:
     }
 };
 
+class ChartPageOfDealkalisation : public ChartPageTest
+{
+protected:
+    ChartPageOfDealkalisation() : ChartPageTest("DEALK")
+    {
+        support::SetWater(m_project, {{"ca", 3.0}, {"na", 1.0}, {"cl", 1.0}, {"hco3", 3.0}});
+        support::SetFlow(m_project);
+    }
+};
+
+TEST_F(ChartPageOfDealkalisation, BeginsWithTheResinOfThePlant)
+{
+    Open();
+    EXPECT_NE(Panel().DoGetResinSelection(), design::Resins().front().name);
+    const auto& resins = design::Resins();
+    EXPECT_EQ(Panel().DoGetResinSelection(), std::ranges::find(resins, "wac_acrylic", &design::Resin::key)->name);
+}
+
 TEST_F(ChartPageTest, ShowsErgunsCurvesOfTheFirstResinInWater)
 {
     Open();
