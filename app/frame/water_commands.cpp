@@ -3,6 +3,7 @@
 
 #include "app/frame/main_frame.h"
 #include "app/frame/results_text.h"
+#include "app/frame/water_names.h"
 #include "core/text_limits.h"
 #include "gui_base/dialogs/file_name_creator.h"
 #include "gui_base/dialogs/line_entry_dialog.h"
@@ -39,24 +40,6 @@ constexpr unsigned long kMostNameLength = 100;
 wxString Tr(const char* source)
 {
     return i18n::Translated(source);
-}
-
-bool IsTaken(const Project& project, const std::string& name)
-{
-    for (std::size_t i = 0; i < project.GetLiquidCount(); ++i) {
-        if (project.GetLiquid(i).GetName() == name)
-            return true;
-    }
-    return false;
-}
-
-/// A name that no water of the project has: "Water", "Water 2", …
-std::string NewWaterName(const Project& project, const std::string& wanted)
-{
-    std::string name = wanted;
-    for (int number = 2; IsTaken(project, name); ++number)
-        name = wanted + " " + std::to_string(number);
-    return name;
 }
 
 wxString AnalysisWildcard()
@@ -335,7 +318,7 @@ void WaterCommands::Duplicate()
     LiquidData* copy = nullptr;
     {
         const ProjectEdit edit(project, wxTRANSLATE("duplicate water"), EditKind::Copied);
-        copy = &project.AddLiquid(NewWaterName(project, ShownName(*water).utf8_string()));
+        copy = &project.AddLiquid(CopyOfWaterName(project, ShownName(*water).utf8_string()));
         copy->GetDetails()->CopyValues(*water->GetDetails());
         project.MoveOwner(*copy, water->GetPosition() + 1);
     }

@@ -8,6 +8,7 @@
 #include <wx/frame.h>
 #include <wx/fs_zip.h>
 #include <wx/html/helpctrl.h>
+#include <wx/html/helpfrm.h>
 #include <wx/html/helpwnd.h>
 #include <wx/html/htmlfilt.h>
 #include <wx/html/htmlwin.h>
@@ -56,12 +57,32 @@ bool HasPage(const wxFileName& book, const wxString& section)
     return file != nullptr;
 }
 
+/// Makes windows that Escape closes, as it does the dialogs from which the guide is opened.
+class HelpController : public wxHtmlHelpController
+{
+public:
+    HelpController() : wxHtmlHelpController(wxHF_DEFAULT_STYLE | wxHF_OPEN_FILES) {}
+
+protected:
+    wxHtmlHelpFrame* CreateHelpFrame(wxHtmlHelpData* data) override
+    {
+        wxHtmlHelpFrame* const frame = wxHtmlHelpController::CreateHelpFrame(data);
+        frame->Bind(wxEVT_CHAR_HOOK, [frame](wxKeyEvent& event) {
+            if (event.GetKeyCode() == WXK_ESCAPE && !event.HasAnyModifiers())
+                frame->Close();
+            else
+                event.Skip();
+        });
+        return frame;
+    }
+};
+
 }  // namespace
 
 struct TVHelpFileProvider::Book
 {
     wxFileName file;
-    wxHtmlHelpController controller{wxHF_DEFAULT_STYLE | wxHF_OPEN_FILES};
+    HelpController controller;
 
     bool Add(const wxFileName& other)
     {

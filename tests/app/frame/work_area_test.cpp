@@ -171,6 +171,31 @@ TEST_F(WorkAreaTest, WatersAreRenamedDuplicatedAndMovedInTheNavigator)
     EXPECT_EQ(WaterNames(), (std::vector<std::string>{first, "well"}));
 }
 
+TEST_F(WorkAreaTest, CopiesOfWatersGoOnCounting)
+{
+    struct Case
+    {
+        const char* name;
+        const char* other;  ///< name of the second water
+        const char* copy;
+    };
+    m_frame->Waters().Add();
+    for (const auto& [name, other, copy] :
+         {Case{"Well", "a", "Well 2"}, Case{"Well 2", "b", "Well 3"}, Case{"Well 1", "c", "Well 1 2"},
+          Case{"Well 2", "Well 3", "Well 4"}, Case{"Well 2019", "d", "Well 2019 2"},
+          Case{"Well 07", "e", "Well 07 2"}, Case{"Well A2", "f", "Well A2 2"}, Case{"7", "7 2", "7 3"}}) {
+        m_frame->Waters().RenameTo(OpenProject().GetLiquid(1), other);
+        m_frame->Waters().RenameTo(OpenProject().GetLiquid(0), name);
+        m_frame->GetBook().Show(OpenProject().GetLiquid(0).GetOwner());
+        m_frame->Waters().Duplicate();
+        EXPECT_EQ(WaterNames(), (std::vector<std::string>{name, copy, other}));
+        m_frame->Waters().Remove();
+    }
+    // Only copies do: another water that is given the name keeps it whole.
+    m_frame->Waters().RenameTo(OpenProject().GetLiquid(0), "7 2");
+    EXPECT_EQ(WaterNames(), (std::vector<std::string>{"7 2 2", "7 2"}));
+}
+
 TEST_F(WorkAreaTest, TheStartPageBeginsProjects)
 {
     m_frame->ShowStart();

@@ -7,6 +7,7 @@
 #include "tncommon/data_dir.h"
 
 #include <wx/frame.h>
+#include <wx/html/htmlwin.h>
 
 #include <algorithm>
 #include <fstream>
@@ -131,6 +132,21 @@ TEST_F(HelpFileProviderTest, ASwitchOfTheLanguageTurnsTheOpenPage)
         const std::string folder = language == std::string("en") ? "help" : language;
         EXPECT_EQ(Shown(provider), folder + ": wateradvice.html#silica");
         EXPECT_EQ(CountWindows(), before + 1) << "one help window at a time";
+    }
+}
+
+TEST_F(HelpFileProviderTest, EscapeClosesTheWindowAndItOpensAgain)
+{
+    const TVHelpFileProvider provider((tncommon::DataDir() / "help").string());
+    const std::size_t before = CountWindows();
+    for (int i = 0; i < 2; ++i) {
+        provider.DisplayHelpSection("design.html");
+        ASSERT_TRUE(PumpUntil([&] { return CountWindows() == before + 1; }));
+        wxWindow* const window = wxTopLevelWindows.GetLast()->GetData();
+        Focus(Find<wxHtmlWindow>(*window));
+        Press(WXK_ESCAPE);
+        EXPECT_TRUE(PumpUntil([&] { return CountWindows() == before; }));
+        EXPECT_EQ(provider.GetShownPage(), "");
     }
 }
 

@@ -44,7 +44,7 @@ WaterLibDialog::WaterLibDialog(Logger& logger, wxWindow* parent, int id, const w
     InitDataTree();
     ClearDetails();
     m_tree->SelectFirst();
-    m_tree->SetFocus();
+    m_search->SetFocus();
 }
 
 WaterLibDialog::~WaterLibDialog()

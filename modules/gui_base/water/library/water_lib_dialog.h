@@ -121,6 +121,8 @@ private:
     void CloseWith(int code);
 
     void ClearSearch();
+    /// From the search to what it found; stays in it when that is nothing.
+    void GoToFirstWater();
     void OnCharHook(wxKeyEvent& event);
 
     Logger& m_logger;

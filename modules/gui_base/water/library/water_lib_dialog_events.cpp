@@ -181,9 +181,20 @@ void WaterLibDialog::ClearSearch()
     ApplySearch();
 }
 
+void WaterLibDialog::GoToFirstWater()
+{
+    if (m_waters->GetItemCount() == 0)
+        return;
+    m_waters->SetFocus();
+    m_waters->Select(0);
+    m_waters->Focus(0);
+}
+
 void WaterLibDialog::OnCharHook(wxKeyEvent& event)
 {
-    if (event.GetKeyCode() == WXK_F1 && m_help != nullptr)
+    if (event.GetKeyCode() == WXK_DOWN && !event.HasAnyModifiers() && m_search->HasFocus())
+        GoToFirstWater();
+    else if (event.GetKeyCode() == WXK_F1 && m_help != nullptr)
         m_help->DisplayHelpSection("waterlibrary.html");
     else
         event.Skip();

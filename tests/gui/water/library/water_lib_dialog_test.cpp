@@ -126,6 +126,27 @@ TEST_F(WaterLibTest, SearchesAllFoldersOrTheOpenOne)
     EXPECT_TRUE(search.IsEmpty());
 }
 
+TEST_F(WaterLibTest, TheKeyboardGoesFromTheSearchToTheFirstWaterAndTakesIt)
+{
+    WaterLibDialog& dialog = Open();
+    auto& search = Find<wxSearchCtrl>(dialog);
+    EXPECT_TRUE(search.HasFocus()) << "who opens the library can type at once";
+    Focus(search);
+    Type("nosuch");
+    Press(WXK_DOWN);
+    EXPECT_TRUE(search.HasFocus()) << "nothing was found";
+    Press('A', wxMOD_CONTROL);
+    Type("603d9e1f");
+    ASSERT_EQ(Sources(), (std::vector<std::string>{"Saline groundwater 603d9e1f"}));
+    Press(WXK_DOWN);
+    EXPECT_TRUE(dialog.GetWaterList().HasFocus());
+    EXPECT_EQ(dialog.GetWaterList().GetFirstSelected(), 0);
+    EXPECT_TRUE(UseButton().IsEnabled());
+    ExpectBox({"Confirm|Overwrite current water analysis?"}, wxID_YES);
+    Press(WXK_RETURN);
+    EXPECT_EQ(dialog.GetReturnCode(), wxID_OK);
+}
+
 TEST_F(WaterLibTest, RemovesNoSuppliedWaterOfTheSameIdentifier)
 {
     WaterLibDialog& dialog = Open();
