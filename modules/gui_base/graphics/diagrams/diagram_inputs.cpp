@@ -21,8 +21,7 @@
 namespace {
 
 constexpr long kAll = -1;
-constexpr int kListWidth = 200;
-constexpr int kMostListWidth = 290;
+constexpr int kListWidth = 230;
 constexpr int kListHeight = 120;
 /// What the box and the scroll bar of the list take beside a name.
 constexpr int kBesideName = 48;
@@ -119,17 +118,12 @@ void DiagramInputs::SetWaters(const std::vector<NamedWater>& waters)
     if (m_waters == waters)
         return;
     m_waters = waters;
-    // As wide as the names, as far as the diagrams can spare it; names that begin alike differ at their end.
-    const int beside = FromDIP(kBesideName);
-    int width = FromDIP(kListWidth) - beside;
-    for (const auto& [owner, name] : m_waters)
-        width = std::max(width, m_list->GetTextExtent(wxString::FromUTF8(name)).x);
-    width = std::min(width, FromDIP(kMostListWidth) - beside);
-    m_list->SetMinSize({width + beside, FromDIP(kListHeight)});
+    // Names that begin alike differ at their end.
+    const int room = FromDIP(kListWidth - kBesideName);
     wxClientDC dc(m_list);
     wxArrayString names;
     for (const auto& [owner, name] : m_waters)
-        names.push_back(wxControl::Ellipsize(wxString::FromUTF8(name), dc, wxELLIPSIZE_MIDDLE, width));
+        names.push_back(wxControl::Ellipsize(wxString::FromUTF8(name), dc, wxELLIPSIZE_MIDDLE, room));
     const int selected = m_list->GetSelection();
     m_list->Set(names);
     for (unsigned i = 0; i < m_list->GetCount(); ++i)
