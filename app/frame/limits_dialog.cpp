@@ -2,7 +2,9 @@
 #include "app/frame/limits_dialog.h"
 
 #include "gui_base/dialogs/dialog_buttons.h"
+#include "gui_base/dialogs/field_fault.h"
 #include "gui_base/input/controls/tv_textctrl.h"
+#include "gui_base/input/validation/numeric_validator.h"
 #include "gui_base/support/accessibility.h"
 #include "gui_base/support/translation.h"
 #include "projectbase/advice/resin_limits.h"
@@ -10,10 +12,12 @@
 #include "projectbase/settings/settings.h"
 
 #include <wx/button.h>
+#include <wx/infobar.h>
 #include <wx/scrolwin.h>
 #include <wx/stattext.h>
 
 #include <cmath>
+#include <optional>
 
 namespace app {
 namespace {
@@ -21,12 +25,30 @@ namespace {
 constexpr const char* kIso = "iso";
 constexpr int kFieldWidth = 72;
 constexpr int kHeight = 420;
+constexpr std::size_t kMostQuoted = 16;
 constexpr const char* kNote = wxTRANSLATE("Note");
 constexpr const char* kWarning = wxTRANSLATE("Warning");
 
 wxString Tr(const char* source)
 {
     return i18n::Translated(source);
+}
+
+/// "Iron, softening, Note".
+wxString NameOf(const advice::LimitRow& row, const char* column)
+{
+    return Tr(row.label) + ", " + Tr(row.ahead) + ", " + Tr(column);
+}
+
+wxString TextOf(const wxTextCtrl& field)
+{
+    return field.GetValue().Trim(true).Trim(false);
+}
+
+/// What a message says of a text, which may be a pasted page, is to fit the dialog.
+wxString Quoted(const wxString& text)
+{
+    return text.length() > kMostQuoted ? text.Left(kMostQuoted) + wxString::FromUTF8("\u2026") : text;
 }
 
 /// "limit.fe.soft.note" and the like: a copy of the setting.
@@ -47,6 +69,7 @@ LimitsDialog::LimitsDialog(wxWindow* parent, const std::map<std::string, double>
         CopySetting(advice::NoteSetting(row), changed, m_values);
         CopySetting(advice::WarnSetting(row), changed, m_values);
     }
+    m_problem = new wxInfoBar(this);
     auto* scrolled =
         new wxScrolledWindow(this, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxVSCROLL | wxTAB_TRAVERSAL);
     auto* grid = new wxFlexGridSizer(5, FromDIP(wxSize(12, 4)));
@@ -66,19 +89,25 @@ LimitsDialog::LimitsDialog(wxWindow* parent, const std::map<std::string, double>
     defaults->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { TakeDefaults(); });
     auto* outer = new wxBoxSizer(wxVERTICAL);
     const wxSizerFlags spaced = wxSizerFlags().Border(wxALL, FromDIP(12)).Expand();
+    outer->Add(m_problem, wxSizerFlags().Expand());
     outer->Add(scrolled, wxSizerFlags(spaced).Proportion(1));
     outer->Add(defaults, wxSizerFlags().Border(wxLEFT | wxRIGHT, FromDIP(12)));
     outer->Add(dialogs::CreateButtons(*this, true), spaced);
     SetSizerAndFit(outer);
     CentreOnParent();
+    // What a commit of a field means for its fault; Enter still presses OK.
+    Bind(wxEVT_TEXT_ENTER, [this](wxCommandEvent& event) {
+        ShowFaults();
+        event.Skip();
+    });
+    Bind(wxEVT_BUTTON, &LimitsDialog::OnOk, this, wxID_OK);
 }
 
 void LimitsDialog::AddRow(wxWindow& place, wxFlexGridSizer& grid, const advice::LimitRow& row)
 {
     const wxString label = Tr(row.label);
-    const wxString ahead = Tr(row.ahead);
     grid.Add(new wxStaticText(&place, wxID_ANY, label), wxSizerFlags().CentreVertical());
-    grid.Add(new wxStaticText(&place, wxID_ANY, ahead), wxSizerFlags().CentreVertical());
+    grid.Add(new wxStaticText(&place, wxID_ANY, Tr(row.ahead)), wxSizerFlags().CentreVertical());
     std::string unit;
     for (const bool isWarning : {false, true}) {
         const std::string name = isWarning ? advice::WarnSetting(row) : advice::NoteSetting(row);
@@ -89,9 +118,8 @@ void LimitsDialog::AddRow(wxWindow& place, wxFlexGridSizer& grid, const advice::
                                                      .undef = std::nan(""),
                                                      .width = kFieldWidth,
                                                      .inIsoUnits = true});
-        accessibility::SetName(*field, accessibility::NameWithUnit(
-                                           label + ", " + ahead + ", " + Tr(isWarning ? kWarning : kNote),
-                                           wxString::FromUTF8(unit)));
+        accessibility::SetName(*field, accessibility::NameWithUnit(NameOf(row, isWarning ? kWarning : kNote),
+                                                                   wxString::FromUTF8(unit)));
         grid.Add(field);
     }
     grid.Add(new wxStaticText(&place, wxID_ANY, wxString::FromUTF8(unit)), wxSizerFlags().CentreVertical());
@@ -104,6 +132,60 @@ void LimitsDialog::TakeDefaults()
             value->CopyValue(prototype);
     }
     m_fields.ShowDetails(kIso);
+    ShowFaults();
+}
+
+void LimitsDialog::AddFaults(const advice::LimitRow& row, std::vector<Fault>& faults) const
+{
+    const auto limitIn = [&](TvTextCtrl& field, const char* column) -> std::optional<double> {
+        const wxString text = TextOf(field);
+        const std::optional<double> limit = NumericValidator::ParseNumber(text);
+        if (!limit && !text.empty())
+            faults.push_back(
+                {&field, wxString::Format(Tr("%s:\n\"%s\" is no number; an empty field means no limit"),
+                                          NameOf(row, column), Quoted(text))});
+        return limit;
+    };
+    TvTextCtrl& note = *FindField(advice::NoteSetting(row));
+    TvTextCtrl& warning = *FindField(advice::WarnSetting(row));
+    const std::optional<double> noteLimit = limitIn(note, kNote);
+    const std::optional<double> warningLimit = limitIn(warning, kWarning);
+    if (noteLimit && warningLimit && *noteLimit > *warningLimit)
+        faults.push_back(
+            {&note,
+             wxString::Format(Tr("%s, %s:\nthe note begins at %s, above the warning at %s"), Tr(row.label),
+                              Tr(row.ahead), Quoted(TextOf(note)), Quoted(TextOf(warning)))});
+}
+
+std::vector<LimitsDialog::Fault> LimitsDialog::ShowFaults()
+{
+    std::vector<Fault> faults;
+    for (const advice::LimitRow& row : advice::LimitRows())
+        AddFaults(row, faults);
+    std::set<TvTextCtrl*> faulty;
+    for (const Fault& fault : faults) {
+        dialogs::ShowFault(*fault.field, fault.reason);
+        faulty.insert(fault.field);
+        m_faulty.erase(fault.field);
+    }
+    for (TvTextCtrl* const mended : m_faulty)
+        dialogs::ShowFault(*mended, wxString());
+    m_faulty = std::move(faulty);
+    if (faults.empty())
+        m_problem->Dismiss();
+    return faults;
+}
+
+void LimitsDialog::OnOk(wxCommandEvent& event)
+{
+    const std::vector<Fault> faults = ShowFaults();
+    if (faults.empty()) {
+        event.Skip();
+        return;
+    }
+    m_problem->ShowMessage(faults.front().reason, wxICON_ERROR);
+    faults.front().field->SetFocus();
+    faults.front().field->SelectAll();
 }
 
 std::map<std::string, double> LimitsDialog::GetChanged()

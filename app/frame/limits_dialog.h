@@ -2,14 +2,19 @@
 #pragma once
 
 /// The limits of water ahead of resins, each with the figure that a note begins at and the one of a warning.
-/// Works on a copy; an emptied field is no limit.
+/// Works on a copy; an emptied field is no limit. OK stays in the dialog, and tells why, while a field holds
+/// no number or a note begins above its warning.
 
 #include "gui_base/input/form/field_set.h"
 
 #include <wx/dialog.h>
 
 #include <map>
+#include <set>
 #include <string>
+#include <vector>
+
+class wxInfoBar;
 
 namespace advice {
 struct LimitRow;
@@ -31,9 +36,20 @@ public:
 private:
     void AddRow(wxWindow& place, wxFlexGridSizer& grid, const advice::LimitRow& row);
     void TakeDefaults();
+    struct Fault
+    {
+        TvTextCtrl* field;
+        wxString reason;
+    };
+    void AddFaults(const advice::LimitRow& row, std::vector<Fault>& faults) const;
+    /// Colours the fields that cannot be taken; returns them.
+    std::vector<Fault> ShowFaults();
+    void OnOk(wxCommandEvent& event);
 
     DetailList m_values;
     FieldSet m_fields{m_values};
+    std::set<TvTextCtrl*> m_faulty;
+    wxInfoBar* m_problem = nullptr;
 };
 
 }  // namespace app

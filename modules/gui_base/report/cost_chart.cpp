@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "gui_base/report/cost_chart.h"
 
-#include "gui_base/report/resin_chart.h"
+#include "gui_base/report/no_data_text.h"
 #include "projectbase/costs/project_costs.h"
 #include "projectbase/project/iex_project.h"
 
@@ -22,7 +22,7 @@ std::shared_ptr<chartdir::XYChart> Make(const iex::IEXProject& project, const Re
 {
     auto chart = std::make_shared<chartdir::XYChart>(kWidth, kHeight);
     chart->setSeparators(context.separators);
-    chart->setNoDataText(context.Translated(resin_chart::NoDataText()));
+    chart->setNoDataText(context.Translated(NoDataText()));
     chart->addTitle(context.Translated(wxTRANSLATE("Operating cost of each year")));
     chart->xAxis().setTitle(context.Translated(wxTRANSLATE("Year")));
     chart->yAxis().setTitle(currency.code);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "chartdir/plane_chart.h"
-#include "gui_base/report/resin_chart.h"
+#include "gui_base/report/no_data_text.h"
 #include "gui_base/report/water_diagram_parts.h"
 #include "projectbase/water/diagrams/piper.h"
 
@@ -169,7 +169,7 @@ std::shared_ptr<chartdir::BaseChart> MakePiper(const Contents& contents, const R
             AddWater(*chart, water, *shares, most > 0.0 ? SizeOf(water, most) : kMarker, context);
     }
     chart->setLegend(contents.waters.size() > 1);
-    chart->setNoDataText(context.Translated(resin_chart::NoDataText()));
+    chart->setNoDataText(context.Translated(NoDataText()));
     return chart;
 }
 

@@ -2,7 +2,7 @@
 // Those that are drawn over meq/l: ion bars, Stiff and Schoeller.
 #include "chartdir/stiff_chart.h"
 #include "chartdir/xy_chart.h"
-#include "gui_base/report/resin_chart.h"
+#include "gui_base/report/no_data_text.h"
 #include "gui_base/report/water_diagram_parts.h"
 #include "projectbase/water/diagrams/ion_diagrams.h"
 
@@ -80,7 +80,7 @@ std::vector<chartdir::Segment> SegmentsOf(const std::vector<diagrams::BarSegment
 std::shared_ptr<chartdir::XYChart> NewChart(const ReportContext& context)
 {
     auto chart = std::make_shared<chartdir::XYChart>(kWidth, kHeight);
-    chart->setNoDataText(context.Translated(resin_chart::NoDataText()));
+    chart->setNoDataText(context.Translated(NoDataText()));
     chart->yAxis().setTitle("meq/l");
     return chart;
 }
@@ -149,7 +149,7 @@ std::shared_ptr<chartdir::BaseChart> MakeStiff(const Contents& contents, const R
     }
     chart->setRows(std::move(names));
     chart->setAxisTitle("meq/l");
-    chart->setNoDataText(context.Translated(resin_chart::NoDataText()));
+    chart->setNoDataText(context.Translated(NoDataText()));
     return chart;
 }
 

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 // The program's window with real files, menus and keys.
-#include "app/frame/limits_dialog.h"
 #include "app/frame/results_text.h"
 #include "app/frame/settings_dialog.h"
 #include "app/frame/template_dialog.h"
@@ -370,24 +369,6 @@ TEST_F(MainFrameTest, SettingsTakeEffectTogetherOrNotAtAll)
     EXPECT_THAT(Messages(), testing::ElementsAre(testing::HasSubstr("Die Datenbank PostgreSQL kann nicht")));
     EXPECT_EQ(Settings::GetSetting("autosave.minutes").GetLongValue(), 7) << "nothing is applied";
     EXPECT_EQ(app::CurrentLanguage(), "de");
-}
-
-TEST_F(MainFrameTest, LimitsAreEditedOnACopy)
-{
-    Settings::Reset();
-    app::LimitsDialog dialog(m_frame, {{"limit.toc.gel.warn", 3.5}});
-    dialog.Show();
-    Pump();
-    EXPECT_EQ(dialog.GetChanged(), (std::map<std::string, double>{{"limit.toc.gel.warn", 3.5}}));
-    gui_test::Enter(gui_test::Find<TvTextCtrl>(dialog, "Iron, softening, Note [mg/l]"), "0.4");
-    gui_test::Enter(*dialog.FindField("limit.tss.soft.warn"), "");
-    const auto changed = dialog.GetChanged();
-    EXPECT_EQ(changed.size(), 3u);
-    EXPECT_EQ(changed.at("limit.fe.soft.note"), 0.4);
-    EXPECT_TRUE(std::isnan(changed.at("limit.tss.soft.warn"))) << "no limit";
-    EXPECT_EQ(Settings::GetSetting("limit.fe.soft.note").GetDoubleValue(), 0.3) << "nothing is applied";
-    gui_test::Click(gui_test::Labelled<wxButton>(dialog, "Defaults"));
-    EXPECT_TRUE(dialog.GetChanged().empty());
 }
 
 TEST_F(MainFrameTest, EveryExampleOpens)
