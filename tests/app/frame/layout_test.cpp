@@ -17,6 +17,7 @@
 #include <wx/statbox.h>
 #include <wx/stattext.h>
 #include <wx/textctrl.h>
+#include <wx/utils.h>
 
 #include <cstdlib>
 #include <gtk/gtk.h>
@@ -135,10 +136,17 @@ protected:
     void Settle()
     {
         constexpr int kMostTurns = 20;
-        std::vector<std::string> before;
+        std::vector<wxRect> before;
         for (int turn = 0; turn < kMostTurns; ++turn) {
+            // The toolkit gives windows their places on the screen by the beat of its clock.
+            constexpr int kBeat = 20;
+            wxMilliSleep(kBeat);
             gui_test::Pump();
-            std::vector<std::string> now = Places();
+            std::vector<wxRect> now;
+            VisitShown(Page(), [&now](const wxWindow& window) {
+                now.push_back(window.GetRect());
+                now.push_back(window.GetScreenRect());
+            });
             if (now == before)
                 return;
             before = std::move(now);

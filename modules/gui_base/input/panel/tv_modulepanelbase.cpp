@@ -321,7 +321,7 @@ void ModulePanelBase::ShowInUnitSystem(bool transferValues)
     DoUpdateUnits();
     if (transferValues)
         DoTransferDetailsToWindows();
-    FitOtherTexts();
+    FitAndLayout();
 }
 
 void ModulePanelBase::OnLocalize(wxCommandEvent& event)
@@ -335,7 +335,7 @@ void ModulePanelBase::Localize(const std::string&)
     const wxWindowUpdateLocker frozen(this);
     LocalizeControls();
     DoLocalize();
-    FitOtherTexts();
+    FitAndLayout();
 }
 
 void ModulePanelBase::LocalizeControls()

@@ -176,8 +176,6 @@ protected:
     void CalculateDesign();
     /// Gives the panel the room that its contents want now, and lays out what is around it.
     void FitAndLayout();
-    /// The same after other texts or units.
-    void FitOtherTexts();
 
     /// Handler of every committed edit.
     void OnFieldUpdate(wxCommandEvent& event);

@@ -88,14 +88,6 @@ void ModulePanelBase::FitAndLayout()
     }
 }
 
-void ModulePanelBase::FitOtherTexts()
-{
-    FitAndLayout();
-    // The toolkit measures lists of other texts only when it has time for it.
-    if (IsBookPage())
-        CallAfter(&ModulePanelBase::FitAndLayout);
-}
-
 bool ModulePanelBase::IsBookPage() const
 {
     // A panel on a page is none itself; a page may stand in a place holder that its book knows instead.
