@@ -101,7 +101,8 @@ bool IsDemiGel(const PlantKind& plant)
 }
 
 constexpr const char* kUsual = wxTRANSLATE("%s is above the usual limit of %s ahead of ion exchangers");
-constexpr const char* kStated = wxTRANSLATE("%s is not below %s: it has to be removed ahead of ion exchangers");
+constexpr const char* kStated =
+    wxTRANSLATE("%s is not below %s: it has to be removed ahead of ion exchangers");
 constexpr const char* kAbove = wxTRANSLATE("%s is above the limit of %s ahead of ion exchangers");
 
 constexpr const char* kIronFouls = wxTRANSLATE(

@@ -134,7 +134,8 @@ TEST_F(ChartPageOfDealkalisation, BeginsWithTheResinOfThePlant)
     Open();
     EXPECT_NE(Panel().DoGetResinSelection(), design::Resins().front().name);
     const auto& resins = design::Resins();
-    EXPECT_EQ(Panel().DoGetResinSelection(), std::ranges::find(resins, "wac_acrylic", &design::Resin::key)->name);
+    EXPECT_EQ(Panel().DoGetResinSelection(),
+              std::ranges::find(resins, "wac_acrylic", &design::Resin::key)->name);
 }
 
 TEST_F(ChartPageTest, ShowsErgunsCurvesOfTheFirstResinInWater)
