@@ -104,7 +104,8 @@ void Text::Shorten(double width)
         return;
     pango_layout_set_single_paragraph_mode(m_layout.get(), TRUE);
     pango_layout_set_width(m_layout.get(), static_cast<int>(std::max(width, 0.0) * PANGO_SCALE));
-    pango_layout_set_ellipsize(m_layout.get(), PANGO_ELLIPSIZE_END);
+    // Names that begin alike differ at their end, where titles have their unit, too.
+    pango_layout_set_ellipsize(m_layout.get(), PANGO_ELLIPSIZE_MIDDLE);
     Measure();
 }
 
