@@ -54,7 +54,9 @@ std::string BalanceVerdictText(const advice::BalanceJudgement& judgement, const 
     };
     switch (judgement.verdict) {
         case BalanceVerdict::NotJudged:
-            return {};
+            if (judgement.lacksAnions)
+                return context.Translated(wxTRANSLATE("no anions yet"));
+            return judgement.lacksCations ? context.Translated(wxTRANSLATE("no cations yet")) : std::string();
         case BalanceVerdict::Closed:
             return ClosedText(judgement, context) +
                    (judgement.isClosedOverLimit
@@ -87,7 +89,8 @@ std::string BalanceErrorText(const advice::BalanceJudgement& judgement, const Re
 std::string BalanceText(const advice::BalanceJudgement& judgement, const ReportContext& context)
 {
     const std::string verdict = BalanceVerdictText(judgement, context);
-    return verdict.empty() ? verdict : BalanceErrorText(judgement, context) + ", " + verdict;
+    const std::string error = BalanceErrorText(judgement, context);
+    return error.empty() || verdict.empty() ? verdict : error + ", " + verdict;
 }
 
 }  // namespace wateranalysis

@@ -124,9 +124,12 @@ BalanceJudgement JudgeBalance(const DetailList& liquid, BalanceRule rule)
 {
     const auto sum = [&liquid](const char* key) { return liquid.At(key).GetDoubleValue(); };
     // H+ and OH- of the pH alone are no analysis.
-    if (liquid.At("liquid/analysis.type").GetStdStringValue() != "FULL" ||
-        !(sum("liquid/sum.c.meql") > 0.0) || !(sum("liquid/sum.a.meql") > 0.0))
+    if (liquid.At("liquid/analysis.type").GetStdStringValue() != "FULL")
         return {.rule = rule};
+    const bool hasCations = sum("liquid/sum.c.meql") > 0.0;
+    const bool hasAnions = sum("liquid/sum.a.meql") > 0.0;
+    if (!hasCations || !hasAnions)
+        return {.rule = rule, .lacksCations = hasAnions, .lacksAnions = hasCations};
     const water::ChargeSums sums = water::BalanceSums(liquid);
     BalanceJudgement judgement = Judge(sums, rule);
     SetRange(judgement, sums, liquid);

@@ -52,6 +52,8 @@ struct BalanceJudgement
     double limit = std::numeric_limits<double>::quiet_NaN();       ///< of the error, or of the difference
     bool isLimitOfDifference = false;
     bool isBeyondRule = false;  ///< more anions than the table of the rule has
+    bool lacksCations = false;  ///< only anions were analysed, so far
+    bool lacksAnions = false;
     /// What automatic balancing adds, meq/l; 0 without it.
     double closingSodium = 0.0;
     double closingChloride = 0.0;

@@ -199,6 +199,13 @@ TEST_F(WaterResultsPanelTest, AWaterThatGoesLeavesNothing)
     m_project.AddLiquid("Second");
     m_panel->SetWater(&m_project, m_project.GetLiquid(1).GetOwner());
     EXPECT_EQ(Spoken("Total hardness"), "Total hardness: \u2013") << "nothing was analysed";
+    EXPECT_EQ(Badge(), "Ion balance: \u2013");
+    DetailList& second = *m_project.GetLiquid(1).GetDetails();
+    second.At("liquid/na.orig").SetValue(23.0);
+    EXPECT_EQ(Badge(), "Ion balance: \u2013, no anions yet");
+    second.At("liquid/na.orig").SetValue(0.0);
+    second.At("liquid/cl.orig").SetValue(35.0);
+    EXPECT_EQ(Badge(), "Ion balance: \u2013, no cations yet");
     m_panel->SetWater(&m_project, Water());
     m_project.RemoveLiquid(0);
     EXPECT_EQ(Spoken("Total hardness"), "Total hardness: \u2013");
