@@ -5,7 +5,9 @@
 #include "projectbase/advice/evaluation.h"
 #include "projectbase/project/blended_water.h"
 #include "projectbase/project/project.h"
+#include "projectbase/units/unit_system_manager.h"
 
+#include <fmt/format.h>
 #include <wx/translation.h>
 
 #include <algorithm>
@@ -40,6 +42,19 @@ std::vector<ResultTile> BlendTiles(const Project& project, const LiquidData* ble
     const advice::Evaluation evaluation = advice::Evaluate(*tried.project, *tried.water);
     return Chosen(ResultTiles(evaluation, *tried.water, context), BalanceText(evaluation.balance, context),
                   context);
+}
+
+std::string RecipeText(const water::BlendRecipe& recipe, const ReportContext& context)
+{
+    const char* const isoUnit = recipe.byFlow ? "m3/h" : "%";
+    const std::string unit = UnitSystemManager::GetUnit(isoUnit, context.unitSystem, true);
+    std::string text;
+    for (const water::BlendPart& part : recipe.parts) {
+        const double amount = UnitSystemManager::FromISO(isoUnit, context.unitSystem, part.amount);
+        text += fmt::format("{}{} {} {}", text.empty() ? "" : ", ", context.Number(amount, 4), unit,
+                            context.Translated(part.water.c_str()));
+    }
+    return text;
 }
 
 }  // namespace wateranalysis

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-/// What the user is told of a blend before it is made.
+/// What the user is told of a blend, also before it is made.
 
 #include "gui_base/report/water_results.h"
 #include "projectbase/water/blend_recipe.h"
@@ -13,5 +13,8 @@ namespace wateranalysis {
 GUI_BASE_REPORT_EXPORT std::vector<ResultTile> BlendTiles(const Project& project, const LiquidData* blend,
                                                           const water::BlendRecipe& recipe,
                                                           const ReportContext& context);
+
+/// "30 % Feed water, 70 % Well", "12 m³/h Feed water, 8 m³/h Well".
+GUI_BASE_REPORT_EXPORT std::string RecipeText(const water::BlendRecipe& recipe, const ReportContext& context);
 
 }  // namespace wateranalysis

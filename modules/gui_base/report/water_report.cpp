@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "gui_base/report/water_report.h"
 
+#include "gui_base/report/blend_tiles.h"
 #include "gui_base/report/evaluation_tables.h"
 #include "gui_base/report/water_tables.h"
 #include "projectbase/advice/evaluation.h"
@@ -37,30 +38,15 @@ void AddHeadedTable(report::Section& section, const char* heading, report::Table
     section.blocks.push_back(std::move(table));
 }
 
-/// "Blend: 30 % Feed water, 70 % Well", "Blend: 12 m³/h Feed water, 8 m³/h Well".
-std::string RecipeText(const DetailList& details, const ReportContext& context)
-{
-    const water::BlendRecipe recipe = water::RecipeOf(details);
-    const char* const isoUnit = recipe.byFlow ? "m3/h" : "%";
-    const std::string unit = UnitSystemManager::GetUnit(isoUnit, context.unitSystem, true);
-    std::string text = context.Translated(wxTRANSLATE("Blend"));
-    const char* separator = ": ";
-    for (const water::BlendPart& part : recipe.parts) {
-        const double amount = UnitSystemManager::FromISO(isoUnit, context.unitSystem, part.amount);
-        text += fmt::format("{}{} {} {}", separator, context.Number(amount, 4), unit,
-                            context.Translated(part.water.c_str()));
-        separator = ", ";
-    }
-    return text;
-}
-
 /// What was done to the water, in sentences.
 void AddTreatment(report::Section& section, const Project& project, const LiquidData& water,
                   const ReportContext& context)
 {
     const DetailList& details = *water.GetDetails();
     if (project.IsMixed(water))
-        section.blocks.push_back(report::Paragraph{RecipeText(details, context)});
+        section.blocks.push_back(
+            report::Paragraph{fmt::format("{}: {}", context.Translated(wxTRANSLATE("Blend")),
+                                          RecipeText(water::RecipeOf(details), context))});
     const double pH = details.At("liquid/alk.ph").GetDoubleValue();
     if (!std::isfinite(pH))
         return;

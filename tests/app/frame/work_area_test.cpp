@@ -409,7 +409,7 @@ TEST_F(WorkAreaTest, AWideWindowHasRoomForTheNamesOfTheNavigator)
     // Beside pages that want no more the tiles of the results stand side by side.
     const auto columns = [this] {
         std::set<int> places;
-        for (int card = 0; card < 6; ++card)
+        for (int card = 1; card < 7; ++card)
             places.insert(gui_test::Find<wateranalysis::ResultCard>(Area(), {}, card).GetPosition().x);
         return places.size();
     };

@@ -5,6 +5,7 @@
 #include "gui_base/input/form/shown_context.h"
 #include "gui_base/report/advice_text.h"
 #include "gui_base/report/balance_text.h"
+#include "gui_base/report/blend_tiles.h"
 #include "gui_base/report/water_results.h"
 #include "gui_base/support/accessibility.h"
 #include "gui_base/support/translation.h"
@@ -73,6 +74,7 @@ WaterResultsPanel::WaterResultsPanel(wxWindow* parent, Lead lead, ShowHelp showH
     m_name = new wxStaticText(this, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
                               wxST_ELLIPSIZE_MIDDLE | wxST_NO_AUTORESIZE);
     m_name->SetFont(m_name->GetFont().Bold());
+    m_recipe = new ResultCard(this);
     m_badge = new ResultCard(this);
     m_balance = new TvButton(this, wxID_ANY, wxTRANSLATE("Balance"));
     m_balance->SetTranslatableToolTip(wxTRANSLATE(
@@ -82,6 +84,7 @@ WaterResultsPanel::WaterResultsPanel(wxWindow* parent, Lead lead, ShowHelp showH
     m_grid->SetFlexibleDirection(wxVERTICAL);
     auto* head = new wxBoxSizer(wxVERTICAL);
     head->Add(m_name, wxSizerFlags().Expand().Border(wxBOTTOM, gap));
+    head->Add(m_recipe, wxSizerFlags().Expand().Border(wxBOTTOM, gap));
     head->Add(m_badge, wxSizerFlags().Expand());
     head->Add(m_balance, wxSizerFlags().Border(wxTOP, gap));
     auto* outer = new wxBoxSizer(wxVERTICAL);
@@ -159,7 +162,7 @@ void WaterResultsPanel::ShowAll()
     if (water != nullptr)
         evaluation = advice::Evaluate(*m_project, *water);
     const advice::Evaluation* const shown = evaluation ? &*evaluation : nullptr;
-    ShowName(water);
+    ShowName(water, context);
     ShowBalance(shown, context);
     ShowTiles(shown == nullptr ? EmptyTiles(context) : ResultTiles(*shown, *water, context));
     ShowSaturation(shown, context);
@@ -167,7 +170,7 @@ void WaterResultsPanel::ShowAll()
     Arrange();
 }
 
-void WaterResultsPanel::ShowName(const LiquidData* water)
+void WaterResultsPanel::ShowName(const LiquidData* water, const ReportContext& context)
 {
     const bool isOneOfSeveral = water != nullptr && m_project->GetLiquidCount() > 1;
     if (const wxString name = isOneOfSeveral ? Text(water->GetName()) : wxString();
@@ -176,6 +179,15 @@ void WaterResultsPanel::ShowName(const LiquidData* water)
         m_name->SetToolTip(name);
     }
     ShowWindow(*m_name, isOneOfSeveral);
+    const bool isMixed = water != nullptr && m_project->IsMixed(*water);
+    if (isMixed)
+        SetContent(*m_recipe, {.caption = i18n::Translated("Blend"),
+                               .value = {},
+                               .unit = {},
+                               .text = Text(RecipeText(water::RecipeOf(*water->GetDetails()), context)),
+                               .tooltip = {},
+                               .mood = Mood::Plain});
+    ShowWindow(*m_recipe, isMixed);
 }
 
 void WaterResultsPanel::SetContent(ResultCard& card, CardContent content)
@@ -318,7 +330,8 @@ void WaterResultsPanel::Arrange()
     m_grid->SetCols(columns);
     for (ResultCard* card : m_tiles)
         card->SetMinSize({tileWidth, card->HeightFor(tileWidth)});
-    m_badge->SetMinSize({1, m_badge->HeightFor(room)});
+    for (ResultCard* card : {m_recipe, m_badge})
+        card->SetMinSize({1, card->HeightFor(room)});
     m_minerals->SetMinSize({1, m_minerals->HeightFor(room)});
     for (ResultCard* card : m_advice)
         card->SetMinSize({1, card->HeightFor(room)});

@@ -63,7 +63,7 @@ private:
     void OnProjectChanged(const ProjectChanges& changes) override;
     const LiquidData* FindWater() const;
     void ShowAll();
-    void ShowName(const LiquidData* water);
+    void ShowName(const LiquidData* water, const ReportContext& context);
     /// Null where there is no water.
     void ShowBalance(const advice::Evaluation* evaluation, const ReportContext& context);
     void ShowTiles(const std::vector<ResultTile>& tiles);
@@ -82,6 +82,7 @@ private:
     Project* m_project = nullptr;
     DetailOwner m_water;
     wxStaticText* m_name = nullptr;  ///< of the water, where the project has several
+    ResultCard* m_recipe = nullptr;  ///< what a blend is mixed of
     ResultCard* m_badge = nullptr;
     TvButton* m_balance = nullptr;
     wxFlexGridSizer* m_grid = nullptr;

@@ -4,6 +4,7 @@
 #include "gui_base/input/controls/tv_button.h"
 #include "gui_base/water/results/result_card.h"
 #include "projectbase/settings/settings.h"
+#include "projectbase/water/blend_recipe.h"
 #include "tests/support/gui_test.h"
 #include "tests/support/plant_fixture.h"
 #include "tests/support/project_history.h"
@@ -192,6 +193,21 @@ TEST_F(WaterResultsPanelTest, AdviceOpensTheUserGuide)
     EXPECT_TRUE(m_led.empty());
     Set("liquid/fe.total", 0.1);
     EXPECT_EQ(m_panel->GetAdvice().size(), 1u);
+}
+
+TEST_F(WaterResultsPanelTest, ABlendSaysOfWhat)
+{
+    const auto recipe = [this] {
+        return gui_test::Find<ResultCard>(*m_panel, {}, 0).SpokenText().utf8_string();
+    };
+    m_project.AddLiquid("Well");
+    LiquidData& blend = m_project.AddLiquid("Mixture");
+    water::StoreRecipe({{{m_project.GetLiquid(0).GetName(), 30.0}, {"Well", 70.0}}}, *blend.GetDetails());
+    m_panel->SetWater(&m_project, blend.GetOwner());
+    EXPECT_EQ(recipe(), "Blend, 30 % " + m_project.GetLiquid(0).GetName() + ", 70 % Well");
+    water::StoreRecipe({{{m_project.GetLiquid(0).GetName(), 12.0}, {"Well", 8.0}}, true},
+                       *blend.GetDetails());
+    EXPECT_EQ(recipe(), "Blend, 12 m³/h " + m_project.GetLiquid(0).GetName() + ", 8 m³/h Well");
 }
 
 TEST_F(WaterResultsPanelTest, AWaterThatGoesLeavesNothing)
