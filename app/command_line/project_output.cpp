@@ -223,7 +223,7 @@ void PrintJson(const Project& project, const std::string& file, std::ostream& ou
         for (const advice::Advice& each : advice::AdviceOn(project, project.GetLiquid(i)))
             advice.push_back({static_cast<int>(i + 1),
                               each.id,
-                              each.severity == advice::Severity::Warn,
+                              advice::IsWarning(each),
                               {AddressText(each.address, project),
                                wateranalysis::AdviceSentence(each, PlainContext()), each.value, each.limit}});
     }

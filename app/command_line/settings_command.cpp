@@ -3,6 +3,7 @@
 
 #include "dbinterfaces/project_database.h"
 #include "gui_base/messages/user_message.h"
+#include "projectbase/advice/resin_limits.h"
 #include "projectbase/settings/settings.h"
 
 #include <fmt/format.h>
@@ -67,6 +68,24 @@ void Set(const std::string& name, const std::string& value)
         throw UsageError(fmt::format("'{}' is no value of '{}'", value, name));
 }
 
+/// A limit of advice stands with another one, whichever of both is changed.
+void CheckLimits(const std::vector<std::string>& args)
+{
+    const auto isChanged = [&args](const std::string& name) {
+        for (std::size_t i = 0; i < args.size(); ++i) {
+            if (args[i].starts_with(name + "=") || (i > 0 && args[i] == name && args[i - 1] == "--reset"))
+                return true;
+        }
+        return false;
+    };
+    for (const advice::LimitRow& row : advice::LimitRows()) {
+        const bool isConcerned = isChanged(advice::NoteSetting(row)) || isChanged(advice::WarnSetting(row));
+        if (isConcerned && !advice::IsInOrder(advice::LimitsOf(row)))
+            throw UsageError(
+                fmt::format("'{}' is above '{}'", advice::NoteSetting(row), advice::WarnSetting(row)));
+    }
+}
+
 /// A database that cannot be reached is no reason to keep its name: the setting that holds it stays on this
 /// machine.
 void OpenDatabase(const std::vector<std::string>& args)
@@ -123,6 +142,7 @@ int RunSettings(const std::vector<std::string>& args, std::ostream& out, std::os
     try {
         OpenDatabase(args);
         const std::vector<std::string> names = Take(args);
+        CheckLimits(args);
         Settings::Save();
         const auto print = [&out](const std::string& name) {
             out << name << '=' << WithoutPassword(Settings::TextOf(name)) << '\n';

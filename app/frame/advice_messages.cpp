@@ -24,9 +24,7 @@ DetailOwner FeedOf(const Project& project)
 void AdviceMessages::Judge(const Project& project, const LiquidData& water)
 {
     std::vector<advice::Advice> warnings;
-    std::ranges::copy_if(
-        advice::AdviceOn(project, water), std::back_inserter(warnings),
-        [](const advice::Advice& advice) { return advice.severity == advice::Severity::Warn; });
+    std::ranges::copy_if(advice::AdviceOn(project, water), std::back_inserter(warnings), &advice::IsWarning);
     if (warnings.empty())
         m_warnings.erase(water.GetOwner());
     else

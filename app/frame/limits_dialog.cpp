@@ -137,20 +137,19 @@ void LimitsDialog::TakeDefaults()
 
 void LimitsDialog::AddFaults(const advice::LimitRow& row, std::vector<Fault>& faults) const
 {
-    const auto limitIn = [&](TvTextCtrl& field, const char* column) -> std::optional<double> {
+    const auto limitIn = [&](TvTextCtrl& field, const char* column) {
         const wxString text = TextOf(field);
         const std::optional<double> limit = NumericValidator::ParseNumber(text);
         if (!limit && !text.empty())
             faults.push_back(
                 {&field, wxString::Format(Tr("%s:\n\"%s\" is no number; an empty field means no limit"),
                                           NameOf(row, column), Quoted(text))});
-        return limit;
+        return limit.value_or(std::nan(""));
     };
     TvTextCtrl& note = *FindField(advice::NoteSetting(row));
     TvTextCtrl& warning = *FindField(advice::WarnSetting(row));
-    const std::optional<double> noteLimit = limitIn(note, kNote);
-    const std::optional<double> warningLimit = limitIn(warning, kWarning);
-    if (noteLimit && warningLimit && *noteLimit > *warningLimit)
+    const advice::Limits limits{limitIn(note, kNote), limitIn(warning, kWarning)};
+    if (!advice::IsInOrder(limits))
         faults.push_back(
             {&note,
              wxString::Format(Tr("%s, %s:\nthe note begins at %s, above the warning at %s"), Tr(row.label),

@@ -92,6 +92,8 @@ public:
     void Localize();
     /// All numbers in the present unit system.
     void ShowUnits();
+    /// The small diagram, which knows no project, of the water whose results are shown.
+    void ShowDiagram();
     void UpdateTitle();
     void UpdateRangeMessages();
     /// Menus and toolbar, anew.
@@ -114,10 +116,9 @@ private:
     void OnClose(wxCloseEvent& event);
     /// Puts the keyboard where a new window is used first.
     void FocusPage();
-    /// Shows the results of the water in front; those of the water before it on a page without one.
+    /// Shows the results of the water in front; on a page without one those of the plant's water, and without
+    /// a plant those of the water before it.
     void ShowResults();
-    /// The same of the small diagram, which knows no project.
-    void ShowDiagram();
 
     std::unique_ptr<Document> m_document;
     std::unique_ptr<TVHelpFileProvider> m_help;

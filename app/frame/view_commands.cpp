@@ -20,7 +20,7 @@ ViewCommands::ViewCommands(MainFrame& frame) : m_frame(frame)
     m_frame.Bind(tvCHANGEUNITSYSTEMPRINTOUT_EVENT, [](wxCommandEvent& event) {
         Settings::GetSetting("unit.system.printout").SetValue(event.GetString());
     });
-    m_frame.Bind(tvCHANGESETTINGS_EVENT, [this](wxCommandEvent&) { m_frame.ShowUnits(); });
+    m_frame.Bind(tvCHANGESETTINGS_EVENT, [this](wxCommandEvent&) { m_frame.ShowDiagram(); });
 }
 
 void ViewCommands::SetUnitSystem(const std::string& unitSystem)

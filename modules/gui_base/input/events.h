@@ -15,7 +15,7 @@ wxDECLARE_EXPORTED_EVENT(GUI_BASE_EXPORT, tvCHANGEUNITSYSTEM_EVENT, wxCommandEve
 wxDECLARE_EXPORTED_EVENT(GUI_BASE_EXPORT, tvLOCALIZE_EVENT, wxCommandEvent);
 /// The unit system of printouts changed; its name is the event's text.
 wxDECLARE_EXPORTED_EVENT(GUI_BASE_EXPORT, tvCHANGEUNITSYSTEMPRINTOUT_EVENT, wxCommandEvent);
-/// The user changed a setting of the program in a panel: what else shows it is to be drawn anew.
+/// The user changed in a panel by which settings diagrams are drawn: other diagrams are to be drawn anew.
 wxDECLARE_EXPORTED_EVENT(GUI_BASE_EXPORT, tvCHANGESETTINGS_EVENT, wxCommandEvent);
 /// The host shall show the module that is selected in its module tree.
 wxDECLARE_EXPORTED_EVENT(GUI_BASE_EXPORT, tvACTIVATECURRENTTREEITEM_EVENT, wxCommandEvent);

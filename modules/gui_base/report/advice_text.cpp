@@ -60,17 +60,9 @@ std::string IndexText(double index, const advice::Saturation& saturation, const 
 
 std::string AdviceSentence(const advice::Advice& advice, const ReportContext& context)
 {
-    std::string text = context.Translated(advice.sentence);
-    const std::string label = context.Translated(advice.label);
-    const auto [value, limit] =
-        ToldApart(advice.value, advice.limit, kDigits,
-                  [&](double number, int digits) { return WithUnit(number, digits, advice.unit, context); });
-    for (const std::string& part : {label + " " + value, limit}) {
-        const auto at = text.find("%s");
-        if (at != std::string::npos)
-            text.replace(at, 2, part);
-    }
-    return text;
+    return ToldSentence(
+        context.Translated(advice.sentence), context.Translated(advice.label), advice.value, advice.limit,
+        kDigits, [&](double number, int digits) { return WithUnit(number, digits, advice.unit, context); });
 }
 
 std::string AdviceReason(const advice::Advice& advice, const ReportContext& context)

@@ -64,10 +64,10 @@ report::Table AdviceTable(const std::vector<advice::Advice>& advice, const Repor
                      {.title = context.Translated(wxTRANSLATE("Advice")), .stretch = 2.0},
                      {.title = context.Translated(wxTRANSLATE("Source")), .stretch = 1.0}};
     for (const advice::Advice& each : advice)
-        table.rows.push_back({.cells = {{.text = SeverityText(each.severity, context),
-                                         .alarm = each.severity == advice::Severity::Warn},
-                                        {AdviceSentence(each, context)},
-                                        {context.Translated(each.source)}}});
+        table.rows.push_back(
+            {.cells = {{.text = SeverityText(each.severity, context), .alarm = advice::IsWarning(each)},
+                       {AdviceSentence(each, context)},
+                       {context.Translated(each.source)}}});
     return table;
 }
 

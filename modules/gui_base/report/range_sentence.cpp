@@ -50,17 +50,10 @@ std::string RangeSentence(const RangeFault& fault, const ReportContext& context)
 {
     const char* const usual = fault.isBelow ? wxTRANSLATE("%s is below the minimum of %s")
                                             : wxTRANSLATE("%s is above the maximum of %s");
-    std::string text = context.Translated(fault.sentence.empty() ? usual : fault.sentence.c_str());
-    const std::string label = LabelOf(fault, context);
-    const auto [value, limit] = wateranalysis::ToldApart(
+    return wateranalysis::ToldSentence(
+        context.Translated(fault.sentence.empty() ? usual : fault.sentence.c_str()), LabelOf(fault, context),
         fault.value, fault.limit, kDigits,
         [&](double number, int digits) { return WithUnit(number, digits, fault, context); });
-    for (const std::string& part : {label + " " + value, limit}) {
-        const auto at = text.find("%s");
-        if (at != std::string::npos)
-            text.replace(at, 2, part);
-    }
-    return text;
 }
 
 std::string RangeSentence(const RangeFault& fault, const Project& project, const ReportContext& context)

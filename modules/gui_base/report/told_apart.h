@@ -19,4 +19,21 @@ std::pair<std::string, std::string> ToldApart(double value, double limit, int di
     }
 }
 
+/// The sentence of a broken limit, whose first "%s" is the value with its label, a second one the limit.
+template <typename Format>
+std::string ToldSentence(std::string sentence, const std::string& label, double value, double limit,
+                         int digits, const Format& format)
+{
+    const auto [shown, broken] = ToldApart(value, limit, digits, format);
+    std::size_t from = 0;
+    for (const std::string& part : {label + " " + shown, broken}) {
+        const auto at = sentence.find("%s", from);
+        if (at == std::string::npos)
+            break;
+        sentence.replace(at, 2, part);
+        from = at + part.size();
+    }
+    return sentence;
+}
+
 }  // namespace wateranalysis

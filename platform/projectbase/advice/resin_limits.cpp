@@ -244,6 +244,11 @@ std::optional<Metal> LoneMetal(const LiquidData& water)
     return hasIron ? Metal{kIron, KeyOfIron(water), "fe."} : Metal{kManganese, "liquid/mn.orig", "mn."};
 }
 
+bool IsInOrder(const Limits& limits)
+{
+    return !(limits.note > limits.warn);
+}
+
 std::string NoteSetting(const LimitRow& row)
 {
     return std::string("limit.") + row.id + ".note";

@@ -73,6 +73,8 @@ struct Limits
     double warn;
 };
 PROJECTBASE_EXPORT Limits LimitsOf(const LimitRow& row);
+/// Whether a note begins no higher than the warning; where one of them is missing, it does.
+PROJECTBASE_EXPORT bool IsInOrder(const Limits& limits);
 /// Names of the settings.
 PROJECTBASE_EXPORT std::string NoteSetting(const LimitRow& row);
 PROJECTBASE_EXPORT std::string WarnSetting(const LimitRow& row);

@@ -395,6 +395,7 @@ std::vector<Advice> AdviceOn(const Project& project, const LiquidData& water, co
     if (plant != nullptr && plant->FeedingWater() == &water)
         JudgeRegeneration(*plant, water, numbers, collected);
     JudgeLimits(project, water, collected);
+    std::ranges::stable_partition(collected.all, &IsWarning);
     return std::move(collected.all);
 }
 

@@ -43,8 +43,14 @@ struct Advice
 /// The page of the user guide that explains all of it.
 inline constexpr const char* kAdviceHelpPage = "wateradvice.html";
 
-/// All that is to be said of a water, whose derived values are up to date: first what precipitates, then what
-/// concerns the regeneration of the plant that it feeds, then limits ahead of resins.
+inline bool IsWarning(const Advice& advice)
+{
+    return advice.severity == Severity::Warn;
+}
+
+/// All that is to be said of a water, whose derived values are up to date, warnings before notes: of each
+/// first what precipitates, then what concerns the regeneration of the plant that it feeds, then limits ahead
+/// of resins.
 PROJECTBASE_EXPORT std::vector<Advice> AdviceOn(const Project& project, const LiquidData& water);
 /// The same where numbers and saturation are at hand already.
 PROJECTBASE_EXPORT std::vector<Advice> AdviceOn(const Project& project, const LiquidData& water,

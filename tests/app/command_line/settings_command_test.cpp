@@ -41,6 +41,16 @@ TEST(SettingsCommand, StoresAllThatIsNamedOrNothing)
         {{"temp.init"}, 0, "temp.init=15\n", ""},
         {{"temp.init=12.5", "--reset", "autosave.minutes"}, 0, "temp.init=12.5\nautosave.minutes=5\n", ""},
         {{"autosave.minutes", "temp.init"}, 0, "autosave.minutes=5\ntemp.init=12.5\n", ""},
+        {{"limit.turbidity.soft.note=9"},
+         2,
+         "",
+         "'limit.turbidity.soft.note' is above 'limit.turbidity.soft.warn'"},
+        {{"limit.turbidity.soft.note=9", "limit.turbidity.soft.warn=10"},
+         0,
+         "limit.turbidity.soft.note=9\nlimit.turbidity.soft.warn=10\n",
+         ""},
+        {{"limit.turbidity.soft.warn=8"}, 2, "", "is above 'limit.turbidity.soft.warn'"},
+        {{"limit.turbidity.soft.warn"}, 0, "limit.turbidity.soft.warn=10\n", ""},
     };
     for (const auto& [args, code, expected, error] : steps) {
         SCOPED_TRACE(testing::PrintToString(args));

@@ -77,6 +77,18 @@ TEST_F(EntryTest, AfterItsUnitAValueIsReplaced)
     EXPECT_DOUBLE_EQ(Water("na.orig").GetDoubleValue(), 5.0) << "not 235";
 }
 
+TEST_F(EntryTest, AFieldThatWasLeftKeepsNoSelection)
+{
+    TvTextCtrl& sodium = *WaterPage().FindField("liquid/na.orig");
+    TvTextCtrl& calcium = *WaterPage().FindField("liquid/ca.orig");
+    gui_test::Enter(sodium, "23");
+    gui_test::Focus(sodium);
+    EXPECT_EQ(sodium.GetStringSelection(), "23");
+    gui_test::Press(WXK_TAB);
+    EXPECT_TRUE(calcium.HasFocus());
+    EXPECT_EQ(sodium.GetStringSelection(), "");
+}
+
 TEST_F(EntryTest, ALimitOfDetectionIsTypedAsTheSheetHasIt)
 {
     TvTextCtrl* barium = WaterPage().FindField("liquid/ba.orig");

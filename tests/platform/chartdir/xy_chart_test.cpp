@@ -79,6 +79,16 @@ TEST(XYChart, DrawsCurvesWhereItsMappingSays)
     EXPECT_EQ(Count(pixels, {0, y - 3.0, mapping.ToPixelX(2.0) - 1.0, 6.0}, set.style.colour), 0);
 }
 
+TEST(XYChart, NamesThatBeginAlikeAreToldApart)
+{
+    const auto drawn = [](const std::string& end) {
+        const auto chart = MakeChart();
+        chart->addTitle(std::string(300, 'n') + end);
+        return chart->makePixels().rgb;
+    };
+    EXPECT_NE(drawn(" March"), drawn(" April"));
+}
+
 TEST(XYChart, GridLinesAreSharpWhereverTheyStand)
 {
     const auto chart = MakeChart();

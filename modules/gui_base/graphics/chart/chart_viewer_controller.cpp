@@ -42,15 +42,15 @@ ChartViewerPanel::Choices ChartViewerController::Media()
 
 ChartViewerPanel::Choices ChartViewerController::Resins(const Project& project)
 {
-    ChartViewerPanel::Choices choices;
-    for (const bool isOfPlant : {true, false}) {
-        for (const design::Resin& resin : design::Resins()) {
-            const auto points = curve_calculations::DesignPoints(DIAGRAM_TYPE::PressureDrop, resin, project);
-            if (points.empty() != isOfPlant)
-                choices.emplace_back(resin.id, wxString::FromUTF8(resin.name));
-        }
+    ChartViewerPanel::Choices ofPlant;
+    ChartViewerPanel::Choices others;
+    for (const design::Resin& resin : design::Resins()) {
+        const bool isOfPlant =
+            !curve_calculations::DesignPoints(DIAGRAM_TYPE::PressureDrop, resin, project).empty();
+        (isOfPlant ? ofPlant : others).emplace_back(resin.id, wxString::FromUTF8(resin.name));
     }
-    return choices;
+    ofPlant.insert(ofPlant.end(), others.begin(), others.end());
+    return ofPlant;
 }
 
 ChartViewerController::ChartViewerController(const Project& project, ChartViewerPanel& panel)

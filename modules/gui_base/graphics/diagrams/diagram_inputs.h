@@ -2,9 +2,9 @@
 #pragma once
 
 /// What is chosen beside the diagrams of waters: which of them, which waters, how they are drawn; and the
-/// buttons that export. It tells of every choice by a callback. The options are
-/// settings of the user, of which a change is sent to the host as well (tvCHANGESETTINGS_EVENT); diagrams and
-/// waters stay chosen for as long as the page lives. GUI thread only.
+/// buttons that export. It tells of every choice by a callback. The options are settings of the user, of
+/// which a change is sent to the host as well (tvCHANGESETTINGS_EVENT); diagrams and waters stay chosen for
+/// as long as the page lives. GUI thread only.
 
 #include "gui_base/gui_base_export.h"
 #include "gui_base/input/controls/localizable.h"

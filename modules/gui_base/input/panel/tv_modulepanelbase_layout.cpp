@@ -43,8 +43,8 @@ void ModulePanelBase::ScrollWindow(int dx, int dy, const wxRect* rect)
 void ModulePanelBase::OnInternalIdle()
 {
     wxScrolled<wxPanel>::OnInternalIdle();
-    if (GetSizer() != nullptr && IsShownOnScreen() && IsBookPage() &&
-        GetSizer()->GetSize().x != GetVirtualSize().x)
+    if (GetSizer() != nullptr && GetSizer()->GetSize().x != GetVirtualSize().x && IsBookPage() &&
+        IsShownOnScreen())
         Layout();
 }
 

@@ -52,11 +52,6 @@ wxString Text(const std::string& utf8)
     return wxString::FromUTF8(utf8);
 }
 
-bool IsWarning(const advice::Advice& advice)
-{
-    return advice.severity == advice::Severity::Warn;
-}
-
 /// What stands where nothing is known.
 wxString OrDash(const std::string& utf8)
 {
@@ -272,12 +267,10 @@ void WaterResultsPanel::ShowSaturation(const advice::Evaluation* evaluation, con
 
 void WaterResultsPanel::ShowAdvice(const advice::Evaluation* evaluation, const ReportContext& context)
 {
-    std::vector<advice::Advice> advices;
-    if (evaluation != nullptr)
-        advices = evaluation->advice;
-    std::ranges::stable_partition(advices, &IsWarning);
+    const std::vector<advice::Advice> advices =
+        evaluation == nullptr ? std::vector<advice::Advice>() : evaluation->advice;
     const wxSizerFlags below = wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxBOTTOM, FromDIP(kGap));
-    const auto warnings = static_cast<std::size_t>(std::ranges::count_if(advices, &IsWarning));
+    const auto warnings = static_cast<std::size_t>(std::ranges::count_if(advices, &advice::IsWarning));
     if (warnings != m_warnings->GetItemCount())
         m_arrangedWidth = 0;
     m_warnings->Clear();
@@ -296,7 +289,7 @@ void WaterResultsPanel::ShowAdvice(const advice::Evaluation* evaluation, const R
                                   .text = Text(AdviceSentence(advice, context)),
                                   .tooltip = Text(AdviceReason(advice, context)) + "\n" +
                                              i18n::Translated("Opens the user guide"),
-                                  .mood = IsWarning(advice) ? Mood::Warn : Mood::Note});
+                                  .mood = i < warnings ? Mood::Warn : Mood::Note});
         m_advice[i]->SetOnActivate([this, anchor = std::string(advice.anchor)] { OpenHelp(anchor); });
     }
 }

@@ -125,6 +125,12 @@ TEST_F(ValidatorTest, ATextThatIsNoNumberIsReported)
     EXPECT_EQ(messages,
               std::vector<std::string>{"Sodium: \"12 apples\" is no number; the value stays as it was"});
     EXPECT_EQ(value, 42.0);
+    TvTextCtrl* amount = Field(DoubleValidator(&value, General, 2, DetectionLimits, 0, 0, 0));
+    amount->SetName("Sodium");
+    Commit(*amount, "-5");
+    Pump();
+    EXPECT_EQ(messages, std::vector<std::string>{"Sodium: \"-5\" is below 0; the value stays as it was"});
+    EXPECT_EQ(value, 42.0);
     long lines = 3;
     int count = 0;
     m_frame->Bind(tv_MESSAGE, [&](MessageEvent& event) {
