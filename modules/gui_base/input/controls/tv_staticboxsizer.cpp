@@ -5,6 +5,10 @@
 
 #include <wx/statbox.h>
 
+#ifdef __WXGTK3__
+#include <gtk/gtk.h>
+#endif
+
 namespace {
 
 /// In DIP: what stands left and right of a title.
@@ -23,6 +27,15 @@ void TvStaticBoxSizer::Localize(const std::string&)
 
 int TvStaticBoxSizer::GetTitleWidth() const
 {
+#ifdef __WXGTK3__
+    // The toolkit knows it, and measures a text anew only when it has changed.
+    GtkWidget* const title = gtk_frame_get_label_widget(GTK_FRAME(GetStaticBox()->GetHandle()));
+    if (title != nullptr) {
+        int width = 0;
+        gtk_widget_get_preferred_width(title, nullptr, &width);
+        return width;
+    }
+#endif
     return GetStaticBox()->GetTextExtent(GetStaticBox()->GetLabelText()).x;
 }
 

@@ -46,6 +46,7 @@ void ModulePanelBase::Create()
         ResetProjectStatus();
         DoResetPanelStatus();
     }
+    m_isBeingMade = true;
     DoCreateControls();
     if (GetSizer() != nullptr) {
         GetSizer()->Fit(this);
@@ -62,6 +63,10 @@ void ModulePanelBase::Create()
     DoConnectTvTextCtrlsToStatusbar();
     BindEvents();
     Prepare();
+    m_isBeingMade = false;
+    // A page of a notebook is laid out in the room that its notebook gives it next.
+    if (!IsBookPage())
+        FitAndLayout();
     // The toolkit measures bold texts rightly only when they are shown.
     CallAfter(&ModulePanelBase::FitAndLayout);
 }
@@ -83,7 +88,7 @@ void ModulePanelBase::RecreatePanel()
     m_detailContainerWindows.clear();
     m_answeredFields.clear();
     Create();
-    Layout();
+    FitAndLayout();
     Refresh();
 }
 

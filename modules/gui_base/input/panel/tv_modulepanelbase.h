@@ -174,7 +174,8 @@ protected:
     bool TransferDetailsFromWindow();
     void SetDefaultScrollRate() { SetScrollRate(1, 1); }
     void CalculateDesign();
-    /// Gives the panel the room that its contents want now, and lays out what is around it.
+    /// Gives the panel the room that its contents want now, and lays out what is around it. While the panel
+    /// is made this waits until all stands in it.
     void FitAndLayout();
 
     /// Handler of every committed edit.
@@ -205,6 +206,7 @@ private:
     std::vector<std::shared_ptr<LocalizableControl>> m_localizableControls;
     std::vector<DetailContainerWindow*> m_detailContainerWindows;
     bool m_baseEventsBound = false;
+    bool m_isBeingMade = false;
     bool m_synchronizing = false;
     bool m_keepsTop = false;
     bool m_stale = false;  ///< what others changed is still to be shown

@@ -65,6 +65,8 @@ void ModulePanelBase::DoArrange(int width)
 
 void ModulePanelBase::FitAndLayout()
 {
+    if (m_isBeingMade)
+        return;
     // Texts and units may have become shorter, which the toolkit does not ask about again.
     ForgetBestSizes(*this);
     DoArrange(WidthToArrange());
