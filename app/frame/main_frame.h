@@ -85,7 +85,6 @@ public:
     void ReportError(MessageArea::Text text);
     /// To be called while the error is being caught.
     void ReportError(const std::exception& error);
-    void ReportNote(const wxString& text);
     void ReportNote(MessageArea::Text text);
 
     /// All texts in the present language.

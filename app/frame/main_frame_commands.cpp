@@ -161,6 +161,7 @@ void MainFrame::ShowStart()
     CommitFocusedField();
     m_start->ShowFresh();
     m_workArea->ShowCover(true);
+    m_book->Cover(true);
     m_start->SetFocus();
 }
 
@@ -172,6 +173,7 @@ bool MainFrame::IsStartShown() const
 void MainFrame::ShowPages()
 {
     m_workArea->ShowCover(false);
+    m_book->Cover(false);
     m_book->MakeShownPages();
 }
 

@@ -149,11 +149,6 @@ void MainFrame::ReportError(const std::exception& error)
     });
 }
 
-void MainFrame::ReportNote(const wxString& text)
-{
-    ReportNote([text] { return UserMessage{text, {}}; });
-}
-
 void MainFrame::ReportNote(MessageArea::Text text)
 {
     GetMessageArea().AddMessage(MessageArea::Severity::Info, std::move(text));
@@ -161,8 +156,15 @@ void MainFrame::ReportNote(MessageArea::Text text)
 
 void MainFrame::OnMessage(MessageEvent& event)
 {
+    if (event.GetEventObject() != nullptr)
+        GetMessageArea().WithdrawMessages(event.GetEventObject());
     for (const std::string& message : event.GetMessages())
-        ReportNote(wxString::FromUTF8(message));
+        GetMessageArea().AddMessage(
+            MessageArea::Severity::Info,
+            [text = wxString::FromUTF8(message)] {
+                return UserMessage{text, {}};
+            },
+            event.GetEventObject());
 }
 
 }  // namespace app

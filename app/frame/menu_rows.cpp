@@ -12,15 +12,20 @@ namespace {
 
 constexpr MenuRow kSeparator{};
 
+// Nobody changes a project behind the start page.
+bool IsProjectShown(const MainFrame& frame)
+{
+    return !frame.IsStartShown();
+}
+
 bool HasWater(const MainFrame& frame)
 {
-    // Nobody changes a water behind the start page.
-    return !frame.IsStartShown() && frame.Waters().GetCurrent() != nullptr;
+    return IsProjectShown(frame) && frame.Waters().GetCurrent() != nullptr;
 }
 
 bool HasFullAnalysis(const MainFrame& frame)
 {
-    return !frame.IsStartShown() && frame.Waters().HasFullAnalysis();
+    return IsProjectShown(frame) && frame.Waters().HasFullAnalysis();
 }
 
 constexpr std::array kFileMenu{
@@ -100,7 +105,10 @@ constexpr std::array kEditMenu{
             .key = "Ctrl+Z",
             .action = [](MainFrame& frame) { frame.Undo(); },
             .id = wxID_UNDO,
-            .enabled = [](const MainFrame& frame) { return frame.GetDocument().GetHistory().CanUndo(); },
+            .enabled =
+                [](const MainFrame& frame) {
+                    return IsProjectShown(frame) && frame.GetDocument().GetHistory().CanUndo();
+                },
             .label = [](const MainFrame& frame) { return frame.UndoText(); },
             .icon = "undo",
             .tool = 21},
@@ -108,7 +116,10 @@ constexpr std::array kEditMenu{
             .key = "Ctrl+Shift+Z",
             .action = [](MainFrame& frame) { frame.Redo(); },
             .id = wxID_REDO,
-            .enabled = [](const MainFrame& frame) { return frame.GetDocument().GetHistory().CanRedo(); },
+            .enabled =
+                [](const MainFrame& frame) {
+                    return IsProjectShown(frame) && frame.GetDocument().GetHistory().CanRedo();
+                },
             .label = [](const MainFrame& frame) { return frame.RedoText(); },
             .icon = "redo",
             .tool = 22},
@@ -252,6 +263,7 @@ constexpr std::array kToolsMenu{
     MenuRow{.text = wxTRANSLATE("&Blend waters..."),
             .key = "Ctrl+B",
             .action = [](MainFrame& frame) { frame.Waters().Blend(); },
+            .enabled = &IsProjectShown,
             .icon = "blend",
             .tool = 44},
     kSeparator,

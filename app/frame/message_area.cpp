@@ -113,20 +113,31 @@ void MessageArea::SetRangeMessages(const std::vector<RangeMessage>& messages, st
         EnsureVisible(place);
 }
 
-void MessageArea::AddMessage(Severity severity, Text text)
+void MessageArea::AddMessage(Severity severity, Text text, const void* teller)
 {
     const UserMessage message = text();
     for (const Line& line : m_messages) {
         if (line.message.text == message.text)
             return;
     }
-    m_messages.push_back({severity, std::move(text), message});
+    m_messages.push_back({severity, std::move(text), message, teller});
     if (m_messages.size() > kMostMessages)
         m_messages.erase(m_messages.begin());
     m_newest = message.text;
     ShowLines();
     TellChanged(true);
     EnsureVisible(GetItemCount() - 1);
+}
+
+void MessageArea::WithdrawMessages(const void* teller)
+{
+    if (std::erase_if(m_messages, [teller](const Line& line) { return line.teller == teller; }) == 0)
+        return;
+    const auto tells = [this](const auto& line) { return line.text == m_newest; };
+    if (std::ranges::none_of(m_ranges, tells) && std::ranges::none_of(m_messages, tells, &Line::message))
+        m_newest = m_messages.empty() ? wxString() : m_messages.back().message.text;
+    ShowLines();
+    TellChanged(false);
 }
 
 void MessageArea::TellChanged(bool isNew)

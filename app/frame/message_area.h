@@ -58,7 +58,9 @@ public:
     {
         AddMessage(severity, [message] { return message; });
     }
-    void AddMessage(Severity severity, Text text);
+    /// `teller` is what it is of, by which it can be withdrawn.
+    void AddMessage(Severity severity, Text text, const void* teller = nullptr);
+    void WithdrawMessages(const void* teller);
     /// Lines that ask for something to be done: what is out of range, warnings and errors.
     std::size_t CountProblems() const;
     /// The symbol of the worst kind that is shown; none while there is nothing.
@@ -73,6 +75,7 @@ private:
         Severity severity;
         Text text;
         UserMessage message;
+        const void* teller;  ///< an address to compare, of what may have gone since
     };
 
     void ShowLines();

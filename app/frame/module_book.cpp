@@ -163,6 +163,14 @@ void ModuleBook::MakeShownPages()
         host->Release();
 }
 
+void ModuleBook::Cover(bool isCovered)
+{
+    for (const PageHost* host : m_hosts) {
+        if (host->GetPanel() != nullptr)
+            host->GetPanel()->Show(!isCovered && host->IsShown());
+    }
+}
+
 void ModuleBook::Arrange()
 {
     const std::vector<Item> wanted = WantedItems();

@@ -32,6 +32,8 @@ public:
     void Close();
     /// Makes the pages that are in view; nothing while the window around them is not shown.
     void MakeShownPages();
+    /// Whether something covers the notebook, behind which no page follows the project.
+    void Cover(bool isCovered);
     /// Brings pages, tree and names into agreement with the owners that the project has now.
     void Follow();
     /// Shows in the tree how the balance of each water stands.

@@ -21,7 +21,8 @@ class VisualizeMessageEvent;
 wxDECLARE_EXPORTED_EVENT(GUI_BASE_EXPORT, tv_MESSAGE, MessageEvent);
 wxDECLARE_EXPORTED_EVENT(GUI_BASE_EXPORT, tvVISUALIZE_MESSAGE, VisualizeMessageEvent);
 
-/// Texts (UTF-8) of a module for the host's message area.
+/// Texts (UTF-8) of a module for the host's message area. Those with a field as their event object replace
+/// what it told before; none withdraw it.
 class GUI_BASE_EXPORT MessageEvent : public wxEvent
 {
 public:

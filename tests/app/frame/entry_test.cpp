@@ -89,6 +89,37 @@ TEST_F(EntryTest, AFieldThatWasLeftKeepsNoSelection)
     EXPECT_EQ(sodium.GetStringSelection(), "");
 }
 
+TEST_F(EntryTest, ARefusedEntryIsToldUntilThereIsANumber)
+{
+    TvTextCtrl& sodium = *WaterPage().FindField("liquid/na.orig");
+    TvTextCtrl& calcium = *WaterPage().FindField("liquid/ca.orig");
+    const auto told = [this] {
+        std::string notes;
+        for (int line = 0; line < m_frame->GetMessageArea().GetItemCount(); ++line) {
+            const std::string text = m_frame->GetMessageArea().GetItemText(line, 1).utf8_string();
+            if (text.find("stays as it was") != std::string::npos)
+                notes += text.substr(0, text.find(" is ")) + ";";
+        }
+        return notes;
+    };
+    const auto enter = [](TvTextCtrl& field, const char* text) {
+        gui_test::Enter(field, text);
+        gui_test::Pump();
+    };
+    enter(sodium, "1e");
+    enter(sodium, "-24");
+    EXPECT_EQ(told(), "Sodium [mg/l]: \"-24\";") << "the last one of a field";
+    enter(calcium, "-1");
+    enter(calcium, "40");
+    EXPECT_EQ(told(), "Sodium [mg/l]: \"-24\";") << "which another field does not settle";
+    gui_test::Focus(sodium);
+    gui_test::Press(WXK_TAB);
+    gui_test::Pump();
+    EXPECT_EQ(told(), "Sodium [mg/l]: \"-24\";") << "nothing has been typed";
+    enter(sodium, "24");
+    EXPECT_EQ(told(), "");
+}
+
 TEST_F(EntryTest, ALimitOfDetectionIsTypedAsTheSheetHasIt)
 {
     TvTextCtrl* barium = WaterPage().FindField("liquid/ba.orig");

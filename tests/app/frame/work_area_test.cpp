@@ -239,6 +239,22 @@ TEST_F(WorkAreaTest, ExamplesHaveAPictureOfTheirIons)
         wxIMAGE_ALPHA_TRANSPARENT);
 }
 
+TEST_F(WorkAreaTest, APageBehindTheStartPageShowsWhatWasChangedMeanwhile)
+{
+    TvTextCtrl& sodium = *WaterPage().FindField("liquid/na.orig");
+    const wxString before = sodium.GetValue();
+    gui_test::Enter(sodium, "4321");
+    gui_test::Pump();
+    EXPECT_TRUE(MenuItem(wxID_UNDO).IsEnabled());
+    m_frame->ShowStart();
+    EXPECT_FALSE(MenuItem(wxID_UNDO).IsEnabled()) << "nobody would see what is undone";
+    m_frame->Undo();
+    gui_test::Pump();
+    m_frame->ShowPages();
+    gui_test::Pump();
+    EXPECT_EQ(sodium.GetValue(), before);
+}
+
 TEST_F(WorkAreaTest, TheProgramOpensWithItsStartPage)
 {
     // As the program does without a file: the page stands there before the window.

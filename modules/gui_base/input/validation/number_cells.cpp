@@ -22,7 +22,7 @@ std::optional<double> ParseNumber(wxGridTableBase& table, int column, const wxSt
         return number;
     wxString name = table.GetColLabelValue(column);
     name.Replace("\n", " ");
-    NumericValidator::TellNoNumber(*table.GetView(), name, text, std::nullopt);
+    NumericValidator::TellNoNumber(*table.GetView(), name, text);
     return std::nullopt;
 }
 

@@ -28,6 +28,33 @@ enum StatusField
 
 constexpr int kPreciseDigits = 2;
 
+wxString NoNumberText(const wxString& name, const wxString& text, std::optional<double> becomes)
+{
+    if (becomes)
+        return wxString::Format(i18n::Translated("%s: \"%s\" is no number; the value becomes %g"), name, text,
+                                *becomes);
+    // A number that is refused all the same is an amount below nothing.
+    const char* const stays = NumericValidator::ParseNumber(text)
+                                  ? wxTRANSLATE("%s: \"%s\" is below 0; the value stays as it was")
+                                  : wxTRANSLATE("%s: \"%s\" is no number; the value stays as it was");
+    return wxString::Format(i18n::Translated(stays), name, text);
+}
+
+/// To the message area of the frame around `window`: what `field` has to tell of its entry, or something that
+/// is no single field's.
+void Tell(wxWindow& window, wxWindow* field, std::vector<std::string> messages)
+{
+    if (!messages.empty() && !wxValidator::IsSilent())
+        wxBell();
+    wxWindow* const top = wxGetTopLevelParent(&window);
+    if (top == nullptr)
+        return;
+    auto* const event =
+        new MessageEvent(tv_MESSAGE, window.GetId(), std::string(), std::string(), std::move(messages));
+    event->SetEventObject(field);
+    wxQueueEvent(top, event);
+}
+
 }  // namespace
 
 NumericValidator::NumericValidator(TvTextCtrlFormat format, int flags) : Validator(flags), m_format(format) {}
@@ -39,6 +66,7 @@ NumericValidator& NumericValidator::operator=(const NumericValidator& other)
     Validator::operator=(other);
     m_format = other.m_format;
     m_reported = other.m_reported;
+    m_isRefused = other.m_isRefused;
     m_rangeFlag = other.m_rangeFlag;
     m_belowMinColour = other.m_belowMinColour;
     m_aboveMaxColour = other.m_aboveMaxColour;
@@ -77,12 +105,20 @@ wxString NumericValidator::FormatValueAsString(int extraDigits)
 
 void NumericValidator::DoTransferFromWindow()
 {
+    const bool isTyped = GetControlValue() != m_fitted;
+    const bool wasRefused = m_isRefused;
+    m_isRefused = false;
     if (IsControlEmpty())
         SetValueToUndef();
     else
         ConvertStringToValue();
     CheckLimits();
     ColourByRange();
+    // A page reads all its fields at each edit: only another entry settles a refused one.
+    if (wasRefused && !m_isRefused && isTyped)
+        Tell(*m_validatorWindow, m_validatorWindow, {});
+    else
+        m_isRefused = m_isRefused || wasRefused;
 }
 
 void NumericValidator::DoTransferToWindow()
@@ -93,6 +129,7 @@ void NumericValidator::DoTransferToWindow()
         m_rangeFlag = 0;
         ColourByRange();
         SetControlValue(wxString());
+        m_fitted.clear();
         return;
     }
     CheckLimits();
@@ -220,28 +257,17 @@ std::optional<double> NumericValidator::ParseControlValue(std::optional<double> 
     if (!value && text != m_reported)
         ReportNoNumber(text, becomes);
     m_reported = value ? wxString() : text;
+    m_isRefused = !value && !becomes;
     return value ? value : becomes;
 }
 
 void NumericValidator::ReportNoNumber(const wxString& text, std::optional<double> becomes)
 {
-    TellNoNumber(*m_validatorWindow, m_validatorWindow->GetName(), text, becomes);
+    Tell(*m_validatorWindow, m_validatorWindow,
+         {NoNumberText(m_validatorWindow->GetName(), text, becomes).utf8_string()});
 }
 
-void NumericValidator::TellNoNumber(wxWindow& window, const wxString& name, const wxString& text,
-                                    std::optional<double> becomes)
+void NumericValidator::TellNoNumber(wxWindow& window, const wxString& name, const wxString& text)
 {
-    if (!wxValidator::IsSilent())
-        wxBell();
-    // A number that is refused all the same is an amount below nothing.
-    const char* const stays = ParseNumber(text)
-                                  ? wxTRANSLATE("%s: \"%s\" is below 0; the value stays as it was")
-                                  : wxTRANSLATE("%s: \"%s\" is no number; the value stays as it was");
-    const wxString message =
-        becomes ? wxString::Format(i18n::Translated("%s: \"%s\" is no number; the value becomes %g"), name,
-                                   text, *becomes)
-                : wxString::Format(i18n::Translated(stays), name, text);
-    if (wxWindow* const top = wxGetTopLevelParent(&window))
-        wxQueueEvent(top, new MessageEvent(tv_MESSAGE, window.GetId(), std::string(), std::string(),
-                                           {message.utf8_string()}));
+    Tell(window, nullptr, {NoNumberText(name, text, std::nullopt).utf8_string()});
 }

@@ -37,9 +37,8 @@ public:
     /// number.
     static std::optional<double> ParseAmount(const wxString& text);
     /// Rings the bell and tells the message area of the frame around `window` that a value's text is no
-    /// number: `becomes` is the number taken instead; without it the value stays as it was.
-    static void TellNoNumber(wxWindow& window, const wxString& name, const wxString& text,
-                             std::optional<double> becomes);
+    /// number, and that the value stays as it was.
+    static void TellNoNumber(wxWindow& window, const wxString& name, const wxString& text);
 
 protected:
     void DoTransferFromWindow() override;
@@ -68,7 +67,8 @@ protected:
     static wxString FormatNumber(double value, const numbertext::Style& style);
     /// The number that the control's text states in the current locale. A text that states none rings the
     /// bell and is reported to the frame's message area by a MessageEvent, once as long as it stands there:
-    /// `becomes` is the number taken instead; without it the value stays as it was.
+    /// `becomes` is the number taken instead; without it the value stays as it was, and the report is
+    /// withdrawn by the next number that the user enters.
     std::optional<double> ParseControlValue(std::optional<double> becomes = std::nullopt);
 
 private:
@@ -79,8 +79,9 @@ private:
 
     TvTextCtrlFormat m_format;
     int m_rangeFlag = 0;
-    wxString m_reported;    ///< the text that was reported last as no number
-    wxString m_fitted;      ///< the text that the field has room for
+    wxString m_reported;  ///< the text that was reported last as no number
+    bool m_isRefused = false;
+    wxString m_fitted;      ///< the text of the value, for which the field has room
     int m_usualWidth = -1;  ///< of the field without a long number in it
     bool m_isWider = false;
     wxColour m_belowMinColour{128, 192, 255};
