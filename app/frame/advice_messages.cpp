@@ -61,7 +61,7 @@ std::vector<MessageArea::RangeMessage> AdviceMessages::GetMessages(const Project
             messages.push_back(
                 {.text = wxString::FromUTF8(title.empty() ? sentence : title + ": " + sentence),
                  .address = warning.address,
-                 .isAdvice = true});
+                 .rule = warning.id});
         }
     }
     return messages;

@@ -20,34 +20,46 @@ constexpr int kIconSize = 16;
 /// What stays free beside a symbol and the text of its kind.
 constexpr int kBesideKind = 28;
 
-/// What a line begins with, the order of `Picture`.
+/// What a line begins with, worse ones later.
 enum class Sign
 {
     Info,
+    Range,
     Warning,
-    Error,
-    Range
+    Error
 };
 
-constexpr std::array kSigns{Sign::Info, Sign::Warning, Sign::Error, Sign::Range};
+constexpr std::array kSigns{Sign::Info, Sign::Range, Sign::Warning, Sign::Error};
 
 wxBitmapBundle PictureOf(Sign sign)
 {
-    constexpr std::array kNames{"icons/info.svg", "icons/warning.svg", "icons/error.svg", "icons/range.svg"};
+    constexpr std::array kNames{"icons/info.svg", "icons/range.svg", "icons/warning.svg", "icons/error.svg"};
     return ImageLoader::LoadBundle(kNames.at(static_cast<std::size_t>(sign)), wxSize(kIconSize, kIconSize));
 }
 
 wxString KindText(Sign sign)
 {
-    constexpr std::array kKinds{wxTRANSLATE("Note"), wxTRANSLATE("Warning"), wxTRANSLATE("Error"),
-                                wxTRANSLATE("Range")};
+    constexpr std::array kKinds{wxTRANSLATE("Note"), wxTRANSLATE("Range"), wxTRANSLATE("Warning"),
+                                wxTRANSLATE("Error")};
     return i18n::Translated(kKinds.at(static_cast<std::size_t>(sign)));
 }
 
-/// Kinds of `Sign` begin as those of `Severity` do.
 Sign SignOf(MessageArea::Severity severity)
 {
-    return static_cast<Sign>(severity);
+    switch (severity) {
+        case MessageArea::Severity::Info:
+            return Sign::Info;
+        case MessageArea::Severity::Warning:
+            return Sign::Warning;
+        case MessageArea::Severity::Error:
+            break;
+    }
+    return Sign::Error;
+}
+
+Sign SignOf(const MessageArea::RangeMessage& message)
+{
+    return message.rule.empty() ? Sign::Range : Sign::Warning;
 }
 
 long IconOf(MessageArea::Severity severity)
@@ -97,10 +109,12 @@ void MessageArea::SetRangeMessages(const std::vector<RangeMessage>& messages, st
         std::equal(messages.begin(), messages.end(), m_ranges.begin(), m_ranges.end(), same))
         return;
     m_allRanges = all;
-    std::set<DetailAddress> old;
+    // Another figure in a sentence is nothing new, another kind of sentence about the same value is.
+    const auto about = [](const RangeMessage& message) { return std::pair(message.address, message.rule); };
+    std::set<std::pair<DetailAddress, std::string>> old;
     for (const RangeMessage& range : m_ranges)
-        old.insert(range.address);
-    const auto isOld = [&old](const RangeMessage& message) { return old.contains(message.address); };
+        old.insert(about(range));
+    const auto isOld = [&](const RangeMessage& message) { return old.contains(about(message)); };
     const auto fresh = std::ranges::find_if_not(messages, isOld);
     const bool isNew = fresh != messages.end();
     const long place = static_cast<long>(fresh - messages.begin());
@@ -156,10 +170,12 @@ std::size_t MessageArea::CountProblems() const
 
 wxBitmapBundle MessageArea::GetWorstPicture() const
 {
-    if (m_messages.empty())
-        return m_ranges.empty() ? wxBitmapBundle() : PictureOf(Sign::Range);
-    const Severity worst = std::ranges::max(m_messages, {}, &Line::severity).severity;
-    return PictureOf(worst == Severity::Info && !m_ranges.empty() ? Sign::Range : SignOf(worst));
+    std::vector<Sign> signs;
+    for (const RangeMessage& range : m_ranges)
+        signs.push_back(SignOf(range));
+    for (const Line& line : m_messages)
+        signs.push_back(SignOf(line.severity));
+    return signs.empty() ? wxBitmapBundle() : PictureOf(std::ranges::max(signs));
 }
 
 void MessageArea::ClearMessages()
@@ -204,7 +220,7 @@ void MessageArea::ShowLines()
         SetItem(item, 1, text);
     };
     for (const RangeMessage& range : m_ranges)
-        add(range.isAdvice ? Sign::Warning : Sign::Range, range.text);
+        add(SignOf(range), range.text);
     for (const Line& line : m_messages)
         add(SignOf(line.severity), line.message.text);
     Thaw();

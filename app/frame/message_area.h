@@ -33,7 +33,7 @@ public:
     {
         wxString text;
         DetailAddress address;
-        bool isAdvice = false;
+        std::string rule;  ///< of the advice that warns; empty of a value out of range
     };
 
     explicit MessageArea(wxWindow* parent);

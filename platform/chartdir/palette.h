@@ -25,6 +25,14 @@ struct Colour
                 static_cast<std::uint8_t>(rgb & 0xFFU), alpha};
     }
     constexpr Colour WithAlpha(double newAlpha) const { return {red, green, blue, newAlpha}; }
+    /// Lighter by that part of white.
+    constexpr Colour Tinted(double white) const
+    {
+        const auto tint = [white](std::uint8_t channel) {
+            return static_cast<std::uint8_t>(channel + white * (255 - channel));
+        };
+        return {tint(red), tint(green), tint(blue), alpha};
+    }
     bool operator==(const Colour&) const = default;
 };
 

@@ -65,7 +65,8 @@ std::string BalanceVerdictText(const advice::BalanceJudgement& judgement, const 
         case BalanceVerdict::Doubtful:
             return context.Translated(wxTRANSLATE("doubtful"));
         case BalanceVerdict::OverLimit:
-            return byRule(wxTRANSLATE("over the limit of %s"));
+            return byRule(judgement.isBeyondRule ? wxTRANSLATE("over 5 percent, though %s ends at 800 meq/l")
+                                                 : wxTRANSLATE("over the limit of %s"));
         case BalanceVerdict::InOrder:
             break;
     }

@@ -23,14 +23,13 @@ using diagrams::BarPart;
 struct PartLook
 {
     BarPart part;
-    const char* label;   ///< source text where it is no symbol
-    std::size_t colour;  ///< place in the palette; main ions have colours of their own
-    /// Tells others of the same colour apart; that which rises is the closing ion's.
-    chartdir::Marker hatching = chartdir::Marker::None;
+    const char* label;    ///< source text where it is no symbol
+    std::size_t colour;   ///< place in the palette; main ions have colours of their own
+    bool isTint = false;  ///< a lighter colour than the other ion has
 };
-constexpr auto kRising = chartdir::Marker::Square;
-constexpr auto kFalling = chartdir::Marker::Triangle;
-constexpr auto kLevel = chartdir::Marker::Diamond;
+/// Of the closing ion alone.
+constexpr auto kHatching = chartdir::Marker::Square;
+constexpr const char* kClosing = wxTRANSLATE("closes the balance");
 constexpr std::array kParts{
     // The legend has the main ions first.
     PartLook{BarPart::Calcium, kCalcium, 0},
@@ -40,13 +39,20 @@ constexpr std::array kParts{
     PartLook{BarPart::Sulfate, kSulfate, 6},
     PartLook{BarPart::Chloride, kChloride, 4},
     PartLook{BarPart::Potassium, kPotassium, 3},
-    PartLook{BarPart::Nitrate, kNitrate, 3, kFalling},
-    PartLook{BarPart::Ammonium, kAmmonium, 4, kLevel},
-    PartLook{BarPart::Iron, kIron, 1, kFalling},
-    PartLook{BarPart::Manganese, kManganese, 6, kLevel},
+    PartLook{BarPart::Nitrate, kNitrate, 3, true},
+    PartLook{BarPart::Ammonium, kAmmonium, 4, true},
+    PartLook{BarPart::Iron, kIron, 1, true},
+    PartLook{BarPart::Manganese, kManganese, 6, true},
     PartLook{BarPart::OtherCations, wxTRANSLATE("Other cations"), 7},
-    PartLook{BarPart::OtherAnions, wxTRANSLATE("Other anions"), 7, kFalling},
+    PartLook{BarPart::OtherAnions, wxTRANSLATE("Other anions"), 7, true},
 };
+
+chartdir::Colour ColourOf(const PartLook& look)
+{
+    constexpr double kWhite = 0.45;
+    const chartdir::Colour colour = chartdir::StyleOfSeries(look.colour).colour;
+    return look.isTint ? colour.Tinted(kWhite) : colour;
+}
 
 const PartLook& LookOf(BarPart part)
 {
@@ -64,14 +70,14 @@ std::vector<chartdir::Segment> SegmentsOf(const std::vector<diagrams::BarSegment
         if (segment.part == BarPart::Alkalinity)
             name += fmt::format(" ({}+OH\u207b)", kBicarbonate);
         if (segment.isClosing)
-            name += fmt::format(" ({})", context.Translated(wxTRANSLATE("closes the balance")));
+            name += fmt::format(" ({})", context.Translated(kClosing));
         segments.push_back({.label = label,
                             .shortLabel = segment.part == BarPart::Alkalinity
                                               ? context.Translated(wxTRANSLATE("Alk."))
                                               : std::string(),
                             .value = segment.meq,
-                            .colour = chartdir::StyleOfSeries(look.colour).colour,
-                            .hatching = segment.isClosing ? kRising : look.hatching,
+                            .colour = ColourOf(look),
+                            .hatching = segment.isClosing ? kHatching : chartdir::Marker::None,
                             .tip = Tip(water, name, segment.meq, isCation, context)});
     }
     return segments;
@@ -98,7 +104,7 @@ BarPieces PiecesOf(const diagrams::WaterIons& ions)
     const auto pieces = [](const std::vector<diagrams::BarSegment>& bar) {
         std::vector<BarPiece> all;
         for (const diagrams::BarSegment& segment : bar)
-            all.push_back({chartdir::StyleOfSeries(LookOf(segment.part).colour).colour, segment.meq});
+            all.push_back({ColourOf(LookOf(segment.part)), segment.meq});
         return all;
     };
     return {pieces(bars.cations), pieces(bars.anions)};
@@ -110,10 +116,13 @@ std::shared_ptr<chartdir::BaseChart> MakeBars(const Contents& contents, const Re
     chartdir::SegmentLayer& layer = chart->addSegmentLayer();
     std::vector<std::string> names;
     std::set<BarPart> parts;
+    bool hasClosing = false;
     for (const Water& water : contents.waters) {
         const diagrams::IonBars bars = diagrams::BarsOf(water.ions);
-        for (const auto* bar : {&bars.cations, &bars.anions})
+        for (const auto* bar : {&bars.cations, &bars.anions}) {
             std::ranges::transform(*bar, std::inserter(parts, parts.end()), &diagrams::BarSegment::part);
+            hasClosing |= std::ranges::any_of(*bar, &diagrams::BarSegment::isClosing);
+        }
         names.push_back(water.name);
         layer.addPair(SegmentsOf(bars.cations, water, true, context),
                       SegmentsOf(bars.anions, water, false, context));
@@ -121,9 +130,10 @@ std::shared_ptr<chartdir::BaseChart> MakeBars(const Contents& contents, const Re
     // Bars of one water are wide enough for names.
     for (const PartLook& look : kParts) {
         if (contents.waters.size() > 1 && parts.contains(look.part))
-            layer.addLegendEntry(context.Translated(look.label), chartdir::StyleOfSeries(look.colour).colour,
-                                 look.hatching);
+            layer.addLegendEntry(context.Translated(look.label), ColourOf(look), chartdir::Marker::None);
     }
+    if (contents.waters.size() > 1 && hasClosing)
+        layer.addLegendEntry(context.Translated(kClosing), ColourOf(LookOf(BarPart::Sodium)), kHatching);
     chart->xAxis().setLabels(std::move(names));
     return chart;
 }

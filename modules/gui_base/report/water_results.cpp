@@ -137,6 +137,8 @@ void ShowAcidity(const Facts& facts, ResultTile& tile)
 void ShowAnionLoad(const Facts& facts, ResultTile& tile)
 {
     facts.Show(tile, facts.numbers.anionLoad, "meq/l");
+    if (!tile.value.empty() && std::isnan(facts.numbers.silica))
+        tile.title = facts.Tr(wxTRANSLATE("Anion load with CO2, SiO2 unknown"));
     tile.second =
         facts.Caption(std::isnan(facts.evaluation.residualCo2) ? wxTRANSLATE("behind a degasser %s")
                                                                : wxTRANSLATE("behind the degasser %s"),
@@ -177,11 +179,10 @@ void ShowLoad(const Facts& facts, ResultTile& tile)
 void ShowLangelier(const Facts& facts, ResultTile& tile)
 {
     const advice::Saturation& saturation = facts.evaluation.saturation;
-    constexpr int kDecimals = 2;
     if (std::isnan(saturation.langelier))
         return;
-    // The constants are good to a tenth; the limits are compared with what is shown.
-    tile.value = FixedNumber(saturation.langelier, kDecimals, facts.context);
+    // The constants are good to a tenth.
+    tile.value = FixedNumber(saturation.langelier, 1, facts.context);
     tile.unit = saturation.isBeyondDavies ? "(I > 0.2)" : "";
     tile.second = fmt::format(
         "{}, {}", LangelierReading(saturation.langelier, facts.context),
@@ -189,7 +190,7 @@ void ShowLangelier(const Facts& facts, ResultTile& tile)
     const auto line = [&](const char* source, double value) {
         return std::isnan(value)
                    ? std::string()
-                   : fmt::format("\n{}: {}", facts.Tr(source), FixedNumber(value, kDecimals, facts.context));
+                   : fmt::format("\n{}: {}", facts.Tr(source), FixedNumber(value, 2, facts.context));
     };
     tile.explanation += line(wxTRANSLATE("pH of saturation"), saturation.pHs) +
                         line(wxTRANSLATE("Langelier index without ion pairs"), saturation.langelierByHand) +
@@ -222,7 +223,8 @@ constexpr std::array kTiles{
     TileRow{"hardness", wxTRANSLATE("Total hardness"), wxTRANSLATE("Calcium and magnesium"), ShowHardness},
     TileRow{"carbonate", wxTRANSLATE("Carbonate hardness"),
             wxTRANSLATE("The hardness that the alkalinity goes with"), ShowCarbonateHardness},
-    TileRow{"m", wxTRANSLATE("Alkalinity (m-value)"), wxTRANSLATE("Acid demand to pH 4.3"), ShowAlkalinity},
+    TileRow{"m", wxTRANSLATE("Alkalinity (m-value)"),
+            wxTRANSLATE("Acid demand to pH 4.3, less the acid that the water has there"), ShowAlkalinity},
     TileRow{"p", wxTRANSLATE("Alkalinity (p-value)"), wxTRANSLATE("Acid demand to pH 8.2"), ShowAlkalinityP},
     TileRow{"ema", wxTRANSLATE("Equivalent mineral acidity"),
             wxTRANSLATE("Anions of strong acids: the acidity behind a strong-acid cation exchanger"),
@@ -232,9 +234,10 @@ constexpr std::array kTiles{
                         "equivalent a mole"),
             ShowAnionLoad},
     TileRow{"ph", wxTRANSLATE("pH"), wxTRANSLATE("With the free CO2 that goes with it"), ShowPh},
-    TileRow{"load", wxTRANSLATE("Load of a day"),
-            wxTRANSLATE("What the water brings at the flow of all lines, less the time of regeneration"),
-            ShowLoad},
+    TileRow{
+        "load", wxTRANSLATE("Load of a day"),
+        wxTRANSLATE("What the water brings at the flow of all lines, in the hours that they run on a day"),
+        ShowLoad},
     TileRow{"langelier", wxTRANSLATE("Langelier index"),
             wxTRANSLATE("Above 0 calcium carbonate may deposit, below 0 it dissolves; good to a tenth"),
             ShowLangelier},

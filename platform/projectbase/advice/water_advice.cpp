@@ -11,6 +11,7 @@
 #include "projectbase/project/iex_project.h"
 #include "projectbase/sequence/sequence_calculation.h"
 #include "projectbase/sequence/sequence_tables.h"
+#include "projectbase/water/alkalinity.h"
 #include "projectbase/water/detection_limits.h"
 
 #include <wx/translation.h>
@@ -26,6 +27,7 @@ namespace {
 
 constexpr double kWhole = 100.0;  // %
 constexpr const char* kMakers = wxTRANSLATE("Practice of regeneration; one of several nearly equal tables");
+constexpr const char* kRegeneration = wxTRANSLATE("Practice of regeneration");
 constexpr const char* kOwn = wxTRANSLATE("Solubility of the spent acid");
 
 /// A rule with what it says; what it looks at stands in the functions below.
@@ -140,7 +142,7 @@ constexpr Rule kBaseHard{"base.hard",
                          wxTRANSLATE("Total hardness"),
                          "meq/l",
                          wxTRANSLATE("Use decationised or softened water"),
-                         kMakers,
+                         kRegeneration,
                          "base"};
 constexpr Rule kCaustic{
     "silica.caustic",
@@ -150,7 +152,7 @@ constexpr Rule kCaustic{
     "%",
     wxTRANSLATE(
         "Caustic of 35 to 50 degrees Celsius; cold one leaves silica on the resin, where it polymerises"),
-    kMakers,
+    kRegeneration,
     "caustic"};
 
 /// Collects what rules say.
@@ -185,11 +187,12 @@ public:
 void JudgeSaturation(const LiquidData& water, const Saturation& saturation, Collected& collected)
 {
     const auto at = [&water](const char* key) { return DetailAddress{water.GetOwner(), key}; };
-    collected.AddAbove(kLangelier, saturation.langelier, kLangelierBalanced, at("liquid/ph"));
     // What was not found may be far less than what is counted for it.
     const auto isFound = [&water](const char* ion) {
         return !water::IsBelowDetection(*water.GetDetails(), ion);
     };
+    if (isFound("ca") && (isFound("hco3") || water::IsAlkalinityReported(*water.GetDetails())))
+        collected.AddAbove(kLangelier, saturation.langelier, kLangelierBalanced, at("liquid/ph"));
     for (const MineralRule& row : kMineralRules) {
         if (std::ranges::all_of(row.ions, isFound))
             collected.AddAbove(row.rule, saturation.Index(row.mineral), 0.0, at("liquid/ca.orig"));
@@ -292,8 +295,14 @@ void JudgeCaustic(const design::CompartmentDesign& bed, Collected& collected)
 void JudgeRegeneration(const iex::IEXProject& plant, const LiquidData& water, const WaterNumbers& numbers,
                        Collected& collected)
 {
-    const double calcium = water.GetDetails()->At("liquid/ca.meql").GetDoubleValue();
-    const double barium = water.GetDetails()->At("liquid/ba.mgl").GetDoubleValue();
+    const DetailList& details = *water.GetDetails();
+    // What was not found may be far less than what is counted for it.
+    const auto found = [&details](const char* ion, const char* key, double otherwise) {
+        return water::IsBelowDetection(details, ion) ? otherwise : details.At(key).GetDoubleValue();
+    };
+    const double calcium = found("ca", "liquid/ca.meql", std::nan(""));
+    const double hardness = found("ca", "liquid/ca.meql", 0.0) + found("mg", "liquid/mg.meql", 0.0);
+    const double barium = found("ba", "liquid/ba.mgl", 0.0);
     bool isFirst = true;
     bool hasSulfuric = false;
     for (const design::ExchangerDesign& exchanger : design::DesignOf(plant).exchangers) {
@@ -305,13 +314,14 @@ void JudgeRegeneration(const iex::IEXProject& plant, const LiquidData& water, co
                 // What comes behind another cation exchanger is no longer the water that feeds the plant.
                 JudgeAcid(bed, isFirst ? calcium / numbers.cations : std::nan(""), collected);
             }
-            JudgeCaustic(bed, collected);
+            if (!water::IsBelowDetection(details, "sio2"))
+                JudgeCaustic(bed, collected);
         }
-        JudgeBase(exchanger, numbers.hardness, collected);
+        JudgeBase(exchanger, hardness, collected);
         isFirst = isFirst && !takesCations;
     }
     constexpr double kLeastBarium = 0.05;  // mg/l
-    if (hasSulfuric && barium >= kLeastBarium && !water::IsBelowDetection(*water.GetDetails(), "ba"))
+    if (hasSulfuric && barium >= kLeastBarium)
         collected.Add(kBarium, barium, kLeastBarium, {water.GetOwner(), "liquid/ba.orig"});
 }
 

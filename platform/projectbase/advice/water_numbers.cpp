@@ -4,29 +4,54 @@
 #include "core/ion_table.h"
 #include "projectbase/costs/project_costs.h"
 #include "projectbase/project/iex_project.h"
+#include "projectbase/sequence/sequence_calculation.h"
 #include "projectbase/water/alkalization.h"
 #include "projectbase/water/detection_limits.h"
 #include "projectbase/water/laboratory_import.h"
 #include "projectbase/water/normalization.h"
 #include "projectbase/water/totals.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <cmath>
+#include <initializer_list>
+#include <string_view>
 
 namespace advice {
 
 namespace {
 
-/// mmol/l. What is not known leaves the sum that it is a part of unknown.
-double Millimoles(const DetailList& liquid, std::string_view key, std::string_view ion)
+/// mmol/l; not a number of what was not analysed, for which a sheet has no amount or none at all.
+double Millimoles(const DetailList& liquid, std::string_view ion)
 {
-    return liquid.At(key).GetDoubleValue() / ions::FindIon(ion)->molarMass;
+    const double mass = liquid.At(fmt::format("liquid/{}.mgl", ion)).GetDoubleValue();
+    if (mass == 0.0 && !water::IsBelowDetection(liquid, ion))
+        return kNotKnown;
+    return mass / ions::FindIon(ion)->molarMass;
+}
+
+/// A sum that is exactly nothing because none of its ions was analysed is not known; one of limits of
+/// detection is.
+double UnlessNothing(const DetailList& liquid, double sum, std::initializer_list<std::string_view> ions)
+{
+    const auto isLimit = [&liquid](std::string_view ion) { return water::IsBelowDetection(liquid, ion); };
+    return sum == 0.0 && std::ranges::none_of(ions, isLimit) ? kNotKnown : sum;
+}
+
+double OrNothing(double amount)
+{
+    return std::isnan(amount) ? 0.0 : amount;
 }
 
 double CarbonOf(const DetailList& liquid, const WaterNumbers& numbers)
 {
-    if (std::isfinite(numbers.p) || std::isfinite(water::PhOf(liquid)))
-        return numbers.m - numbers.p;
+    if (std::isfinite(numbers.p) || std::isfinite(water::PhOf(liquid))) {
+        constexpr double kRounding = 1e-6;
+        const double carbon = numbers.m - numbers.p;
+        // A titration that found more to pH 8.2 than to 4.3 contradicts itself.
+        return carbon < -kRounding * std::max(1.0, std::abs(numbers.m)) ? kNotKnown : std::max(0.0, carbon);
+    }
     return std::max(0.0, numbers.m) + water::Co2Of(liquid);
 }
 
@@ -52,18 +77,19 @@ void SetCations(const DetailList& liquid, bool isClosed, WaterNumbers& numbers)
     numbers.cations = value("liquid/sum.c.meql") + (isClosed ? value("liquid/na.plus.meql") : 0.0);
     if (liquid.At("liquid/balance.ph").GetBoolValue())
         numbers.cations -= value("liquid/h.plus.meql");
-    numbers.hardness = value("liquid/hardness.total");
+    numbers.hardness = UnlessNothing(liquid, value("liquid/hardness.total"), {"ca", "mg"});
 }
 
 void SetAnions(const DetailList& liquid, WaterNumbers& numbers)
 {
     const auto value = [&liquid](const char* key) { return liquid.At(key).GetDoubleValue(); };
-    numbers.m = value("liquid/alkalinity.m");
-    numbers.p = value("liquid/alkalinity.p");
-    numbers.acidity = value("liquid/ema");
+    numbers.m = UnlessNothing(liquid, value("liquid/alkalinity.m"), {"hco3", "co3", "oh.minus"});
+    numbers.p = std::isnan(numbers.m) ? kNotKnown : value("liquid/alkalinity.p");
+    numbers.acidity =
+        UnlessNothing(liquid, value("liquid/ema"), {"cl", "so4", "no3", "no2", "f", "br", "po4"});
     numbers.carbon = CarbonOf(liquid, numbers);
-    numbers.silica = Millimoles(liquid, "liquid/sio2.mgl", "sio2");
-    numbers.boron = Millimoles(liquid, "liquid/b.mgl", "b");
+    numbers.silica = Millimoles(liquid, "sio2");
+    numbers.boron = Millimoles(liquid, "b");
     numbers.co2 = FreeCo2(liquid, numbers);
 }
 
@@ -86,7 +112,8 @@ WaterNumbers NumbersAsCounted(const DetailList& liquid)
     numbers.hardnessLoad = numbers.hardness;
     numbers.carbonateLoad = numbers.carbonate;
     numbers.acidityByCations = numbers.cations - numbers.m;
-    numbers.anionLoad = numbers.acidity + numbers.carbon + numbers.silica + numbers.boron;
+    numbers.anionLoad =
+        numbers.acidity + numbers.carbon + OrNothing(numbers.silica) + OrNothing(numbers.boron);
     return numbers;
 }
 
@@ -147,7 +174,11 @@ double VolumeOfDay(const Project& project)
     const double running = value("project/lz");
     if (!(running > 0.0))
         return kNotKnown;
-    const double hours = running * costs::CyclesPerYear(*plant) / kDaysOfYear;
+    constexpr double kHoursOfDay = 24.0;
+    // Where no regeneration stops it the plant runs for the hours of a day that it is to.
+    const bool isStopped = sequence::TotalsOf(*plant).time > 0.0;
+    const double hours =
+        isStopped ? running * costs::CyclesPerYear(*plant) / kDaysOfYear : std::min(running, kHoursOfDay);
     return value("project/qbrutto") * value("project/nlines") * hours;
 }
 

@@ -33,15 +33,15 @@ struct WaterNumbers
     double co2 = kNotKnown;     ///< free CO2
     double silica = kNotKnown;  ///< SiO2
     double boron = kNotKnown;
-    double anionLoad = kNotKnown;      ///< total exchangeable anions
+    double anionLoad = kNotKnown;      ///< total exchangeable anions, of silica and boron what is known
     double hardnessLoad = kNotKnown;   ///< what a softener takes up
     double carbonateLoad = kNotKnown;  ///< what a weak-acid exchanger takes up
 };
 
-/// Of a water whose derived values are up to date. Nothing is known of a short analysis, nor of cations or
-/// anions of which none was analysed. In acidity and loads limits of detection count in full, the cautious
+/// Of a water whose derived values are up to date. Nothing is known of a short analysis, nor of sums of which
+/// no ion was analysed. In acidity and loads limits of detection count in full, the cautious
 /// case; hardness, alkalinity and free CO2 are those that the analysis shows. Carbon is m - p; where neither
-/// pH nor p-value tells p, it is the m-value and the CO2 that was typed.
+/// pH nor p-value tells p, it is the m-value and the CO2 that was typed; of a p above m it is not known.
 PROJECTBASE_EXPORT WaterNumbers NumbersOf(const DetailList& liquid);
 
 /// meq/l of exchangeable anions behind a degasser that leaves `residual` mg/l of CO2, or in front of it where
@@ -62,8 +62,9 @@ PROJECTBASE_EXPORT DailyLoads LoadsOfDay(const WaterNumbers& numbers, double vol
 /// kg of CaCO3 that are as many equivalents.
 inline constexpr double kKilogramCaCo3PerEquivalent = 0.050043;
 
-/// m³ of water that all lines take on an average day: flow times the hours of service, which the time of
-/// regeneration shortens. Not a number while flow or running time are not known.
+/// m³ of water that all lines take on an average day: flow times the hours of service, as many cycles of
+/// running time and regeneration as a day has; the running time itself, a day at most, where nothing is
+/// regenerated. Not a number while flow or running time are not known.
 PROJECTBASE_EXPORT double VolumeOfDay(const Project& project);
 
 /// mg/l of CO2 behind the degasser of the plant; not a number where it has none.

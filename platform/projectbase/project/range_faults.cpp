@@ -187,9 +187,11 @@ void AddMeasuredFaults(const DetailList& details, std::vector<RangeFault>& fault
     }
 }
 
-const char* SentenceOf(advice::BalanceRule rule)
+const char* SentenceOf(const advice::BalanceJudgement& judged)
 {
-    switch (rule) {
+    if (judged.isBeyondRule)
+        return wxTRANSLATE("%s is above %s; Standard Methods 1030E ends at 800 meq/l");
+    switch (judged.rule) {
         case advice::BalanceRule::Dvwk:
             return wxTRANSLATE("%s is over the limit of DVWK 128/1992, %s");
         case advice::BalanceRule::FiveTen:
@@ -214,7 +216,7 @@ void AddBalanceFault(const DetailList& details, std::vector<RangeFault>& faults)
                       .value = rounded > judged.limit ? rounded : exact,
                       .limit = judged.limit,
                       .unit = isAmount ? "meq/l" : "%",
-                      .sentence = SentenceOf(judged.rule)});
+                      .sentence = SentenceOf(judged)});
 }
 
 /// Values of a water that cannot all be right.

@@ -83,8 +83,17 @@ private:
     {
         return std::ranges::all_of(m_parts, condition);
     }
+    /// Whether an amount was found in no part, and in at least one of them it was looked for in vain.
+    bool IsLimit(std::string_view typed) const
+    {
+        const auto value = [typed](const Part& part) { return Value(part.liquid, typed); };
+        return std::ranges::any_of(
+                   m_parts, [](double v) { return v < 0.0; }, value) &&
+               All([&](const Part& part) { return value(part) <= 0.0; });
+    }
     void SetTyped(const IonRow& row, double value, std::string_view unit = ions::kMeqPerLitre);
     void AddTyped(std::string_view ion, double meq);
+    void MixLimits();
     void MixIons();
     void MixNamedIons(const std::array<const char*, 2>& keys);
     void MixBalance();
@@ -107,7 +116,17 @@ void Mixer::SetTyped(const IonRow& row, double value, std::string_view unit)
 void Mixer::AddTyped(std::string_view ion, double meq)
 {
     DetailData& orig = m_target.At(FindIonRow(ion)->orig);
-    orig.SetValue(std::max(0.0, orig.GetDoubleValue() + meq));
+    if (meq != 0.0)
+        orig.SetValue(std::max(0.0, CountedValue(m_target, orig.GetName()) + meq));
+}
+
+/// Limits count as in all of the waters, where that is the same.
+void Mixer::MixLimits()
+{
+    constexpr const char* kLimits = "liquid/limits";
+    const auto code = [&](const Part& part) { return part.liquid.At(kLimits).GetStdStringValue(); };
+    if (!m_parts.empty() && All([&](const Part& part) { return code(part) == code(m_parts.front()); }))
+        m_target.At(kLimits).SetValue(code(m_parts.front()));
 }
 
 void Mixer::MixIons()
@@ -117,7 +136,11 @@ void Mixer::MixIons()
             continue;
         // Silica and boron are masses: their equivalents are only a way of counting.
         const bool byMass = !row.countsAsCharge;
-        SetTyped(row, AmountOf(byMass ? row.mgl : row.meql), byMass ? ions::kMgPerLitre : ions::kMeqPerLitre);
+        const auto limit = [&](const Part& part) { return LimitOf(part.liquid, row); };
+        const double amount = !IsLimit(row.orig) ? AmountOf(byMass ? row.mgl : row.meql)
+                              : byMass ? -Sum([&](const Part& part) { return limit(part).mgPerLitre; })
+                                       : -Sum([&](const Part& part) { return limit(part).meqPerLitre; });
+        SetTyped(row, amount, byMass ? ions::kMgPerLitre : ions::kMeqPerLitre);
     }
     m_target.At("liquid/amine.meql").SetValue(AmountOf("liquid/alk.cation.meql"));
     m_target.At("liquid/amine.mgl").SetValue(AmountOf("liquid/alk.cation.mgl"));
@@ -274,15 +297,18 @@ void Mixer::MixAll()
         return Flag(part.liquid, "liquid/balance.ph");
     }));
     ClearMeasuredValues(m_target);
+    MixLimits();
     MixIons();
     MixNamedIons({"x1", "x2"});
     MixNamedIons({"y1", "y2"});
     MixBalance();
     m_target.At("liquid/temp.orig").SetValue(SumOf("liquid/temp"));
     m_target.At("liquid/temp.unit").SetValue("\u00b0C");
+    // What was found in no part is not found in the mixture either, by the mean of the limits.
     for (const char* property : kMixedProperties)
-        m_target.At(property).SetValue(
-            Sum([property](const Part& part) { return CountedValue(part.liquid, property); }));
+        m_target.At(property).SetValue(IsLimit(property) ? SumOf(property) : Sum([&](const Part& part) {
+            return CountedValue(part.liquid, property);
+        }));
     m_target.At("liquid/sdi").SetValue(kUnknown);
     MixCarbonate();
 }

@@ -223,20 +223,21 @@ double TemperatureOf(const DetailList& liquid)
 
 namespace {
 
-/// mmol/l of OH- that a titration found where neither the pH nor the rows tell it.
+/// mmol/l of OH- that a titration found where neither the pH nor the rows tell it; negative those of H+.
 double TitratedHydroxide(const DetailList& liquid)
 {
     if (HasIonsOfPh(liquid) || liquid.At("liquid/balance.ph").GetBoolValue() || !IsAlkalinityReported(liquid))
         return 0.0;
-    return FormsByTitration(*ReportedAlkalinity(liquid, 'm'), ReportedAlkalinity(liquid, 'p').value_or(0.0))
-        .hydroxide;
+    const double m = *ReportedAlkalinity(liquid, 'm');
+    return m < 0.0 ? m : FormsByTitration(m, ReportedAlkalinity(liquid, 'p').value_or(0.0)).hydroxide;
 }
 
-/// Adds H+ and OH- as they follow from the pH, or OH- as a titration found it.
+/// Adds H+ and OH- as they follow from the pH, or the one of both that a titration found.
 void AddIonsOfPh(const DetailList& liquid, Composition& composition)
 {
     if (!HasIonsOfPh(liquid)) {
-        composition[Species::Oh] += TitratedHydroxide(liquid);
+        const double titrated = TitratedHydroxide(liquid);
+        composition[titrated < 0.0 ? Species::H : Species::Oh] += std::abs(titrated);
         return;
     }
     const PhIons ions = PhIonsIn(composition, PhOf(liquid), TemperatureOf(liquid));

@@ -2,8 +2,6 @@
 #include "projectbase/water/detection_limits.h"
 
 #include "core/detection_limit.h"
-#include "core/ion_normalization.h"
-#include "projectbase/water/ion_rows.h"
 #include "projectbase/water/laboratory_import.h"
 
 #include <algorithm>
@@ -15,17 +13,6 @@ namespace {
 constexpr std::array<std::string_view, 8> kOthers{"liquid/co2.orig", "liquid/fe.total",  "liquid/cl.free",
                                                   "liquid/h2s",      "liquid/turbidity", "liquid/tss",
                                                   "liquid/oil",      "liquid/toc"};
-
-/// meq/l; 0 for what is no limit.
-double LimitOf(const DetailList& liquid, const IonRow& row)
-{
-    const double typed = liquid.At(row.orig).GetDoubleValue();
-    if (!detection_limit::Is(typed))
-        return 0.0;
-    const std::string name = row.isNamed ? liquid.At(row.name).GetStdStringValue() : std::string();
-    return ions::Normalize({row.ion, -typed, liquid.At(row.unit).GetStdStringValue(), name, row.isNamed})
-        .meqPerLitre;
-}
 
 }  // namespace
 
@@ -59,6 +46,15 @@ bool IsBelowDetection(const DetailList& liquid, std::string_view ion)
     return row != nullptr && detection_limit::Is(liquid.At(row->orig).GetDoubleValue());
 }
 
+ions::NormalizedIon LimitOf(const DetailList& liquid, const IonRow& row)
+{
+    const double typed = liquid.At(row.orig).GetDoubleValue();
+    if (!detection_limit::Is(typed))
+        return {};
+    const std::string name = row.isNamed ? liquid.At(row.name).GetStdStringValue() : std::string();
+    return ions::Normalize({row.ion, -typed, liquid.At(row.unit).GetStdStringValue(), name, row.isNamed});
+}
+
 bool HasDetectionLimits(const DetailList& liquid)
 {
     const auto isLimit = [&liquid](std::string_view key) {
@@ -72,7 +68,7 @@ ChargeSums LimitSums(const DetailList& liquid)
     ChargeSums sums;
     for (const IonRow& row : IonRows()) {
         if (row.countsAsCharge)
-            (row.isCation ? sums.cations : sums.anions) += LimitOf(liquid, row);
+            (row.isCation ? sums.cations : sums.anions) += LimitOf(liquid, row).meqPerLitre;
     }
     return sums;
 }

@@ -4,10 +4,12 @@
 /// The limits of detection (core/detection_limit.h) among the typed values of a water: which values they are,
 /// what they count as, and how much of the water hangs on them.
 
+#include "core/ion_normalization.h"
 #include "core/number_text.h"
 #include "projectbase/details/detail_list.h"
 #include "projectbase/projectbase_export.h"
 #include "projectbase/water/composition.h"
+#include "projectbase/water/ion_rows.h"
 
 #include <string>
 #include <string_view>
@@ -31,6 +33,9 @@ PROJECTBASE_EXPORT std::string TypedText(const std::string& key, double value, c
 
 /// Whether nothing of an ion ("ba") was found; a limit is stated instead.
 PROJECTBASE_EXPORT bool IsBelowDetection(const DetailList& liquid, std::string_view ion);
+
+/// The limit of detection that is stated of an ion; nothing of an amount that was found.
+PROJECTBASE_EXPORT ions::NormalizedIon LimitOf(const DetailList& liquid, const IonRow& row);
 
 /// Whether any ion, or CO2, is stated by a limit.
 PROJECTBASE_EXPORT bool HasDetectionLimits(const DetailList& liquid);

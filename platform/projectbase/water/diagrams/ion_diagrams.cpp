@@ -18,6 +18,9 @@ void Add(std::vector<BarSegment>& bar, BarPart part, double meq, bool isClosing 
 
 IonBars BarsOf(const WaterIons& ions)
 {
+    // The H+ of a neutral water is nothing that could be seen.
+    constexpr double kVisible = 1e-3;
+    const auto visible = [](double amount, double sum) { return amount < kVisible * sum ? 0.0 : amount; };
     IonBars bars;
     Add(bars.cations, BarPart::Calcium, ions.calcium);
     Add(bars.cations, BarPart::Magnesium, ions.magnesium);
@@ -26,13 +29,14 @@ IonBars BarsOf(const WaterIons& ions)
     Add(bars.cations, BarPart::Ammonium, ions.ammonium);
     Add(bars.cations, BarPart::Iron, ions.iron);
     Add(bars.cations, BarPart::Manganese, ions.manganese);
-    Add(bars.cations, BarPart::OtherCations, ions.otherCations);
+    Add(bars.cations, BarPart::OtherCations, visible(ions.otherCations, ions.CationSum()));
     Add(bars.cations, BarPart::Sodium, ions.closingSodium, true);
     Add(bars.anions, BarPart::Alkalinity, ions.bicarbonate + ions.hydroxide);
     Add(bars.anions, BarPart::Sulfate, ions.sulfate);
     Add(bars.anions, BarPart::Chloride, ions.chloride);
     Add(bars.anions, BarPart::Nitrate, ions.nitrate);
-    Add(bars.anions, BarPart::OtherAnions, ions.fluoride + ions.bromide + ions.otherAnions);
+    Add(bars.anions, BarPart::OtherAnions,
+        visible(ions.fluoride + ions.bromide + ions.otherAnions, ions.AnionSum()));
     Add(bars.anions, BarPart::Chloride, ions.closingChloride, true);
     return bars;
 }

@@ -35,8 +35,9 @@ struct BarSegment
     bool isClosing = false;  ///< closes the balance
 };
 
-/// Cations beside anions, each from below; what a water has not got is left out. In this order calcium and
-/// magnesium overlap with the alkalinity by the carbonate hardness.
+/// Cations beside anions, each from below; what a water has not got is left out, and other ions than the
+/// named ones below a thousandth of the sum. In this order calcium and magnesium overlap with the alkalinity
+/// by the carbonate hardness.
 struct IonBars
 {
     std::vector<BarSegment> cations{};

@@ -45,6 +45,17 @@ public:
     iex::IEXProject project;
 };
 
+/// Of the anion exchanger of a demineralisation.
+void DisplaceWithRawWater(iex::IEXProject& project)
+{
+    OwnerNode* anion = project.FindOwner("ex.2");
+    ASSERT_EQ(anion->GetDetails()->At("step/kind").GetStdStringValue(), "SBA");
+    for (const auto& row : anion->GetChildren(OwnerKind::SequenceRow)) {
+        if (row->GetDetails()->At("regseqstep/type").GetStdStringValue() == "REGSEQ_DISP")
+            row->GetDetails()->At("regseqstep/medium").SetValue("REGSEQ_RAW_WATER");
+    }
+}
+
 }  // namespace
 
 TEST(WaterAdvice, AcidStepsFollowTheShareOfCalcium)
@@ -143,12 +154,7 @@ TEST(WaterAdvice, HardWaterInTheCaustic)
     support::SetWater(project, {{"ca", 2.0}, {"na", 3.0}, {"hco3", 4.0}, {"cl", 1.0}});
     support::SetFlow(project);
     EXPECT_EQ(Ids(project, "base"), "") << "decationised water is usual";
-    OwnerNode* anion = project.FindOwner("ex.2");
-    ASSERT_EQ(anion->GetDetails()->At("step/kind").GetStdStringValue(), "SBA");
-    for (const auto& row : anion->GetChildren(OwnerKind::SequenceRow)) {
-        if (row->GetDetails()->At("regseqstep/type").GetStdStringValue() == "REGSEQ_DISP")
-            row->GetDetails()->At("regseqstep/medium").SetValue("REGSEQ_RAW_WATER");
-    }
+    DisplaceWithRawWater(project);
     EXPECT_EQ(Ids(project, "base"), "base.hard!");
     support::SetWater(project, {{"ca", 0.2}});
     EXPECT_EQ(Ids(project, "base"), "") << "at the limit";
@@ -170,6 +176,41 @@ TEST(WaterAdvice, MuchSilicaWantsWarmCaustic)
     EXPECT_EQ(Ids(project, "silica.c"), "silica.caustic");
     Put(project, "ex.2.comp.1", "stepcomp/rm.temp", 35.0);
     EXPECT_EQ(Ids(project, "silica.c"), "");
+}
+
+TEST(WaterAdvice, WhatWasNotFoundIsNotJudged)
+{
+    // As much as half of the limit is counted, which would break each of these rules.
+    AcidPlant acid(0.8);
+    acid.SetSteps(3.0, 50.0, 3.0);
+    EXPECT_NE(Ids(acid.project, "caso4"), "");
+    Put(acid.project, "water.1", "liquid/ca.orig", -16.0);
+    EXPECT_EQ(Ids(acid.project, "caso4"), "");
+
+    iex::IEXProject hard("DEMI");
+    support::SetWater(hard, {{"ca", 0.3}, {"mg", 0.1}, {"na", 3.0}, {"hco3", 4.0}, {"sio2", 2.0}});
+    support::SetFlow(hard);
+    Put(hard, "ex.2.comp.1", "stepcomp/rm.temp", 20.0);
+    DisplaceWithRawWater(hard);
+    EXPECT_EQ(Ids(hard, "base"), "base.hard!");
+    Put(hard, "water.1", "liquid/mg.orig", -0.8);
+    EXPECT_EQ(Ids(hard, "base"), "base.hard!") << "calcium alone is too much";
+    Put(hard, "water.1", "liquid/ca.orig", -0.6);
+    EXPECT_EQ(Ids(hard, "base"), "");
+    EXPECT_EQ(Ids(hard, "silica.c"), "silica.caustic");
+    Put(hard, "water.1", "liquid/sio2.orig", -4.0);
+    EXPECT_EQ(Ids(hard, "silica.c"), "");
+
+    iex::IEXProject scale;
+    support::SetWater(scale, {{"ca", 6.0}, {"hco3", 5.0}, {"cl", 1.0}});
+    Put(scale, "water.1", "liquid/ph", 8.0);
+    EXPECT_EQ(Ids(scale), "langelier");
+    for (const char* ion : {"liquid/ca.orig", "liquid/hco3.orig"}) {
+        const double found = scale.GetLiquid(0).GetDetails()->At(ion).GetDoubleValue();
+        Put(scale, "water.1", ion, -2.0 * found);
+        EXPECT_EQ(Ids(scale), "") << ion;
+        Put(scale, "water.1", ion, found);
+    }
 }
 
 TEST(WaterAdvice, WhatMayDeposit)

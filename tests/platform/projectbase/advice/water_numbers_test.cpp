@@ -164,10 +164,27 @@ TEST(WaterNumbers, WhatIsNotKnownStaysUnknown)
     EXPECT_TRUE(std::isnan(advice::NumbersOf(shortened.Details()).anionLoad));
 
     WaterUnderTest noSilica = GroundWater();
-    noSilica.Set("sio2.orig", std::nan("")).Update();
-    const advice::WaterNumbers numbers = advice::NumbersOf(noSilica.Details());
-    EXPECT_TRUE(std::isnan(numbers.anionLoad));
-    EXPECT_FALSE(std::isnan(numbers.acidity));
+    for (const double missing : {std::nan(""), 0.0}) {
+        noSilica.Set("sio2.orig", missing).Update();
+        const advice::WaterNumbers numbers = advice::NumbersOf(noSilica.Details());
+        EXPECT_TRUE(std::isnan(numbers.silica));
+        EXPECT_NEAR(numbers.anionLoad, numbers.acidity + numbers.carbon, 1e-12) << "of what is known";
+    }
+
+    WaterUnderTest begun;
+    begun.Type("na", 2.0, "meq/l").Type("cl", 2.0, "meq/l").Update();
+    const advice::WaterNumbers first = advice::NumbersOf(begun.Details());
+    EXPECT_TRUE(std::isnan(first.hardness) && std::isnan(first.m) && std::isnan(first.carbonate));
+    EXPECT_NEAR(first.acidity, 2.0, 1e-12);
+    begun.Type("hco3", -0.1, "meq/l").Type("ca", -0.2, "meq/l").Set("limits", "ZERO").Update();
+    EXPECT_EQ(advice::NumbersOf(begun.Details()).m, 0.0) << "looked for";
+    EXPECT_EQ(advice::NumbersOf(begun.Details()).hardness, 0.0);
+
+    WaterUnderTest contradictory = GroundWater();
+    contradictory.Set("ph", std::nan("")).Type("alkalinity.m", 1.0, "mmol/l");
+    contradictory.Type("alkalinity.p", 1.5, "mmol/l").Update();
+    EXPECT_TRUE(std::isnan(advice::NumbersOf(contradictory.Details()).carbon)) << "p above m";
+    EXPECT_TRUE(std::isnan(advice::NumbersOf(contradictory.Details()).anionLoad));
 
     WaterUnderTest soft;
     soft.Type("na", 3.0, "meq/l").Type("hco3", 3.0, "meq/l").Type("ca", 1.0, "meq/l").Update();
@@ -193,7 +210,10 @@ TEST(WaterNumbers, ADayIsAsLongAsThePlantRuns)
     support::SetWater(project, {{"ca", 5.0}, {"cl", 5.0}});
     support::SetFlow(project, 30.0, 20.0);
     support::RemoveRows(project, 0);
-    EXPECT_NEAR(advice::VolumeOfDay(project), 30.0 * 24.0, 1e-9) << "nothing stops it";
+    EXPECT_NEAR(advice::VolumeOfDay(project), 30.0 * 20.0, 1e-9) << "nothing is regenerated";
+    support::SetFlow(project, 30.0, 70.0);
+    EXPECT_NEAR(advice::VolumeOfDay(project), 30.0 * 24.0, 1e-9);
+    support::SetFlow(project, 30.0, 20.0);
     {
         const ProjectEdit edit(project);
         OwnerNode& row = support::AddRow(project, 0, "REGSEQ_BW", "REGSEQ_RAW_WATER", 1.0);

@@ -151,6 +151,33 @@ TEST(DetectionLimits, GoThroughUnitsAndBlends)
     WaterUnderTest mixture;
     water::Blend(std::array{water::BlendSource{water.Details(), 1.0}}, mixture.Details());
     mixture.Update();
-    EXPECT_NEAR(mixture["ca.orig"], 0.5, 1e-4) << "a mixture has what was counted";
-    EXPECT_NEAR(mixture["fe.total"], 0.05, 1e-12);
+    EXPECT_NEAR(mixture["ca.orig"], -1.0, 1e-4) << "found in none of its waters";
+    EXPECT_NEAR(mixture["ca.meql"], 0.5, 1e-4) << "and counts as it did there";
+    EXPECT_NEAR(mixture["fe.total"], -0.1, 1e-12);
+
+    WaterUnderTest without;
+    without.Type("na", 4.0, "meq/l").Type("cl", -1.0, "meq/l").Set("fe.total", 0.0);
+    without.Set("temp.orig", 10.0).Update();
+    WaterUnderTest with;
+    with.Type("ca", 2.0, "meq/l").Type("cl", -3.0, "meq/l").Type("sio2", -6.0, "mg/l").Set("fe.total", 0.3);
+    with.Set("temp.orig", 10.0).Update();
+    const auto blend = [&mixture](WaterUnderTest& a, WaterUnderTest& b) {
+        water::Blend(std::array{water::BlendSource{a.Details(), 0.25}, water::BlendSource{b.Details(), 0.75}},
+                     mixture.Details());
+        mixture.Update();
+    };
+    blend(water, without);
+    EXPECT_NEAR(mixture["ca.orig"], -0.25, 1e-4);
+    EXPECT_NEAR(mixture["fe.total"], -0.025, 1e-12) << "none at all was found in the other one";
+    blend(water, with);
+    EXPECT_NEAR(mixture["ca.orig"], 0.25 * 0.5 + 0.75 * 2.0, 1e-4) << "found in one of them";
+    EXPECT_NEAR(mixture["sio2.orig"], -4.5, 1e-9) << "by mass";
+    blend(without, with);
+    EXPECT_NEAR(mixture["cl.orig"], -2.5, 1e-9);
+    EXPECT_NEAR(mixture["fe.total"], 0.225, 1e-12);
+    without.Set("limits", "ZERO").Update();
+    with.Set("limits", "ZERO").Update();
+    blend(without, with);
+    EXPECT_NEAR(mixture["cl.orig"], -2.5, 1e-9);
+    EXPECT_EQ(mixture["cl.meql"], 0.0) << "counted as in both of them";
 }
