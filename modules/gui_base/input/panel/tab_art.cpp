@@ -8,7 +8,7 @@
 
 namespace {
 
-constexpr int kMostTextWidth = 220;  // DIP
+constexpr int kMostTextWidth = 240;  // DIP
 
 }  // namespace
 
