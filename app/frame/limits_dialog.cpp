@@ -3,7 +3,9 @@
 
 #include "gui_base/dialogs/dialog_buttons.h"
 #include "gui_base/dialogs/field_fault.h"
+#include "gui_base/input/binding/transfer_detail.h"
 #include "gui_base/input/controls/tv_textctrl.h"
+#include "gui_base/input/form/shown_context.h"
 #include "gui_base/input/validation/numeric_validator.h"
 #include "gui_base/support/accessibility.h"
 #include "gui_base/support/translation.h"
@@ -16,6 +18,7 @@
 #include <wx/scrolwin.h>
 #include <wx/stattext.h>
 
+#include <algorithm>
 #include <cmath>
 #include <optional>
 
@@ -25,6 +28,7 @@ namespace {
 constexpr const char* kIso = "iso";
 constexpr int kFieldWidth = 72;
 constexpr int kHeight = 420;
+constexpr int kButtonMargin = 12;
 constexpr std::size_t kMostQuoted = 16;
 constexpr const char* kNote = wxTRANSLATE("Note");
 constexpr const char* kWarning = wxTRANSLATE("Warning");
@@ -51,6 +55,14 @@ wxString Quoted(const wxString& text)
     return text.length() > kMostQuoted ? text.Left(kMostQuoted) + wxString::FromUTF8("\u2026") : text;
 }
 
+/// "0.3", or a dash where there is no limit.
+wxString LimitText(double limit)
+{
+    constexpr int kDigits = 4;
+    return std::isnan(limit) ? wxString::FromUTF8("\u2013")
+                             : wxString::FromUTF8(ShownContext(kIso).Number(limit, kDigits));
+}
+
 /// "limit.fe.soft.note" and the like: a copy of the setting.
 void CopySetting(const std::string& name, const std::map<std::string, double>& changed, DetailList& values)
 {
@@ -72,8 +84,8 @@ LimitsDialog::LimitsDialog(wxWindow* parent, const std::map<std::string, double>
     m_problem = new wxInfoBar(this);
     auto* scrolled =
         new wxScrolledWindow(this, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxVSCROLL | wxTAB_TRAVERSAL);
-    auto* grid = new wxFlexGridSizer(5, FromDIP(wxSize(12, 4)));
-    for (const char* title : {"", "", kNote, kWarning, ""})
+    auto* grid = new wxFlexGridSizer(6, FromDIP(wxSize(12, 4)));
+    for (const char* title : {"", "", kNote, kWarning, "", ""})
         grid->Add(new wxStaticText(scrolled, wxID_ANY, *title == '\0' ? wxString() : Tr(title)));
     for (const advice::LimitRow& row : advice::LimitRows())
         AddRow(*scrolled, *grid, row);
@@ -86,7 +98,7 @@ LimitsDialog::LimitsDialog(wxWindow* parent, const std::map<std::string, double>
 
     auto* defaults = new wxButton(this, wxID_ANY, Tr("Defaults"));
     defaults->SetToolTip(Tr("The limits that the program comes with"));
-    defaults->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { TakeDefaults(); });
+    defaults->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { TakeDefaults(nullptr); });
     auto* outer = new wxBoxSizer(wxVERTICAL);
     const wxSizerFlags spaced = wxSizerFlags().Border(wxALL, FromDIP(12)).Expand();
     outer->Add(m_problem, wxSizerFlags().Expand());
@@ -101,6 +113,7 @@ LimitsDialog::LimitsDialog(wxWindow* parent, const std::map<std::string, double>
         event.Skip();
     });
     Bind(wxEVT_BUTTON, &LimitsDialog::OnOk, this, wxID_OK);
+    ShowChanges();
 }
 
 void LimitsDialog::AddRow(wxWindow& place, wxFlexGridSizer& grid, const advice::LimitRow& row)
@@ -120,19 +133,69 @@ void LimitsDialog::AddRow(wxWindow& place, wxFlexGridSizer& grid, const advice::
                                                      .inIsoUnits = true});
         accessibility::SetName(*field, accessibility::NameWithUnit(NameOf(row, isWarning ? kWarning : kNote),
                                                                    wxString::FromUTF8(unit)));
-        grid.Add(field);
+        grid.Add(field, wxSizerFlags().CentreVertical());
     }
     grid.Add(new wxStaticText(&place, wxID_ANY, wxString::FromUTF8(unit)), wxSizerFlags().CentreVertical());
+    AddWayBack(place, grid, row);
 }
 
-void LimitsDialog::TakeDefaults()
+void LimitsDialog::AddWayBack(wxWindow& place, wxFlexGridSizer& grid, const advice::LimitRow& row)
 {
-    for (const DetailData& prototype : *CatalogueGroup("settings", "BASE")) {
-        if (DetailData* value = m_values.GetDetail(prototype.GetName()))
-            value->CopyValue(prototype);
-    }
-    m_fields.ShowDetails(kIso);
+    const advice::Limits usual = advice::UsualLimitsOf(row);
+    const wxString label =
+        wxString::Format(Tr("Back to %s / %s"), LimitText(usual.note), LimitText(usual.warn));
+    // No higher than the fields, so that rows stay as close as they are.
+    auto* back = new wxButton(&place, wxID_ANY, label, wxDefaultPosition, wxDefaultSize, wxBU_EXACTFIT);
+    back->SetMinSize(back->GetBestSize() + FromDIP(wxSize(kButtonMargin, 0)));
+    back->SetToolTip(Tr("The limits that the program comes with"));
+    accessibility::SetName(*back, Tr(row.label) + ", " + Tr(row.ahead) + ", " + label);
+    back->Bind(wxEVT_BUTTON, [this, &row](wxCommandEvent&) {
+        // The button goes; who works by keys stays in the row.
+        FindField(advice::NoteSetting(row))->SetFocus();
+        TakeDefaults(&row);
+    });
+    grid.Add(back, wxSizerFlags().CentreVertical().ReserveSpaceEvenIfHidden());
+    m_waysBack[&row] = back;
+}
+
+void LimitsDialog::TakeDefaults(const advice::LimitRow* row)
+{
+    // Texts that are no numbers stay in the other rows.
+    m_fields.VisitBindings([&](TransferDetail& binding) {
+        DetailData& value = *binding.GetDetail();
+        const std::string& name = value.GetName();
+        if (row != nullptr && name != advice::NoteSetting(*row) && name != advice::WarnSetting(*row))
+            return;
+        const auto settings = CatalogueGroup("settings", "BASE");
+        value.CopyValue(*std::ranges::find(*settings, name, &DetailData::GetName));
+        binding.TransferToWindow(kIso, 1.0);
+        binding.GetWindow()->TransferDataToWindow();
+    });
     ShowFaults();
+}
+
+void LimitsDialog::ShowChange(const std::string& setting, double usual)
+{
+    TvTextCtrl& field = *FindField(setting);
+    const bool isChanged = !advice::IsSameLimit(m_values.At(setting).GetDoubleValue(), usual);
+    const wxFont font = GetFont();
+    field.SetFont(isChanged ? font.Bold() : font);
+    // What is wrong with a field counts for more.
+    if (m_faulty.count(&field) == 0)
+        field.SetToolTip(isChanged ? wxString::Format(Tr("Usual: %s"), LimitText(usual)) : wxString());
+}
+
+void LimitsDialog::ShowChanges()
+{
+    for (const auto& [row, back] : m_waysBack) {
+        const advice::Limits usual = advice::UsualLimitsOf(*row);
+        const advice::Limits limits{m_values.At(advice::NoteSetting(*row)).GetDoubleValue(),
+                                    m_values.At(advice::WarnSetting(*row)).GetDoubleValue()};
+        ShowChange(advice::NoteSetting(*row), usual.note);
+        ShowChange(advice::WarnSetting(*row), usual.warn);
+        back->Show(!advice::IsSameLimit(limits.note, usual.note) ||
+                   !advice::IsSameLimit(limits.warn, usual.warn));
+    }
 }
 
 void LimitsDialog::AddFaults(const advice::LimitRow& row, std::vector<Fault>& faults) const
@@ -158,6 +221,8 @@ void LimitsDialog::AddFaults(const advice::LimitRow& row, std::vector<Fault>& fa
 
 std::vector<LimitsDialog::Fault> LimitsDialog::ShowFaults()
 {
+    // A field that is stored takes its usual colour.
+    m_fields.StoreFields(kIso);
     std::vector<Fault> faults;
     for (const advice::LimitRow& row : advice::LimitRows())
         AddFaults(row, faults);
@@ -172,6 +237,7 @@ std::vector<LimitsDialog::Fault> LimitsDialog::ShowFaults()
     m_faulty = std::move(faulty);
     if (faults.empty())
         m_problem->Dismiss();
+    ShowChanges();
     return faults;
 }
 

@@ -3,6 +3,7 @@
 #include "app/frame/edit_focused.h"
 #include "app/frame/main_frame.h"
 #include "app/frame/menu_table.h"
+#include "gui_base/input/panel/aui_notebook.h"
 
 #include <array>
 
@@ -215,6 +216,11 @@ constexpr std::array kViewMenu{
     MenuRow{.text = wxTRANSLATE("Pre&vious page"),
             .key = "Ctrl+PgUp",
             .action = [](MainFrame& frame) { frame.GetBook().ShowBeside(-1); },
+            .enabled = [](const MainFrame& frame) { return frame.GetBook().GetCurrentPanel() != nullptr; }},
+    MenuRow{.text = wxTRANSLATE("&Go to page..."),
+            .key = "Ctrl+G",
+            // The menu that it was chosen from closes first.
+            .action = [](MainFrame& frame) { frame.CallAfter([&] { frame.GetNotebook().ShowPageList(); }); },
             .enabled = [](const MainFrame& frame) { return frame.GetBook().GetCurrentPanel() != nullptr; }},
     kSeparator,
     MenuRow{.text = wxTRANSLATE("Usual &arrangement"),

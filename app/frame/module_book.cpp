@@ -145,7 +145,8 @@ void ModuleBook::AddPage(const Item& item, std::size_t place)
                                      *m_project->FindOwner(item.owner));
     });
     m_hosts.insert(m_hosts.begin() + static_cast<std::ptrdiff_t>(place), host);
-    m_notebook.InsertPage(std::min(place, m_notebook.GetPageCount()), host, TabNameOf(*host));
+    // Its name follows, with its tip.
+    m_notebook.InsertPage(std::min(place, m_notebook.GetPageCount()), host, wxString());
 }
 
 void ModuleBook::Follow()

@@ -6,6 +6,10 @@
 #include "gui_base/support/translation.h"
 #include "projectbase/water/liquid_data.h"
 
+#include <wx/textctrl.h>
+
+#include <algorithm>
+
 namespace app {
 
 Navigator::Navigator(wxTreeCtrl& tree, MainFrame& frame) : m_tree(tree), m_frame(frame)
@@ -13,6 +17,8 @@ Navigator::Navigator(wxTreeCtrl& tree, MainFrame& frame) : m_tree(tree), m_frame
     m_tree.Bind(wxEVT_TREE_BEGIN_LABEL_EDIT, [this](wxTreeEvent& event) {
         if (WaterOf(event.GetItem()) == nullptr)
             event.Veto();
+        else
+            m_tree.CallAfter([this] { WidenEditor(); });
     });
     m_tree.Bind(wxEVT_TREE_END_LABEL_EDIT, &Navigator::OnEditEnded, this);
     m_tree.Bind(wxEVT_TREE_BEGIN_DRAG, &Navigator::OnDragBegun, this);
@@ -32,6 +38,17 @@ LiquidData* Navigator::WaterOf(const wxTreeItemId& item) const
     const PageHost* page = item.IsOk() ? m_frame.GetBook().PageOf(item) : nullptr;
     return page == nullptr ? nullptr
                            : dynamic_cast<LiquidData*>(m_frame.GetProject().FindOwner(page->GetOwner()));
+}
+
+void Navigator::WidenEditor()
+{
+    // The toolkit's field is as wide as the name was, and one of a long name ends beyond the tree.
+    constexpr int kLeastWidth = 48;
+    wxTextCtrl* const editor = m_tree.GetEditControl();
+    if (editor == nullptr)
+        return;
+    const int room = m_tree.GetClientSize().x - editor->GetPosition().x;
+    editor->SetSize(std::max(room, m_tree.FromDIP(kLeastWidth)), wxDefaultCoord);
 }
 
 void Navigator::OnEditEnded(wxTreeEvent& event)

@@ -24,6 +24,8 @@ public:
 private:
     /// The water that an item stands for, or null.
     LiquidData* WaterOf(const wxTreeItemId& item) const;
+    /// Gives the field of a name that is edited all the room of the tree.
+    void WidenEditor();
     void OnEditEnded(wxTreeEvent& event);
     void OnDragBegun(wxTreeEvent& event);
     void OnDragEnded(wxTreeEvent& event);

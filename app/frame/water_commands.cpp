@@ -280,13 +280,18 @@ void WaterCommands::Blend()
                                           ? water::RecipeOf(*blend->GetDetails())
                                           : water::BlendRecipe{{{waters[0], 50.0}, {waters[1], 50.0}}};
     const ReportContext context = ShownContext(project.GetUnitSystemDisplay());
-    BlendDialog dialog(&m_frame, waters, recipe, context.unitSystem, [&](const water::BlendRecipe& tried) {
-        return wateranalysis::BlendTiles(project, blend, tried, context);
-    });
+    const wxString name = blend != nullptr
+                              ? ShownName(*blend)
+                              : wxString::FromUTF8(NewWaterName(project, Tr("Blend").utf8_string()));
+    BlendDialog dialog(&m_frame, name, waters, recipe, context.unitSystem,
+                       [&](const water::BlendRecipe& tried) {
+                           return wateranalysis::BlendTiles(project, blend, tried, context);
+                       });
     if (dialog.ShowModal() != wxID_OK)
         return;
+    const bool keepsName = blend != nullptr && dialog.GetBlendName() == name;
     Show(water::StoreBlend(project, blend, dialog.GetRecipe(),
-                           NewWaterName(project, Tr("Blend").utf8_string())));
+                           keepsName ? std::string() : FreeName(dialog.GetBlendName().utf8_string())));
 }
 
 void WaterCommands::Rename()
@@ -301,11 +306,15 @@ void WaterCommands::Rename()
     RenameTo(*water, dialog.GetText().utf8_string());
 }
 
+std::string WaterCommands::FreeName(const std::string& wanted) const
+{
+    return NewWaterName(m_frame.GetProject(), std::string(text_limits::Cut(wanted, kMostNameLength)));
+}
+
 void WaterCommands::RenameTo(LiquidData& water, const std::string& name)
 {
     const ProjectEdit edit(m_frame.GetProject(), wxTRANSLATE("rename water"));
-    m_frame.GetProject().RenameOwner(
-        water, NewWaterName(m_frame.GetProject(), std::string(text_limits::Cut(name, kMostNameLength))));
+    m_frame.GetProject().RenameOwner(water, FreeName(name));
 }
 
 void WaterCommands::Duplicate()

@@ -62,7 +62,8 @@ public:
     void Alkalise();
 
 private:
-    /// Makes a blend, or gives one another recipe.
+    /// The name, no longer than names may be, with a number where it is taken.
+    std::string FreeName(const std::string& wanted) const;
     void Show(const LiquidData& water);
     /// The analysis of a file; nothing when it cannot be read, which the user is told, or was cancelled.
     std::optional<laboratory::File> ReadAnalysis(const std::filesystem::path& path);

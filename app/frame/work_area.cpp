@@ -75,9 +75,9 @@ WorkArea::WorkArea(wxWindow* parent)
     // Its best size is that of all names, not of the last ones.
     m_tree->SetQuickBestSize(false);
     m_middle = new wxSimplebook(m_desk);
-    m_notebook =
-        new AuiNotebook(m_middle, wxID_ANY, wxDefaultPosition, wxDefaultSize,
-                        wxAUI_NB_TOP | wxAUI_NB_TAB_SPLIT | wxAUI_NB_TAB_MOVE | wxAUI_NB_SCROLL_BUTTONS);
+    m_notebook = new AuiNotebook(m_middle, wxID_ANY, wxDefaultPosition, wxDefaultSize,
+                                 wxAUI_NB_TOP | wxAUI_NB_TAB_SPLIT | wxAUI_NB_TAB_MOVE |
+                                     wxAUI_NB_SCROLL_BUTTONS | wxAUI_NB_WINDOWLIST_BUTTON);
     m_middle->AddPage(m_notebook, wxString());
     m_messages = new MessageStrip(this);
     m_messages->SetOnToggled([this] { OnMessagesToggled(); });

@@ -112,7 +112,7 @@ void Tour::TakeDialogs()
     }
     water->CalculateDesign();
     const ReportContext context = ShownContext("iso");
-    BlendDialog blend(owner, {feed, "Well 1", "Well 2"}, {{{feed, 60.0}, {"Well 2", 40.0}}}, "iso",
+    BlendDialog blend(owner, "Blend", {feed, "Well 1", "Well 2"}, {{{feed, 60.0}, {"Well 2", 40.0}}}, "iso",
                       [&](const water::BlendRecipe& recipe) {
                           return wateranalysis::BlendTiles(*water, nullptr, recipe, context);
                       });

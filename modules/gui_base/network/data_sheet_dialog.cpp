@@ -5,6 +5,7 @@
 #include "gui_base/input/controls/tv_searchctrl.h"
 #include "gui_base/network/data_sheet_lists.h"
 #include "gui_base/network/network.h"
+#include "gui_base/network/network_failure.h"
 #include "gui_base/support/accessibility.h"
 #include "gui_base/support/button_label.h"
 #include "gui_base/support/file_path.h"
@@ -161,6 +162,11 @@ wxSizer* DataSheetDialog::MakeButtonRow()
     };
     row->Add(MakeHelpButton(), beside);
     add(wxID_ANY, Translated("&Renew list"), [this] { LoadLists(); });
+    m_settings = add(wxID_ANY, network_failure::SettingsLabel(), [this] {
+        if (network_failure::ChangeSettings(this))
+            LoadLists();
+    });
+    m_settings->Hide();
     m_count = new wxStaticText(this, wxID_ANY, wxString());
     row->Add(m_count, wxSizerFlags(1).CentreVertical().Border(wxLEFT | wxRIGHT, FromDIP(kGap)));
     m_open = add(wxID_OPEN, Translated("&Open"), [this] { OpenSelected(); });
@@ -177,13 +183,24 @@ void DataSheetDialog::LoadLists()
     Sheets products = m_products;
     Sheets safety = m_safety;
     const wxBusyCursor busy;
-    if (Network::LoadDataSheetLists(products, safety, &error)) {
+    const bool isLoaded = Network::LoadDataSheetLists(products, safety, &error);
+    if (isLoaded) {
         m_problem->Dismiss();
     } else {
         wxLogWarning("%s", error);
-        m_problem->ShowMessage(error, wxICON_WARNING);
+        m_problem->ShowMessage(error + "\n" + network_failure::NextStep(), wxICON_WARNING);
     }
+    ShowSettingsButton(!isLoaded);
     SetSheets(std::move(products), std::move(safety));
+}
+
+void DataSheetDialog::ShowSettingsButton(bool shown)
+{
+    // The keyboard stays in the window.
+    if (!shown && m_settings->HasFocus())
+        m_list->SetFocus();
+    m_settings->Show(shown);
+    Layout();
 }
 
 void DataSheetDialog::SetSheets(Sheets products, Sheets safety)
@@ -269,8 +286,11 @@ wxString DataSheetDialog::Fetch(const Entry& entry)
     const wxFileName former(SheetFolder(), isSafety ? data_sheet_lists::SafetyFileName(sheet)
                                                     : data_sheet_lists::ProductFileName(sheet));
     if (!former.FileExists()) {
-        dialogs::ShowMessage(this, error, GetTitle(), wxICON_ERROR);
-        return {};
+        // The settings may have been mended.
+        return network_failure::Show(this, Translated("The data sheet could not be fetched."), GetTitle(),
+                                     error)
+                   ? Fetch(entry)
+                   : wxString();
     }
     const wxString question = wxString::Format(Translated("Open the sheet as it was fetched on %s?"),
                                                DateText(former.GetModificationTime()));

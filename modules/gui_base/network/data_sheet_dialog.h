@@ -32,7 +32,8 @@ public:
     static void ShowFor(wxWindow* parent, const wxString& product, const TVHelpFileProvider* help);
 
     void SetOpener(Opener opener) { m_opener = std::move(opener); }
-    /// Asks both services. What a service does not answer is told, and what is shown of it stays.
+    /// Asks both services. What a service does not answer is told, with a button to the settings of the
+    /// connection, and what is shown of it stays.
     void LoadLists();
     void SetSheets(Sheets products, Sheets safety);
 
@@ -49,6 +50,8 @@ private:
     /// The choices follow the sheets; what is chosen stays.
     void FillChoices();
     void ShowRows();
+    /// Beside the lists that could not be loaded.
+    void ShowSettingsButton(bool shown);
     void RefreshButtons();
     /// The one that is selected, or null.
     const Entry* Selected() const;
@@ -67,5 +70,6 @@ private:
     wxChoice* m_product = nullptr;   ///< all, then m_productIds
     wxChoice* m_language = nullptr;  ///< all, then m_languages
     wxStaticText* m_count = nullptr;
+    wxButton* m_settings = nullptr;
     wxButton* m_open = nullptr;
 };

@@ -7,6 +7,7 @@
 #include "gui_base/dialogs/questions.h"
 #include "gui_base/input/controls/tv_searchctrl.h"
 #include "gui_base/network/network.h"
+#include "gui_base/network/network_failure.h"
 #include "gui_base/support/accessibility.h"
 #include "gui_base/support/translation.h"
 
@@ -41,6 +42,12 @@ wxString OriginText(const Currency& currency)
     return currency.isTyped ? i18n::Translated("typed") : i18n::Translated("service");
 }
 
+bool Renew(wxString& error)
+{
+    const wxBusyCursor busy;
+    return Network::UpdateCurrencyConversionRates(&error);
+}
+
 wxButton* NewButton(wxWindow* parent, const wxString& label, const wxString& tip,
                     std::function<void()> action)
 {
@@ -54,22 +61,22 @@ wxButton* NewButton(wxWindow* parent, const wxString& label, const wxString& tip
 
 bool UpdateConversionRates(wxWindow* parent)
 {
-    wxString error;
-    bool isRenewed = false;
-    {
-        const wxBusyCursor busy;
-        isRenewed = Network::UpdateCurrencyConversionRates(&error);
+    for (;;) {
+        wxString error;
+        if (Renew(error))
+            break;
+        if (!error.empty())
+            wxLogWarning("%s", error);
+        const wxString nextStep =
+            network_failure::NextStep() + " " +
+            i18n::Translated("A rate can also be typed: Tools, Currency rates, Set rate.");
+        if (!network_failure::Show(parent, i18n::Translated("Update of conversion rates failed."),
+                                   i18n::Translated("Conversion Rate Update Error"), error, nextStep))
+            return false;
     }
-    if (isRenewed) {
-        dialogs::ShowMessage(parent, i18n::Translated("Conversion rates have been updated successfully."),
-                             i18n::Translated("Conversion Rate Update Info"), wxICON_INFORMATION);
-        return true;
-    }
-    if (!error.empty())
-        wxLogWarning("%s", error);
-    dialogs::ShowMessage(parent, i18n::Translated("Update of conversion rates failed."),
-                         i18n::Translated("Conversion Rate Update Error"), wxICON_ERROR, error);
-    return false;
+    dialogs::ShowMessage(parent, i18n::Translated("Conversion rates have been updated successfully."),
+                         i18n::Translated("Conversion Rate Update Info"), wxICON_INFORMATION);
+    return true;
 }
 
 RatesDialog::RatesDialog(wxWindow* parent)

@@ -12,8 +12,9 @@
 #include <functional>
 #include <vector>
 
-/// Renews the conversion rates by the service, with a busy cursor, and says what came of it. Whether they
-/// were renewed; otherwise the old ones stay.
+/// Renews the conversion rates by the service, with a busy cursor, and says what came of it; where it failed
+/// also what to do, and tries again with other settings of the connection. Whether they were renewed;
+/// otherwise the old ones stay.
 GUI_BASE_EXPORT bool UpdateConversionRates(wxWindow* parent);
 
 /// The conversion rates of all currencies: searched, renewed by the service, copied, or typed. Modal. What is

@@ -65,10 +65,22 @@ std::string AdviceSentence(const advice::Advice& advice, const ReportContext& co
         kDigits, [&](double number, int digits) { return WithUnit(number, digits, advice.unit, context); });
 }
 
+std::string AdviceSource(const advice::Advice& advice, const ReportContext& context)
+{
+    if (!advice.usual)
+        return context.Translated(advice.source);
+    if (std::isnan(*advice.usual))
+        return context.Translated(wxTRANSLATE("Set by the user; usually there is no limit"));
+    std::string text = context.Translated(wxTRANSLATE("Set by the user; usual is %s"));
+    if (const auto place = text.find("%s"); place != std::string::npos)
+        text.replace(place, 2, WithUnit(*advice.usual, kDigits, advice.unit, context));
+    return text;
+}
+
 std::string AdviceReason(const advice::Advice& advice, const ReportContext& context)
 {
     return fmt::format("{}\n{}: {}", context.Translated(advice.reason),
-                       context.Translated(wxTRANSLATE("Source")), context.Translated(advice.source));
+                       context.Translated(wxTRANSLATE("Source")), AdviceSource(advice, context));
 }
 
 std::string SeverityText(advice::Severity severity, const ReportContext& context)

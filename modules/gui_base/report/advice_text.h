@@ -17,6 +17,9 @@ namespace wateranalysis {
 
 /// "Iron 0.4 mg/l is above the usual limit of 0.3 mg/l ahead of ion exchangers".
 GUI_BASE_REPORT_EXPORT std::string AdviceSentence(const advice::Advice& advice, const ReportContext& context);
+/// Where the limit comes from; of one that the user set, which one is usual: "Set by the user; usual is
+/// 0.3 mg/l".
+GUI_BASE_REPORT_EXPORT std::string AdviceSource(const advice::Advice& advice, const ReportContext& context);
 /// Why, and by which source, a line each.
 GUI_BASE_REPORT_EXPORT std::string AdviceReason(const advice::Advice& advice, const ReportContext& context);
 /// "Note" or "Warning".

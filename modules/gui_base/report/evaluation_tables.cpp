@@ -67,7 +67,7 @@ report::Table AdviceTable(const std::vector<advice::Advice>& advice, const Repor
         table.rows.push_back(
             {.cells = {{.text = SeverityText(each.severity, context), .alarm = advice::IsWarning(each)},
                        {AdviceSentence(each, context)},
-                       {context.Translated(each.source)}}});
+                       {AdviceSource(each, context)}}});
     return table;
 }
 

@@ -3,12 +3,14 @@
 
 #include "core/detection_limit.h"
 #include "projectbase/design/plant_design.h"
+#include "projectbase/details/detail_catalogue.h"
 #include "projectbase/project/iex_project.h"
 #include "projectbase/settings/settings.h"
 #include "projectbase/water/detection_limits.h"
 
 #include <wx/translation.h>
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <string_view>
@@ -263,6 +265,21 @@ Limits LimitsOf(const LimitRow& row)
 {
     return {Settings::GetSetting(NoteSetting(row)).GetDoubleValue(),
             Settings::GetSetting(WarnSetting(row)).GetDoubleValue()};
+}
+
+Limits UsualLimitsOf(const LimitRow& row)
+{
+    const auto settings = CatalogueGroup("settings", "BASE");
+    const auto valueOf = [&settings](const std::string& name) {
+        const auto found = std::ranges::find(*settings, name, &DetailData::GetName);
+        return found != settings->end() ? found->GetDoubleValue() : std::nan("");
+    };
+    return {valueOf(NoteSetting(row)), valueOf(WarnSetting(row))};
+}
+
+bool IsSameLimit(double limit, double other)
+{
+    return limit == other || (std::isnan(limit) && std::isnan(other));
 }
 
 }  // namespace advice

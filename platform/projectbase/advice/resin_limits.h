@@ -73,6 +73,9 @@ struct Limits
     double warn;
 };
 PROJECTBASE_EXPORT Limits LimitsOf(const LimitRow& row);
+/// The limits that the program comes with.
+PROJECTBASE_EXPORT Limits UsualLimitsOf(const LimitRow& row);
+PROJECTBASE_EXPORT bool IsSameLimit(double limit, double other);
 /// Whether a note begins no higher than the warning; where one of them is missing, it does.
 PROJECTBASE_EXPORT bool IsInOrder(const Limits& limits);
 /// Names of the settings.

@@ -343,6 +343,18 @@ void AddSumOfMetals(const LiquidData& water, Advice sum, Collected& collected)
     collected.all.push_back(std::move(sum));
 }
 
+/// A limit that the user set is no longer what is usual, nor what the source of the row states.
+void NameAsSetByUser(Advice& advice, const LimitRow& row, double usual)
+{
+    advice.sentence =
+        row.isAtLimit
+            ? wxTRANSLATE(
+                  "%s is not below the limit of %s that the user set for water ahead of ion "
+                  "exchangers")
+            : wxTRANSLATE("%s is above the limit of %s that the user set for water ahead of ion exchangers");
+    advice.usual = usual;
+}
+
 void JudgeLimits(const Project& project, const LiquidData& water, Collected& collected)
 {
     const PlantKind plant = KindOfPlant(project, water);
@@ -370,6 +382,10 @@ void JudgeLimits(const Project& project, const LiquidData& water, Collected& col
                       .source = row.source,
                       .anchor = "limits",
                       .address = {water.GetOwner(), KeyOf(row, water)}};
+        const Limits usual = UsualLimitsOf(row);
+        const double usualLimit = isWarning ? usual.warn : usual.note;
+        if (!IsSameLimit(advice.limit, usualLimit))
+            NameAsSetByUser(advice, row, usualLimit);
         if (quantity == "femn")
             AddSumOfMetals(water, std::move(advice), collected);
         else

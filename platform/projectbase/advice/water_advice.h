@@ -7,6 +7,7 @@
 #include "projectbase/project/owner_node.h"
 #include "projectbase/projectbase_export.h"
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -33,11 +34,13 @@ struct Advice
     const char* label = "";  ///< source text, may be empty
     double value = 0.0;
     double limit = 0.0;
-    const char* unit = "";    ///< of both, ISO
+    const char* unit = "";    ///< of all limits, ISO
     const char* reason = "";  ///< source text
     const char* source = "";  ///< source text
     const char* anchor = "";  ///< in the page of the user guide
     DetailAddress address;    ///< where the value is typed
+    /// The limit that the program comes with where the user set another one; not a number where it has none.
+    std::optional<double> usual = std::nullopt;
 };
 
 /// The page of the user guide that explains all of it.

@@ -14,6 +14,8 @@ LiquidData& StoreBlend(Project& project, LiquidData* blend, const BlendRecipe& r
     const ProjectEdit edit(project, wxTRANSLATE("blend waters"));
     if (blend == nullptr)
         blend = &project.AddLiquid(name);
+    else if (!name.empty() && name != blend->GetName())
+        project.RenameOwner(*blend, name);
     StoreRecipe(recipe, *blend->GetDetails());
     return *blend;
 }
@@ -22,8 +24,8 @@ TriedBlend TryBlend(const Project& project, const LiquidData* blend, const Blend
 {
     TriedBlend tried{.project = project.Clone()};
     LiquidData* copy = blend == nullptr ? nullptr : &tried.project->GetLiquid(blend->GetPosition());
-    // Nobody sees its name.
-    tried.water = &StoreBlend(*tried.project, copy, recipe, "blend");
+    // Nobody sees the name of a new one.
+    tried.water = &StoreBlend(*tried.project, copy, recipe, copy == nullptr ? "blend" : "");
     return tried;
 }
 

@@ -14,7 +14,8 @@ class Project;
 
 namespace water {
 
-/// Gives `blend` that recipe, or a new water of that name behind the others where it is null. One edit.
+/// Gives `blend` that recipe and name, or makes a new water behind the others where it is null. A name that
+/// is empty leaves the blend its own. One edit.
 PROJECTBASE_EXPORT LiquidData& StoreBlend(Project& project, LiquidData* blend, const BlendRecipe& recipe,
                                           const std::string& name);
 

@@ -35,6 +35,45 @@ TEST_F(LimitsDialogTest, LimitsAreEditedOnACopy)
     EXPECT_TRUE(dialog.GetChanged().empty());
 }
 
+TEST_F(LimitsDialogTest, WhatTheUserSetIsMarkedAndLeadsBack)
+{
+    Settings::Reset();
+    app::LimitsDialog dialog(m_frame, {{"limit.toc.gel.warn", 3.5}});
+    dialog.Show();
+    Pump();
+    TvTextCtrl& note = *dialog.FindField("limit.fe.demi.note");
+    TvTextCtrl& other = *dialog.FindField("limit.tss.soft.note");
+    auto& back = Find<wxButton>(dialog, "Iron, demineralisation, dealkalisation, Back to 0.1 / 0.3");
+    const auto isMarked = [](const TvTextCtrl& field) {
+        return field.GetFont().GetWeight() == wxFONTWEIGHT_BOLD;
+    };
+    EXPECT_TRUE(isMarked(*dialog.FindField("limit.toc.gel.warn"))) << "changed before";
+    EXPECT_FALSE(isMarked(note));
+    EXPECT_FALSE(back.IsShown());
+    Enter(note, "0.2");
+    EXPECT_TRUE(isMarked(note));
+    EXPECT_FALSE(isMarked(*dialog.FindField("limit.fe.demi.warn")));
+    EXPECT_EQ(note.GetToolTipText(), "Usual: 0.1");
+    EXPECT_TRUE(back.IsShown());
+    Enter(note, "0.1");
+    EXPECT_FALSE(isMarked(note));
+    EXPECT_EQ(note.GetToolTipText(), "");
+    EXPECT_FALSE(back.IsShown());
+    // Only the row goes back; no text in another one is lost.
+    Enter(note, "0.4");
+    EXPECT_NE(note.GetToolTipText(), "Usual: 0.1") << "above its warning";
+    Focus(other);
+    other.SelectAll();
+    other.WriteText("abc");
+    back.SetFocus();
+    Press(WXK_SPACE);
+    Pump();
+    EXPECT_EQ(note.GetValue(), "0.1");
+    EXPECT_TRUE(note.HasFocus());
+    EXPECT_EQ(other.GetValue(), "abc");
+    EXPECT_EQ(dialog.GetChanged(), (std::map<std::string, double>{{"limit.toc.gel.warn", 3.5}}));
+}
+
 TEST_F(LimitsDialogTest, LimitsThatContradictThemselvesAreRefused)
 {
     Settings::Reset();

@@ -240,4 +240,38 @@ TEST_F(WaterToolsTest, WatersAreAddedBlendedAndRemoved)
     EXPECT_EQ(OpenProject().GetLiquidCount(), 1u) << "the last one stays";
 }
 
+TEST_F(WaterToolsTest, ABlendIsNamedWhereItIsMade)
+{
+    Menu("Tools", "Add water");
+    const auto blend = [this](const char* offered, const char* typed) {
+        m_dialogs.Expect([=](wxDialog& dialog) {
+            auto& name = gui_test::Find<wxTextCtrl>(dialog, "Name");
+            EXPECT_EQ(name.GetValue(), offered);
+            name.SetValue(typed);
+            return wxID_OK;
+        });
+        Menu("Tools", "Blend waters...");
+    };
+    const auto names = [this] {
+        std::string all;
+        for (std::size_t i = 2; i < OpenProject().GetLiquidCount(); ++i)
+            all += OpenProject().GetLiquid(i).GetName() + ";";
+        return all;
+    };
+    blend("Blend", " Mixed ");
+    EXPECT_EQ(names(), "Mixed;");
+    // On its own page it is changed, in one step.
+    blend("Mixed", "");
+    EXPECT_EQ(names(), "Mixed;");
+    blend("Mixed", "Water");
+    EXPECT_EQ(names(), "Water 2;") << "taken";
+    m_frame->Undo();
+    EXPECT_EQ(names(), "Mixed;");
+    WaterPage();
+    blend("Blend", "");
+    EXPECT_EQ(names(), "Mixed;Blend;");
+    m_frame->Undo();
+    EXPECT_EQ(names(), "Mixed;");
+}
+
 }  // namespace

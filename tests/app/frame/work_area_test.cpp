@@ -154,11 +154,25 @@ TEST_F(WorkAreaTest, WatersAreRenamedDuplicatedAndMovedInTheNavigator)
     Tree().SetFocus();
     Tree().SelectItem(Item("Water"));
     gui_test::Press(WXK_F2);
+    const auto editsInAllTheRoom = [this] {
+        const wxTextCtrl* editor = Tree().GetEditControl();
+        return editor != nullptr && editor->GetRect().GetRight() + 1 == Tree().GetClientSize().x;
+    };
+    EXPECT_TRUE(editsInAllTheRoom()) << "a short name";
     gui_test::Type("well");
+    EXPECT_TRUE(editsInAllTheRoom());
     gui_test::Press(WXK_RETURN);
     gui_test::Pump();
     EXPECT_EQ(WaterNames(), (std::vector<std::string>{first, "well"}));
     EXPECT_TRUE(Item("well").IsOk());
+    const wxString name(60, 'w');
+    m_frame->Waters().RenameTo(OpenProject().GetLiquid(1), name.utf8_string());
+    Tree().SetFocus();
+    Tree().SelectItem(Item(name));
+    gui_test::Press(WXK_F2);
+    EXPECT_TRUE(editsInAllTheRoom()) << "a long one";
+    gui_test::Press(WXK_ESCAPE);
+    m_frame->Undo();
     gui_test::Enter(*WaterPage(1).FindField("liquid/ca.orig"), "17");
     Menu("Tools", "Duplicate water");
     EXPECT_EQ(WaterNames(), (std::vector<std::string>{first, "well", "well 2"}));

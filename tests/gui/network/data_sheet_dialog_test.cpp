@@ -154,11 +154,20 @@ TEST_F(DataSheetDialogTest, OffersTheFormerSheetWhereTheServiceFails)
     };
     auto& open = Labelled<wxButton>(*m_dialog, "&Open");
     m_code = 404;
+    // Other settings of the connection are worth another try.
     answers.Expect(answer(wxID_OK));
+    answers.Expect([](wxDialog& dialog) {
+        EXPECT_EQ(dialog.GetTitle(), "Connection");
+        return wxID_OK;
+    });
+    answers.Expect(answer(wxID_CANCEL));
     Click(open);
-    ASSERT_TRUE(PumpUntil([&] { return said.size() == 1; }));
+    ASSERT_TRUE(PumpUntil([&] { return said.size() == 2; }));
     EXPECT_THAT(said[0], HasSubstr("Product data sheet currently not available. (404)"));
+    EXPECT_THAT(said[0], HasSubstr("check the settings of the connection (proxy) or try again later"));
+    EXPECT_EQ(said[1], said[0]);
     EXPECT_EQ(m_opened, "");
+    said.pop_back();
 
     m_code = 200;
     m_canOpen = false;
@@ -192,9 +201,18 @@ TEST_F(DataSheetDialogTest, SaysWhatListIsMissingAndKeepsWhatItHas)
     EXPECT_TRUE(Find<wxInfoBar>(*m_dialog).IsShown());
     m_code = 200;
     Network::Initialize();
-    Click(Labelled<wxButton>(*m_dialog, "&Renew list"));
+    DialogAnswers answers;
+    answers.Expect([](wxDialog& dialog) {
+        EXPECT_EQ(dialog.GetTitle(), "Connection");
+        return wxID_OK;
+    });
+    auto& settings = Labelled<wxButton>(*m_dialog, "Connection settings...");
+    EXPECT_TRUE(settings.IsShown());
+    settings.SetFocus();
+    Press(WXK_SPACE);
     ASSERT_TRUE(PumpUntil([this] { return Rows().size() == 5; }));
     EXPECT_FALSE(Find<wxInfoBar>(*m_dialog).IsShown());
+    EXPECT_FALSE(settings.IsShown());
     m_code = 404;
     Click(Labelled<wxButton>(*m_dialog, "&Renew list"));
     ASSERT_TRUE(PumpUntil([this] { return Find<wxInfoBar>(*m_dialog).IsShown(); }));

@@ -139,7 +139,7 @@ TEST_F(RatesDialogTest, RenewsTheRatesOrSaysWhyNot)
     const auto note = [&said](wxDialog& dialog) {
         auto& message = dynamic_cast<wxMessageDialog&>(dialog);
         said = dialog.GetTitle() + ": " + message.GetMessage() + "|" + message.GetExtendedMessage();
-        return wxID_OK;
+        return wxID_CANCEL;
     };
     LastMessage log;
     wxLog* const formerLog = wxLog::SetActiveTarget(&log);
@@ -149,12 +149,24 @@ TEST_F(RatesDialogTest, RenewsTheRatesOrSaysWhyNot)
     ASSERT_TRUE(PumpUntil([&] { return !said.empty(); }));
     EXPECT_EQ(said,
               "Conversion Rate Update Error: Update of conversion rates failed.|"
-              "Invalid data received from currency server.\nRates are missing: XAU.");
+              "Invalid data received from currency server.\nRates are missing: XAU.\n\n"
+              "If the network is the cause, check the settings of the connection (proxy) or try again later. "
+              "A rate can also be typed: Tools, Currency rates, Set rate.");
     EXPECT_EQ(Shown("CHF"), "CHF|Swiss Franc|0.9377|day|service") << "the old ones stay";
     EXPECT_TRUE(log.text.Contains("Rates are missing: XAU."));
+    // Other settings of the connection are worth another try.
+    said.clear();
+    answers.Expect([](wxDialog&) { return wxID_OK; });
+    answers.Expect([](wxDialog& dialog) {
+        EXPECT_EQ(dialog.GetTitle(), "Connection");
+        ProjectDatabase::SetConversionRate("XAU", 0.0003);
+        return wxID_OK;
+    });
+    answers.Expect(note);
+    Click(Button("&Update rates"));
+    ASSERT_TRUE(PumpUntil([&] { return !said.empty(); }));
+    EXPECT_EQ(said, "Conversion Rate Update Info: Conversion rates have been updated successfully.|");
     wxLog::SetActiveTarget(formerLog);
-
-    ProjectDatabase::SetConversionRate("XAU", 0.0003);
     Focus(Find<wxSearchCtrl>(*m_dialog, "Search"));
     Press('A', wxMOD_CONTROL);
     Press(WXK_DELETE);

@@ -5,6 +5,7 @@
 #include "gui_base/report/feed_report.h"
 #include "gui_base/report/report_builder.h"
 #include "projectbase/project/iex_project.h"
+#include "projectbase/settings/settings.h"
 #include "report/pdf_writer.h"
 #include "tests/support/pdf.h"
 
@@ -289,6 +290,34 @@ TEST_F(WaterReportTest, TakesItsHeadFromTheProject)
     EXPECT_THAT(pdf.Text(1), HasSubstr("Customer: Works \u00b7 Author: Somebody"));
     EXPECT_THAT(pdf.Text(2), HasSubstr("checked by a qualified"));
     EXPECT_THAT(pdf.Info(), ContainsRegex("Author: +Somebody"));
+}
+
+TEST_F(WaterReportTest, LimitsOfTheUserAreNotCalledUsual)
+{
+    struct Case
+    {
+        const char* setting;
+        const char* limit;
+        const char* row;
+    };
+    Type("fe2", 0.9, "mg/l");
+    Type("mn", 0.3, "mg/l");
+    for (const Case& c :
+         {Case{"fe.soft.note", "0.3",
+               "Note|Iron 0.9 mg/l is above the usual limit of 0.3 mg/l ahead of ion exchangers|Practice; "},
+          {"fe.soft.note", "0.4",
+           "Note|Iron 0.9 mg/l is above the limit of 0.4 mg/l that the user set for water ahead of ion "
+           "exchangers|Set by the user; usual is 0.3 mg/l|"},
+          {"fe.soft.warn", "0.5",
+           "[Warning]|Iron 0.9 mg/l is above the limit of 0.5 mg/l that the user set for water ahead of ion "
+           "exchangers|Set by the user; usually there is no limit|"},
+          {"femn.soft.warn", "1.2",
+           "[Warning]|Iron and manganese 1.2 mg/l is not below the limit of 1.2 mg/l that the user set for "
+           "water ahead of ion exchangers|Set by the user; usual is 1 mg/l|"}}) {
+        ASSERT_TRUE(Settings::SetFromText(std::string("limit.") + c.setting, c.limit));
+        EXPECT_THAT(Page(2), HasSubstr(c.row));
+        Settings::Reset();
+    }
 }
 
 }  // namespace

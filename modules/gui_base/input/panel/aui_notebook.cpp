@@ -2,7 +2,9 @@
 #include "gui_base/input/panel/aui_notebook.h"
 
 #include "core/notebook_perspective.h"
+#include "gui_base/input/panel/tab_art.h"
 
+#include <wx/dcclient.h>
 #include <wx/weakref.h>
 #include <wx/wupdlock.h>
 
@@ -39,7 +41,29 @@ private:
 
 AuiNotebook::AuiNotebook(wxWindow* parent, int id, const wxPoint& pos, const wxSize& size, long style)
     : wxAuiNotebook(parent, id, pos, size, style)
-{}
+{
+    SetArtProvider(new TabArt);
+}
+
+void AuiNotebook::ShowPageList()
+{
+    wxArrayString names;
+    for (std::size_t i = 0; i < GetPageCount(); ++i)
+        names.Add(GetPageText(i));
+    const int chosen = ChooseFromMenu(*this, {0, GetTabCtrlHeight()}, names, GetSelection());
+    if (chosen == wxNOT_FOUND)
+        return;
+    SetSelection(static_cast<std::size_t>(chosen));
+    GetCurrentPage()->SetFocus();
+}
+
+bool AuiNotebook::SetPageText(std::size_t page, const wxString& text)
+{
+    wxClientDC dc(this);
+    const auto* art = dynamic_cast<const TabArt*>(GetArtProvider());
+    const bool isWhole = art == nullptr || art->Shortened(text, dc, *this) == text;
+    return wxAuiNotebook::SetPageText(page, text) && SetPageToolTip(page, isWhole ? wxString() : text);
+}
 
 std::vector<wxAuiTabCtrl*> AuiNotebook::GetTabGroups()
 {

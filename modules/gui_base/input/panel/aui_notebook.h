@@ -2,7 +2,7 @@
 #pragma once
 
 /// The notebook of the module panels: its pages can be split into tab groups, and the arrangement can be kept
-/// as a text over a restart.
+/// as a text over a restart. Long texts of tabs are shortened in the middle.
 ///
 /// The text names pages by their notebook index, so it fits a notebook to which the same pages were added in
 /// the same order. It holds, parted by "|", the name and the pages of each group ("*" before the selected
@@ -25,6 +25,11 @@ public:
     AuiNotebook() = default;
     AuiNotebook(wxWindow* parent, int id, const wxPoint& pos = wxDefaultPosition,
                 const wxSize& size = wxDefaultSize, long style = wxAUI_NB_DEFAULT_STYLE);
+
+    /// Lets the user choose the page to bring to the front from a menu of all of them, by mouse or keys.
+    void ShowPageList();
+    /// Gives a page its text, and its tab the whole of it as a tip where it shows only a part.
+    bool SetPageText(std::size_t page, const wxString& text) override;
 
     wxString SavePerspective();
 

@@ -5,6 +5,7 @@
 #include "gui_base/input/controls/nothing_found.h"
 #include "gui_base/input/controls/tv_searchctrl.h"
 #include "gui_base/messages/user_message.h"
+#include "gui_base/support/accessibility.h"
 #include "gui_base/support/translation.h"
 #include "gui_base/water/library/water_lib_arrangement.h"
 #include "gui_base/water/library/water_lib_details.h"
@@ -135,9 +136,9 @@ void WaterLibDialog::FillWaterList(const std::vector<DBObjects::WaterLibWater>& 
             english = water.country;
             country = m_tree->CountryName(english);
         }
-        items.push_back(std::make_unique<WaterLibListViewItem>(water.id, water.user != 0, country,
-                                                               wxString::FromUTF8(water.place),
-                                                               wxString::FromUTF8(water.source)));
+        items.push_back(std::make_unique<WaterLibListViewItem>(
+            water.id, water.user != 0, country, wxString::FromUTF8(water.place),
+            wxString::FromUTF8(water.source), m_showsAll ? m_tree->FolderOf(water) : wxString()));
     }
     FillWaterListView(std::move(items));
 }
@@ -145,6 +146,7 @@ void WaterLibDialog::FillWaterList(const std::vector<DBObjects::WaterLibWater>& 
 void WaterLibDialog::FillWaterListView(std::vector<std::unique_ptr<WaterLibListViewItem>> items)
 {
     ClearDetails();
+    m_waters->ShowFolders(m_showsAll);
     m_waters->SetWaters(std::move(items));
     ShowWaterCount();
 }
@@ -164,6 +166,18 @@ void WaterLibDialog::ClearDetails()
 {
     m_details->Clear();
     m_use->Disable();
+    NameList(nullptr);
+}
+
+void WaterLibDialog::NameList(const WaterLibListViewItem* selected)
+{
+    // The rows are drawn; what is chosen is said with the name of the whole.
+    wxString texts;
+    for (long column = 0; selected != nullptr && column < WaterLibListViewItem::kColumns; ++column) {
+        if (const wxString& text = selected->GetColumnText(column); !text.empty())
+            texts += (texts.empty() ? ": " : ", ") + text;
+    }
+    accessibility::SetName(*m_waters, Tr("Waters") + texts);
 }
 
 void WaterLibDialog::SetGeneralInformationLabels(const wxString& country, const wxString& place,

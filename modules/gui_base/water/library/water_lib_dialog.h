@@ -114,6 +114,8 @@ private:
     /// Shows what the search leaves of them.
     void ApplySearch();
     void ShowWaterCount();
+    /// Names the list for screen readers, with the water that is selected in it.
+    void NameList(const WaterLibListViewItem* selected);
     /// Runs what asks a database; false, with a message, when that fails.
     bool Guarded(const std::function<void()>& action);
     void PopupRemove(wxWindow& window, const wxPoint& position,

@@ -63,6 +63,7 @@ void WaterLibDialog::OnListItemSelected(wxListEvent&)
                            : MasterDatabase::WaterLib_GetAnalysisById(water->GetIdentifier()));
         m_details->ShowOrigin(*water);
         m_use->Enable();
+        NameList(water);
     });
     if (!shown)
         ClearDetails();

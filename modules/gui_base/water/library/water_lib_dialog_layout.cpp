@@ -62,7 +62,6 @@ wxWindow* WaterLibDialog::CreateWaterPanel(wxWindow* parent)
     accessibility::SetName(*m_search, Tr("Search waters"));
     m_thisFolder = new wxCheckBox(panel, wxID_ANY, Tr("In this folder only"));
     m_waters = new WaterLibListView(panel, wxID_ANY);
-    accessibility::SetName(*m_waters, Tr("Waters"));
     water_library::FillWidth(*m_waters);
     m_nothing = new NothingFound(*m_waters, wxTRANSLATE("Clear search"), [this] { ClearSearch(); });
     auto* searchRow = new wxBoxSizer(wxHORIZONTAL);

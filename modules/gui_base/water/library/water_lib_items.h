@@ -31,9 +31,14 @@ private:
 class WaterLibListViewItem : public wxListItem
 {
 public:
+    static constexpr int kColumns = 4;
+    static constexpr int kSource = 2;
+    static constexpr int kFolder = 3;
+
+    /// `folder` is the category that the water stands in, where waters of several are listed.
     WaterLibListViewItem(int id, bool user, const wxString& country, const wxString& place,
-                         const wxString& source)
-        : m_user(user), m_texts{country, place, source}
+                         const wxString& source, const wxString& folder = {})
+        : m_user(user), m_texts{country, place, source, folder}
     {
         SetData(static_cast<long>(id));
     }
@@ -42,23 +47,25 @@ public:
     bool IsUserEntry() const { return m_user; }
     const wxString& GetCountry() const { return m_texts[0]; }
     const wxString& GetPlace() const { return m_texts[1]; }
-    const wxString& GetSource() const { return m_texts[2]; }
+    const wxString& GetSource() const { return m_texts[kSource]; }
+    const wxString& GetFolder() const { return m_texts[kFolder]; }
     /// The text of a column; empty beyond the last one.
     const wxString& GetColumnText(long column) const
     {
         static const wxString empty;
-        return column >= 0 && column < 3 ? m_texts[column] : empty;
+        return column >= 0 && column < kColumns ? m_texts[column] : empty;
     }
     /// What a search looks at, in lower case; made when it is asked for first.
     const wxString& GetSearchText() const
     {
         if (m_searchText.empty())
-            m_searchText = (GetCountry() + "\n" + GetPlace() + "\n" + GetSource()).Lower();
+            m_searchText =
+                (GetCountry() + "\n" + GetPlace() + "\n" + GetSource() + "\n" + GetFolder()).Lower();
         return m_searchText;
     }
 
 private:
     bool m_user;
-    wxString m_texts[3];
+    wxString m_texts[kColumns];
     mutable wxString m_searchText;
 };

@@ -7,13 +7,17 @@
 #include <wx/wupdlock.h>
 
 #include <algorithm>
+#include <array>
+#include <numeric>
 #include <utility>
 
 namespace {
 
-/// Order of two waters by one column, then by the others.
+using Columns = std::array<int, WaterLibListViewItem::kColumns>;
+
+/// Order of two waters by the columns, one after the other.
 int Compare(const wxUILocale& locale, const WaterLibListViewItem& a, const WaterLibListViewItem& b,
-            const int (&columns)[3])
+            const Columns& columns)
 {
     for (const int column : columns) {
         const wxString& left = a.GetColumnText(column);
@@ -47,6 +51,25 @@ void WaterLibListView::SetWaters(Items waters)
     ShowMatching();
 }
 
+void WaterLibListView::ShowFolders(bool shown)
+{
+    constexpr int kWidth = 180;
+    constexpr int kLeastSource = 140;
+    constexpr int kFolder = WaterLibListViewItem::kFolder;
+    constexpr int kSource = WaterLibListViewItem::kSource;
+    if (shown == (GetColumnCount() > kFolder))
+        return;
+    if (shown) {
+        AppendColumn(i18n::Translated("Folder"), wxLIST_FORMAT_LEFT, FromDIP(kWidth));
+        // The source, which had all that the others left, makes room.
+        SetColumnWidth(kSource, std::max(GetColumnWidth(kSource) - FromDIP(kWidth), FromDIP(kLeastSource)));
+    } else {
+        RemoveSortIndicator();
+        DeleteColumn(kFolder);
+    }
+    water_library::FitLastColumn(*this);
+}
+
 const WaterLibListViewItem* WaterLibListView::GetWater(long row) const
 {
     return row >= 0 && row < static_cast<long>(m_shown.size()) ? m_shown[static_cast<std::size_t>(row)]
@@ -71,7 +94,11 @@ void WaterLibListView::SortByColumn(int column)
     m_ascending = column != m_sortColumn || !m_ascending;
     m_sortColumn = column;
     const wxUILocale locale = wxUILocale::GetCurrent();
-    const int columns[3]{column, column == 0 ? 1 : 0, column == 2 ? 1 : 2};
+    Columns columns;
+    std::iota(columns.begin(), columns.end(), 0);
+    // First by the one that was clicked.
+    const auto clicked = std::find(columns.begin(), columns.end(), column);
+    std::rotate(columns.begin(), clicked, clicked == columns.end() ? clicked : clicked + 1);
     std::stable_sort(m_waters.begin(), m_waters.end(), [&](const auto& a, const auto& b) {
         return m_ascending ? Compare(locale, *a, *b, columns) < 0 : Compare(locale, *b, *a, columns) < 0;
     });

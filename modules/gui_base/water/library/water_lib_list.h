@@ -31,6 +31,9 @@ public:
     /// the same identifiers.
     void RemoveUserWater(int id);
 
+    /// Whether a column says in which folder a water stands.
+    void ShowFolders(bool shown);
+
     /// Sorts by a column in the order of the user's locale; by the same column again, the other way round.
     /// The selected water stays selected.
     void SortByColumn(int column);

@@ -21,6 +21,7 @@ void WaterLibTree::Fill(const Guard& guarded)
 {
     const wxWindowUpdateLocker frozen(this);
     DeleteAllItems();
+    m_folders.clear();
     AddRoot(i18n::Translated("Library"));
     guarded([this] {
         m_countryNames = std::make_unique<water_library::CountryNames>();
@@ -40,10 +41,18 @@ void WaterLibTree::AddCategory(const DBObjects::WaterLibCategory& category, bool
     const wxTreeItemId node =
         AppendItem(GetRootItem(), i18n::Translated(wxString::FromUTF8(category.name)), -1, -1,
                    new WaterLibTreeItemData(category.id, WaterLibTreeItemData::kCategory, user));
-    for (const auto& country : countries)
+    for (const auto& country : countries) {
         AppendItem(node, CountryName(country.name), -1, -1,
                    new WaterLibTreeItemData(country.id, WaterLibTreeItemData::kCountry, user));
+        m_folders[{user, country.id}] = GetItemText(node);
+    }
     Expand(node);
+}
+
+wxString WaterLibTree::FolderOf(const DBObjects::WaterLibWater& water) const
+{
+    const auto found = m_folders.find({water.user != 0, water.countryId});
+    return found != m_folders.end() ? found->second : wxString();
 }
 
 wxString WaterLibTree::CountryName(const std::string& english) const

@@ -11,8 +11,10 @@
 #include <wx/treectrl.h>
 
 #include <functional>
+#include <map>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 class GUI_BASE_EXPORT WaterLibTree : public wxTreeCtrl
@@ -35,6 +37,8 @@ public:
     std::vector<DBObjects::WaterLibWater> ReadSelectedWaters() const;
     /// Those of all nodes.
     std::vector<DBObjects::WaterLibWater> ReadAllWaters() const;
+    /// The category that a water stands in, as the tree names it; empty where the tree does not hold it.
+    wxString FolderOf(const DBObjects::WaterLibWater& water) const;
     /// Name of a country in the language of the texts.
     wxString CountryName(const std::string& english) const;
 
@@ -44,4 +48,6 @@ private:
                      const std::vector<DBObjects::WaterLibCountry>& countries);
 
     std::unique_ptr<water_library::CountryNames> m_countryNames;
+    /// Categories by their countries: of the user or not, and the identifier.
+    std::map<std::pair<bool, int>, wxString> m_folders;
 };

@@ -18,6 +18,7 @@ constexpr int kMostHeight = 480;
 constexpr int kMessageWidth = 320;
 constexpr int kValueWidth = 400;  // wider texts of the preview break
 constexpr int kScrollStep = 16;
+constexpr unsigned long kMostNameLength = 100;  // as when a water is renamed
 
 wxString TextOf(const wateranalysis::ResultTile& tile)
 {
@@ -45,11 +46,13 @@ void ShowText(wxStaticText& control, const wxString& text)
 
 }  // namespace
 
-BlendDialog::BlendDialog(wxWindow* parent, const std::vector<std::string>& waters,
+BlendDialog::BlendDialog(wxWindow* parent, const wxString& name, const std::vector<std::string>& waters,
                          const water::BlendRecipe& recipe, const std::string& unitSystem, Preview preview)
     : wxDialog(parent, wxID_ANY, i18n::Translated("Blend waters"), wxDefaultPosition, wxDefaultSize,
                wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER),
       m_preview(std::move(preview)),
+      m_usualName(name),
+      m_name(new wxTextCtrl(this, wxID_ANY, name)),
       m_scrolled(
           new wxScrolledWindow(this, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxTAB_TRAVERSAL | wxVSCROLL))
 {
@@ -61,6 +64,7 @@ BlendDialog::BlendDialog(wxWindow* parent, const std::vector<std::string>& water
     m_scrolled->SetSizer(inner);
     auto* outer = new wxBoxSizer(wxVERTICAL);
     const int gap = FromDIP(kGap);
+    outer->Add(NewNameRow(), wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxTOP, gap));
     outer->Add(m_scrolled, wxSizerFlags(1).Expand().Border(wxALL, gap));
     outer->Add(NewPreview(), wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxBOTTOM, gap));
     m_message = new wxStaticText(this, wxID_ANY, wxString(), wxDefaultPosition,
@@ -76,6 +80,26 @@ BlendDialog::BlendDialog(wxWindow* parent, const std::vector<std::string>& water
     });
     Bind(wxEVT_BUTTON, &BlendDialog::OnOk, this, wxID_OK);
     CentreOnParent();
+}
+
+wxSizer* BlendDialog::NewNameRow()
+{
+    const wxString label = i18n::Translated(wxTRANSLATE("Name"));
+    m_name->SetMaxLength(kMostNameLength);
+    m_name->SelectAll();
+    m_name->SetFocus();
+    accessibility::SetName(*m_name, label);
+    auto* row = new wxBoxSizer(wxHORIZONTAL);
+    row->Add(new wxStaticText(this, wxID_ANY, label + ":"),
+             wxSizerFlags().CentreVertical().Border(wxRIGHT, FromDIP(2 * form::kGap)));
+    row->Add(m_name, wxSizerFlags(1));
+    return row;
+}
+
+wxString BlendDialog::GetBlendName() const
+{
+    const wxString name = m_name->GetValue().Trim(true).Trim(false);
+    return name.empty() ? m_usualName : name;
 }
 
 wxSizer* BlendDialog::NewPreview()

@@ -3,9 +3,11 @@
 
 #include "tests/support/gui_test.h"
 
+#include <wx/menu.h>
 #include <wx/sizer.h>
 #include <wx/stopwatch.h>
 #include <wx/textctrl.h>
+#include <wx/timer.h>
 #include <wx/uiaction.h>
 
 #include <map>
@@ -246,6 +248,44 @@ TEST_F(AuiNotebookTest, TheHostHearsOfOneSelection)
     Load(*notebook, "a=+1,0,2,3@");
     EXPECT_EQ(notebook->GetSelection(), 2) << "no page of the text is selected";
     ExpectSound(*notebook, "without a selection");
+}
+
+TEST_F(AuiNotebookTest, LongTextsOfTabsAreShortenedAndTheListHasThemWhole)
+{
+    AuiNotebook* notebook = Make(3);
+    const wxString march = "River at Livingstone & beyond, sample of March";
+    const wxString april = "River at Livingstone & beyond, sample of April";
+    notebook->SetPageText(0, march);
+    notebook->SetPageText(1, april);
+    Pump();
+    wxAuiTabCtrl* group = nullptr;
+    int position = -1;
+    ASSERT_TRUE(notebook->FindTab(notebook->GetPage(1), &group, &position));
+    group->Refresh();
+    PumpUntil([watch = wxStopWatch()] { return watch.Time() > 100; });
+    const wxString tips =
+        group->GetPage(0).tooltip + "|" + group->GetPage(1).tooltip + "|" + group->GetPage(2).tooltip;
+    EXPECT_EQ(tips, march + "|" + april + "|") << "a short one needs none";
+    EXPECT_LT(group->GetPage(0).rect.width, group->GetTextExtent(march).x);
+
+    wxTimer timer;
+    wxString listed;
+    notebook->Bind(wxEVT_MENU_OPEN, [&listed](wxMenuEvent& event) {
+        for (const wxMenuItem* item : event.GetMenu()->GetMenuItems())
+            listed += item->GetItemLabelText() + (item->IsChecked() ? "*|" : "|");
+    });
+    // The menu has a loop of its own, in which the keys arrive.
+    timer.Bind(wxEVT_TIMER, [](wxTimerEvent&) {
+        wxUIActionSimulator simulator;
+        for (const int key : {WXK_DOWN, WXK_DOWN, WXK_RETURN})
+            simulator.Char(key);
+    });
+    timer.StartOnce(300);
+    notebook->ShowPageList();
+    Pump();
+    EXPECT_EQ(listed, march + "*|" + april + "|Page 2|");
+    EXPECT_EQ(notebook->GetSelection(), 1);
+    EXPECT_TRUE(notebook->GetPage(1)->HasFocus());
 }
 
 }  // namespace

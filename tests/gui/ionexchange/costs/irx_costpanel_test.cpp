@@ -258,7 +258,7 @@ TEST_F(CostsPanelTest, RatesAreRenewedOrStay)
         m_dialogs.Expect([=](wxDialog& dialog) {
             EXPECT_EQ(dialog.GetTitle(), title);
             EXPECT_EQ(dynamic_cast<wxMessageDialog&>(dialog).GetMessage(), text);
-            return wxID_OK;
+            return wxID_CANCEL;
         });
     };
     SetEndpoint(endpoints::kCurrencyRates, wxString::FromUTF8(service.Url("/rates")));

@@ -91,11 +91,22 @@ TEST_F(WaterLibTest, SearchesAllFoldersOrTheOpenOne)
     Focus(search);
     Type("30A9");
     EXPECT_EQ(Sources(), (std::vector<std::string>(2, "Groundwater 30a9e918"))) << "supplied and own";
+    WaterLibListView& list = dialog.GetWaterList();
+    ASSERT_EQ(list.GetColumnCount(), 4) << "each says where it stands";
+    EXPECT_EQ(list.GetItemText(0, 3), "Groundwaters and springs");
+    EXPECT_EQ(list.GetItemText(1, 3), "User waters");
+    list.Select(1);
+    EXPECT_EQ(list.GetName(), "Waters: France, Lyon, Groundwater 30a9e918, User waters");
+    dialog.SortWaterListbyColumn(3);
+    dialog.SortWaterListbyColumn(3);
+    EXPECT_EQ(list.GetItemText(0, 3), "User waters");
     EXPECT_FALSE(nothing.IsShownOnScreen());
     // The folder alone does not hold it, which the list says.
     Press(WXK_TAB);
     Press(WXK_SPACE);
     EXPECT_TRUE(Sources().empty());
+    EXPECT_EQ(list.GetColumnCount(), 3);
+    EXPECT_EQ(list.GetName(), "Waters");
     EXPECT_TRUE(nothing.IsShownOnScreen());
     EXPECT_TRUE(dialog.GetWaterList().GetRect().Contains(nothing.GetRect()));
     Press(WXK_SPACE);

@@ -190,7 +190,7 @@ protected:
     int Run(const water::BlendRecipe& recipe, Use use)
     {
         const ReportContext context = ShownContext("us");
-        BlendDialog dialog(m_frame, m_waters, recipe, "us", [&](const water::BlendRecipe& tried) {
+        BlendDialog dialog(m_frame, "Blend", m_waters, recipe, "us", [&](const water::BlendRecipe& tried) {
             return wateranalysis::BlendTiles(m_project, nullptr, tried, context);
         });
         m_dialogs.Expect([](wxDialog&) { return static_cast<int>(wxID_NONE); });
@@ -277,6 +277,22 @@ TEST_F(BlendTest, TabRunsThroughTheAmountsBeforeTheButtonsThatRemove)
             Press(WXK_TAB);
             EXPECT_EQ(wxWindow::FindFocus(), expected[step]) << "step " << step;
         }
+        Push(dialog, wxID_OK);
+    });
+}
+
+TEST_F(BlendTest, TheNameIsTypedFirst)
+{
+    Run({{{"Well", 50.0}, {"River", 50.0}}}, [&](BlendDialog& dialog) {
+        auto& name = Find<wxTextCtrl>(dialog, "Name");
+        Pump();
+        EXPECT_TRUE(name.HasFocus());
+        EXPECT_EQ(dialog.GetBlendName(), "Blend");
+        Type("Boiler");
+        EXPECT_EQ(dialog.GetBlendName(), "Boiler") << "what stood there was selected";
+        name.SelectAll();
+        Type(" ");
+        EXPECT_EQ(dialog.GetBlendName(), "Blend") << "nothing but a space";
         Push(dialog, wxID_OK);
     });
 }

@@ -145,6 +145,7 @@ TEST(ResinLimits, LimitsFollowTheResinsAndTheUser)
     EXPECT_EQ(Ids(demi), "") << "acrylic stands more";
     ASSERT_TRUE(Settings::SetFromText("limit.toc.open.warn", "2.5"));
     EXPECT_EQ(Ids(demi), "limit.toc.open!");
+    EXPECT_EQ(On(demi).front().usual, 8.0);
     ASSERT_TRUE(Settings::SetFromText("limit.toc.open.warn", ""));
     ASSERT_TRUE(Settings::SetFromText("limit.toc.open.note", ""));
     EXPECT_EQ(Ids(demi), "") << "no limit at all";
