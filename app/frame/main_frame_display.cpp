@@ -65,7 +65,9 @@ void MainFrame::UpdateRangeMessages()
     std::vector<MessageArea::RangeMessage> messages;
     const std::vector<RangeFault> faults = RangeFaults(GetProject());
     for (const RangeFault& fault : std::span(faults).first(std::min(faults.size(), kMostListed)))
-        messages.push_back({wxString::FromUTF8(RangeSentence(fault, GetProject(), context)), fault.address});
+        messages.push_back({.text = wxString::FromUTF8(RangeSentence(fault, GetProject(), context)),
+                            .address = fault.address,
+                            .rule = {}});
     const std::vector<MessageArea::RangeMessage> warnings = m_advice.GetMessages(GetProject(), context);
     std::ranges::copy(std::span(warnings).first(std::min(warnings.size(), kMostListed)),
                       std::back_inserter(messages));
