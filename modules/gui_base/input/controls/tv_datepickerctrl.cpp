@@ -4,8 +4,29 @@
 #include "gui_base/input/events.h"
 #include "gui_base/support/events.h"
 #include "gui_base/support/translation.h"
+#include "projectbase/details/date_text.h"
+
+#include <wx/combo.h>
+#include <wx/textctrl.h>
+#include <wx/valtext.h>
+
+#include <optional>
 
 namespace {
+
+/// No valid date in an empty text, nothing at all in one that is no date.
+std::optional<wxDateTime> DateIn(const wxString& text)
+{
+    if (text.empty())
+        return wxDateTime();
+    for (const char* form : {"%Y-%m-%d", "%x", "%d.%m.%Y", "%m/%d/%Y"}) {
+        wxDateTime date;
+        wxString::const_iterator end;
+        if (date.ParseFormat(text, form, &end) && end == text.end())
+            return date;
+    }
+    return std::nullopt;
+}
 
 bool IsSameDay(const wxDateTime& a, const wxDateTime& b)
 {
@@ -18,12 +39,52 @@ bool IsSameDay(const wxDateTime& a, const wxDateTime& b)
 
 TvDatePickerCtrl::TvDatePickerCtrl(wxWindow* parent, int id, DetailData* detail, const wxPoint& pos,
                                    const wxSize& size, long style, const wxString& name)
-    : wxDatePickerCtrl(parent, id, wxDefaultDateTime, pos, size, style | wxDP_ALLOWNONE, wxDefaultValidator,
-                       name),
+    : wxDatePickerCtrl(parent, id, wxDefaultDateTime, pos, size, style | wxDP_ALLOWNONE | wxDP_SHOWCENTURY,
+                       wxDefaultValidator, name),
       m_detail(detail)
 {
+    for (wxWindow* child : GetChildren()) {
+        if (auto* combo = dynamic_cast<wxComboCtrl*>(child);
+            combo != nullptr && combo->GetTextCtrl() != nullptr)
+            m_text = combo;
+    }
+    if (m_text != nullptr) {
+        // The toolkit takes the signs of the locale's dates alone.
+        wxTextValidator signs(wxFILTER_INCLUDE_CHAR_LIST);
+        signs.SetCharIncludes("0123456789-./");
+        m_text->SetValidator(signs);
+        m_text->GetTextCtrl()->Bind(wxEVT_KILL_FOCUS, &TvDatePickerCtrl::OnLeft, this);
+    }
     TvDatePickerCtrl::TransferDetailToWindow();
     Bind(wxEVT_DATE_CHANGED, &TvDatePickerCtrl::OnDate, this);
+}
+
+void TvDatePickerCtrl::SetValue(const wxDateTime& date)
+{
+    wxDatePickerCtrl::SetValue(date);
+    ShowText();
+}
+
+/// The toolkit writes dates by the locale, and reads them so.
+void TvDatePickerCtrl::ShowText()
+{
+    if (m_text != nullptr)
+        m_text->SetText(DateText(GetValue()));
+}
+
+void TvDatePickerCtrl::OnLeft(wxFocusEvent& event)
+{
+    // The toolkit reads the text next.
+    event.Skip();
+    if (const std::optional<wxDateTime> date = DateIn(m_text->GetValue())) {
+        wxDatePickerCtrl::SetValue(*date);
+        Store(*date);
+    }
+    // It empties a field whose text is no date.
+    CallAfter([this] {
+        TransferDetailToWindow();
+        ShowText();
+    });
 }
 
 void TvDatePickerCtrl::SetTranslatableToolTip(const wxString& tooltip)
@@ -47,8 +108,17 @@ void TvDatePickerCtrl::TransferDetailToWindow()
 void TvDatePickerCtrl::OnDate(wxDateEvent& event)
 {
     event.Skip();
-    if (m_detail == nullptr || IsSameDay(event.GetDate(), m_detail->GetDateValue()))
+    // A date is typed before it is chosen: "3/4/20" is not the one of "3/4/2017".
+    if (m_text != nullptr && m_text->GetTextCtrl()->HasFocus() && !m_text->IsPopupShown())
         return;
-    m_detail->SetValue(event.GetDate());
+    Store(event.GetDate());
+    CallAfter(&TvDatePickerCtrl::ShowText);
+}
+
+void TvDatePickerCtrl::Store(const wxDateTime& date)
+{
+    if (m_detail == nullptr || IsSameDay(date, m_detail->GetDateValue()))
+        return;
+    m_detail->SetValue(date);
     events::SendEvent(GetParent(), tvCHANGE_EVENT, GetId(), 0, wxString());
 }

@@ -10,9 +10,12 @@
 
 #include <string>
 
+class wxComboCtrl;
+
 /// A date field bound to a date detail; an unknown date is an empty field. Another day is stored at once and
 /// told to the parent by a queued tvCHANGE_EVENT; the same day leaves the detail, and its time of day, as it
-/// is. The tooltip is translated; the date is written as the user's locale has it.
+/// is. The tooltip is translated. The date is written as the program writes all dates (see date_text.h); one
+/// typed so, or as locales have it, is understood; another text leaves the date as it is.
 class GUI_BASE_EXPORT TvDatePickerCtrl : public wxDatePickerCtrl, public DetailContainerWindow
 {
 public:
@@ -24,12 +27,17 @@ public:
     void SetTranslatableToolTip(const wxString& tooltip);
     void Localize(const std::string& unitSystem);
 
+    void SetValue(const wxDateTime& date) override;
     void TransferDetailToWindow() override;
     void UpdateUnit(const std::string&) override {}
 
 private:
     void OnDate(wxDateEvent& event);
+    void OnLeft(wxFocusEvent& event);
+    void Store(const wxDateTime& date);
+    void ShowText();
 
     DetailData* m_detail;
+    wxComboCtrl* m_text = nullptr;  ///< null where the toolkit has a field of its own kind
     wxString m_tooltip;
 };

@@ -9,6 +9,7 @@
 #include "tests/support/gui_test.h"
 
 #include <wx/artprov.h>
+#include <wx/combo.h>
 #include <wx/dateevt.h>
 #include <wx/panel.h>
 #include <wx/textctrl.h>
@@ -200,6 +201,26 @@ TEST_F(FurtherControlsTest, DatePicker)
     choose(wxDefaultDateTime);
     EXPECT_FALSE(detail.GetDateValue().IsValid());
     EXPECT_EQ(m_changes, 2);
+
+    // By keys, as the program writes dates, whatever the locale.
+    auto& text = *dynamic_cast<wxComboCtrl&>(*picker->GetChildren().front()).GetTextCtrl();
+    auto* other = new wxTextCtrl(m_panel, wxID_ANY, wxString(), wxPoint(20, 80));
+    const auto type = [&](const char* typed) {
+        Focus(text);
+        text.SelectAll();
+        Press(WXK_DELETE);
+        Type(typed);
+        Focus(*other);
+        Pump();
+        return text.GetValue();
+    };
+    EXPECT_EQ(type("2016-11-02"), "2016-11-02");
+    EXPECT_TRUE(detail.GetDateValue().IsSameDate(wxDateTime(2, wxDateTime::Nov, 2016)));
+    EXPECT_EQ(type("3/4/2017"), "2017-03-04") << "the locale's form, too";
+    EXPECT_TRUE(detail.GetDateValue().IsSameDate(wxDateTime(4, wxDateTime::Mar, 2017)));
+    EXPECT_EQ(type("2017-13-40"), "2017-03-04") << "no date";
+    EXPECT_EQ(type(""), "");
+    EXPECT_FALSE(detail.GetDateValue().IsValid());
 }
 
 }  // namespace
