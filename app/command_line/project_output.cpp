@@ -32,6 +32,7 @@ struct SummaryRow
     const char* name;
     const char* label;
     bool onlyIfKnown = false;
+    bool isTyped = false;  ///< 0 is what nobody typed
 };
 
 constexpr std::array kSummary{
@@ -50,7 +51,7 @@ constexpr std::array kSummary{
     SummaryRow{"liquid/ph", "pH"},
     SummaryRow{"liquid/alk.ph", "pH after alkalization", true},
     SummaryRow{"liquid/alk.dosed", "Alkalizing agent", true},
-    SummaryRow{"liquid/co2.mgl", "CO2"},
+    SummaryRow{"liquid/co2.mgl", "CO2", true, true},
     SummaryRow{"liquid/tds", "Total dissolved solids"},
     SummaryRow{"liquid/residue", "Dry residue at 180 \u00b0C"},
     SummaryRow{"liquid/cond", "Conductivity"},
@@ -84,7 +85,8 @@ void PrintSummary(const DetailList& details, const std::string& unitSystem, std:
 {
     for (const SummaryRow& row : kSummary) {
         const DetailData& detail = details.At(row.name);
-        if (row.onlyIfKnown && !std::isfinite(detail.GetDoubleValue()))
+        const double value = detail.GetDoubleValue();
+        if (row.onlyIfKnown && (!std::isfinite(value) || (row.isTyped && value == 0.0)))
             continue;
         const std::string unit = DisplayFromDetail().GetUnitLabel(detail, unitSystem).utf8_string();
         fmt::print(out, "  {:<24}{:>14} {}", row.label, Shown(detail, unitSystem), unit);
@@ -117,6 +119,8 @@ void PrintResults(const advice::Evaluation& evaluation, const LiquidData& liquid
         PrintResult("Ion balance", balance, out);
     constexpr std::array<std::string_view, 2> kLoads{"anions", "load"};
     for (const wateranalysis::ResultTile& tile : wateranalysis::ResultTiles(evaluation, liquid, context)) {
+        if (std::string_view(tile.id) == "ph" && !tile.second.empty())
+            PrintResult("Free carbonic acid", tile.second, out);
         if (tile.value.empty() || std::ranges::find(kLoads, tile.id) == kLoads.end())
             continue;
         const std::string second = tile.second.empty() ? std::string() : fmt::format(" ({})", tile.second);
@@ -125,6 +129,15 @@ void PrintResults(const advice::Evaluation& evaluation, const LiquidData& liquid
     const std::string reading = wateranalysis::LangelierReading(evaluation.saturation.langelier, context);
     if (!reading.empty())
         PrintResult("Reading of the Langelier index", reading, out);
+}
+
+/// All lines below the first one as that one.
+std::string Indented(std::string text)
+{
+    constexpr std::string_view kBreak = "\n    ";
+    for (auto at = text.find('\n'); at != std::string::npos; at = text.find('\n', at + kBreak.size()))
+        text.replace(at, 1, kBreak);
+    return text;
 }
 
 /// What follows from the evaluation of a water.
@@ -139,8 +152,9 @@ void PrintEvaluation(const Project& project, const LiquidData& liquid, std::ostr
             PrintResult(row.name, row.value, out);
     }
     for (const advice::Advice& advice : evaluation.advice)
-        fmt::print(out, "  {}: {}\n", wateranalysis::SeverityText(advice.severity, context),
-                   wateranalysis::AdviceSentence(advice, context));
+        fmt::print(out, "  {}: {}\n    {}\n", wateranalysis::SeverityText(advice.severity, context),
+                   wateranalysis::AdviceSentence(advice, context),
+                   Indented(wateranalysis::AdviceReason(advice, context)));
 }
 
 void PrintLine(const designtext::Line& line, std::ostream& out)
@@ -224,6 +238,7 @@ void PrintJson(const Project& project, const std::string& file, std::ostream& ou
             advice.push_back({static_cast<int>(i + 1),
                               each.id,
                               advice::IsWarning(each),
+                              wateranalysis::AdviceReason(each, PlainContext()),
                               {AddressText(each.address, project),
                                wateranalysis::AdviceSentence(each, PlainContext()), each.value, each.limit}});
     }

@@ -44,10 +44,16 @@ json AsJson(LangelierState state)
 
 json AsJson(const BalanceJudgement& balance)
 {
-    return {
-        {"rule", CodeOf(balance.rule)}, {"verdict", AsJson(balance.verdict)},
-        {"error", balance.error},       {"difference", balance.difference},
-        {"limit", balance.limit},       {"limitOf", balance.isLimitOfDifference ? "difference" : "error"}};
+    return {{"rule", CodeOf(balance.rule)},
+            {"verdict", AsJson(balance.verdict)},
+            {"error", balance.error},
+            {"difference", balance.difference},
+            {"limit", balance.limit},
+            {"limitOf", balance.isLimitOfDifference ? "difference" : "error"},
+            {"beyondRule", balance.isBeyondRule},
+            {"closedOverLimit", balance.isClosedOverLimit},
+            {"leastError", balance.leastError},
+            {"greatestError", balance.greatestError}};
 }
 
 json AsJson(const DailyLoads& loads, double design)
@@ -56,20 +62,43 @@ json AsJson(const DailyLoads& loads, double design)
             {"acidity", loads.acidity}, {"anions", loads.anions},     {"design", design}};
 }
 
+json AsJson(const Saturation& saturation)
+{
+    return {{"calcite", saturation.Index(Mineral::Calcite)},
+            {"aragonite", saturation.Index(Mineral::Aragonite)},
+            {"gypsum", saturation.Index(Mineral::Gypsum)},
+            {"anhydrite", saturation.Index(Mineral::Anhydrite)},
+            {"barite", saturation.Index(Mineral::Barite)},
+            {"celestite", saturation.Index(Mineral::Celestite)},
+            {"fluorite", saturation.Index(Mineral::Fluorite)},
+            {"silica", saturation.silica}};
+}
+
 }  // namespace
 
 std::string EvaluationAsJson(const Evaluation& evaluation)
 {
     const Saturation& saturation = evaluation.saturation;
+    const WaterNumbers& numbers = evaluation.numbers;
     const json whole{{"balance", AsJson(evaluation.balance)},
-                     {"acidity", evaluation.numbers.acidity},
-                     {"anionLoad", evaluation.numbers.anionLoad},
+                     {"hardness", numbers.hardness},
+                     {"carbonateHardness", numbers.carbonate},
+                     {"nonCarbonateHardness", numbers.nonCarbonate},
+                     {"sodiumAlkalinity", numbers.sodiumAlkalinity},
+                     {"m", numbers.m},
+                     {"p", numbers.p},
+                     {"acidity", numbers.acidity},
+                     {"acidityByCations", numbers.acidityByCations},
+                     {"carbon", numbers.carbon},
+                     {"freeCo2", numbers.co2},
+                     {"anionLoad", numbers.anionLoad},
                      {"anionLoadBehindDegasser", evaluation.anionLoadBehindDegasser},
                      {"loadsOfDay", AsJson(evaluation.loads, evaluation.designLoad)},
                      {"langelier", saturation.langelier},
                      {"langelierReading", AsJson(LangelierStateOf(saturation.langelier))},
                      {"ryznar", saturation.ryznar},
-                     {"silicaSaturation", saturation.silicaPercent}};
+                     {"silicaSaturation", saturation.silicaPercent},
+                     {"saturationIndices", AsJson(saturation)}};
     return whole.dump();
 }
 

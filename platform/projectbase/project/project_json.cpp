@@ -183,9 +183,10 @@ private:
         m_text += ",\n  \"advice\": [";
         const char* separator = "\n";
         for (const JsonAdvice& each : advice) {
-            m_text += fmt::format("{}    {{\"water\": {}, \"id\": {}, \"severity\": \"{}\", {}}}", separator,
-                                  each.water, Quoted(each.id), each.isWarning ? "warning" : "note",
-                                  MembersOf(each.message));
+            m_text +=
+                fmt::format("{}    {{\"water\": {}, \"id\": {}, \"severity\": \"{}\", \"reason\": {}, {}}}",
+                            separator, each.water, Quoted(each.id), each.isWarning ? "warning" : "note",
+                            Quoted(each.reason), MembersOf(each.message));
             separator = ",\n";
         }
         m_text += advice.empty() ? "]" : "\n  ]";

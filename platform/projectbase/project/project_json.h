@@ -32,6 +32,7 @@ struct JsonAdvice
     int water = 0;   ///< from 1
     std::string id;  ///< "limit.fe.demi"
     bool isWarning = false;
+    std::string reason;  ///< with its source
     JsonMessage message;
 };
 

@@ -79,6 +79,7 @@ TEST_F(Calc, EvaluatesTheWater)
     EXPECT_EQ(advice[1].at("water"), 1);
     EXPECT_EQ(advice[1].at("address"), "water.1:liquid/fe.total");
     EXPECT_EQ(advice[1].at("limit"), 0.3);
+    EXPECT_THAT(advice[1].at("reason").get<std::string>(), HasSubstr("\nSource: Practice"));
 }
 
 TEST_F(Calc, TellsWhatTheResultsOfTheWindowTell)
@@ -110,6 +111,13 @@ TEST_F(Calc, TellsWhatTheResultsOfTheWindowTell)
     EXPECT_NEAR(told.at("anionLoadBehindDegasser"), 1.0 + 8.0 / 44.009 + 21.8 / 60.083, 1e-4);
     EXPECT_NEAR(told.at("silicaSaturation"), 22.3, 0.2);
     EXPECT_EQ(told.at("langelierReading"), "may deposit");
+    EXPECT_NEAR(told.at("m"), 5.0, 0.01);
+    EXPECT_NEAR(told.at("nonCarbonateHardness"), 1.0, 0.01);
+    EXPECT_NEAR(told.at("saturationIndices").at("calcite"), told.at("langelier"), 1e-9);
+    EXPECT_TRUE(told.at("saturationIndices").at("gypsum").is_null()) << "no sulfate";
+    const double co2 = told.at("freeCo2").get<double>() * 44.009;
+    EXPECT_THAT(table.out, HasSubstr(fmt::format("{:.2f} mg/l CO2\n", co2)));
+    EXPECT_THAT(table.out, Not(ContainsRegex("\n  CO2 +0"))) << "nobody typed it";
     EXPECT_NEAR(told.at("ryznar"), 8.2 - 2.0 * told.at("langelier").get<double>(), 1e-9);
     const auto& loads = told.at("loadsOfDay");
     EXPECT_EQ(loads.at("design"), loads.at("hardness")) << "of a softener";
