@@ -164,7 +164,7 @@ constexpr std::array kRows{
     LimitRow{"cl.polish", kFreeChlorine, kPolishing, kChlorine, kUsual, kChlorineSplits, kPractice, kPolish,
              Value<kChlorine>},
     LimitRow{"turbidity.soft", wxTRANSLATE("Turbidity"), kSoftening, kTurbidity, kAbove, kSolidsClog,
-             kTenStates, kSoft, Value<kTurbidity>},
+             kTenStates, kSoft, Value<kTurbidity>, false, kUsual, kPractice},
     LimitRow{"turbidity.demi", wxTRANSLATE("Turbidity"), kDemineralising, kTurbidity, kUsual, kSolidsClog,
              kPractice, kDemi, Value<kTurbidity>},
     LimitRow{"turbidity.polish", wxTRANSLATE("Turbidity"), kPolishing, kTurbidity, kUsual, kSolidsClog,

@@ -47,6 +47,9 @@ struct LimitRow
     bool (*isFor)(const PlantKind& plant);
     double (*value)(const LiquidData& water);  ///< not a number where nothing was typed
     bool isAtLimit = false;                    ///< the figure itself is too much already
+    /// Of the note, where `sentence` and `source` are those of the warning alone; source texts.
+    const char* noteSentence = nullptr;
+    const char* noteSource = nullptr;
 };
 
 /// All rows; of one quantity the first that is for a plant counts.

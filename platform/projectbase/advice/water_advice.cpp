@@ -371,15 +371,16 @@ void JudgeLimits(const Project& project, const LiquidData& water, Collected& col
         const bool isWarning = breaks(limits.warn);
         if (!isWarning && !breaks(limits.note))
             continue;
+        const bool hasOwnNote = !isWarning && row.noteSentence != nullptr;
         Advice advice{.id = std::string("limit.") + row.id,
                       .severity = isWarning ? Severity::Warn : Severity::Note,
-                      .sentence = row.sentence,
+                      .sentence = hasOwnNote ? row.noteSentence : row.sentence,
                       .label = row.label,
                       .value = value,
                       .limit = isWarning ? limits.warn : limits.note,
                       .unit = quantity == "turbidity" ? "NTU" : "mg/l",
                       .reason = row.reason,
-                      .source = row.source,
+                      .source = hasOwnNote ? row.noteSource : row.source,
                       .anchor = "limits",
                       .address = {water.GetOwner(), KeyOf(row, water)}};
         const Limits usual = UsualLimitsOf(row);

@@ -8,6 +8,7 @@
 #include "tests/support/advice_fixture.h"
 #include "tests/support/plant_fixture.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -222,6 +223,18 @@ TEST(ResinLimits, OneMetalAloneHasOneAdviceTheStricterOne)
         for (const advice::Advice& each : On(project))
             labels += (labels.empty() ? "" : ", ") + std::string(each.label);
         EXPECT_EQ(labels, c.labels) << c.iron << " " << c.manganese;
+    }
+}
+
+TEST(ResinLimits, ANoteOfPracticeIsNotSaidToBeStated)
+{
+    iex::IEXProject project("SOFT");
+    for (const auto& [turbidity, source] : {std::pair(3.0, "Practice"), {6.0, "Recommended Standards"}}) {
+        Put(project, "water.1", "liquid/turbidity", turbidity);
+        const std::vector<advice::Advice> advice = On(project);
+        ASSERT_EQ(advice.size(), 1U);
+        EXPECT_THAT(std::string(advice[0].source), testing::StartsWith(source)) << turbidity;
+        EXPECT_EQ(std::string(advice[0].sentence).find("usual") != std::string::npos, turbidity == 3.0);
     }
 }
 
