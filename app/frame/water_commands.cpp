@@ -52,18 +52,6 @@ wxString ShownName(const LiquidData& water)
     return i18n::Translated(ShownText(water.GetName()));
 }
 
-/// "more than 1000 columns (row 3, column 1001)".
-wxString TooLargeText(const delimited::TooLarge& error)
-{
-    const char* what = wxTRANSLATE("it has more than %s cells (row %s, column %s)");
-    if (error.GetKind() == delimited::TooLarge::Kind::Rows)
-        what = wxTRANSLATE("it has more than %s rows (row %s, column %s)");
-    else if (error.GetKind() == delimited::TooLarge::Kind::Columns)
-        what = wxTRANSLATE("it has more than %s columns (row %s, column %s)");
-    return wxString::Format(Tr(what), std::to_string(error.GetLimit()), std::to_string(error.GetRow()),
-                            std::to_string(error.GetColumn()));
-}
-
 }  // namespace
 
 WaterCommands::WaterCommands(MainFrame& frame) : m_frame(frame), m_progressDelay(dialogs::kProgressDelay) {}
@@ -182,7 +170,7 @@ std::optional<laboratory::File> WaterCommands::ReadAnalysis(const std::filesyste
         if (!isRead)
             return std::nullopt;
     } catch (const delimited::TooLarge& error) {
-        return refuse(TooLargeText(error));
+        return refuse(ReadingCauseText(error));
     } catch (const std::system_error& error) {
         return refuse(ReadingCauseText(error.code(), laboratory::kMostBytes));
     } catch (const std::exception& error) {

@@ -245,6 +245,10 @@ void WorkArea::ShowCover(bool show)
 {
     if (m_middle->GetPageCount() > 1)
         m_middle->ChangeSelection(show ? 1 : 0);
+    // The toolkit leads Tab past what had nothing to stop at when it last looked, as a cover before it is
+    // first filled: it looks again.
+    if (IsCoverShown())
+        m_middle->GetPage(1)->MoveAfterInTabOrder(m_middle->GetPage(0));
 }
 
 bool WorkArea::IsCoverShown() const

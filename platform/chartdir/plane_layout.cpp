@@ -268,9 +268,7 @@ void PlaneLayout::DrawTexts(cairo_t* canvas) const
 void PlaneLayout::DrawInMiddle(cairo_t* canvas, const std::string& markup) const
 {
     Text text(m_context, markup, {.size = m_head.TextSize(), .colour = m_chart.getTheme().muted});
-    text.Shorten(m_area.width);
-    text.Draw(canvas, {m_area.x + (m_area.width - text.Width()) / 2.0,
-                       m_area.y + (m_area.height - text.Height()) / 2.0});
+    text.DrawWithin(canvas, m_area);
 }
 
 }  // namespace chartdir

@@ -69,8 +69,7 @@ void StiffChart::DoDraw(cairo_t* canvas) const
         return;
     const TextContext context;
     Text text(context, m_noDataText, {.size = 12.0, .colour = getTheme().muted});
-    text.Shorten(getWidth());
-    text.Draw(canvas, {(getWidth() - text.Width()) / 2.0, (getHeight() - text.Height()) / 2.0});
+    text.DrawWithin(canvas, {0.0, 0.0, static_cast<double>(getWidth()), static_cast<double>(getHeight())});
 }
 
 ImageMap StiffChart::getImageMap() const

@@ -3,6 +3,7 @@
 
 #include "chartdir/markup.h"
 
+#include <algorithm>
 #include <cmath>
 #include <numbers>
 
@@ -114,6 +115,24 @@ void Text::Draw(cairo_t* canvas, Point place) const
     SetColour(canvas, m_colour);
     cairo_move_to(canvas, place.x, place.y);
     pango_cairo_show_layout(canvas, m_layout.get());
+}
+
+void Text::DrawWithin(cairo_t* canvas, const Rect& room)
+{
+    if (room.width <= 0.0 || room.height <= 0.0 || m_width <= 0.0 || m_height <= 0.0)
+        return;
+    pango_layout_set_width(m_layout.get(), static_cast<int>(room.width * PANGO_SCALE));
+    pango_layout_set_wrap(m_layout.get(), PANGO_WRAP_WORD);
+    pango_layout_set_alignment(m_layout.get(), PANGO_ALIGN_CENTER);
+    Measure();
+    PangoRectangle logical;
+    pango_layout_get_extents(m_layout.get(), nullptr, &logical);
+    const double scale = std::min({1.0, room.width / m_width, room.height / m_height});
+    cairo_save(canvas);
+    cairo_translate(canvas, room.x + room.width / 2.0, room.y + room.height / 2.0);
+    cairo_scale(canvas, scale, scale);
+    Draw(canvas, {-static_cast<double>(logical.x) / PANGO_SCALE - m_width / 2.0, -m_height / 2.0});
+    cairo_restore(canvas);
 }
 
 void Text::DrawUpwards(cairo_t* canvas, Point place) const

@@ -46,6 +46,9 @@ public:
     double Height() const { return m_height; }
     /// Makes it one line of at most that width, with an ellipsis where something is cut.
     void Shorten(double width);
+    /// Draws all of it in the middle of `room`: in several lines where it is too wide, smaller where these
+    /// are too high or a word is too wide.
+    void DrawWithin(cairo_t* canvas, const Rect& room);
     /// Draws it with its upper left corner there.
     void Draw(cairo_t* canvas, Point place) const;
     /// Draws it reading upwards, with its lower left corner (in reading direction the beginning) there.

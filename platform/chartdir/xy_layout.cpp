@@ -202,10 +202,7 @@ void XYLayout::DrawBelow(cairo_t* canvas) const
 void XYLayout::DrawInMiddle(cairo_t* canvas, const std::string& markup) const
 {
     Text text = MakeText(markup, {.size = kTitleSize, .colour = m_theme.muted});
-    const Rect& plot = m_mapping.plot;
-    text.Shorten(plot.width);
-    text.Draw(canvas,
-              {plot.x + (plot.width - text.Width()) / 2.0, plot.y + (plot.height - text.Height()) / 2.0});
+    text.DrawWithin(canvas, m_mapping.plot);
 }
 
 }  // namespace chartdir

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "core/column_text.h"
 
-#include "core/delimited_text.h"
 #include "core/detection_limit.h"
 #include "core/number_text.h"
 
@@ -43,58 +42,64 @@ void Weigh(const std::string& cell, Evidence& evidence)
         ++(hasPoint ? evidence.point : evidence.comma);
 }
 
-std::vector<std::string> CellsOf(const std::vector<delimited::Row>& rows, std::size_t column)
-{
-    std::vector<std::string> cells;
-    for (const auto& row : rows)
-        cells.push_back(column < row.size() ? numbertext::Trim(row[column]) : std::string());
-    return cells;
-}
-
 numbertext::Separators SeparatorsFor(char decimalSign)
 {
     return decimalSign == ',' ? numbertext::Separators{",", "."} : numbertext::Separators{".", ","};
 }
 
-Column ReadColumn(const std::vector<std::string>& cells, char preferred)
+/// What is known of each column before the one to take is.
+struct Candidate
 {
     Evidence evidence;
-    for (const std::string& cell : cells)
-        Weigh(cell, evidence);
-    Column column;
-    column.decimalSign = evidence.point == evidence.comma  ? preferred
-                         : evidence.point > evidence.comma ? '.'
-                                                           : ',';
-    for (const std::string& cell : cells)
-        column.cells.push_back({cell, detection_limit::Parse(cell, SeparatorsFor(column.decimalSign))});
-    return column;
-}
+    std::size_t numbers = 0;
 
-std::ptrdiff_t CountNumbers(const Column& column)
+    char DecimalSign(char preferred) const
+    {
+        if (evidence.point == evidence.comma)
+            return preferred;
+        return evidence.point > evidence.comma ? '.' : ',';
+    }
+};
+
+/// Rows may be of any length: only the cells that are there are looked at, not every column of every row.
+template <typename Visit>
+void VisitCells(const std::vector<delimited::Row>& rows, std::vector<Candidate>& columns, const Visit& visit)
 {
-    return std::count_if(column.cells.begin(), column.cells.end(),
-                         [](const Cell& c) { return c.value.has_value(); });
+    for (const auto& row : rows) {
+        for (std::size_t i = 0; i < row.size(); ++i)
+            visit(columns[i], row[i]);
+    }
 }
 
 }  // namespace
 
 Column Parse(std::string_view text, char preferred)
 {
-    const auto rows = delimited::Parse(text, '\t');
-    std::size_t columns = 0;
-    for (const auto& row : rows)
-        columns = std::max(columns, row.size());
-    Column best;
-    std::ptrdiff_t most = -1;
-    for (std::size_t i = 0; i < columns; ++i) {
-        Column column = ReadColumn(CellsOf(rows, i), preferred);
-        const auto numbers = CountNumbers(column);
-        if (numbers > most) {
-            most = numbers;
-            best = std::move(column);
-        }
+    auto rows = delimited::Parse(text, '\t', kBounds);
+    std::size_t width = 0;
+    for (auto& row : rows) {
+        width = std::max(width, row.size());
+        for (std::string& cell : row)
+            cell = numbertext::Trim(cell);
     }
-    return best;
+    std::vector<Candidate> columns(width);
+    VisitCells(rows, columns,
+               [](Candidate& column, const std::string& cell) { Weigh(cell, column.evidence); });
+    VisitCells(rows, columns, [&](Candidate& column, const std::string& cell) {
+        if (detection_limit::Parse(cell, SeparatorsFor(column.DecimalSign(preferred))))
+            ++column.numbers;
+    });
+    if (columns.empty())
+        return {};
+    const auto best = std::ranges::max_element(columns, {}, &Candidate::numbers);
+    const auto at = static_cast<std::size_t>(best - columns.begin());
+    Column column;
+    column.decimalSign = best->DecimalSign(preferred);
+    for (const auto& row : rows) {
+        const std::string cell = at < row.size() ? row[at] : std::string();
+        column.cells.push_back({cell, detection_limit::Parse(cell, SeparatorsFor(column.decimalSign))});
+    }
+    return column;
 }
 
 }  // namespace columntext

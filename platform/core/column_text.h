@@ -5,6 +5,7 @@
 /// program uses.
 
 #include "core/core_export.h"
+#include "core/delimited_text.h"
 
 #include <optional>
 #include <string>
@@ -12,6 +13,10 @@
 #include <vector>
 
 namespace columntext {
+
+/// The most that is read, far above any analysis: whoever copied a whole sheet meant something else.
+inline constexpr delimited::Bounds kBounds{
+    .bytes = 1u << 20, .rows = 1'000, .columns = 1'000, .cells = 100'000};
 
 struct Cell
 {
@@ -30,6 +35,7 @@ struct Column
 /// The column of `text` (rows in lines, cells parted by tabs) that holds the most numbers. The decimal sign
 /// is found from all cells together: a sign that stands after the other one, that stands twice nowhere, or
 /// that is not followed by exactly three digits. Where the cells do not tell ("1,234"), it is `preferred`.
+/// Throws delimited::TooLarge for a text beyond kBounds; the work grows with the length of the text alone.
 CORE_EXPORT Column Parse(std::string_view text, char preferred);
 
 }  // namespace columntext

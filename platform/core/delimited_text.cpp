@@ -20,6 +20,8 @@ constexpr std::string_view kByteOrderMark = "\xef\xbb\xbf";
 const char* NameOf(TooLarge::Kind kind)
 {
     switch (kind) {
+        case TooLarge::Kind::Bytes:
+            return "bytes";
         case TooLarge::Kind::Rows:
             return "rows";
         case TooLarge::Kind::Columns:
@@ -187,6 +189,8 @@ TooLarge::~TooLarge() = default;
 
 std::vector<Row> Parse(std::string_view text, char separator, const Bounds& bounds, const WorkWatch& watch)
 {
+    if (text.size() > bounds.bytes)
+        throw TooLarge(TooLarge::Kind::Bytes, bounds.bytes, 1, 1);
     if (text.starts_with(kByteOrderMark))
         text.remove_prefix(kByteOrderMark.size());
     RowReader reader(bounds, watch, text.size());

@@ -26,17 +26,19 @@ inline constexpr std::string_view kSeparators = ";\t,|";
 /// The most that a table may hold.
 struct Bounds
 {
+    std::size_t bytes = std::numeric_limits<std::size_t>::max();
     std::size_t rows = std::numeric_limits<std::size_t>::max();
     std::size_t columns = std::numeric_limits<std::size_t>::max();
     std::size_t cells = std::numeric_limits<std::size_t>::max();
 };
 
-/// A table with more rows, columns or cells than it may have.
+/// A table with more bytes, rows, columns or cells than it may have.
 class CORE_EXPORT TooLarge : public std::runtime_error
 {
 public:
     enum class Kind
     {
+        Bytes,
         Rows,
         Columns,
         Cells
@@ -47,7 +49,7 @@ public:
 
     Kind GetKind() const { return m_kind; }
     std::size_t GetLimit() const { return m_limit; }
-    /// Of the first cell that is one too many, counted from 1.
+    /// Of the first cell that is one too many, counted from 1; of a text with too many bytes the first one.
     std::size_t GetRow() const { return m_row; }
     std::size_t GetColumn() const { return m_column; }
 
@@ -61,7 +63,7 @@ private:
 /// Rows and cells of `text` (RFC 4180): a cell in double quotes may hold the separator, line breaks and
 /// doubled quotes; CR, LF and CR LF end a row. A quote that is never closed takes the rest of the text. Blank
 /// rows between others are kept as rows of one empty cell, one line break at the end makes no row. Throws
-/// TooLarge at the first cell beyond the bounds, WorkCancelled.
+/// TooLarge for a text beyond the bounds, before or at the first cell too many, WorkCancelled.
 CORE_EXPORT std::vector<Row> Parse(std::string_view text, char separator, const Bounds& bounds = {},
                                    const WorkWatch& watch = {});
 

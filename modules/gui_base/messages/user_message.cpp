@@ -101,6 +101,25 @@ wxString ReadingCauseText(const std::error_code& cause, std::size_t limit)
     }
 }
 
+wxString ReadingCauseText(const delimited::TooLarge& cause)
+{
+    const char* what = wxTRANSLATE("it has more than %s cells (row %s, column %s)");
+    switch (cause.GetKind()) {
+        case delimited::TooLarge::Kind::Bytes:
+            return ReadingCauseText(std::make_error_code(std::errc::file_too_large), cause.GetLimit());
+        case delimited::TooLarge::Kind::Rows:
+            what = wxTRANSLATE("it has more than %s rows (row %s, column %s)");
+            break;
+        case delimited::TooLarge::Kind::Columns:
+            what = wxTRANSLATE("it has more than %s columns (row %s, column %s)");
+            break;
+        case delimited::TooLarge::Kind::Cells:
+            break;
+    }
+    return wxString::Format(wxGetTranslation(what), std::to_string(cause.GetLimit()),
+                            std::to_string(cause.GetRow()), std::to_string(cause.GetColumn()));
+}
+
 UserMessage MessageOf(const std::exception& error)
 {
     const wxString technical = ShownText(error.what());

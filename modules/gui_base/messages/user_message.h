@@ -3,6 +3,7 @@
 
 /// Errors as the user reads them.
 
+#include "core/delimited_text.h"
 #include "gui_base/gui_base_export.h"
 
 #include <wx/string.h>
@@ -29,6 +30,9 @@ GUI_BASE_EXPORT wxString CauseText(const std::error_code& cause);
 
 /// The same for a file that could not be read, of which at most `limit` bytes are.
 GUI_BASE_EXPORT wxString ReadingCauseText(const std::error_code& cause, std::size_t limit);
+
+/// The same for a table: "it has more than 1000 columns (row 3, column 1001)".
+GUI_BASE_EXPORT wxString ReadingCauseText(const delimited::TooLarge& cause);
 
 /// A path or a text of unknown origin as it can be shown: what is no character, or is a control character, is
 /// escaped.

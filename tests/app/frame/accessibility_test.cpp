@@ -6,13 +6,16 @@
 #include "gui_base/input/panel/tv_modulepanelbase.h"
 #include "tests/support/program_fixture.h"
 
+#include <gmock/gmock.h>
 #include <wx/choice.h>
 #include <wx/grid.h>
 #include <wx/radiobut.h>
 #include <wx/textctrl.h>
+#include <wx/toolbar.h>
 #include <wx/uiaction.h>
 
 #include <algorithm>
+#include <functional>
 #include <gtk/gtk.h>
 #include <set>
 
@@ -71,6 +74,38 @@ protected:
         return window.AcceptsFocus() && window.GetChildren().empty();
     }
 
+    static void ExpectNames(wxWindow& page)
+    {
+        std::set<std::string> names;
+        VisitShown(page, [&](wxWindow& window) {
+            if (!TakesFocus(window))
+                return;
+            const std::string name = Spoken(window);
+            EXPECT_NE(name, "") << window.GetName() << " in " << window.GetParent()->GetName();
+            EXPECT_TRUE(name.empty() || names.insert(name).second) << "twice: " << name;
+        });
+    }
+
+    /// What a screen reader says of the buttons of the toolbar, which are no windows.
+    static std::vector<std::string> SpokenTools(const wxToolBar& bar)
+    {
+        std::vector<std::string> names;
+        const std::function<void(AtkObject*)> visit = [&](AtkObject* object) {
+            const AtkRole role = atk_object_get_role(object);
+            if (role == ATK_ROLE_PUSH_BUTTON || role == ATK_ROLE_TOGGLE_BUTTON) {
+                const char* name = atk_object_get_name(object);
+                names.emplace_back(name != nullptr ? name : "");
+            }
+            for (int i = 0; i < atk_object_get_n_accessible_children(object); ++i) {
+                AtkObject* child = atk_object_ref_accessible_child(object, i);
+                visit(child);
+                g_object_unref(child);
+            }
+        };
+        visit(gtk_widget_get_accessible(static_cast<GtkWidget*>(bar.GetHandle())));
+        return names;
+    }
+
     /// Whether Tab is to stop there. A list of radio buttons has one stop.
     static bool IsStop(const wxWindow& window)
     {
@@ -123,44 +158,10 @@ protected:
         ADD_FAILURE() << "Tab does not leave the page, at " << Spoken(*walked.back());
         return walked;
     }
-};
 
-TEST_F(AccessibilityTest, EveryControlHasANameOfItsOwn)
-{
-    VisitPages([](wxWindow& page) {
-        std::set<std::string> names;
-        VisitShown(page, [&](wxWindow& window) {
-            if (!TakesFocus(window))
-                return;
-            const std::string name = Spoken(window);
-            EXPECT_NE(name, "") << window.GetName() << " in " << window.GetParent()->GetName();
-            EXPECT_TRUE(name.empty() || names.insert(name).second) << "twice: " << name;
-        });
-    });
-}
-
-TEST_F(AccessibilityTest, SaysWhatIsAResult)
-{
-    FeedWaterPanel& page = WaterPage();
-    gui_test::Pump();
-    std::set<std::string> names;
-    VisitShown(page, [&](wxWindow& window) { names.insert(Spoken(window)); });
-    for (const char* name : {"Sodium [mg/l]", "Sodium, result [mg/l]", "Sodium, result [meq/l]"})
-        EXPECT_EQ(names.count(name), 1u) << name;
-    // Also after the unit became that of a result.
-    auto& unit = gui_test::Find<wxChoice>(page, "Sodium, Unit");
-    gui_test::Focus(unit);
-    unit.SetStringSelection("meq/l");
-    wxCommandEvent chosen(wxEVT_CHOICE, unit.GetId());
-    chosen.SetEventObject(&unit);
-    unit.GetEventHandler()->ProcessEvent(chosen);
-    gui_test::Pump();
-    EXPECT_EQ(Spoken(gui_test::Find<wxTextCtrl>(page, "Sodium [meq/l]")), "Sodium [meq/l]");
-}
-
-TEST_F(AccessibilityTest, TabReachesEveryInputAndLeavesThePage)
-{
-    const auto walk = [this](wxWindow& page) {
+    /// Tab stops at everything that can be used on a page, in the order in which it is read.
+    void ExpectTabOrder(wxWindow& page)
+    {
         std::vector<wxWindow*> wanted;
         VisitShown(page, [&](wxWindow& window) {
             if (IsStop(window))
@@ -185,9 +186,67 @@ TEST_F(AccessibilityTest, TabReachesEveryInputAndLeavesThePage)
             EXPECT_TRUE(after.y >= before.GetBottom() || after.x >= before.GetRight())
                 << Spoken(*walked[i]) << " after " << Spoken(*walked[i - 1]);
         }
-    };
+    }
+};
+
+TEST_F(AccessibilityTest, EveryControlHasANameOfItsOwn)
+{
+    VisitPages([](wxWindow& page) { ExpectNames(page); });
+}
+
+TEST_F(AccessibilityTest, EveryControlAroundThePagesHasANameOfItsOwn)
+{
+    m_frame->ReportError([] { return UserMessage{"nothing was saved", {}}; });
+    for (const bool isStart : {false, true}) {
+        SCOPED_TRACE(isStart ? "start page" : "work area");
+        if (isStart)
+            m_frame->ShowStart();
+        gui_test::Pump();
+        ExpectNames(*m_frame);
+        const std::vector<std::string> tools = SpokenTools(*m_frame->GetToolBar());
+        EXPECT_EQ(tools.size(), 14U);
+        EXPECT_EQ(std::set<std::string>(tools.begin(), tools.end()).size(), tools.size());
+        EXPECT_THAT(tools, testing::Not(testing::Contains("")));
+    }
+}
+
+TEST_F(AccessibilityTest, SaysWhatIsAResult)
+{
+    FeedWaterPanel& page = WaterPage();
+    gui_test::Pump();
+    std::set<std::string> names;
+    VisitShown(page, [&](wxWindow& window) { names.insert(Spoken(window)); });
+    for (const char* name : {"Sodium [mg/l]", "Sodium, result [mg/l]", "Sodium, result [meq/l]"})
+        EXPECT_EQ(names.count(name), 1u) << name;
+    // Also after the unit became that of a result.
+    auto& unit = gui_test::Find<wxChoice>(page, "Sodium, Unit");
+    gui_test::Focus(unit);
+    unit.SetStringSelection("meq/l");
+    wxCommandEvent chosen(wxEVT_CHOICE, unit.GetId());
+    chosen.SetEventObject(&unit);
+    unit.GetEventHandler()->ProcessEvent(chosen);
+    gui_test::Pump();
+    EXPECT_EQ(Spoken(gui_test::Find<wxTextCtrl>(page, "Sodium [meq/l]")), "Sodium [meq/l]");
+}
+
+TEST_F(AccessibilityTest, TabReachesEveryInputAndLeavesThePage)
+{
     // It has every kind of module, and the most exchangers.
-    VisitPages(walk, "demineralisation");
+    VisitPages([this](wxWindow& page) { ExpectTabOrder(page); }, "demineralisation");
+}
+
+TEST_F(AccessibilityTest, TabReachesEverythingAroundThePages)
+{
+    // Its water is warned of, which stands between other results.
+    const auto plants = app::PlantTemplates();
+    const auto plant =
+        std::ranges::find(plants, std::string_view("demineralisation"), &app::PlantTemplate::id);
+    m_frame->SetDocument(std::make_unique<app::Document>(app::NewProjectFrom(*plant)));
+    gui_test::Pump();
+    ExpectTabOrder(gui_test::Find<wxWindow>(*m_frame, "Results of the water"));
+    m_frame->ShowStart();
+    gui_test::Pump();
+    ExpectTabOrder(gui_test::Find<wxWindow>(*m_frame, "Start page"));
 }
 
 TEST_F(AccessibilityTest, AltDownOpensTheUnitsThatTabPassesBy)

@@ -210,6 +210,34 @@ TEST(XYChart, SaysSoWhenThereIsNothingToPlot)
     }
 }
 
+TEST(XYChart, WhatIsSaidOfAnEmptyChartKeepsItsLetters)
+{
+    // Where it has no room in one line it has more of them, and where a word has none it is smaller.
+    struct Case
+    {
+        double width;
+        int lines;
+    };
+    const Colour red = Colour::FromRgb(0xff0000);
+    for (const auto& [width, lines] : {Case{700, 1}, Case{230, 2}, Case{150, 3}, Case{60, 3}}) {
+        XYChart chart(900, 600);
+        const Rect plot{100.5, 50.5, width, 200};
+        chart.setPlotArea(plot);
+        chart.setNoDataText("<*font=DejaVu Sans Bold,size=16,color=0xff0000*>Ungueltig ungueltig ungueltig");
+        chart.addLineLayer().addDataSet({}, "", 0);
+        const Pixels pixels = chart.makePixels();
+        int shown = 0;
+        bool isAbove = false;
+        for (double y = 0.0; y < 600.0; ++y) {
+            const bool isLine = Count(pixels, {0, y, 900, 1}, red) > 0;
+            shown += isLine && !isAbove ? 1 : 0;
+            isAbove = isLine;
+        }
+        EXPECT_EQ(shown, lines) << width;
+        EXPECT_EQ(Count(pixels, {0, 0, 900, 600}, red), Count(pixels, plot, red)) << width;
+    }
+}
+
 TEST(XYChart, StacksWhatIsAboveAndBelowZeroForItself)
 {
     const auto chart = MakeChart();

@@ -170,4 +170,41 @@ TEST(ColumnText, FindsTheDecimalSignFromAllCells)
     EXPECT_TRUE(columntext::Parse("", '.').cells.empty());
 }
 
+TEST(ColumnText, RefusesASheetAtOnce)
+{
+    using Kind = delimited::TooLarge::Kind;
+    struct Case
+    {
+        std::string text;
+        Kind kind;
+        std::size_t limit;
+    };
+    const auto repeat = [](const std::string& text, std::size_t times) {
+        std::string all;
+        for (std::size_t i = 0; i < times; ++i)
+            all += text;
+        return all;
+    };
+    const std::vector<Case> cases{
+        // Every column of the first row times every row would be 225 million cells.
+        {std::string(15'000, '\t') + std::string(15'000, '\n'), Kind::Columns, 1'000},
+        {"1\n" + std::string(15'000, '\n'), Kind::Rows, 1'000},
+        {repeat(std::string(500, '\t') + "1\n", 500), Kind::Cells, 100'000},
+        {'"' + std::string(2'000'000, '1'), Kind::Bytes, 1'048'576},
+    };
+    for (const auto& [text, kind, limit] : cases) {
+        try {
+            columntext::Parse(text, '.');
+            ADD_FAILURE() << "not refused, limit " << limit;
+        } catch (const delimited::TooLarge& error) {
+            EXPECT_EQ(error.GetKind(), kind);
+            EXPECT_EQ(error.GetLimit(), limit);
+        }
+    }
+    // As much as may be: a wide row and many short ones, of which the last has the number.
+    const auto column = columntext::Parse(std::string(999, '\t') + std::string(999, '\n') + "\t7", '.');
+    ASSERT_EQ(column.cells.size(), 1'000u);
+    EXPECT_EQ(column.cells.back().value, 7.0);
+}
+
 }  // namespace

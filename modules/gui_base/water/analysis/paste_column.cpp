@@ -2,9 +2,12 @@
 #include "gui_base/water/analysis/paste_column.h"
 
 #include "core/detection_limit.h"
+#include "core/text_limits.h"
 #include "gui_base/dialogs/dialog_buttons.h"
+#include "gui_base/dialogs/questions.h"
 #include "gui_base/input/validation/number_room.h"
 #include "gui_base/input/validation/numeric_validator.h"
+#include "gui_base/messages/user_message.h"
 #include "gui_base/support/translation.h"
 #include "gui_base/water/analysis/wateranalysis_panel.h"
 
@@ -28,6 +31,9 @@ wxString ClipboardText()
     wxTheClipboard->Close();
     return got ? text.GetText() : wxString();
 }
+
+/// More than a number has, and short enough to be drawn: a cell in quotes may be as long as the clipboard.
+constexpr std::size_t kMostLettersShown = 60;
 
 char LocaleDecimalSign()
 {
@@ -90,7 +96,8 @@ void PasteColumnDialog::FillList(wxListView& list, const std::vector<PasteLine>&
     const auto separators = NumericValidator::LocaleSeparators();
     for (const PasteLine& line : lines) {
         const long item = list.InsertItem(list.GetItemCount(), line.row);
-        list.SetItem(item, 1, wxString::FromUTF8(line.cell.text));
+        list.SetItem(item, 1,
+                     wxString::FromUTF8(std::string(text_limits::Cut(line.cell.text, kMostLettersShown))));
         wxString remark;
         if (line.key.empty())
             remark = i18n::Translated("No row left");
@@ -114,9 +121,21 @@ void PasteColumnDialog::FillList(wxListView& list, const std::vector<PasteLine>&
 
 void PasteColumn(WaterAnalysisPanel& panel)
 {
-    const columntext::Column column = columntext::Parse(ClipboardText().utf8_string(), LocaleDecimalSign());
+    wxWindow* const parent = wxGetTopLevelParent(&panel);
+    columntext::Column column;
+    try {
+        column = columntext::Parse(ClipboardText().utf8_string(), LocaleDecimalSign());
+    } catch (const delimited::TooLarge& error) {
+        dialogs::ShowMessage(
+            parent,
+            wxString::Format(i18n::Translated("What was copied cannot be pasted as a column: %s."),
+                             ReadingCauseText(error)),
+            i18n::Translated("Paste column"), wxICON_WARNING,
+            i18n::Translated("Copy only the cells of the column that belong to the analysis."));
+        return;
+    }
     const auto lines = PairCells(panel, column);
-    PasteColumnDialog dialog(wxGetTopLevelParent(&panel), lines, column.decimalSign);
+    PasteColumnDialog dialog(parent, lines, column.decimalSign);
     if (dialog.ShowModal() != wxID_OK)
         return;
     std::vector<std::pair<std::string, double>> values;

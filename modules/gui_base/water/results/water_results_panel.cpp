@@ -283,6 +283,11 @@ void WaterResultsPanel::ShowAdvice(const advice::Evaluation* evaluation, const R
             continue;
         const advice::Advice& advice = advices[i];
         (i < warnings ? m_warnings : m_notes)->Add(m_advice[i], below);
+        // Tab goes through them as they are read.
+        if (i < warnings)
+            m_advice[i]->MoveBeforeInTabOrder(m_tiles.front());
+        else
+            m_advice[i]->MoveAfterInTabOrder(i == warnings ? m_minerals : m_advice[i - 1]);
         SetContent(*m_advice[i], {.caption = Text(SeverityText(advice.severity, context)),
                                   .value = {},
                                   .unit = {},

@@ -6,6 +6,7 @@
 #include <wx/bmpbuttn.h>
 #include <wx/clipbrd.h>
 #include <wx/dataobj.h>
+#include <wx/msgdlg.h>
 
 namespace {
 
@@ -203,15 +204,47 @@ TEST_F(WaterAnalysisTest, ToolTipsTellResidueAndBalanceError)
     EXPECT_EQ(toolTip("tds").find("98.974 mg/l"), std::string::npos);
 }
 
+void SetClipboard(const wxString& text)
+{
+    ASSERT_TRUE(wxTheClipboard->Open());
+    wxTheClipboard->SetData(new wxTextDataObject(text));
+    wxTheClipboard->Close();
+}
+
+TEST_F(WaterAnalysisTest, ASheetIsNoColumn)
+{
+    Open();
+    struct Case
+    {
+        wxString text;
+        wxString cause;
+    };
+    const std::vector<Case> cases{
+        {wxString('\t', 15'000) + wxString('\n', 15'000),
+         "it has more than 1000 columns (row 1, column 1001)"},
+        {wxString('\n', 15'000), "it has more than 1000 rows (row 1001, column 1)"},
+        {wxString('1', 2'000'000), "it is larger than 1 MiB"},
+    };
+    m_notified = 0;
+    for (const auto& [text, cause] : cases) {
+        SetClipboard(text);
+        bool told = false;
+        m_dialogs.Expect([&](wxDialog& dialog) {
+            const auto* message = dynamic_cast<wxMessageDialog*>(&dialog);
+            told = message != nullptr && message->GetMessage().Contains(cause);
+            return wxID_CANCEL;
+        });
+        wateranalysis::PasteColumn(*m_panel);
+        Pump();
+        EXPECT_TRUE(told) << cause;
+    }
+    EXPECT_EQ(m_notified, 0);
+}
+
 TEST_F(WaterAnalysisTest, AColumnOfASpreadsheetIsOneChange)
 {
     Open();
-    const auto setClipboard = [](const wxString& text) {
-        ASSERT_TRUE(wxTheClipboard->Open());
-        wxTheClipboard->SetData(new wxTextDataObject(text));
-        wxTheClipboard->Close();
-    };
-    setClipboard("6,3\n15,0\n\nkein Wert\n2,3\n");
+    SetClipboard("6,3\n15,0\n\nkein Wert\n2,3\n");
     Focus(Field("na.orig"));
     m_notified = 0;
     m_dialogs.Expect([](wxDialog& dialog) {
