@@ -129,7 +129,10 @@ bool TvTextCtrl::TransferDataToWindow()
 
 wxColour TvTextCtrl::EditableColour()
 {
-    return wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOW);
+    const wxColour window = wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOW);
+    // A dark theme has nearly one colour for fields and what lies around them.
+    constexpr int kDarker = 70;
+    return wxSystemSettings::GetAppearance().IsDark() ? window.ChangeLightness(kDarker) : window;
 }
 
 wxColour TvTextCtrl::ReadOnlyColour()
