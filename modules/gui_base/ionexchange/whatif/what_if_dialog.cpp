@@ -143,7 +143,8 @@ void WhatIfDialog::BindEvents()
     Bind(wxEVT_CLOSE_WINDOW, &WhatIfDialog::OnClose, this);
     Bind(wxEVT_CHAR_HOOK, &WhatIfDialog::OnCharHook, this);
     Bind(tv_MESSAGE, [this](MessageEvent& event) {
-        m_status->SetLabelText(wxString::FromUTF8(event.GetMessages().front()));
+        const std::vector<std::string> messages = event.GetMessages();
+        m_status->SetLabelText(messages.empty() ? wxString() : wxString::FromUTF8(messages.front()));
     });
     m_table->SetOnEntered([this](int row, double value) { OnEdited(row, value); });
     m_grid->SetOnSearch([this](int row, int column) { SetColEditable(row, column); });
