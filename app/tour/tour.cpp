@@ -46,8 +46,10 @@
 
 #include <algorithm>
 #include <array>
+#include <fstream>
 #include <functional>
 #include <stdexcept>
+#include <string_view>
 
 namespace app {
 namespace {
@@ -130,21 +132,27 @@ struct ModuleLook
     wxSize size;
     const char* language = nullptr;
     const char* unitSystem = nullptr;
+    bool isOfWidePagesOnly = false;
 };
 
 namespace {
 
-const std::array<ModuleLook, 8>& ModuleLooks()
+/// Pages that have most to lay out, and so long texts most to push aside.
+constexpr std::array<std::string_view, 4> kWidePages{"water", "feed", "diagrams", "design"};
+
+const std::array<ModuleLook, 10>& ModuleLooks()
 {
-    static const std::array<ModuleLook, 8> looks{{
+    static const std::array<ModuleLook, 10> looks{{
         {"", {1600, 1000}},
         {"_narrow", {1024, 768}},
         {"_wide", {2560, 1400}},
         {"_us_units", {1600, 1000}, nullptr, "us"},
         {"_german", {1600, 1000}, "de"},
         {"_german_narrow", {1024, 768}, "de"},
+        {"_german_wide", {2560, 1400}, "de", nullptr, true},
         {"_french", {1600, 1000}, "fr"},
         {"_french_narrow", {1024, 768}, "fr"},
+        {"_french_wide", {2560, 1400}, "fr", nullptr, true},
     }};
     return looks;
 }
@@ -232,7 +240,9 @@ void Tour::TakeModules()
             // What does not fit the display is not drawn.
             const wxSize display = wxDisplay().GetGeometry().GetSize();
             const bool fits = look.size.x <= display.x && look.size.y <= display.y;
-            if (fits && (look.language == nullptr || HasLanguage(look.language)))
+            const bool isWanted =
+                !look.isOfWidePagesOnly || std::ranges::find(kWidePages, module.id) != kWidePages.end();
+            if (fits && isWanted && (look.language == nullptr || HasLanguage(look.language)))
                 TakeModule(module, look);
         }
     }
@@ -240,6 +250,7 @@ void Tour::TakeModules()
 
 void TakeTour(const std::filesystem::path& folder, const std::string& look, TourPart part)
 {
+    std::ofstream(CaptionsFile(folder, look), std::ios::trunc);
     Tour tour(folder, look);
     if (part == TourPart::All) {
         tour.TakeControls();

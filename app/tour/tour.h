@@ -15,8 +15,9 @@ enum class TourPart
     Modules
 };
 
-/// Takes the pictures into `folder` as "NAME-LOOK.png". Needs the running event loop. Throws
-/// std::runtime_error when one cannot be taken or written.
+/// Takes the pictures into `folder` as "NAME-LOOK.png", and "captions-LOOK.txt", which says what each shows,
+/// one a line behind its name and a tab. Needs the running event loop. Throws std::runtime_error when one
+/// cannot be taken or written.
 void TakeTour(const std::filesystem::path& folder, const std::string& look, TourPart part);
 
 }  // namespace app

@@ -10,6 +10,7 @@
 #include <wx/stopwatch.h>
 #include <wx/utils.h>
 
+#include <fstream>
 #include <stdexcept>
 
 namespace app {
@@ -47,6 +48,11 @@ void Settle()
     }
 }
 
+std::filesystem::path CaptionsFile(const std::filesystem::path& folder, const std::string& look)
+{
+    return folder / ("captions-" + look + ".txt");
+}
+
 std::unique_ptr<Project> NewExample()
 {
     const WaterTemplate* river = FindWaterTemplate("world_river_livingstone");
@@ -65,6 +71,11 @@ void Tour::Save(wxWindow& window, const std::string& name, const wxString& capti
         picture = WithCaption(picture, caption);
     if (!picture.SaveFile(wxString::FromUTF8(file.string()), wxBITMAP_TYPE_PNG))
         throw std::runtime_error("Tour::Save: " + file.string() + " could not be made");
+    if (caption.empty())
+        return;
+    std::ofstream captions(CaptionsFile(m_folder, m_look), std::ios::app);
+    if (!(captions << name << '\t' << caption.utf8_string() << std::endl))
+        throw std::runtime_error("Tour::Save: the caption of " + file.string() + " could not be written");
 }
 
 void Tour::TakeDialog(wxDialog& dialog, const std::string& name)

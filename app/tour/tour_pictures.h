@@ -21,6 +21,9 @@ struct ModuleLook;
 /// Lets the toolkit lay out, draw and end its short animations.
 void Settle();
 
+/// Where the captions of a look stand.
+std::filesystem::path CaptionsFile(const std::filesystem::path& folder, const std::string& look);
+
 /// A project whose water is a river.
 std::unique_ptr<Project> NewExample();
 
@@ -36,8 +39,8 @@ public:
     void TakeDialogs();
 
 private:
-    /// Saves a picture of the window as it is, with a line below that says what it shows. Throws
-    /// std::runtime_error for an empty picture, and when it cannot be written.
+    /// Saves a picture of the window as it is, with a line below that says what it shows, and adds the line
+    /// to the captions. Throws std::runtime_error for an empty picture, and when it cannot be written.
     void Save(wxWindow& window, const std::string& name, const wxString& caption = {});
     void TakeExhibit(const Exhibit& exhibit);
     void TakeModule(const Module& module, const ModuleLook& look);
