@@ -311,6 +311,7 @@ void OthersBox::ShowAlkalization(const LiquidData& liquid, const std::string& un
 
 void OthersBox::Localize(const std::string& unitSystem)
 {
+    TvStaticBoxSizer::Localize(unitSystem);
     m_furtherProperties->Localize(unitSystem);
 }
 
