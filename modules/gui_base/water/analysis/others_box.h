@@ -51,7 +51,7 @@ public:
     bool ShowTemperature(const std::string& unitSystem);
     /// Says what the water is alkalised with, or why it is not.
     void ShowAlkalization(const LiquidData& liquid, const std::string& unitSystem);
-    void Localize(const std::string& unitSystem);
+    void Localize(const std::string& unitSystem) override;
 
 private:
     void AddTemperature(wxSizer& grid);

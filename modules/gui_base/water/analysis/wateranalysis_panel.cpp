@@ -147,7 +147,6 @@ long WaterAnalysisPanel::GetPanelProjectStatus()
 void WaterAnalysisPanel::DoLocalize()
 {
     m_ions->Localize();
-    m_others->Localize(GetCurrentDisplayUnitSystem());
     FormPanel::DoLocalize();
 }
 
