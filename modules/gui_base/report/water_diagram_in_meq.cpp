@@ -27,8 +27,9 @@ struct PartLook
     std::size_t colour;   ///< place in the palette; main ions have colours of their own
     bool isTint = false;  ///< a lighter colour than the other ion has
 };
-/// Of the closing ion alone.
+/// Of the closing ion alone, which has the colour of its kind.
 constexpr auto kHatching = chartdir::Marker::Square;
+constexpr chartdir::Colour kGrey = chartdir::Colour::FromRgb(0x808080);
 constexpr const char* kClosing = wxTRANSLATE("closes the balance");
 constexpr std::array kParts{
     // The legend has the main ions first.
@@ -133,7 +134,7 @@ std::shared_ptr<chartdir::BaseChart> MakeBars(const Contents& contents, const Re
             layer.addLegendEntry(context.Translated(look.label), ColourOf(look), chartdir::Marker::None);
     }
     if (contents.waters.size() > 1 && hasClosing)
-        layer.addLegendEntry(context.Translated(kClosing), ColourOf(LookOf(BarPart::Sodium)), kHatching);
+        layer.addLegendEntry(context.Translated(kClosing), kGrey, kHatching);
     chart->xAxis().setLabels(std::move(names));
     return chart;
 }

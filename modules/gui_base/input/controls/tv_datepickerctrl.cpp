@@ -59,6 +59,13 @@ TvDatePickerCtrl::TvDatePickerCtrl(wxWindow* parent, int id, DetailData* detail,
     Bind(wxEVT_DATE_CHANGED, &TvDatePickerCtrl::OnDate, this);
 }
 
+TvDatePickerCtrl::~TvDatePickerCtrl()
+{
+    // The field tells of a lost focus while it goes, when nothing of this object is left.
+    if (m_text != nullptr)
+        m_text->GetTextCtrl()->Unbind(wxEVT_KILL_FOCUS, &TvDatePickerCtrl::OnLeft, this);
+}
+
 void TvDatePickerCtrl::SetValue(const wxDateTime& date)
 {
     wxDatePickerCtrl::SetValue(date);
@@ -72,14 +79,24 @@ void TvDatePickerCtrl::ShowText()
         m_text->SetText(DateText(GetValue()));
 }
 
-void TvDatePickerCtrl::OnLeft(wxFocusEvent& event)
+void TvDatePickerCtrl::CommitText()
 {
-    // The toolkit reads the text next.
-    event.Skip();
+    if (m_text == nullptr)
+        return;
     if (const std::optional<wxDateTime> date = DateIn(m_text->GetValue())) {
         wxDatePickerCtrl::SetValue(*date);
         Store(*date);
     }
+}
+
+void TvDatePickerCtrl::OnLeft(wxFocusEvent& event)
+{
+    // The toolkit reads the text next.
+    event.Skip();
+    // A window that goes loses the focus when its detail may have gone already.
+    if (IsBeingDeleted())
+        return;
+    CommitText();
     // It empties a field whose text is no date.
     CallAfter([this] {
         TransferDetailToWindow();

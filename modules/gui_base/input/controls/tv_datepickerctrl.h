@@ -3,6 +3,7 @@
 
 #include "gui_base/gui_base_export.h"
 #include "gui_base/input/binding/detail_container_window.h"
+#include "gui_base/input/validation/commit.h"
 #include "projectbase/details/detail_data.h"
 
 #include <wx/datectrl.h>
@@ -16,7 +17,9 @@ class wxComboCtrl;
 /// told to the parent by a queued tvCHANGE_EVENT; the same day leaves the detail, and its time of day, as it
 /// is. The tooltip is translated. The date is written as the program writes all dates (see date_text.h); one
 /// typed so, or as locales have it, is understood; another text leaves the date as it is.
-class GUI_BASE_EXPORT TvDatePickerCtrl : public wxDatePickerCtrl, public DetailContainerWindow
+class GUI_BASE_EXPORT TvDatePickerCtrl : public wxDatePickerCtrl,
+                                         public DetailContainerWindow,
+                                         public TextTaker
 {
 public:
     /// `detail` is not owned and may be null.
@@ -24,10 +27,13 @@ public:
                      const wxSize& size = wxDefaultSize, long style = wxDP_DROPDOWN,
                      const wxString& name = wxDatePickerCtrlNameStr);
 
+    ~TvDatePickerCtrl() override;
+
     void SetTranslatableToolTip(const wxString& tooltip);
     void Localize(const std::string& unitSystem);
 
     void SetValue(const wxDateTime& date) override;
+    void CommitText() override;
     void TransferDetailToWindow() override;
     void UpdateUnit(const std::string&) override {}
 

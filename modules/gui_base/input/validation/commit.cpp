@@ -8,12 +8,13 @@
 
 namespace {
 
-/// The grid of which `window` edits a cell, or null.
-wxGrid* GridAround(wxWindow* window)
+/// The control of that kind that `window` is a part of, as the editor of a cell is of its grid, or null.
+template <typename Control>
+Control* Around(wxWindow* window)
 {
     for (; window != nullptr && !window->IsTopLevel(); window = window->GetParent()) {
-        if (auto* grid = dynamic_cast<wxGrid*>(window))
-            return grid;
+        if (auto* control = dynamic_cast<Control*>(window))
+            return control;
     }
     return nullptr;
 }
@@ -27,6 +28,8 @@ void CommitFocusedField()
         return;
     if (auto* validator = dynamic_cast<Validator*>(focused->GetValidator()))
         validator->CommitIfModified();
-    else if (wxGrid* grid = GridAround(focused))
+    else if (auto* grid = Around<wxGrid>(focused))
         grid->DisableCellEditControl();
+    else if (auto* taker = Around<TextTaker>(focused))
+        taker->CommitText();
 }

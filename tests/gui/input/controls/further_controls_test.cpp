@@ -6,6 +6,7 @@
 #include "gui_base/input/controls/tv_enablinggroup.h"
 #include "gui_base/input/controls/tv_optioncheckbox.h"
 #include "gui_base/input/events.h"
+#include "gui_base/input/validation/commit.h"
 #include "tests/support/gui_test.h"
 
 #include <wx/artprov.h>
@@ -221,6 +222,10 @@ TEST_F(FurtherControlsTest, DatePicker)
     EXPECT_EQ(type("2017-13-40"), "2017-03-04") << "no date";
     EXPECT_EQ(type(""), "");
     EXPECT_FALSE(detail.GetDateValue().IsValid());
+    Focus(text);
+    Type("2018-06-07");
+    CommitFocusedField();  // as when the project is saved meanwhile
+    EXPECT_TRUE(detail.GetDateValue().IsSameDate(wxDateTime(7, wxDateTime::Jun, 2018)));
 }
 
 }  // namespace
