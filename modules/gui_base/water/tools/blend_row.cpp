@@ -7,6 +7,8 @@
 #include "gui_base/support/translation.h"
 #include "projectbase/units/unit_system_manager.h"
 
+#include <wx/dcclient.h>
+
 #include <cmath>
 #include <limits>
 
@@ -16,7 +18,8 @@ constexpr double kUnknown = std::numeric_limits<double>::quiet_NaN();
 constexpr double kMostFlow = 999999.0;  // m³/h
 constexpr FormLimits kShareLimits{0.0, 100.0};
 constexpr FormLimits kFlowLimits{0.0, kMostFlow};
-constexpr int kChoiceWidth = 200;
+constexpr int kChoiceWidth = 300;
+constexpr int kArrowWidth = 48;
 constexpr int kUnitWidth = 48;
 
 const char* UnitOf(bool byFlow)
@@ -33,9 +36,14 @@ BlendRow::BlendRow(wxWindow* parent, const std::vector<std::string>& waters, con
     GetFields().Details().Add(DetailData(kWater, DetailType::String)).SetValue(part.water);
     auto* row = new wxBoxSizer(wxHORIZONTAL);
     SetSizer(row);
+    // Names of waters often begin alike.
+    wxClientDC dc(this);
     tvChoiceAdv::Items items;
-    for (const std::string& name : waters)
-        items.emplace_back(wxString::FromUTF8(name), wxString::FromUTF8(name));
+    for (const std::string& water : waters) {
+        const wxString name = wxString::FromUTF8(water);
+        items.emplace_back(
+            name, wxControl::Ellipsize(name, dc, wxELLIPSIZE_MIDDLE, FromDIP(kChoiceWidth - kArrowWidth)));
+    }
     m_choice = GetFields().AddSelfStoring(
         new tvChoiceAdv(items, &GetFields().Details().At(kWater), this, wxID_ANY), wxTRANSLATE("Water"));
     m_choice->SetMinSize(FromDIP(wxSize(kChoiceWidth, -1)));
