@@ -250,7 +250,8 @@ void Tour::TakeModules()
 
 void TakeTour(const std::filesystem::path& folder, const std::string& look, TourPart part)
 {
-    std::ofstream(CaptionsFile(folder, look), std::ios::trunc);
+    // A tour begins its own list: captions of one before are not of these pictures.
+    const std::ofstream emptied(CaptionsFile(folder, look), std::ios::trunc);
     Tour tour(folder, look);
     if (part == TourPart::All) {
         tour.TakeControls();
