@@ -3,6 +3,7 @@
 
 #include "gui_base/support/translation.h"
 
+#include <wx/display.h>
 #include <wx/filename.h>
 #include <wx/filesys.h>
 #include <wx/frame.h>
@@ -13,6 +14,7 @@
 #include <wx/html/htmlfilt.h>
 #include <wx/html/htmlwin.h>
 #include <wx/log.h>
+#include <wx/splitter.h>
 #include <wx/sstream.h>
 
 #include <stdexcept>
@@ -57,7 +59,22 @@ bool HasPage(const wxFileName& book, const wxString& section)
     return file != nullptr;
 }
 
-/// Makes windows that Escape closes, as it does the dialogs from which the guide is opened.
+// Device-independent pixels: a line of text beside a list that shows most headings whole.
+constexpr int kGuideWidth = 1050;
+constexpr int kGuideHeight = 760;
+constexpr int kContentsWidth = 300;
+
+/// The toolkit's own size is that of old screens and cuts the headings of the contents.
+void GiveRoom(wxHtmlHelpFrame& frame)
+{
+    wxSize size = frame.FromDIP(wxSize(kGuideWidth, kGuideHeight));
+    size.DecTo(wxDisplay(&frame).GetClientArea().GetSize());
+    frame.SetSize(size);
+    if (wxSplitterWindow* const splitter = frame.GetHelpWindow()->GetSplitterWindow())
+        splitter->SetSashPosition(frame.FromDIP(kContentsWidth));
+}
+
+/// Makes windows with room for a page, which Escape closes as it does the dialogs that open the guide.
 class HelpController : public wxHtmlHelpController
 {
 public:
@@ -67,6 +84,7 @@ protected:
     wxHtmlHelpFrame* CreateHelpFrame(wxHtmlHelpData* data) override
     {
         wxHtmlHelpFrame* const frame = wxHtmlHelpController::CreateHelpFrame(data);
+        GiveRoom(*frame);
         frame->Bind(wxEVT_CHAR_HOOK, [frame](wxKeyEvent& event) {
             if (event.GetKeyCode() == WXK_ESCAPE && !event.HasAnyModifiers())
                 frame->Close();
