@@ -43,6 +43,26 @@ AuiNotebook::AuiNotebook(wxWindow* parent, int id, const wxPoint& pos, const wxS
     : wxAuiNotebook(parent, id, pos, size, style)
 {
     SetArtProvider(new TabArt);
+    Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
+        event.Skip();
+        m_tabsMoved = true;
+    });
+    Bind(wxEVT_IDLE, [this](wxIdleEvent& event) {
+        event.Skip();
+        if (m_tabsMoved && IsShownOnScreen())
+            ShowActiveTabs();
+    });
+}
+
+void AuiNotebook::ShowActiveTabs()
+{
+    m_tabsMoved = false;
+    for (wxAuiTabCtrl* group : GetTabGroups()) {
+        // The toolkit takes what it has not drawn yet for visible.
+        group->Update();
+        if (group->GetActivePage() != wxNOT_FOUND)
+            group->MakeTabVisible(group->GetActivePage(), group);
+    }
 }
 
 void AuiNotebook::ShowPageList()
@@ -59,6 +79,7 @@ void AuiNotebook::ShowPageList()
 
 bool AuiNotebook::SetPageText(std::size_t page, const wxString& text)
 {
+    m_tabsMoved = true;
     wxClientDC dc(this);
     const auto* art = dynamic_cast<const TabArt*>(GetArtProvider());
     const bool isWhole = art == nullptr || art->Shortened(text, dc, *this) == text;
@@ -142,6 +163,7 @@ void AuiNotebook::GiveFocusBack(wxWindow& window)
 
 int AuiNotebook::DoModifySelection(size_t n, bool events)
 {
+    m_tabsMoved = true;
     return wxAuiNotebook::DoModifySelection(n, events && !m_restoring);
 }
 

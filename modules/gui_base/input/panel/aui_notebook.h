@@ -2,7 +2,8 @@
 #pragma once
 
 /// The notebook of the module panels: its pages can be split into tab groups, and the arrangement can be kept
-/// as a text over a restart. Long texts of tabs are shortened in the middle.
+/// as a text over a restart. Long texts of tabs are shortened in the middle. The tab of a page in front is in
+/// sight after each change of the selection, of the texts and of the size, until the user scrolls the tabs.
 ///
 /// The text names pages by their notebook index, so it fits a notebook to which the same pages were added in
 /// the same order. It holds, parted by "|", the name and the pages of each group ("*" before the selected
@@ -61,6 +62,9 @@ private:
     bool LoadLayout(const std::string& layout);
     void SelectAfterRestore(int selection);
     void GiveFocusBack(wxWindow& window);
+    void ShowActiveTabs();
 
     bool m_restoring = false;
+    /// The tabs may lie elsewhere than when the one of the page in front was last brought in sight.
+    bool m_tabsMoved = true;
 };

@@ -3,6 +3,7 @@
 
 #include "tests/support/gui_test.h"
 
+#include <wx/dcclient.h>
 #include <wx/menu.h>
 #include <wx/sizer.h>
 #include <wx/stopwatch.h>
@@ -286,6 +287,38 @@ TEST_F(AuiNotebookTest, LongTextsOfTabsAreShortenedAndTheListHasThemWhole)
     EXPECT_EQ(listed, march + "*|" + april + "|Page 2|");
     EXPECT_EQ(notebook->GetSelection(), 1);
     EXPECT_TRUE(notebook->GetPage(1)->HasFocus());
+}
+
+TEST_F(AuiNotebookTest, TheTabOfThePageInFrontStaysInSight)
+{
+    AuiNotebook* notebook = Make(12);
+    const auto isInSight = [&] {
+        wxAuiTabCtrl* group = nullptr;
+        int position = -1;
+        EXPECT_TRUE(notebook->FindTab(notebook->GetCurrentPage(), &group, &position));
+        wxClientDC dc(group);
+        return group->IsTabVisible(position, static_cast<int>(group->GetTabOffset()), &dc, group);
+    };
+    m_frame->SetClientSize(m_frame->FromDIP(wxSize(1200, 300)));
+    Pump();
+    notebook->SetSelection(7);
+    Pump();
+    EXPECT_TRUE(isInSight()) << "selected";
+    m_frame->SetClientSize(m_frame->FromDIP(wxSize(400, 300)));
+    Pump();
+    EXPECT_TRUE(isInSight()) << "narrower";
+    for (std::size_t page = 0; page < 7; ++page)
+        notebook->SetPageText(page, wxString::Format("The longer name of page %zu", page));
+    Pump();
+    EXPECT_TRUE(isInSight()) << "longer names";
+    // The user may look at other tabs.
+    wxAuiTabCtrl* group = nullptr;
+    int position = -1;
+    ASSERT_TRUE(notebook->FindTab(notebook->GetCurrentPage(), &group, &position));
+    group->SetTabOffset(0);
+    group->Refresh();
+    Pump();
+    EXPECT_FALSE(isInSight()) << "scrolled by the user";
 }
 
 }  // namespace
