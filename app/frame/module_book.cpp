@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/frame/module_book.h"
 
+#include "app/frame/page_item.h"
 #include "gui_base/input/panel/aui_notebook.h"
 #include "gui_base/input/panel/tv_modulepanelbase.h"
 #include "gui_base/ionexchange/exchanger_name.h"
@@ -21,17 +22,6 @@ namespace app {
 namespace {
 
 constexpr int kIconSize = 16;
-
-/// Extra data of a tree item: the page that it stands for.
-class PageItem : public wxTreeItemData
-{
-public:
-    explicit PageItem(PageHost& host) : m_host(host) {}
-    PageHost& GetHost() const { return m_host; }
-
-private:
-    PageHost& m_host;
-};
 
 /// Of a water, in the order of `kBalancePictures`.
 enum class BalanceMark
@@ -63,19 +53,6 @@ BalanceMark MarkOf(const DetailList& water)
     return BalanceMark::Unknown;
 }
 
-/// Calls `visit` with every item below one, depth first, until it returns true.
-template <typename Visit>
-bool VisitItems(const wxTreeCtrl& tree, const wxTreeItemId& parent, const Visit& visit)
-{
-    wxTreeItemIdValue cookie;
-    for (wxTreeItemId item = tree.GetFirstChild(parent, cookie); item.IsOk();
-         item = tree.GetNextChild(parent, cookie)) {
-        if (visit(item) || VisitItems(tree, item, visit))
-            return true;
-    }
-    return false;
-}
-
 }  // namespace
 
 struct ModuleBook::Item
@@ -87,6 +64,10 @@ struct ModuleBook::Item
 ModuleBook::ModuleBook(wxTreeCtrl& tree, AuiNotebook& notebook) : m_tree(tree), m_notebook(notebook)
 {
     m_tree.Bind(wxEVT_TREE_SEL_CHANGED, &ModuleBook::OnTreeSelection, this);
+    m_tree.Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
+        event.Skip();
+        FitNames(m_tree);
+    });
     m_notebook.Bind(wxEVT_AUINOTEBOOK_PAGE_CHANGED, [this](wxAuiNotebookEvent& event) {
         event.Skip();
         MarkInTree();
@@ -259,12 +240,16 @@ void ModuleBook::FillTree()
             images.push_back(ImageLoader::LoadBundle(module.icon, wxSize(kIconSize, kIconSize)));
             const int image = static_cast<int>(images.size()) - 1;
             const bool isPage = module.pageOf == OwnerKind::Project;
-            branch = m_tree.AppendItem(root, i18n::Translated(module.title), image, image,
-                                       isPage ? new PageItem(*host) : nullptr);
+            const wxString title = i18n::Translated(module.title);
+            branch = m_tree.AppendItem(root, title, image, image,
+                                       new PageItem(title, wxELLIPSIZE_END, isPage ? host : nullptr));
             last = &module;
         }
         if (module.pageOf != OwnerKind::Project)
-            m_tree.AppendItem(branch, NameOf(*host), -1, -1, new PageItem(*host));
+            m_tree.AppendItem(
+                branch, NameOf(*host), -1, -1,
+                new PageItem(NameOf(*host),
+                             module.pageOf == OwnerKind::Water ? wxELLIPSIZE_MIDDLE : wxELLIPSIZE_END, host));
     }
     m_balancePictures = static_cast<int>(images.size());
     for (const char* name : kBalancePictures)
@@ -272,6 +257,7 @@ void ModuleBook::FillTree()
     m_tree.SetImages(images);
     ShowBalances();
     m_tree.ExpandAll();
+    FitNames(m_tree);
     m_filling = false;
     MarkInTree();
 }
@@ -281,7 +267,7 @@ void ModuleBook::ShowBalances()
     if (m_tree.IsEmpty())
         return;
     VisitItems(m_tree, m_tree.GetRootItem(), [this](const wxTreeItemId& item) {
-        const PageHost* page = PageOf(item);
+        const PageHost* page = PageOfItem(m_tree, item);
         const auto* water =
             page == nullptr ? nullptr : dynamic_cast<LiquidData*>(m_project->FindOwner(page->GetOwner()));
         if (water == nullptr)
@@ -299,7 +285,7 @@ void ModuleBook::MarkInTree()
     wxTreeItemId item;
     if (!m_filling && current != nullptr && !m_tree.IsEmpty()) {
         VisitItems(m_tree, m_tree.GetRootItem(), [&](const wxTreeItemId& candidate) {
-            if (PageOf(candidate) != current)
+            if (PageOfItem(m_tree, candidate) != current)
                 return false;
             item = candidate;
             return true;
@@ -307,7 +293,7 @@ void ModuleBook::MarkInTree()
     }
     if (item.IsOk())
         // The items are drawn; what is chosen is said with the name of the whole.
-        accessibility::SetName(m_tree, i18n::Translated("Navigator") + ": " + m_tree.GetItemText(item));
+        accessibility::SetName(m_tree, i18n::Translated("Navigator") + ": " + WholeName(m_tree, item));
     if (!item.IsOk() || m_tree.IsSelected(item))
         return;
     m_filling = true;
@@ -383,12 +369,6 @@ void ModuleBook::ShowBeside(int step)
     ShowPlace(static_cast<std::size_t>(place));
 }
 
-const PageHost* ModuleBook::PageOf(const wxTreeItemId& item) const
-{
-    const auto* page = dynamic_cast<const PageItem*>(m_tree.GetItemData(item));
-    return page == nullptr ? nullptr : &page->GetHost();
-}
-
 const PageHost* ModuleBook::GetCurrent() const
 {
     return dynamic_cast<const PageHost*>(m_notebook.GetCurrentPage());
@@ -431,9 +411,9 @@ void ModuleBook::RefreshDatabase()
 
 void ModuleBook::OnTreeSelection(wxTreeEvent& event)
 {
-    const auto* item = m_filling ? nullptr : dynamic_cast<PageItem*>(m_tree.GetItemData(event.GetItem()));
-    if (item != nullptr)
-        Select(item->GetHost());
+    PageHost* const host = m_filling ? nullptr : PageOfItem(m_tree, event.GetItem());
+    if (host != nullptr)
+        Select(*host);
 }
 
 }  // namespace app

@@ -53,8 +53,6 @@ public:
     /// Brings that page to the front which stands so many places further in the tree; behind the last one the
     /// first one follows.
     void ShowBeside(int step);
-    /// The page that an item of the tree stands for, or null.
-    const PageHost* PageOf(const wxTreeItemId& item) const;
     /// The page in front, or null.
     const PageHost* GetCurrent() const;
     ModulePanelBase* GetCurrentPanel() const;

@@ -3,6 +3,8 @@
 
 #include "app/frame/main_frame.h"
 #include "app/frame/menu_table.h"
+#include "app/frame/page_host.h"
+#include "app/frame/page_item.h"
 #include "gui_base/support/translation.h"
 #include "projectbase/water/liquid_data.h"
 
@@ -15,10 +17,13 @@ namespace app {
 Navigator::Navigator(wxTreeCtrl& tree, MainFrame& frame) : m_tree(tree), m_frame(frame)
 {
     m_tree.Bind(wxEVT_TREE_BEGIN_LABEL_EDIT, [this](wxTreeEvent& event) {
-        if (WaterOf(event.GetItem()) == nullptr)
+        if (WaterOf(event.GetItem()) == nullptr) {
             event.Veto();
-        else
-            m_tree.CallAfter([this] { WidenEditor(); });
+            return;
+        }
+        // The field takes the text of the item, which may be short of room.
+        m_tree.SetItemText(event.GetItem(), WholeName(m_tree, event.GetItem()));
+        m_tree.CallAfter([this] { WidenEditor(); });
     });
     m_tree.Bind(wxEVT_TREE_END_LABEL_EDIT, &Navigator::OnEditEnded, this);
     m_tree.Bind(wxEVT_TREE_BEGIN_DRAG, &Navigator::OnDragBegun, this);
@@ -26,16 +31,15 @@ Navigator::Navigator(wxTreeCtrl& tree, MainFrame& frame) : m_tree(tree), m_frame
     m_tree.Bind(wxEVT_TREE_ITEM_MENU, &Navigator::OnMenu, this);
     m_tree.Bind(wxEVT_TREE_KEY_DOWN, &Navigator::OnKey, this);
     m_tree.Bind(wxEVT_TREE_ITEM_GETTOOLTIP, [this](wxTreeEvent& event) {
-        wxRect name;
-        if (m_tree.GetBoundingRect(event.GetItem(), name, true) &&
-            name.GetRight() >= m_tree.GetClientSize().x)
-            event.SetToolTip(m_tree.GetItemText(event.GetItem()));
+        if (const wxString name = WholeName(m_tree, event.GetItem());
+            name != m_tree.GetItemText(event.GetItem()))
+            event.SetToolTip(name);
     });
 }
 
 LiquidData* Navigator::WaterOf(const wxTreeItemId& item) const
 {
-    const PageHost* page = item.IsOk() ? m_frame.GetBook().PageOf(item) : nullptr;
+    const PageHost* page = PageOfItem(m_tree, item);
     return page == nullptr ? nullptr
                            : dynamic_cast<LiquidData*>(m_frame.GetProject().FindOwner(page->GetOwner()));
 }
@@ -56,10 +60,11 @@ void Navigator::OnEditEnded(wxTreeEvent& event)
     LiquidData* water = WaterOf(event.GetItem());
     wxString name = event.GetLabel();
     name.Trim().Trim(false);
-    // The tree shows what the project says.
+    // The tree shows what the project says, as far as it has room.
     event.Veto();
+    m_tree.CallAfter([this] { FitNames(m_tree); });
     if (event.IsEditCancelled() || water == nullptr || name.empty() ||
-        name == m_tree.GetItemText(event.GetItem()))
+        name == WholeName(m_tree, event.GetItem()))
         return;
     // The item goes when the tree is filled anew.
     m_frame.CallAfter([this, owner = water->GetOwner(), text = name.utf8_string()] {

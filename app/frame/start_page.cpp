@@ -23,6 +23,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <ranges>
 #include <utility>
 
@@ -62,14 +63,17 @@ constexpr std::array kInks{Ink{"#37474f", "#eceff1"}, Ink{"#546e7a", "#b0bec5"},
 constexpr std::array kLines{std::pair{"3", "11"}, std::pair{"2.2", "8"}, std::pair{"2", "8"},
                             std::pair{"1.8", "7"}, std::pair{"1.6", "6"}};
 
-/// The drawing without its sheet, in light inks; vessels hide what is behind them as they do on white. Of
-/// lines much thinner than a pixel little would be left on dark: they become wider.
-wxString OnDark(wxString svg)
+/// The drawing without its sheet, on a dark background in light inks; vessels hide what is behind them as
+/// they do on white. Of lines much thinner than a pixel little would be left: they become wider.
+wxString OnBackground(wxString svg)
 {
+    const auto appearance = wxSystemSettings::GetAppearance();
     svg.Replace("fill=\"#ffffff\"", "fill=\"none\"", false);
     svg.Replace("#ffffff", wxSystemSettings::GetColour(wxSYS_COLOUR_BTNFACE).GetAsString(wxC2S_HTML_SYNTAX));
-    for (const Ink& ink : kInks)
-        svg.Replace(ink.onWhite, ink.onDark);
+    for (const Ink& ink : kInks) {
+        if (appearance.IsUsingDarkBackground())
+            svg.Replace(ink.onWhite, ink.onDark);
+    }
     for (const auto& [thin, wide] : kLines)
         svg.Replace(wxString("stroke-width=\"") + thin + "\"", wxString("stroke-width=\"") + wide + "\"");
     return svg;
@@ -81,13 +85,7 @@ wxBitmapBundle DrawingOf(const PlantTemplate& plant)
     try {
         static const tncommon::ZipArchive drawings(tncommon::DataDir() / "graphics.zrc");
         if (const auto bytes = drawings.Read(plant.drawing, kMostDrawingBytes)) {
-            wxString svg = wxString::FromUTF8(*bytes);
-            // Its paper, which is the first area, would end in the middle of a dot.
-            svg.Replace("<rect",
-                        R"(<rect x="-9999" y="-9999" width="99999" height="99999" fill="#ffffff"/><rect)",
-                        false);
-            if (wxSystemSettings::GetAppearance().IsUsingDarkBackground())
-                svg = OnDark(std::move(svg));
+            const wxString svg = OnBackground(wxString::FromUTF8(*bytes));
             return wxBitmapBundle::FromSVG(svg.utf8_str(), wxSize(kPictureWidth, kPictureHeight));
         }
     } catch (const std::exception&) {
@@ -107,17 +105,23 @@ wxBitmapBundle IconOf(const char* name)
                                    wxSystemSettings::GetColour(wxSYS_COLOUR_BTNTEXT));
 }
 
+/// Of a length in device-independent pixels, for what is drawn pixel by pixel.
+int Pixels(int length, const wxWindow& window)
+{
+    return static_cast<int>(std::lround(window.FromDIP(length) * window.GetContentScaleFactor()));
+}
+
 /// The picture in the middle of the room that every picture has.
 wxBitmap InSlot(const wxBitmapBundle& picture, const wxWindow& window)
 {
     const wxImage drawn = picture.GetBitmapFor(&window).ConvertToImage();
-    const wxSize room = window.FromDIP(wxSize(kPictureWidth, kPictureHeight));
-    wxImage slot(window.FromDIP(kSlotWidth), room.y);
+    const wxSize room(Pixels(kPictureWidth, window), Pixels(kPictureHeight, window));
+    wxImage slot(Pixels(kSlotWidth, window), room.y);
     slot.InitAlpha();
     std::fill_n(slot.GetAlpha(), slot.GetWidth() * slot.GetHeight(), wxIMAGE_ALPHA_TRANSPARENT);
     slot.Paste(drawn, std::max(0, (room.x - drawn.GetWidth()) / 2),
                std::max(0, (room.y - drawn.GetHeight()) / 2), wxIMAGE_ALPHA_BLEND_COMPOSE);
-    return {slot};
+    return {slot, wxBITMAP_SCREEN_DEPTH, window.GetContentScaleFactor()};
 }
 
 }  // namespace
@@ -213,12 +217,14 @@ wxSizer* StartPage::BuildPlants()
 
 const std::vector<wxBitmap>& StartPage::ExampleStrips()
 {
-    const wxSize size = FromDIP(wxSize(kPictureWidth, kPictureHeight));
+    const wxSize size(Pixels(kPictureWidth, *this), Pixels(kPictureHeight, *this));
     if (!m_strips.empty() && m_strips.front().GetSize() == size)
         return m_strips;
     m_strips.clear();
-    for (const WaterTemplate& water : WaterTemplates() | std::views::take(kMostExamples))
+    for (const WaterTemplate& water : WaterTemplates() | std::views::take(kMostExamples)) {
         m_strips.push_back(IonStrip(*NewProjectFrom(water)->GetLiquid(0).GetDetails(), size));
+        m_strips.back().SetScaleFactor(GetContentScaleFactor());
+    }
     return m_strips;
 }
 

@@ -2,6 +2,7 @@
 #include "app/frame/work_area.h"
 
 #include "app/frame/message_strip.h"
+#include "app/frame/page_item.h"
 #include "dbinterfaces/project_database.h"
 #include "gui_base/input/panel/aui_notebook.h"
 #include "gui_base/support/translation.h"
@@ -42,7 +43,7 @@ constexpr int kNarrow = 1200;
 constexpr int kWide = 1600;
 /// From there on, in DIP, tiles stand side by side in the results.
 constexpr int kVeryWide = 2000;
-constexpr int kWidestNavigator = 280;
+constexpr int kWidestNavigator = 305;
 /// By what each level of the tree stands further right.
 constexpr int kIndent = 14;
 /// Between a symbol and its text.
@@ -130,28 +131,6 @@ bool WorkArea::IsNarrow() const
     return wxGetTopLevelParent(m_desk)->GetClientSize().x < FromDIP(kNarrow);
 }
 
-int WorkArea::WidthOfNames() const
-{
-    // The toolkit measures names in asking for the best size, but where the tree is scrolled to counts in
-    // that.
-    m_tree->InvalidateBestSize();
-    m_tree->GetBestSize();
-    int right = 0;
-    const std::function<void(const wxTreeItemId&)> measure = [&](const wxTreeItemId& parent) {
-        wxTreeItemIdValue cookie = nullptr;
-        for (wxTreeItemId item = m_tree->GetFirstChild(parent, cookie); item.IsOk();
-             item = m_tree->GetNextChild(parent, cookie)) {
-            wxRect name;
-            if (m_tree->GetBoundingRect(item, name, true))
-                right = std::max(right, m_tree->CalcUnscrolledPosition(name.GetTopRight()).x);
-            measure(item);
-        }
-    };
-    if (m_tree->GetRootItem().IsOk())
-        measure(m_tree->GetRootItem());
-    return right + FromDIP(kBesideNames);
-}
-
 int WorkArea::UsualWidth(WorkPane pane) const
 {
     const int room = wxGetTopLevelParent(m_desk)->GetClientSize().x;
@@ -159,7 +138,8 @@ int WorkArea::UsualWidth(WorkPane pane) const
     if (IsNarrow())
         return FromDIP(row.narrowWidth);
     if (pane == WorkPane::Navigator && room >= FromDIP(kWide))
-        return std::clamp(WidthOfNames(), FromDIP(row.width), FromDIP(kWidestNavigator));
+        return std::clamp(WidthOfNames(*m_tree) + FromDIP(kBesideNames), FromDIP(row.width),
+                          FromDIP(kWidestNavigator));
     return FromDIP(room >= FromDIP(kVeryWide) ? row.wideWidth : row.width);
 }
 

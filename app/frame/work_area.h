@@ -63,8 +63,6 @@ public:
 private:
     wxAuiPaneInfo UsualPlace(WorkPane pane) const;
     bool IsNarrow() const;
-    /// In pixels.
-    int WidthOfNames() const;
     int UsualWidth(WorkPane pane) const;
     std::array<int, kWorkPanes> UsualWidths() const;
     bool IsUsual();

@@ -139,6 +139,8 @@ void Tour::TakeStartPage()
     frame->SetClientSize(1600, 1000);
     frame->Show();
     frame->ShowStart();
+    // The state of the commands follows, by and by.
+    Settle();
     Save(*frame, "start_page", i18n::Translated("Start page"));
     frame->Close(true);
     Settle();

@@ -9,6 +9,7 @@
 #include <wx/mstream.h>
 #include <wx/settings.h>
 
+#include <array>
 #include <optional>
 #include <system_error>
 #include <utility>
@@ -19,7 +20,15 @@ namespace {
 constexpr const char* kArchiveName = "tnbase.zrc";
 /// Of the lines of all icons; what means more, as the red of an error, has another one.
 constexpr const char* kLineColour = "#2b6ca3";
-constexpr const char* kLineColourOnDark = "#78b6ea";
+
+/// A colour of the icons, and what stands out as much on a dark background.
+struct Ink
+{
+    const char* onLight;
+    const char* onDark;
+};
+constexpr std::array kInks{Ink{kLineColour, "#78b6ea"}, Ink{"#5a6b7b", "#c3ccd4"}, Ink{"#2f7fdb", "#78b6ea"},
+                           Ink{"#b7791f", "#f0b14a"}, Ink{"#c53030", "#f28b82"}};
 constexpr std::size_t kMostPictureBytes = std::size_t{16} << 20;
 
 /// The archive of the pictures; nothing before it was named, or when it cannot be read.
@@ -124,7 +133,8 @@ wxBitmapBundle ImageLoader::LoadBundle(const wxString& name, const wxSize& size)
     if (!bytes.empty()) {
         wxString svg = wxString::FromUTF8(bytes);
         if (wxTheApp != nullptr && wxSystemSettings::GetAppearance().IsUsingDarkBackground())
-            svg.Replace(kLineColour, kLineColourOnDark);
+            for (const Ink& ink : kInks)
+                svg.Replace(ink.onLight, ink.onDark);
         const wxBitmapBundle bundle = wxBitmapBundle::FromSVG(svg.utf8_str(), size);
         if (bundle.IsOk())
             return bundle;

@@ -3,6 +3,7 @@
 #include "app/document/plant_templates.h"
 #include "app/frame/ion_strip.h"
 #include "app/frame/menu_table.h"
+#include "app/frame/page_item.h"
 #include "app/frame/settings_dialog.h"
 #include "app/frame/start_page.h"
 #include "gui_base/input/controls/collapsible_box.h"
@@ -41,7 +42,7 @@ protected:
         wxTreeItemIdValue cookie;
         for (wxTreeItemId item = Tree().GetFirstChild(parent, cookie); item.IsOk();
              item = Tree().GetNextChild(parent, cookie)) {
-            if (Tree().GetItemText(item) == text)
+            if (app::WholeName(Tree(), item) == text)
                 return item;
             if (const wxTreeItemId below = Item(item, text); below.IsOk())
                 return below;
@@ -173,7 +174,14 @@ TEST_F(WorkAreaTest, WatersAreRenamedDuplicatedAndMovedInTheNavigator)
     Tree().SelectItem(Item(name));
     gui_test::Press(WXK_F2);
     EXPECT_TRUE(editsInAllTheRoom()) << "a long one";
+    EXPECT_EQ(Tree().GetEditControl()->GetValue(), name) << "whole, however little of it is shown";
     gui_test::Press(WXK_ESCAPE);
+    gui_test::Pump();
+    const wxString shown = Tree().GetItemText(Item(name));
+    EXPECT_TRUE(shown.StartsWith("ww") && shown.EndsWith("ww") && shown.length() < name.length()) << shown;
+    wxRect text;
+    ASSERT_TRUE(Tree().GetBoundingRect(Item(name), text, true));
+    EXPECT_LE(text.GetRight(), Tree().GetClientSize().x);
     m_frame->Undo();
     gui_test::Enter(*WaterPage(1).FindField("liquid/ca.orig"), "17");
     Menu("Tools", "Duplicate water");
@@ -430,11 +438,13 @@ TEST_F(WorkAreaTest, AWideWindowHasRoomForTheNamesOfTheNavigator)
     const int wide = width(1600, longName);
     EXPECT_GT(wide, usual);
     EXPECT_LE(wide, m_frame->FromDIP(290));
+    const std::string& name = OpenProject().GetLiquid(0).GetName();
+    EXPECT_EQ(Tree().GetItemText(Item(name)), name) << "whole";
     wxRect text;
     EXPECT_TRUE(Tree().GetBoundingRect(Item(OpenProject().GetLiquid(0).GetName()), text, true));
     EXPECT_LE(text.GetRight(), wide);
     EXPECT_EQ(width(1600, "A name as long as nobody can give a water and ever read it again in one piece"),
-              m_frame->FromDIP(280));
+              m_frame->FromDIP(305));
     m_frame->Waters().RenameTo(OpenProject().GetLiquid(0), std::string(5'000, 'w'));
     EXPECT_LE(OpenProject().GetLiquid(0).GetName().size(), 100U);
     EXPECT_LT(width(1100, longName), usual);
