@@ -5,6 +5,7 @@
 #include "app/command_line/project_setting.h"
 #include "app/command_line/project_source.h"
 #include "app/command_line/sweep_command.h"
+#include "app/command_line/user_settings.h"
 #include "gui_base/messages/user_message.h"
 #include "projectbase/project/project.h"
 
@@ -188,10 +189,12 @@ int RunCalc(const std::vector<std::string>& args, std::ostream& out, std::ostrea
 {
     try {
         const Options options = ParseOptions(args);
-        if (!options.help)
-            return Calculate(options, out, err);
-        out << kUsage;
-        return 0;
+        if (options.help) {
+            out << kUsage << std::flush;
+            return 0;
+        }
+        TakeUserSettings(err);
+        return Calculate(options, out, err);
     } catch (const UsageError& error) {
         err << "tarnvik calc: " << error.what() << "\n\n" << kUsage;
         return 2;

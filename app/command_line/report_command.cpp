@@ -2,6 +2,7 @@
 #include "app/command_line/report_command.h"
 
 #include "app/command_line/project_source.h"
+#include "app/command_line/user_settings.h"
 #include "app/language/language.h"
 #include "app/modules/base/module.h"
 #include "gui_base/messages/user_message.h"
@@ -213,10 +214,12 @@ int RunReport(const std::vector<std::string>& args, std::ostream& out, std::ostr
 {
     try {
         const Options options = ParseOptions(args);
-        if (options.help)
+        if (options.help) {
             out << kUsage << std::flush;
-        else
-            Write(options, err);
+            return 0;
+        }
+        TakeUserSettings(err);
+        Write(options, err);
         return 0;
     } catch (const UsageError& error) {
         err << "tarnvik report: " << error.what() << "\n\n" << kUsage;

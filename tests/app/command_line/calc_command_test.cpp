@@ -1,5 +1,8 @@
 // SPDX-License-Identifier: MIT
 // What "calc" prints, as a table and as JSON.
+#include "app/command_line/settings_command.h"
+#include "dbinterfaces/project_database.h"
+#include "projectbase/settings/settings.h"
 #include "tests/app/command_line/calc_fixture.h"
 #include "tests/support/locale_scope.h"
 
@@ -24,6 +27,39 @@ TEST_F(Calc, PrintsATableOfWhatIsThere)
     EXPECT_THAT(result.out, ContainsRegex("\n  pH +- *\n"));
     EXPECT_EQ(result.out.find("  Mg"), std::string::npos);
     EXPECT_EQ(result.err, "");
+}
+
+TEST_F(Calc, JudgesByTheSettingsOfTheUser)
+{
+    const std::string path = (m_folder / "softener.tarnvik").string();
+    ProjectFile::Save(iex::IEXProject("SOFT"), path);
+    const auto inAProcessOfItsOwn = [](const auto& run) {
+        Settings::Reset();
+        ProjectDatabase::Close();
+        std::ostringstream out;
+        std::ostringstream err;
+        EXPECT_EQ(run(out, err), 0) << err.str();
+        return out.str();
+    };
+    const auto judged = [&](std::vector<std::string> stored) {
+        inAProcessOfItsOwn(
+            [&](std::ostream& out, std::ostream& err) { return app::RunSettings(stored, out, err); });
+        return nlohmann::json::parse(inAProcessOfItsOwn([&](std::ostream& out, std::ostream& err) {
+            return app::RunCalc(
+                {path, "--set", "ca=6meq/l", "--set", "cl=5.7meq/l", "--set", "fe2=0.2mg/l", "--json"}, out,
+                err);
+        }));
+    };
+    const auto ruleOf = [](const nlohmann::json& told) {
+        return told.at("liquids").at(0).at("evaluation").at("balance").at("rule");
+    };
+    const nlohmann::json own = judged({"balance.rule=5/10", "limit.fe.soft.note=0.1"});
+    EXPECT_EQ(ruleOf(own), "5/10");
+    EXPECT_THAT(own.dump(), HasSubstr("limit.fe.soft"));
+    const nlohmann::json usual = judged({"--reset", "balance.rule", "--reset", "limit.fe.soft.note"});
+    EXPECT_EQ(ruleOf(usual), "SM1030E");
+    EXPECT_THAT(usual.dump(), Not(HasSubstr("limit.fe.soft")));
+    ProjectDatabase::Close();
 }
 
 TEST_F(Calc, TellsOfAlkalinityAndItsContradictions)

@@ -79,7 +79,11 @@ TEST(SettingsCommand, StoresAllThatIsNamedOrNothing)
     std::ostringstream all;
     EXPECT_EQ(app::RunSettings({}, all, all), 0);
     EXPECT_THAT(all.str(), HasSubstr("invalid/setup\ntarn.url2.download=http://127.0.0.1:8080/a?b=c\n"));
-    Settings::Reset();
+    // Other commands take what is stored.
+    EXPECT_EQ(app::RunSettings({"--reset", "temp.init", "--reset", "limit.turbidity.soft.note", "--reset",
+                                "limit.turbidity.soft.warn"},
+                               all, all),
+              0);
     ProjectDatabase::Close();
 }
 
