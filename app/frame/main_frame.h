@@ -76,6 +76,8 @@ public:
     void ShowHelp();
     void ShowHelpContents();
     void ShowAbout();
+    /// Gives the keyboard to the results of the water, whose figures are then read by Tab; shows them first.
+    void FocusResults();
     /// Shows what can be begun with, instead of the pages.
     void ShowStart();
     bool IsStartShown() const;

@@ -13,6 +13,7 @@
 #include "gui_base/support/file_path.h"
 #include "gui_base/support/image_loader.h"
 #include "gui_base/support/translation.h"
+#include "gui_base/water/results/water_results_panel.h"
 #include "projectbase/project/iex_project.h"
 
 #include <wx/aboutdlg.h>
@@ -154,6 +155,12 @@ void MainFrame::ShowAbout()
     info.SetIcon(
         ImageLoader::LoadBundle("icons/tarnvik.svg", FromDIP(wxSize(64, 64))).GetIcon(wxDefaultSize));
     wxAboutBox(info, this);
+}
+
+void MainFrame::FocusResults()
+{
+    m_workArea->ShowPane(WorkPane::Results, true);
+    m_results->SetFocus();
 }
 
 void MainFrame::ShowStart()

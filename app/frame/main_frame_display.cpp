@@ -6,6 +6,7 @@
 #include "gui_base/graphics/diagrams/water_diagram_panel.h"
 #include "gui_base/input/controls/tv_statusbar.h"
 #include "gui_base/input/events.h"
+#include "gui_base/input/validation/validator.h"
 #include "gui_base/report/range_sentence.h"
 #include "gui_base/support/file_path.h"
 #include "gui_base/support/translation.h"
@@ -123,6 +124,10 @@ void MainFrame::Localize()
         m_help->Localize();
     UpdateTitle();
     UpdateRangeMessages();
+    // The status bar tells of the field with the keyboard, which is not entered anew.
+    wxWindow* const field = FindFocus();
+    if (auto* validator = field == nullptr ? nullptr : dynamic_cast<Validator*>(field->GetValidator()))
+        validator->ShowHints();
 }
 
 void MainFrame::ClearMessages()

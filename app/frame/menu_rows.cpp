@@ -215,6 +215,10 @@ constexpr std::array kViewMenu{
                         messages.GetList().SetFocus();
                 },
             .checked = [](const MainFrame& frame) { return frame.GetWorkArea().GetMessages().IsExpanded(); }},
+    MenuRow{.text = wxTRANSLATE("R&ead the results"),
+            .key = "Shift+F7",
+            .action = [](MainFrame& frame) { frame.FocusResults(); },
+            .icon = "read_results"},
     kSeparator,
     MenuRow{.text = wxTRANSLATE("Ne&xt page"),
             .key = "Ctrl+PgDn",

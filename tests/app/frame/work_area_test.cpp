@@ -398,6 +398,22 @@ TEST_F(WorkAreaTest, ResultsSayWhoseTheyAre)
     EXPECT_EQ(name.GetLabelText(), "Water");
 }
 
+TEST_F(WorkAreaTest, KeysLeadIntoTheResults)
+{
+    Area().ShowPane(app::WorkPane::Results, false);
+    WaterPage().FindField("liquid/na.orig")->SetFocus();
+    gui_test::Pump();
+    m_frame->View().SetLanguage("de");
+    gui_test::Pump();
+    EXPECT_EQ(m_frame->GetStatusBar()->GetStatusText(2), "Wert: 6.3") << "of the field that has the focus";
+    m_frame->View().SetLanguage("en");
+    Menu("View", "Read the results");
+    gui_test::Pump();
+    EXPECT_TRUE(Area().IsPaneShown(app::WorkPane::Results));
+    const wxWindow* const results = gui_test::Find<wateranalysis::ResultCard>(Area(), {}, 1).GetParent();
+    EXPECT_TRUE(results->IsDescendant(wxWindow::FindFocus()));
+}
+
 TEST_F(WorkAreaTest, TheNavigatorTellsOfTheBalance)
 {
     const std::string name = OpenProject().GetLiquid(0).GetName();

@@ -57,6 +57,8 @@ public:
     /// call it, since accelerators do not move the focus. Returns false when the commit destroyed the
     /// control.
     bool CommitIfModified();
+    /// Writes the hints of the field with the focus anew, after a change of language.
+    void ShowHints() { UpdateStatusbar(); }
     /// Processes the wxEVT_TEXT_ENTER of a commit on the control.
     void SendTextEventToControl();
 
