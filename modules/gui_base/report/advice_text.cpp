@@ -9,8 +9,11 @@
 #include <fmt/format.h>
 #include <wx/translation.h>
 
+#include <algorithm>
 #include <array>
 #include <cmath>
+#include <initializer_list>
+#include <limits>
 
 namespace wateranalysis {
 namespace {
@@ -46,14 +49,29 @@ std::string WithUnit(double value, int digits, const char* isoUnit, const Report
 }
 
 /// Activities by Davies hold up to there only.
-const char* MarkOf(const advice::Saturation& saturation)
+const char* MarkOf(bool isBeyondActivities)
 {
-    return saturation.isBeyondDavies ? " (I > 0.2)" : "";
+    return isBeyondActivities ? " (I > 0.2)" : "";
+}
+
+/// The text with the amounts in place of its "%s", one after the other.
+std::string Filled(std::string text, std::initializer_list<std::string> amounts)
+{
+    std::size_t from = 0;
+    for (const std::string& amount : amounts) {
+        const std::size_t at = text.find("%s", from);
+        if (at == std::string::npos)
+            break;
+        text.replace(at, 2, amount);
+        from = at + amount.size();
+    }
+    return text;
 }
 
 std::string IndexText(double index, const advice::Saturation& saturation, const ReportContext& context)
 {
-    return std::isnan(index) ? std::string() : FixedNumber(index, kDecimals, context) + MarkOf(saturation);
+    return std::isnan(index) ? std::string()
+                             : FixedNumber(index, kDecimals, context) + MarkOf(saturation.isBeyondDavies);
 }
 
 }  // namespace
@@ -61,8 +79,10 @@ std::string IndexText(double index, const advice::Saturation& saturation, const 
 std::string AdviceSentence(const advice::Advice& advice, const ReportContext& context)
 {
     return ToldSentence(
-        context.Translated(advice.sentence), context.Translated(advice.label), advice.value, advice.limit,
-        kDigits, [&](double number, int digits) { return WithUnit(number, digits, advice.unit, context); });
+               context.Translated(advice.sentence), context.Translated(advice.label), advice.value,
+               advice.limit, kDigits,
+               [&](double number, int digits) { return WithUnit(number, digits, advice.unit, context); }) +
+           MarkOf(advice.isBeyondActivities);
 }
 
 std::string AdviceSource(const advice::Advice& advice, const ReportContext& context)
@@ -71,22 +91,45 @@ std::string AdviceSource(const advice::Advice& advice, const ReportContext& cont
         return context.Translated(advice.source);
     if (std::isnan(*advice.usual))
         return context.Translated(wxTRANSLATE("Set by the user; usually there is no limit"));
-    std::string text = context.Translated(wxTRANSLATE("Set by the user; usual is %s"));
-    if (const auto place = text.find("%s"); place != std::string::npos)
-        text.replace(place, 2, WithUnit(*advice.usual, kDigits, advice.unit, context));
-    return text;
+    return Filled(context.Translated(wxTRANSLATE("Set by the user; usual is %s")),
+                  {WithUnit(*advice.usual, kDigits, advice.unit, context)});
 }
 
 std::string AdviceReason(const advice::Advice& advice, const ReportContext& context)
 {
-    return fmt::format("{}\n{}: {}", context.Translated(advice.reason),
-                       context.Translated(wxTRANSLATE("Source")), AdviceSource(advice, context));
+    std::string reason = context.Translated(advice.reason);
+    if (advice.acid)
+        reason +=
+            ". " + Filled(context.Translated(wxTRANSLATE(
+                              "With %s calcium in the feed spent acid can hold %s times what dissolves of "
+                              "gypsum")),
+                          {context.Number(advice.acid->calciumShare, kDigits) + " %",
+                           FixedNumber(advice.acid->supersaturation, 1, context)});
+    return fmt::format("{}\n{}: {}", reason, context.Translated(wxTRANSLATE("Source")),
+                       AdviceSource(advice, context));
 }
 
 std::string SeverityText(advice::Severity severity, const ReportContext& context)
 {
     return context.Translated(severity == advice::Severity::Warn ? wxTRANSLATE("Warning")
                                                                  : wxTRANSLATE("Note"));
+}
+
+std::string RyznarReading(double index, const ReportContext& context)
+{
+    struct Band
+    {
+        double below;
+        const char* reading;
+    };
+    // As tables of the index commonly have them.
+    constexpr std::array kBands{
+        Band{5.5, wxTRANSLATE("heavy scale")}, Band{6.2, wxTRANSLATE("scale")},
+        Band{6.8, wxTRANSLATE("no difficulty")}, Band{8.5, wxTRANSLATE("aggressive")},
+        Band{std::numeric_limits<double>::infinity(), wxTRANSLATE("very aggressive")}};
+    const auto* const band =
+        std::ranges::find_if(kBands, [index](const Band& each) { return index < each.below; });
+    return band == kBands.end() ? std::string() : context.Translated(band->reading);
 }
 
 std::vector<SaturationRow> SaturationRows(const advice::Saturation& saturation, const ReportContext& context)
@@ -100,7 +143,10 @@ std::vector<SaturationRow> SaturationRows(const advice::Saturation& saturation, 
         {context.Translated(wxTRANSLATE("Langelier index, simplified form")),
          text(saturation.langelierSimplified)},
         {context.Translated(wxTRANSLATE("pH of saturation")), text(saturation.pHs)},
-        {context.Translated(wxTRANSLATE("Ryznar index")), text(saturation.ryznar)}};
+        {context.Translated(wxTRANSLATE("Ryznar index")),
+         std::isnan(saturation.ryznar)
+             ? std::string()
+             : fmt::format("{}, {}", text(saturation.ryznar), RyznarReading(saturation.ryznar, context))}};
     for (const auto& [mineral, name] : kMineralNames)
         rows.push_back({context.Translated(name), text(saturation.Index(mineral))});
     rows.push_back({context.Translated(wxTRANSLATE("Amorphous silica")), text(saturation.silica)});
@@ -118,7 +164,7 @@ std::string MineralText(const advice::Saturation& saturation, int decimals, cons
             text += fmt::format("{}{}\u00a0{}", text.empty() ? "" : ", ", context.Translated(name),
                                 FixedNumber(index, decimals, context));
     }
-    return text.empty() ? text : text + MarkOf(saturation);
+    return text.empty() ? text : text + MarkOf(saturation.isBeyondDavies);
 }
 
 std::string LangelierReading(double index, const ReportContext& context)

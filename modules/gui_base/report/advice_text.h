@@ -38,6 +38,8 @@ GUI_BASE_REPORT_EXPORT std::vector<SaturationRow> SaturationRows(const advice::S
 /// "Gypsum -1.2, barite 0.6".
 GUI_BASE_REPORT_EXPORT std::string MineralText(const advice::Saturation& saturation, int decimals,
                                                const ReportContext& context);
+/// What an index of Ryznar means, by its usual bands; empty for one that is not known.
+GUI_BASE_REPORT_EXPORT std::string RyznarReading(double index, const ReportContext& context);
 /// What an index of Langelier means: "balanced"; empty for one that is not known.
 GUI_BASE_REPORT_EXPORT std::string LangelierReading(double index, const ReportContext& context);
 

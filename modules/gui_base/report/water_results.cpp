@@ -2,7 +2,6 @@
 #include "gui_base/report/water_results.h"
 
 #include "core/ion_table.h"
-#include "core/ion_units.h"
 #include "gui_base/report/advice_text.h"
 #include "gui_base/report/balance_text.h"
 #include "projectbase/advice/evaluation.h"
@@ -62,7 +61,7 @@ struct Facts
 std::string InOtherUnits(const Facts& facts, double meq)
 {
     const auto in = [&](std::string_view unit) {
-        return facts.Amount(ions::FromMeqPerLitre(meq, unit, 0.0), unit, kDigits);
+        return facts.Amount(advice::HardnessIn(meq, unit), unit, kDigits);
     };
     std::string text = in(kCalciumCarbonate);
     if (text.empty() || facts.context.unitSystem == "us")
@@ -192,9 +191,13 @@ void ShowLangelier(const Facts& facts, ResultTile& tile)
                    ? std::string()
                    : fmt::format("\n{}: {}", facts.Tr(source), FixedNumber(value, 2, facts.context));
     };
-    tile.explanation += line(wxTRANSLATE("pH of saturation"), saturation.pHs) +
-                        line(wxTRANSLATE("Langelier index without ion pairs"), saturation.langelierByHand) +
-                        line(wxTRANSLATE("Langelier index, simplified form"), saturation.langelierSimplified);
+    tile.explanation +=
+        line(wxTRANSLATE("pH of saturation"), saturation.pHs) +
+        line(wxTRANSLATE("Langelier index without ion pairs"), saturation.langelierByHand) +
+        line(wxTRANSLATE("Langelier index, simplified form"), saturation.langelierSimplified) +
+        fmt::format("\n{}: {}, {}", facts.Tr(wxTRANSLATE("Ryznar index")),
+                    FixedNumber(saturation.ryznar, 1, facts.context),
+                    RyznarReading(saturation.ryznar, facts.context));
     tile.address = facts.At("liquid/ph");
 }
 

@@ -2,13 +2,13 @@
 #include "gui_base/report/water_tables.h"
 
 #include "core/detection_limit.h"
-#include "core/ion_units.h"
 #include "dbinterfaces/master_database.h"
 #include "gui_base/report/balance_text.h"
 #include "gui_base/report/range_sentence.h"
 #include "gui_base/water/rows/ion_rows.h"
 #include "gui_base/water/rows/property_rows.h"
 #include "projectbase/advice/balance_judgement.h"
+#include "projectbase/advice/water_numbers.h"
 #include "projectbase/details/date_text.h"
 #include "projectbase/details/detail_display.h"
 #include "projectbase/water/alkalinity.h"
@@ -181,10 +181,10 @@ report::Table IonTable(const DetailList& details, std::span<const IonRow> rows, 
 report::Row HardnessRow(const std::string& label, double meq, bool divalent, const ReportContext& context)
 {
     const auto in = [&](std::string_view unit) {
-        return Cell{context.Number(ions::FromMeqPerLitre(meq, unit, 0.0), kDigits)};
+        return Cell{context.Number(advice::HardnessIn(meq, unit), kDigits)};
     };
     return {.cells = {{label},
-                      in(ions::kMeqPerLitre),
+                      {context.Number(meq, kDigits)},
                       {divalent ? context.Number(meq / kMeqPerMmolHardness, kDigits) : std::string()},
                       in("\u00b0d"),
                       in("ppm CaCO3")}};

@@ -97,6 +97,10 @@ bool IsDemiWeak(const PlantKind& plant)
 {
     return plant.column == Column::Demineralisation && plant.hasWeak;
 }
+bool IsDemiAnion(const PlantKind& plant)
+{
+    return plant.column == Column::Demineralisation && plant.hasAnion;
+}
 bool IsDemiGel(const PlantKind& plant)
 {
     return plant.column == Column::Demineralisation && plant.hasGelAnion;
@@ -152,15 +156,15 @@ constexpr std::array kRows{
     LimitRow{"femn.soft", kIronAndManganese, kSoftening, kTotalIron, kStated, kIronFouls, kIllinois, kSoft,
              IronAndManganese, true},
     LimitRow{"femn.demi", kIronAndManganese, kDemineralising, kTotalIron, kStated, kIronFouls, kWisconsin,
-             kDemi, IronAndManganese, true},
+             IsDemiAnion, IronAndManganese, true},
     LimitRow{"cl.gel", kFreeChlorine, kGelCation, kChlorine, kUsual, kChlorineSplits, kPractice, IsSoftGel,
              Value<kChlorine>},
     LimitRow{"cl.macro", kFreeChlorine, kMacroCation, kChlorine, kUsual, kChlorineSplits, kPractice, kSoft,
              Value<kChlorine>},
     LimitRow{"cl.weak", kFreeChlorine, kWeakResins, kChlorine, kUsual, kChlorineSplits, kPractice, IsDemiWeak,
              Value<kChlorine>},
-    LimitRow{"cl.strong", kFreeChlorine, kStrongAnion, kChlorine, kUsual, kChlorineSplits, kPractice, kDemi,
-             Value<kChlorine>},
+    LimitRow{"cl.strong", kFreeChlorine, kStrongAnion, kChlorine, kUsual, kChlorineSplits, kPractice,
+             IsDemiAnion, Value<kChlorine>},
     LimitRow{"cl.polish", kFreeChlorine, kPolishing, kChlorine, kUsual, kChlorineSplits, kPractice, kPolish,
              Value<kChlorine>},
     LimitRow{"turbidity.soft", wxTRANSLATE("Turbidity"), kSoftening, kTurbidity, kAbove, kSolidsClog,
@@ -183,8 +187,8 @@ constexpr std::array kRows{
              Value<kOil>},
     LimitRow{"toc.gel", wxTRANSLATE("TOC"), kGelAnion, kOrganic, kUsual, kOrganicsStay, kPractice, IsDemiGel,
              Value<kOrganic>},
-    LimitRow{"toc.open", wxTRANSLATE("TOC"), kOpenAnion, kOrganic, kUsual, kOrganicsStay, kPractice, kDemi,
-             Value<kOrganic>},
+    LimitRow{"toc.open", wxTRANSLATE("TOC"), kOpenAnion, kOrganic, kUsual, kOrganicsStay, kPractice,
+             IsDemiAnion, Value<kOrganic>},
     LimitRow{"toc.polish", wxTRANSLATE("TOC"), kPolishing, kOrganic, kUsual, kOrganicsStay, kPractice,
              IsPolishedAnion, Value<kOrganic>},
     LimitRow{"h2s.soft", wxTRANSLATE("H2S"), kSoftening, kSulfide, kUsual, kSulfideFouls, kPractice, kSoft,

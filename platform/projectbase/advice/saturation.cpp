@@ -2,6 +2,7 @@
 #include "projectbase/advice/saturation.h"
 
 #include "core/ion_table.h"
+#include "projectbase/water/alkalinity.h"
 #include "projectbase/water/carbonic_acid.h"
 #include "projectbase/water/normalization.h"
 #include "projectbase/water/speciation.h"
@@ -361,13 +362,19 @@ Saturation SaturationOf(const DetailList& liquid)
     result.ionicStrength = free.ionicStrength;
     constexpr double kLimitOfDavies = 0.2;
     result.isBeyondDavies = free.ionicStrength > kLimitOfDavies;
-    for (std::size_t i = 0; i < kMinerals; ++i)
-        result.indices[i] = SaturationIndex(static_cast<Mineral>(i), free, sample.celsius);
+    const bool isAlkalinityKnown = water::IsAlkalinityKnown(liquid);
+    for (std::size_t i = 0; i < kMinerals; ++i) {
+        const auto mineral = static_cast<Mineral>(i);
+        // What the pH alone leaves of alkalinity is the rounding of H+ and OH-.
+        const bool isCarbonate = mineral == Mineral::Calcite || mineral == Mineral::Aragonite;
+        if (isAlkalinityKnown || !isCarbonate)
+            result.indices[i] = SaturationIndex(mineral, free, sample.celsius);
+    }
     const double silica = liquid.At("liquid/sio2.mgl").GetDoubleValue() /
                           SilicaSolubility(sample.celsius, sample.pH, free.logGamma);
     result.silica = Log(silica);
     result.silicaPercent = silica > 0.0 ? 100.0 * silica : kUnknown;
-    if (!IsInRangeOfLangelier(sample, free))
+    if (!isAlkalinityKnown || !IsInRangeOfLangelier(sample, free))
         return result;
     result.langelier = result.Index(Mineral::Calcite);
     result.pHs = sample.pH - result.langelier;

@@ -173,12 +173,14 @@ public:
                        .anchor = rule.anchor,
                        .address = std::move(address)});
     }
-    /// The figure itself is in order. What is not known is not above anything.
-    void AddAbove(const Rule& rule, double value, double limit, DetailAddress address)
+    /// Whether it was said. The figure itself is in order; what is not known is not above anything.
+    bool AddAbove(const Rule& rule, double value, double limit, DetailAddress address)
     {
         constexpr double kRounding = 1e-9;
-        if (value > limit + kRounding * std::abs(limit))
+        const bool isAbove = value > limit + kRounding * std::abs(limit);
+        if (isAbove)
             Add(rule, value, limit, std::move(address));
+        return isAbove;
     }
 
     std::vector<Advice> all;
@@ -197,6 +199,8 @@ void JudgeSaturation(const LiquidData& water, const Saturation& saturation, Coll
         if (std::ranges::all_of(row.ions, isFound))
             collected.AddAbove(row.rule, saturation.Index(row.mineral), 0.0, at("liquid/ca.orig"));
     }
+    for (Advice& index : collected.all)
+        index.isBeyondActivities = saturation.isBeyondDavies;
     if (isFound("sio2"))
         collected.AddAbove(kSilica, saturation.silicaPercent, kWhole, at("liquid/sio2.orig"));
 }
@@ -231,10 +235,16 @@ void JudgeAcid(const design::CompartmentDesign& bed, double calciumShare, Collec
     if (std::isnan(calciumShare))
         return;
     const AcidSteps steps = AcidStepsFor(calciumShare);
-    collected.AddAbove(kAcidFirst, first, steps.first, at(keys.first));
+    const auto judge = [&](const Rule& rule, std::string_view key, double limit) {
+        const double percent = Value(node, key);
+        if (collected.AddAbove(rule, percent, limit, at(key)))
+            collected.all.back().acid = AcidFiguresOf(kWhole * calciumShare, percent,
+                                                      design::SolutionDensity(*bed.chemical, percent));
+    };
+    judge(kAcidFirst, keys.first, steps.first);
     if (!isTwoSteps)
         return;
-    collected.AddAbove(kAcidSecond, Value(node, keys.second), steps.second, at(keys.second));
+    judge(kAcidSecond, keys.second, steps.second);
     // A first step that is weak enough has to last long enough.
     const double portion = Value(node, keys.firstPortion);
     if (Value(node, keys.second) > steps.first && portion < steps.firstPortion)
@@ -395,6 +405,14 @@ void JudgeLimits(const Project& project, const LiquidData& water, Collected& col
 }
 
 }  // namespace
+
+AcidFigures AcidFiguresOf(double calciumShare, double percent, double density)
+{
+    constexpr double kEquivalentOfAcid = 0.04904;  // g/meq
+    constexpr double kGypsum = 35.0;               // meq/l of calcium
+    const double strength = 10.0 * percent * density / kEquivalentOfAcid;
+    return {calciumShare, calciumShare / kWhole * strength / kGypsum};
+}
 
 AcidSteps AcidStepsFor(double calciumShare)
 {

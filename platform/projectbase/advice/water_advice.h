@@ -25,6 +25,16 @@ enum class Severity
     Warn
 };
 
+/// What spent sulfuric acid holds at most, as if it took the calcium off in the share that the feed has.
+struct AcidFigures
+{
+    double calciumShare = 0.0;  ///< percent of the cations
+    double supersaturation =
+        0.0;  ///< calcium over what dissolves of gypsum, about 35 meq/l in weak acid at 25 °C
+};
+/// Of acid of so many percent by mass and density in kg/l.
+PROJECTBASE_EXPORT AcidFigures AcidFiguresOf(double calciumShare, double percent, double density);
+
 struct Advice
 {
     std::string id;  ///< the same in every language: "limit.fe.soft", "baso4"
@@ -41,6 +51,10 @@ struct Advice
     DetailAddress address;    ///< where the value is typed
     /// The limit that the program comes with where the user set another one; not a number where it has none.
     std::optional<double> usual = std::nullopt;
+    /// An index of a water beyond the ionic strength that its activities hold for.
+    bool isBeyondActivities = false;
+    /// Of sulfuric acid on a strong-acid resin, to explain the rule.
+    std::optional<AcidFigures> acid = std::nullopt;
 };
 
 /// The page of the user guide that explains all of it.

@@ -5,6 +5,7 @@
 #include "projectbase/costs/project_costs.h"
 #include "projectbase/project/iex_project.h"
 #include "projectbase/sequence/sequence_calculation.h"
+#include "projectbase/water/alkalinity.h"
 #include "projectbase/water/alkalization.h"
 #include "projectbase/water/detection_limits.h"
 #include "projectbase/water/laboratory_import.h"
@@ -14,6 +15,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <initializer_list>
 #include <string_view>
@@ -46,6 +48,8 @@ double OrNothing(double amount)
 
 double CarbonOf(const DetailList& liquid, const WaterNumbers& numbers)
 {
+    if (std::isnan(numbers.m))
+        return kNotKnown;
     if (std::isfinite(numbers.p) || std::isfinite(water::PhOf(liquid))) {
         constexpr double kRounding = 1e-6;
         const double carbon = numbers.m - numbers.p;
@@ -61,12 +65,14 @@ double FreeCo2(const DetailList& liquid, const WaterNumbers& numbers)
 {
     const water::Composition composition = water::WholeComposition(liquid);
     const double celsius = liquid.At("liquid/temp").GetDoubleValue();
+    const double stated = water::Co2Of(liquid);
+    // Without the alkalinity the pH tells nothing of CO2.
+    if (std::isnan(numbers.m))
+        return stated > 0.0 ? stated : kNotKnown;
     if (const double co2 = water::Co2OfPh(composition, water::PhOf(liquid), celsius); std::isfinite(co2))
         return co2;
-    if (std::isnan(numbers.p)) {
-        const double stated = water::Co2Of(liquid);
+    if (std::isnan(numbers.p))
         return std::isnan(numbers.carbon) || stated == 0.0 ? kNotKnown : stated;
-    }
     return std::max(0.0,
                     numbers.carbon - composition[water::Species::Hco3] - composition[water::Species::Co3]);
 }
@@ -83,8 +89,10 @@ void SetCations(const DetailList& liquid, bool isClosed, WaterNumbers& numbers)
 void SetAnions(const DetailList& liquid, WaterNumbers& numbers)
 {
     const auto value = [&liquid](const char* key) { return liquid.At(key).GetDoubleValue(); };
-    numbers.m = UnlessNothing(liquid, value("liquid/alkalinity.m"), {"hco3", "co3", "oh.minus"});
-    numbers.p = std::isnan(numbers.m) ? kNotKnown : value("liquid/alkalinity.p");
+    if (water::IsAlkalinityKnown(liquid)) {
+        numbers.m = value("liquid/alkalinity.m");
+        numbers.p = value("liquid/alkalinity.p");
+    }
     numbers.acidity =
         UnlessNothing(liquid, value("liquid/ema"), {"cl", "so4", "no3", "no2", "f", "br", "po4"});
     numbers.carbon = CarbonOf(liquid, numbers);
@@ -162,6 +170,20 @@ DailyLoads LoadsOfDay(const WaterNumbers& numbers, double volume)
             .carbonate = volume * numbers.carbonateLoad,
             .acidity = volume * numbers.acidity,
             .anions = volume * numbers.anionLoad};
+}
+
+double HardnessIn(double meq, std::string_view unit)
+{
+    struct Degree
+    {
+        std::string_view unit;
+        double calciumCarbonate;  ///< mg/l
+    };
+    constexpr std::array kDegrees{Degree{"ppm CaCO3", 1.0}, Degree{"\u00b0d", 17.848},
+                                  Degree{"\u00b0f", 10.0}, Degree{"\u00b0e", 14.254}};
+    const auto* const degree = std::ranges::find(kDegrees, unit, &Degree::unit);
+    return degree == kDegrees.end() ? kNotKnown
+                                    : 1e3 * kKilogramCaCo3PerEquivalent * meq / degree->calciumCarbonate;
 }
 
 double VolumeOfDay(const Project& project)

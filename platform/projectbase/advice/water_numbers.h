@@ -8,6 +8,7 @@
 #include "projectbase/projectbase_export.h"
 
 #include <limits>
+#include <string_view>
 
 class Project;
 
@@ -61,6 +62,11 @@ PROJECTBASE_EXPORT DailyLoads LoadsOfDay(const WaterNumbers& numbers, double vol
 
 /// kg of CaCO3 that are as many equivalents.
 inline constexpr double kKilogramCaCo3PerEquivalent = 0.050043;
+
+/// An amount in meq/l as hardness and alkalinity are given: in "ppm CaCO3" (mg/l) or in degrees, "°d" (10
+/// mg/l of CaO), "°f" (10 mg/l of CaCO3) or "°e" (a grain of CaCO3 a gallon). Not a number in any other unit.
+/// For input laboratories' rounded factors hold, as `ions::ToMeqPerLitre` has them.
+PROJECTBASE_EXPORT double HardnessIn(double meq, std::string_view unit);
 
 /// m³ of water that all lines take on an average day: flow times the hours of service, as many cycles of
 /// running time and regeneration as a day has; the running time itself, a day at most, where nothing is

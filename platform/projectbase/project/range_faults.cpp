@@ -209,11 +209,11 @@ void AddBalanceFault(const DetailList& details, std::vector<RangeFault>& faults)
     if (judged.verdict != advice::BalanceVerdict::OverLimit)
         return;
     const bool isAmount = judged.isLimitOfDifference;
-    const double exact = std::abs(isAmount ? judged.difference : judged.error);
+    const double exact = isAmount ? judged.difference : judged.error;
     const double rounded = ToThreeDigits(exact);
     faults.push_back({.address = {{}, "liquid/balance.auto"},
                       .label = details.At("liquid/balance.error").GetLabel(),
-                      .value = rounded > judged.limit ? rounded : exact,
+                      .value = std::abs(rounded) > judged.limit ? rounded : exact,
                       .limit = judged.limit,
                       .unit = isAmount ? "meq/l" : "%",
                       .sentence = SentenceOf(judged)});

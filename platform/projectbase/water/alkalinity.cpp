@@ -3,6 +3,8 @@
 
 #include "core/ion_units.h"
 #include "projectbase/water/alkalization.h"
+#include "projectbase/water/carbonic_acid.h"
+#include "projectbase/water/detection_limits.h"
 #include "projectbase/water/ion_rows.h"
 #include "projectbase/water/totals.h"
 
@@ -83,6 +85,14 @@ bool IsAlkalinityReported(const DetailList& liquid)
 {
     return ReportedAlkalinity(liquid, 'm').has_value() &&
            liquid.At("liquid/analysis.type").GetStdStringValue() == "FULL";
+}
+
+bool IsAlkalinityKnown(const DetailList& liquid)
+{
+    const auto isFound = [&liquid](const char* key) { return liquid.At(key).GetDoubleValue() > 0.0; };
+    return isFound("liquid/hco3.meql") || isFound("liquid/co3.meql") || IsBelowDetection(liquid, "hco3") ||
+           IsBelowDetection(liquid, "co3") || IsAlkalinityReported(liquid) ||
+           PhOf(liquid) < kLowestBicarbonatePh;
 }
 
 void SplitReportedAlkalinity(DetailList& liquid)

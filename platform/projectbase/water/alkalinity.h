@@ -33,6 +33,10 @@ PROJECTBASE_EXPORT std::optional<double> ReportedAlkalinity(const DetailList& li
 /// Whether an m-value stands for bicarbonate and carbonate. A short analysis has none.
 PROJECTBASE_EXPORT bool IsAlkalinityReported(const DetailList& liquid);
 
+/// Whether the alkalinity of a water is known: bicarbonate, carbonate or the m-value was found or looked for,
+/// or the pH leaves no bicarbonate. What the pH alone makes of H+ and OH- is no analysis of it.
+PROJECTBASE_EXPORT bool IsAlkalinityKnown(const DetailList& liquid);
+
 /// Sets the normalised bicarbonate and carbonate of a water whose m-value was reported: with its pH by the
 /// equilibrium of carbonic acid, at its temperature and with what closes its balance in it, so that the
 /// m-value of the whole is the one reported; without a pH by titration. Nothing happens to other waters.

@@ -18,7 +18,7 @@ void Add(std::vector<BarSegment>& bar, BarPart part, double meq, bool isClosing 
 
 IonBars BarsOf(const WaterIons& ions)
 {
-    // The H+ of a neutral water is nothing that could be seen.
+    // The H+ and OH- of a neutral water are nothing that could be seen.
     constexpr double kVisible = 1e-3;
     const auto visible = [](double amount, double sum) { return amount < kVisible * sum ? 0.0 : amount; };
     IonBars bars;
@@ -31,7 +31,7 @@ IonBars BarsOf(const WaterIons& ions)
     Add(bars.cations, BarPart::Manganese, ions.manganese);
     Add(bars.cations, BarPart::OtherCations, visible(ions.otherCations, ions.CationSum()));
     Add(bars.cations, BarPart::Sodium, ions.closingSodium, true);
-    Add(bars.anions, BarPart::Alkalinity, ions.bicarbonate + ions.hydroxide);
+    Add(bars.anions, BarPart::Alkalinity, ions.bicarbonate + visible(ions.hydroxide, ions.AnionSum()));
     Add(bars.anions, BarPart::Sulfate, ions.sulfate);
     Add(bars.anions, BarPart::Chloride, ions.chloride);
     Add(bars.anions, BarPart::Nitrate, ions.nitrate);

@@ -78,13 +78,13 @@ protected:
 
 TEST_F(WaterResultsPanelTest, TilesFollowTheProject)
 {
-    EXPECT_EQ(Spoken("Total hardness"), "Total hardness: 8 meq/l, 400 ppm CaCO3, 22.4 °d");
+    EXPECT_EQ(Spoken("Total hardness"), "Total hardness: 8 meq/l, 400.3 ppm CaCO3, 22.43 °d");
     EXPECT_EQ(Spoken("Carbonate hardness"), "Carbonate hardness: 5 meq/l, non-carbonate 3 meq/l");
     EXPECT_EQ(Spoken("Equivalent mineral acidity"),
               "Equivalent mineral acidity: 4 meq/l, by cations less alkalinity 4 meq/l");
     EXPECT_EQ(Spoken("pH"), "pH: \u2013") << "nobody measured it";
     EXPECT_EQ(Spoken("Load of a day"), "Load of a day: \u2013");
-    EXPECT_EQ(Plain(Tile("Total hardness").GetName()), "Total hardness: 8 meq/l, 400 ppm CaCO3, 22.4 °d");
+    EXPECT_EQ(Plain(Tile("Total hardness").GetName()), "Total hardness: 8 meq/l, 400.3 ppm CaCO3, 22.43 °d");
 
     const std::size_t before = m_panel->GetChangedCards();
     support::Put(m_project, "", "project/title", std::string("Other"));

@@ -114,6 +114,16 @@ TEST(ResinLimits, EveryLimitBeginsWhereItStands)
     EXPECT_EQ(Ids(softener, "limit."), "") << "organic matter does no harm to cation resins";
 }
 
+TEST(ResinLimits, LimitsOfAnionResinsNeedOne)
+{
+    iex::IEXProject weakAcidAlone("DEALK");
+    Put(weakAcidAlone, "water.1", kOrganic, 900.0);
+    Put(weakAcidAlone, "water.1", "liquid/cl.free", 0.2);
+    Put(weakAcidAlone, "water.1", kManganese, 0.04);
+    Put(weakAcidAlone, "water.1", kIron, 2.0);
+    EXPECT_EQ(Ids(weakAcidAlone, "limit."), "limit.fe.demi! limit.cl.weak");
+}
+
 TEST(ResinLimits, IronAndManganeseTogetherWarnAtTheFigureItself)
 {
     constexpr double kLittle = 0.04;  // mg/l of manganese, which no limit of its own forbids

@@ -120,6 +120,9 @@ TEST(WaterAdvice, SulfuricAcidThatMakesGypsum)
     ASSERT_NE(first, advice.end());
     EXPECT_EQ(first->value, 3.0);
     EXPECT_EQ(first->limit, 1.5);
+    ASSERT_TRUE(first->acid);
+    EXPECT_NEAR(first->acid->calciumShare, 78.0, 0.5);
+    EXPECT_NEAR(first->acid->supersaturation, 0.78 * 623.0 / 35.0, 0.2) << "spent acid of 3 %";
     EXPECT_EQ(first->address,
               (DetailAddress{found.project.FindOwner("ex.1.comp.1")->GetOwner(), "stepcomp/konz.d"}));
 

@@ -2,7 +2,6 @@
 #include "projectbase/advice/water_numbers.h"
 
 #include "core/ion_table.h"
-#include "core/ion_units.h"
 #include "projectbase/advice/balance_judgement.h"
 #include "projectbase/sequence/sequence_calculation.h"
 #include "projectbase/water/alkalinity.h"
@@ -32,8 +31,8 @@ TEST(WaterNumbers, OfAHardGroundwater)
     WaterUnderTest water = GroundWater();
     const advice::WaterNumbers numbers = advice::NumbersOf(water.Details());
     ExpectNear(numbers.hardness, 8.851, "hardness");
-    ExpectNear(ions::FromMeqPerLitre(numbers.hardness, "ppm CaCO3", 0.0), 442.9, "hardness as CaCO3");
-    ExpectNear(ions::FromMeqPerLitre(numbers.hardness, "°d", 0.0), 24.8, "degrees");
+    ExpectNear(advice::HardnessIn(numbers.hardness, "ppm CaCO3"), 442.9, "hardness as CaCO3");
+    ExpectNear(advice::HardnessIn(numbers.hardness, "°d"), 24.8, "degrees");
     ExpectNear(numbers.carbonate, 5.555, "carbonate hardness");
     ExpectNear(numbers.nonCarbonate, 3.296, "non-carbonate hardness");
     EXPECT_EQ(numbers.sodiumAlkalinity, 0.0);
@@ -138,8 +137,8 @@ TEST(WaterNumbers, CarbonWithoutPh)
         else
             EXPECT_NEAR(numbers.co2, c.co2, 1e-3) << c.m << " " << c.p;
     }
-    ExpectNear(ions::FromMeqPerLitre(3.60, "ppm CaCO3", 0.0), 180.2, "m as CaCO3");
-    ExpectNear(ions::FromMeqPerLitre(3.60, "°d", 0.0), 10.09, "degrees");
+    ExpectNear(advice::HardnessIn(3.60, "ppm CaCO3"), 180.2, "m as CaCO3");
+    ExpectNear(advice::HardnessIn(3.60, "°d"), 10.09, "degrees");
 }
 
 TEST(WaterNumbers, FormsByPhCoexist)
@@ -176,6 +175,16 @@ TEST(WaterNumbers, WhatIsNotKnownStaysUnknown)
     const advice::WaterNumbers first = advice::NumbersOf(begun.Details());
     EXPECT_TRUE(std::isnan(first.hardness) && std::isnan(first.m) && std::isnan(first.carbonate));
     EXPECT_NEAR(first.acidity, 2.0, 1e-12);
+    EXPECT_TRUE(std::isnan(first.carbon) && std::isnan(first.anionLoad) && std::isnan(first.co2))
+        << "nobody looked for bicarbonate";
+    begun.Set("ph", 7.0).Update();
+    const advice::WaterNumbers measured = advice::NumbersOf(begun.Details());
+    EXPECT_TRUE(std::isnan(measured.m) && std::isnan(measured.carbon) && std::isnan(measured.co2))
+        << "a pH is no alkalinity";
+    begun.Set("ph", 2.0).Update();
+    EXPECT_NEAR(advice::NumbersOf(begun.Details()).carbon, 0.0, 1e-9) << "nor has an acid water any";
+    EXPECT_LT(advice::NumbersOf(begun.Details()).m, -5.0);
+    begun.Set("ph", std::nan(""));
     begun.Type("hco3", -0.1, "meq/l").Type("ca", -0.2, "meq/l").Set("limits", "ZERO").Update();
     EXPECT_EQ(advice::NumbersOf(begun.Details()).m, 0.0) << "looked for";
     EXPECT_EQ(advice::NumbersOf(begun.Details()).hardness, 0.0);
@@ -190,6 +199,14 @@ TEST(WaterNumbers, WhatIsNotKnownStaysUnknown)
     soft.Type("na", 3.0, "meq/l").Type("hco3", 3.0, "meq/l").Type("ca", 1.0, "meq/l").Update();
     EXPECT_NEAR(advice::NumbersOf(soft.Details()).sodiumAlkalinity, 2.0, 1e-9);
     EXPECT_NEAR(advice::NumbersOf(soft.Details()).nonCarbonate, 0.0, 1e-9);
+}
+
+TEST(WaterNumbers, DegreesAreThoseOfTheirDefinitions)
+{
+    for (const auto& [unit, amount] :
+         {std::pair("ppm CaCO3", 50.043), {"°d", 2.804}, {"°f", 5.004}, {"°e", 3.511}})
+        EXPECT_NEAR(advice::HardnessIn(1.0, unit), amount, 5e-4) << unit;
+    EXPECT_TRUE(std::isnan(advice::HardnessIn(1.0, "mg/l")));
 }
 
 TEST(WaterNumbers, ClosingIonsCountWithAutomaticBalancing)
