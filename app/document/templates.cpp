@@ -26,6 +26,8 @@ std::optional<std::string> DetailKey(const std::string& column)
         return "liquid/ph";
     if (column == "m_value_mmol_l")
         return "liquid/alkalinity.m.orig";
+    if (column == "conductivity_25_us_cm")
+        return "liquid/cond25.measured.orig";
     const auto isIon = [&column](const auto& keys) {
         return std::find(keys.begin(), keys.end(), column) != keys.end();
     };

@@ -132,13 +132,9 @@ struct ModuleLook
     wxSize size;
     const char* language = nullptr;
     const char* unitSystem = nullptr;
-    bool isOfWidePagesOnly = false;
 };
 
 namespace {
-
-/// Pages that have most to lay out, and so long texts most to push aside.
-constexpr std::array<std::string_view, 4> kWidePages{"water", "feed", "diagrams", "design"};
 
 const std::array<ModuleLook, 10>& ModuleLooks()
 {
@@ -149,10 +145,10 @@ const std::array<ModuleLook, 10>& ModuleLooks()
         {"_us_units", {1600, 1000}, nullptr, "us"},
         {"_german", {1600, 1000}, "de"},
         {"_german_narrow", {1024, 768}, "de"},
-        {"_german_wide", {2560, 1400}, "de", nullptr, true},
+        {"_german_wide", {2560, 1400}, "de"},
         {"_french", {1600, 1000}, "fr"},
         {"_french_narrow", {1024, 768}, "fr"},
-        {"_french_wide", {2560, 1400}, "fr", nullptr, true},
+        {"_french_wide", {2560, 1400}, "fr"},
     }};
     return looks;
 }
@@ -240,9 +236,7 @@ void Tour::TakeModules()
             // What does not fit the display is not drawn.
             const wxSize display = wxDisplay().GetGeometry().GetSize();
             const bool fits = look.size.x <= display.x && look.size.y <= display.y;
-            const bool isWanted =
-                !look.isOfWidePagesOnly || std::ranges::find(kWidePages, module.id) != kWidePages.end();
-            if (fits && isWanted && (look.language == nullptr || HasLanguage(look.language)))
+            if (fits && (look.language == nullptr || HasLanguage(look.language)))
                 TakeModule(module, look);
         }
     }

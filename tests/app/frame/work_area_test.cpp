@@ -495,7 +495,21 @@ TEST_F(WorkAreaTest, TheWindowOutlivesTheProgram)
     EXPECT_LT(place(), open) << "what is folded gives its room to the ions";
     const int folded = place();
     EXPECT_GT(folded, title.GetPosition().y);
+    const auto further = [this]() -> AdvancedInputOptions& {
+        return gui_test::Find<AdvancedInputOptions>(WaterPage());
+    };
+    WaterPage().FocusDetail({OpenProject().GetLiquid(0).GetOwner(), "liquid/turbidity"});
+    gui_test::Pump();
+    EXPECT_TRUE(further().IsOpen());
     Restart();
+    EXPECT_FALSE(further().IsOpen()) << "nobody opened it but to show a field";
+    further().SetFocus();
+    gui_test::Press(WXK_SPACE);
+    ASSERT_TRUE(gui_test::PumpUntil([&] { return further().IsOpen(); }));
+    m_frame->SetSize(20, 30, 1300, 850);
+    gui_test::Pump();
+    Restart();
+    EXPECT_TRUE(further().IsOpen());
     EXPECT_EQ(m_frame->GetSize(), wxSize(1300, 850));
     EXPECT_FALSE(Area().IsPaneShown(app::WorkPane::Navigator));
     EXPECT_EQ(place(), folded);

@@ -67,6 +67,10 @@ void DiagramInputs::CreateControls()
     m_list = new wxCheckListBox(waters->GetStaticBox(), wxID_ANY);
     m_list->SetMinSize(FromDIP(wxSize(kListWidth, kListHeight)));
     m_list->Bind(wxEVT_CHECKLISTBOX, &DiagramInputs::OnWater, this);
+    m_list->Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
+        event.Skip();
+        ShowNames();
+    });
     waters->Add(m_list, wxSizerFlags(spaced).Proportion(1));
     column->Add(waters, wxSizerFlags(spaced).Proportion(1));
 
@@ -118,12 +122,19 @@ void DiagramInputs::SetWaters(const std::vector<NamedWater>& waters)
     if (m_waters == waters)
         return;
     m_waters = waters;
+    ShowNames();
+}
+
+void DiagramInputs::ShowNames()
+{
     // Names that begin alike differ at their end.
-    const int room = FromDIP(kListWidth - kBesideName);
+    const int room = std::max(FromDIP(kListWidth), m_list->GetClientSize().x) - FromDIP(kBesideName);
     wxClientDC dc(m_list);
     wxArrayString names;
     for (const auto& [owner, name] : m_waters)
         names.push_back(wxControl::Ellipsize(wxString::FromUTF8(name), dc, wxELLIPSIZE_MIDDLE, room));
+    if (names == m_list->GetStrings())
+        return;
     const int selected = m_list->GetSelection();
     m_list->Set(names);
     for (unsigned i = 0; i < m_list->GetCount(); ++i)

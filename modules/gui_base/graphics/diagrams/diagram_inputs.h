@@ -50,6 +50,8 @@ private:
     wxSizer* CreateExport();
     void OnWater(wxCommandEvent& event);
     void UpdateNames();
+    /// Shows of each water's name what the list has room for.
+    void ShowNames();
     template <typename Control>
     Control* AddLocalizable(Control* control);
 

@@ -1,53 +1,17 @@
 // SPDX-License-Identifier: MIT
 #include "gui_base/input/controls/collapsible_box.h"
 
-#include "dbinterfaces/project_database.h"
+#include "gui_base/input/controls/kept_boxes.h"
 #include "gui_base/support/accessibility.h"
 #include "gui_base/support/translation.h"
 
 #include <wx/collpane.h>
 #include <wx/statbox.h>
-#include <wx/tokenzr.h>
-
-#include <exception>
 
 namespace {
 
 /// In DIP: what the frame of an empty box takes.
 constexpr int kFrame = 8;
-/// Names of the collapsed boxes, each ended by a semicolon.
-constexpr const char* kCollapsed = "/Window/collapsed";
-
-wxString CollapsedBoxes()
-{
-    try {
-        return wxString::FromUTF8(ProjectDatabase::GetLocalParameter(kCollapsed));
-    } catch (const std::exception&) {
-        // A form can be used without what is remembered of it.
-        return {};
-    }
-}
-
-void Remember(const wxString& name, bool isCollapsed)
-{
-    wxString kept;
-    for (const wxString& other : wxStringTokenize(CollapsedBoxes(), ";", wxTOKEN_STRTOK)) {
-        if (other != name)
-            kept += other + ";";
-    }
-    if (isCollapsed)
-        kept += name + ";";
-    try {
-        ProjectDatabase::SetLocalParameter(kCollapsed, kept.utf8_string());
-    } catch (const std::exception&) {
-        // As above.
-        return;
-    }
-}
-
-}  // namespace
-
-namespace {
 
 /// A box whose title is a window.
 class TitledBox : public wxStaticBox
@@ -96,13 +60,13 @@ CollapsibleBox::CollapsibleBox(int orient, const Parts& parts, const wxString& l
     ShowTitle();
     m_title->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) {
         Collapse(!m_isCollapsed);
-        Remember(m_source, m_isCollapsed);
+        kept_boxes::Keep(m_source, m_isCollapsed);
     });
 }
 
 void CollapsibleBox::TakeKeptState()
 {
-    if ((";" + CollapsedBoxes()).Contains(";" + m_source + ";")) {
+    if (kept_boxes::IsKept(m_source)) {
         m_isCollapsed = true;
         ShowItems();
         ShowTitle();

@@ -2,6 +2,7 @@
 #include "gui_base/input/panel/advanced_input_options.h"
 
 #include "gui_base/input/controls/collapsible_box.h"
+#include "gui_base/input/controls/kept_boxes.h"
 #include "gui_base/support/accessibility.h"
 #include "gui_base/support/translation.h"
 
@@ -57,7 +58,20 @@ void AdvancedInputOptions::SetOpen(bool open)
     Collapse(!open);
     // As the toolkit tells of a click, so that also the page around takes note.
     wxCollapsiblePaneEvent event(this, GetId(), !open);
+    m_isProgram = true;
     HandleWindowEvent(event);
+    m_isProgram = false;
+}
+
+void AdvancedInputOptions::KeepState()
+{
+    // Folded is how a section comes.
+    SetOpen(kept_boxes::IsKept(m_label));
+    Bind(wxEVT_COLLAPSIBLEPANE_CHANGED, [this](wxCollapsiblePaneEvent& event) {
+        event.Skip();
+        if (!m_isProgram)
+            kept_boxes::Keep(m_label, !event.GetCollapsed());
+    });
 }
 
 void AdvancedInputOptions::Localize(const std::string& unitSystem)

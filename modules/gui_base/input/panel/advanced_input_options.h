@@ -23,6 +23,8 @@ public:
     /// Opens or folds the section and lays the surrounding window out again.
     void SetOpen(bool open);
     bool IsOpen() const { return IsExpanded(); }
+    /// Opens the section where the user left it open, and remembers from then on how it is left.
+    void KeepState();
     /// Opens whatever is folded around a field, so that it can have the focus.
     static void OpenAround(wxWindow& field);
 
@@ -33,4 +35,6 @@ private:
 
     wxString m_label;
     TvPanel* m_options;
+    /// Opened or folded by the program, which nobody asked it to remember.
+    bool m_isProgram = false;
 };

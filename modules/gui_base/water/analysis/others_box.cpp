@@ -242,6 +242,7 @@ void OthersBox::AddFurtherProperties()
                      .items = ReadingItems});
     pane->SetSizer(grid);
     Add(m_furtherProperties, wxSizerFlags().Expand().Border(wxALL, pane->FromDIP(form::kGap)));
+    m_furtherProperties->KeepState();
 }
 
 std::vector<ValueKeys::Cell> OthersBox::GetValues() const
