@@ -58,6 +58,8 @@ std::string RangeSentence(const RangeFault& fault, const ReportContext& context)
 
 std::string RangeSentence(const RangeFault& fault, const Project& project, const ReportContext& context)
 {
-    const std::string name = OwnerTitle(fault.address.owner, project, context);
+    // A compound may be called as an ion of the water is.
+    const std::string name = fault.formula.empty() ? OwnerTitle(fault.address.owner, project, context)
+                                                   : context.Translated(wxTRANSLATE("Feed composition"));
     return name.empty() ? RangeSentence(fault, context) : name + ": " + RangeSentence(fault, context);
 }

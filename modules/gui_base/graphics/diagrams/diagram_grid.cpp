@@ -4,13 +4,16 @@
 #include "gui_base/support/accessibility.h"
 #include "gui_base/support/translation.h"
 
+#include <wx/toplevel.h>
+
 #include <algorithm>
 #include <cmath>
 
 namespace {
 
 constexpr int kLeastWidth = 220;
-constexpr int kLeastHeight = 200;
+// Of three waters below each other.
+constexpr int kLeastHeight = 280;
 constexpr int kGap = 4;
 // How wide a diagram looks best for its height.
 constexpr double kShape = 1.4;
@@ -98,7 +101,10 @@ void DiagramGrid::Arrange()
 {
     const wxSize least = FromDIP(wxSize(kLeastWidth, kLeastHeight));
     const int count = static_cast<int>(m_kinds.size());
-    const int columns = ColumnsFor(GetClientSize(), count, least.x + FromDIP(kGap));
+    // The height of the grid follows from its columns: they follow from what can be seen of it.
+    wxSize room = GetClientSize();
+    room.y = std::min(room.y, wxGetTopLevelParent(this)->GetClientSize().y);
+    const int columns = ColumnsFor(room, count, least.x + FromDIP(kGap));
     if (columns != m_sizer->GetCols()) {
         m_sizer->SetCols(columns);
         Layout();

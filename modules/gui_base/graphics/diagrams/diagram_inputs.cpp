@@ -22,7 +22,7 @@ namespace {
 
 constexpr long kAll = -1;
 constexpr int kListWidth = 230;
-constexpr int kListHeight = 120;
+constexpr int kListHeight = 160;
 /// What the box and the scroll bar of the list take beside a name.
 constexpr int kBesideName = 48;
 
@@ -71,8 +71,9 @@ void DiagramInputs::CreateControls()
         event.Skip();
         ShowNames();
     });
-    waters->Add(m_list, wxSizerFlags(spaced).Proportion(1));
-    column->Add(waters, wxSizerFlags(spaced).Proportion(1));
+    // Beside diagrams that scroll a list of their height would push the options out of sight.
+    waters->Add(m_list, spaced);
+    column->Add(waters, spaced);
 
     auto* options = AddLocalizable(new TvStaticBoxSizer(wxVERTICAL, this, wxTRANSLATE("Options")));
     for (const water_diagram::OptionRow& row : water_diagram::OptionRows())
