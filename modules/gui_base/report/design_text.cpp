@@ -16,7 +16,8 @@ namespace designtext {
 
 namespace {
 
-constexpr int kDigits = 5;
+/// As in the fields of the pages.
+constexpr int kDigits = 4;
 constexpr int kFewDigits = 3;
 
 constexpr std::array kExchangerResults{"step/load",      "step/capacity",  "step/diameter",   "step/area",
@@ -145,9 +146,9 @@ std::vector<Line> NeutralisationLines(const design::PlantDesign& plant, const Re
 {
     if (std::isnan(plant.neutral))
         return {};
-    std::vector<Line> lines{
-        Amount(context.Translated(wxTRANSLATE("Free acid (+) or base (\u2212) of a line")), plant.neutral,
-               "eq", context)};
+    const char* const surplus =
+        plant.neutral < 0.0 ? wxTRANSLATE("Free base of a line") : wxTRANSLATE("Free acid of a line");
+    std::vector<Line> lines{Amount(context.Translated(surplus), std::fabs(plant.neutral), "eq", context)};
     const std::string neutralised = context.Translated(wxTRANSLATE("Neutralised with"));
     const auto add = [&](const design::Regenerant& chemical, double mass) {
         lines.push_back(
