@@ -2,6 +2,7 @@
 #include "gui_base/dialogs/line_entry_dialog.h"
 
 #include "gui_base/dialogs/dialog_buttons.h"
+#include "gui_base/input/controls/tv_textctrl.h"
 #include "gui_base/support/accessibility.h"
 
 #include <wx/sizer.h>
@@ -17,7 +18,7 @@ constexpr int kFieldWidth = 320;
 LineEntryDialog::LineEntryDialog(wxWindow* parent, const wxString& title, const wxString& label,
                                  const wxString& text, unsigned long most)
     : wxDialog(parent, wxID_ANY, title),
-      m_field(new wxTextCtrl(this, wxID_ANY, text, wxDefaultPosition, FromDIP(wxSize(kFieldWidth, -1))))
+      m_field(new TvTextCtrl(this, wxID_ANY, text, wxDefaultPosition, FromDIP(wxSize(kFieldWidth, -1))))
 {
     m_field->SetMaxLength(most);
     m_field->SelectAll();

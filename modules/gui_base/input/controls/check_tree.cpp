@@ -4,6 +4,7 @@
 #include "gui_base/input/controls/check_tree_images.h"
 
 #include <wx/imaglist.h>
+#include <wx/settings.h>
 #include <wx/wupdlock.h>
 
 #include <memory>
@@ -165,6 +166,7 @@ void wxCheckTreeCtrl::EnableItem(const wxTreeItemId& item, bool enable)
 {
     const int image = StateOfImage(GetItemImage(item));
     ShowImage(item, enable ? image & kStateBits : image | kDisabledBit, wxTreeItemIcon_Normal);
+    SetItemTextColour(item, enable ? wxColour() : wxSystemSettings::GetColour(wxSYS_COLOUR_GRAYTEXT));
     wxTreeItemIdValue cookie{};
     for (wxTreeItemId child = GetFirstChild(item, cookie); child.IsOk(); child = GetNextChild(item, cookie))
         EnableItem(child, enable);

@@ -2,7 +2,7 @@
 #pragma once
 
 /// The pictures of the check boxes, 16 × 16. A white box with a dark border is readable on light and dark
-/// themes.
+/// themes; one that cannot be checked is grey.
 
 #include <wx/bitmap.h>
 
@@ -41,7 +41,7 @@ inline constexpr Rows kNoBox{
 
 using Palette = std::array<const char*, 4>;
 inline constexpr Palette kEnabled{"  c None", "# c #4E5861", ". c #FFFFFF", "x c #1B6CA8"};
-inline constexpr Palette kDisabled{"  c None", "# c #98A1A8", ". c #D3D8DC", "x c #7D8790"};
+inline constexpr Palette kDisabled{"  c None", "# c #8A9299", ". c #A9B1B7", "x c #5F6870"};
 
 inline wxBitmap Picture(const Rows& rows, const Palette& palette)
 {
