@@ -4,6 +4,7 @@
 #include "gui_base/dialogs/dialog_buttons.h"
 #include "gui_base/input/controls/tv_textctrl.h"
 #include "gui_base/support/accessibility.h"
+#include "gui_base/support/translation.h"
 
 #include <wx/sizer.h>
 #include <wx/stattext.h>
@@ -25,7 +26,7 @@ LineEntryDialog::LineEntryDialog(wxWindow* parent, const wxString& title, const 
     accessibility::SetName(*m_field, label);
     auto* outer = new wxBoxSizer(wxVERTICAL);
     const wxSizerFlags spaced = wxSizerFlags().Expand().Border(wxALL, FromDIP(kGap));
-    outer->Add(new wxStaticText(this, wxID_ANY, label + ":"), spaced);
+    outer->Add(new wxStaticText(this, wxID_ANY, label + i18n::Colon()), spaced);
     outer->Add(m_field, wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT, FromDIP(kGap)));
     outer->Add(dialogs::CreateButtons(*this, true), spaced);
     SetSizerAndFit(outer);

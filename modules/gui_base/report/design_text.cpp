@@ -29,6 +29,11 @@ constexpr std::array kCompartmentResults{"stepcomp/load",       "stepcomp/capaci
                                          "stepcomp/cond.amount"};
 constexpr std::array kResinResults{"compcomp/vol", "compcomp/vol.actual", "compcomp/vol.total"};
 
+std::string Colon(const ReportContext& context)
+{
+    return context.Translated(wxTRANSLATE(":")) + " ";
+}
+
 std::string Range(double low, double high, const ReportContext& context)
 {
     return context.Number(low, kFewDigits) + " \u2013 " + context.Number(high, kFewDigits);
@@ -118,13 +123,13 @@ std::vector<Line> CapacityLines(const design::Capacity& capacity, const ReportCo
     if (std::isnan(capacity.value))
         return {};
     const std::string origin =
-        context.Translated(wxTRANSLATE("Capacity")) + ": " + context.Translated(capacity.origin);
+        context.Translated(wxTRANSLATE("Capacity")) + Colon(context) + context.Translated(capacity.origin);
     std::vector<Line> lines{Amount(origin, capacity.base, "eq/l", context)};
     for (const design::Correction& correction : capacity.Corrections())
-        lines.push_back(
-            {context.Translated(wxTRANSLATE("Correction")) + ": " + context.Translated(correction.name),
-             "\u00d7 " + context.Number(correction.factor, kDigits),
-             {}});
+        lines.push_back({context.Translated(wxTRANSLATE("Correction")) + Colon(context) +
+                             context.Translated(correction.name),
+                         "\u00d7 " + context.Number(correction.factor, kDigits),
+                         {}});
     return lines;
 }
 
@@ -135,9 +140,10 @@ std::vector<Line> LeakageLines(const std::vector<design::Leakage>& leakages, con
         const auto shown = [&](double value) {
             return UnitSystemManager::FromISO(leakage.unit, context.unitSystem, value);
         };
-        lines.push_back({context.Translated(wxTRANSLATE("Leakage")) + ": " + context.Translated(leakage.name),
-                         Range(shown(leakage.low), shown(leakage.high), context),
-                         UnitSystemManager::GetUnit(leakage.unit, context.unitSystem, true)});
+        lines.push_back(
+            {context.Translated(wxTRANSLATE("Leakage")) + Colon(context) + context.Translated(leakage.name),
+             Range(shown(leakage.low), shown(leakage.high), context),
+             UnitSystemManager::GetUnit(leakage.unit, context.unitSystem, true)});
     }
     return lines;
 }
@@ -151,8 +157,8 @@ std::vector<Line> NeutralisationLines(const design::PlantDesign& plant, const Re
     std::vector<Line> lines{Amount(context.Translated(surplus), std::fabs(plant.neutral), "eq", context)};
     const std::string neutralised = context.Translated(wxTRANSLATE("Neutralised with"));
     const auto add = [&](const design::Regenerant& chemical, double mass) {
-        lines.push_back(
-            Amount(neutralised + ": " + context.Translated(chemical.name.c_str()), mass, "kg", context));
+        lines.push_back(Amount(neutralised + Colon(context) + context.Translated(chemical.name.c_str()), mass,
+                               "kg", context));
     };
     if (plant.bought != nullptr)
         add(*plant.bought, plant.boughtMass);
@@ -176,11 +182,11 @@ std::vector<Line> WasteLines(const design::PlantDesign& plant, const OwnerNode& 
     return lines;
 }
 
-std::string TextOf(const std::vector<Line>& lines)
+std::string TextOf(const std::vector<Line>& lines, const ReportContext& context)
 {
     std::string text;
     for (const Line& line : lines)
-        text += (text.empty() ? "" : "\n") + line.name + ": " + line.value +
+        text += (text.empty() ? "" : "\n") + line.name + Colon(context) + line.value +
                 (line.unit.empty() ? "" : " " + line.unit);
     return text;
 }

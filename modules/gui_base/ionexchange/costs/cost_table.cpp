@@ -21,8 +21,7 @@ constexpr int kQuantityWidth = 52;
 constexpr int kPriceWidth = 50;
 constexpr int kMoneyWidth = 66;
 constexpr int kShareWidth = 42;
-constexpr int kPriceDigits = 6;
-constexpr int kResultDigits = 4;
+constexpr int kDigits = 4;
 
 }  // namespace
 
@@ -67,7 +66,7 @@ void CostTable::AddField(wxWindow* parent, Row& row, const char* head, DetailDat
     FormRow spec{.key = detail.GetName().c_str(),
                  .label = head,
                  .field = isInput ? FormField::Input : FormField::Result,
-                 .precision = isInput ? kPriceDigits : kResultDigits,
+                 .precision = kDigits,
                  .validatorFlags = PlainNumbers,
                  .width = isInput ? kPriceWidth : kQuantityWidth};
     if (unit == "EUR" || unit == "%") {

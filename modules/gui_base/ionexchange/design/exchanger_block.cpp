@@ -108,10 +108,10 @@ void Append(std::string& text, const std::string& line)
     text += (text.empty() ? "" : "\n") + line;
 }
 
-void Append(std::string& text, const std::vector<designtext::Line>& lines)
+void Append(std::string& text, const std::vector<designtext::Line>& lines, const ReportContext& context)
 {
     if (!lines.empty())
-        Append(text, designtext::TextOf(lines));
+        Append(text, designtext::TextOf(lines, context));
 }
 
 }  // namespace
@@ -246,9 +246,9 @@ void ExchangerBlock::ShowNotes(const design::ExchangerDesign& exchanger)
         const std::string title = designtext::CompartmentTitle(*bed.node, context);
         if (!lines.empty() && !title.empty())
             Append(text, title);
-        Append(text, lines);
+        Append(text, lines, context);
     }
-    Append(text, designtext::LeakageLines(exchanger.leakages, context));
+    Append(text, designtext::LeakageLines(exchanger.leakages, context), context);
     for (const RangeFault& fault : RangeFaults(m_project)) {
         const OwnerNode* owner = m_project.FindOwner(fault.address.owner);
         if (owner != nullptr && owner->IsWithin(*exchanger.node))

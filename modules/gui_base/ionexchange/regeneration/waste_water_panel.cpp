@@ -190,8 +190,9 @@ void TvWasteWaterAndComposition::ShowNotes()
     const auto& plant = dynamic_cast<const iex::IEXProject&>(*GetProject());
     if (m_step >= plant.NumberSteps())
         return;
-    const wxString text = wxString::FromUTF8(designtext::TextOf(designtext::WasteLines(
-        design::DesignOf(plant), plant.GetStep(m_step), ShownContext(plant.GetUnitSystemDisplay()))));
+    const ReportContext context = ShownContext(plant.GetUnitSystemDisplay());
+    const auto lines = designtext::WasteLines(design::DesignOf(plant), plant.GetStep(m_step), context);
+    const wxString text = wxString::FromUTF8(designtext::TextOf(lines, context));
     if (m_notes->GetLabelText() == text)
         return;
     m_notes->SetLabelText(text);

@@ -91,7 +91,7 @@ wxSizer* BlendDialog::NewNameRow()
     m_name->SetFocus();
     accessibility::SetName(*m_name, label);
     auto* row = new wxBoxSizer(wxHORIZONTAL);
-    row->Add(new wxStaticText(this, wxID_ANY, label + ":"),
+    row->Add(new wxStaticText(this, wxID_ANY, label + i18n::Colon()),
              wxSizerFlags().CentreVertical().Border(wxRIGHT, FromDIP(2 * form::kGap)));
     row->Add(m_name, wxSizerFlags(1));
     return row;
