@@ -55,14 +55,17 @@ void wxCheckTreeCtrl::EnsureBitmaps()
     using namespace checktree;
     if (ms_uncheckedBmp.IsOk())
         return;
-    ms_uncheckedBmp = Picture(kUnchecked, kEnabled);
-    ms_checkedBmp = Picture(kChecked, kEnabled);
-    ms_partialBmp = Picture(kPartial, kEnabled);
-    ms_noBmp = Picture(kNoBox, kEnabled);
-    ms_uncheckedDisBmp = Picture(kUnchecked, kDisabled);
-    ms_checkedDisBmp = Picture(kChecked, kDisabled);
-    ms_partialDisBmp = Picture(kPartial, kDisabled);
-    ms_noDisBmp = Picture(kNoBox, kDisabled);
+    const bool isDark = wxSystemSettings::GetAppearance().IsDark();
+    const Palette& enabled = isDark ? kEnabledDark : kEnabled;
+    const Palette& disabled = isDark ? kDisabledDark : kDisabled;
+    ms_uncheckedBmp = Picture(kUnchecked, enabled);
+    ms_checkedBmp = Picture(kChecked, enabled);
+    ms_partialBmp = Picture(kPartial, enabled);
+    ms_noBmp = Picture(kNoBox, enabled);
+    ms_uncheckedDisBmp = Picture(kUnchecked, disabled);
+    ms_checkedDisBmp = Picture(kChecked, disabled);
+    ms_partialDisBmp = Picture(kPartial, disabled);
+    ms_noDisBmp = Picture(kNoBox, disabled);
 }
 
 void wxCheckTreeCtrl::BindEvents()
