@@ -234,6 +234,9 @@ void BuildGrid(Specimen& specimen)
     grid->SetCellEditor(0, 1, new TvGridCellChoiceEditor({{"up", "Upward"}, {"down", "Downward"}}, false));
     grid->SetCellValue(0, 1, "Upward");
     grid->AutoSizeColumns();
+    // The list of a choice has an arrow beside the longest of its texts.
+    constexpr int kListWidth = 120;
+    grid->SetColSize(1, grid->FromDIP(kListWidth));
     grid->SetGridCursor(0, 1);
     if (specimen.GetState() == SpecimenState::Focused)
         grid->Bind(wxEVT_SET_FOCUS, [grid](wxFocusEvent& event) {

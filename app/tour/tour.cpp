@@ -82,9 +82,11 @@ std::unique_ptr<Project> NewPictured()
     FeedComposition composition = plant->LoadFeedCompositionFromDetails();
     for (const auto& [name, concentration] : kFeed) {
         const auto found = ProjectDatabase::GetCompounds({}, {}, name);
-        if (found.empty())
+        // A search finds whatever has the word in its name.
+        const auto exact = std::ranges::find(found, name, &DBObjects::Compound::name);
+        if (exact == found.end())
             continue;
-        composition.Add(found.front());
+        composition.Add(*exact);
         composition.SetFeed(composition.GetEntries().size() - 1, FeedComposition::Unit::MgPerLitre,
                             concentration);
     }

@@ -51,6 +51,9 @@
 namespace app {
 namespace {
 
+constexpr int kWasteWidth = 900;
+constexpr int kWasteHeight = 420;
+
 /// One whose formula is partly unreadable, so that the picture shows how that looks.
 Compound SampleCompound()
 {
@@ -196,6 +199,7 @@ void Tour::TakeWasteWater(wxWindow& owner)
         new TvWasteWaterAndComposition(&project, &dialog, {{"HCl", acid}, {"NaOH", nullptr}}, "Waste water");
     auto* sizer = new wxBoxSizer(wxVERTICAL);
     sizer->Add(panel, wxSizerFlags(1).Expand());
+    panel->SetMinSize(dialog.FromDIP(wxSize(kWasteWidth, kWasteHeight)));
     dialog.SetSizerAndFit(sizer);
     TakeDialog(dialog, "waste_water");
     dialog.DestroyChildren();

@@ -8,6 +8,7 @@
 #include "dbinterfaces/plain_language.h"
 
 #include <algorithm>
+#include <array>
 #include <mutex>
 
 namespace {
@@ -47,6 +48,24 @@ const std::string* NameIn(const CompoundNameTable::Translations& names, const st
             return &found->second;
     }
     return nullptr;
+}
+
+/// A name with the plain letters that German and French list its own with: "é" stands with "e".
+std::string WithPlainLetters(std::string_view name)
+{
+    static constexpr std::array<std::pair<std::string_view, std::string_view>, 22> kPlain{{
+        {"\u00e0", "a"},  {"\u00e2", "a"},  {"\u00e4", "a"}, {"\u00e7", "c"},  {"\u00e8", "e"},
+        {"\u00e9", "e"},  {"\u00ea", "e"},  {"\u00eb", "e"}, {"\u00ee", "i"},  {"\u00ef", "i"},
+        {"\u00f4", "o"},  {"\u00f6", "o"},  {"\u00f9", "u"}, {"\u00fb", "u"},  {"\u00fc", "u"},
+        {"\u0153", "oe"}, {"\u00df", "ss"}, {"\u2019", "'"}, {"\u00e6", "ae"}, {"\u00f1", "n"},
+        {"\u00f3", "o"},  {"\u00e1", "a"},
+    }};
+    std::string plain = LowerCase(name);
+    for (const auto& [letter, base] : kPlain) {
+        for (auto at = plain.find(letter); at != std::string::npos; at = plain.find(letter, at + base.size()))
+            plain.replace(at, letter.size(), base);
+    }
+    return plain;
 }
 
 }  // namespace
@@ -109,11 +128,12 @@ const std::string* CompoundNameTable::FindFiled(std::string_view shown, std::str
 
 std::vector<std::string> CompoundNameTable::FiledUnder(const std::string& part) const
 {
-    const std::string wanted = LowerCase(part);
+    // Also as it is typed without accents, or with the apostrophe of the keyboard.
+    const std::string wanted = WithPlainLetters(part);
     std::vector<std::string> filed;
     for (const Names& compound : m_compounds) {
         if (std::ranges::any_of(compound.others, [&](const auto& other) {
-                return LowerCase(other.second).find(wanted) != std::string::npos;
+                return WithPlainLetters(other.second).find(wanted) != std::string::npos;
             }))
             filed.push_back(compound.filed);
     }
@@ -147,7 +167,7 @@ void SortAsShown(std::vector<DBObjects::Compound>& compounds, const std::string&
     const auto table = CompoundNameTable::Get();
     struct Supplied
     {
-        std::string shown;
+        std::string place;
         DBObjects::Compound compound;
     };
     std::vector<Supplied> supplied;
@@ -160,14 +180,15 @@ void SortAsShown(std::vector<DBObjects::Compound>& compounds, const std::string&
             continue;
         }
         const std::string* shown = NameIn(*names, language);
-        supplied.push_back({shown == nullptr ? compound.name : *shown, std::move(compound)});
+        supplied.push_back(
+            {WithPlainLetters(shown == nullptr ? compound.name : *shown), std::move(compound)});
     }
-    std::ranges::stable_sort(supplied, &CompoundNameTable::IsBefore, &Supplied::shown);
+    std::ranges::stable_sort(supplied, &CompoundNameTable::IsBefore, &Supplied::place);
     // The others are in their order, and there may be very many of them.
     compounds.clear();
     auto next = others.begin();
     for (Supplied& one : supplied) {
-        const auto place = std::ranges::upper_bound(next, others.end(), one.shown,
+        const auto place = std::ranges::upper_bound(next, others.end(), one.place,
                                                     &CompoundNameTable::IsBefore, &DBObjects::Compound::name);
         std::move(next, place, std::back_inserter(compounds));
         next = place;

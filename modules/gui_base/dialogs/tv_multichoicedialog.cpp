@@ -13,8 +13,8 @@ namespace {
 
 /// The box before a text, the scroll bar and the gaps.
 constexpr int kBesideText = 64;
-constexpr int kRowGap = 8;
-constexpr int kFrame = 4;
+constexpr int kRowGap = 10;
+constexpr int kFrame = 6;
 constexpr int kFewestRows = 3;
 constexpr int kMostRows = 16;
 
@@ -29,23 +29,28 @@ TvMultiChoiceDialog::TvMultiChoiceDialog(wxWindow* parent, const wxString& messa
     const auto add = [&](const char* label, void (TvMultiChoiceDialog::*handler)(wxCommandEvent&)) {
         auto* button = new wxButton(this, wxID_ANY, i18n::Translated(label));
         button->Bind(wxEVT_BUTTON, handler, this);
-        buttons->Add(button, wxSizerFlags().Border(wxRIGHT, FromDIP(8)));
+        buttons->Add(button, wxSizerFlags().Border(buttons->IsEmpty() ? 0 : wxLEFT, FromDIP(8)));
         // In reading order: behind the list, before OK and Cancel.
         button->MoveAfterInTabOrder(m_listbox);
         return button;
     };
     wxButton* all = add(wxTRANSLATE("Select all"), &TvMultiChoiceDialog::OnSelectAll);
     add(wxTRANSLATE("Deselect all"), &TvMultiChoiceDialog::OnDeselectAll)->MoveAfterInTabOrder(all);
+    // The toolkit has three times its usual border beside the list.
+    const int side = 3 * wxSizerFlags::GetDefaultBorder();
     // Below the message and the list, above the standard buttons.
     GetSizer()->Insert(std::min<std::size_t>(2, GetSizer()->GetItemCount()), buttons,
-                       wxSizerFlags().Border(wxALL, FromDIP(8)));
+                       wxSizerFlags().Border(wxLEFT | wxRIGHT | wxTOP, side));
+    // The standard buttons at the same edges.
+    wxSizerItem* const last = GetSizer()->GetItem(GetSizer()->GetItemCount() - 1);
+    last->SetBorder(side);
     GetSizer()->SetSizeHints(this);
     Fit();
 }
 
 wxListBoxBase* TvMultiChoiceDialog::CreateList(int n, const wxString* choices, long style)
 {
-    wxListBoxBase* list = wxMultiChoiceDialog::CreateList(0, nullptr, style);
+    wxListBoxBase* list = wxMultiChoiceDialog::CreateList(0, nullptr, style & ~wxLB_ALWAYS_SB);
     if (n <= 0)
         return list;
     // The toolkit measures every text of a list, which takes seconds for 100,000 of them; the longest will

@@ -2,6 +2,7 @@
 #include "gui_base/network/authentication_entry_dialog.h"
 
 #include "gui_base/dialogs/dialog_buttons.h"
+#include "gui_base/input/controls/tv_textctrl.h"
 #include "gui_base/support/accessibility.h"
 #include "gui_base/support/translation.h"
 
@@ -40,7 +41,7 @@ AuthenticationEntryDialog::AuthenticationEntryDialog(wxWindow* parent, const wxS
 wxTextCtrl* AuthenticationEntryDialog::AddField(wxSizer& grid, const wxString& label, long style)
 {
     grid.Add(new wxStaticText(this, wxID_ANY, label), wxSizerFlags().CentreVertical());
-    auto* field = new wxTextCtrl(this, wxID_ANY, wxString(), wxDefaultPosition,
+    auto* field = new TvTextCtrl(this, wxID_ANY, wxString(), wxDefaultPosition,
                                  FromDIP(wxSize(kFieldWidth, -1)), style);
     field->SetMaxLength(kMostLetters);
     accessibility::SetName(*field, label);

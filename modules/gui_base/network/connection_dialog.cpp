@@ -4,6 +4,7 @@
 #include "gui_base/dialogs/dialog_buttons.h"
 #include "gui_base/dialogs/field_fault.h"
 #include "gui_base/dialogs/questions.h"
+#include "gui_base/input/controls/tv_textctrl.h"
 #include "gui_base/network/connection_test.h"
 #include "gui_base/network/endpoints.h"
 #include "gui_base/network/network_state.h"
@@ -103,7 +104,8 @@ wxTextCtrl* ConnectionDialog::AddField(wxWindow* parent, wxSizer& grid, const wx
     text->SetMinSize(wxSize(widest, -1));
     grid.Add(text, wxSizerFlags().CentreVertical());
     auto* field =
-        new wxTextCtrl(parent, wxID_ANY, wxString(), wxDefaultPosition, FromDIP(wxSize(220, -1)), style);
+        new TvTextCtrl(parent, wxID_ANY, wxString(), wxDefaultPosition, FromDIP(wxSize(220, -1)), style);
+    m_labels.emplace_back(field, text);
     field->SetMaxLength(kMostLetters);
     accessibility::SetName(*field, label);
     grid.Add(field, wxSizerFlags().Expand());
@@ -115,10 +117,12 @@ ConnectionDialog::Address ConnectionDialog::AddAddress(wxWindow* parent, wxSizer
 {
     Address address;
     address.host = AddField(parent, grid, label, 0);
-    grid.Add(new wxStaticText(parent, wxID_ANY, i18n::Translated("Port")), wxSizerFlags().CentreVertical());
-    address.port = new wxTextCtrl(parent, wxID_ANY, wxString(), wxDefaultPosition, FromDIP(wxSize(72, -1)));
+    auto* text = new wxStaticText(parent, wxID_ANY, i18n::Translated("Port"));
+    grid.Add(text, wxSizerFlags().CentreVertical());
+    address.port = new TvTextCtrl(parent, wxID_ANY, wxString(), wxDefaultPosition, FromDIP(wxSize(72, -1)));
     address.port->SetMaxLength(10);
     accessibility::SetName(*address.port, i18n::Translated("Port") + " " + protocol);
+    m_labels.emplace_back(address.port, text);
     grid.Add(address.port);
     for (wxTextCtrl* field : {address.host, address.port}) {
         field->Bind(wxEVT_TEXT, [this](wxCommandEvent& event) {
@@ -248,6 +252,8 @@ void ConnectionDialog::RefreshFields()
     m_useAuthentication->Enable(entered.useProxy);
     for (wxTextCtrl* field : {m_user, m_password})
         field->Enable(entered.useProxy && entered.useAuthentication);
+    for (const auto& [field, label] : m_labels)
+        label->Enable(field->IsThisEnabled());
     const bool isTesting = m_thread != nullptr;
     m_test->Enable(isGood && !isTesting);
     m_cancelTest->Enable(isTesting);

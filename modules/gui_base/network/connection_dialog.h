@@ -13,6 +13,8 @@
 #include <wx/textctrl.h>
 
 #include <memory>
+#include <utility>
+#include <vector>
 
 class TestConnectionThread;
 
@@ -55,6 +57,7 @@ private:
     bool Save();
 
     wxCheckBox* m_useProxy = nullptr;
+    std::vector<std::pair<wxTextCtrl*, wxStaticText*>> m_labels;
     Address m_http;
     wxCheckBox* m_sameProxy = nullptr;
     Address m_https;

@@ -6,6 +6,7 @@
 #include "gui_base/dialogs/field_fault.h"
 #include "gui_base/dialogs/questions.h"
 #include "gui_base/input/controls/tv_searchctrl.h"
+#include "gui_base/input/controls/tv_textctrl.h"
 #include "gui_base/network/network.h"
 #include "gui_base/network/network_failure.h"
 #include "gui_base/support/accessibility.h"
@@ -106,8 +107,8 @@ wxSizer* RatesDialog::MakeRateRow()
     auto* row = new wxBoxSizer(wxHORIZONTAL);
     const wxSizerFlags next = wxSizerFlags().CentreVertical().Border(wxRIGHT, FromDIP(kGap));
     row->Add(new wxStaticText(this, wxID_ANY, i18n::Translated("1 EUR =")), next);
-    m_rate = new wxTextCtrl(this, wxID_ANY, wxString(), wxDefaultPosition, FromDIP(wxSize(128, -1)),
-                            wxTE_RIGHT | wxTE_PROCESS_ENTER);
+    m_rate =
+        new TvTextCtrl(this, wxID_ANY, wxString(), wxDefaultPosition, FromDIP(wxSize(128, -1)), wxTE_RIGHT);
     m_rate->SetMaxLength(kMostLetters);
     row->Add(m_rate, next);
     m_code = new wxStaticText(this, wxID_ANY, "XXX");

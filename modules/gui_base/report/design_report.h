@@ -47,7 +47,7 @@ GUI_BASE_REPORT_EXPORT std::vector<Line> NeutralisationLines(const design::Plant
 GUI_BASE_REPORT_EXPORT std::vector<Line> WasteLines(const design::PlantDesign& plant,
                                                     const OwnerNode& exchanger, const ReportContext& context);
 /// "name: value unit", each on a line of its own.
-GUI_BASE_REPORT_EXPORT std::string TextOf(const std::vector<Line>& lines);
+GUI_BASE_REPORT_EXPORT std::string TextOf(const std::vector<Line>& lines, const ReportContext& context);
 
 /// Keys of the results of an exchanger, a compartment and a resin in the order in which they are read.
 GUI_BASE_REPORT_EXPORT std::span<const char* const> ExchangerResults();

@@ -16,7 +16,8 @@ namespace designtext {
 
 namespace {
 
-constexpr int kDigits = 5;
+/// As in the fields of the pages.
+constexpr int kDigits = 4;
 constexpr int kFewDigits = 3;
 
 constexpr std::array kExchangerResults{"step/load",      "step/capacity",  "step/diameter",   "step/area",
@@ -27,6 +28,11 @@ constexpr std::array kCompartmentResults{"stepcomp/load",       "stepcomp/capaci
                                          "stepcomp/rm",         "stepcomp/rb.ratio", "stepcomp/rb.excess",
                                          "stepcomp/cond.amount"};
 constexpr std::array kResinResults{"compcomp/vol", "compcomp/vol.actual", "compcomp/vol.total"};
+
+std::string Colon(const ReportContext& context)
+{
+    return context.Translated(wxTRANSLATE(":")) + " ";
+}
 
 std::string Range(double low, double high, const ReportContext& context)
 {
@@ -117,13 +123,13 @@ std::vector<Line> CapacityLines(const design::Capacity& capacity, const ReportCo
     if (std::isnan(capacity.value))
         return {};
     const std::string origin =
-        context.Translated(wxTRANSLATE("Capacity")) + ": " + context.Translated(capacity.origin);
+        context.Translated(wxTRANSLATE("Capacity")) + Colon(context) + context.Translated(capacity.origin);
     std::vector<Line> lines{Amount(origin, capacity.base, "eq/l", context)};
     for (const design::Correction& correction : capacity.Corrections())
-        lines.push_back(
-            {context.Translated(wxTRANSLATE("Correction")) + ": " + context.Translated(correction.name),
-             "\u00d7 " + context.Number(correction.factor, kDigits),
-             {}});
+        lines.push_back({context.Translated(wxTRANSLATE("Correction")) + Colon(context) +
+                             context.Translated(correction.name),
+                         "\u00d7 " + context.Number(correction.factor, kDigits),
+                         {}});
     return lines;
 }
 
@@ -134,9 +140,10 @@ std::vector<Line> LeakageLines(const std::vector<design::Leakage>& leakages, con
         const auto shown = [&](double value) {
             return UnitSystemManager::FromISO(leakage.unit, context.unitSystem, value);
         };
-        lines.push_back({context.Translated(wxTRANSLATE("Leakage")) + ": " + context.Translated(leakage.name),
-                         Range(shown(leakage.low), shown(leakage.high), context),
-                         UnitSystemManager::GetUnit(leakage.unit, context.unitSystem, true)});
+        lines.push_back(
+            {context.Translated(wxTRANSLATE("Leakage")) + Colon(context) + context.Translated(leakage.name),
+             Range(shown(leakage.low), shown(leakage.high), context),
+             UnitSystemManager::GetUnit(leakage.unit, context.unitSystem, true)});
     }
     return lines;
 }
@@ -145,13 +152,13 @@ std::vector<Line> NeutralisationLines(const design::PlantDesign& plant, const Re
 {
     if (std::isnan(plant.neutral))
         return {};
-    std::vector<Line> lines{
-        Amount(context.Translated(wxTRANSLATE("Free acid (+) or base (\u2212) of a line")), plant.neutral,
-               "eq", context)};
+    const char* const surplus =
+        plant.neutral < 0.0 ? wxTRANSLATE("Free base of a line") : wxTRANSLATE("Free acid of a line");
+    std::vector<Line> lines{Amount(context.Translated(surplus), std::fabs(plant.neutral), "eq", context)};
     const std::string neutralised = context.Translated(wxTRANSLATE("Neutralised with"));
     const auto add = [&](const design::Regenerant& chemical, double mass) {
-        lines.push_back(
-            Amount(neutralised + ": " + context.Translated(chemical.name.c_str()), mass, "kg", context));
+        lines.push_back(Amount(neutralised + Colon(context) + context.Translated(chemical.name.c_str()), mass,
+                               "kg", context));
     };
     if (plant.bought != nullptr)
         add(*plant.bought, plant.boughtMass);
@@ -175,11 +182,11 @@ std::vector<Line> WasteLines(const design::PlantDesign& plant, const OwnerNode& 
     return lines;
 }
 
-std::string TextOf(const std::vector<Line>& lines)
+std::string TextOf(const std::vector<Line>& lines, const ReportContext& context)
 {
     std::string text;
     for (const Line& line : lines)
-        text += (text.empty() ? "" : "\n") + line.name + ": " + line.value +
+        text += (text.empty() ? "" : "\n") + line.name + Colon(context) + line.value +
                 (line.unit.empty() ? "" : " " + line.unit);
     return text;
 }

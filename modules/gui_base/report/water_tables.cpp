@@ -195,8 +195,11 @@ report::Row HardnessRow(const std::string& label, double meq, bool divalent, con
 std::string PlainLabel(const char* source, const ReportContext& context)
 {
     std::string label = context.Translated(source);
-    if (label.ends_with(':'))
-        label.pop_back();
+    // French has a blank before it.
+    for (const std::string_view colon : {"\u00a0:", ":"}) {
+        if (label.ends_with(colon))
+            label.resize(label.size() - colon.size());
+    }
     return label;
 }
 

@@ -20,6 +20,21 @@ wxString Translated(const char* utf8Source)
     return Translated(wxString::FromUTF8(utf8Source));
 }
 
+wxString Colon()
+{
+    return Translated(wxTRANSLATE(":"));
+}
+
+wxString WithoutColon(const wxString& label)
+{
+    if (!label.EndsWith(":"))
+        return label;
+    // What is no blank to the toolkit: it does not break a line.
+    const wxUniChar noBreak(0x00A0);
+    const wxString plain = label.Left(label.length() - 1);
+    return plain.EndsWith(wxString(noBreak)) ? plain.Left(plain.length() - 1) : plain;
+}
+
 wxString TextLanguage()
 {
     wxTranslations* const texts = wxTranslations::Get();

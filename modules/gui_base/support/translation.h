@@ -15,6 +15,11 @@ GUI_BASE_EXPORT wxString Translated(const wxString& source);
 /// The same for a source text that is a UTF-8 literal.
 GUI_BASE_EXPORT wxString Translated(const char* utf8Source);
 
+/// What stands between a label and its value: a colon, with a blank before it where the language has one.
+GUI_BASE_EXPORT wxString Colon();
+/// `label` without the colon at its end, if it has one, and without the blank before that.
+GUI_BASE_EXPORT wxString WithoutColon(const wxString& label);
+
 /// The language of the texts, "de" or "de_AT"; empty without a catalogue.
 GUI_BASE_EXPORT wxString TextLanguage();
 

@@ -383,6 +383,10 @@ TEST(CompoundNames, AreListedInTheOrderOfTheLanguage)
     expect("de", {"Ca", "Fe", "I2", "X", "Ag", "H2O", "Z"});
     expect("fr", {"Ag", "Ca", "H2O", "Fe", "I2", "X", "Z"});
     expect("", {"Ca", "I2", "Fe", "X", "Ag", "H2O", "Z"});
+    // acétate, acide acétique, chlorure d’aluminium, chlorure de calcium
+    compounds = {Make("acetic acid", "CH3COOH"), Make("calcium chloride", "CaCl2"), Make("acetate", "CH3COO"),
+                 Make("aluminium chloride", "AlCl3")};
+    expect("fr", {"CH3COO", "CH3COOH", "AlCl3", "CaCl2"});
 }
 
 TEST(SuppliedCompounds, HaveFormulasThatAgreeWithTheirData)

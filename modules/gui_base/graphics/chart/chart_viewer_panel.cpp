@@ -193,9 +193,8 @@ void ChartViewerPanel::UpdateNames()
 {
     for (const auto& [window, label] : m_named) {
         const bool isRange = window == m_startField || window == m_endField;
-        wxString name = i18n::Translated(label);
-        if (isRange && name.EndsWith(":"))
-            name.RemoveLast();
+        const wxString text = i18n::Translated(label);
+        const wxString name = isRange ? i18n::WithoutColon(text) : text;
         accessibility::SetName(*window, isRange ? accessibility::NameWithUnit(name, m_rangeUnit) : name);
     }
 }

@@ -5,6 +5,9 @@
 #include "gui_base/input/validation/numeric_validator.h"
 #include "projectbase/units/unit_system_manager.h"
 
+#include <wx/renderer.h>
+#include <wx/settings.h>
+
 #include <algorithm>
 #include <stdexcept>
 
@@ -16,6 +19,28 @@ std::size_t Index(long index)
 {
     return static_cast<std::size_t>(index);
 }
+
+/// Framed like the fields around it: the toolkit draws a frame of its own with sharp corners.
+class FramedCombo : public wxComboCtrl
+{
+public:
+    FramedCombo(wxWindow* parent, int id, const wxSize& size)
+        : wxComboCtrl(parent, id, wxString(), wxDefaultPosition, size, wxCB_READONLY | wxBORDER_NONE)
+    {}
+
+protected:
+    void PrepareBackground(wxDC& dc, const wxRect& rect, int flags) const override
+    {
+        if ((flags & wxCONTROL_ISSUBMENU) != 0)
+            return wxComboCtrl::PrepareBackground(dc, rect, flags);
+        const int state =
+            (IsThisEnabled() ? 0 : wxCONTROL_DISABLED) | (ShouldDrawFocus() ? wxCONTROL_FOCUSED : 0);
+        const wxRect field(0, 0, m_btnArea.x, GetClientSize().y);
+        wxRendererNative::Get().DrawTextCtrl(const_cast<FramedCombo*>(this), dc, field, state);
+        dc.SetTextForeground(
+            wxSystemSettings::GetColour(IsThisEnabled() ? wxSYS_COLOUR_WINDOWTEXT : wxSYS_COLOUR_GRAYTEXT));
+    }
+};
 
 /// Before anything is made. Returns `parent`.
 wxWindow* RequireDetail(const DetailData* detail, wxWindow* parent)
@@ -34,7 +59,7 @@ ComboCombination::ComboCombination(wxWindow* parent, int id, const wxString& lab
       m_list(new tvListViewComboPopup),
       m_unitSystem("iso")
 {
-    auto* combo = new wxComboCtrl(parent, id, wxString(), wxDefaultPosition, size, wxCB_READONLY);
+    auto* combo = new FramedCombo(parent, id, size);
     combo->SetPopupControl(m_list);
     // The toolkit takes the drop-down for a focusable child, which would keep Tab from the control itself.
     combo->SetCanFocus(true);

@@ -52,8 +52,7 @@ protected:
           m_labelText(label),
           m_label(new TvStaticText(parent, wxID_ANY, label, suffix))
     {
-        m_sizer->Add(m_label.get(),
-                     wxSizerFlags().Border(wxLEFT | wxRIGHT | wxBOTTOM, kGap).CenterVertical());
+        m_sizer->Add(m_label.get(), wxSizerFlags().Border(wxRIGHT | wxBOTTOM, kGap).CenterVertical());
     }
 
     void AddControl(Control* control)

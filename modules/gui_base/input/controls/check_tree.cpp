@@ -4,6 +4,7 @@
 #include "gui_base/input/controls/check_tree_images.h"
 
 #include <wx/imaglist.h>
+#include <wx/settings.h>
 #include <wx/wupdlock.h>
 
 #include <memory>
@@ -54,14 +55,17 @@ void wxCheckTreeCtrl::EnsureBitmaps()
     using namespace checktree;
     if (ms_uncheckedBmp.IsOk())
         return;
-    ms_uncheckedBmp = Picture(kUnchecked, kEnabled);
-    ms_checkedBmp = Picture(kChecked, kEnabled);
-    ms_partialBmp = Picture(kPartial, kEnabled);
-    ms_noBmp = Picture(kNoBox, kEnabled);
-    ms_uncheckedDisBmp = Picture(kUnchecked, kDisabled);
-    ms_checkedDisBmp = Picture(kChecked, kDisabled);
-    ms_partialDisBmp = Picture(kPartial, kDisabled);
-    ms_noDisBmp = Picture(kNoBox, kDisabled);
+    const bool isDark = wxSystemSettings::GetAppearance().IsDark();
+    const Palette& enabled = isDark ? kEnabledDark : kEnabled;
+    const Palette& disabled = isDark ? kDisabledDark : kDisabled;
+    ms_uncheckedBmp = Picture(kUnchecked, enabled);
+    ms_checkedBmp = Picture(kChecked, enabled);
+    ms_partialBmp = Picture(kPartial, enabled);
+    ms_noBmp = Picture(kNoBox, enabled);
+    ms_uncheckedDisBmp = Picture(kUnchecked, disabled);
+    ms_checkedDisBmp = Picture(kChecked, disabled);
+    ms_partialDisBmp = Picture(kPartial, disabled);
+    ms_noDisBmp = Picture(kNoBox, disabled);
 }
 
 void wxCheckTreeCtrl::BindEvents()
@@ -165,6 +169,7 @@ void wxCheckTreeCtrl::EnableItem(const wxTreeItemId& item, bool enable)
 {
     const int image = StateOfImage(GetItemImage(item));
     ShowImage(item, enable ? image & kStateBits : image | kDisabledBit, wxTreeItemIcon_Normal);
+    SetItemTextColour(item, enable ? wxColour() : wxSystemSettings::GetColour(wxSYS_COLOUR_GRAYTEXT));
     wxTreeItemIdValue cookie{};
     for (wxTreeItemId child = GetFirstChild(item, cookie); child.IsOk(); child = GetNextChild(item, cookie))
         EnableItem(child, enable);

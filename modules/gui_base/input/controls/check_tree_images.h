@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-/// The pictures of the check boxes, 16 × 16. A white box with a dark border is readable on light and dark
-/// themes.
+/// The pictures of the check boxes, 16 × 16. One that cannot be checked is grey.
 
 #include <wx/bitmap.h>
 
@@ -41,7 +40,10 @@ inline constexpr Rows kNoBox{
 
 using Palette = std::array<const char*, 4>;
 inline constexpr Palette kEnabled{"  c None", "# c #4E5861", ". c #FFFFFF", "x c #1B6CA8"};
-inline constexpr Palette kDisabled{"  c None", "# c #98A1A8", ". c #D3D8DC", "x c #7D8790"};
+/// White boxes would be brighter than anything else in a dark theme.
+inline constexpr Palette kEnabledDark{"  c None", "# c #A4ADB5", ". c #26292B", "x c #6CB4EE"};
+inline constexpr Palette kDisabledDark{"  c None", "# c #62696F", ". c #3C4145", "x c #8A9299"};
+inline constexpr Palette kDisabled{"  c None", "# c #8A9299", ". c #A9B1B7", "x c #5F6870"};
 
 inline wxBitmap Picture(const Rows& rows, const Palette& palette)
 {

@@ -6,6 +6,7 @@
 #include <wx/statbox.h>
 
 #include <algorithm>
+#include <utility>
 #include <vector>
 
 /// Calls `place` with each item, its position and its size; returns what all take.
@@ -72,6 +73,29 @@ void FlowSizer::RepositionChildren(const wxSize&)
     });
 }
 
+int FlowSizer::GetLeastWidth()
+{
+    const int room = std::exchange(m_room, 1);
+    const int width = CalcMin().x;
+    m_room = room;
+    return width;
+}
+
+int FlowSizer::RoomFor(const wxSizerItem& item, int width) const
+{
+    auto* const inner = dynamic_cast<FlowSizer*>(item.GetSizer());
+    if (inner == nullptr)
+        return width;
+    int left = width;
+    for (wxSizerItem* before : GetChildren()) {
+        if (before == &item)
+            break;
+        if (before->IsShown())
+            left -= before->CalcMin().x + m_gap;
+    }
+    return left >= inner->GetLeastWidth() ? left : width;
+}
+
 void FlowSizer::GiveRoom(wxSizer& sizer, int width)
 {
     if (const auto* box = dynamic_cast<const wxStaticBoxSizer*>(&sizer)) {
@@ -80,13 +104,15 @@ void FlowSizer::GiveRoom(wxSizer& sizer, int width)
         box->GetStaticBox()->GetBordersForSizer(&top, &side);
         width -= 2 * side;
     }
-    if (auto* flow = dynamic_cast<FlowSizer*>(&sizer))
+    auto* const flow = dynamic_cast<FlowSizer*>(&sizer);
+    if (flow != nullptr)
         flow->SetRoom(width);
     for (wxSizerItem* item : sizer.GetChildren()) {
         if (!item->IsSizer())
             continue;
         const int borders = ((item->GetFlag() & wxLEFT) != 0 ? item->GetBorder() : 0) +
                             ((item->GetFlag() & wxRIGHT) != 0 ? item->GetBorder() : 0);
-        GiveRoom(*item->GetSizer(), width - borders);
+        const int room = flow != nullptr ? flow->RoomFor(*item, width) : width;
+        GiveRoom(*item->GetSizer(), room - borders);
     }
 }

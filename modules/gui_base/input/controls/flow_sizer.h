@@ -7,7 +7,8 @@
 
 /// Places items from left to right and begins a new line where the next one would not fit. The same room
 /// gives the same lines, whatever the room was before. Items with wxEXPAND are as high as their line,
-/// unless they are folded to a line of their own; all below each other they are as wide as the widest.
+/// unless they are folded to a line of their own; all below each other they are as wide as the widest. A flow
+/// in a flow is a part of its line: it breaks its own lines beside what stands before it.
 class GUI_BASE_EXPORT FlowSizer : public wxSizer
 {
 public:
@@ -19,13 +20,19 @@ public:
     void SetRoom(int width) { m_room = width; }
 
     /// Gives all flows of `sizer` and of the sizers in it what borders and boxes around them leave of `width`
-    /// pixels. What stands beside a flow is not seen: a flow has its line to itself.
+    /// pixels. What stands beside a flow is seen only where it is an item of a flow as well; any other has
+    /// its line to itself.
     static void GiveRoom(wxSizer& sizer, int width);
 
     wxSize CalcMin() override;
     void RepositionChildren(const wxSize& minSize) override;
 
 private:
+    /// The room of an item of this flow: what the items before it leave, if that is enough for it.
+    int RoomFor(const wxSizerItem& item, int width) const;
+    /// In the narrowest room.
+    int GetLeastWidth();
+
     template <typename Place>
     wxSize Arrange(const Place& place) const;
 

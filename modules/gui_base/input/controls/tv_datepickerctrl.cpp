@@ -6,13 +6,15 @@
 #include "gui_base/support/translation.h"
 #include "projectbase/details/date_text.h"
 
-#include <wx/combo.h>
 #include <wx/textctrl.h>
 #include <wx/valtext.h>
 
 #include <optional>
 
 namespace {
+
+/// In DIP: the button of a date and the margins of its text.
+constexpr int kButton = 44;
 
 /// No valid date in an empty text, nothing at all in one that is no date.
 std::optional<wxDateTime> DateIn(const wxString& text)
@@ -55,6 +57,8 @@ TvDatePickerCtrl::TvDatePickerCtrl(wxWindow* parent, int id, DetailData* detail,
         m_text->SetValidator(signs);
         m_text->GetTextCtrl()->Bind(wxEVT_KILL_FOCUS, &TvDatePickerCtrl::OnLeft, this);
     }
+    // The toolkit measures the date that it has, which may be none, as the locale writes it.
+    SetMinSize(wxSize(GetTextExtent("0000-00-00").x + FromDIP(kButton), -1));
     TvDatePickerCtrl::TransferDetailToWindow();
     Bind(wxEVT_DATE_CHANGED, &TvDatePickerCtrl::OnDate, this);
 }

@@ -6,12 +6,12 @@
 #include "gui_base/input/validation/commit.h"
 #include "projectbase/details/detail_data.h"
 
+#include <wx/combo.h>
 #include <wx/datectrl.h>
 #include <wx/dateevt.h>
+#include <wx/weakref.h>
 
 #include <string>
-
-class wxComboCtrl;
 
 /// A date field bound to a date detail; an unknown date is an empty field. Another day is stored at once and
 /// told to the parent by a queued tvCHANGE_EVENT; the same day leaves the detail, and its time of day, as it
@@ -44,6 +44,7 @@ private:
     void ShowText();
 
     DetailData* m_detail;
-    wxComboCtrl* m_text = nullptr;  ///< null where the toolkit has a field of its own kind
+    /// Null where the toolkit has a field of its own kind, and once it is gone, which may be before this.
+    wxWeakRef<wxComboCtrl> m_text;
     wxString m_tooltip;
 };

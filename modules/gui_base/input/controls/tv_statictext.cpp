@@ -39,7 +39,7 @@ void TvStaticText::Localize(const std::string&)
 
 void TvStaticText::ShowTexts()
 {
-    const wxString label = i18n::Translated(m_label) + m_suffix;
+    const wxString label = i18n::Translated(m_label) + (m_suffix == ":" ? i18n::Colon() : m_suffix);
     if (wxStaticText::GetLabelText() != label)
         wxStaticText::SetLabelText(label);
     if (!m_tooltip.empty())

@@ -7,7 +7,8 @@
 
 #include <string>
 
-/// A label with a translated text, an untranslated suffix right behind it, and a translated tooltip.
+/// A label with a translated text, an untranslated suffix right behind it (a colon as the language writes
+/// it), and a translated tooltip.
 class GUI_BASE_EXPORT TvStaticText : public wxStaticText
 {
 public:

@@ -17,9 +17,6 @@
 
 namespace {
 
-/// In DIP: the button of a date and the margins of its text.
-constexpr int kDateButton = 44;
-
 constexpr int kInputWidth = 80;
 constexpr int kResultWidth = 78;
 
@@ -98,13 +95,8 @@ wxWindow* FieldSet::CreateField(wxWindow* parent, const FormRow& row, DetailData
             return AddSelfStoring(new TvCheckBox(parent, wxID_ANY, label, wxDefaultPosition, wxDefaultSize, 0,
                                                  wxDefaultValidator, wxASCII_STR(wxCheckBoxNameStr), &detail),
                                   label);
-        case DetailType::Date: {
-            auto* date = new TvDatePickerCtrl(parent, wxID_ANY, &detail, wxDefaultPosition, wxDefaultSize,
-                                              wxDP_DROPDOWN | wxDP_SHOWCENTURY);
-            // The toolkit measures the date that it has, which may be none.
-            date->SetMinSize(wxSize(date->GetTextExtent("0000-00-00").x + parent->FromDIP(kDateButton), -1));
-            return AddSelfStoring(date, label);
-        }
+        case DetailType::Date:
+            return AddSelfStoring(new TvDatePickerCtrl(parent, wxID_ANY, &detail), label);
         case DetailType::String:
             return AddTextField(parent, row, detail);
         default:

@@ -23,10 +23,7 @@ namespace form {
 wxString PlainLabel(const wxString& label)
 {
     wxString plain = i18n::Translated(label);
-    plain.Trim();
-    if (plain.EndsWith(":"))
-        plain.RemoveLast();
-    return plain;
+    return i18n::WithoutColon(plain.Trim());
 }
 
 std::optional<double> MinOf(const NumberSpec& spec, const DetailData& detail)

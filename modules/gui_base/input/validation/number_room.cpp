@@ -5,6 +5,7 @@
 #include <wx/grid.h>
 #include <wx/listctrl.h>
 #include <wx/scrolwin.h>
+#include <wx/sizer.h>
 #include <wx/textctrl.h>
 
 #ifdef __WXGTK__
@@ -49,6 +50,12 @@ void LayOutAround(const wxWindow& field)
     }
     for (wxWindow* around = field.GetParent(); around != nullptr; around = around->GetParent()) {
         around->InvalidateBestSize();
+        // A panel on a page was once made as large as what it holds.
+        if (around != page && around->GetSizer() != nullptr && around->GetMinSize().IsFullySpecified()) {
+            wxSize least = around->ClientToWindowSize(around->GetSizer()->CalcMin());
+            least.IncTo(around->GetMinSize());
+            around->SetMinSize(least);
+        }
         if (dynamic_cast<wxScrollHelper*>(around) != nullptr)
             around->FitInside();
         around->Layout();

@@ -27,9 +27,10 @@ std::string CostFormPanel::Key(const char* kind, const std::string& suffix)
 
 CostTable& CostFormPanel::AddTable(wxWindow* parent, const char* quantity,
                                    std::span<const cost_table::Line> lines,
-                                   std::span<const cost_table::Result> results)
+                                   std::span<const cost_table::Result> results,
+                                   const AlignedGrid::Group& group)
 {
-    m_tables.push_back(std::make_unique<CostTable>(GetFields(), parent, quantity, lines, results));
+    m_tables.push_back(std::make_unique<CostTable>(GetFields(), parent, quantity, lines, results, group));
     return *m_tables.back();
 }
 

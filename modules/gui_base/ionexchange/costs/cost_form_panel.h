@@ -29,7 +29,8 @@ protected:
 
     iex::IEXProject& Plant() const;
     CostTable& AddTable(wxWindow* parent, const char* quantity, std::span<const cost_table::Line> lines,
-                        std::span<const cost_table::Result> results);
+                        std::span<const cost_table::Result> results,
+                        const AlignedGrid::Group& group = AlignedGrid::NewGroup());
     void ClearTables() { m_tables.clear(); }
     /// "cost/cc.volume.resin1"
     static std::string Key(const char* kind, const std::string& suffix);

@@ -18,20 +18,20 @@ namespace {
 constexpr int kColumnsOfLine = 5;
 /// In DIP; longer numbers take more.
 constexpr int kQuantityWidth = 52;
-constexpr int kPriceWidth = 56;
+constexpr int kPriceWidth = 50;
 constexpr int kMoneyWidth = 66;
 constexpr int kShareWidth = 42;
-constexpr int kPriceDigits = 6;
-constexpr int kResultDigits = 4;
+constexpr int kDigits = 4;
 
 }  // namespace
 
 CostTable::CostTable(FieldSet& fields, wxWindow* parent, const char* quantity,
-                     std::span<const cost_table::Line> lines, std::span<const cost_table::Result> results)
+                     std::span<const cost_table::Line> lines, std::span<const cost_table::Result> results,
+                     const AlignedGrid::Group& group)
     : m_fields(fields)
 {
-    m_grid = form::NewGrid(*parent, kColumnsOfLine + static_cast<int>(results.size()));
-    m_grid->SetHGap(parent->FromDIP(form::kGap));
+    m_grid = new AlignedGrid(kColumnsOfLine + static_cast<int>(results.size()),
+                             parent->FromDIP(wxSize(form::kGap, form::kGap)), group);
     m_grid->AddSpacer(0);
     for (const char* head : {quantity, static_cast<const char*>(wxTRANSLATE("Price"))}) {
         AddHead(parent, head);
@@ -66,7 +66,7 @@ void CostTable::AddField(wxWindow* parent, Row& row, const char* head, DetailDat
     FormRow spec{.key = detail.GetName().c_str(),
                  .label = head,
                  .field = isInput ? FormField::Input : FormField::Result,
-                 .precision = isInput ? kPriceDigits : kResultDigits,
+                 .precision = kDigits,
                  .validatorFlags = PlainNumbers,
                  .width = isInput ? kPriceWidth : kQuantityWidth};
     if (unit == "EUR" || unit == "%") {
@@ -77,7 +77,8 @@ void CostTable::AddField(wxWindow* parent, Row& row, const char* head, DetailDat
         spec.validatorFlags |= isMoney ? GroupThousands : 0;
     }
     wxWindow* field = m_fields.CreateField(parent, spec, detail);
-    m_grid->Add(field, wxSizerFlags().Right());
+    // A field with a longer number takes more room, and the others of its column with it.
+    m_grid->Add(field, wxSizerFlags().Expand());
     row.windows.push_back(field);
     row.named.push_back({field, head, unit});
 }

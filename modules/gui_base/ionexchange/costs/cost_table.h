@@ -4,6 +4,7 @@
 /// A table of cost lines: name, quantity, price, and what these come to. Lines whose name is a detail are
 /// hidden as long as it is empty. GUI thread only.
 
+#include "gui_base/input/form/aligned_grid.h"
 #include "gui_base/input/form/field_set.h"
 
 #include <wx/sizer.h>
@@ -36,9 +37,11 @@ struct Result
 class CostTable
 {
 public:
-    /// Makes the table below `parent` in `fields`, which outlives it. `quantity` is the head of its column.
+    /// Makes the table below `parent` in `fields`, which outlives it. `quantity` is the head of its column;
+    /// the tables of a group line up.
     CostTable(FieldSet& fields, wxWindow* parent, const char* quantity,
-              std::span<const cost_table::Line> lines, std::span<const cost_table::Result> results);
+              std::span<const cost_table::Line> lines, std::span<const cost_table::Result> results,
+              const AlignedGrid::Group& group);
     CostTable(const CostTable&) = delete;
     CostTable& operator=(const CostTable&) = delete;
 

@@ -15,7 +15,7 @@
 namespace {
 
 constexpr std::array kResults{
-    cost_table::Result{wxTRANSLATE("Of a cycle"), "EUR"}, cost_table::Result{wxTRANSLATE("Of a year"), "EUR"},
+    cost_table::Result{wxTRANSLATE("Per cycle"), "EUR"}, cost_table::Result{wxTRANSLATE("Per year"), "EUR"},
     cost_table::Result{wxTRANSLATE("Share"), "%"}, cost_table::Result{wxTRANSLATE("Product"), "EUR/m3"}};
 
 std::vector<cost_table::Line> Chemicals(const char* kind)
@@ -48,9 +48,10 @@ void IRXChemicalCostsPanel::Create(iex::IEXProject* project, wxWindow* parent, i
 void IRXChemicalCostsPanel::AddBox(const char* title, const char* quantity,
                                    std::span<const cost_table::Line> lines)
 {
-    const wxSizerFlags spaced = wxSizerFlags().Expand().Border(wxALL, FromDIP(form::kGap));
+    // Nothing stands beside the boxes.
+    const wxSizerFlags spaced = wxSizerFlags().Expand().Border(wxALL & ~wxRIGHT, FromDIP(form::kGap));
     auto* box = AddLocalizable(new TvStaticBoxSizer(wxVERTICAL, this, title));
-    CostTable& table = AddTable(box->GetStaticBox(), quantity, lines, kResults);
+    CostTable& table = AddTable(box->GetStaticBox(), quantity, lines, kResults, m_group);
     box->Add(table.GetSizer(), wxSizerFlags().Border(wxALL, FromDIP(form::kGap)));
     GetSizer()->Add(box, spaced);
     m_boxes.push_back({box->GetStaticBox(), &table});

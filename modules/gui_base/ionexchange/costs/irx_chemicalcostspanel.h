@@ -35,5 +35,6 @@ private:
     };
     void AddBox(const char* title, const char* quantity, std::span<const cost_table::Line> lines);
 
+    AlignedGrid::Group m_group = AlignedGrid::NewGroup();
     std::vector<Box> m_boxes;
 };

@@ -25,7 +25,7 @@
 namespace {
 
 constexpr int kFieldWidth = 110;
-constexpr int kChartWidth = 620;
+constexpr int kChartWidth = 580;
 constexpr int kChartHeight = 300;
 constexpr int kMoney = PlainNumbers | GroupThousands;
 

@@ -56,7 +56,7 @@ void DesignPanel::DoCreateForm()
     auto* outer = new wxBoxSizer(wxVERTICAL);
     const wxSizerFlags spaced = wxSizerFlags().Border(wxALL, FromDIP(form::kGap)).Expand();
     auto* line = AddLocalizable(new TvStaticBoxSizer(wxHORIZONTAL, this, wxTRANSLATE("Line")));
-    auto* flow = new FlowSizer;
+    auto* flow = new FlowSizer(FromDIP(4 * form::kGap));
     m_water = nullptr;
     for (const std::span<const FormRow> rows :
          {std::span<const FormRow>(kLineRows), std::span<const FormRow>(kLineResults)}) {

@@ -4,6 +4,7 @@
 #include "gui_base/input/controls/flow_sizer.h"
 #include "gui_base/input/controls/tv_button.h"
 #include "gui_base/input/controls/tv_statictext.h"
+#include "gui_base/input/form/aligned_grid.h"
 #include "gui_base/input/form/form_grid.h"
 #include "gui_base/input/form/shown_context.h"
 #include "gui_base/ionexchange/exchanger_name.h"
@@ -107,10 +108,10 @@ void Append(std::string& text, const std::string& line)
     text += (text.empty() ? "" : "\n") + line;
 }
 
-void Append(std::string& text, const std::vector<designtext::Line>& lines)
+void Append(std::string& text, const std::vector<designtext::Line>& lines, const ReportContext& context)
 {
     if (!lines.empty())
-        Append(text, designtext::TextOf(lines));
+        Append(text, designtext::TextOf(lines, context));
 }
 
 }  // namespace
@@ -121,19 +122,24 @@ ExchangerBlock::ExchangerBlock(iex::IEXProject& project, OwnerNode& exchanger, F
 {
     wxWindow* const parent = &m_box;
     const wxSizerFlags spaced = wxSizerFlags().Border(wxALL, parent->FromDIP(form::kGap));
-    // What is typed, what the vessel comes to, what its beds come to.
-    auto* columns = new FlowSizer;
-    const auto newColumn = [&columns, parent] {
-        auto* column = form::NewGrid(*parent);
-        columns->Add(column, wxSizerFlags().Border(wxRIGHT, parent->FromDIP(6 * form::kGap)));
-        return column;
-    };
-    auto* inputs = newColumn();
+    // What is typed; beside it what the vessel comes to, and what its beds come to.
+    const int gap = parent->FromDIP(6 * form::kGap);
+    auto* columns = new FlowSizer(gap);
+    auto* inputs = form::NewGrid(*parent);
+    columns->Add(inputs);
     const auto compartments = exchanger.GetChildren(OwnerKind::Compartment);
     if (compartments.empty()) {
         AddRows(parent, *inputs, exchanger, kDegasserInputs);
     } else {
         AddRows(parent, *inputs, exchanger, kVesselInputs);
+        auto* outcome = new FlowSizer(gap);
+        columns->Add(outcome);
+        const AlignedGrid::Group group = AlignedGrid::NewGroup();
+        const auto newColumn = [&] {
+            auto* column = new AlignedGrid(3, parent->FromDIP(wxSize(2 * form::kGap, form::kGap)), group);
+            outcome->Add(column);
+            return column;
+        };
         AddRows(parent, *newColumn(), exchanger, kVesselResults);
         auto* results = newColumn();
         for (const auto& compartment : compartments) {
@@ -240,9 +246,9 @@ void ExchangerBlock::ShowNotes(const design::ExchangerDesign& exchanger)
         const std::string title = designtext::CompartmentTitle(*bed.node, context);
         if (!lines.empty() && !title.empty())
             Append(text, title);
-        Append(text, lines);
+        Append(text, lines, context);
     }
-    Append(text, designtext::LeakageLines(exchanger.leakages, context));
+    Append(text, designtext::LeakageLines(exchanger.leakages, context), context);
     for (const RangeFault& fault : RangeFaults(m_project)) {
         const OwnerNode* owner = m_project.FindOwner(fault.address.owner);
         if (owner != nullptr && owner->IsWithin(*exchanger.node))

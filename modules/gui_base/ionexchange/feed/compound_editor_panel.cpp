@@ -243,6 +243,8 @@ void CompoundEditorPanel::UpdateSelectionBoxes()
 void CompoundEditorPanel::UpdateElementList()
 {
     std::vector<CompoundElement> elements = m_model.GetElements();
+    // What is no element has no data; the field says so.
+    std::erase_if(elements, [](const CompoundElement& element) { return element.symbol.empty(); });
     for (CompoundElement& element : elements) {
         if (element.symbol == m_model.GetBaseElement())
             element.oxidationNumber = std::to_string(m_model.oxidationNrCommon);

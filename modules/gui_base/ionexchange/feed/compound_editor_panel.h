@@ -19,7 +19,7 @@ class CompoundElementListCtrl;
 class FormulaTextCtrl;
 class wxButton;
 class wxChoice;
-class wxFlexGridSizer;
+class wxGridBagSizer;
 class wxStaticText;
 class wxTextCtrl;
 
@@ -57,16 +57,27 @@ public:
 
 private:
     void CreateControls();
+    /// Labels and fields below each other in a grid, and the row of the next ones.
+    struct FieldColumn
+    {
+        wxGridBagSizer& grid;
+        int first;
+        int row = 0;
+    };
+
     wxSizer* AddHeaderFields();
-    void AddFirstFields(wxFlexGridSizer& grid);
-    void AddFurtherFields(wxFlexGridSizer& grid);
+    void AddFirstFields(FieldColumn& column);
+    void AddFurtherFields(FieldColumn& column);
     /// A label and a text field.
-    wxTextCtrl* AddLabelTextCombo(wxFlexGridSizer& grid, const wxString& label, bool readOnly = false);
+    wxTextCtrl* AddLabelTextCombo(FieldColumn& column, const wxString& label, long style = 0);
     /// A label and a choice.
-    wxChoice* AddLabelSelectionBoxCombo(wxFlexGridSizer& grid, const wxString& label,
+    wxChoice* AddLabelSelectionBoxCombo(FieldColumn& column, const wxString& label,
                                         const wxArrayString& entries);
-    void AddFormulaField(wxFlexGridSizer& grid);
-    void AddChargeField(wxFlexGridSizer& grid);
+    void AddFormulaField(FieldColumn& column);
+    void AddChargeField(FieldColumn& column);
+    void AddLabel(FieldColumn& column, const wxString& label);
+    /// In the row of the column, which ends with them.
+    void AddCells(FieldColumn& column, const wxString& label, wxWindow& field);
     void AddListControl(wxSizer& sizer);
     void AddButtons(wxSizer& sizer);
     void BindEvents();

@@ -14,6 +14,7 @@
 
 #include <wx/button.h>
 #include <wx/choice.h>
+#include <wx/gbsizer.h>
 #include <wx/settings.h>
 #include <wx/sizer.h>
 #include <wx/stattext.h>
@@ -23,6 +24,7 @@
 
 namespace {
 
+constexpr long kResult = wxTE_RIGHT | wxTE_READONLY;
 constexpr long kMost = std::numeric_limits<std::int32_t>::max();
 
 wxArrayString Entries(std::initializer_list<const char*> sources)
@@ -31,13 +33,6 @@ wxArrayString Entries(std::initializer_list<const char*> sources)
     for (const char* source : sources)
         entries.Add(i18n::Translated(source));
     return entries;
-}
-
-wxStaticText* AddLabel(wxWindow* parent, wxFlexGridSizer& grid, const wxString& label)
-{
-    auto* text = new wxStaticText(parent, wxID_ANY, label);
-    grid.Add(text, wxSizerFlags().CenterVertical());
-    return text;
 }
 
 void KeepWheel(wxChoice& choice)
@@ -60,98 +55,106 @@ void CompoundEditorPanel::CreateControls()
 
 wxSizer* CompoundEditorPanel::AddHeaderFields()
 {
-    auto* columns = new wxBoxSizer(wxHORIZONTAL);
-    const wxSize gap = FromDIP(wxSize(8, 4));
-    auto* first = new wxFlexGridSizer(2, gap);
-    auto* further = new wxFlexGridSizer(2, gap);
-    first->AddGrowableCol(1);
-    further->AddGrowableCol(1);
-    AddFirstFields(*first);
-    AddFurtherFields(*further);
-    columns->Add(first, wxSizerFlags(1).Border(wxRIGHT, FromDIP(16)));
-    columns->Add(further, wxSizerFlags(1));
-    return columns;
+    // One grid, so that the rows of both sides stand at one height.
+    auto* grid = new wxGridBagSizer(FromDIP(4), FromDIP(8));
+    FieldColumn first{*grid, 0};
+    AddFirstFields(first);
+    FieldColumn further{*grid, 2};
+    AddFurtherFields(further);
+    for (int column : {1, 3})
+        grid->AddGrowableCol(column, 1);
+    return grid;
 }
 
-void CompoundEditorPanel::AddFirstFields(wxFlexGridSizer& grid)
+void CompoundEditorPanel::AddLabel(FieldColumn& column, const wxString& label)
 {
-    m_nameField = AddLabelTextCombo(grid, i18n::Translated("Name"));
-    m_categoryField = AddLabelTextCombo(grid, i18n::Translated("Category"));
-    AddFormulaField(grid);
-    m_valencyField = AddLabelTextCombo(grid, i18n::Translated("Valency"));
-    m_pKaField = AddLabelTextCombo(grid, i18n::Translated("pKa"));
+    // The further side stands apart from the first one.
+    const int apart = column.first > 0 ? FromDIP(16) : 0;
+    column.grid.Add(new wxStaticText(this, wxID_ANY, label), wxGBPosition(column.row, column.first),
+                    wxDefaultSpan, wxALIGN_CENTRE_VERTICAL | wxLEFT, apart);
+}
+
+void CompoundEditorPanel::AddCells(FieldColumn& column, const wxString& label, wxWindow& field)
+{
+    AddLabel(column, label);
+    column.grid.Add(&field, wxGBPosition(column.row++, column.first + 1), wxDefaultSpan, wxEXPAND);
+}
+
+void CompoundEditorPanel::AddFirstFields(FieldColumn& column)
+{
+    m_nameField = AddLabelTextCombo(column, i18n::Translated("Name"));
+    m_categoryField = AddLabelTextCombo(column, i18n::Translated("Category"));
+    AddFormulaField(column);
+    m_valencyField = AddLabelTextCombo(column, i18n::Translated("Valency"), wxTE_RIGHT);
+    m_pKaField = AddLabelTextCombo(column, i18n::Translated("pKa"), wxTE_RIGHT);
     m_acidBaseChoice = AddLabelSelectionBoxCombo(
-        grid, i18n::Translated("Acid/Base"),
+        column, i18n::Translated("Acid/Base"),
         Entries({wxTRANSLATE("Neutral"), wxTRANSLATE("Strong acid"), wxTRANSLATE("Weak acid"),
                  wxTRANSLATE("Strong base"), wxTRANSLATE("Weak base")}));
-    AddChargeField(grid);
+    AddChargeField(column);
 }
 
-void CompoundEditorPanel::AddFurtherFields(wxFlexGridSizer& grid)
+void CompoundEditorPanel::AddFurtherFields(FieldColumn& column)
 {
-    m_oxidationField = AddLabelTextCombo(grid, i18n::Translated("Oxidation number"));
-    m_molweightField = AddLabelTextCombo(grid, i18n::Translated("Molweight [g/mol]"), true);
-    m_oxidationChoice = AddLabelSelectionBoxCombo(grid, i18n::Translated("E-1 Oxidation numbers"), {});
-    m_kaField = AddLabelTextCombo(grid, i18n::Translated("Ka"), true);
-    m_pKbField = AddLabelTextCombo(grid, i18n::Translated("pKb"), true);
-    m_kbField = AddLabelTextCombo(grid, i18n::Translated("Kb"), true);
+    m_oxidationField = AddLabelTextCombo(column, i18n::Translated("Oxidation number"), wxTE_RIGHT);
+    m_molweightField = AddLabelTextCombo(column, i18n::Translated("Molweight [g/mol]"), kResult);
+    m_oxidationChoice = AddLabelSelectionBoxCombo(column, i18n::Translated("E-1 Oxidation numbers"), {});
+    // Beside what is wrong with the formula.
+    ++column.row;
+    m_kaField = AddLabelTextCombo(column, i18n::Translated("Ka"), kResult);
+    m_pKbField = AddLabelTextCombo(column, i18n::Translated("pKb"), kResult);
+    m_kbField = AddLabelTextCombo(column, i18n::Translated("Kb"), kResult);
     m_fractionField =
-        AddLabelTextCombo(grid, i18n::Translated("Molweight fraction base element") + " [%]", true);
+        AddLabelTextCombo(column, i18n::Translated("Molweight fraction base element") + " [%]", kResult);
 }
 
-wxTextCtrl* CompoundEditorPanel::AddLabelTextCombo(wxFlexGridSizer& grid, const wxString& label,
-                                                   bool readOnly)
+wxTextCtrl* CompoundEditorPanel::AddLabelTextCombo(FieldColumn& column, const wxString& label, long style)
 {
-    AddLabel(this, grid, label);
-    auto* field = new TvTextCtrl(this, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
-                                 readOnly ? wxTE_READONLY : 0);
+    auto* field = new TvTextCtrl(this, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize, style);
     accessibility::SetName(*field, label);
     text_length::Limit(*field, text_limits::kName);
-    field->SetMinSize(FromDIP(wxSize(140, -1)));
-    grid.Add(field, wxSizerFlags().Expand());
+    field->SetMinSize(wxSize(FromDIP(140), field->GetMinSize().y));
+    AddCells(column, label, *field);
     return field;
 }
 
-wxChoice* CompoundEditorPanel::AddLabelSelectionBoxCombo(wxFlexGridSizer& grid, const wxString& label,
+wxChoice* CompoundEditorPanel::AddLabelSelectionBoxCombo(FieldColumn& column, const wxString& label,
                                                          const wxArrayString& entries)
 {
-    AddLabel(this, grid, label);
     auto* choice = new wxChoice(this, wxID_ANY, wxDefaultPosition, wxDefaultSize, entries);
     accessibility::SetName(*choice, label);
     KeepWheel(*choice);
-    grid.Add(choice, wxSizerFlags().Expand());
+    AddCells(column, label, *choice);
     return choice;
 }
 
-void CompoundEditorPanel::AddFormulaField(wxFlexGridSizer& grid)
+void CompoundEditorPanel::AddFormulaField(FieldColumn& column)
 {
     const wxString label = i18n::Translated("Formula");
-    AddLabel(this, grid, label);
     m_formulaField = new FormulaTextCtrl(this);
     accessibility::SetName(*m_formulaField, label);
-    grid.Add(m_formulaField, wxSizerFlags().Expand());
-    grid.AddSpacer(0);
+    AddCells(column, label, *m_formulaField);
     m_formulaMessage = new wxStaticText(this, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
                                         wxST_ELLIPSIZE_END | wxST_NO_AUTORESIZE);
     const bool dark = wxSystemSettings::GetAppearance().IsUsingDarkBackground();
     m_formulaMessage->SetForegroundColour(dark ? FormulaTextCtrl::FaultColour() : wxColour(0xC0, 0x39, 0x2B));
-    grid.Add(m_formulaMessage, wxSizerFlags().Expand());
+    column.grid.Add(m_formulaMessage, wxGBPosition(column.row++, column.first + 1), wxDefaultSpan, wxEXPAND);
 }
 
-void CompoundEditorPanel::AddChargeField(wxFlexGridSizer& grid)
+void CompoundEditorPanel::AddChargeField(FieldColumn& column)
 {
     const wxString label = i18n::Translated("Ionic charge");
-    AddLabel(this, grid, label);
+    AddLabel(column, label);
     auto* row = new wxBoxSizer(wxHORIZONTAL);
     m_ionKindChoice = new wxChoice(this, wxID_ANY, wxDefaultPosition, wxDefaultSize,
                                    Entries({wxTRANSLATE("Cation"), wxTRANSLATE("Anion")}));
     accessibility::SetName(*m_ionKindChoice, label);
     KeepWheel(*m_ionKindChoice);
-    m_chargeField = new TvTextCtrl(this, wxID_ANY);
+    m_chargeField = new TvTextCtrl(this, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize, wxTE_RIGHT);
     accessibility::SetName(*m_chargeField, label);
     row->Add(m_ionKindChoice, wxSizerFlags(1).Border(wxRIGHT, FromDIP(4)));
     row->Add(m_chargeField, wxSizerFlags(1));
-    grid.Add(row, wxSizerFlags().Expand());
+    column.grid.Add(row, wxGBPosition(column.row++, column.first + 1), wxDefaultSpan, wxEXPAND);
 }
 
 void CompoundEditorPanel::AddListControl(wxSizer& sizer)

@@ -83,7 +83,7 @@ wxSizer* IEXPlantOverviewPanelImpl::CreateToolSizer()
     };
     add(new TvButton(m_tools, wxID_ANY, wxTRANSLATE("Fit to window")),
         wxTRANSLATE("As large as the page (Ctrl+9)"), [this] { FitToWindow(); });
-    add(new TvButton(m_tools, wxID_ANY, wxTRANSLATE("Own size")), wxTRANSLATE("100 % (Ctrl+0)"),
+    add(new TvButton(m_tools, wxID_ANY, wxTRANSLATE("Actual size")), wxTRANSLATE("100 % (Ctrl+0)"),
         [this] { SetZoom(1.0); });
     add(new TvButton(m_tools, wxID_ANY, wxTRANSLATE("Larger")),
         wxTRANSLATE("Larger (Ctrl++, Ctrl and the wheel)"), [this] { SetZoom(m_zoom * kZoomStep); });

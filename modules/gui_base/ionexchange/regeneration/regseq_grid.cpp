@@ -17,7 +17,9 @@
 
 namespace {
 
-constexpr int kNumberWidth = 66;
+constexpr int kNumberWidth = 60;
+/// Beside a text on both sides together.
+constexpr int kMargins = 8;
 constexpr int kMostRowsShown = 14;
 /// On a page that is narrower than all columns the grid scrolls by itself.
 constexpr int kLeastWidth = 480;
@@ -81,6 +83,16 @@ TVRegSeqGrid::TVRegSeqGrid(wxWindow* parent, int id)
             event.Skip();
         else
             wheel::ScrollParent(*GetParent(), event);
+    });
+    Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
+        ShareWidth();
+        event.Skip();
+    });
+    // Columns that the user has sized stay so.
+    Bind(wxEVT_GRID_COL_SIZE, [this](wxGridSizeEvent& event) {
+        std::erase_if(m_choiceColumns,
+                      [&](const ChoiceColumn& choice) { return choice.column == event.GetRowOrCol(); });
+        event.Skip();
     });
     Bind(wxEVT_KEY_DOWN, &TVRegSeqGrid::OnKeyDown, this);
     Bind(wxEVT_GRID_TABBING, &TVRegSeqGrid::OnTabbing, this);
@@ -148,16 +160,48 @@ void TVRegSeqGrid::ShowTexts()
 void TVRegSeqGrid::FitColumns()
 {
     wxClientDC dc(GetGridColLabelWindow());
+    m_choiceColumns.clear();
     for (int column = 0; column < kRegSeqColumnCount; ++column) {
         dc.SetFont(GetLabelFont());
-        int wanted = dc.GetMultiLineTextExtent(m_table->GetColLabelValue(column)).x + FromDIP(12);
-        dc.SetFont(GetDefaultCellFont());
+        const int head = dc.GetMultiLineTextExtent(m_table->GetColLabelValue(column)).x + FromDIP(kMargins);
         const auto texts = m_table->TextsOf(column);
+        if (texts.empty()) {
+            SetColSize(column, std::max(head, FromDIP(kNumberWidth)));
+            continue;
+        }
+        dc.SetFont(GetDefaultCellFont());
+        ChoiceColumn choice{.column = column, .head = head, .widest = head};
         for (const wxString& text : texts)
-            wanted = std::max(wanted, dc.GetTextExtent(text).x + FromDIP(kArrowWidth));
-        SetColSize(column, std::max(wanted, texts.empty() ? FromDIP(kNumberWidth) : 0));
+            choice.widest = std::max(choice.widest, dc.GetTextExtent(text).x + FromDIP(kArrowWidth));
+        m_choiceColumns.push_back(choice);
     }
     GrowColumns();
+}
+
+void TVRegSeqGrid::ShareWidth()
+{
+    if (m_choiceColumns.empty())
+        return;
+    wxClientDC dc(GetGridWindow());
+    dc.SetFont(GetDefaultCellFont());
+    int spare = GetSize().x - GetRowLabelSize() - FromDIP(kMargins);
+    for (int column = 0; column < kRegSeqColumnCount; ++column)
+        spare -= m_table->TextsOf(column).empty() ? GetColSize(column) : 0;
+    std::vector<int> shown;
+    for (const ChoiceColumn& choice : m_choiceColumns) {
+        int width = choice.head;
+        for (int row = 0; row < GetNumberRows(); ++row)
+            width = std::max(width, dc.GetTextExtent(GetCellValue(row, choice.column)).x + FromDIP(kMargins));
+        shown.push_back(std::min(width, choice.widest));
+        spare -= shown.back();
+    }
+    for (std::size_t i = 0; i < m_choiceColumns.size(); ++i) {
+        const ChoiceColumn& choice = m_choiceColumns[i];
+        const int more = std::clamp(spare, 0, choice.widest - shown[i]);
+        spare -= more;
+        if (GetColSize(choice.column) != shown[i] + more)
+            SetColSize(choice.column, shown[i] + more);
+    }
 }
 
 void TVRegSeqGrid::GrowColumns()
@@ -165,6 +209,7 @@ void TVRegSeqGrid::GrowColumns()
     for (int column = 0; column < kRegSeqColumnCount; ++column)
         if (m_table->TextsOf(column).empty())
             number_room::GrowColumn(*this, column, 0, GetNumberRows() - 1);
+    ShareWidth();
 }
 
 std::vector<int> TVRegSeqGrid::GetChosenRows() const

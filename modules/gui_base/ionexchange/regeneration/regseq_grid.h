@@ -40,7 +40,17 @@ public:
     void SelectRows(const std::vector<int>& rows);
 
 private:
+    struct ChoiceColumn
+    {
+        int column;
+        int head;    ///< width of its heading, pixels
+        int widest;  ///< with room for any of its choices and the arrow of their list
+    };
+
     void FitColumns();
+    /// Gives the columns of choices what the numbers leave: as much as the texts shown take, more where there
+    /// is room.
+    void ShareWidth();
     /// Numbers that are longer than usual ones need more room; what the user widened stays so.
     void GrowColumns();
     void FitHeight();
@@ -49,6 +59,7 @@ private:
     void OnTabbing(wxGridEvent& event);
 
     RegSeqTable* m_table;
+    std::vector<ChoiceColumn> m_choiceColumns;
     std::function<void()> m_onEdit;
     std::function<void(Command)> m_onCommand;
     std::function<bool(Command)> m_isPossible;

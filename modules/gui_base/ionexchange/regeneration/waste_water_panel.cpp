@@ -20,6 +20,7 @@ namespace {
 
 constexpr int kGap = 4;
 constexpr int kFieldWidth = 90;
+constexpr int kSectionColumns = 3;
 
 }  // namespace
 
@@ -44,10 +45,16 @@ DetailList& StepDetails(iex::IEXProject& project, std::size_t step)
     return *(step < project.NumberSteps() ? project.GetStep(step) : unknown).GetDetails();
 }
 
-/// Whether a regenerant is an acid, or nobody knows what it is.
-bool MayBeAcid(const DetailList& details)
+/// Whether a regenerant is an acid, or nobody knows what it is. Without a calculation its name tells.
+bool MayBeAcid(const std::string& name, const DetailList& details)
 {
     const auto* chemical = design::FindRegenerant(details.At("stepcomp/rm.chemical").GetStdStringValue());
+    if (chemical == nullptr) {
+        const auto& all = design::Regenerants();
+        const auto named = std::ranges::find_if(
+            all, [&](const design::Regenerant& each) { return each.name == name || each.formula == name; });
+        chemical = named != all.end() ? &*named : nullptr;
+    }
     return chemical == nullptr || chemical->kind == "acid";
 }
 
@@ -104,19 +111,16 @@ void TvWasteWaterAndComposition::DoCreateForm()
     wxWindow* parent = box->GetStaticBox();
     const wxSizerFlags spaced = wxSizerFlags().Border(wxALL, FromDIP(2 * kGap));
     auto* sections = new FlowSizer;
-    auto* anions = new wxBoxSizer(wxVERTICAL);
-    auto* cations = new wxBoxSizer(wxVERTICAL);
-    cations->Add(CreateSection(parent, wxTRANSLATE("Cations"), kCations));
-    cations->Add(
-        CreateLine(parent, GetProject()->GetDetails().At("project/qnetto"), wxTRANSLATE("Net flow rate")),
-        wxSizerFlags().Border(wxTOP, FromDIP(2 * kGap)));
+    // Wherever they stand, side by side or below each other.
+    const AlignedGrid::Group group = AlignedGrid::NewGroup();
+    wxSizer* const cations = CreateSection(parent, wxTRANSLATE("Cations"), kCations, group);
+    AddLine(parent, *cations, GetProject()->GetDetails().At("project/qnetto"), wxTRANSLATE("Net flow rate"));
     sections->Add(cations, spaced);
-    anions->Add(CreateSection(parent, wxTRANSLATE("Anions"), kAnions));
-    anions->Add(CreateLine(parent, GetFields().Details().At("step/neutral"), wxTRANSLATE("Neutralisation")),
-                wxSizerFlags().Border(wxTOP, FromDIP(2 * kGap)));
+    wxSizer* const anions = CreateSection(parent, wxTRANSLATE("Anions"), kAnions, group);
+    AddLine(parent, *anions, GetFields().Details().At("step/neutral"), wxTRANSLATE("Neutralisation"));
     sections->Add(anions, spaced);
     box->Add(sections);
-    box->Add(CreateRegenerants(parent), spaced);
+    box->Add(CreateRegenerants(parent, group), spaced);
     m_notes = new wxStaticText(parent, wxID_ANY, wxString());
     box->Add(m_notes, spaced);
     auto* outer = new wxBoxSizer(wxVERTICAL);
@@ -151,15 +155,16 @@ void TvWasteWaterAndComposition::AddField(wxWindow* parent, wxSizer& grid, Detai
         wxSizerFlags().Right().CentreVertical());
 }
 
-wxSizer* TvWasteWaterAndComposition::CreateLine(wxWindow* parent, DetailData& detail, const char* label)
+void TvWasteWaterAndComposition::AddLine(wxWindow* parent, wxSizer& grid, DetailData& detail,
+                                         const char* label)
 {
-    auto* line = new wxFlexGridSizer(3, FromDIP(wxSize(3 * kGap, kGap)));
-    line->Add(AddLocalizable(new TvStaticText(parent, wxID_ANY, label, wxString())),
-              wxSizerFlags().CentreVertical());
-    AddField(parent, *line, detail, label);
-    line->Add(GetFields().AddUnitLabel(parent, wxString::FromUTF8(detail.GetUnit()), true),
-              wxSizerFlags().CentreVertical());
-    return line;
+    for (int column = 0; column < kSectionColumns; ++column)
+        grid.AddSpacer(FromDIP(kGap));
+    grid.Add(AddLocalizable(new TvStaticText(parent, wxID_ANY, label, wxString())),
+             wxSizerFlags().CentreVertical());
+    AddField(parent, grid, detail, label);
+    grid.Add(GetFields().AddUnitLabel(parent, wxString::FromUTF8(detail.GetUnit()), true),
+             wxSizerFlags().CentreVertical());
 }
 
 void TvWasteWaterAndComposition::DoTransferDetailsToWindows()
@@ -185,8 +190,9 @@ void TvWasteWaterAndComposition::ShowNotes()
     const auto& plant = dynamic_cast<const iex::IEXProject&>(*GetProject());
     if (m_step >= plant.NumberSteps())
         return;
-    const wxString text = wxString::FromUTF8(designtext::TextOf(designtext::WasteLines(
-        design::DesignOf(plant), plant.GetStep(m_step), ShownContext(plant.GetUnitSystemDisplay()))));
+    const ReportContext context = ShownContext(plant.GetUnitSystemDisplay());
+    const auto lines = designtext::WasteLines(design::DesignOf(plant), plant.GetStep(m_step), context);
+    const wxString text = wxString::FromUTF8(designtext::TextOf(lines, context));
     if (m_notes->GetLabelText() == text)
         return;
     m_notes->SetLabelText(text);
@@ -195,9 +201,9 @@ void TvWasteWaterAndComposition::ShowNotes()
 }
 
 wxSizer* TvWasteWaterAndComposition::CreateSection(wxWindow* parent, const char* title,
-                                                   std::span<const Row> rows)
+                                                   std::span<const Row> rows, const AlignedGrid::Group& group)
 {
-    auto* grid = new wxFlexGridSizer(3, FromDIP(wxSize(3 * kGap, kGap)));
+    auto* grid = new AlignedGrid(kSectionColumns, FromDIP(wxSize(3 * kGap, kGap)), group);
     AddHead(parent, *grid, title, false);
     AddUnitHead(parent, *grid, "eq");
     AddUnitHead(parent, *grid, "meq/l");
@@ -210,9 +216,9 @@ wxSizer* TvWasteWaterAndComposition::CreateSection(wxWindow* parent, const char*
     return grid;
 }
 
-wxSizer* TvWasteWaterAndComposition::CreateRegenerants(wxWindow* parent)
+wxSizer* TvWasteWaterAndComposition::CreateRegenerants(wxWindow* parent, const AlignedGrid::Group& group)
 {
-    auto* grid = new wxFlexGridSizer(4, FromDIP(wxSize(3 * kGap, kGap)));
+    auto* grid = new AlignedGrid(kSectionColumns + 1, FromDIP(wxSize(3 * kGap, kGap)), group);
     AddHead(parent, *grid, wxTRANSLATE("Regenerants"), false);
     for (const char* head :
          {wxTRANSLATE("Total"), wxTRANSLATE("Neutralization"), wxTRANSLATE("Spec. consumption")})
@@ -232,10 +238,11 @@ wxSizer* TvWasteWaterAndComposition::CreateRegenerants(wxWindow* parent)
         AddField(parent, *grid, details.At("stepcomp/rm"), name);
         AddField(parent, *grid, details.At("stepcomp/m.neutral"), name);
         AddField(parent, *grid, details.At("stepcomp/rb.spec"), name);
-        if (!MayBeAcid(details))
+        if (!MayBeAcid(regenerant.name, details))
             continue;
-        // What its free acid takes, and what of it the free base of the line leaves to be neutralised.
-        label(wxTRANSLATE("NaOH for its free acid,\nwith the free base of the line"));
+        // What its free acid takes, and what of it the free base of the line leaves to be neutralised: less
+        // than nothing where there is more base than acid.
+        label(wxTRANSLATE("NaOH for its free acid; at right\nless free base (< 0: surplus)"));
         AddField(parent, *grid, details.At("stepcomp/rb.neutral"), name);
         AddField(parent, *grid, details.At("stepcomp/rb.delta"), name);
         grid->AddSpacer(0);

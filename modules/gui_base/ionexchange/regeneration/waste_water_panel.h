@@ -5,6 +5,7 @@
 /// Read only: the values are those of the design, and empty as long as there is none. GUI thread only.
 
 #include "gui_base/gui_base_export.h"
+#include "gui_base/input/form/aligned_grid.h"
 #include "gui_base/input/form/form_panel.h"
 #include "projectbase/project/iex_project.h"
 #include "projectbase/regeneration/waste_data.h"
@@ -46,10 +47,11 @@ private:
         const char* key;  ///< without "step/m." and "step/c."
     };
 
-    wxSizer* CreateSection(wxWindow* parent, const char* title, std::span<const Row> rows);
-    wxSizer* CreateRegenerants(wxWindow* parent);
-    /// A value with its name and unit.
-    wxSizer* CreateLine(wxWindow* parent, DetailData& detail, const char* label);
+    wxSizer* CreateSection(wxWindow* parent, const char* title, std::span<const Row> rows,
+                           const AlignedGrid::Group& group);
+    wxSizer* CreateRegenerants(wxWindow* parent, const AlignedGrid::Group& group);
+    /// A value with its name and unit, below a section.
+    void AddLine(wxWindow* parent, wxSizer& grid, DetailData& detail, const char* label);
     /// How much waste there is, and how the wastes of the line are neutralised.
     void ShowNotes();
     void AddHead(wxWindow* parent, wxSizer& grid, const wxString& text, bool isNumber);

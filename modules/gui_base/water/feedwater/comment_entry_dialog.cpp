@@ -11,6 +11,13 @@
 #include <wx/stattext.h>
 #include <wx/valgen.h>
 
+namespace {
+
+/// In DIP: what the buttons have beside their texts, on both sides together.
+constexpr int kBesideText = 12;
+
+}  // namespace
+
 CommentEntryDialog::CommentEntryDialog(wxWindow* parent, int id, const wxString& title, const wxPoint& pos,
                                        const wxSize& size, long style)
 {
@@ -41,12 +48,14 @@ void CommentEntryDialog::CreateControls()
     const auto button = [this](int id, const wxString& text) {
         auto* made = new wxButton(this, id, wxString(), wxDefaultPosition, wxDefaultSize, wxBU_EXACTFIT);
         button_label::Set(*made, text);
+        made->SetMinSize(made->GetBestSize() + FromDIP(wxSize(kBesideText, 0)));
         return made;
     };
     m_save = button(wxID_OK, i18n::Translated("&Save"));
     auto* buttons = new wxBoxSizer(wxHORIZONTAL);
-    buttons->Add(new wxStaticText(this, wxID_ANY, label), wxSizerFlags().CentreVertical());
-    buttons->AddStretchSpacer();
+    buttons->Add(
+        new wxStaticText(this, wxID_ANY, label, wxDefaultPosition, wxDefaultSize, wxST_ELLIPSIZE_END),
+        wxSizerFlags(1).CentreVertical());
     buttons->Add(m_save, wxSizerFlags().Border(wxRIGHT, gap));
     buttons->Add(button(wxID_CANCEL, i18n::Translated("&Cancel")));
     auto* outer = new wxBoxSizer(wxVERTICAL);

@@ -14,7 +14,6 @@ namespace {
 
 /// Country and place bring a gap between them.
 constexpr int kColumns = 5;
-constexpr int kSourceWidth = 148;
 constexpr int kCountryWidth = 156;
 
 LiquidData& Required(LiquidData* liquid)
@@ -44,11 +43,11 @@ FeedMetaInformation::FeedMetaInformation(const FeedMetaInformationConfig& config
     CompleteForm();
 }
 
-void FeedMetaInformation::AddCell(wxFlexGridSizer& grid, const FormRow& row)
+void FeedMetaInformation::AddCell(wxFlexGridSizer& grid, const FormRow& row, const wxSizerFlags& field)
 {
     const wxSizerFlags cell = wxSizerFlags().CentreVertical();
     grid.Add(GetFields().AddLabel(this, wxString::FromUTF8(row.label), ":"), cell);
-    grid.Add(GetFields().CreateField(this, row), cell);
+    grid.Add(GetFields().CreateField(this, row), field);
 }
 
 void FeedMetaInformation::CreateControls(const FeedMetaInformationConfig& config)
@@ -70,9 +69,10 @@ void FeedMetaInformation::CreateControls(const FeedMetaInformationConfig& config
         &details.At("liquid/water.type"), grid));
     m_waterType->GetChoice()->SetMinSize(wxSize(size.x, -1));
     grid->AddSpacer(0);
-    AddCell(*grid,
-            {.key = "liquid/water.source", .label = wxTRANSLATE("Water source"), .width = kSourceWidth});
-    AddCell(*grid, {.key = "liquid/sampling.date", .label = wxTRANSLATE("Date of sampling")});
+    AddCell(*grid, {.key = "liquid/water.source", .label = wxTRANSLATE("Water source")},
+            wxSizerFlags().Expand());
+    AddCell(*grid, {.key = "liquid/sampling.date", .label = wxTRANSLATE("Date of sampling")},
+            wxSizerFlags().CentreVertical());
     grid->AddSpacer(0);
     CreateCommentButton(*grid);
     SetSizer(grid);

@@ -40,7 +40,7 @@ public:
 
 private:
     void CreateControls(const FeedMetaInformationConfig& config);
-    void AddCell(wxFlexGridSizer& grid, const FormRow& row);
+    void AddCell(wxFlexGridSizer& grid, const FormRow& row, const wxSizerFlags& field);
     void CreateCommentButton(wxFlexGridSizer& grid);
     void ShowCommentState();
 

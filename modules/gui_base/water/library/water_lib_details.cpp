@@ -59,7 +59,7 @@ void WaterLibDetails::CreateControls()
     grid->AddGrowableCol(1);
     for (std::size_t i = 0; i < m_texts.size(); ++i) {
         const bool comments = i + 1 == m_texts.size();
-        grid->Add(new wxStaticText(inside, wxID_ANY, Tr(kLabels[i]) + ":"), wxSizerFlags().Top());
+        grid->Add(new wxStaticText(inside, wxID_ANY, Tr(kLabels[i]) + i18n::Colon()), wxSizerFlags().Top());
         m_texts[i] = NewShownText(inside, Tr(kLabels[i]), comments);
         grid->Add(m_texts[i], wxSizerFlags().Expand());
         if (comments)

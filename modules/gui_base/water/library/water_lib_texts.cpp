@@ -159,9 +159,8 @@ std::vector<DetailLine> DetailLines(const LiquidData& liquid)
     for (const auto& row : wateranalysis::kFurtherProperties)
         AddNumber(lines, liquid, row.key, i18n::Translated(row.label), row.unit, 8);
     for (const auto& row : wateranalysis::kSummaryRows) {
-        wxString name = i18n::Translated(row.label) + wxString::FromUTF8(row.labelSuffix);
-        if (name.EndsWith(":"))
-            name.RemoveLast();
+        const wxString name =
+            i18n::WithoutColon(i18n::Translated(row.label) + wxString::FromUTF8(row.labelSuffix));
         AddNumber(lines, liquid, row.key, name, row.unit, row.precision);
     }
     return lines;

@@ -2,6 +2,7 @@
 #include "gui_base/water/tools/blend_dialog.h"
 
 #include "gui_base/dialogs/dialog_buttons.h"
+#include "gui_base/input/controls/tv_textctrl.h"
 #include "gui_base/support/accessibility.h"
 #include "gui_base/support/translation.h"
 
@@ -52,7 +53,7 @@ BlendDialog::BlendDialog(wxWindow* parent, const wxString& name, const std::vect
                wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER),
       m_preview(std::move(preview)),
       m_usualName(name),
-      m_name(new wxTextCtrl(this, wxID_ANY, name)),
+      m_name(new TvTextCtrl(this, wxID_ANY, name)),
       m_scrolled(
           new wxScrolledWindow(this, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxTAB_TRAVERSAL | wxVSCROLL))
 {
@@ -90,7 +91,7 @@ wxSizer* BlendDialog::NewNameRow()
     m_name->SetFocus();
     accessibility::SetName(*m_name, label);
     auto* row = new wxBoxSizer(wxHORIZONTAL);
-    row->Add(new wxStaticText(this, wxID_ANY, label + ":"),
+    row->Add(new wxStaticText(this, wxID_ANY, label + i18n::Colon()),
              wxSizerFlags().CentreVertical().Border(wxRIGHT, FromDIP(2 * form::kGap)));
     row->Add(m_name, wxSizerFlags(1));
     return row;

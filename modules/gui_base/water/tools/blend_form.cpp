@@ -2,6 +2,8 @@
 #include "gui_base/water/tools/blend_form.h"
 
 #include "gui_base/input/controls/tv_button.h"
+#include "gui_base/input/controls/tv_statictext.h"
+#include "gui_base/input/controls/tv_unitlabel.h"
 #include "gui_base/support/translation.h"
 
 #include <algorithm>
@@ -130,12 +132,23 @@ void BlendForm::AddSum(bool byFlow)
 {
     const std::string key = SumKey(byFlow);
     GetFields().Details().Add(DetailData(key, DetailType::Double, byFlow ? "m3/h" : "%"));
-    auto* grid = form::NewGrid(*this);
-    GetFields().AddRow(
-        this, *grid,
-        {.key = key.c_str(), .label = wxTRANSLATE("Sum"), .field = FormField::Result, .precision = 6});
-    (byFlow ? m_flowSum : m_shareSum) = grid;
-    GetSizer()->Add(grid);
+    // Below the amounts: before them stands the choice of a water, behind them the button of its row.
+    auto* line = new wxBoxSizer(wxHORIZONTAL);
+    const wxSizerFlags cell = wxSizerFlags().CentreVertical().Border(wxRIGHT, FromDIP(2 * form::kGap));
+    const FormRow row{.key = key.c_str(),
+                      .label = wxTRANSLATE("Sum"),
+                      .field = FormField::Result,
+                      .precision = 6,
+                      .width = BlendRow::kAmountWidth};
+    line->AddStretchSpacer();
+    line->Add(GetFields().AddLabel(this, row.label), cell);
+    line->Add(GetFields().CreateField(this, row), cell);
+    auto* unit = GetFields().AddUnitLabel(this, byFlow ? "m3/h" : "%", true);
+    unit->SetMinSize(FromDIP(wxSize(BlendRow::kUnitWidth, -1)));
+    line->Add(unit, cell);
+    line->AddSpacer(m_rows.front()->GetRemoveButton().GetBestSize().x);
+    (byFlow ? m_flowSum : m_shareSum) = line;
+    GetSizer()->Add(line, wxSizerFlags().Expand());
 }
 
 bool BlendForm::IsByFlow()

@@ -20,7 +20,6 @@ constexpr FormLimits kShareLimits{0.0, 100.0};
 constexpr FormLimits kFlowLimits{0.0, kMostFlow};
 constexpr int kChoiceWidth = 300;
 constexpr int kArrowWidth = 48;
-constexpr int kUnitWidth = 48;
 
 const char* UnitOf(bool byFlow)
 {
@@ -70,7 +69,8 @@ wxSizer* BlendRow::AddAmount(bool byFlow, double amount)
                                               .label = wxTRANSLATE("Amount"),
                                               .limits = byFlow ? kFlowLimits : kShareLimits,
                                               .precision = 6,
-                                              .validatorFlags = ShowPreciseValue}),
+                                              .validatorFlags = ShowPreciseValue,
+                                              .width = kAmountWidth}),
                cell);
     TvUnitLabel* unit = GetFields().AddUnitLabel(this, UnitOf(byFlow), true);
     unit->SetMinSize(FromDIP(wxSize(kUnitWidth, -1)));

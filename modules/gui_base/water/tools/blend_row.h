@@ -38,6 +38,9 @@ public:
 
     void Localize(const std::string& unitSystem) override;
 
+    /// Widths of an amount and of its unit, in DIP.
+    static constexpr int kAmountWidth = 80;
+    static constexpr int kUnitWidth = 48;
     /// The keys of the row's details.
     static constexpr const char* kWater = "water";
     static constexpr const char* kShare = "share";

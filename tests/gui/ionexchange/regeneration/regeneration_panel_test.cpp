@@ -71,6 +71,26 @@ protected:
     RegenerationPanel* m_panel = nullptr;
 };
 
+TEST_F(RegenerationTest, ColumnsOfChoicesTakeWhatTheNumbersLeave)
+{
+    Open("DEMI");
+    const auto widthAt = [this](int width) {
+        Grid().SetSize(width, Grid().GetSize().y);
+        Pump();
+        return Grid().GetColSize(kRegSeqType);
+    };
+    const int wide = widthAt(2000);
+    const int narrow = widthAt(500);
+    for (int row = 0; row < Grid().GetNumberRows(); ++row)
+        EXPECT_GT(narrow, Grid().GetTextExtent(Grid().GetCellValue(row, kRegSeqType)).x);
+    EXPECT_GT(wide, narrow);
+    EXPECT_EQ(widthAt(2000), wide);
+    Grid().SetColSize(kRegSeqType, wide + 50);
+    wxGridSizeEvent sized(Grid().GetId(), wxEVT_GRID_COL_SIZE, &Grid(), kRegSeqType);
+    Grid().ProcessWindowEvent(sized);
+    EXPECT_EQ(widthAt(500), wide + 50) << "sized by the user";
+}
+
 TEST_F(RegenerationTest, ACellIsTypedAndTheRestFollows)
 {
     Open("DEMI");

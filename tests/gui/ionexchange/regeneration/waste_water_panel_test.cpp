@@ -32,6 +32,15 @@ TEST_F(WasteWaterTest, ShowsWhatTheDesignKnows)
     EXPECT_EQ(top("stepcomp/rm"), top("stepcomp/rb.spec"));
     EXPECT_GT(top("stepcomp/rb.delta"), top("stepcomp/rm"));
     EXPECT_EQ(top("stepcomp/rb.neutral"), top("stepcomp/rb.delta"));
+    EXPECT_NE(panel->FindField("stepcomp/rm", 1), nullptr);
+    EXPECT_EQ(panel->FindField("stepcomp/rb.neutral", 1), nullptr) << "a base has no free acid";
+    const auto right = [&](const char* key, int regenerant) {
+        return panel->FindField(key, regenerant)->GetRect().GetRight();
+    };
+    const int whole = TvWasteWaterAndComposition::kStep;
+    EXPECT_EQ(right("step/m.th", whole), right("project/qnetto", whole));
+    EXPECT_EQ(right("step/m.th", whole), right("stepcomp/rm", 0));
+    EXPECT_EQ(right("step/m.cl", whole), right("step/neutral", whole));
     step.At("step/neutral").SetValue(3.0);
     project.SetUnitSystemDisplay("us");
     panel->UpdateUnits(true);
