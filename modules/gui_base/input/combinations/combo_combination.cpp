@@ -33,8 +33,11 @@ protected:
     {
         if ((flags & wxCONTROL_ISSUBMENU) != 0)
             return wxComboCtrl::PrepareBackground(dc, rect, flags);
-        const int state =
-            (IsThisEnabled() ? 0 : wxCONTROL_DISABLED) | (ShouldDrawFocus() ? wxCONTROL_FOCUSED : 0);
+        int state = 0;
+        if (!IsThisEnabled())
+            state |= wxCONTROL_DISABLED;
+        if (ShouldDrawFocus())
+            state |= wxCONTROL_FOCUSED;
         const wxRect field(0, 0, m_btnArea.x, GetClientSize().y);
         wxRendererNative::Get().DrawTextCtrl(const_cast<FramedCombo*>(this), dc, field, state);
         dc.SetTextForeground(
