@@ -23,6 +23,7 @@
 
 namespace {
 
+constexpr int kFieldMargins = 6;
 constexpr int kGap = 8;
 constexpr int kSteps = 1000;
 constexpr std::size_t kMostDescription = std::size_t{1} << 20;
@@ -94,7 +95,10 @@ void UpdateDialog::MakeControls()
         new wxDirPickerCtrl(this, wxID_ANY, wxStandardPaths::Get().GetUserDir(wxStandardPaths::Dir_Downloads),
                             i18n::Translated("Save in"), wxDefaultPosition, wxDefaultSize,
                             wxDIRP_DEFAULT_STYLE | wxDIRP_USE_TEXTCTRL);
-    accessibility::SetName(*m_folder->GetTextCtrl(), i18n::Translated("Save in"));
+    wxTextCtrl* const path = m_folder->GetTextCtrl();
+    accessibility::SetName(*path, i18n::Translated("Save in"));
+    // As high as the fields of the program.
+    path->SetMinSize(wxSize(-1, path->GetCharHeight() + FromDIP(kFieldMargins)));
     m_folder->GetPickerCtrl()->SetLabel(i18n::Translated("Choose..."));
     target->Add(m_folder, wxSizerFlags().Expand());
     outer->Add(target, spaced);

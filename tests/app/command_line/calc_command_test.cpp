@@ -274,7 +274,7 @@ TEST_F(Calc, TellsTheDesignOfAPlant)
     args.insert(args.end(), typed.begin(), typed.end());
     const Result table = Run(args);
     EXPECT_THAT(table.out, HasSubstr("1 Strong-acid cation exchanger"));
-    EXPECT_THAT(table.out, ContainsRegex("Resin volume +1.86667 m"));
+    EXPECT_THAT(table.out, ContainsRegex("Resin volume +1.8667 m"));
     EXPECT_THAT(table.out, HasSubstr("Leakage: Sodium"));
     EXPECT_THAT(table.err, HasSubstr("1 Strong-acid cation exchanger: Velocity 101.86 m/h is above "
                                      "the velocity limit of 40 m/h"));
