@@ -36,10 +36,7 @@ void AddLine(wxString& text, std::initializer_list<wxString> cells)
 
 wxString PlainLabel(const char* source)
 {
-    wxString label = i18n::Translated(source);
-    if (label.EndsWith(":"))
-        label.RemoveLast();
-    return label;
+    return i18n::WithoutColon(i18n::Translated(source));
 }
 
 void AddIons(wxString& text, const DetailList& details, std::span<const wateranalysis::IonRow> rows,

@@ -8,6 +8,7 @@
 #include "gui_base/input/controls/tv_searchctrl.h"
 #include "gui_base/input/panel/advanced_input_options.h"
 #include "gui_base/input/validation/validator.h"
+#include "gui_base/support/hint_colour.h"
 #include "gui_base/support/translation.h"
 #include "projectbase/advice/balance_judgement.h"
 #include "projectbase/units/unit_system_manager.h"
@@ -153,7 +154,7 @@ void SettingsDialog::AddRow(wxWindow* parent, wxFlexGridSizer& grid, const FormR
     auto* text = new wxStaticText(parent, wxID_ANY, Tr(row.label));
     wxWindow* field = m_fields.CreateField(parent, row);
     auto* hint = new wxStaticText(parent, wxID_ANY, Tr(explanation));
-    hint->SetForegroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_GRAYTEXT));
+    hint->SetForegroundColour(HintColour());
     auto* cell = new wxBoxSizer(wxVERTICAL);
     cell->Add(field, wxSizerFlags().Expand());
     cell->Add(hint);
