@@ -58,10 +58,9 @@ std::vector<MessageArea::RangeMessage> AdviceMessages::GetMessages(const Project
         for (const advice::Advice& warning : warnings) {
             const std::string title = OwnerTitle(warning.address.owner, project, context);
             const std::string sentence = wateranalysis::AdviceSentence(warning, context);
-            messages.push_back(
-                {.text = wxString::FromUTF8(title.empty() ? sentence : title + ": " + sentence),
-                 .address = warning.address,
-                 .rule = warning.id});
+            messages.push_back({.text = wxString::FromUTF8(WithTitle(title, sentence, context)),
+                                .address = warning.address,
+                                .rule = warning.id});
         }
     }
     return messages;

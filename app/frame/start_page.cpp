@@ -35,9 +35,9 @@ constexpr int kColumnWidth = 360;
 constexpr int kTileHeight = 56;
 /// Of a picture with the room beside it, so that texts stand in line. Not higher than two lines of text: the
 /// toolkit sets text and picture on one base line.
-constexpr int kPictureWidth = 88;
+constexpr int kPictureWidth = 76;
 constexpr int kPictureHeight = 34;
-constexpr int kSlotWidth = kPictureWidth + 10;
+constexpr int kSlotWidth = kPictureWidth + 8;
 constexpr int kIconSize = 24;
 constexpr std::size_t kMostDrawingBytes = std::size_t{1} << 20;
 /// As many as fit beside the plants.
@@ -186,7 +186,7 @@ wxButton* StartPage::NewTile(const wxBitmapBundle& picture, const wxString& name
 {
     const wxSize size = FromDIP(wxSize(kColumnWidth, kTileHeight));
     auto* tile = new wxButton(this, wxID_ANY, wxString(), wxDefaultPosition, size, wxBU_LEFT | wxBORDER_NONE);
-    const int room = size.x - FromDIP(kSlotWidth + 3 * kGap);
+    const int room = size.x - FromDIP(kSlotWidth + 2 * kGap);
     const auto fitted = [&](const wxString& text) {
         return wxControl::EscapeMnemonics(
             wxControl::Ellipsize(text, wxClientDC(this), wxELLIPSIZE_END, room));

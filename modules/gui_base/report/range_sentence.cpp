@@ -56,10 +56,16 @@ std::string RangeSentence(const RangeFault& fault, const ReportContext& context)
         [&](double number, int digits) { return WithUnit(number, digits, fault, context); });
 }
 
+std::string WithTitle(const std::string& title, const std::string& sentence, const ReportContext& context)
+{
+    return title.empty() ? sentence
+                         : fmt::format("{}{} {}", title, context.Translated(wxTRANSLATE(":")), sentence);
+}
+
 std::string RangeSentence(const RangeFault& fault, const Project& project, const ReportContext& context)
 {
     // A compound may be called as an ion of the water is.
     const std::string name = fault.formula.empty() ? OwnerTitle(fault.address.owner, project, context)
                                                    : context.Translated(wxTRANSLATE("Feed composition"));
-    return name.empty() ? RangeSentence(fault, context) : name + ": " + RangeSentence(fault, context);
+    return WithTitle(name, RangeSentence(fault, context), context);
 }
