@@ -39,7 +39,10 @@ void TvStaticText::Localize(const std::string&)
 
 void TvStaticText::ShowTexts()
 {
-    const wxString label = i18n::Translated(m_label) + (m_suffix == ":" ? i18n::Colon() : m_suffix);
+    wxString suffix = m_suffix;
+    if (wxString before; m_suffix.EndsWith(":", &before))
+        suffix = before + i18n::Colon();
+    const wxString label = i18n::Translated(m_label) + suffix;
     if (wxStaticText::GetLabelText() != label)
         wxStaticText::SetLabelText(label);
     if (!m_tooltip.empty())
