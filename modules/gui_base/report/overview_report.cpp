@@ -26,9 +26,7 @@ FormatGraphicValue Formatter(ReportContext context)
         const std::string& unit = detail.GetUnit();
         const double value = UnitSystemManager::FromISO(unit, unitSystem, detail.GetDoubleValue());
         std::string text = context.Number(value, placeholder.digits);
-        if (text.empty())
-            return wxString::FromUTF8("\u2013");
-        if (placeholder.withUnit && !unit.empty())
+        if (!text.empty() && placeholder.withUnit && !unit.empty())
             text += " " + UnitSystemManager::GetUnit(unit, unitSystem, true);
         return wxString::FromUTF8(text);
     };

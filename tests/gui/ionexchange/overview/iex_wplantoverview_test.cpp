@@ -80,7 +80,7 @@ TEST_F(PlantOverviewTest, ValuesFollowTheProject)
     ExpectFits();
     EXPECT_EQ(Text("feed.q"), "20 m\u00b3/h");
     EXPECT_EQ(Text("ex1.c1.chemical"), "HCl");
-    EXPECT_EQ(Text("feed.ph"), "\u2013") << "not known";
+    EXPECT_EQ(Text("feed.ph"), "") << "not known";
     const std::string load = Text("ex1.load");
     support::SetFlow(m_project, 40.0);
     Pump();
@@ -97,7 +97,7 @@ TEST_F(PlantOverviewTest, AnotherArrangementHasAnotherGraphic)
     const std::size_t before = Graphic().GetShownValues().size();
     m_project.SetPlant("DEMI", {"WAC_H", "SAC_H", "DEGAS", "SBA"});
     ASSERT_TRUE(PumpUntil([&] { return Graphic().GetShownValues().size() > before; }));
-    EXPECT_EQ(Text("ex1.c1.vol") == "\u2013", Text("ex2.c1.vol") == "\u2013");
+    EXPECT_EQ(Text("ex1.c1.vol").empty(), Text("ex2.c1.vol").empty());
     EXPECT_EQ(Text("ex3.co2"), "8 mg/l");
     ExpectFits();
     LastMessage log;
