@@ -382,7 +382,8 @@ TEST_F(MainFrameTest, EveryExampleOpens)
         const bool isOff = water.id == "bc_1401377_2020";
         EXPECT_THAT(Messages(), testing::SizeIs(isOff ? 1 : 0)) << water.name;
         if (isOff) {
-            EXPECT_THAT(Messages(), testing::ElementsAre(testing::HasSubstr("Balance error -3.83 % is over")));
+            EXPECT_THAT(Messages(),
+                        testing::ElementsAre(testing::HasSubstr("Balance error -3.83 % is over")));
         }
     }
 }
