@@ -60,6 +60,8 @@ public:
     void ScrollWindow(int dx, int dy, const wxRect* rect = nullptr) override;
     /// Takes the room that a scroll bar left free when the toolkit took it away, of which it tells nobody.
     void OnInternalIdle() override;
+    /// Asks for more room where what it holds has grown by itself.
+    bool Layout() override;
 
     /// Finds the status bar, gives it to the control's validator, and synchronises the project when it
     /// commits.

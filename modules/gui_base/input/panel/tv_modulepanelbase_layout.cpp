@@ -48,6 +48,18 @@ void ModulePanelBase::OnInternalIdle()
         Layout();
 }
 
+bool ModulePanelBase::Layout()
+{
+    if (!wxScrolled<wxPanel>::Layout())
+        return false;
+    // The toolkit measures bold texts anew some time after the user chose larger ones: a panel on a page that
+    // was made as large as what it holds grows with them.
+    if (!m_isBeingMade && GetSizer() != nullptr && GetMinSize().x > 0 && !IsBookPage() &&
+        ClientToWindowSize(GetSizer()->GetMinSize()).x > GetMinSize().x)
+        CallAfter(&ModulePanelBase::FitAndLayout);
+    return true;
+}
+
 int ModulePanelBase::WidthToArrange() const
 {
     // Beside a bar there is less room, and whether there is one hangs on how high the contents are: what is
