@@ -23,35 +23,9 @@ namespace {
 
 constexpr int kIconSize = 16;
 
-/// Of a water, in the order of `kBalancePictures`.
-enum class BalanceMark
-{
-    Unknown,
-    Good,
-    Doubtful,
-    Over
-};
+/// In the order of `advice::BalanceMark`.
 constexpr std::array kBalancePictures{"icons/balance_unknown.svg", "icons/balance_good.svg",
                                       "icons/balance_doubtful.svg", "icons/balance_over.svg"};
-
-BalanceMark MarkOf(const DetailList& water)
-{
-    using advice::BalanceVerdict;
-    const advice::BalanceJudgement judged = advice::JudgeBalance(water, advice::ChosenBalanceRule());
-    switch (judged.verdict) {
-        case BalanceVerdict::InOrder:
-            return BalanceMark::Good;
-        case BalanceVerdict::Closed:
-            return judged.isClosedOverLimit ? BalanceMark::Doubtful : BalanceMark::Good;
-        case BalanceVerdict::Doubtful:
-            return BalanceMark::Doubtful;
-        case BalanceVerdict::OverLimit:
-            return BalanceMark::Over;
-        case BalanceVerdict::NotJudged:
-            break;
-    }
-    return BalanceMark::Unknown;
-}
 
 }  // namespace
 
@@ -64,10 +38,6 @@ struct ModuleBook::Item
 ModuleBook::ModuleBook(wxTreeCtrl& tree, AuiNotebook& notebook) : m_tree(tree), m_notebook(notebook)
 {
     m_tree.Bind(wxEVT_TREE_SEL_CHANGED, &ModuleBook::OnTreeSelection, this);
-    m_tree.Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
-        event.Skip();
-        FitNames(m_tree);
-    });
     m_notebook.Bind(wxEVT_AUINOTEBOOK_PAGE_CHANGED, [this](wxAuiNotebookEvent& event) {
         event.Skip();
         MarkInTree();
@@ -245,11 +215,12 @@ void ModuleBook::FillTree()
                                        new PageItem(title, wxELLIPSIZE_END, isPage ? host : nullptr));
             last = &module;
         }
-        if (module.pageOf != OwnerKind::Project)
-            m_tree.AppendItem(
-                branch, NameOf(*host), -1, -1,
-                new PageItem(NameOf(*host),
-                             module.pageOf == OwnerKind::Water ? wxELLIPSIZE_MIDDLE : wxELLIPSIZE_END, host));
+        if (module.pageOf == OwnerKind::Project)
+            continue;
+        const wxString name = NameOf(*host);
+        const bool isUsers = module.pageOf == OwnerKind::Water;
+        m_tree.AppendItem(branch, name, -1, -1,
+                          new PageItem(name, isUsers ? wxELLIPSIZE_MIDDLE : wxELLIPSIZE_END, host));
     }
     m_balancePictures = static_cast<int>(images.size());
     for (const char* name : kBalancePictures)
@@ -272,7 +243,9 @@ void ModuleBook::ShowBalances()
             page == nullptr ? nullptr : dynamic_cast<LiquidData*>(m_project->FindOwner(page->GetOwner()));
         if (water == nullptr)
             return false;
-        const int picture = m_balancePictures + static_cast<int>(MarkOf(*water->GetDetails()));
+        const advice::BalanceMark mark =
+            advice::MarkOf(advice::JudgeBalance(*water->GetDetails(), advice::ChosenBalanceRule()));
+        const int picture = m_balancePictures + static_cast<int>(mark);
         if (m_tree.GetItemImage(item) != picture)
             m_tree.SetItemImage(item, picture);
         return false;

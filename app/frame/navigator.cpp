@@ -16,6 +16,10 @@ namespace app {
 
 Navigator::Navigator(wxTreeCtrl& tree, MainFrame& frame) : m_tree(tree), m_frame(frame)
 {
+    m_tree.Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
+        event.Skip();
+        FitNames(m_tree);
+    });
     m_tree.Bind(wxEVT_TREE_BEGIN_LABEL_EDIT, [this](wxTreeEvent& event) {
         if (WaterOf(event.GetItem()) == nullptr) {
             event.Veto();

@@ -142,4 +142,21 @@ BalanceJudgement JudgeBalance(const DetailList& liquid, BalanceRule rule)
     return judgement;
 }
 
+BalanceMark MarkOf(const BalanceJudgement& judgement)
+{
+    switch (judgement.verdict) {
+        case BalanceVerdict::InOrder:
+            return BalanceMark::Good;
+        case BalanceVerdict::Closed:
+            return judgement.isClosedOverLimit ? BalanceMark::Doubtful : BalanceMark::Good;
+        case BalanceVerdict::Doubtful:
+            return BalanceMark::Doubtful;
+        case BalanceVerdict::OverLimit:
+            return BalanceMark::Over;
+        case BalanceVerdict::NotJudged:
+            break;
+    }
+    return BalanceMark::Unknown;
+}
+
 }  // namespace advice

@@ -65,6 +65,17 @@ struct BalanceJudgement
     double greatestError = std::numeric_limits<double>::quiet_NaN();
 };
 
+/// How far a balance is to be trusted, for whatever marks waters by it: what automatic balancing covers
+/// stays doubtful.
+enum class BalanceMark
+{
+    Unknown,
+    Good,
+    Doubtful,
+    Over
+};
+PROJECTBASE_EXPORT BalanceMark MarkOf(const BalanceJudgement& judgement);
+
 /// At the limit itself the sums still agree; what differs by no more than the last digits is at the limit.
 PROJECTBASE_EXPORT BalanceJudgement Judge(const water::ChargeSums& sums, BalanceRule rule);
 

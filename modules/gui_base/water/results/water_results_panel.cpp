@@ -31,17 +31,14 @@ constexpr int kScrollStep = 12;
 
 Mood MoodOf(const advice::BalanceJudgement& judgement)
 {
-    using advice::BalanceVerdict;
-    switch (judgement.verdict) {
-        case BalanceVerdict::InOrder:
+    switch (advice::MarkOf(judgement)) {
+        case advice::BalanceMark::Good:
             return Mood::Good;
-        case BalanceVerdict::Closed:
-            return judgement.isClosedOverLimit ? Mood::Warn : Mood::Good;
-        case BalanceVerdict::Doubtful:
+        case advice::BalanceMark::Doubtful:
             return Mood::Warn;
-        case BalanceVerdict::OverLimit:
+        case advice::BalanceMark::Over:
             return Mood::Bad;
-        case BalanceVerdict::NotJudged:
+        case advice::BalanceMark::Unknown:
             break;
     }
     return Mood::Plain;
