@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
-// Every page in an open window through changes of language, units, theme, size of the texts, density and
+// Every page, and what stands around it, in an open window through changes of language, units, theme, size of the texts, density and
 // width: nothing is clipped, and what comes back to where it began looks as it did.
 #include "app/document/plant_templates.h"
+#include "app/frame/page_item.h"
 #include "app/modules/base/module.h"
 #include "gui_base/input/panel/tv_modulepanelbase.h"
 #include "gui_base/input/validation/numeric_validator.h"
+#include "gui_base/water/results/result_card.h"
 #include "tests/support/program_fixture.h"
 
 #include <wx/button.h>
@@ -18,6 +20,7 @@
 #include <wx/statbox.h>
 #include <wx/stattext.h>
 #include <wx/textctrl.h>
+#include <wx/treectrl.h>
 #include <wx/utils.h>
 
 #include <cstdlib>
@@ -180,6 +183,8 @@ protected:
     /// Fields show numbers in a width of their own; texts that may be shortened say so by their style.
     static wxSize Needed(const wxWindow& window)
     {
+        if (const auto* card = dynamic_cast<const wateranalysis::ResultCard*>(&window))
+            return {0, card->HeightFor(card->GetSize().x)};
         const wxSize best = window.GetBestSize();
         if (const auto* text = dynamic_cast<const wxStaticText*>(&window)) {
             constexpr long kShortened =
@@ -216,7 +221,7 @@ protected:
     std::vector<std::string> Clipped()
     {
         std::vector<std::string> clipped;
-        VisitShown(Page(), [&](const wxWindow& window) {
+        VisitShown(*m_frame, [&](const wxWindow& window) {
             const wxSize needed = Needed(window);
             const wxSize size = window.GetSize();
             if (size.x + 1 >= needed.x && size.y + 1 >= needed.y)
@@ -225,6 +230,13 @@ protected:
                                window.GetName() +
                                wxString::Format(" %d x %d of %d x %d", size.x, size.y, needed.x, needed.y))
                                   .utf8_string());
+        });
+        wxTreeCtrl& tree = m_frame->GetWorkArea().GetTree();
+        app::VisitItems(tree, tree.GetRootItem(), [&](const wxTreeItemId& item) {
+            wxRect text;
+            if (tree.GetBoundingRect(item, text, true) && text.GetRight() > tree.GetClientSize().x)
+                clipped.push_back(("Item " + tree.GetItemText(item)).utf8_string());
+            return false;
         });
         return clipped;
     }
