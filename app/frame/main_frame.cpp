@@ -92,7 +92,10 @@ MainFrame::MainFrame(std::unique_ptr<Document> document)
     m_files.RestartAutosave();
     m_textColour = wxSystemSettings::GetColour(wxSYS_COLOUR_BTNTEXT);
     // Windows remember sizes that were measured with the texts of before.
-    density::SetOnTextSize([this] { CallAfter([this] { RebuildPages(); }); });
+    density::SetOnTextSize(*this, [this] {
+        Localize();
+        RebuildPages();
+    });
     TakeKeptPlace(*this);
     m_workArea->TakeKeptLayout();
     OpenPages();
@@ -100,7 +103,7 @@ MainFrame::MainFrame(std::unique_ptr<Document> document)
 
 MainFrame::~MainFrame()
 {
-    density::SetOnTextSize(nullptr);
+    density::SetOnTextSize(*this, nullptr);
     ClosePages();
     // What is left of the windows holds on to this object's members.
     DestroyChildren();

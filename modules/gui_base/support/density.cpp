@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "gui_base/support/density.h"
 
+#include <wx/window.h>
+
 #include <string>
 #include <utility>
 
@@ -34,16 +36,31 @@ checkbutton, radiobutton { padding: 0; }
 toolbar button { padding: 3px; }
 )";
 
-std::function<void()>& OnTextSize()
+struct TextSizeListener
 {
-    static std::function<void()> changed;
-    return changed;
+    wxWindow* window = nullptr;
+    std::function<void()> changed;
+};
+
+TextSizeListener& OnTextSize()
+{
+    static TextSizeListener listener;
+    return listener;
 }
 
-void TellTextSize(GObject*, GParamSpec*, gpointer)
+gboolean TellTextSize(GtkWidget*, GdkFrameClock*, gpointer)
 {
-    if (OnTextSize())
-        OnTextSize()();
+    // Once the frame that has begun is drawn.
+    if (OnTextSize().changed)
+        OnTextSize().window->CallAfter(OnTextSize().changed);
+    return G_SOURCE_REMOVE;
+}
+
+void NoteTextSize(GObject*, GParamSpec*, gpointer)
+{
+    // The toolkit takes the size over with its next frame, and measures by the old one until then.
+    if (OnTextSize().changed)
+        gtk_widget_add_tick_callback(OnTextSize().window->GetHandle(), TellTextSize, nullptr, nullptr);
 }
 
 GtkCssProvider* Provider()
@@ -68,13 +85,13 @@ Density DensityOf(std::string_view code)
     return code == "comfortable" ? Density::Comfortable : Density::Compact;
 }
 
-void SetOnTextSize([[maybe_unused]] std::function<void()> changed)
+void SetOnTextSize([[maybe_unused]] wxWindow& window, [[maybe_unused]] std::function<void()> changed)
 {
 #ifdef __WXGTK__
-    OnTextSize() = std::move(changed);
+    OnTextSize() = {&window, std::move(changed)};
     static const bool isConnected = [] {
         for (const char* signal : {"notify::gtk-xft-dpi", "notify::gtk-font-name"})
-            g_signal_connect(gtk_settings_get_default(), signal, G_CALLBACK(TellTextSize), nullptr);
+            g_signal_connect(gtk_settings_get_default(), signal, G_CALLBACK(NoteTextSize), nullptr);
         return true;
     }();
     static_cast<void>(isConnected);

@@ -9,6 +9,8 @@
 #include <functional>
 #include <string_view>
 
+class wxWindow;
+
 enum class Density
 {
     Comfortable,  ///< the spacing of the system's theme
@@ -22,7 +24,8 @@ GUI_BASE_EXPORT Density DensityOf(std::string_view code);
 /// Windows that exist follow when they are laid out anew. Without a display nothing happens.
 GUI_BASE_EXPORT void Set(Density density);
 
-/// Calls `changed` when the user has given the texts of the system another size; null for nobody.
-GUI_BASE_EXPORT void SetOnTextSize(std::function<void()> changed);
+/// Calls `changed` when the user has given the texts of the system another size and `window`, which is the
+/// caller's, can be measured by it. With null for `changed` nobody is told any more.
+GUI_BASE_EXPORT void SetOnTextSize(wxWindow& window, std::function<void()> changed);
 
 }  // namespace density

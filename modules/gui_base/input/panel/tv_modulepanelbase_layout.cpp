@@ -52,8 +52,8 @@ bool ModulePanelBase::Layout()
 {
     if (!wxScrolled<wxPanel>::Layout())
         return false;
-    // The toolkit measures bold texts anew some time after the user chose larger ones: a panel on a page that
-    // was made as large as what it holds grows with them.
+    // The toolkit measures texts of another size, and bold ones, anew some time after they are shown: a panel
+    // on a page, which was made as large as what it holds, grows with them.
     if (!m_isBeingMade && GetSizer() != nullptr && GetMinSize().x > 0 && !IsBookPage() &&
         ClientToWindowSize(GetSizer()->GetMinSize()).x > GetMinSize().x)
         CallAfter(&ModulePanelBase::FitAndLayout);
