@@ -169,6 +169,7 @@ void MainFrame::ShowStart()
     m_start->ShowFresh();
     m_workArea->ShowCover(true);
     m_book->Cover(true);
+    m_results->AllowBalancing(false);
     m_start->SetFocus();
 }
 
@@ -182,6 +183,7 @@ void MainFrame::ShowPages()
     m_workArea->ShowCover(false);
     m_book->Cover(false);
     m_book->MakeShownPages();
+    m_results->AllowBalancing(true);
 }
 
 }  // namespace app

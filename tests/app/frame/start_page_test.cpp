@@ -4,7 +4,9 @@
 
 #include "app/document/plant_templates.h"
 #include "app/frame/ion_strip.h"
+#include "gui_base/input/controls/tv_button.h"
 #include "gui_base/report/water_diagram.h"
+#include "gui_base/water/results/water_results_panel.h"
 #include "projectbase/project/iex_project.h"
 #include "tests/app/frame/work_area_fixture.h"
 #include "tncommon/data_dir.h"
@@ -26,11 +28,14 @@ TEST_F(StartPageTest, TheStartPageBeginsProjects)
     const std::size_t waters = OpenProject().GetLiquidCount();
     gui_test::Press('D', wxMOD_CONTROL);
     EXPECT_EQ(OpenProject().GetLiquidCount(), waters) << "nobody changes a water behind the page";
+    const TvButton& balance = gui_test::Find<wateranalysis::WaterResultsPanel>(Area()).GetBalanceButton();
+    EXPECT_FALSE(balance.IsEnabled());
     auto& softener = gui_test::Find<wxButton>(*m_frame, "Softener");
     softener.SetFocus();
     gui_test::Press(WXK_SPACE);
     gui_test::Pump();
     EXPECT_FALSE(Area().IsCoverShown());
+    EXPECT_TRUE(balance.IsEnabled());
     EXPECT_EQ(OpenProject().GetModuleType(), "SOFT");
     // From any page of the tree back to the pages.
     m_frame->ShowStart();

@@ -127,6 +127,11 @@ void WaterResultsPanel::Localize()
     ShowAll();
 }
 
+void WaterResultsPanel::AllowBalancing(bool allow)
+{
+    m_balance->Enable(allow);
+}
+
 const LiquidData* WaterResultsPanel::FindWater() const
 {
     const OwnerNode* node = m_project == nullptr ? nullptr : std::as_const(*m_project).FindOwner(m_water);

@@ -48,6 +48,8 @@ public:
     /// The project outlives the panel, or is taken from it before it goes.
     void SetWater(Project* project, DetailOwner water);
     /// Shows everything in the present language, unit system and number format.
+    /// Whether the user may balance the water here: not where nobody sees what is changed.
+    void AllowBalancing(bool allow);
     void Localize();
 
     const ResultCard& GetBadge() const { return *m_badge; }
