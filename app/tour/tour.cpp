@@ -4,50 +4,23 @@
 #include "app/document/plant_templates.h"
 #include "app/document/templates.h"
 #include "app/frame/main_frame.h"
-#include "app/frame/plant_dialog.h"
-#include "app/frame/recovery_dialog.h"
-#include "app/frame/settings_dialog.h"
-#include "app/frame/template_dialog.h"
 #include "app/language/language.h"
 #include "app/modules/base/module.h"
 #include "app/tour/control_gallery.h"
 #include "app/tour/tour_pictures.h"
 #include "dbinterfaces/project_database.h"
-#include "gui_base/dialogs/info_message_dialog.h"
-#include "gui_base/dialogs/page_selection_dialog.h"
-#include "gui_base/dialogs/tv_multichoicedialog.h"
 #include "gui_base/input/panel/aui_notebook.h"
-#include "gui_base/ionexchange/feed/compound_editor_dialog.h"
-#include "gui_base/ionexchange/regeneration/waste_water_panel.h"
-#include "gui_base/ionexchange/whatif/what_if_dialog.h"
-#include "gui_base/ionexchange/whatif/what_if_grid_pair_loader.h"
-#include "gui_base/network/authentication_entry_dialog.h"
-#include "gui_base/network/connection_dialog.h"
-#include "gui_base/network/data_sheet_dialog.h"
-#include "gui_base/network/rates_dialog.h"
-#include "gui_base/network/update_dialog.h"
 #include "gui_base/support/translation.h"
-#include "gui_base/support/window_picture.h"
-#include "gui_base/water/feedwater/comment_entry_dialog.h"
-#include "gui_base/water/library/water_lib_dialog.h"
-#include "gui_base/water/library/water_lib_list.h"
-#include "gui_base/water/tools/alkalization_dialog.h"
-#include "gui_base/water/tools/blend_dialog.h"
-#include "gui_base/water/tools/co2_calculator_dialog.h"
 
 #include <wx/app.h>
-#include <wx/dcmemory.h>
 #include <wx/display.h>
 #include <wx/frame.h>
 #include <wx/stattext.h>
-#include <wx/stopwatch.h>
 #include <wx/uiaction.h>
-#include <wx/utils.h>
 
 #include <algorithm>
 #include <array>
 #include <fstream>
-#include <functional>
 #include <stdexcept>
 #include <string_view>
 
@@ -118,13 +91,6 @@ std::unique_ptr<Project> NewPicturedFor(const Module& module)
         AddOtherWaters(*project);
     return project;
 }
-
-bool HasLanguage(const wxString& code)
-{
-    return std::ranges::any_of(AvailableLanguages(),
-                               [&](const Language& language) { return language.code == code; });
-}
-
 }  // namespace
 
 /// How a module is pictured.

@@ -69,6 +69,19 @@ Compound SampleCompound()
 
 void Tour::TakeDialogs()
 {
+    const wxString before = CurrentLanguage();
+    for (const auto& [language, suffix] : {std::pair("en", ""), {"de", "_german"}, {"fr", "_french"}}) {
+        if (!HasLanguage(language))
+            continue;
+        SwitchLanguage(language);
+        m_dialogSuffix = suffix;
+        TakeDialogsOfLanguage();
+    }
+    SwitchLanguage(before);
+}
+
+void Tour::TakeDialogsOfLanguage()
+{
     auto* owner = new wxFrame(nullptr, wxID_ANY, "Tarnvik", wxDefaultPosition, wxSize(900, 600));
     owner->Show();
     SettingsDialog settings(owner, {"en", "iso", "compact", 5, std::string()});
@@ -124,7 +137,7 @@ void Tour::TakeDialogs()
     WaterLibDialog library(logger, owner);
     library.GetWaterList().Select(0);
     TakeDialog(library, "water_library");
-    CommentEntryDialog comment(owner, wxID_ANY, "Comments", wxDefaultPosition,
+    CommentEntryDialog comment(owner, wxID_ANY, i18n::Translated("Comments"), wxDefaultPosition,
                                owner->FromDIP(wxSize(225, 100)));
     comment.SetComment("Sampled after a week of rain");
     TakeDialog(comment, "comments");
@@ -144,7 +157,7 @@ void Tour::TakeStartPage()
     frame->ShowStart();
     // The state of the commands follows, by and by.
     Settle();
-    Save(*frame, "start_page", i18n::Translated("Start page"));
+    Save(*frame, "start_page" + m_dialogSuffix, i18n::Translated("Start page"));
     frame->Close(true);
     Settle();
 }
@@ -194,7 +207,7 @@ void Tour::TakeWasteWater(wxWindow& owner)
     acid->LoadGroup("stepcomp", "BASE");
     for (auto& [name, detail] : *acid)
         detail.SetValue(value += 12.5);
-    wxDialog dialog(&owner, wxID_ANY, "Waste water");
+    wxDialog dialog(&owner, wxID_ANY, i18n::Translated("Waste water"));
     auto* panel =
         new TvWasteWaterAndComposition(&project, &dialog, {{"HCl", acid}, {"NaOH", nullptr}}, "Waste water");
     auto* sizer = new wxBoxSizer(wxVERTICAL);
@@ -214,16 +227,11 @@ void Tour::TakeWhatIf(wxWindow& owner)
         water.At(std::string("liquid/") + ion + ".orig").SetValue(value);
     project.GetDetails().At("project/qbrutto").SetValue(20.0);
     project.GetDetails().At("project/lz").SetValue(12.0);
-    const wxString language = CurrentLanguage();
-    for (const char* shown : {"en", "de"}) {
-        SwitchLanguage(shown);
-        WhatIfDialog dialog(std::make_unique<WifTable>(WhatIfGridPairLoader::GetTable(project), project),
-                            &project, &owner);
-        dialog.OnEdited(0, 2.0);
-        dialog.OnEdited(1, -1.0);
-        TakeDialog(dialog, std::string("what_if_") + shown);
-    }
-    SwitchLanguage(language);
+    WhatIfDialog dialog(std::make_unique<WifTable>(WhatIfGridPairLoader::GetTable(project), project),
+                        &project, &owner);
+    dialog.OnEdited(0, 2.0);
+    dialog.OnEdited(1, -1.0);
+    TakeDialog(dialog, "what_if");
 }
 
 }  // namespace app

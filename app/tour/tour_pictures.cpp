@@ -2,6 +2,7 @@
 #include "app/tour/tour_pictures.h"
 
 #include "app/document/templates.h"
+#include "app/language/language.h"
 #include "gui_base/support/window_picture.h"
 
 #include <wx/app.h>
@@ -10,6 +11,7 @@
 #include <wx/stopwatch.h>
 #include <wx/utils.h>
 
+#include <algorithm>
 #include <fstream>
 #include <stdexcept>
 
@@ -48,6 +50,12 @@ void Settle()
     }
 }
 
+bool HasLanguage(const wxString& code)
+{
+    return std::ranges::any_of(AvailableLanguages(),
+                               [&](const Language& language) { return language.code == code; });
+}
+
 std::filesystem::path CaptionsFile(const std::filesystem::path& folder, const std::string& look)
 {
     return folder / ("captions-" + look + ".txt");
@@ -81,7 +89,7 @@ void Tour::Save(wxWindow& window, const std::string& name, const wxString& capti
 void Tour::TakeDialog(wxDialog& dialog, const std::string& name)
 {
     dialog.Show();
-    Save(dialog, "dialog_" + name, dialog.GetTitle());
+    Save(dialog, "dialog_" + name + m_dialogSuffix, dialog.GetTitle());
     dialog.Hide();
 }
 

@@ -21,6 +21,9 @@ struct ModuleLook;
 /// Lets the toolkit lay out, draw and end its short animations.
 void Settle();
 
+/// Whether the program has texts in a language.
+bool HasLanguage(const wxString& code);
+
 /// Where the captions of a look stand.
 std::filesystem::path CaptionsFile(const std::filesystem::path& folder, const std::string& look);
 
@@ -45,6 +48,7 @@ private:
     void TakeExhibit(const Exhibit& exhibit);
     void TakeModule(const Module& module, const ModuleLook& look);
     void TakeDialog(wxDialog& dialog, const std::string& name);
+    void TakeDialogsOfLanguage();
     void TakeStartPage();
     void TakeServices(wxWindow& owner);
     void TakeDataSheets(wxWindow& owner);
@@ -54,6 +58,7 @@ private:
 
     std::filesystem::path m_folder;
     std::string m_look;
+    std::string m_dialogSuffix;  ///< of the language that the dialogs are shown in
 };
 
 }  // namespace app

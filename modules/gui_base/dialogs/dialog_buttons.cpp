@@ -14,9 +14,7 @@ wxSizer* CreateButtons(wxDialog& dialog, bool cancel, const wxString& okLabel, c
     // The toolkit translates its own labels only where its own catalogue is installed.
     auto* sizer = new wxStdDialogButtonSizer;
     const auto button = [&dialog](int id, const wxString& label) {
-        auto* made = new wxButton(&dialog, id);
-        button_label::Set(*made, i18n::Translated(label));
-        return made;
+        return button_label::NewButton(&dialog, id, i18n::Translated(label));
     };
     wxButton* ok = button(wxID_OK, okLabel);
     ok->SetDefault();

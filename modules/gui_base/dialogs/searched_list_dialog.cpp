@@ -42,8 +42,7 @@ RowList* SearchedListDialog::MakeList(const std::vector<RowList::Column>& column
 
 wxButton* SearchedListDialog::MakeHelpButton()
 {
-    auto* help = new wxButton(this, wxID_HELP);
-    button_label::Set(*help, i18n::Translated("&Help"));
+    wxButton* const help = button_label::NewButton(this, wxID_HELP, i18n::Translated("&Help"));
     help->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { ShowHelp(); });
     return help;
 }

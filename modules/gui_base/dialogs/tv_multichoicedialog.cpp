@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "gui_base/dialogs/tv_multichoicedialog.h"
 
+#include "gui_base/support/button_label.h"
 #include "gui_base/support/translation.h"
 
 #include <wx/button.h>
@@ -44,6 +45,11 @@ TvMultiChoiceDialog::TvMultiChoiceDialog(wxWindow* parent, const wxString& messa
     // The standard buttons at the same edges.
     wxSizerItem* const last = GetSizer()->GetItem(GetSizer()->GetItemCount() - 1);
     last->SetBorder(side);
+    for (const auto& [id, label] :
+         {std::pair(wxID_OK, wxTRANSLATE("OK")), {wxID_CANCEL, wxTRANSLATE("&Cancel")}}) {
+        if (auto* const button = dynamic_cast<wxButton*>(FindWindow(id)))
+            button_label::Set(*button, i18n::Translated(label));
+    }
     GetSizer()->SetSizeHints(this);
     Fit();
 }

@@ -100,13 +100,13 @@ DataSheetDialog::DataSheetDialog(wxWindow* parent, const wxString& product)
     const wxSizerFlags spaced = wxSizerFlags().Expand().Border(wxALL, FromDIP(kGap));
     outer->Add(m_problem, wxSizerFlags().Expand());
     outer->Add(MakeFilterRow(), spaced);
-    outer->Add(MakeList({{Translated("Product"), 250},
+    outer->Add(MakeList({{Translated("Product"), 320},
                          {Translated("Sheet"), 164},
                          {Translated("Language"), 100},
                          {Translated("Status"), 100},
                          {Translated("Legal area"), 104},
                          {Translated("Company"), 130}},
-                        0, GetTitle(), {900, 300}),
+                        0, GetTitle(), {970, 300}),
                wxSizerFlags(spaced).Proportion(1));
     outer->Add(MakeButtonRow(), spaced);
     for (wxChoice* choice : {m_product, m_language})
@@ -153,8 +153,7 @@ wxSizer* DataSheetDialog::MakeButtonRow()
     auto* row = new wxBoxSizer(wxHORIZONTAL);
     const wxSizerFlags beside = wxSizerFlags().Border(wxLEFT | wxRIGHT, FromDIP(kGap / 2));
     const auto add = [&](int id, const wxString& label, std::function<void()> action) {
-        auto* button = new wxButton(this, id);
-        button_label::Set(*button, label);
+        wxButton* const button = button_label::NewButton(this, id, label);
         if (action)
             button->Bind(wxEVT_BUTTON, [action = std::move(action)](wxCommandEvent&) { action(); });
         row->Add(button, beside);

@@ -10,6 +10,7 @@
 #include "gui_base/network/network.h"
 #include "gui_base/network/network_failure.h"
 #include "gui_base/support/accessibility.h"
+#include "gui_base/support/button_label.h"
 #include "gui_base/support/translation.h"
 
 #include <wx/clipbrd.h>
@@ -131,7 +132,7 @@ wxSizer* RatesDialog::MakeButtonRow()
     row->Add(NewButton(this, i18n::Translated("&Update rates"), i18n::Translated("Update conversion rates"),
                        [this] { UpdateRates(); }));
     row->AddStretchSpacer();
-    row->Add(new wxButton(this, wxID_CANCEL, i18n::Translated("C&lose")));
+    row->Add(button_label::NewButton(this, wxID_CANCEL, i18n::Translated("C&lose")));
     return row;
 }
 

@@ -114,9 +114,7 @@ void UpdateDialog::MakeControls()
     m_cancel = AddButton(*line, i18n::Translated("&Cancel download"), &UpdateDialog::CancelDownload);
     m_open = AddButton(*line, i18n::Translated("&Open folder"), &UpdateDialog::OpenFolder);
     line->AddStretchSpacer();
-    auto* close = new wxButton(this, wxID_CLOSE);
-    button_label::Set(*close, i18n::Translated("C&lose"));
-    line->Add(close);
+    line->Add(button_label::NewButton(this, wxID_CLOSE, i18n::Translated("C&lose")));
     outer->Add(line, spaced);
     SetSizerAndFit(outer);
 }

@@ -26,4 +26,11 @@ void Set(wxButton& button, const wxString& text)
 #endif
 }
 
+wxButton* NewButton(wxWindow* parent, int id, const wxString& text)
+{
+    auto* button = new wxButton(parent, id);
+    Set(*button, text);
+    return button;
+}
+
 }  // namespace button_label

@@ -11,5 +11,7 @@ namespace button_label {
 /// text that equals its own name of a standard button for that button, and shows it in the language of the
 /// system instead of that of the program.
 GUI_BASE_EXPORT void Set(wxButton& button, const wxString& text);
+/// A button that shows `text` so.
+GUI_BASE_EXPORT wxButton* NewButton(wxWindow* parent, int id, const wxString& text);
 
 }  // namespace button_label

@@ -10,6 +10,7 @@
 #include "gui_base/ionexchange/feed/compound_element_listctrl.h"
 #include "gui_base/ionexchange/feed/formula_textctrl.h"
 #include "gui_base/support/accessibility.h"
+#include "gui_base/support/button_label.h"
 #include "gui_base/support/translation.h"
 
 #include <wx/button.h>
@@ -166,8 +167,8 @@ void CompoundEditorPanel::AddListControl(wxSizer& sizer)
 void CompoundEditorPanel::AddButtons(wxSizer& sizer)
 {
     auto* row = new wxBoxSizer(wxHORIZONTAL);
-    m_saveButton = new wxButton(this, wxID_SAVE, i18n::Translated("Save"));
-    m_clearButton = new wxButton(this, wxID_CLEAR, i18n::Translated("Clear"));
+    m_saveButton = button_label::NewButton(this, wxID_SAVE, i18n::Translated("Save"));
+    m_clearButton = button_label::NewButton(this, wxID_CLEAR, i18n::Translated("Clear"));
     row->AddStretchSpacer();
     row->Add(m_saveButton, wxSizerFlags().Border(wxRIGHT, FromDIP(8)));
     row->Add(m_clearButton);

@@ -2,13 +2,13 @@
 #include "gui_base/ionexchange/feed/duplicate_resolution_dialog.h"
 
 #include "core/number_text.h"
+#include "gui_base/dialogs/dialog_buttons.h"
 #include "gui_base/dialogs/tv_gridcellchoiceeditor.h"
 #include "gui_base/input/validation/numeric_validator.h"
 #include "gui_base/support/accessibility.h"
 #include "gui_base/support/compound_name.h"
 #include "gui_base/support/translation.h"
 
-#include <wx/button.h>
 #include <wx/checkbox.h>
 #include <wx/choice.h>
 #include <wx/display.h>
@@ -75,19 +75,14 @@ DuplicateResolutionDialog::DuplicateResolutionDialog(wxWindow* parent,
     m_common->SetSelection(static_cast<int>(Decision::Skip));
     accessibility::SetName(*m_common, m_applyToAll->GetLabel());
     FillGrid(duplicates);
-    auto* buttons = new wxStdDialogButtonSizer;
-    auto* ok = new wxButton(this, wxID_OK, Tr("OK"));
-    buttons->AddButton(ok);
-    buttons->AddButton(new wxButton(this, wxID_CANCEL, Tr("Cancel")));
-    buttons->Realize();
-    ok->SetDefault();
 
     auto* outer = new wxBoxSizer(wxVERTICAL);
     const int gap = FromDIP(kGap);
     outer->Add(m_applyToAll, wxSizerFlags().Border(wxALL, gap));
     outer->Add(m_common, wxSizerFlags().Border(wxLEFT | wxRIGHT, gap));
     outer->Add(m_grid, wxSizerFlags(1).Expand().Border(wxALL, gap));
-    outer->Add(buttons, wxSizerFlags().Right().Border(wxLEFT | wxRIGHT | wxBOTTOM, gap));
+    outer->Add(dialogs::CreateButtons(*this, true),
+               wxSizerFlags().Right().Border(wxLEFT | wxRIGHT | wxBOTTOM, gap));
     SetSizerAndFit(outer);
     m_applyToAll->Bind(wxEVT_CHECKBOX, [this](wxCommandEvent&) { UpdateEnabled(); });
     UpdateEnabled();

@@ -37,9 +37,7 @@ wxString Tr(const char* source)
 
 wxButton* NewButton(wxWindow* parent, int id, const char* label)
 {
-    auto* button = new wxButton(parent, id);
-    button_label::Set(*button, Tr(label));
-    return button;
+    return button_label::NewButton(parent, id, Tr(label));
 }
 
 }  // namespace

@@ -53,9 +53,8 @@ void CommentEntryDialog::CreateControls()
     };
     m_save = button(wxID_OK, i18n::Translated("&Save"));
     auto* buttons = new wxBoxSizer(wxHORIZONTAL);
-    buttons->Add(
-        new wxStaticText(this, wxID_ANY, label, wxDefaultPosition, wxDefaultSize, wxST_ELLIPSIZE_END),
-        wxSizerFlags(1).CentreVertical());
+    buttons->Add(new wxStaticText(this, wxID_ANY, label), wxSizerFlags().CentreVertical());
+    buttons->AddStretchSpacer();
     buttons->Add(m_save, wxSizerFlags().Border(wxRIGHT, gap));
     buttons->Add(button(wxID_CANCEL, i18n::Translated("&Cancel")));
     auto* outer = new wxBoxSizer(wxVERTICAL);
@@ -63,6 +62,10 @@ void CommentEntryDialog::CreateControls()
     outer->Add(m_field, wxSizerFlags().Expand().Proportion(1).Border(wxLEFT | wxRIGHT | wxBOTTOM, gap));
     m_field->MoveBeforeInTabOrder(m_save);
     SetSizer(outer);
+    // In most languages label and buttons want more width than it is usually given.
+    wxSize size = GetSize();
+    size.IncTo(ClientToWindowSize(outer->GetMinSize()));
+    SetSize(size);
     Layout();
 }
 

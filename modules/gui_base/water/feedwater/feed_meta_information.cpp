@@ -126,7 +126,7 @@ void FeedMetaInformation::OnEditComments(wxCommandEvent&)
     CommentEntryDialog dialog(this, wxID_ANY, i18n::Translated("Comments"), wxDefaultPosition, size,
                               CommentEntryDialog::kStyle);
     // The toolkit centres a dialog on its parent unless it is moved once it exists.
-    dialog.Move(button.x + button.width - size.x, button.y + button.height);
+    dialog.Move(button.x + button.width - dialog.GetSize().x, button.y + button.height);
     dialog.SetComment(m_comment.GetStringValue());
     if (dialog.ShowModal() != wxID_OK)
         return;

@@ -21,7 +21,7 @@ void Arrangement::Restore()
 {
     int width = 980;
     int height = 720;
-    int vertical = 230;
+    int vertical = 250;
     int horizontal = 330;
     try {
         const std::string text = ProjectDatabase::GetLocalParameter(kParameter);

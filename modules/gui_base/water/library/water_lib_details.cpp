@@ -68,7 +68,7 @@ void WaterLibDetails::CreateControls()
     m_values = new wxListView(inside, wxID_ANY);
     accessibility::SetName(*m_values, Tr("Details"));
     m_values->AppendColumn(Tr("Name"), wxLIST_FORMAT_LEFT, FromDIP(170));
-    m_values->AppendColumn(Tr("Value"), wxLIST_FORMAT_RIGHT, FromDIP(100));
+    m_values->AppendColumn(Tr("Value"), wxLIST_FORMAT_RIGHT, FromDIP(80));
     m_values->AppendColumn(Tr("Unit"), wxLIST_FORMAT_LEFT, FromDIP(70));
     water_library::FillWidth(*m_values);
     const wxSizerFlags spaced = wxSizerFlags().Expand().Border(wxALL, FromDIP(kGap));
@@ -95,7 +95,8 @@ void WaterLibDetails::SetValues(const std::vector<DBObjects::WaterLibAttr>& valu
         m_values->SetItem(row, 1, wxString::FromUTF8(numbers[i]));
         m_values->SetItem(row, 2, lines[i].unit);
     }
-    number_room::GrowColumn(*m_values, 1);
+    for (const int column : {0, 1})
+        number_room::GrowColumn(*m_values, column);
     water_library::FitLastColumn(*m_values);
 }
 

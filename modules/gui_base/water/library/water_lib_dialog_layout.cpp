@@ -81,9 +81,7 @@ wxSizer* WaterLibDialog::CreateButtonRow()
     m_use = new wxButton(this, wxID_ANY, Tr("Use current selection as feed water"));
     row->Add(m_count, wxSizerFlags().CentreVertical().Proportion(1));
     row->Add(m_use, wxSizerFlags().Border(wxRIGHT, FromDIP(2 * kGap)));
-    auto* close = new wxButton(this, wxID_CANCEL);
-    button_label::Set(*close, Tr("Close"));
-    row->Add(close);
+    row->Add(button_label::NewButton(this, wxID_CANCEL, Tr("Close")));
     SetEscapeId(wxID_CANCEL);
     return row;
 }
