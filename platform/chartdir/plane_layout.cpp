@@ -107,13 +107,16 @@ PlaneLayout::PlaneLayout(const PlaneChart& chart) : m_chart(chart), m_head(m_con
 
 void PlaneLayout::AddLegend()
 {
+    std::vector<ChartHead::LegendEntry> entries;
     for (const PlaneChart::Series& series : m_chart.getSeries()) {
-        const auto sample = [style = series.style](cairo_t* canvas, double width, double height) {
-            DrawMarker(canvas, style.marker, {width / 2.0, height / 2.0}, 8.0, style.colour);
-        };
-        if (!series.name.empty() && !m_head.Add(series.name, sample))
-            return;
+        if (series.name.empty())
+            continue;
+        entries.push_back(
+            {series.name, [style = series.style](cairo_t* canvas, double width, double height) {
+                 DrawMarker(canvas, style.marker, {width / 2.0, height / 2.0}, 8.0, style.colour);
+             }});
     }
+    m_head.SetLegend(entries);
 }
 
 void PlaneLayout::AddCorners()

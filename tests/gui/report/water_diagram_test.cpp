@@ -211,6 +211,32 @@ TEST(WaterDiagram, BarsStackIonsBesideEachOtherAndTellTheirShare)
     EXPECT_EQ(colours(at(1, 1, 6.0)), 1U);
 }
 
+TEST(WaterDiagram, TheLegendOfBarsNamesEveryIonOrEndsWithAnEllipsis)
+{
+    const auto chart = MakeAs<chartdir::XYChart>(Kind::Bars, Some(3));
+    struct Case
+    {
+        int width, height;
+        bool isWhole;
+    };
+    for (const auto& [width, height, isWhole] :
+         {Case{900, 600, true}, {400, 300, true}, {317, 282, true}, {260, 700, true}, {220, 126, false}}) {
+        chart->setSize(width, height);
+        const double plot = chart->getMapping().plot.height;
+        EXPECT_GT(plot, 0.35 * height) << width;
+        std::vector<std::string> legend;
+        for (const support::Word& word : support::WordsOf(*chart)) {
+            if (word.box.Bottom() < chart->getMapping().plot.y)
+                legend.push_back(word.text);
+        }
+        // "closes the balance" is the last one.
+        EXPECT_EQ(std::ranges::count(legend, "balance"), isWhole ? 1 : 0) << width << " x " << height;
+        EXPECT_EQ(std::ranges::count(legend, "\u2026"), isWhole ? 0 : 1) << width << " x " << height;
+        for (const char* ion : {"Ca\u00b2\u207a", "Fe\u00b2\u207a", "Mn\u00b2\u207a", "cations"})
+            EXPECT_TRUE(!isWhole || std::ranges::count(legend, ion) == 1) << ion << " " << width;
+    }
+}
+
 TEST(WaterDiagram, StiffDrawsAllWatersOnOneScaleToBothSides)
 {
     const auto chart = MakeAs<chartdir::StiffChart>(Kind::Stiff, Some(3), {.fourthRowInStiff = true});
