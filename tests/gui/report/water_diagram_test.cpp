@@ -151,7 +151,10 @@ TEST(WaterDiagram, PiperNamesItsSidesWhereTheNamesHaveRoom)
         });
     };
     EXPECT_EQ(arrows(), 4);
-    // Between the triangles and the diamond is none left.
+    // Smaller ones between the triangles and the diamond.
+    chart->setSize(353, 330);
+    EXPECT_EQ(arrows(), 4);
+    // There is none left.
     chart->addTitle({});
     chart->setSize(220, 160);
     EXPECT_EQ(arrows(), 2);
