@@ -383,7 +383,7 @@ TEST_F(MainFrameTest, EveryExampleOpens)
         EXPECT_THAT(Messages(), testing::SizeIs(isOff ? 1 : 0)) << water.name;
         if (isOff) {
             EXPECT_THAT(Messages(),
-                        testing::ElementsAre(testing::HasSubstr("Balance error -3.83 % is over")));
+                        testing::ElementsAre(testing::HasSubstr("Balance error -3.83\u00a0% is over")));
         }
     }
 }
