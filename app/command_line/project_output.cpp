@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/command_line/project_output.h"
 
+#include "core/amount_text.h"
 #include "dbinterfaces/master_database.h"
 #include "gui_base/report/advice_text.h"
 #include "gui_base/report/balance_text.h"
@@ -102,13 +103,9 @@ ReportContext PlainContext(const std::string& unitSystem = "iso")
     return context;
 }
 
-/// A line of the evaluation, whose texts were made not to break.
-void PrintResult(const std::string& name, std::string text, std::ostream& out)
+void PrintResult(const std::string& name, const std::string& text, std::ostream& out)
 {
-    constexpr std::string_view kHardSpace = "\u00a0";
-    for (auto at = text.find(kHardSpace); at != std::string::npos; at = text.find(kHardSpace, at))
-        text.replace(at, kHardSpace.size(), " ");
-    fmt::print(out, "  {:<38}{}\n", name, text);
+    fmt::print(out, "  {:<38}{}\n", name, numbertext::WithUsualBlanks(text));
 }
 
 /// What the results of the window tell beyond the summary and the indices.
@@ -153,8 +150,8 @@ void PrintEvaluation(const Project& project, const LiquidData& liquid, std::ostr
     }
     for (const advice::Advice& advice : evaluation.advice)
         fmt::print(out, "  {}: {}\n    {}\n", wateranalysis::SeverityText(advice.severity, context),
-                   wateranalysis::AdviceSentence(advice, context),
-                   Indented(wateranalysis::AdviceReason(advice, context)));
+                   numbertext::WithUsualBlanks(wateranalysis::AdviceSentence(advice, context)),
+                   Indented(numbertext::WithUsualBlanks(wateranalysis::AdviceReason(advice, context))));
 }
 
 void PrintLine(const designtext::Line& line, std::ostream& out)
@@ -230,17 +227,20 @@ void PrintJson(const Project& project, const std::string& file, std::ostream& ou
     std::vector<JsonMessage> messages;
     for (const RangeFault& fault : RangeFaults(project)) {
         messages.push_back({AddressText(fault.address, project),
-                            RangeSentence(fault, project, PlainContext()), fault.value, fault.limit});
+                            numbertext::WithUsualBlanks(RangeSentence(fault, project, PlainContext())),
+                            fault.value, fault.limit});
     }
     std::vector<JsonAdvice> advice;
     for (std::size_t i = 0; i < project.GetLiquidCount(); ++i) {
         for (const advice::Advice& each : advice::AdviceOn(project, project.GetLiquid(i)))
-            advice.push_back({static_cast<int>(i + 1),
-                              each.id,
-                              advice::IsWarning(each),
-                              wateranalysis::AdviceReason(each, PlainContext()),
-                              {AddressText(each.address, project),
-                               wateranalysis::AdviceSentence(each, PlainContext()), each.value, each.limit}});
+            advice.push_back(
+                {static_cast<int>(i + 1),
+                 each.id,
+                 advice::IsWarning(each),
+                 numbertext::WithUsualBlanks(wateranalysis::AdviceReason(each, PlainContext())),
+                 {AddressText(each.address, project),
+                  numbertext::WithUsualBlanks(wateranalysis::AdviceSentence(each, PlainContext())),
+                  each.value, each.limit}});
     }
     out << ProjectToJson(project, tncommon::PrintableText(file), messages, advice);
 }
@@ -249,7 +249,7 @@ std::vector<std::string> RangeWarnings(const Project& project)
 {
     std::vector<std::string> warnings;
     for (const RangeFault& fault : RangeFaults(project))
-        warnings.push_back(RangeSentence(fault, project, PlainContext()));
+        warnings.push_back(numbertext::WithUsualBlanks(RangeSentence(fault, project, PlainContext())));
     for (std::size_t i = 0; i < project.GetLiquidCount(); ++i) {
         const LiquidData& liquid = project.GetLiquid(i);
         if (const std::string problem = water::Explain(liquid.GetAlkalization()); !problem.empty())

@@ -99,14 +99,15 @@ struct Figure
 
 using Block = std::variant<Heading, Paragraph, Table, Drawing, Figure>;
 
-/// A chapter: it begins on a new page, apart from the first one, and stands in the outline and the contents.
+/// A chapter, in the outline and the contents. It begins below the one before it where a page has room for
+/// its title and some of what follows; behind the contents of the first page it begins on a new one.
 struct Section
 {
     std::string title{};
     std::vector<Block> blocks{};
     /// The first section: on the first page, above the contents, which leave it out.
     bool isFrontSheet = false;
-    /// It begins below the section before it where all of it has room there.
+    /// It begins below the contents, too, where all of it has room there.
     bool joins = false;
 };
 

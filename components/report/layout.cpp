@@ -15,6 +15,9 @@ constexpr double kCaptionRoom = 24.0;
 constexpr double kContentsIndent = 10.0;
 /// With more sections than this the contents have a page of their own.
 constexpr std::size_t kContentsBesideText = 12;
+/// A section begins below the one before it where that much is left of a page: its title, a heading and some
+/// rows.
+constexpr double kRoomToBegin = 140.0;
 
 void SetColour(cairo_t* canvas, const style::Colour& colour)
 {
@@ -88,8 +91,6 @@ void Layout::AddSection(std::size_t index)
     m_boxes.back().keepWithNext = true;
     m_boxes[first].outlineLevel = 1;
     m_boxes[first].title = section.title;
-    m_boxes[first].startsPage =
-        index > 0 || (!HasFrontSheet() && m_document.sections.size() > kContentsBesideText);
     for (std::size_t i = 0; i < section.blocks.size(); ++i) {
         std::visit([this](const auto& content) { AddBlock(content); }, section.blocks[i]);
         // A note stands on the page of what it belongs to, which makes room for it.
@@ -101,10 +102,23 @@ void Layout::AddSection(std::size_t index)
     }
     // What the last block would keep together with does not exist.
     m_boxes.back().keepWithNext = false;
-    if (!section.joins)
-        return;
+    SetBeginning(index, first);
+}
+
+void Layout::SetBeginning(std::size_t index, std::size_t first)
+{
+    Box& title = m_boxes[first];
+    double whole = 0.0;
     for (std::size_t i = first; i < m_boxes.size(); ++i)
-        m_boxes[first].roomToJoin += m_boxes[i].height + (i > first ? m_boxes[i].spaceBefore : 0.0);
+        whole += m_boxes[i].height + (i > first ? m_boxes[i].spaceBefore : 0.0);
+    if (index > (HasFrontSheet() ? 1U : 0U)) {
+        title.startsPage = true;
+        title.roomToJoin = std::min(whole, kRoomToBegin);
+    } else if (index > 0 || (!HasFrontSheet() && m_document.sections.size() > kContentsBesideText)) {
+        // The first page is that of the contents.
+        title.startsPage = true;
+        title.roomToJoin = m_document.sections[index].joins ? whole : 0.0;
+    }
 }
 
 void Layout::AddText(const std::string& text, const TextStyle& style, double spaceBefore, bool keepTogether)

@@ -56,6 +56,8 @@ private:
     double Height() const { return Bottom() - Top(); }
     /// One box for each line, so that a page break falls between lines.
     void AddText(const std::string& text, const TextStyle& style, double spaceBefore, bool keepTogether);
+    /// Says where the section may begin whose boxes are the last ones from `first`.
+    void SetBeginning(std::size_t index, std::size_t first);
     void AddContentsLine(std::size_t index, const std::shared_ptr<const SectionPages>& pages);
     void AddBlock(const Heading& heading);
     void AddBlock(const Paragraph& paragraph);

@@ -10,6 +10,8 @@ namespace report {
 namespace {
 
 constexpr double kRounding = 0.01;
+/// Up to that height a table is not torn apart, points.
+constexpr double kSmallTable = 130.0;
 
 /// A cell that is set; nothing for an empty one.
 struct SetCell
@@ -341,6 +343,22 @@ Box RowBox(const std::shared_ptr<const SetTable>& set, std::size_t index, RowPar
     return box;
 }
 
+/// A small table is not torn apart, and of a large one no single row stands at the end or the beginning of a
+/// page. The boxes from `first` are its own, its rows begin at `firstRow`.
+void KeepRowsTogether(std::vector<Box>& boxes, std::size_t first, std::size_t firstRow)
+{
+    if (boxes.size() < firstRow + 2)
+        return;
+    double height = 0.0;
+    for (std::size_t i = first; i < boxes.size(); ++i)
+        height += boxes[i].height;
+    const std::size_t lastButOne = boxes.size() - 2;
+    for (std::size_t i = firstRow; i <= lastButOne; ++i) {
+        if (height <= kSmallTable || i == firstRow || i == lastButOne)
+            boxes[i].keepWithNext = true;
+    }
+}
+
 }  // namespace
 
 std::vector<double> ColumnWidths(std::span<const double> natural, std::span<const double> stretch,
@@ -418,6 +436,7 @@ void AddTable(const TextContext& context, const Table& table, const TablePlace& 
     }
     if (boxes.size() > first)
         boxes[first].spaceBefore = style::kBlockGap;
+    KeepRowsTogether(boxes, first, first + (titles ? 1 : 0));
 }
 
 }  // namespace report

@@ -22,9 +22,15 @@ public:
     /// The title; the legend follows. The context outlives the head.
     ChartHead(const TextContext& context, const BaseChart& chart);
 
-    /// Adds a series to the legend; false when there is no more room for one, as a legend never takes that of
-    /// the curves.
-    bool Add(const std::string& name, Sample sample);
+    struct LegendEntry
+    {
+        std::string name;
+        Sample sample;
+    };
+    /// The legend: on as many lines as leave the curves most of the chart. Where these are too few, samples
+    /// and texts become smaller and then the lines more; only what has no room even so is left out, with an
+    /// ellipsis in its place.
+    void SetLegend(const std::vector<LegendEntry>& entries);
     /// Where what is below it may begin.
     double Bottom() const;
     void Draw(cairo_t* canvas) const;
@@ -39,10 +45,31 @@ public:
 private:
     struct Entry
     {
-        Sample sample;
+        Sample sample;  ///< none for the ellipsis
         Point place;
+        double indent;  ///< of the text
         Text text;
+
+        double TextX() const { return place.x + indent; }
+        double Right() const { return TextX() + text.Width(); }
     };
+    /// How closely a legend is set.
+    struct Setting
+    {
+        double sampleWidth;
+        double gap;  ///< between entries
+        double textSize;
+        double share;  ///< of the height of the chart, with the title
+    };
+    struct Legend
+    {
+        std::vector<Entry> entries{};
+        double bottom = 0.0;
+        bool isWhole = true;
+    };
+
+    Legend Set(const std::vector<LegendEntry>& entries, const Setting& setting) const;
+    void EndWithEllipsis(Legend& legend, const TextStyle& style, double right) const;
 
     const TextContext& m_context;
     double m_margin;
@@ -51,10 +78,8 @@ private:
     double m_height;
     Colour m_ink;
     std::optional<Text> m_title;
-    std::vector<Entry> m_entries;
-    double m_x = 0.0;
-    double m_y;
-    double m_lineHeight = 0.0;
+    double m_top;
+    Legend m_legend;
 };
 
 }  // namespace chartdir

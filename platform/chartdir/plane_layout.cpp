@@ -17,6 +17,8 @@ constexpr double kGap = 3.0;
 constexpr double kCornerGap = 4.0;
 // A text may be a little longer than the side along which it stands.
 constexpr double kOverhang = 1.15;
+// Smaller than that a text along a side is hard to read.
+constexpr double kLeastSideText = 8.0;
 constexpr double kLeastTickDistance = 26.0;
 constexpr int kHalvings = 40;
 
@@ -100,20 +102,23 @@ PlaneLayout::PlaneLayout(const PlaneChart& chart) : m_chart(chart), m_head(m_con
     AddSides();
     AddTicks();
     Fit();
-    DropLongTexts();
+    ShrinkLongTexts();
     Fit();
     DropCollisions();
 }
 
 void PlaneLayout::AddLegend()
 {
+    std::vector<ChartHead::LegendEntry> entries;
     for (const PlaneChart::Series& series : m_chart.getSeries()) {
-        const auto sample = [style = series.style](cairo_t* canvas, double width, double height) {
-            DrawMarker(canvas, style.marker, {width / 2.0, height / 2.0}, 8.0, style.colour);
-        };
-        if (!series.name.empty() && !m_head.Add(series.name, sample))
-            return;
+        if (series.name.empty())
+            continue;
+        entries.push_back(
+            {series.name, [style = series.style](cairo_t* canvas, double width, double height) {
+                 DrawMarker(canvas, style.marker, {width / 2.0, height / 2.0}, 8.0, style.colour);
+             }});
     }
+    m_head.SetLegend(entries);
 }
 
 void PlaneLayout::AddCorners()
@@ -167,7 +172,8 @@ void PlaneLayout::AddSides()
              {side.away.x * distance, -side.away.y * distance},
              std::atan2(side.line.from.y - side.line.to.y, side.line.to.x - side.line.from.x),
              LengthOf(side.line) * kOverhang,
-             side.strip});
+             side.strip,
+             side.markup});
     }
 }
 
@@ -223,12 +229,20 @@ void PlaneLayout::Fit()
                 m_area.y + (m_area.height - extent.height) / 2.0 - extent.y};
 }
 
-void PlaneLayout::DropLongTexts()
+bool PlaneLayout::HasRoom(const Item& item) const
 {
-    std::erase_if(m_items, [this](const Item& item) {
-        return (item.room > 0.0 && item.text.Width() > m_scale * item.room) ||
-               (item.strip > 0.0 && item.text.Height() > m_scale * item.strip);
-    });
+    return (item.room <= 0.0 || item.text.Width() <= m_scale * item.room) &&
+           (item.strip <= 0.0 || item.text.Height() <= m_scale * item.strip);
+}
+
+void PlaneLayout::ShrinkLongTexts()
+{
+    constexpr double kStep = 0.5;
+    for (Item& item : m_items) {
+        for (double size = m_head.TextSize() - kStep; !HasRoom(item) && size >= kLeastSideText; size -= kStep)
+            item.text = Text(m_context, item.markup, {.size = size, .colour = m_chart.getTheme().ink});
+    }
+    std::erase_if(m_items, [this](const Item& item) { return !HasRoom(item); });
 }
 
 Point PlaneLayout::MiddleOf(const Item& item) const

@@ -8,6 +8,7 @@
 #include "chartdir/text.h"
 
 #include <array>
+#include <string>
 #include <vector>
 
 namespace chartdir {
@@ -30,11 +31,12 @@ private:
     struct Item
     {
         Text text;
-        Point anchor;        ///< in the plane
-        Point shift;         ///< from there to the middle of the text, pixels downwards
-        double angle = 0.0;  ///< radians, clockwise on the screen
-        double room = 0.0;   ///< in the plane; a text that is longer is left out; 0: any
-        double strip = 0.0;  ///< the same for its height
+        Point anchor;          ///< in the plane
+        Point shift;           ///< from there to the middle of the text, pixels downwards
+        double angle = 0.0;    ///< radians, clockwise on the screen
+        double room = 0.0;     ///< in the plane; a text that is longer is left out; 0: any
+        double strip = 0.0;    ///< the same for its height
+        std::string markup{};  ///< of a text that may become smaller
 
         double HalfWidth() const;
         double HalfHeight() const;
@@ -51,8 +53,11 @@ private:
     /// The largest scale at which everything has room.
     void Fit();
     Rect ExtentAt(double scale) const;
-    /// Leaves out what is longer than its side, or stands on what was placed before it.
-    void DropLongTexts();
+    bool HasRoom(const Item& item) const;
+    /// Makes texts smaller that are longer than their side or higher than its strip, and leaves out what
+    /// would be too small to be read.
+    void ShrinkLongTexts();
+    /// Leaves out what stands on what was placed before it.
     void DropCollisions();
     Point MiddleOf(const Item& item) const;
 

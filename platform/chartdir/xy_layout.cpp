@@ -70,15 +70,18 @@ XYLayout::XYLayout(const XYChart& chart, const Scale& xScale, const Scale& yScal
 
 void XYLayout::AddLegend()
 {
+    std::vector<ChartHead::LegendEntry> entries;
     for (const auto& layer : m_chart.getLayers()) {
         for (const DataSet& set : layer->getDataSets()) {
-            if (!set.name.empty() &&
-                !m_head.Add(set.name, [&layer = *layer, &set](cairo_t* canvas, double width, double height) {
-                    layer.DrawSample(canvas, set, width, height);
-                }))
-                return;
+            if (set.name.empty())
+                continue;
+            entries.push_back(
+                {set.name, [&layer = *layer, &set](cairo_t* canvas, double width, double height) {
+                     layer.DrawSample(canvas, set, width, height);
+                 }});
         }
     }
+    m_head.SetLegend(entries);
 }
 
 void XYLayout::SetTicks(const Axis& axis, const Scale& scale, double length, double distance,

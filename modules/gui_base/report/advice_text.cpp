@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "gui_base/report/advice_text.h"
 
+#include "core/amount_text.h"
 #include "gui_base/report/balance_text.h"
 #include "gui_base/report/told_apart.h"
 #include "projectbase/advice/saturation.h"
@@ -44,8 +45,8 @@ std::string WithUnit(double value, int digits, const char* isoUnit, const Report
         return context.Number(std::round(scale * value) / scale, digits);
     }
     const std::string unit = UnitSystemManager::GetUnit(isoUnit, context.unitSystem, true);
-    return context.Number(UnitSystemManager::FromISO(isoUnit, context.unitSystem, value), digits) +
-           (unit.empty() ? "" : " ") + unit;
+    return numbertext::WithUnit(
+        context.Number(UnitSystemManager::FromISO(isoUnit, context.unitSystem, value), digits), unit);
 }
 
 /// Activities by Davies hold up to there only.
@@ -103,7 +104,7 @@ std::string AdviceReason(const advice::Advice& advice, const ReportContext& cont
             ". " + Filled(context.Translated(wxTRANSLATE(
                               "With %s calcium in the feed spent acid can hold %s times what dissolves of "
                               "gypsum")),
-                          {context.Number(advice.acid->calciumShare, kDigits) + " %",
+                          {numbertext::WithUnit(context.Number(advice.acid->calciumShare, kDigits), "%"),
                            FixedNumber(advice.acid->supersaturation, 1, context)});
     return fmt::format("{}\n{}: {}", reason, context.Translated(wxTRANSLATE("Source")),
                        AdviceSource(advice, context));
@@ -151,7 +152,7 @@ std::vector<SaturationRow> SaturationRows(const advice::Saturation& saturation, 
         rows.push_back({context.Translated(name), text(saturation.Index(mineral))});
     rows.push_back({context.Translated(wxTRANSLATE("Amorphous silica")), text(saturation.silica)});
     rows.push_back({context.Translated(wxTRANSLATE("Saturation with amorphous silica")),
-                    std::isnan(silica) ? std::string() : context.Number(silica, kDigits) + " %"});
+                    numbertext::WithUnit(context.Number(silica, kDigits), "%")});
     return rows;
 }
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "gui_base/report/balance_text.h"
 
+#include "core/amount_text.h"
+
 #include <fmt/format.h>
 #include <wx/translation.h>
 
@@ -34,7 +36,7 @@ std::string ClosedText(const advice::BalanceJudgement& judgement, const ReportCo
         return context.Translated(wxTRANSLATE("closed by automatic balancing"));
     return WithText(
         context.Translated(wxTRANSLATE("closed by automatic balancing with %s")),
-        fmt::format("{} meq/l {}", context.Number(amount, kClosingDigits), isSodium ? "Na" : "Cl"));
+        numbertext::WithUnit(context.Number(amount, kClosingDigits), isSodium ? "meq/l Na" : "meq/l Cl"));
 }
 
 }  // namespace
@@ -78,12 +80,13 @@ std::string BalanceErrorText(const advice::BalanceJudgement& judgement, const Re
 {
     if (judgement.verdict == advice::BalanceVerdict::NotJudged)
         return {};
-    std::string error = Signed(judgement.error, 1, context) + " %";
+    std::string error = numbertext::WithUnit(Signed(judgement.error, 1, context), "%");
     if (judgement.isLimitOfDifference)
-        error += fmt::format(" ({} meq/l)", Signed(judgement.difference, 2, context));
+        error +=
+            fmt::format(" ({})", numbertext::WithUnit(Signed(judgement.difference, 2, context), "meq/l"));
     if (std::isfinite(judgement.leastError + judgement.greatestError))
-        error += fmt::format(" ({} \u2026 {} %)", Signed(judgement.leastError, 1, context),
-                             Signed(judgement.greatestError, 1, context));
+        error += fmt::format(" ({} \u2026 {})", Signed(judgement.leastError, 1, context),
+                             numbertext::WithUnit(Signed(judgement.greatestError, 1, context), "%"));
     return error;
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "gui_base/report/blend_tiles.h"
 
+#include "core/amount_text.h"
 #include "gui_base/report/balance_text.h"
 #include "projectbase/advice/evaluation.h"
 #include "projectbase/project/blended_water.h"
@@ -51,7 +52,8 @@ std::string RecipeText(const water::BlendRecipe& recipe, const ReportContext& co
     std::string text;
     for (const water::BlendPart& part : recipe.parts) {
         const double amount = UnitSystemManager::FromISO(isoUnit, context.unitSystem, part.amount);
-        text += fmt::format("{}{} {} {}", text.empty() ? "" : ", ", context.Number(amount, 4), unit,
+        text += fmt::format("{}{} {}", text.empty() ? "" : ", ",
+                            numbertext::WithUnit(context.Number(amount, 4), unit),
                             context.Translated(part.water.c_str()));
     }
     return text;

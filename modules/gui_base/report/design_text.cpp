@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "core/amount_text.h"
 #include "gui_base/report/design_report.h"
 #include "projectbase/design/exchanger_label.h"
 #include "projectbase/design/resins.h"
@@ -186,8 +187,8 @@ std::string TextOf(const std::vector<Line>& lines, const ReportContext& context)
 {
     std::string text;
     for (const Line& line : lines)
-        text += (text.empty() ? "" : "\n") + line.name + Colon(context) + line.value +
-                (line.unit.empty() ? "" : " " + line.unit);
+        text += (text.empty() ? "" : "\n") + line.name + Colon(context) +
+                numbertext::WithUnit(line.value, line.unit);
     return text;
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "gui_base/report/range_sentence.h"
 
+#include "core/amount_text.h"
 #include "dbinterfaces/compound_names.h"
 #include "gui_base/report/design_report.h"
 #include "gui_base/report/told_apart.h"
@@ -21,9 +22,8 @@ std::string WithUnit(double value, int digits, const RangeFault& fault, const Re
     // What is typed in a unit of its own keeps it in every system.
     const std::string system = fault.isTypedUnit ? "iso" : context.unitSystem;
     const std::string unit = UnitSystemManager::GetUnit(fault.unit, system, true);
-    return fmt::format("{}{}{}",
-                       context.Number(UnitSystemManager::FromISO(fault.unit, system, value), digits),
-                       unit.empty() ? "" : " ", unit);
+    return numbertext::WithUnit(context.Number(UnitSystemManager::FromISO(fault.unit, system, value), digits),
+                                unit);
 }
 
 std::string LabelOf(const RangeFault& fault, const ReportContext& context)

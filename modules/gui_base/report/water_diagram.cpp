@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "gui_base/report/water_diagram.h"
 
+#include "core/amount_text.h"
 #include "gui_base/report/water_diagram_parts.h"
 #include "projectbase/project/project.h"
 #include "projectbase/settings/settings.h"
@@ -83,14 +84,15 @@ std::vector<Water> WatersOf(const Project& project, const ReportContext& context
 
 std::string AmountText(double meq, const ReportContext& context)
 {
-    return fmt::format("{} meq/l", context.Number(meq, kDigits));
+    return numbertext::WithUnit(context.Number(meq, kDigits), "meq/l");
 }
 
 std::string ShareText(double share, const ReportContext& context)
 {
-    return numbertext::Format(kPercent * share, {.format = TvTextCtrlFormat::Fixed, .precision = 1},
-                              context.separators) +
-           " %";
+    return numbertext::WithUnit(
+        numbertext::Format(kPercent * share, {.format = TvTextCtrlFormat::Fixed, .precision = 1},
+                           context.separators),
+        "%");
 }
 
 std::string Tip(const Water& water, const std::string& ion, double meq, bool isCation,

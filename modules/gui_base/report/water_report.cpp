@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "gui_base/report/water_report.h"
 
+#include "core/amount_text.h"
 #include "gui_base/report/blend_tiles.h"
 #include "gui_base/report/evaluation_tables.h"
 #include "gui_base/report/water_tables.h"
@@ -54,10 +55,10 @@ void AddTreatment(report::Section& section, const Project& project, const Liquid
     const double dose = UnitSystemManager::FromISO("mg/l", context.unitSystem,
                                                    details.At("liquid/alk.dosed").GetDoubleValue());
     const std::string agent = water::AlkalizingAgentName(details.At("liquid/alk.type").GetStdStringValue());
-    section.blocks.push_back(
-        report::Paragraph{fmt::format("{}: {} {} {}, {} {}", context.Translated(wxTRANSLATE("Alkalization")),
-                                      context.Translated(agent.c_str()), context.Number(dose, 4), unit,
-                                      context.Translated(wxTRANSLATE("pH")), context.Number(pH, 3))});
+    section.blocks.push_back(report::Paragraph{
+        fmt::format("{}: {} {}, {}\u00a0{}", context.Translated(wxTRANSLATE("Alkalization")),
+                    context.Translated(agent.c_str()), numbertext::WithUnit(context.Number(dose, 4), unit),
+                    context.Translated(wxTRANSLATE("pH")), context.Number(pH, 3))});
 }
 
 void AddAnalysis(report::Section& section, const Project& project, const LiquidData& water,

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "gui_base/report/water_results.h"
 
+#include "core/amount_text.h"
 #include "core/ion_table.h"
 #include "gui_base/report/advice_text.h"
 #include "gui_base/report/balance_text.h"
@@ -38,8 +39,7 @@ struct Facts
     /// "8.85 meq/l", which stay on one line; empty for what is not known.
     std::string Amount(double value, std::string_view unit, int digits = kFewDigits) const
     {
-        const std::string text = Number(value, digits);
-        return text.empty() ? text : fmt::format("{}\u00a0{}", text, unit);
+        return numbertext::WithUnit(Number(value, digits), unit);
     }
     /// The caption, with the amount behind it in place of "%s"; empty for what is not known.
     std::string Caption(const char* source, const std::string& amount) const
@@ -160,13 +160,14 @@ void ShowLoad(const Facts& facts, ResultTile& tile)
     ResultTile mass;
     facts.Show(mass, load * advice::kKilogramCaCo3PerEquivalent, "kg/d");
     if (!mass.value.empty())
-        tile.second = fmt::format("{} {} CaCO3", mass.value, mass.unit);
+        tile.second = numbertext::WithUnit(mass.value, mass.unit) + " CaCO3";
     tile.address = DetailAddress{{}, "project/qbrutto"};
     const auto line = [&](const char* source, double amount) {
         ResultTile shown;
         facts.Show(shown, amount, "eq/d");
-        return shown.value.empty() ? std::string()
-                                   : fmt::format("\n{}: {} {}", facts.Tr(source), shown.value, shown.unit);
+        return shown.value.empty()
+                   ? std::string()
+                   : fmt::format("\n{}: {}", facts.Tr(source), numbertext::WithUnit(shown.value, shown.unit));
     };
     tile.explanation += line(wxTRANSLATE("All cations"), loads.cations) +
                         line(wxTRANSLATE("Total hardness"), loads.hardness) +

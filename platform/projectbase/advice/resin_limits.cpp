@@ -127,6 +127,7 @@ constexpr const char* kPractice = wxTRANSLATE("Practice; figures differ by a fac
 constexpr const char* kIllinois = "Illinois 35 IAC 604.805";
 constexpr const char* kWisconsin = "Wisconsin NR 811.575";
 constexpr const char* kTenStates = "Recommended Standards for Water Works 4.4.2";
+constexpr const char* kOxidants = wxTRANSLATE("Ion exchange handbook, oxidants (2010)");
 
 constexpr const char* kIron = wxTRANSLATE("Iron");
 constexpr const char* kManganese = wxTRANSLATE("Manganese");
@@ -158,12 +159,12 @@ constexpr std::array kRows{
     LimitRow{"femn.demi", kIronAndManganese, kDemineralising, kTotalIron, kStated, kIronFouls, kWisconsin,
              IsDemiAnion, IronAndManganese, true},
     LimitRow{"cl.gel", kFreeChlorine, kGelCation, kChlorine, kUsual, kChlorineSplits, kPractice, IsSoftGel,
-             Value<kChlorine>},
+             Value<kChlorine>, false, kAbove, kOxidants},
     LimitRow{"cl.macro", kFreeChlorine, kMacroCation, kChlorine, kUsual, kChlorineSplits, kPractice, kSoft,
+             Value<kChlorine>, false, kAbove, kOxidants},
+    LimitRow{"cl.weak", kFreeChlorine, kWeakResins, kChlorine, kAbove, kChlorineSplits, kOxidants, IsDemiWeak,
              Value<kChlorine>},
-    LimitRow{"cl.weak", kFreeChlorine, kWeakResins, kChlorine, kUsual, kChlorineSplits, kPractice, IsDemiWeak,
-             Value<kChlorine>},
-    LimitRow{"cl.strong", kFreeChlorine, kStrongAnion, kChlorine, kUsual, kChlorineSplits, kPractice,
+    LimitRow{"cl.strong", kFreeChlorine, kStrongAnion, kChlorine, kAbove, kChlorineSplits, kOxidants,
              IsDemiAnion, Value<kChlorine>},
     LimitRow{"cl.polish", kFreeChlorine, kPolishing, kChlorine, kUsual, kChlorineSplits, kPractice, kPolish,
              Value<kChlorine>},

@@ -63,9 +63,10 @@ TEST_F(MessageStripTest, AnotherRuleIsNewAnotherFigureIsNot)
     };
     // From 0.3 mg/l on iron alone is warned of, from 0.5 mg/l with manganese on the sum, at the same value.
     for (const auto& [iron, told, opens] :
-         {Step{0.2, "", false}, Step{0.4, "Iron 0.4 mg/l", true}, Step{0.42, "Iron 0.42 mg/l", false},
-          Step{0.47, "Iron and manganese 0.52 mg/l", true}, Step{0.48, "Iron and manganese 0.53 mg/l", false},
-          Step{0.4, "Iron 0.4 mg/l", false}, Step{0.2, "", false}, Step{0.4, "Iron 0.4 mg/l", true}}) {
+         {Step{0.2, "", false}, Step{0.4, "Iron 0.4\u00a0mg/l", true},
+          Step{0.42, "Iron 0.42\u00a0mg/l", false}, Step{0.47, "Iron and manganese 0.52\u00a0mg/l", true},
+          Step{0.48, "Iron and manganese 0.53\u00a0mg/l", false}, Step{0.4, "Iron 0.4\u00a0mg/l", false},
+          Step{0.2, "", false}, Step{0.4, "Iron 0.4\u00a0mg/l", true}}) {
         if (Strip().IsExpanded())
             Strip().Toggle();
         Water("fe2.orig").SetValue(iron);

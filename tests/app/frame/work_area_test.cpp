@@ -157,9 +157,10 @@ TEST_F(WorkAreaTest, WarningsOfAdviceAreMessagesThatLeadToTheirValue)
     ASSERT_EQ(messages.GetItemCount(), 1);
     EXPECT_TRUE(Strip().IsExpanded());
     EXPECT_EQ(messages.GetItemText(0, 0), "Warning");
-    EXPECT_TRUE(messages.GetItemText(0, 1).Contains("Turbidity 6 NTU")) << messages.GetItemText(0, 1);
+    EXPECT_TRUE(messages.GetItemText(0, 1).Contains(wxString::FromUTF8("Turbidity 6\u00a0NTU")))
+        << messages.GetItemText(0, 1);
     m_frame->View().SetLanguage("de");
-    EXPECT_TRUE(messages.GetItemText(0, 1).Contains("6 NTU"));
+    EXPECT_TRUE(messages.GetItemText(0, 1).Contains(wxString::FromUTF8("6\u00a0NTU")));
     EXPECT_FALSE(messages.GetItemText(0, 1).Contains("Turbidity"));
     m_frame->View().SetLanguage("en");
     const auto& further = gui_test::Find<AdvancedInputOptions>(page);

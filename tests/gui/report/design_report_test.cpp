@@ -64,8 +64,8 @@ TEST(RangeSentence, HasTheDigitsThatTellAValueFromItsLimit)
             RangeFault{.address = {}, .label = "Velocity", .value = value, .limit = 40.0, .unit = "m/h"},
             context);
     };
-    EXPECT_EQ(sentence(101.859164), "Velocity 101,86 m/h is above the maximum of 40 m/h");
-    EXPECT_EQ(sentence(40.00001), "Velocity 40,00001 m/h is above the maximum of 40 m/h");
+    EXPECT_EQ(sentence(101.859164), "Velocity 101,86\u00a0m/h is above the maximum of 40\u00a0m/h");
+    EXPECT_EQ(sentence(40.00001), "Velocity 40,00001\u00a0m/h is above the maximum of 40\u00a0m/h");
 }
 
 TEST(RangeSentence, CallsACompoundAsTheLanguageDoes)
@@ -75,8 +75,8 @@ TEST(RangeSentence, CallsACompoundAsTheLanguageDoes)
     const auto sentence = [&fault](const char* language) {
         return RangeSentence(fault, ReportContext{.language = language});
     };
-    EXPECT_EQ(sentence("en"), "nitrate -1 mg/l is below the minimum of 0 mg/l");
-    EXPECT_EQ(sentence("de"), "Nitrat -1 mg/l is below the minimum of 0 mg/l");
+    EXPECT_EQ(sentence("en"), "nitrate -1\u00a0mg/l is below the minimum of 0\u00a0mg/l");
+    EXPECT_EQ(sentence("de"), "Nitrat -1\u00a0mg/l is below the minimum of 0\u00a0mg/l");
 }
 
 }  // namespace

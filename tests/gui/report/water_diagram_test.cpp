@@ -132,8 +132,8 @@ TEST(WaterDiagram, PiperMarksAPublishedGroundwaterWhereItStands)
         EXPECT_NEAR(spots[i].at.y, expected[i].y, 0.002);
     }
     const std::string tip = TipAt(*chart, chart->toPixel(expected[2]));
-    for (const char* part :
-         {"Groundwater", "Ca\u00b2\u207a 69.4 %", "SO\u2084\u00b2\u207b 40.6 %", "9.636 meq/l / 9.732 meq/l"})
+    for (const char* part : {"Groundwater", "Ca\u00b2\u207a 69.4\u00a0%", "SO\u2084\u00b2\u207b 40.6\u00a0%",
+                             "9.636\u00a0meq/l / 9.732\u00a0meq/l"})
         EXPECT_THAT(tip, HasSubstr(part));
     // Both directions have one scale.
     const chartdir::Point origin = chart->toPixel({0, 0});
@@ -151,7 +151,10 @@ TEST(WaterDiagram, PiperNamesItsSidesWhereTheNamesHaveRoom)
         });
     };
     EXPECT_EQ(arrows(), 4);
-    // Between the triangles and the diamond is none left.
+    // Smaller ones between the triangles and the diamond.
+    chart->setSize(353, 330);
+    EXPECT_EQ(arrows(), 4);
+    // There is none left.
     chart->addTitle({});
     chart->setSize(220, 160);
     EXPECT_EQ(arrows(), 2);
@@ -190,13 +193,13 @@ TEST(WaterDiagram, BarsStackIonsBesideEachOtherAndTellTheirShare)
         return chartdir::Point{mapping.ToPixelX(water) + side * 20.0, mapping.ToPixelY(meq)};
     };
     EXPECT_EQ(TipAt(*chart, at(0, -1, 3.0)),
-              "Groundwater: Ca\u00b2\u207a\n6.687 meq/l\n69.4 % of the cations");
-    EXPECT_THAT(TipAt(*chart, at(0, -1, 6.8)), HasSubstr("Mg\u00b2\u207a\n2.163 meq/l"));
+              "Groundwater: Ca\u00b2\u207a\n6.687\u00a0meq/l\n69.4\u00a0% of the cations");
+    EXPECT_THAT(TipAt(*chart, at(0, -1, 6.8)), HasSubstr("Mg\u00b2\u207a\n2.163\u00a0meq/l"));
     EXPECT_THAT(TipAt(*chart, at(0, 1, 3.0)), HasSubstr("Alkalinity"));
-    EXPECT_THAT(TipAt(*chart, at(0, 1, 3.0)), HasSubstr("57.1 % of the anions"));
+    EXPECT_THAT(TipAt(*chart, at(0, 1, 3.0)), HasSubstr("57.1\u00a0% of the anions"));
     EXPECT_EQ(TipAt(*chart, at(0, 1, 9.9)), "");
     // The closing ion stands on top of the others.
-    EXPECT_THAT(TipAt(*chart, at(1, 1, 20.0)), HasSubstr("Cl\u207b (closes the balance)\n0.55 meq/l"));
+    EXPECT_THAT(TipAt(*chart, at(1, 1, 20.0)), HasSubstr("Cl\u207b (closes the balance)\n0.55\u00a0meq/l"));
     EXPECT_GE(chart->getFullScales().y.upper, 20.2);
     // It is hatched: its strip has the background between its colour.
     const chartdir::Pixels pixels = chart->makePixels();
@@ -209,6 +212,32 @@ TEST(WaterDiagram, BarsStackIonsBesideEachOtherAndTellTheirShare)
     };
     EXPECT_GT(colours(at(1, 1, 20.0)), 3U);
     EXPECT_EQ(colours(at(1, 1, 6.0)), 1U);
+}
+
+TEST(WaterDiagram, TheLegendOfBarsNamesEveryIonOrEndsWithAnEllipsis)
+{
+    const auto chart = MakeAs<chartdir::XYChart>(Kind::Bars, Some(3));
+    struct Case
+    {
+        int width, height;
+        bool isWhole;
+    };
+    for (const auto& [width, height, isWhole] :
+         {Case{900, 600, true}, {400, 300, true}, {317, 282, true}, {260, 700, true}, {220, 126, false}}) {
+        chart->setSize(width, height);
+        const double plot = chart->getMapping().plot.height;
+        EXPECT_GT(plot, 0.35 * height) << width;
+        std::vector<std::string> legend;
+        for (const support::Word& word : support::WordsOf(*chart)) {
+            if (word.box.Bottom() < chart->getMapping().plot.y)
+                legend.push_back(word.text);
+        }
+        // "closes the balance" is the last one.
+        EXPECT_EQ(std::ranges::count(legend, "balance"), isWhole ? 1 : 0) << width << " x " << height;
+        EXPECT_EQ(std::ranges::count(legend, "\u2026"), isWhole ? 0 : 1) << width << " x " << height;
+        for (const char* ion : {"Ca\u00b2\u207a", "Fe\u00b2\u207a", "Mn\u00b2\u207a", "cations"})
+            EXPECT_TRUE(!isWhole || std::ranges::count(legend, ion) == 1) << ion << " " << width;
+    }
 }
 
 TEST(WaterDiagram, StiffDrawsAllWatersOnOneScaleToBothSides)
@@ -233,7 +262,7 @@ TEST(WaterDiagram, StiffDrawsAllWatersOnOneScaleToBothSides)
     const double centre = softened[0].x;
     EXPECT_NEAR(centre - softened[3].x, 5.0 * (softened[4].x - centre), 1e-6);
     EXPECT_EQ(TipAt(*chart, {softened[4].x - 1.0, softened[4].y}),
-              "Softened: Cl\u207b\n1 meq/l\n20.0 % of the anions");
+              "Softened: Cl\u207b\n1\u00a0meq/l\n20.0\u00a0% of the anions");
     // What has no room is told.
     const auto many = Make({.kind = Kind::Stiff, .waters = Some(40)}, {});
     many->setSize(500, 300);
@@ -257,8 +286,8 @@ TEST(WaterDiagram, SchoellerSpansWholeDecadesAndBreaksWhereAnIonIsMissing)
     const auto at = [&](double ion, double meq) {
         return TipAt(*chart, {mapping.ToPixelX(ion), mapping.ToPixelY(meq)});
     };
-    EXPECT_EQ(at(0, 6.687), "Groundwater: Ca\u00b2\u207a\n6.687 meq/l\n69.4 % of the cations");
-    EXPECT_THAT(at(6, 0.5), HasSubstr("NO\u2083\u207b\n0.5 meq/l"));
+    EXPECT_EQ(at(0, 6.687), "Groundwater: Ca\u00b2\u207a\n6.687\u00a0meq/l\n69.4\u00a0% of the cations");
+    EXPECT_THAT(at(6, 0.5), HasSubstr("NO\u2083\u207b\n0.5\u00a0meq/l"));
     // Between the ions there is nothing to be read.
     EXPECT_EQ(at(0.5, std::sqrt(6.687 * 2.163)), "");
     const auto& values = chart->getLayers().front()->getDataSets().at(2).values;
@@ -277,7 +306,7 @@ TEST(WaterDiagram, FollowsLanguageAndNumbersOfItsContext)
     const chartdir::Mapping mapping = chart->getMapping();
     const std::string tip = TipAt(*chart, {mapping.ToPixelX(0.0) + 20.0, mapping.ToPixelY(1.0)});
     EXPECT_THAT(tip, HasSubstr("Alkalit\u00e4t"));
-    EXPECT_THAT(tip, HasSubstr("5,556 meq/l"));
+    EXPECT_THAT(tip, HasSubstr("5,556\u00a0meq/l"));
 }
 
 TEST(WaterDiagram, SaysSoQuietlyWithoutWatersOrIons)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "gui_base/water/tools/blend_dialog.h"
 
+#include "core/amount_text.h"
 #include "gui_base/dialogs/dialog_buttons.h"
 #include "gui_base/input/controls/tv_textctrl.h"
 #include "gui_base/support/accessibility.h"
@@ -23,9 +24,7 @@ constexpr unsigned long kMostNameLength = 100;  // as when a water is renamed
 
 wxString TextOf(const wateranalysis::ResultTile& tile)
 {
-    std::string text = tile.value;
-    if (!text.empty() && !tile.unit.empty())
-        text += " " + tile.unit;
+    std::string text = numbertext::WithUnit(tile.value, tile.unit);
     if (!text.empty() && !tile.second.empty())
         text += "  (" + tile.second + ")";
     return wxString::FromUTF8(text);

@@ -268,7 +268,7 @@ TEST_F(DiagramPageTest, TellsWhatIsUnderThePointer)
     const auto corner = Stiff().getPolygon(0)[1];
     MoveTo(stiff, {corner.x + 2.0, corner.y});
     EXPECT_THAT(stiff.GetHotSpotText().utf8_string(),
-                HasSubstr("Well: Ca\u00b2\u207a\n3 meq/l\n60.0 % of the cations"));
+                HasSubstr("Well: Ca\u00b2\u207a\n3\u00a0meq/l\n60.0\u00a0% of the cations"));
 }
 
 TEST_F(DiagramPageTest, CopiesAndExportsTheDiagramThatWasUsedLast)

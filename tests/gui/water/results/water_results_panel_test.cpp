@@ -68,7 +68,7 @@ protected:
         text.Replace(wxString::FromUTF8("\u00a0"), " ");
         return text.utf8_string();
     }
-    std::string Badge() { return m_panel->GetBadge().SpokenText().utf8_string(); }
+    std::string Badge() { return Plain(m_panel->GetBadge().SpokenText()); }
 
     iex::IEXProject m_project;
     WaterResultsPanel* m_panel = nullptr;
@@ -184,7 +184,7 @@ TEST_F(WaterResultsPanelTest, AdviceOpensTheUserGuide)
     const ResultCard& iron = *m_panel->GetAdvice()[0];
     EXPECT_LT(iron.GetPosition().y, m_panel->GetTiles().front()->GetPosition().y);
     EXPECT_GT(note.GetPosition().y, m_panel->GetTiles().back()->GetPosition().y);
-    EXPECT_EQ(iron.SpokenText(),
+    EXPECT_EQ(Plain(iron.SpokenText()),
               "Warning, Iron 1.2 mg/l is not below 1 mg/l: it has to be removed ahead of ion exchangers");
     EXPECT_EQ(iron.GetContent().mood, Mood::Warn);
     EXPECT_THAT(iron.GetContent().tooltip.utf8_string(), HasSubstr("Source: Illinois"));
@@ -197,9 +197,7 @@ TEST_F(WaterResultsPanelTest, AdviceOpensTheUserGuide)
 
 TEST_F(WaterResultsPanelTest, ABlendSaysOfWhat)
 {
-    const auto recipe = [this] {
-        return gui_test::Find<ResultCard>(*m_panel, {}, 0).SpokenText().utf8_string();
-    };
+    const auto recipe = [this] { return Plain(gui_test::Find<ResultCard>(*m_panel, {}, 0).SpokenText()); };
     m_project.AddLiquid("Well");
     LiquidData& blend = m_project.AddLiquid("Mixture");
     water::StoreRecipe({{{m_project.GetLiquid(0).GetName(), 30.0}, {"Well", 70.0}}}, *blend.GetDetails());

@@ -236,15 +236,29 @@ TEST(ResinLimits, OneMetalAloneHasOneAdviceTheStricterOne)
     }
 }
 
-TEST(ResinLimits, ANoteOfPracticeIsNotSaidToBeStated)
+TEST(ResinLimits, WhatPracticeSaysIsCalledUsualAndWhatADocumentStatesIsCited)
 {
-    iex::IEXProject project("SOFT");
-    for (const auto& [turbidity, source] : {std::pair(3.0, "Practice"), {6.0, "Recommended Standards"}}) {
-        Put(project, "water.1", "liquid/turbidity", turbidity);
+    const struct
+    {
+        const char* plant;
+        const char* key;
+        double amount;
+        const char* source;
+    } cases[] = {{"SOFT", "liquid/turbidity", 3.0, "Practice"},
+                 {"SOFT", "liquid/turbidity", 6.0, "Recommended Standards"},
+                 {"SOFT", kChlorine, 0.5, "Ion exchange handbook"},
+                 {"SOFT", kChlorine, 1.5, "Practice"},
+                 {"DEMI", kChlorine, 0.2, "Ion exchange handbook"},
+                 {"MB", kChlorine, 0.15, "Practice"}};
+    for (const auto& [plant, key, amount, source] : cases) {
+        iex::IEXProject project(plant);
+        Put(project, "water.1", key, amount);
         const std::vector<advice::Advice> advice = On(project);
         ASSERT_EQ(advice.size(), 1U);
-        EXPECT_THAT(std::string(advice[0].source), testing::StartsWith(source)) << turbidity;
-        EXPECT_EQ(std::string(advice[0].sentence).find("usual") != std::string::npos, turbidity == 3.0);
+        EXPECT_THAT(std::string(advice[0].source), testing::StartsWith(source)) << plant << amount;
+        EXPECT_EQ(std::string(advice[0].sentence).find("usual") != std::string::npos,
+                  std::string_view(source) == "Practice")
+            << plant << amount;
     }
 }
 
