@@ -32,9 +32,8 @@ void ChosenUnit::ApplyLimits()
 
 void ChosenUnit::UpdateNames(const wxString& label)
 {
-    const wxString unit = wxString::FromUTF8(GetUnit());
     if (m_field)
-        accessibility::SetName(*m_field, accessibility::NameWithUnit(label, unit));
+        m_field->SetNameAndUnit(label, wxString::FromUTF8(GetUnit()));
     if (m_choice)
         accessibility::SetName(*m_choice, label + ", " + i18n::Translated("Unit"));
 }
