@@ -93,8 +93,9 @@ constexpr std::array kBedResults{
     FormRow{.key = "stepcomp/rb.ratio", .label = wxTRANSLATE("Regenerant ratio"), .field = FormField::Result},
     FormRow{
         .key = "stepcomp/rb.excess", .label = wxTRANSLATE("Regenerant excess"), .field = FormField::Result},
-    FormRow{
-        .key = "stepcomp/rb.spec", .label = wxTRANSLATE("Specific consumption"), .field = FormField::Result},
+    FormRow{.key = "stepcomp/rb.spec",
+            .label = wxTRANSLATE("Regenerant per net volume"),
+            .field = FormField::Result},
 };
 constexpr std::array kResinResults{
     FormRow{.key = "compcomp/vol", .label = wxTRANSLATE("Resin volume"), .field = FormField::Result},
