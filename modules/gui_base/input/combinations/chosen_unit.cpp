@@ -33,7 +33,8 @@ void ChosenUnit::ApplyLimits()
 void ChosenUnit::UpdateNames(const wxString& label)
 {
     if (m_field)
-        m_field->SetNameAndUnit(label, wxString::FromUTF8(GetUnit()));
+        // As the choice shows it, which may be a translation.
+        m_field->SetNameAndUnit(label, m_choice ? m_choice->GetStringSelection() : wxString());
     if (m_choice)
         accessibility::SetName(*m_choice, label + ", " + i18n::Translated("Unit"));
 }
