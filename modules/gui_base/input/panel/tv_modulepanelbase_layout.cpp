@@ -54,7 +54,7 @@ bool ModulePanelBase::Layout()
         return false;
     // The toolkit measures bold texts anew some time after the user chose larger ones: a panel on a page that
     // was made as large as what it holds grows with them.
-    if (!m_isBeingMade && GetSizer() != nullptr && GetMinSize().x > 0 && !IsBookPage() &&
+    if (!m_isBeingMade && GetSizer() != nullptr && GetMinSize().x > 0 && OuterPanel() != nullptr &&
         ClientToWindowSize(GetSizer()->GetMinSize()).x > GetMinSize().x)
         CallAfter(&ModulePanelBase::FitAndLayout);
     return true;
