@@ -25,6 +25,12 @@ wxString Colon()
     return Translated(wxTRANSLATE(":"));
 }
 
+wxString WithSuffix(const wxString& label, const wxString& suffix)
+{
+    wxString before;
+    return suffix.EndsWith(":", &before) ? label + before + Colon() : label + suffix;
+}
+
 wxString WithoutColon(const wxString& label)
 {
     if (!label.EndsWith(":"))

@@ -17,6 +17,8 @@ GUI_BASE_EXPORT wxString Translated(const char* utf8Source);
 
 /// What stands between a label and its value: a colon, with a blank before it where the language has one.
 GUI_BASE_EXPORT wxString Colon();
+/// `label` with what stands behind it; a colon at the end of that is the one of the language.
+GUI_BASE_EXPORT wxString WithSuffix(const wxString& label, const wxString& suffix);
 /// `label` without the colon at its end, if it has one, and without the blank before that.
 GUI_BASE_EXPORT wxString WithoutColon(const wxString& label);
 

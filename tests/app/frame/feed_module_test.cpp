@@ -77,6 +77,36 @@ TEST_F(FeedModuleTest, EditsAreUndoneSavedAndReopened)
     EXPECT_EQ(FirstCell(), "13.75");
 }
 
+TEST_F(FeedModuleTest, ANarrowTableCutsNoColumnAndShowsItsBar)
+{
+    AddFirst();
+    TypeFirstCell("244.5");
+    Press(WXK_RETURN);
+    const auto widthOf = [this](int columns, int most) {
+        int width = 0;
+        for (int place = 0; place < columns && width < most; ++place)
+            width += Grid().GetColSize(Grid().GetColAt(place));
+        return width;
+    };
+    for (const int width : {1024, 1037, 1051, 1590, 1024}) {
+        m_frame->SetSize(m_frame->FromDIP(wxSize(width, 740)));
+        Pump();
+        const int room = Grid().GetClientSize().x;
+        const int all = widthOf(kFeedColumnCount, 10 * room);
+        const int whole = widthOf(kFeedColumnCount, room);
+        if (width > 1500) {
+            EXPECT_EQ(Grid().GetColAt(kFeedAcidBase), kFeedAcidBase);
+            EXPECT_LT(all, room) << "names take no more than they need";
+            continue;
+        }
+        EXPECT_EQ(whole, room) << width;
+        EXPECT_GT(all, room);
+        EXPECT_TRUE(Grid().IsVisible(0, kFeedFirstUnit + 3, true)) << width;
+        EXPECT_LE(Grid().GetScreenRect().GetBottom(), Panel().GetScreenRect().GetBottom()) << width;
+    }
+    m_frame->GetDocument().SetUnsaved(false);
+}
+
 TEST_F(FeedModuleTest, UnitSystemAndLanguageSwitchWhileItIsOpen)
 {
     AddFirst();

@@ -204,7 +204,8 @@ TEST_F(WorkAreaTest, KeysLeadIntoTheResults)
     gui_test::Pump();
     m_frame->View().SetLanguage("de");
     gui_test::Pump();
-    EXPECT_EQ(m_frame->GetStatusBar()->GetStatusText(2), "Wert: 6.3") << "of the field that has the focus";
+    EXPECT_EQ(m_frame->GetStatusBar()->GetStatusText(2), "Wert: 6.3 mg/l")
+        << "of the field that has the focus";
     m_frame->View().SetLanguage("en");
     Menu("View", "Read the results");
     gui_test::Pump();

@@ -4,7 +4,6 @@
 #include "gui_base/input/form/form_grid.h"
 #include "gui_base/input/validation/double_validator.h"
 #include "gui_base/report/resin_chart.h"
-#include "gui_base/support/accessibility.h"
 #include "gui_base/support/translation.h"
 
 #include <wx/translation.h>
@@ -86,10 +85,8 @@ void ChartViewerParameterPanel::UpdateTitles()
         m_titles[i]->SetLabel(m_labels[i] + "\n[" + m_units[i] + "]");
     for (std::size_t i = 0; i < m_fields.size(); ++i) {
         const std::size_t column = i % columns;
-        accessibility::SetName(
-            *m_fields[i],
-            accessibility::NameWithUnit(wxString::Format("%s %zu", m_labels[column], i / columns + 1),
-                                        m_units[column]));
+        m_fields[i]->SetNameAndUnit(wxString::Format("%s %zu", m_labels[column], i / columns + 1),
+                                    m_units[column]);
     }
     if (wxWindow* parent = GetParent())
         parent->Layout();

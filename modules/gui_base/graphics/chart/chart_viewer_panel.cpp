@@ -192,10 +192,12 @@ wxSizer* ChartViewerPanel::CreateExport()
 void ChartViewerPanel::UpdateNames()
 {
     for (const auto& [window, label] : m_named) {
-        const bool isRange = window == m_startField || window == m_endField;
         const wxString text = i18n::Translated(label);
-        const wxString name = isRange ? i18n::WithoutColon(text) : text;
-        accessibility::SetName(*window, isRange ? accessibility::NameWithUnit(name, m_rangeUnit) : name);
+        if (window == m_startField || window == m_endField)
+            (window == m_startField ? m_startField : m_endField)
+                ->SetNameAndUnit(i18n::WithoutColon(text), m_rangeUnit);
+        else
+            accessibility::SetName(*window, text);
     }
 }
 

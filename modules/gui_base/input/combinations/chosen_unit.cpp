@@ -32,9 +32,9 @@ void ChosenUnit::ApplyLimits()
 
 void ChosenUnit::UpdateNames(const wxString& label)
 {
-    const wxString unit = wxString::FromUTF8(GetUnit());
     if (m_field)
-        accessibility::SetName(*m_field, accessibility::NameWithUnit(label, unit));
+        // As the choice shows it, which may be a translation.
+        m_field->SetNameAndUnit(label, m_choice ? m_choice->GetStringSelection() : wxString());
     if (m_choice)
         accessibility::SetName(*m_choice, label + ", " + i18n::Translated("Unit"));
 }

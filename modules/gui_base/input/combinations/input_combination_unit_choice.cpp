@@ -152,7 +152,7 @@ void InputCombinationUnitChoice::SetLimits(const AmountLimits& limits)
 void InputCombinationUnitChoice::Localize(const std::string& unitSystem)
 {
     m_unitSystem = unitSystem;
-    const wxString label = i18n::Translated(m_labelText) + m_labelSuffix;
+    const wxString label = i18n::WithSuffix(i18n::Translated(m_labelText), m_labelSuffix);
     if (m_label && m_label->GetLabelText() != label)
         m_label->SetLabelText(label);
     if (m_choice)

@@ -81,6 +81,17 @@ int FlowSizer::GetLeastWidth()
     return width;
 }
 
+int FlowSizer::GetSpareWidth()
+{
+    CalcMin();
+    int taken = 0;
+    Arrange([&taken](wxSizerItem&, const wxPoint& place, const wxSize& size) {
+        if (place.y == 0)
+            taken = std::max(taken, place.x + size.x);
+    });
+    return m_room - taken;
+}
+
 int FlowSizer::RoomFor(const wxSizerItem& item, int width) const
 {
     auto* const inner = dynamic_cast<FlowSizer*>(item.GetSizer());

@@ -24,6 +24,9 @@ public:
     /// its line to itself.
     static void GiveRoom(wxSizer& sizer, int width);
 
+    /// What the line of the first item leaves of the room, in pixels; negative where it has not enough.
+    int GetSpareWidth();
+
     wxSize CalcMin() override;
     void RepositionChildren(const wxSize& minSize) override;
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "gui_base/input/controls/tv_choice.h"
 
+#include "core/ion_units.h"
+
 #include <algorithm>
 
 namespace {
@@ -69,6 +71,12 @@ tvUnitChoice::tvUnitChoice(const std::vector<wxString>& units, DetailData* unitD
                            int id, const wxPoint& pos, const wxSize& size, long style, const wxString& name)
     : tvUnitChoice(Numbered(units), unitDetail, parent, id, pos, size, style, name)
 {}
+
+wxString tvUnitChoice::DisplayText(const wxString& label) const
+{
+    const bool isConcentration = ions::KindOf(label.utf8_string()) != ions::UnitKind::None;
+    return m_translates && !isConcentration ? tvChoice::DisplayText(label) : label;
+}
 
 void tvUnitChoice::TranslateUnits()
 {

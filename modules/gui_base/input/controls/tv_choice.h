@@ -44,7 +44,8 @@ public:
                  const wxPoint& pos = wxDefaultPosition, const wxSize& size = wxDefaultSize, long style = 0,
                  const wxString& name = wxASCII_STR(wxChoiceNameStr));
 
-    /// Shows the translations of the units from now on.
+    /// Shows the translations of the units from now on. A degree of hardness stays: under the sign of another
+    /// language's texts it would be another amount.
     void TranslateUnits();
     /// Replaces the units that are offered and shows the detail again.
     void SetOffered(const Items& units);
@@ -53,10 +54,7 @@ public:
     void TransferDetailToWindow() override;
 
 protected:
-    wxString DisplayText(const wxString& label) const override
-    {
-        return m_translates ? tvChoice::DisplayText(label) : label;
-    }
+    wxString DisplayText(const wxString& label) const override;
 
 private:
     std::size_t m_offered;

@@ -39,10 +39,7 @@ void TvStaticText::Localize(const std::string&)
 
 void TvStaticText::ShowTexts()
 {
-    wxString suffix = m_suffix;
-    if (wxString before; m_suffix.EndsWith(":", &before))
-        suffix = before + i18n::Colon();
-    const wxString label = i18n::Translated(m_label) + suffix;
+    const wxString label = i18n::WithSuffix(i18n::Translated(m_label), m_suffix);
     if (wxStaticText::GetLabelText() != label)
         wxStaticText::SetLabelText(label);
     if (!m_tooltip.empty())

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "gui_base/input/controls/tv_textctrl.h"
 
-#include "gui_base/input/validation/validator.h"
+#include "gui_base/input/validation/numeric_validator.h"
+#include "gui_base/support/accessibility.h"
 #include "gui_base/support/translation.h"
 
 #include <wx/settings.h>
@@ -113,6 +114,13 @@ void TvTextCtrl::DoEnable(bool enable)
 void TvTextCtrl::ChangeValue(const wxString& value)
 {
     wxTextCtrl::ChangeValue(value);
+}
+
+void TvTextCtrl::SetNameAndUnit(const wxString& label, const wxString& unit)
+{
+    accessibility::SetName(*this, accessibility::NameWithUnit(label, unit));
+    if (auto* validator = dynamic_cast<NumericValidator*>(GetValidator()))
+        validator->SetUnit(unit);
 }
 
 void TvTextCtrl::SetStatusBar(wxStatusBar* statusBar)

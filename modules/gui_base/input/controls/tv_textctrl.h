@@ -24,6 +24,9 @@ public:
     virtual void Localize(const std::string& unitSystem);
     void SetEditable(bool editable) override;
     void ChangeValue(const wxString& value) override;
+    /// Names the field by a label in the user's language and the unit that it shows, which also stands behind
+    /// the hints of a number in the status bar; an empty unit is none.
+    void SetNameAndUnit(const wxString& label, const wxString& unit);
     /// Hands the bar to the control's validator.
     void SetStatusBar(wxStatusBar* statusBar);
     bool TransferDataToWindow() override;

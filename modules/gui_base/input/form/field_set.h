@@ -124,6 +124,8 @@ public:
     void ShowDetails(const std::string& unitSystem);
     /// Stores what the fields show; whether any detail changed.
     bool StoreFields(const std::string& unitSystem);
+    /// The bar that shows the hints of every field that has the focus; not owned.
+    void SetStatusBar(wxStatusBar* statusBar) const;
     /// Calls `typed` when the user committed a number or a text, which is then to be stored, and `stored`
     /// when a control has stored what the user chose in it. The event of the commit ends here.
     void OnCommit(const std::function<void()>& typed, const std::function<void()>& stored);
@@ -151,8 +153,7 @@ public:
     InputCombinationUnitChoice* FindUnitRow(const std::string& key) const;
     /// The variable of a field with `isTemperature`; throws std::runtime_error when there is none.
     Temperature& TemperatureOf(const std::string& key);
-    /// Number and text fields in the order in which they were made.
-    std::vector<TvTextCtrl*> GetFields() const;
+    /// Number fields in the order in which they were made.
     std::vector<TvTextCtrl*> GetNumbers() const;
     const std::vector<std::shared_ptr<LocalizableControl>>& Localizables() const { return m_localizables; }
     const std::vector<DetailContainerWindow*>& SelfRefreshing() const { return m_selfRefreshing; }

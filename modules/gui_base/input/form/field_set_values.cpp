@@ -81,6 +81,18 @@ bool FieldSet::StoreFields(const std::string& unitSystem)
     return changed;
 }
 
+void FieldSet::SetStatusBar(wxStatusBar* statusBar) const
+{
+    for (const auto& field : m_fields) {
+        if (field->control)
+            field->control->SetStatusBar(statusBar);
+    }
+    for (const auto& row : m_unitRows) {
+        if (TvTextCtrl* const control = row->GetTextCtrl())
+            control->SetStatusBar(statusBar);
+    }
+}
+
 void FieldSet::OnCommit(const std::function<void()>& typed, const std::function<void()>& stored)
 {
     for (const auto& field : m_fields) {
@@ -176,7 +188,7 @@ void FieldSet::UpdateNames(const std::string& unitSystem)
         if (field->unit)
             field->unit->UpdateNames(label);
         else if (field->control)
-            accessibility::SetName(*field->control, accessibility::NameWithUnit(label, unit));
+            field->control->SetNameAndUnit(label, unit);
     }
     for (const Named& named : m_selfStoring) {
         if (named.control)
@@ -220,14 +232,6 @@ Temperature& FieldSet::TemperatureOf(const std::string& key)
     if (field == nullptr || !field->spec.isTemperature)
         throw std::runtime_error("FieldSet::TemperatureOf: no temperature: " + key);
     return field->temperature;
-}
-
-std::vector<TvTextCtrl*> FieldSet::GetFields() const
-{
-    std::vector<TvTextCtrl*> fields;
-    for (const auto& field : m_fields)
-        fields.push_back(field->control.get());
-    return fields;
 }
 
 std::vector<TvTextCtrl*> FieldSet::GetNumbers() const

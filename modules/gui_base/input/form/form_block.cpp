@@ -55,8 +55,7 @@ bool FormBlock::TransferDetailsFromWindow()
 
 void FormBlock::SetStatusBar(wxStatusBar* statusBar)
 {
-    for (TvTextCtrl* field : m_fields.GetFields())
-        field->SetStatusBar(statusBar);
+    m_fields.SetStatusBar(statusBar);
 }
 
 void FormBlock::OnCommit()

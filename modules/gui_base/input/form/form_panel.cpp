@@ -75,6 +75,5 @@ void FormPanel::DoFollowProject()
 
 void FormPanel::DoConnectTvTextCtrlsToStatusbar()
 {
-    for (TvTextCtrl* field : m_fields->GetFields())
-        ConnectControlToStatusBar(field);
+    m_fields->SetStatusBar(GetStatusBar());
 }

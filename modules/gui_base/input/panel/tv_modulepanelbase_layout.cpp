@@ -54,7 +54,7 @@ bool ModulePanelBase::Layout()
         return false;
     // The toolkit measures texts of another size, and bold ones, anew some time after they are shown: a panel
     // on a page, which was made as large as what it holds, grows with them.
-    if (!m_isBeingMade && GetSizer() != nullptr && GetMinSize().x > 0 && !IsBookPage() &&
+    if (!m_isBeingMade && GetSizer() != nullptr && GetMinSize().x > 0 && OuterPanel() != nullptr &&
         ClientToWindowSize(GetSizer()->GetMinSize()).x > GetMinSize().x)
         CallAfter(&ModulePanelBase::FitAndLayout);
     return true;

@@ -65,6 +65,7 @@ NumericValidator& NumericValidator::operator=(const NumericValidator& other)
 {
     Validator::operator=(other);
     m_format = other.m_format;
+    m_unit = other.m_unit;
     m_reported = other.m_reported;
     m_isRefused = other.m_isRefused;
     m_rangeFlag = other.m_rangeFlag;
@@ -189,11 +190,17 @@ void NumericValidator::ColourByRange()
 void NumericValidator::UpdateStatusbar()
 {
     if (HasFlag(CheckMin) || HasFlag(CheckMinExclusive))
-        SetStatusbarText("Min: " + FormatMinValueAsString(), kMinField);
+        SetStatusbarText("Min: " + WithUnit(FormatMinValueAsString()), kMinField);
     if (HasFlag(CheckMax) || HasFlag(CheckMaxExclusive))
-        SetStatusbarText("Max: " + FormatMaxValueAsString(), kMaxField);
+        SetStatusbarText("Max: " + WithUnit(FormatMaxValueAsString()), kMaxField);
     if (HasFlag(ShowPreciseValue))
-        SetStatusbarText(i18n::Translated("Value") + ": " + FormatValueAsString(kPreciseDigits), kValueField);
+        SetStatusbarText(i18n::Translated("Value") + ": " + WithUnit(FormatValueAsString(kPreciseDigits)),
+                         kValueField);
+}
+
+wxString NumericValidator::WithUnit(const wxString& number) const
+{
+    return number.empty() || m_unit.empty() ? number : number + " " + m_unit;
 }
 
 bool NumericValidator::IsAllowedKey(int key) const

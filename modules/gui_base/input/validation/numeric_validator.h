@@ -18,6 +18,9 @@ public:
     /// -1 below minimum, 0 in range, +1 above maximum.
     int GetRangeFlag() const { return m_rangeFlag; }
     TvTextCtrlFormat GetFormat() const { return m_format; }
+    /// The unit of the value as its field shows it, which stands behind the hints in the status bar; empty
+    /// for none.
+    void SetUnit(const wxString& unit) { m_unit = unit; }
     /// The value as text with `extraDigits` more digits; empty for a zero that is shown as an empty field.
     wxString FormatValueAsString(int extraDigits);
     /// The minimum or the maximum as the status bar shows it.
@@ -76,9 +79,12 @@ private:
     /// A number that is longer than usual ones shows its exponent, too.
     void FitField();
     void ReportNoNumber(const wxString& text, std::optional<double> becomes);
+    /// A number of this field with its unit.
+    wxString WithUnit(const wxString& number) const;
 
     TvTextCtrlFormat m_format;
     int m_rangeFlag = 0;
+    wxString m_unit;
     wxString m_reported;  ///< the text that was reported last as no number
     bool m_isRefused = false;
     wxString m_fitted;      ///< the text of the value, for which the field has room

@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <array>
+#include <limits>
 
 namespace {
 
@@ -97,6 +98,19 @@ std::vector<DetailOwner> DesignPanel::PartsNow() const
 bool DesignPanel::DoHasWhatIf()
 {
     return whatif::HasRows(*GetProject());
+}
+
+void DesignPanel::DoArrange(int width)
+{
+    for (const auto& block : m_blocks)
+        block->SetLeastListWidth();
+    FormPanel::DoArrange(width);
+    int lists = std::numeric_limits<int>::max();
+    for (const auto& block : m_blocks)
+        lists = std::min(lists, block->FindListWidth());
+    // The same in all blocks, whose fields so stand in line.
+    for (const auto& block : m_blocks)
+        block->SetListWidth(lists);
 }
 
 bool DesignPanel::IsUpToDate() const

@@ -36,6 +36,7 @@ protected:
     // The project settles its own status.
     long GetPanelProjectStatus() override { return GetProjectStatus(); }
     bool DoHasWhatIf() override;
+    void DoArrange(int width) override;
 
 private:
     void ShowNotes();

@@ -19,10 +19,13 @@
 
 #include <algorithm>
 #include <array>
+#include <limits>
 
 namespace {
 
-constexpr int kChoiceWidth = 250;
+constexpr int kLeastListWidth = 250;
+/// Of a row of label, field and unit.
+constexpr std::size_t kFieldColumn = 1;
 
 using Items = std::vector<std::pair<wxString, wxString>>;
 
@@ -93,8 +96,9 @@ constexpr std::array kBedResults{
     FormRow{.key = "stepcomp/rb.ratio", .label = wxTRANSLATE("Regenerant ratio"), .field = FormField::Result},
     FormRow{
         .key = "stepcomp/rb.excess", .label = wxTRANSLATE("Regenerant excess"), .field = FormField::Result},
-    FormRow{
-        .key = "stepcomp/rb.spec", .label = wxTRANSLATE("Specific consumption"), .field = FormField::Result},
+    FormRow{.key = "stepcomp/rb.spec",
+            .label = wxTRANSLATE("Regenerant per net volume"),
+            .field = FormField::Result},
 };
 constexpr std::array kResinResults{
     FormRow{.key = "compcomp/vol", .label = wxTRANSLATE("Resin volume"), .field = FormField::Result},
@@ -124,16 +128,16 @@ ExchangerBlock::ExchangerBlock(iex::IEXProject& project, OwnerNode& exchanger, F
     const wxSizerFlags spaced = wxSizerFlags().Border(wxALL, parent->FromDIP(form::kGap));
     // What is typed; beside it what the vessel comes to, and what its beds come to.
     const int gap = parent->FromDIP(6 * form::kGap);
-    auto* columns = new FlowSizer(gap);
-    auto* inputs = form::NewGrid(*parent);
-    columns->Add(inputs);
+    m_columns = new FlowSizer(gap);
+    m_inputs = form::NewGrid(*parent);
+    m_columns->Add(m_inputs);
     const auto compartments = exchanger.GetChildren(OwnerKind::Compartment);
     if (compartments.empty()) {
-        AddRows(parent, *inputs, exchanger, kDegasserInputs);
+        AddRows(parent, *m_inputs, exchanger, kDegasserInputs);
     } else {
-        AddRows(parent, *inputs, exchanger, kVesselInputs);
+        AddRows(parent, *m_inputs, exchanger, kVesselInputs);
         auto* outcome = new FlowSizer(gap);
-        columns->Add(outcome);
+        m_columns->Add(outcome);
         const AlignedGrid::Group group = AlignedGrid::NewGroup();
         const auto newColumn = [&] {
             auto* column = new AlignedGrid(3, parent->FromDIP(wxSize(2 * form::kGap, form::kGap)), group);
@@ -144,13 +148,13 @@ ExchangerBlock::ExchangerBlock(iex::IEXProject& project, OwnerNode& exchanger, F
         auto* results = newColumn();
         for (const auto& compartment : compartments) {
             if (compartments.size() > 1) {
-                AddHeading(parent, *inputs, compartment->GetPosition());
+                AddHeading(parent, *m_inputs, compartment->GetPosition());
                 AddHeading(parent, *results, compartment->GetPosition());
             }
-            AddCompartment(parent, *inputs, *results, *compartment);
+            AddCompartment(parent, *m_inputs, *results, *compartment);
         }
     }
-    box.Add(columns, spaced);
+    box.Add(m_columns, spaced);
     m_notes = new wxStaticText(parent, wxID_ANY, wxString());
     box.Add(m_notes, spaced);
 }
@@ -169,11 +173,33 @@ void ExchangerBlock::AddRows(wxWindow* parent, wxSizer& grid, OwnerNode& owner, 
     for (const FormRow& row : rows) {
         DetailData& detail = owner.GetDetails()->At(row.key);
         wxWindow* const field = m_fields.AddRow(parent, grid, row, detail).field;
-        // The longest name of a resin would make a row of numbers as wide.
         if (row.field == FormField::Choice)
-            field->SetMinSize(parent->FromDIP(wxSize(kChoiceWidth, -1)));
+            m_lists.push_back(field);
         m_windows.emplace_back(&detail, field);
     }
+}
+
+void ExchangerBlock::SetLeastListWidth()
+{
+    // The longest name of a resin would make a row of numbers as wide, and leave the results no room.
+    SetListWidth(m_box.FromDIP(kLeastListWidth));
+}
+
+int ExchangerBlock::FindListWidth()
+{
+    if (m_lists.empty())
+        return std::numeric_limits<int>::max();
+    const int spare = m_columns->GetSpareWidth();
+    return m_inputs->GetColWidths()[kFieldColumn] + std::max(spare, 0);
+}
+
+void ExchangerBlock::SetListWidth(int width)
+{
+    int wanted = m_box.FromDIP(kLeastListWidth);
+    for (const wxWindow* list : m_lists)
+        wanted = std::max(wanted, list->GetBestSize().x);
+    for (wxWindow* list : m_lists)
+        list->SetMinSize(wxSize(std::min(width, wanted), -1));
 }
 
 void ExchangerBlock::AddHeading(wxWindow* parent, wxSizer& grid, std::size_t compartment)

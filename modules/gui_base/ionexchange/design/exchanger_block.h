@@ -19,6 +19,7 @@
 #include <utility>
 #include <vector>
 
+class FlowSizer;
 class TVHelpFileProvider;
 
 class ExchangerBlock
@@ -31,6 +32,13 @@ public:
 
     /// Whether a row of a block shows that value.
     static bool Shows(std::string_view key);
+
+    /// Width in pixels that lists, such as that of the resins, would have if they took what their line leaves
+    /// of its room; the greatest there is where there are none. They have the least width until it is told.
+    int FindListWidth();
+    /// Gives the lists that width, or as much of it as their texts need.
+    void SetListWidth(int width);
+    void SetLeastListWidth();
 
     /// What the exchanger is called, where its capacities come from, leakages and messages.
     void ShowNotes(const design::ExchangerDesign& exchanger);
@@ -58,6 +66,9 @@ private:
     FieldSet& m_fields;
     wxStaticBox& m_box;
     const TVHelpFileProvider* m_help;
+    FlowSizer* m_columns = nullptr;
+    wxFlexGridSizer* m_inputs = nullptr;
+    std::vector<wxWindow*> m_lists;
     wxStaticText* m_notes = nullptr;
     std::vector<std::pair<const DetailData*, wxWindow*>> m_windows;
 };

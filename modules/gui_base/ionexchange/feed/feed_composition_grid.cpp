@@ -18,11 +18,11 @@
 
 namespace {
 
-constexpr int kColumnWidth = 86;
-/// Micrograms and nanograms have many digits.
-constexpr int kWideColumnWidth = 94;
-constexpr int kNarrowColumnWidth = 30;
-constexpr int kLeastNameWidth = 120;
+/// Of usual numbers; longer ones widen their column.
+constexpr int kColumnWidth = 64;
+constexpr int kNarrowColumnWidth = 26;
+constexpr int kLeastNameWidth = 88;
+constexpr int kHeadMargin = 10;
 
 }  // namespace
 
@@ -42,20 +42,26 @@ FeedCompositionGridBase::FeedCompositionGridBase(wxWindow* parent, int id, FeedC
     SetColLabelSize(FromDIP(26));
     SetDefaultRowSize(FromDIP(26));
     SetDefaultColSize(FromDIP(kColumnWidth), true);
-    for (int column = kFeedPh - 2; column < kFeedPh; ++column)
-        SetColSize(column, FromDIP(kWideColumnWidth));
     SetColSize(kFeedRemove, FromDIP(kNarrowColumnWidth));
-    SetColSize(kFeedName, FromDIP(kLeastNameWidth));
+    FitColumns();
     UpdateGridColumnPhVisibility(false);
     DisableDragRowSize();
     SetCellHighlightROPenWidth(1);
     // Room for some rows; the others scroll.
-    SetMinSize(FromDIP(wxSize(360, 130)));
+    SetMinSize(FromDIP(wxSize(360, 150)));
 
     Bind(wxEVT_GRID_CELL_LEFT_CLICK, &FeedCompositionGridBase::OnLeftClick, this);
     Bind(wxEVT_GRID_CELL_RIGHT_CLICK, &FeedCompositionGridBase::OnRightClick, this);
     Bind(wxEVT_GRID_TABBING, &FeedCompositionGridBase::OnTabbing, this);
     Bind(wxEVT_KEY_DOWN, &FeedCompositionGridBase::OnKeyDown, this);
+    Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
+        event.Skip();
+        FitToWidth();
+    });
+    Bind(wxEVT_GRID_COL_SIZE, [this](wxGridSizeEvent& event) {
+        event.Skip();
+        m_isNameDragged = m_isNameDragged || event.GetRowOrCol() == kFeedName;
+    });
     Bind(wxEVT_SYS_COLOUR_CHANGED, [this](wxSysColourChangedEvent& event) {
         m_table->TakeColours(IsThisEnabled());
         ForceRefresh();
@@ -104,6 +110,7 @@ void FeedCompositionGridBase::GrowColumns(int first, int last)
 {
     for (int column = kFeedFirstUnit; column < kFeedPh; ++column)
         number_room::GrowColumn(*this, column, first, last);
+    FitToWidth();
 }
 
 void FeedCompositionGridBase::FillRows()
@@ -131,23 +138,58 @@ void FeedCompositionGridBase::FillRows()
 
 void FeedCompositionGridBase::FitColumns()
 {
+    m_isNameDragged = false;
     AutoSizeColumn(kFeedName, false);
-    SetColSize(kFeedName, std::max(GetColSize(kFeedName), FromDIP(kLeastNameWidth)));
+    m_nameWidth = std::max(GetColSize(kFeedName), FromDIP(kLeastNameWidth));
+    AutoSizeColumn(kFeedFormula, false);
     wxClientDC dc(GetGridColLabelWindow());
     dc.SetFont(GetLabelFont());
     for (int column = kFeedFormula; column < kFeedFirstUnit; ++column) {
-        int wanted = FromDIP(column == kFeedFormula ? kColumnWidth : 0);
+        int wanted = column == kFeedFormula ? GetColSize(column) : 0;
         for (const wxString& text : m_table->KnownTexts(column))
-            wanted = std::max(wanted, dc.GetTextExtent(text).x + FromDIP(12));
+            wanted = std::max(wanted, dc.GetTextExtent(text).x + FromDIP(kHeadMargin));
         SetColSize(column, wanted);
     }
     GrowColumns(0, GetNumberRows() - 1);
+}
+
+void FeedCompositionGridBase::FitToWidth()
+{
+    const int width = GetClientSize().x;
+    const int least = FromDIP(kLeastNameWidth);
+    int all = least;
+    for (int column = kFeedName + 1; column < kFeedColumnCount; ++column)
+        all += GetColSize(column);
+    if (const bool isNarrow = all > width; std::exchange(m_isNarrow, isNarrow) != isNarrow)
+        PutNumbersFirst(isNarrow);
+    if (m_isNameDragged)
+        return;
+    int columns = 0;
+    for (int place = kFeedName + 1; place < kFeedColumnCount; ++place) {
+        const int next = GetColSize(GetColAt(place));
+        if (least + columns + next > width)
+            break;
+        columns += next;
+    }
+    const int left = std::max(width - columns, least);
+    const int wanted = m_isNarrow && columns > 0 ? left : std::min(m_nameWidth, left);
+    if (wanted != GetColSize(kFeedName))
+        SetColSize(kFeedName, wanted);
+}
+
+void FeedCompositionGridBase::PutNumbersFirst(bool first)
+{
+    if (!first)
+        return ResetColPos();
+    for (int column = kFeedAcidBase; column < kFeedFirstUnit; ++column)
+        SetColPos(column, kFeedPh);
 }
 
 void FeedCompositionGridBase::UpdateGridColumnPhVisibility(bool visible)
 {
     if (visible != IsPhVisible())
         SetColSize(kFeedPh, visible ? GetDefaultColSize() : 0);
+    FitToWidth();
 }
 
 void FeedCompositionGridBase::Localize(const std::string&)

@@ -95,6 +95,10 @@ private:
     /// Draws the rows whose cells changed, which is most of the time of an edit.
     void RefreshChangedRows(const std::vector<FeedComposition::CompoundEntry>& before);
     void FitColumns();
+    /// Gives the names what whole columns leave of the width, so that none is cut; where not all columns have
+    /// room, those that are typed come first.
+    void FitToWidth();
+    void PutNumbersFirst(bool first);
     /// Numbers of these rows that need more room than usual ones.
     void GrowColumns(int first, int last);
     void PopupRowMenu(int row, const wxPoint& position);
@@ -111,6 +115,9 @@ private:
     RowHandler m_onImport;
     FeedCompositionTable::Side m_side;
     std::vector<FeedComposition::CompoundEntry> m_shown;
+    int m_nameWidth = 0;  ///< that the longest name needs
+    bool m_isNameDragged = false;
+    bool m_isNarrow = false;
 };
 
 class GUI_BASE_EXPORT FeedCompositionGrid : public FeedCompositionGridBase

@@ -82,6 +82,8 @@ void FeedCompositionTable::TakeColours(bool enabled)
     const wxColour text =
         wxSystemSettings::GetColour(enabled ? wxSYS_COLOUR_WINDOWTEXT : wxSYS_COLOUR_GRAYTEXT);
     m_text = cells::NewAttribute(shown, text, true, wxALIGN_LEFT);
+    // Names give way where columns need the room.
+    m_text->SetFitMode(wxGridFitMode::Ellipsize());
     m_number = cells::NewAttribute(shown, text, true, wxALIGN_RIGHT);
     m_input = cells::NewAttribute(input, text, !enabled, wxALIGN_RIGHT);
     // The alarm colours are pale in every theme, so the text on them is dark.

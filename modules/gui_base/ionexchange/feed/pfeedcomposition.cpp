@@ -18,6 +18,9 @@ namespace {
 constexpr int kGap = 4;
 /// What frames and gaps around the totals take of the width.
 constexpr int kBoxMargins = 64;
+/// Shares of the height.
+constexpr int kTopShare = 2;
+constexpr int kTableShare = 3;
 
 }  // namespace
 
@@ -51,7 +54,7 @@ void FeedCompositionPanel::CreateControls()
 void FeedCompositionPanel::AddTopSizer()
 {
     m_top = new wxBoxSizer(wxHORIZONTAL);
-    m_outer->Add(m_top, wxSizerFlags(2).Expand().Border(wxALL, FromDIP(kGap)));
+    m_outer->Add(m_top, wxSizerFlags(kTopShare).Expand().Border(wxALL, FromDIP(kGap)));
 }
 
 void FeedCompositionPanel::AddStatBoxTop()
@@ -87,7 +90,8 @@ void FeedCompositionPanel::AddTableNotebook()
     m_tabs = AddLocalizable(new TvNotebook(this));
     AddFeedTabPanel();
     AddEffluentTabPanel();
-    m_outer->Add(m_tabs, wxSizerFlags(3).Expand().Border(wxLEFT | wxRIGHT | wxBOTTOM, FromDIP(2 * kGap)));
+    m_outer->Add(m_tabs,
+                 wxSizerFlags(kTableShare).Expand().Border(wxLEFT | wxRIGHT | wxBOTTOM, FromDIP(2 * kGap)));
 }
 
 void FeedCompositionPanel::AddFeedTabPanel()
@@ -115,8 +119,11 @@ void FeedCompositionPanel::DoArrange(int width)
     const int room = width - 2 * FromDIP(kGap);
     m_side->SetOrientation(wxVERTICAL);
     SetFeedOrientationFor(*m_top, room);
-    if (m_top->GetOrientation() == wxVERTICAL)
+    const bool isColumn = m_top->GetOrientation() == wxVERTICAL;
+    if (isColumn)
         SetFeedOrientationFor(*m_side, room);
+    // Below each other there is no height to share: the table comes as far up as it can.
+    m_outer->GetItem(m_top)->SetProportion(isColumn ? 0 : kTopShare);
 }
 
 void FeedCompositionPanel::DoBindEvents()

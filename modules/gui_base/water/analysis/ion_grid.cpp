@@ -32,7 +32,7 @@ wxSizer* IonGrid::Create(wxWindow* parent, const wxString& title, std::span<cons
                          const std::vector<wxString>& labels, std::span<const TotalRow> totals,
                          wxWindow* headTool)
 {
-    auto* grid = new wxFlexGridSizer(kColumns, parent->FromDIP(wxSize(2 * kGap, kGap / 2)));
+    auto* grid = new AlignedGrid(kColumns, parent->FromDIP(wxSize(2 * kGap, kGap / 2)), m_group);
     AddHeads(parent, *grid, title, headTool);
     for (std::size_t i = 0; i < rows.size(); ++i)
         AddRow(parent, *grid, rows[i], i < labels.size() ? labels[i] : wxString::FromUTF8(rows[i].label));

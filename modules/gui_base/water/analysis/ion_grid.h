@@ -6,6 +6,7 @@
 /// typed values.
 
 #include "gui_base/gui_base_export.h"
+#include "gui_base/input/form/aligned_grid.h"
 #include "gui_base/input/form/field_set.h"
 #include "gui_base/water/rows/ion_rows.h"
 
@@ -13,6 +14,7 @@
 
 #include <span>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace wateranalysis {
@@ -36,7 +38,10 @@ public:
         std::vector<wxString> equivalent;
     };
 
-    IonGrid(FieldSet& fields, const UnitLists& units) : m_fields(fields), m_units(units) {}
+    /// Grids of one group line up where they stand below each other.
+    IonGrid(FieldSet& fields, const UnitLists& units, AlignedGrid::Group group)
+        : m_fields(fields), m_units(units), m_group(std::move(group))
+    {}
     IonGrid(const IonGrid&) = delete;
     IonGrid& operator=(const IonGrid&) = delete;
 
@@ -63,6 +68,7 @@ private:
 
     FieldSet& m_fields;
     const UnitLists& m_units;
+    AlignedGrid::Group m_group;
     std::vector<Row> m_rows;
 };
 

@@ -23,13 +23,13 @@ wxSizer* IonsBox::AddCations(const wxString& title, const std::vector<wxString>&
     m_defaultUnit =
         new wxBitmapButton(box, wxID_ANY, ImageLoader::LoadBundle("/icons/arrowdown.xpm", wxSize(12, 12)),
                            wxDefaultPosition, box->FromDIP(wxSize(28, 28)), wxBU_EXACTFIT | wxBORDER_NONE);
-    IonGrid& grid = *m_grids.emplace_back(std::make_unique<IonGrid>(m_fields, m_units));
+    IonGrid& grid = *m_grids.emplace_back(std::make_unique<IonGrid>(m_fields, m_units, m_group));
     return AddGrid(grid.Create(box, title, kCationRows, labels, kCationTotals, m_defaultUnit));
 }
 
 wxSizer* IonsBox::AddAnions(const wxString& title, const std::vector<wxString>& labels)
 {
-    IonGrid& grid = *m_grids.emplace_back(std::make_unique<IonGrid>(m_fields, m_units));
+    IonGrid& grid = *m_grids.emplace_back(std::make_unique<IonGrid>(m_fields, m_units, m_group));
     AddSpacer(GetStaticBox()->FromDIP(4 * form::kGap));
     return AddGrid(grid.Create(GetStaticBox(), title, kAnionRows, labels, kAnionTotals, nullptr));
 }

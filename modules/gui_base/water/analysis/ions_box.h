@@ -46,6 +46,7 @@ private:
 
     FieldSet& m_fields;
     const IonGrid::UnitLists& m_units;
+    const AlignedGrid::Group m_group = AlignedGrid::NewGroup();
     std::vector<std::unique_ptr<IonGrid>> m_grids;
     wxBitmapButton* m_defaultUnit = nullptr;
 };

@@ -124,12 +124,11 @@ void WaterAnalysisPanel::SetValidators(const std::string&)
 
 void WaterAnalysisPanel::DoConnectTvTextCtrlsToStatusbar()
 {
+    FormPanel::DoConnectTvTextCtrlsToStatusbar();
     // What a short analysis is based on has a handler of its own.
     for (TvTextCtrl* field : GetFields().GetNumbers()) {
         if (field->IsEditable() && field != &m_typeBox->GetTds() && field != &m_typeBox->GetConductivity())
             SetupInputControl(field);
-        else
-            ConnectControlToStatusBar(field);
     }
 }
 

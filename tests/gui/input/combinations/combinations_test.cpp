@@ -221,6 +221,16 @@ TEST_F(UnitChoiceTest, UnitSystemsAndLanguages)
     {
         const TestCatalogue german(Entries{{"Pressure", "Druck"}, {"bar", "Bar"}});
         expect("Druck", "Bar");
+        EXPECT_EQ(row->GetTextCtrl()->GetName(), "Druck [Bar]");
+    }
+    {
+        // Degrees of hardness are other amounts in other countries.
+        const TestCatalogue french(Entries{{":", " :"}, {"\u00b0d", "\u00b0f"}});
+        row->SetUnits({{1, "bar"}, {2, wxString::FromUTF8("\u00b0d")}});
+        EXPECT_EQ(row->GetChoice()->GetString(1), wxString::FromUTF8("\u00b0d"));
+        row->SetLabelSuffix(":");
+        expect("Pressure :", "bar");
+        row->SetLabelSuffix({});
     }
     expect("Pressure", "bar");
 }

@@ -65,6 +65,7 @@ TEST_F(FormLayoutTest, AFlowBreaksItsLinesBesideWhatStandsBeforeIt)
         int width;
         wxPoint first;
         wxPoint second;
+        int spare;  // beside the first block, and what stands in its line
     };
     auto* outer = new FlowSizer(10);
     m_frame->SetSizer(outer);
@@ -75,13 +76,15 @@ TEST_F(FormLayoutTest, AFlowBreaksItsLinesBesideWhatStandsBeforeIt)
     inner->Add(first);
     inner->Add(second);
     outer->Add(inner);
-    for (const Case& each :
-         {Case{740, {310, 0}, {520, 0}}, Case{739, {310, 0}, {310, 50}}, Case{530, {310, 0}, {310, 50}},
-          Case{529, {0, 110}, {210, 110}}, Case{429, {0, 110}, {0, 160}}, Case{740, {310, 0}, {520, 0}}}) {
+    for (const Case& each : {Case{740, {310, 0}, {520, 0}, 0}, Case{739, {310, 0}, {310, 50}, 209},
+                             Case{530, {310, 0}, {310, 50}, 0}, Case{529, {0, 110}, {210, 110}, 229},
+                             Case{429, {0, 110}, {0, 160}, 129}, Case{200, {0, 110}, {0, 160}, -100},
+                             Case{740, {310, 0}, {520, 0}, 0}}) {
         FlowSizer::GiveRoom(*outer, each.width);
         LayOut(*outer);
         EXPECT_EQ(first->GetPosition(), each.first) << each.width;
         EXPECT_EQ(second->GetPosition(), each.second) << each.width;
+        EXPECT_EQ(outer->GetSpareWidth(), each.spare) << each.width;
     }
 }
 

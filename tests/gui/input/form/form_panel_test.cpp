@@ -101,6 +101,7 @@ protected:
     }
     DetailData& Detail(const char* key) { return m_details.At(key); }
     TvTextCtrl& Field(const char* key) { return *m_panel->GetFields().FindField(key); }
+    wxString Hint(int field) { return m_frame->GetStatusBar()->GetStatusText(field); }
     int Notified() { return std::exchange(m_notified, 0); }
 
     iex::IEXProject m_project;
@@ -210,13 +211,27 @@ TEST_F(FormPanelTest, UnitSystemsConvertValuesLimitsAndNames)
         EXPECT_EQ(Field("flow").GetName(), "Flow [" + unit + "]");
         EXPECT_EQ(Find<TvUnitLabel>(*m_panel).GetLabelText(), unit);
         const double most = UnitSystemManager::FromISO("m3/h", system, 100.0);
+        Focus(Field("flow"));
+        EXPECT_EQ(Hint(0), "Min: 0 " + unit);
+        double hinted = 0.0;
+        EXPECT_TRUE(Hint(1).AfterFirst(' ').BeforeFirst(' ').ToCDouble(&hinted)) << Hint(1);
+        EXPECT_NEAR(hinted, most, 0.001 * most);
+        EXPECT_EQ(Hint(1).AfterLast(' '), unit);
         for (const double part : {0.99, 1.01}) {
             Enter(Field("flow"), wxString::FromCDouble(most * part, 4));
             EXPECT_NEAR(Detail("flow").GetDoubleValue(), 100.0 * part, 1e-3) << system;
             EXPECT_EQ(Detail("flow").GetRangeFlag(), part > 1.0 ? 1 : 0) << system;
         }
         EXPECT_EQ(Field("factor").GetName(), "Factor") << "without its colon";
+        Focus(Field("factor"));
+        EXPECT_EQ(Hint(1), "Max: 2") << "a number alone";
     }
+    Focus(Field("pressure"));
+    EXPECT_EQ(Hint(1), "Max: 10 bar");
+    Focus(Find<tvUnitChoice>(*m_panel, "Pressure, Unit"));
+    Press(WXK_DOWN);
+    Focus(Field("pressure"));
+    EXPECT_EQ(Hint(1).AfterLast(' '), "psi") << "in the unit that was chosen";
 }
 
 TEST_F(FormPanelTest, LanguageRenamesFieldsAndItems)

@@ -86,6 +86,23 @@ TEST_F(DesignPanelTest, ShowsWhatFollowsFromWhatIsTyped)
     EXPECT_EQ(Field("ex.1.comp.1.resin.1", "compcomp/vol")->GetValue(), volume);
 }
 
+TEST_F(DesignPanelTest, ListsTakeTheRoomThatTheirLineLeaves)
+{
+    const wxChoice& resin = Find<tvChoiceAdv>(*m_panel, "Resin");
+    const wxChoice& other = Find<tvChoiceAdv>(*m_panel, "Resin", 1);
+    const auto arrange = [&](int width) {
+        m_panel->SetMinSize(wxDefaultSize);
+        m_panel->SetSize(m_panel->FromDIP(wxSize(width, 900)));
+        Pump();
+        EXPECT_EQ(resin.GetSize().x, other.GetSize().x) << width;
+        return resin.GetSize().x;
+    };
+    const int least = arrange(500);
+    EXPECT_LT(least, resin.GetBestSize().x);
+    EXPECT_GE(arrange(1800), resin.GetBestSize().x);
+    EXPECT_EQ(arrange(500), least);
+}
+
 TEST_F(DesignPanelTest, AMessageLeadsToTheField)
 {
     const auto lead = [this](const char* owner, const char* key) {

@@ -252,6 +252,19 @@ TEST_F(WaterAnalysisTest, LanguageAndRecreation)
         EXPECT_EQ(Field("na.orig").GetName(), "Natrium [mg/l]");
         EXPECT_NO_THROW(Find<tvUnitChoice>(*m_panel, "Natrium, Einheit"));
     }
+    {
+        // On a narrow page the anions stand below the cations.
+        const TestCatalogue longer(std::vector<std::pair<std::string, std::string>>{
+            {"Magnesium:", "Magnesium in another language:"}});
+        m_frame->SetClientSize(m_frame->FromDIP(wxSize(600, 500)));
+        m_panel->Localize("iso");
+        Pump();
+        ASSERT_GT(Field("cl.orig").GetScreenPosition().y, Field("k.orig").GetScreenPosition().y);
+        for (const char* column : {".orig", ".meql", ".mgl"})
+            EXPECT_EQ(Field(std::string("cl") + column).GetScreenRect().GetRight(),
+                      Field(std::string("mg") + column).GetScreenRect().GetRight())
+                << column;
+    }
     m_panel->Localize("iso");
     EXPECT_NE(wxWindow::FindWindowByLabel("Sodium:", m_panel), nullptr);
     Choose("Sodium", "ppm");
