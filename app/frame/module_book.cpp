@@ -266,7 +266,8 @@ void ModuleBook::MarkInTree()
     }
     if (item.IsOk())
         // The items are drawn; what is chosen is said with the name of the whole.
-        accessibility::SetName(m_tree, i18n::Translated("Navigator") + ": " + WholeName(m_tree, item));
+        accessibility::SetName(m_tree,
+                               i18n::Translated("Navigator") + i18n::Colon() + " " + WholeName(m_tree, item));
     if (!item.IsOk() || m_tree.IsSelected(item))
         return;
     m_filling = true;

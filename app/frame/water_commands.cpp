@@ -90,7 +90,8 @@ void WaterCommands::SaveToLibrary()
     LiquidData* water = GetCurrent();
     if (water != nullptr && !WaterLibDialog::SaveLiquidData(water, &problem) && !problem.empty())
         m_frame.ReportError([problem] {
-            return UserMessage{Tr("Analysis could not be saved") + ": " + wxString::FromUTF8(problem), {}};
+            return UserMessage{
+                Tr("Analysis could not be saved") + i18n::Colon() + " " + wxString::FromUTF8(problem), {}};
         });
 }
 

@@ -3,6 +3,7 @@
 
 #include "core/amount_text.h"
 #include "gui_base/report/balance_text.h"
+#include "gui_base/report/range_sentence.h"
 #include "gui_base/report/told_apart.h"
 #include "projectbase/advice/saturation.h"
 #include "projectbase/units/unit_system_manager.h"
@@ -106,8 +107,8 @@ std::string AdviceReason(const advice::Advice& advice, const ReportContext& cont
                               "gypsum")),
                           {numbertext::WithUnit(context.Number(advice.acid->calciumShare, kDigits), "%"),
                            FixedNumber(advice.acid->supersaturation, 1, context)});
-    return fmt::format("{}\n{}: {}", reason, context.Translated(wxTRANSLATE("Source")),
-                       AdviceSource(advice, context));
+    return reason + "\n" +
+           WithTitle(context.Translated(wxTRANSLATE("Source")), AdviceSource(advice, context), context);
 }
 
 std::string SeverityText(advice::Severity severity, const ReportContext& context)

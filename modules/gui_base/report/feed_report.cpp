@@ -3,6 +3,7 @@
 
 #include "dbinterfaces/compound_names.h"
 #include "dbinterfaces/master_database.h"
+#include "gui_base/report/range_sentence.h"
 #include "projectbase/project/iex_project.h"
 #include "projectbase/units/unit_system_manager.h"
 
@@ -92,7 +93,7 @@ report::Table ConcentrationTable(const FeedComposition& composition, Block block
 
 report::Paragraph PhOf(double pH, const ReportContext& context)
 {
-    return {fmt::format("{}: {}", context.Translated(wxTRANSLATE("pH")), context.Number(pH, 3))};
+    return {WithTitle(context.Translated(wxTRANSLATE("pH")), context.Number(pH, 3), context)};
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 #include "gui_base/report/regeneration_report.h"
 
 #include "gui_base/report/design_report.h"
+#include "gui_base/report/range_sentence.h"
 #include "projectbase/project/iex_project.h"
 #include "projectbase/sequence/sequence_calculation.h"
 #include "projectbase/sequence/sequence_rows.h"
@@ -90,6 +91,13 @@ bool IsRegenerated(const OwnerNode& exchanger)
     return !exchanger.GetChildren(OwnerKind::SequenceRow).empty();
 }
 
+/// "Regeneration: Exchanger 1"
+std::string TitleOf(const OwnerNode& exchanger, const ReportContext& context)
+{
+    return WithTitle(context.Translated(wxTRANSLATE("Regeneration")),
+                     designtext::ExchangerTitle(exchanger, context), context);
+}
+
 }  // namespace
 
 std::vector<ReportPage> RegenerationReport::GetReportPages(const ReportContext& context) const
@@ -99,9 +107,7 @@ std::vector<ReportPage> RegenerationReport::GetReportPages(const ReportContext& 
         if (!IsRegenerated(*exchanger))
             continue;
         const auto place = static_cast<int>(exchanger->GetPosition());
-        pages.push_back({.title = wxString::FromUTF8(
-                             fmt::format("{}: {}", context.Translated(wxTRANSLATE("Regeneration")),
-                                         designtext::ExchangerTitle(*exchanger, context))),
+        pages.push_back({.title = wxString::FromUTF8(TitleOf(*exchanger, context)),
                          .id = place,
                          .name = fmt::format("{}:regeneration", place)});
     }
@@ -115,9 +121,7 @@ report::Section RegenerationReport::BuildReportPage(int id, const ReportContext&
         !IsRegenerated(*exchangers[static_cast<std::size_t>(id)]))
         throw std::out_of_range(fmt::format("RegenerationReport::BuildReportPage: there is no page {}", id));
     const OwnerNode& exchanger = *exchangers[static_cast<std::size_t>(id)];
-    report::Section section{.title = fmt::format("{}: {}", context.Translated(wxTRANSLATE("Regeneration")),
-                                                 designtext::ExchangerTitle(exchanger, context)),
-                            .joins = true};
+    report::Section section{.title = TitleOf(exchanger, context), .joins = true};
     section.blocks.push_back(SequenceTable(exchanger, context));
     const std::string remarks = exchanger.GetDetails()->At("step/remarks").GetStdStringValue();
     if (!remarks.empty())

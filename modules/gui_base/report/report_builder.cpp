@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "gui_base/report/report_builder.h"
 
+#include "gui_base/report/range_sentence.h"
 #include "projectbase/details/date_text.h"
 #include "projectbase/project/project.h"
 
@@ -27,7 +28,7 @@ std::string Subtitle(const ReportContext& context, const ReportHead& head)
     std::string text;
     const auto add = [&](const char* label, const std::string& value) {
         if (!value.empty())
-            text += fmt::format("{}{}: {}", text.empty() ? "" : " \u00b7 ", context.Translated(label), value);
+            text += (text.empty() ? "" : " \u00b7 ") + WithTitle(context.Translated(label), value, context);
     };
     add(wxTRANSLATE("Customer"), head.customer);
     add(wxTRANSLATE("Author"), head.author);

@@ -2,6 +2,7 @@
 #include "gui_base/report/water_diagram.h"
 
 #include "core/amount_text.h"
+#include "gui_base/report/range_sentence.h"
 #include "gui_base/report/water_diagram_parts.h"
 #include "projectbase/project/project.h"
 #include "projectbase/settings/settings.h"
@@ -99,7 +100,7 @@ std::string Tip(const Water& water, const std::string& ion, double meq, bool isC
                 const ReportContext& context)
 {
     const double sum = isCation ? water.ions.CationSum() : water.ions.AnionSum();
-    std::string text = fmt::format("{}: {}\n{}", water.name, ion, AmountText(meq, context));
+    std::string text = WithTitle(water.name, ion, context) + "\n" + AmountText(meq, context);
     if (sum > 0.0)
         text += fmt::format(
             "\n{} {}", ShareText(meq / sum, context),

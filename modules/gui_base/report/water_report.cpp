@@ -4,6 +4,7 @@
 #include "core/amount_text.h"
 #include "gui_base/report/blend_tiles.h"
 #include "gui_base/report/evaluation_tables.h"
+#include "gui_base/report/range_sentence.h"
 #include "gui_base/report/water_tables.h"
 #include "projectbase/advice/evaluation.h"
 #include "projectbase/project/project.h"
@@ -46,8 +47,8 @@ void AddTreatment(report::Section& section, const Project& project, const Liquid
     const DetailList& details = *water.GetDetails();
     if (project.IsMixed(water))
         section.blocks.push_back(
-            report::Paragraph{fmt::format("{}: {}", context.Translated(wxTRANSLATE("Blend")),
-                                          RecipeText(water::RecipeOf(details), context))});
+            report::Paragraph{WithTitle(context.Translated(wxTRANSLATE("Blend")),
+                                        RecipeText(water::RecipeOf(details), context), context)});
     const double pH = details.At("liquid/alk.ph").GetDoubleValue();
     if (!std::isfinite(pH))
         return;
@@ -55,10 +56,12 @@ void AddTreatment(report::Section& section, const Project& project, const Liquid
     const double dose = UnitSystemManager::FromISO("mg/l", context.unitSystem,
                                                    details.At("liquid/alk.dosed").GetDoubleValue());
     const std::string agent = water::AlkalizingAgentName(details.At("liquid/alk.type").GetStdStringValue());
-    section.blocks.push_back(report::Paragraph{
-        fmt::format("{}: {} {}, {}\u00a0{}", context.Translated(wxTRANSLATE("Alkalization")),
-                    context.Translated(agent.c_str()), numbertext::WithUnit(context.Number(dose, 4), unit),
-                    context.Translated(wxTRANSLATE("pH")), context.Number(pH, 3))});
+    section.blocks.push_back(
+        report::Paragraph{WithTitle(context.Translated(wxTRANSLATE("Alkalization")),
+                                    fmt::format("{} {}, {}\u00a0{}", context.Translated(agent.c_str()),
+                                                numbertext::WithUnit(context.Number(dose, 4), unit),
+                                                context.Translated(wxTRANSLATE("pH")), context.Number(pH, 3)),
+                                    context)});
 }
 
 void AddAnalysis(report::Section& section, const Project& project, const LiquidData& water,
@@ -139,5 +142,5 @@ std::string WaterReport::Title(std::size_t water, const char* page, const Report
     const std::string title = context.Translated(page);
     if (m_project.GetLiquidCount() < 2)
         return title;
-    return fmt::format("{}: {}", context.Translated(m_project.GetLiquid(water).GetName().c_str()), title);
+    return WithTitle(context.Translated(m_project.GetLiquid(water).GetName().c_str()), title, context);
 }

@@ -5,6 +5,7 @@
 #include "core/ion_table.h"
 #include "gui_base/report/advice_text.h"
 #include "gui_base/report/balance_text.h"
+#include "gui_base/report/range_sentence.h"
 #include "projectbase/advice/evaluation.h"
 #include "projectbase/project/iex_project.h"
 #include "projectbase/units/unit_system_manager.h"
@@ -54,6 +55,11 @@ struct Facts
     {
         tile.value = Number(UnitSystemManager::FromISO(isoUnit, context.unitSystem, value));
         tile.unit = UnitSystemManager::GetUnit(isoUnit, context.unitSystem, true);
+    }
+    /// A line of an explanation: what it is, and how much.
+    std::string Line(const char* source, const std::string& amount) const
+    {
+        return "\n" + WithTitle(Tr(source), amount, context);
     }
     DetailAddress At(const char* key) const { return {water.GetOwner(), key}; }
 };
@@ -165,9 +171,8 @@ void ShowLoad(const Facts& facts, ResultTile& tile)
     const auto line = [&](const char* source, double amount) {
         ResultTile shown;
         facts.Show(shown, amount, "eq/d");
-        return shown.value.empty()
-                   ? std::string()
-                   : fmt::format("\n{}: {}", facts.Tr(source), numbertext::WithUnit(shown.value, shown.unit));
+        return shown.value.empty() ? std::string()
+                                   : facts.Line(source, numbertext::WithUnit(shown.value, shown.unit));
     };
     tile.explanation += line(wxTRANSLATE("All cations"), loads.cations) +
                         line(wxTRANSLATE("Total hardness"), loads.hardness) +
@@ -188,17 +193,15 @@ void ShowLangelier(const Facts& facts, ResultTile& tile)
         "{}, {}", LangelierReading(saturation.langelier, facts.context),
         facts.Caption(wxTRANSLATE("Ryznar %s"), FixedNumber(saturation.ryznar, 1, facts.context)));
     const auto line = [&](const char* source, double value) {
-        return std::isnan(value)
-                   ? std::string()
-                   : fmt::format("\n{}: {}", facts.Tr(source), FixedNumber(value, 2, facts.context));
+        return std::isnan(value) ? std::string() : facts.Line(source, FixedNumber(value, 2, facts.context));
     };
     tile.explanation +=
         line(wxTRANSLATE("pH of saturation"), saturation.pHs) +
         line(wxTRANSLATE("Langelier index without ion pairs"), saturation.langelierByHand) +
         line(wxTRANSLATE("Langelier index, simplified form"), saturation.langelierSimplified) +
-        fmt::format("\n{}: {}, {}", facts.Tr(wxTRANSLATE("Ryznar index")),
-                    FixedNumber(saturation.ryznar, 1, facts.context),
-                    RyznarReading(saturation.ryznar, facts.context));
+        facts.Line(wxTRANSLATE("Ryznar index"),
+                   fmt::format("{}, {}", FixedNumber(saturation.ryznar, 1, facts.context),
+                               RyznarReading(saturation.ryznar, facts.context)));
     tile.address = facts.At("liquid/ph");
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "gui_base/report/water_tables.h"
 
+#include "core/amount_text.h"
 #include "core/detection_limit.h"
 #include "dbinterfaces/master_database.h"
 #include "gui_base/report/balance_text.h"
@@ -119,9 +120,10 @@ std::string AnalysisText(const DetailList& details, const ReportContext& context
     const std::string type = Text(details, "liquid/analysis.type");
     const auto withValue = [&](const char* source, const char* key) {
         const DetailData& detail = details.At(key);
-        return fmt::format("{}: {} {}", context.Translated(source),
-                           context.Number(detail.GetDoubleValue(), kTypedDigits),
-                           DisplayFromDetail().GetUnitLabel(detail, "iso").utf8_string());
+        return WithTitle(context.Translated(source),
+                         numbertext::WithUnit(context.Number(detail.GetDoubleValue(), kTypedDigits),
+                                              DisplayFromDetail().GetUnitLabel(detail, "iso").utf8_string()),
+                         context);
     };
     if (type == "SHORT_TDS")
         return withValue(wxTRANSLATE("Short analysis based on TDS"), "liquid/tds.short");

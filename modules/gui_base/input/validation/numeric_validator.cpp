@@ -194,8 +194,9 @@ void NumericValidator::UpdateStatusbar()
     if (HasFlag(CheckMax) || HasFlag(CheckMaxExclusive))
         SetStatusbarText("Max: " + WithUnit(FormatMaxValueAsString()), kMaxField);
     if (HasFlag(ShowPreciseValue))
-        SetStatusbarText(i18n::Translated("Value") + ": " + WithUnit(FormatValueAsString(kPreciseDigits)),
-                         kValueField);
+        SetStatusbarText(
+            i18n::Translated("Value") + i18n::Colon() + " " + WithUnit(FormatValueAsString(kPreciseDigits)),
+            kValueField);
 }
 
 wxString NumericValidator::WithUnit(const wxString& number) const

@@ -115,7 +115,8 @@ void BlendRow::NameControls()
         const std::string unit = UnitSystemManager::GetUnit(UnitOf(byFlow), GetUnitSystem(), true);
         accessibility::SetName(
             *FindField(byFlow ? kFlow : kShare),
-            accessibility::NameWithUnit(i18n::Translated("Amount") + ": " + name, wxString::FromUTF8(unit)));
+            accessibility::NameWithUnit(i18n::Translated("Amount") + i18n::Colon() + " " + name,
+                                        wxString::FromUTF8(unit)));
     }
-    accessibility::SetName(*m_remove, i18n::Translated("Remove") + ": " + name);
+    accessibility::SetName(*m_remove, i18n::Translated("Remove") + i18n::Colon() + " " + name);
 }
