@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Every page, and what stands around it, in an open window through changes of language, units, theme, size of the texts, density and
-// width: nothing is clipped, and what comes back to where it began looks as it did.
+// Every page, and what stands around it, in an open window through changes of language, units, theme, size of
+// the texts, density and width: nothing is clipped, and what comes back to where it began looks as it did.
 #include "app/document/plant_templates.h"
 #include "app/frame/page_item.h"
 #include "app/modules/base/module.h"
