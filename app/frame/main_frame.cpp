@@ -203,8 +203,8 @@ void MainFrame::FocusPage()
     // Typing begins at once.
     if (IsStartShown())
         m_start->SetFocus();
-    else if (const LiquidData* water = m_waters.GetCurrent(); water != nullptr && IsShown())
-        m_book->ShowDetail({water->GetOwner(), "liquid/na.orig"}, true);
+    else if (IsShown())
+        GetNotebook().GetCurrentPage()->SetFocus();
 }
 
 void MainFrame::RebuildPages()

@@ -286,7 +286,8 @@ PageHost* ModuleBook::Find(const std::string& module, DetailOwner owner) const
 void ModuleBook::Select(PageHost& host)
 {
     m_notebook.SetSelection(static_cast<std::size_t>(m_notebook.GetPageIndex(&host)));
-    host.MakePage().SetFocus();
+    host.MakePage();
+    host.SetFocus();
 }
 
 ModulePanelBase* ModuleBook::Show(const std::string& module, DetailOwner owner)
@@ -304,7 +305,7 @@ ModulePanelBase* ModuleBook::Show(DetailOwner owner)
     return found == m_hosts.end() ? nullptr : Show((*found)->GetModule().id, owner);
 }
 
-bool ModuleBook::ShowDetail(const DetailAddress& address, bool fromTop)
+bool ModuleBook::ShowDetail(const DetailAddress& address)
 {
     const auto holds = [&](const PageHost* host) {
         const OwnerNode* owner = host == nullptr ? nullptr : m_project->FindOwner(host->GetOwner());
@@ -323,7 +324,7 @@ bool ModuleBook::ShowDetail(const DetailAddress& address, bool fromTop)
     ModulePanelBase* const panel = shown->GetPanel();
     if (panel == nullptr)
         return false;
-    panel->SetKeepsTop(fromTop);
+    panel->SetKeepsTop(false);
     return panel->FocusDetail(address);
 }
 

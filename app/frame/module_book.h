@@ -46,8 +46,8 @@ public:
     /// The first page of an owner, whichever module it belongs to.
     ModulePanelBase* Show(DetailOwner owner);
     /// Brings the page to the front on which a value is edited, and puts the focus into its field; false
-    /// where no page has it. `fromTop` leaves the page at its top, whatever its size is at the moment.
-    bool ShowDetail(const DetailAddress& address, bool fromTop = false);
+    /// where no page has it.
+    bool ShowDetail(const DetailAddress& address);
     /// Brings the page at a place of the tree to the front, counted from 0; nothing where there is none.
     void ShowPlace(std::size_t place);
     /// Brings that page to the front which stands so many places further in the tree; behind the last one the

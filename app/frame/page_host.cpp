@@ -23,6 +23,10 @@ PageHost::PageHost(wxWindow* parent, const Module& module, DetailOwner owner,
         if (m_page.panel != nullptr)
             m_page.panel->Show(event.IsShown());
     });
+    Bind(wxEVT_CHILD_FOCUS, [this](wxChildFocusEvent& event) {
+        event.Skip();
+        m_lastFocused = event.GetWindow();
+    });
     Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
         event.Skip();
         FitPage();
@@ -41,6 +45,17 @@ ModulePanelBase& PageHost::MakePage()
         FitPage();
     }
     return *m_page.panel;
+}
+
+void PageHost::SetFocus()
+{
+    if (m_page.panel == nullptr)
+        return wxPanel::SetFocus();
+    m_page.panel->SetKeepsTop(true);
+    if (m_lastFocused && m_lastFocused->CanAcceptFocus())
+        m_lastFocused->SetFocus();
+    else if (m_module->firstValue == nullptr || !m_page.panel->FocusDetail({m_owner, m_module->firstValue}))
+        m_page.panel->SetFocus();
 }
 
 void PageHost::Release()

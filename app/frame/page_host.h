@@ -6,6 +6,7 @@
 #include "app/modules/base/module.h"
 
 #include <wx/panel.h>
+#include <wx/weakref.h>
 
 #include <functional>
 
@@ -26,6 +27,8 @@ public:
     const ModulePage& GetPage() const { return m_page; }
     /// Makes the page if it was not made yet.
     ModulePanelBase& MakePage();
+    /// Gives the keyboard to what had it last on the page, or to where work on the page begins.
+    void SetFocus() override;
     /// From now on the page is made when it is shown, at once if it is already.
     void Release();
     /// From now on no page is made: pages behind come into view while those before them are closed.
@@ -39,6 +42,7 @@ private:
     std::function<ModulePage(wxWindow*)> m_make;
     ModulePage m_page;
     bool m_released = false;
+    wxWeakRef<wxWindow> m_lastFocused;
 };
 
 }  // namespace app

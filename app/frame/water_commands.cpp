@@ -65,9 +65,7 @@ LiquidData* WaterCommands::GetCurrent() const
 
 void WaterCommands::Show(const LiquidData& water)
 {
-    // With the keyboard where typing begins.
     m_frame.GetBook().Show(water.GetOwner());
-    m_frame.GetBook().ShowDetail({water.GetOwner(), "liquid/na.orig"}, true);
 }
 
 void WaterCommands::ShowLibrary()

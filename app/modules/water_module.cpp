@@ -45,6 +45,7 @@ Module WaterModule()
             .title = wxTRANSLATE("Water analysis"),
             .icon = "/icons/water.svg",
             .helpPage = "wateranalysis.html",
+            .firstValue = "liquid/na.orig",
             .pageOf = OwnerKind::Water,
             .isFor = [](const Project&) { return true; },
             .holds = Holds,

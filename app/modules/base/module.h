@@ -52,6 +52,8 @@ struct Module
     const char* title;     ///< source text
     const char* icon;      ///< archive entry of the picture in the tree
     const char* helpPage;  ///< in the user guide
+    /// The value with which work on a page begins; null for the first field of the page.
+    const char* firstValue = nullptr;
     /// Owners that have a page each: the project, or every water, or exchangers.
     OwnerKind pageOf = OwnerKind::Project;
     /// Whether an owner of that kind has a page; null where each has.

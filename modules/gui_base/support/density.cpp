@@ -88,6 +88,9 @@ Density DensityOf(std::string_view code)
 void SetOnTextSize([[maybe_unused]] wxWindow& window, [[maybe_unused]] std::function<void()> changed)
 {
 #ifdef __WXGTK__
+    // A window that goes may do so after the next one has come.
+    if (!changed && OnTextSize().window != &window)
+        return;
     OnTextSize() = {&window, std::move(changed)};
     static const bool isConnected = [] {
         for (const char* signal : {"notify::gtk-xft-dpi", "notify::gtk-font-name"})

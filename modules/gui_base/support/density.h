@@ -25,7 +25,7 @@ GUI_BASE_EXPORT Density DensityOf(std::string_view code);
 GUI_BASE_EXPORT void Set(Density density);
 
 /// Calls `changed` when the user has given the texts of the system another size and `window`, which is the
-/// caller's, can be measured by it. With null for `changed` nobody is told any more.
+/// caller's, can be measured by it: the last window that asked for it, until it calls with null.
 GUI_BASE_EXPORT void SetOnTextSize(wxWindow& window, std::function<void()> changed);
 
 }  // namespace density

@@ -123,6 +123,30 @@ TEST_F(NavigatorTest, CopiesOfWatersGoOnCounting)
     EXPECT_EQ(WaterNames(), (std::vector<std::string>{"7 2 2", "7 2"}));
 }
 
+TEST_F(NavigatorTest, APageIsEnteredWhereWorkBeginsAndLaterWhereItWasLeft)
+{
+    const std::string first = OpenProject().GetLiquid(0).GetName();
+    m_frame->Waters().Add();
+    m_frame->Waters().RenameTo(OpenProject().GetLiquid(1), "second");
+    m_frame->RebuildPages();
+    // Lower than the page, so that the first value would be scrolled to.
+    m_frame->SetSize(1024, 500);
+    gui_test::Pump();
+    const auto choose = [this](const std::string& name) {
+        Tree().SelectItem(Item(name));
+        gui_test::Pump();
+    };
+    choose(first);
+    choose("second");
+    EXPECT_EQ(wxWindow::FindFocus(), WaterPage(1).FindField("liquid/na.orig"));
+    EXPECT_EQ(WaterPage(1).GetViewStart().y, 0);
+    gui_test::Focus(*WaterPage(1).FindField("liquid/mg.orig"));
+    choose(first);
+    EXPECT_EQ(wxWindow::FindFocus(), WaterPage(0).FindField("liquid/na.orig"));
+    choose("second");
+    EXPECT_EQ(wxWindow::FindFocus(), WaterPage(1).FindField("liquid/mg.orig"));
+}
+
 TEST_F(NavigatorTest, TheNavigatorTellsOfTheBalance)
 {
     const std::string name = OpenProject().GetLiquid(0).GetName();

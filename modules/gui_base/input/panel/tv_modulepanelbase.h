@@ -53,7 +53,8 @@ public:
     void ResetMessages() { DoResetMessages(); }
     bool HasWhatIf() { return DoHasWhatIf(); }
     /// While the user has not touched a key, whether the page stays at its top when a field gets the
-    /// keyboard, instead of scrolling to it. A page that is being opened has not its size yet.
+    /// keyboard, instead of scrolling to it, as a new page does: one that is being opened has not its size
+    /// yet.
     void SetKeepsTop(bool keeps) { m_keepsTop = keeps; }
     bool Validate() override;
     /// The toolkit moves what stands in boxes, and leaves their frames where they were drawn.
@@ -210,7 +211,7 @@ private:
     bool m_baseEventsBound = false;
     bool m_isBeingMade = false;
     bool m_synchronizing = false;
-    bool m_keepsTop = false;
+    bool m_keepsTop = true;
     bool m_stale = false;  ///< what others changed is still to be shown
     int m_wheelTurn = 0;
     std::set<int> m_answeredFields;  ///< ids of the fields whose commits OnFieldUpdate answers
