@@ -91,8 +91,8 @@ MainFrame::MainFrame(std::unique_ptr<Document> document)
     });
     m_files.RestartAutosave();
     m_textColour = wxSystemSettings::GetColour(wxSYS_COLOUR_BTNTEXT);
-    // Windows remember sizes that were measured with the texts of before.
-    density::SetOnTextSize(*this, [this] {
+    // Windows remember sizes that were measured before.
+    density::SetOnSizes(*this, [this] {
         Localize();
         RebuildPages();
     });
@@ -103,7 +103,7 @@ MainFrame::MainFrame(std::unique_ptr<Document> document)
 
 MainFrame::~MainFrame()
 {
-    density::SetOnTextSize(*this, nullptr);
+    density::SetOnSizes(*this, nullptr);
     ClosePages();
     // What is left of the windows holds on to this object's members.
     DestroyChildren();

@@ -44,7 +44,6 @@ void ViewCommands::SetDensity(const std::string& code)
     CommitFocusedField();
     Settings::GetSetting("density").SetValue(code);
     density::Set(density::DensityOf(code));
-    m_frame.RebuildPages();
 }
 
 void ViewCommands::FillUnitMenu(wxMenu& menu)

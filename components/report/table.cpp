@@ -12,6 +12,8 @@ namespace {
 constexpr double kRounding = 0.01;
 /// Up to that height a table is not torn apart, points.
 constexpr double kSmallTable = 130.0;
+/// Fewer are not worth a head at the end of a page.
+constexpr std::size_t kRowsBelowHead = 5;
 
 /// A cell that is set; nothing for an empty one.
 struct SetCell
@@ -343,8 +345,8 @@ Box RowBox(const std::shared_ptr<const SetTable>& set, std::size_t index, RowPar
     return box;
 }
 
-/// A small table is not torn apart, and of a large one no single row stands at the end or the beginning of a
-/// page. The boxes from `first` are its own, its rows begin at `firstRow`.
+/// A small table is not torn apart, and of a large one some rows stand below its head and more than one at
+/// the beginning of a page. The boxes from `first` are its own, its rows begin at `firstRow`.
 void KeepRowsTogether(std::vector<Box>& boxes, std::size_t first, std::size_t firstRow)
 {
     if (boxes.size() < firstRow + 2)
@@ -354,7 +356,7 @@ void KeepRowsTogether(std::vector<Box>& boxes, std::size_t first, std::size_t fi
         height += boxes[i].height;
     const std::size_t lastButOne = boxes.size() - 2;
     for (std::size_t i = firstRow; i <= lastButOne; ++i) {
-        if (height <= kSmallTable || i == firstRow || i == lastButOne)
+        if (height <= kSmallTable || i + 1 < firstRow + kRowsBelowHead || i == lastButOne)
             boxes[i].keepWithNext = true;
     }
 }

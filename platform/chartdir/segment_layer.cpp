@@ -47,16 +47,26 @@ public:
         return found->second;
     }
 
+    /// What a segment is called, the longest name first.
+    std::vector<const Text*> NamesOf(const Segment& segment, Colour colour)
+    {
+        std::vector<const Text*> names;
+        for (const std::string* label : {&segment.label, &segment.shortLabel}) {
+            if (!label->empty())
+                names.push_back(&Of(*label, colour));
+        }
+        return names;
+    }
+
     /// The name that has room in a segment, or null.
     const Text* Inside(const Segment& segment, const Rect& box)
     {
         // Hatching takes the quiet that a text needs.
         if (segment.hatching != Marker::None)
             return nullptr;
-        for (const std::string* label : {&segment.label, &segment.shortLabel}) {
-            const Text& text = Of(*label, InkOn(segment.colour));
-            if (!label->empty() && text.Height() <= box.height && text.Width() + 2.0 * kPadding <= box.width)
-                return &text;
+        for (const Text* text : NamesOf(segment, InkOn(segment.colour))) {
+            if (text->Height() <= box.height && text->Width() + 2.0 * kPadding <= box.width)
+                return text;
         }
         return nullptr;
     }
@@ -76,11 +86,13 @@ public:
         : m_plot(plot), m_edge(edge), m_room(room), m_direction(isLeft ? -1.0 : 1.0)
     {}
 
-    /// From below.
-    void Add(const Rect& box, const Text& text)
+    /// From below; the first of the names, the longer ones first, that has room.
+    void Add(const Rect& box, const std::vector<const Text*>& names)
     {
-        if (text.Width() + kLeader + kPadding <= m_room)
-            m_names.push_back({&text, box.y + box.height / 2.0, box.height, 0.0});
+        const auto fitting = std::ranges::find_if(
+            names, [this](const Text* name) { return name->Width() + kLeader + kPadding <= m_room; });
+        if (fitting != names.end())
+            m_names.push_back({*fitting, box.y + box.height / 2.0, box.height, 0.0});
         else
             m_lacksSome = true;
     }
@@ -225,7 +237,7 @@ void SegmentLayer::Draw(cairo_t* canvas, const Mapping& mapping, const Theme& th
                     inside->Draw(canvas, {box.x + (box.width - inside->Width()) / 2.0,
                                           box.y + (box.height - inside->Height()) / 2.0});
                 else
-                    beside.Add(box, labels.Of(segment->label, theme.ink));
+                    beside.Add(box, labels.NamesOf(*segment, theme.ink));
             }
             // Where a legend names them, some alone would mislead.
             if (m_sets.empty() || !beside.LacksSome())

@@ -9,7 +9,7 @@ namespace chartdir {
 struct Segment
 {
     std::string label{};
-    std::string shortLabel{};  ///< stands in a segment in which the label has no room
+    std::string shortLabel{};  ///< stands where the label has no room
     double value = 0.0;        ///< above 0
     Colour colour{};
     Marker hatching = Marker::None;  ///< as DataSet's marker hatches bars

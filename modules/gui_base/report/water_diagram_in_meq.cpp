@@ -60,6 +60,15 @@ const PartLook& LookOf(BarPart part)
     return *std::ranges::find(kParts, part, &PartLook::part);
 }
 
+/// For narrow segments and little room beside them; empty where the label is short itself.
+std::string ShortLabelOf(BarPart part, const ReportContext& context)
+{
+    if (part == BarPart::Alkalinity)
+        return context.Translated(wxTRANSLATE("Alk."));
+    const bool isRest = part == BarPart::OtherCations || part == BarPart::OtherAnions;
+    return isRest ? context.Translated(wxTRANSLATE("Rest")) : std::string();
+}
+
 std::vector<chartdir::Segment> SegmentsOf(const std::vector<diagrams::BarSegment>& bar, const Water& water,
                                           bool isCation, const ReportContext& context)
 {
@@ -73,9 +82,7 @@ std::vector<chartdir::Segment> SegmentsOf(const std::vector<diagrams::BarSegment
         if (segment.isClosing)
             name += fmt::format(" ({})", context.Translated(kClosing));
         segments.push_back({.label = label,
-                            .shortLabel = segment.part == BarPart::Alkalinity
-                                              ? context.Translated(wxTRANSLATE("Alk."))
-                                              : std::string(),
+                            .shortLabel = ShortLabelOf(segment.part, context),
                             .value = segment.meq,
                             .colour = ColourOf(look),
                             .hatching = segment.isClosing ? kHatching : chartdir::Marker::None,

@@ -70,12 +70,9 @@ std::string InOtherUnits(const Facts& facts, double meq)
         return facts.Amount(advice::HardnessIn(meq, unit), unit, kDigits);
     };
     std::string text = in(kCalciumCarbonate);
-    if (text.empty() || facts.context.unitSystem == "us")
+    if (text.empty() || HardnessDegree(facts.context).empty())
         return text;
-    // The degree of the country.
-    const std::string degree =
-        facts.context.unitSystem == "imperial" ? "\u00b0e" : facts.Tr(wxTRANSLATE("°d"));
-    return fmt::format("{}, {}", text, in(degree));
+    return fmt::format("{}, {}", text, in(HardnessDegree(facts.context)));
 }
 
 void ShowTds(const Facts& facts, ResultTile& tile)
@@ -253,6 +250,13 @@ constexpr std::array kTiles{
 };
 
 }  // namespace
+
+std::string HardnessDegree(const ReportContext& context)
+{
+    if (context.unitSystem == "us")
+        return {};
+    return context.unitSystem == "imperial" ? "\u00b0e" : context.Translated(wxTRANSLATE("°d"));
+}
 
 std::vector<ResultTile> EmptyTiles(const ReportContext& context)
 {

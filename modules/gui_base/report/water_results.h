@@ -33,6 +33,8 @@ struct ResultTile
     bool operator==(const ResultTile&) const = default;
 };
 
+/// The degree in which the readers of the context give hardness, "°d"; empty where they give none.
+GUI_BASE_REPORT_EXPORT std::string HardnessDegree(const ReportContext& context);
 /// The tiles with their titles alone, in the order in which they are shown.
 GUI_BASE_REPORT_EXPORT std::vector<ResultTile> EmptyTiles(const ReportContext& context);
 /// The same ones of a water.

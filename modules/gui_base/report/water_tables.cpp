@@ -6,6 +6,7 @@
 #include "dbinterfaces/master_database.h"
 #include "gui_base/report/balance_text.h"
 #include "gui_base/report/range_sentence.h"
+#include "gui_base/report/water_results.h"
 #include "gui_base/water/rows/ion_rows.h"
 #include "gui_base/water/rows/property_rows.h"
 #include "projectbase/advice/balance_judgement.h"
@@ -185,11 +186,14 @@ report::Row HardnessRow(const std::string& label, double meq, bool divalent, con
     const auto in = [&](std::string_view unit) {
         return Cell{context.Number(advice::HardnessIn(meq, unit), kDigits)};
     };
-    return {.cells = {{label},
-                      {context.Number(meq, kDigits)},
-                      {divalent ? context.Number(meq / kMeqPerMmolHardness, kDigits) : std::string()},
-                      in("\u00b0d"),
-                      in("ppm CaCO3")}};
+    report::Row row{
+        .cells = {{label},
+                  {context.Number(meq, kDigits)},
+                  {divalent ? context.Number(meq / kMeqPerMmolHardness, kDigits) : std::string()}}};
+    if (const std::string degree = HardnessDegree(context); !degree.empty())
+        row.cells.push_back(in(degree));
+    row.cells.push_back(in("ppm CaCO3"));
+    return row;
 }
 
 }  // namespace
@@ -296,16 +300,24 @@ report::Table HardnessTable(const DetailList& details, const ReportContext& cont
 {
     report::Table table;
     table.columns = {{.title = context.Translated(wxTRANSLATE("Property")), .stretch = 1.0}};
-    for (const char* unit : {"meq/l", "mmol/l", "\u00b0d", "ppm CaCO3"})
-        table.columns.push_back({.title = unit, .align = Align::Number, .minWidth = kNumberWidth});
+    const std::string degree = HardnessDegree(context);
+    for (const char* unit : {"meq/l", "mmol/l", degree.c_str(), "ppm CaCO3"}) {
+        if (*unit != '\0')
+            table.columns.push_back({.title = unit, .align = Align::Number, .minWidth = kNumberWidth});
+    }
     if (IsShort(details))
         return table;
     const auto add = [&](const char* label, double meq, bool divalent) {
         table.rows.push_back(HardnessRow(context.Translated(label), meq, divalent, context));
     };
+    // What the pH alone makes of H+ and OH- is no alkalinity.
+    const bool hasAlkalinity = water::IsAlkalinityKnown(details);
     for (const EquivalentRow& row : kEquivalentRows) {
+        const std::string_view key = row.key;
+        if (!hasAlkalinity && key != "liquid/hardness.total" && key != "liquid/ema")
+            continue;
         add(row.label, Value(details, row.key), row.isHardness);
-        if (std::string_view(row.key) == "liquid/hardness.carbonate")
+        if (key == "liquid/hardness.carbonate")
             add(wxTRANSLATE("Non-carbonate hardness"),
                 Value(details, "liquid/hardness.total") - Value(details, row.key), true);
     }

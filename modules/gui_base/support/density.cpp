@@ -36,31 +36,36 @@ checkbutton, radiobutton { padding: 0; }
 toolbar button { padding: 3px; }
 )";
 
-struct TextSizeListener
+struct SizesListener
 {
     wxWindow* window = nullptr;
     std::function<void()> changed;
 };
 
-TextSizeListener& OnTextSize()
+SizesListener& OnSizes()
 {
-    static TextSizeListener listener;
+    static SizesListener listener;
     return listener;
 }
 
-gboolean TellTextSize(GtkWidget*, GdkFrameClock*, gpointer)
+gboolean TellSizes(GtkWidget*, GdkFrameClock*, gpointer)
 {
     // Once the frame that has begun is drawn.
-    if (OnTextSize().changed)
-        OnTextSize().window->CallAfter(OnTextSize().changed);
+    if (OnSizes().changed)
+        OnSizes().window->CallAfter(OnSizes().changed);
     return G_SOURCE_REMOVE;
+}
+
+/// The toolkit takes new sizes over with its next frame, and measures by the old ones until then.
+void NoteSizes()
+{
+    if (OnSizes().changed)
+        gtk_widget_add_tick_callback(OnSizes().window->GetHandle(), TellSizes, nullptr, nullptr);
 }
 
 void NoteTextSize(GObject*, GParamSpec*, gpointer)
 {
-    // The toolkit takes the size over with its next frame, and measures by the old one until then.
-    if (OnTextSize().changed)
-        gtk_widget_add_tick_callback(OnTextSize().window->GetHandle(), TellTextSize, nullptr, nullptr);
+    NoteSizes();
 }
 
 GtkCssProvider* Provider()
@@ -85,13 +90,13 @@ Density DensityOf(std::string_view code)
     return code == "comfortable" ? Density::Comfortable : Density::Compact;
 }
 
-void SetOnTextSize([[maybe_unused]] wxWindow& window, [[maybe_unused]] std::function<void()> changed)
+void SetOnSizes([[maybe_unused]] wxWindow& window, [[maybe_unused]] std::function<void()> changed)
 {
 #ifdef __WXGTK__
     // A window that goes may do so after the next one has come.
-    if (!changed && OnTextSize().window != &window)
+    if (!changed && OnSizes().window != &window)
         return;
-    OnTextSize() = {&window, std::move(changed)};
+    OnSizes() = {&window, std::move(changed)};
     static const bool isConnected = [] {
         for (const char* signal : {"notify::gtk-xft-dpi", "notify::gtk-font-name"})
             g_signal_connect(gtk_settings_get_default(), signal, G_CALLBACK(NoteTextSize), nullptr);
@@ -108,6 +113,7 @@ void Set(Density density)
         return;
     const std::string style = std::string(kFocus) + (density == Density::Compact ? kCompact : "");
     gtk_css_provider_load_from_data(Provider(), style.data(), static_cast<gssize>(style.size()), nullptr);
+    NoteSizes();
 #endif
 }
 

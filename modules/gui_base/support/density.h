@@ -21,11 +21,13 @@ namespace density {
 
 /// What the setting "density" holds: "comfortable", or compact for any other text.
 GUI_BASE_EXPORT Density DensityOf(std::string_view code);
-/// Windows that exist follow when they are laid out anew. Without a display nothing happens.
+/// Windows that exist follow when they are laid out anew, for which see below. Without a display nothing
+/// happens.
 GUI_BASE_EXPORT void Set(Density density);
 
-/// Calls `changed` when the user has given the texts of the system another size and `window`, which is the
-/// caller's, can be measured by it: the last window that asked for it, until it calls with null.
-GUI_BASE_EXPORT void SetOnTextSize(wxWindow& window, std::function<void()> changed);
+/// Calls `changed` when the user has given the texts of the system another size, or forms another density,
+/// and `window`, which is the caller's, can be measured by it: the last window that asked for it, until it
+/// calls with null.
+GUI_BASE_EXPORT void SetOnSizes(wxWindow& window, std::function<void()> changed);
 
 }  // namespace density

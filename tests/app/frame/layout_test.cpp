@@ -147,6 +147,9 @@ protected:
     void Settle()
     {
         constexpr int kMostTurns = 20;
+        // New sizes are taken over with the next frame.
+        constexpr int kQuietTurns = 3;
+        int quiet = 0;
         std::vector<wxRect> before;
         for (int turn = 0; turn < kMostTurns; ++turn) {
             // The toolkit gives windows their places on the screen by the beat of its clock.
@@ -158,7 +161,8 @@ protected:
                 now.push_back(window.GetRect());
                 now.push_back(window.GetScreenRect());
             });
-            if (now == before)
+            quiet = now == before ? quiet + 1 : 0;
+            if (quiet == kQuietTurns)
                 return;
             before = std::move(now);
         }

@@ -214,6 +214,28 @@ TEST(WaterDiagram, BarsStackIonsBesideEachOtherAndTellTheirShare)
     EXPECT_EQ(colours(at(1, 1, 6.0)), 1U);
 }
 
+TEST(WaterDiagram, TheLargestIonOfABarIsNamedInTheNarrowestPane)
+{
+    Water rest = Softened();
+    rest.ions.otherAnions = 20.0;
+    Water saline = Softened();
+    saline.ions.bicarbonate = 40.0;
+    saline.ions.chloride = 600.0;
+    struct Case
+    {
+        Water water;
+        const char* name;
+    };
+    for (const auto& [water, name] : {Case{rest, "Rest"}, {Softened(), "Alkalinity"}, {saline, "Alk."}}) {
+        const auto chart = MakeAs<chartdir::XYChart>(Kind::Bars, {water});
+        chart->setSize(250, 240);
+        std::vector<std::string> texts;
+        for (const support::Word& word : support::WordsOf(*chart))
+            texts.push_back(word.text);
+        EXPECT_THAT(texts, testing::Contains(name));
+    }
+}
+
 TEST(WaterDiagram, TheLegendOfBarsNamesEveryIonOrEndsWithAnEllipsis)
 {
     const auto chart = MakeAs<chartdir::XYChart>(Kind::Bars, Some(3));

@@ -12,6 +12,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <fstream>
 
 namespace {
@@ -116,7 +117,7 @@ TEST_F(WaterReportTest, TellsWhatAShortAnalysisRestsOn)
     Details().At("liquid/analysis.type").SetValue("SHORT_TDS");
     Details().At("liquid/tds.short").SetValue(584.4);
     const std::string page = Page(0);
-    EXPECT_THAT(page, HasSubstr("Short analysis based on TDS: 584.4 mg/l|"));
+    EXPECT_THAT(page, HasSubstr("Short analysis based on TDS: 584.4\u00a0mg/l|"));
     EXPECT_THAT(page, ContainsRegex("Sodium\\|\\|\\|229\\.9"));
     EXPECT_THAT(page, Not(HasSubstr("Calcium")));
     EXPECT_THAT(Page(1), Not(HasSubstr("hardness"))) << "nothing is known of it";
@@ -149,6 +150,27 @@ TEST_F(WaterReportTest, ConvertsPropertiesToTheUnitSystem)
     EXPECT_THAT(Page(1), ContainsRegex(
                              "Total hardness\\|1\\.42[0-9]*\\|0\\.71[0-9]*\\|4\\.00[0-9]*\\|71\\.[0-9]+\\|"));
     EXPECT_THAT(Page(1), ContainsRegex("Equivalent mineral acidity\\|1\\.5\\|\\|4\\.2[0-9]*\\|75"));
+}
+
+TEST_F(WaterReportTest, GivesHardnessInTheDegreeOfItsReader)
+{
+    ReportContext context;
+    EXPECT_THAT(Page(1, context),
+                ContainsRegex("Total hardness\\|1\\.4[0-9]*\\|0\\.7[0-9]*\\|4\\.0[0-9]*\\|71"));
+    context.unitSystem = "imperial";
+    EXPECT_THAT(Page(1, context),
+                ContainsRegex("Total hardness\\|1\\.4[0-9]*\\|0\\.7[0-9]*\\|5\\.0[0-9]*\\|71"));
+    context.unitSystem = "us";
+    EXPECT_THAT(Page(1, context), ContainsRegex("Total hardness\\|1\\.4[0-9]*\\|0\\.7[0-9]*\\|71"));
+}
+
+TEST_F(WaterReportTest, LeavesOutAnAlkalinityThatNobodyAnalysed)
+{
+    Details().At("liquid/ph").SetValue(7.0);
+    EXPECT_THAT(Page(1), AllOf(HasSubstr("Carbonate hardness|"), HasSubstr("Alkalinity (m-value)|")));
+    Details().At("liquid/hco3.orig").SetValue(std::nan(""));
+    EXPECT_THAT(Page(1), AllOf(HasSubstr("Total hardness|"), Not(HasSubstr("Carbonate hardness|")),
+                               Not(HasSubstr("Alkalinity (m-value)|"))));
 }
 
 TEST_F(WaterReportTest, ShowsAReportedAlkalinityInPlaceOfBicarbonate)
@@ -255,18 +277,18 @@ TEST_F(WaterReportTest, HasThePagesOfEveryWater)
     for (const ReportPage& page : builder.GetPages())
         names.push_back(page.name + " " + page.title.utf8_string());
     names.resize(6);
-    EXPECT_THAT(names, ElementsAre("0:analysis <Feed water>: <Water analysis>",
-                                   "0:properties <Feed water>: <Properties of the water>",
-                                   "0:evaluation <Feed water>: <Evaluation of the water>",
-                                   "1:analysis <Second>: <Water analysis>",
-                                   "1:properties <Second>: <Properties of the water>",
-                                   "1:evaluation <Second>: <Evaluation of the water>"));
+    EXPECT_THAT(names, ElementsAre("0:analysis <Feed water><:> <Water analysis>",
+                                   "0:properties <Feed water><:> <Properties of the water>",
+                                   "0:evaluation <Feed water><:> <Evaluation of the water>",
+                                   "1:analysis <Second><:> <Water analysis>",
+                                   "1:properties <Second><:> <Properties of the water>",
+                                   "1:evaluation <Second><:> <Evaluation of the water>"));
     EXPECT_THAT(builder.FindPages("1:analysis"), ElementsAre(3, 9));
     EXPECT_THAT(builder.FindPages("analysis"), ElementsAre(0, 3, 6, 9));
     EXPECT_TRUE(builder.FindPages("lysis").empty());
     const report::Document document = builder.Build({4, 0, 4}, {.title = "T"});
     ASSERT_EQ(document.sections.size(), 2u);
-    EXPECT_EQ(document.sections[1].title, "<Second>: <Properties of the water>");
+    EXPECT_EQ(document.sections[1].title, "<Second><:> <Properties of the water>");
     EXPECT_THROW(builder.Build({12}, {}), std::out_of_range);
     EXPECT_THROW(waters.BuildReportPage(6, {}), std::out_of_range);
     EXPECT_THROW(waters.BuildReportPage(-1, {}), std::out_of_range);

@@ -190,9 +190,9 @@ void NumericValidator::ColourByRange()
 void NumericValidator::UpdateStatusbar()
 {
     if (HasFlag(CheckMin) || HasFlag(CheckMinExclusive))
-        SetStatusbarText("Min: " + WithUnit(FormatMinValueAsString()), kMinField);
+        SetStatusbarText("Min" + i18n::Colon() + " " + WithUnit(FormatMinValueAsString()), kMinField);
     if (HasFlag(CheckMax) || HasFlag(CheckMaxExclusive))
-        SetStatusbarText("Max: " + WithUnit(FormatMaxValueAsString()), kMaxField);
+        SetStatusbarText("Max" + i18n::Colon() + " " + WithUnit(FormatMaxValueAsString()), kMaxField);
     if (HasFlag(ShowPreciseValue))
         SetStatusbarText(
             i18n::Translated("Value") + i18n::Colon() + " " + WithUnit(FormatValueAsString(kPreciseDigits)),

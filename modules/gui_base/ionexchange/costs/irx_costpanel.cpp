@@ -209,14 +209,12 @@ void IRXCostsPanel::DoCreateForm()
     SetSizer(new wxBoxSizer(wxVERTICAL));
     AddSection(wxTRANSLATE("Cost parameters"),
                {MakeBox(wxTRANSLATE("Designed system (Single line)"), kSystem), MakeCurrency()});
-    AddSection(wxTRANSLATE("Cost components"), {MakeResins()});
-    GetSizer()->Add(MakeBox(wxTRANSLATE("Equipment"), kEquipment),
-                    wxSizerFlags().Border(wxALL, FromDIP(form::kGap)));
+    AddSection(wxTRANSLATE("Cost components"), {MakeResins(), MakeBox(wxTRANSLATE("Equipment"), kEquipment)});
     AddSection(wxTRANSLATE("Regeneration"), {});
     m_chemicals = new IRXChemicalCostsPanel(&Plant(), this);
     GetSizer()->Add(m_chemicals);
-    AddSection(wxTRANSLATE("Costs"), {MakeBox(wxTRANSLATE("Cost projection"), kProjection), MakeCosts()});
-    GetSizer()->Add(MakeChart(), wxSizerFlags().Border(wxALL, FromDIP(2 * form::kGap)));
+    AddSection(wxTRANSLATE("Costs"),
+               {MakeBox(wxTRANSLATE("Cost projection"), kProjection), MakeCosts(), MakeChart()});
 }
 
 // What it shows

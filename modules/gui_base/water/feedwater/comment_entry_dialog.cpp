@@ -53,7 +53,8 @@ void CommentEntryDialog::CreateControls()
     };
     m_save = button(wxID_OK, i18n::Translated("&Save"));
     auto* buttons = new wxBoxSizer(wxHORIZONTAL);
-    buttons->Add(new wxStaticText(this, wxID_ANY, label), wxSizerFlags().CentreVertical());
+    buttons->Add(new wxStaticText(this, wxID_ANY, label),
+                 wxSizerFlags().CentreVertical().Border(wxRIGHT, 2 * gap));
     buttons->AddStretchSpacer();
     buttons->Add(m_save, wxSizerFlags().Border(wxRIGHT, gap));
     buttons->Add(button(wxID_CANCEL, i18n::Translated("&Cancel")));

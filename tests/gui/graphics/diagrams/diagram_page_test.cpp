@@ -263,7 +263,7 @@ TEST_F(DiagramPageTest, TellsWhatIsUnderThePointer)
         return !piper.GetHotSpotText().empty();
     }));
     EXPECT_THAT(piper.GetHotSpotText().utf8_string(), HasSubstr("Softened"));
-    EXPECT_THAT(piper.GetHotSpotText().utf8_string(), HasSubstr("Na\u207a+K\u207a 100.0 %"));
+    EXPECT_THAT(piper.GetHotSpotText().utf8_string(), HasSubstr("Na\u207a+K\u207a 100.0\u00a0%"));
     wxChartViewer& stiff = Viewer(Kind::Stiff);
     const auto corner = Stiff().getPolygon(0)[1];
     MoveTo(stiff, {corner.x + 2.0, corner.y});
