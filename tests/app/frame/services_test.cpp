@@ -49,7 +49,7 @@ TEST_F(ServicesInTheProgram, RatesAreReachedByTheMenuInTheLanguageOfTheProgram)
         EXPECT_EQ(list.GetShownRow(0)[1], "Schweizer Franken");
         return wxID_CANCEL;
     });
-    Menu("Extras", "Wechselkurse ...");
+    Menu("Extras", "Wechselkurse...");
 }
 
 TEST_F(ServicesInTheProgram, AFailedRenewalIsToldAndStaysInTheMessageArea)
@@ -79,7 +79,7 @@ TEST_F(ServicesInTheProgram, DataSheetsAreReachedByTheMenuInTheLanguageOfTheProg
         EXPECT_EQ(products.GetString(1), "Stark saures Kationenharz, Gel (sac_gel)");
         return wxID_CANCEL;
     });
-    Menu(m_frame->GetMenuBar()->FindMenuItem("Extras", wxString::FromUTF8("Datenbl\u00e4tter ...")));
+    Menu(m_frame->GetMenuBar()->FindMenuItem("Extras", wxString::FromUTF8("Datenbl\u00e4tter...")));
 }
 
 }  // namespace

@@ -195,7 +195,7 @@ TEST_F(WaterToolsTest, SpeaksGerman)
         EXPECT_EQ(gui_test::Find<wxListView>(library, "Einzelheiten").GetItemText(0, 0), "Natrium");
         return wxID_CANCEL;
     });
-    Menu("Extras", "Wasserbibliothek ...");
+    Menu("Extras", "Wasserbibliothek...");
     EXPECT_FALSE(m_frame->GetDocument().IsUnsaved());
 }
 
