@@ -24,7 +24,6 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <ranges>
 #include <utility>
 
 namespace app {
@@ -221,8 +220,9 @@ const std::vector<wxBitmap>& StartPage::ExampleStrips()
     if (!m_strips.empty() && m_strips.front().GetSize() == size)
         return m_strips;
     m_strips.clear();
-    for (const WaterTemplate& water : WaterTemplates() | std::views::take(kMostExamples)) {
-        m_strips.push_back(IonStrip(*NewProjectFrom(water)->GetLiquid(0).GetDetails(), size));
+    const std::vector<WaterTemplate>& waters = WaterTemplates();
+    for (std::size_t i = 0; i < std::min(waters.size(), kMostExamples); ++i) {
+        m_strips.push_back(IonStrip(*NewProjectFrom(waters[i])->GetLiquid(0).GetDetails(), size));
         m_strips.back().SetScaleFactor(GetContentScaleFactor());
     }
     return m_strips;

@@ -7,7 +7,6 @@
 #include <algorithm>
 #include <cmath>
 #include <map>
-#include <ranges>
 
 namespace chartdir {
 
@@ -136,9 +135,9 @@ private:
             floor = name.top;
         }
         double ceiling = m_plot.y;
-        for (Name& name : m_names | std::views::reverse) {
-            name.top = std::max(name.top, ceiling);
-            ceiling = name.top + name.text->Height();
+        for (auto name = m_names.rbegin(); name != m_names.rend(); ++name) {
+            name->top = std::max(name->top, ceiling);
+            ceiling = name->top + name->text->Height();
         }
     }
 
