@@ -68,6 +68,9 @@ water_diagram::Kind WaterDiagramPanel::GetKind() const
 void WaterDiagramPanel::Localize(const std::string& unitSystem)
 {
     m_kind->Localize(unitSystem);
+    // Texts may be longer, and fields higher.
+    m_kind->InvalidateBestSize();
+    Layout();
     m_unitSystem = unitSystem;
     if (m_water)
         m_water->name = i18n::Translated(m_source.c_str()).utf8_string();
