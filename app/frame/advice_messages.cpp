@@ -3,6 +3,7 @@
 
 #include "gui_base/report/advice_text.h"
 #include "gui_base/report/range_sentence.h"
+#include "gui_base/report/with_title.h"
 #include "projectbase/project/iex_project.h"
 #include "projectbase/project/project_changes.h"
 

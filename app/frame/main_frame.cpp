@@ -209,6 +209,8 @@ void MainFrame::FocusPage()
 
 void MainFrame::RebuildPages()
 {
+    // What is being typed is stored while all still listen.
+    CommitFocusedField();
     const wxWindowUpdateLocker frozen(this);
     KeepArrangement();
     ClosePages();

@@ -7,8 +7,6 @@
 #include <wx/control.h>
 #include <wx/treectrl.h>
 
-#include <utility>
-
 namespace app {
 
 class PageHost;
@@ -18,8 +16,8 @@ class PageHost;
 class PageItem : public wxTreeItemData
 {
 public:
-    PageItem(wxString name, wxEllipsizeMode howToShorten, PageHost* host)
-        : m_name(std::move(name)), m_howToShorten(howToShorten), m_host(host)
+    PageItem(const wxString& name, wxEllipsizeMode howToShorten, PageHost* host)
+        : m_name(name), m_howToShorten(howToShorten), m_host(host)
     {}
     const wxString& GetName() const { return m_name; }
     wxEllipsizeMode GetHowToShorten() const { return m_howToShorten; }

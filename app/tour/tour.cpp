@@ -91,6 +91,7 @@ std::unique_ptr<Project> NewPicturedFor(const Module& module)
         AddOtherWaters(*project);
     return project;
 }
+
 }  // namespace
 
 /// How a module is pictured.

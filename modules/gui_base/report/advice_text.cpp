@@ -3,8 +3,8 @@
 
 #include "core/amount_text.h"
 #include "gui_base/report/balance_text.h"
-#include "gui_base/report/range_sentence.h"
 #include "gui_base/report/told_apart.h"
+#include "gui_base/report/with_title.h"
 #include "projectbase/advice/saturation.h"
 #include "projectbase/units/unit_system_manager.h"
 

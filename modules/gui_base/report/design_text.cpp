@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "core/amount_text.h"
 #include "gui_base/report/design_report.h"
+#include "gui_base/report/with_title.h"
 #include "projectbase/design/exchanger_label.h"
 #include "projectbase/design/resins.h"
 #include "projectbase/project/owner_node.h"
@@ -29,11 +30,6 @@ constexpr std::array kCompartmentResults{"stepcomp/load",       "stepcomp/capaci
                                          "stepcomp/rm",         "stepcomp/rb.ratio", "stepcomp/rb.excess",
                                          "stepcomp/cond.amount"};
 constexpr std::array kResinResults{"compcomp/vol", "compcomp/vol.actual", "compcomp/vol.total"};
-
-std::string Colon(const ReportContext& context)
-{
-    return context.Translated(wxTRANSLATE(":")) + " ";
-}
 
 std::string Range(double low, double high, const ReportContext& context)
 {
@@ -124,11 +120,11 @@ std::vector<Line> CapacityLines(const design::Capacity& capacity, const ReportCo
     if (std::isnan(capacity.value))
         return {};
     const std::string origin =
-        context.Translated(wxTRANSLATE("Capacity")) + Colon(context) + context.Translated(capacity.origin);
+        WithTitle(context.Translated(wxTRANSLATE("Capacity")), context.Translated(capacity.origin), context);
     std::vector<Line> lines{Amount(origin, capacity.base, "eq/l", context)};
     for (const design::Correction& correction : capacity.Corrections())
-        lines.push_back({context.Translated(wxTRANSLATE("Correction")) + Colon(context) +
-                             context.Translated(correction.name),
+        lines.push_back({WithTitle(context.Translated(wxTRANSLATE("Correction")),
+                                   context.Translated(correction.name), context),
                          "\u00d7 " + context.Number(correction.factor, kDigits),
                          {}});
     return lines;
@@ -142,7 +138,7 @@ std::vector<Line> LeakageLines(const std::vector<design::Leakage>& leakages, con
             return UnitSystemManager::FromISO(leakage.unit, context.unitSystem, value);
         };
         lines.push_back(
-            {context.Translated(wxTRANSLATE("Leakage")) + Colon(context) + context.Translated(leakage.name),
+            {WithTitle(context.Translated(wxTRANSLATE("Leakage")), context.Translated(leakage.name), context),
              Range(shown(leakage.low), shown(leakage.high), context),
              UnitSystemManager::GetUnit(leakage.unit, context.unitSystem, true)});
     }
@@ -158,8 +154,8 @@ std::vector<Line> NeutralisationLines(const design::PlantDesign& plant, const Re
     std::vector<Line> lines{Amount(context.Translated(surplus), std::fabs(plant.neutral), "eq", context)};
     const std::string neutralised = context.Translated(wxTRANSLATE("Neutralised with"));
     const auto add = [&](const design::Regenerant& chemical, double mass) {
-        lines.push_back(Amount(neutralised + Colon(context) + context.Translated(chemical.name.c_str()), mass,
-                               "kg", context));
+        lines.push_back(Amount(WithTitle(neutralised, context.Translated(chemical.name.c_str()), context),
+                               mass, "kg", context));
     };
     if (plant.bought != nullptr)
         add(*plant.bought, plant.boughtMass);
@@ -187,8 +183,8 @@ std::string TextOf(const std::vector<Line>& lines, const ReportContext& context)
 {
     std::string text;
     for (const Line& line : lines)
-        text += (text.empty() ? "" : "\n") + line.name + Colon(context) +
-                numbertext::WithUnit(line.value, line.unit);
+        text += (text.empty() ? "" : "\n") +
+                WithTitle(line.name, numbertext::WithUnit(line.value, line.unit), context);
     return text;
 }
 

@@ -3,7 +3,7 @@
 
 #include "dbinterfaces/compound_names.h"
 #include "dbinterfaces/master_database.h"
-#include "gui_base/report/range_sentence.h"
+#include "gui_base/report/with_title.h"
 #include "projectbase/project/iex_project.h"
 #include "projectbase/units/unit_system_manager.h"
 

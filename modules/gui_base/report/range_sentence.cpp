@@ -5,6 +5,7 @@
 #include "dbinterfaces/compound_names.h"
 #include "gui_base/report/design_report.h"
 #include "gui_base/report/told_apart.h"
+#include "gui_base/report/with_title.h"
 #include "projectbase/project/project.h"
 #include "projectbase/units/unit_system_manager.h"
 
@@ -54,12 +55,6 @@ std::string RangeSentence(const RangeFault& fault, const ReportContext& context)
         context.Translated(fault.sentence.empty() ? usual : fault.sentence.c_str()), LabelOf(fault, context),
         fault.value, fault.limit, kDigits,
         [&](double number, int digits) { return WithUnit(number, digits, fault, context); });
-}
-
-std::string WithTitle(const std::string& title, const std::string& sentence, const ReportContext& context)
-{
-    return title.empty() ? sentence
-                         : fmt::format("{}{} {}", title, context.Translated(wxTRANSLATE(":")), sentence);
 }
 
 std::string RangeSentence(const RangeFault& fault, const Project& project, const ReportContext& context)

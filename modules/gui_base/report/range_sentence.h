@@ -20,6 +20,3 @@ GUI_BASE_REPORT_EXPORT std::string RangeSentence(const RangeFault& fault, const 
 /// the plant its title; of the project nothing.
 GUI_BASE_REPORT_EXPORT std::string OwnerTitle(DetailOwner owner, const Project& project,
                                               const ReportContext& context);
-/// "Well 2: Sodium ...", with the colon of the language; the sentence alone behind an empty title.
-GUI_BASE_REPORT_EXPORT std::string WithTitle(const std::string& title, const std::string& sentence,
-                                             const ReportContext& context);

@@ -2,7 +2,7 @@
 #include "gui_base/report/regeneration_report.h"
 
 #include "gui_base/report/design_report.h"
-#include "gui_base/report/range_sentence.h"
+#include "gui_base/report/with_title.h"
 #include "projectbase/project/iex_project.h"
 #include "projectbase/sequence/sequence_calculation.h"
 #include "projectbase/sequence/sequence_rows.h"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "gui_base/report/report_builder.h"
 
-#include "gui_base/report/range_sentence.h"
+#include "gui_base/report/with_title.h"
 #include "projectbase/details/date_text.h"
 #include "projectbase/project/project.h"
 

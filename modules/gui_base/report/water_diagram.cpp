@@ -2,8 +2,8 @@
 #include "gui_base/report/water_diagram.h"
 
 #include "core/amount_text.h"
-#include "gui_base/report/range_sentence.h"
 #include "gui_base/report/water_diagram_parts.h"
+#include "gui_base/report/with_title.h"
 #include "projectbase/project/project.h"
 #include "projectbase/settings/settings.h"
 

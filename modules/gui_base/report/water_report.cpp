@@ -4,8 +4,8 @@
 #include "core/amount_text.h"
 #include "gui_base/report/blend_tiles.h"
 #include "gui_base/report/evaluation_tables.h"
-#include "gui_base/report/range_sentence.h"
 #include "gui_base/report/water_tables.h"
+#include "gui_base/report/with_title.h"
 #include "projectbase/advice/evaluation.h"
 #include "projectbase/project/project.h"
 #include "projectbase/units/unit_system_manager.h"
@@ -139,7 +139,7 @@ report::Section WaterReport::BuildReportPage(int id, const ReportContext& contex
 
 std::string WaterReport::Title(std::size_t water, const char* page, const ReportContext& context) const
 {
-    const std::string title = context.Translated(page);
+    std::string title = context.Translated(page);
     if (m_project.GetLiquidCount() < 2)
         return title;
     return WithTitle(context.Translated(m_project.GetLiquid(water).GetName().c_str()), title, context);

@@ -5,7 +5,7 @@
 #include "core/ion_table.h"
 #include "gui_base/report/advice_text.h"
 #include "gui_base/report/balance_text.h"
-#include "gui_base/report/range_sentence.h"
+#include "gui_base/report/with_title.h"
 #include "projectbase/advice/evaluation.h"
 #include "projectbase/project/iex_project.h"
 #include "projectbase/units/unit_system_manager.h"
@@ -255,12 +255,17 @@ std::string HardnessDegree(const ReportContext& context)
 {
     if (context.unitSystem == "us")
         return {};
-    return context.unitSystem == "imperial" ? "\u00b0e" : context.Translated(wxTRANSLATE("°d"));
+    constexpr const char* kFrench = "\u00b0f";
+    if (context.unitSystem == "imperial")
+        return "\u00b0e";
+    // A text of its own, which names the degree of the country: a unit that is translated is another amount.
+    return context.Translated(wxTRANSLATE("Hardness in °d")).ends_with(kFrench) ? kFrench : "\u00b0d";
 }
 
 std::vector<ResultTile> EmptyTiles(const ReportContext& context)
 {
     std::vector<ResultTile> tiles;
+    tiles.reserve(std::size(kTiles));
     for (const TileRow& row : kTiles)
         tiles.push_back({.id = row.id,
                          .title = context.Translated(row.title) + row.titleSuffix,

@@ -7,6 +7,7 @@
 #include "gui_base/report/balance_text.h"
 #include "gui_base/report/range_sentence.h"
 #include "gui_base/report/water_results.h"
+#include "gui_base/report/with_title.h"
 #include "gui_base/water/rows/ion_rows.h"
 #include "gui_base/water/rows/property_rows.h"
 #include "projectbase/advice/balance_judgement.h"

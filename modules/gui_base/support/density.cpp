@@ -36,10 +36,12 @@ checkbutton, radiobutton { padding: 0; }
 toolbar button { padding: 3px; }
 )";
 
+/// Both or none.
 struct SizesListener
 {
     wxWindow* window = nullptr;
     std::function<void()> changed;
+    bool isNoted = false;
 };
 
 SizesListener& OnSizes()
@@ -50,8 +52,9 @@ SizesListener& OnSizes()
 
 gboolean TellSizes(GtkWidget*, GdkFrameClock*, gpointer)
 {
+    OnSizes().isNoted = false;
     // Once the frame that has begun is drawn.
-    if (OnSizes().changed)
+    if (OnSizes().window != nullptr)
         OnSizes().window->CallAfter(OnSizes().changed);
     return G_SOURCE_REMOVE;
 }
@@ -59,7 +62,8 @@ gboolean TellSizes(GtkWidget*, GdkFrameClock*, gpointer)
 /// The toolkit takes new sizes over with its next frame, and measures by the old ones until then.
 void NoteSizes()
 {
-    if (OnSizes().changed)
+    // Several changes before that are one.
+    if (OnSizes().window != nullptr && !std::exchange(OnSizes().isNoted, true))
         gtk_widget_add_tick_callback(OnSizes().window->GetHandle(), TellSizes, nullptr, nullptr);
 }
 
@@ -96,7 +100,7 @@ void SetOnSizes([[maybe_unused]] wxWindow& window, [[maybe_unused]] std::functio
     // A window that goes may do so after the next one has come.
     if (!changed && OnSizes().window != &window)
         return;
-    OnSizes() = {&window, std::move(changed)};
+    OnSizes() = changed ? SizesListener{.window = &window, .changed = std::move(changed)} : SizesListener{};
     static const bool isConnected = [] {
         for (const char* signal : {"notify::gtk-xft-dpi", "notify::gtk-font-name"})
             g_signal_connect(gtk_settings_get_default(), signal, G_CALLBACK(NoteTextSize), nullptr);

@@ -181,6 +181,20 @@ TEST_F(WorkAreaTest, WarningsOfAdviceAreMessagesThatLeadToTheirValue)
     Settings::Reset("limit.turbidity.soft.warn");
 }
 
+TEST_F(WorkAreaTest, WhatIsBeingTypedOutlivesAnotherTextSize)
+{
+    const wxString before = WaterPage().FindField("liquid/na.orig")->GetValue();
+    gui_test::Focus(*WaterPage().FindField("liquid/na.orig"));
+    gui_test::Type("12.5");
+    density::Set(Density::Comfortable);
+    EXPECT_TRUE(gui_test::PumpUntil([this] { return Water("na.orig").GetDoubleValue() == 12.5; }));
+    EXPECT_EQ(WaterPage().FindField("liquid/na.orig")->GetValue(), "12.5");
+    m_frame->Undo();
+    EXPECT_EQ(WaterPage().FindField("liquid/na.orig")->GetValue(), before);
+    density::Set(Density::Compact);
+    gui_test::Pump();
+}
+
 TEST_F(WorkAreaTest, ResultsSayWhoseTheyAre)
 {
     m_frame->SetDocument(std::make_unique<app::Document>(app::NewProjectFrom(
