@@ -80,6 +80,34 @@ TEST(Layout, TextsStandWithinTheChartAndNeverOnEachOtherOrInThePlotArea)
     }
 }
 
+TEST(Layout, NumbersOfAnAxisAreWrittenAlikeAndToldApart)
+{
+    struct Row
+    {
+        double lower;
+        double upper;
+        std::vector<std::string> numbers;
+    };
+    const std::vector<Row> rows{
+        {0, 1e7, {"0", "2.0e+06", "4.0e+06", "6.0e+06", "8.0e+06", "1.0e+07"}},
+        {2e7, 2.05e7, {"2.00e+07", "2.01e+07", "2.02e+07", "2.03e+07", "2.04e+07", "2.05e+07"}},
+        {0, 5e6, {"0", "1000000", "2000000", "3000000", "4000000", "5000000"}},
+        {0, 8e-5, {"0.00000", "0.00002", "0.00004", "0.00006", "0.00008"}},
+        {-5e-6, 0, {"0", "-1.0e-06", "-2.0e-06", "-3.0e-06", "-4.0e-06", "-5.0e-06"}},
+    };
+    for (const Row& row : rows) {
+        XYChart chart(500, 260);
+        chart.xAxis().setLabels({"one"});
+        chart.yAxis().setLinearScale(row.lower, row.upper);
+        std::vector<std::string> numbers;
+        for (const support::Word& word : support::WordsOf(chart))
+            if (word.text != "one")
+                numbers.push_back(word.text);
+        EXPECT_THAT(numbers, testing::UnorderedElementsAreArray(row.numbers))
+            << row.lower << ", " << row.upper;
+    }
+}
+
 TEST(Layout, ThePlotAreaStaysWhereItIsWhileAViewIsMoved)
 {
     XYChart chart(600, 400);

@@ -9,15 +9,26 @@
 namespace {
 
 constexpr int kMostTextWidth = 240;  // DIP
+constexpr int kLeastTextWidth = 36;
 
 }  // namespace
 
+int TabArt::TextWidth(const wxString& text, wxDC& dc) const
+{
+    // The same whether the tab is in front or not: its neighbours stay where they are.
+    const wxDCFontChanger font(dc, m_measuringFont);
+    return dc.GetTextExtent(text).GetWidth();
+}
+
+wxString TabArt::ShortenedTo(int width, const wxString& text, wxDC& dc) const
+{
+    const wxDCFontChanger font(dc, m_measuringFont);
+    return wxControl::Ellipsize(text, dc, wxELLIPSIZE_MIDDLE, width, wxELLIPSIZE_FLAGS_NONE);
+}
+
 wxString TabArt::Shortened(const wxString& text, wxDC& dc, const wxWindow& window) const
 {
-    // The same text whether the tab is in front or not: its neighbours stay where they are.
-    const wxDCFontChanger font(dc, m_measuringFont);
-    return wxControl::Ellipsize(text, dc, wxELLIPSIZE_MIDDLE, window.FromDIP(kMostTextWidth),
-                                wxELLIPSIZE_FLAGS_NONE);
+    return ShortenedTo(window.FromDIP(kMostTextWidth), text, dc);
 }
 
 wxSize TabArt::GetTabSize(wxDC& dc, wxWindow* window, const wxString& caption, const wxBitmapBundle& bitmap,
@@ -32,6 +43,16 @@ void TabArt::DrawTab(wxDC& dc, wxWindow* window, const wxAuiNotebookPage& page, 
 {
     wxAuiNotebookPage shown = page;
     shown.caption = Shortened(page.caption, dc, *window);
+    const wxSize whole = wxAuiDefaultTabArt::GetTabSize(dc, window, shown.caption, page.bitmap, page.active,
+                                                        closeButtonState, width);
+    if (whole.x > place.width) {
+        const int room = TextWidth(shown.caption, dc) - (whole.x - place.width);
+        if (room < window->FromDIP(kLeastTextWidth)) {
+            *tab = *button = wxRect();
+            return;
+        }
+        shown.caption = ShortenedTo(room, page.caption, dc);
+    }
     wxAuiDefaultTabArt::DrawTab(dc, window, shown, place, closeButtonState, tab, button, width);
 }
 

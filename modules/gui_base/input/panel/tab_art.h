@@ -5,7 +5,9 @@
 #include <wx/aui/tabart.h>
 
 /// Draws the tabs of a notebook as the toolkit does, but texts that are too long shortened in the middle:
-/// names often begin alike. The pages keep their whole texts, which the list of the pages shows.
+/// names often begin alike. The last tab in sight is shortened to the room that is left, which the toolkit
+/// would cut, or left out where that is too little. The pages keep their whole texts, which the list of the
+/// pages shows.
 class TabArt : public wxAuiDefaultTabArt
 {
 public:
@@ -18,6 +20,10 @@ public:
 
     /// What a tab shows of a text.
     wxString Shortened(const wxString& text, wxDC& dc, const wxWindow& window) const;
+
+private:
+    wxString ShortenedTo(int width, const wxString& text, wxDC& dc) const;
+    int TextWidth(const wxString& text, wxDC& dc) const;
 };
 
 /// Lets the user choose one of the names from a menu at a place of a window; the one that is `active` is

@@ -4,6 +4,7 @@
 #include "tests/support/gui_test.h"
 
 #include <wx/dcclient.h>
+#include <wx/dcmemory.h>
 #include <wx/menu.h>
 #include <wx/sizer.h>
 #include <wx/stopwatch.h>
@@ -249,6 +250,33 @@ TEST_F(AuiNotebookTest, TheHostHearsOfOneSelection)
     Load(*notebook, "a=+1,0,2,3@");
     EXPECT_EQ(notebook->GetSelection(), 2) << "no page of the text is selected";
     ExpectSound(*notebook, "without a selection");
+}
+
+TEST_F(AuiNotebookTest, TheLastTabInSightIsDrawnInTheRoomThatIsLeft)
+{
+    AuiNotebook* notebook = Make(1);
+    wxAuiTabArt* art = notebook->GetArtProvider();
+    wxAuiNotebookPage page;
+    page.caption = "Regeneration 3";
+    wxBitmap bitmap(400, 60);
+    wxMemoryDC dc(bitmap);
+    int whole = 0;
+    art->GetTabSize(dc, notebook, page.caption, {}, false, wxAUI_BUTTON_STATE_HIDDEN, &whole);
+    const auto drawn = [&](int room) {
+        wxRect tab;
+        wxRect button;
+        int width = 0;
+        art->DrawTab(dc, notebook, page, {0, 0, room, 40}, wxAUI_BUTTON_STATE_HIDDEN, &tab, &button, &width);
+        EXPECT_GE(room, tab.width);
+        return tab.width == 0 ? 0 : width;
+    };
+    EXPECT_EQ(drawn(whole), whole);
+    EXPECT_EQ(drawn(whole + 100), whole);
+    for (const int missing : {1, 10, 30}) {
+        EXPECT_LE(drawn(whole - missing), whole - missing) << "cut";
+        EXPECT_GT(drawn(whole - missing), whole / 2) << missing;
+    }
+    EXPECT_EQ(drawn(30), 0) << "there is nothing to read in so little";
 }
 
 TEST_F(AuiNotebookTest, LongTextsOfTabsAreShortenedAndTheListHasThemWhole)
