@@ -8,12 +8,13 @@
 #include <wx/mstream.h>
 #include <wx/zipstrm.h>
 
-#include <memory>
+#include <utility>
 
 namespace tncommon {
 namespace {
 
 constexpr std::size_t kLargestArchive = std::size_t{64} << 20;
+constexpr std::size_t kMostEntries = 65535;
 
 }  // namespace
 
@@ -34,23 +35,39 @@ std::string ReadOpenEntry(wxZipInputStream& zip, std::size_t limit)
 
 ZipArchive::ZipArchive(const std::filesystem::path& path) : m_bytes(ReadWholeFile(path, kLargestArchive)) {}
 
-std::optional<std::string> ZipArchive::Read(const std::string& entry, std::size_t limit) const
+ZipArchive::~ZipArchive() = default;
+
+void ZipArchive::ReadDirectory() const
 {
     if (!m_bytes.starts_with(kZipSignature))
         throw ZipError(ZipError::Problem::StructureWrong);
-    // Whatever the archive code has to say is said by the exception.
-    const wxLogNull noLog;
     wxMemoryInputStream memory(m_bytes.data(), m_bytes.size());
     wxZipInputStream zip(memory, wxConvUTF8);
-    const wxString name = wxString::FromUTF8(entry);
-    while (const std::unique_ptr<wxZipEntry> found{zip.GetNextEntry()}) {
-        if (found->IsDir() || found->GetInternalName() != name)
-            continue;
-        return ReadOpenEntry(zip, limit);
+    std::map<std::string, std::unique_ptr<wxZipEntry>> entries;
+    for (std::size_t count = 1; std::unique_ptr<wxZipEntry> entry{zip.GetNextEntry()}; ++count) {
+        if (count > kMostEntries)
+            throw ZipError(ZipError::Problem::TooLarge);
+        if (!entry->IsDir())
+            entries.try_emplace(entry->GetInternalName().utf8_string(), std::move(entry));
     }
     if (zip.GetLastError() == wxSTREAM_READ_ERROR)
         throw ZipError(ZipError::Problem::StructureWrong);
-    return std::nullopt;
+    m_entries = std::move(entries);
+}
+
+std::optional<std::string> ZipArchive::Read(const std::string& entry, std::size_t limit) const
+{
+    // Whatever the archive code has to say is said by the exception.
+    const wxLogNull noLog;
+    std::call_once(m_isDirectoryRead, [this] { ReadDirectory(); });
+    const auto found = m_entries.find(entry);
+    if (found == m_entries.end())
+        return std::nullopt;
+    wxMemoryInputStream memory(m_bytes.data(), m_bytes.size());
+    wxZipInputStream zip(memory, wxConvUTF8);
+    if (!zip.OpenEntry(*found->second))
+        throw ZipError(ZipError::Problem::StructureWrong);
+    return ReadOpenEntry(zip, limit);
 }
 
 }  // namespace tncommon

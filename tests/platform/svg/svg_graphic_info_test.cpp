@@ -119,6 +119,13 @@ TEST_F(SvgGraphicInfoTest, WhatIsNotThereOrTooLargeIsNamed)
     EXPECT_EQ(ProblemOf([&] { FromFile(Write("huge.svg", huge)); }), Problem::TooLarge);
     for (const char* entry : {"b.svg", "A.svg", "folder/", "../graphics.zrc", ""})
         EXPECT_EQ(ProblemOf([&] { FromArchive(archive, entry); }), Problem::Missing) << entry;
+    std::vector<support::ZipEntryText> many(65'535, {"a.svg", "", ""});
+    many.front().bytes = kGraphic;
+    EXPECT_EQ(TextOf(FromArchive(Write("many.zrc", ZipBytes(many)), "a.svg").document),
+              TextOf(FromArchive(archive, "a.svg").document));
+    many.push_back({"a.svg", "", ""});
+    EXPECT_EQ(ProblemOf([&] { FromArchive(Write("too_many.zrc", ZipBytes(many)), "a.svg"); }),
+              Problem::TooLarge);
     EXPECT_EQ(ProblemOf([&] { FromArchive(m_folder / "none.zrc", "a.svg"); }), Problem::Missing);
     EXPECT_EQ(ProblemOf([&] { FromFile(m_folder.Path()); }), Problem::Missing) << "a folder";
     EXPECT_EQ(ProblemOf([] { ArchiveLoadPolicy::Load({nullptr, "a.svg"}); }), Problem::Missing);
