@@ -6,6 +6,7 @@
 #include "gui_base/dialogs/dialog_buttons.h"
 #include "gui_base/dialogs/questions.h"
 #include "gui_base/ionexchange/exchanger_name.h"
+#include "gui_base/support/list_column.h"
 #include "gui_base/support/translation.h"
 #include "projectbase/design/exchanger_label.h"
 #include "projectbase/project/iex_project.h"
@@ -57,7 +58,7 @@ void PlantDialog::MakeControls(const wxString& action, bool withExample)
 {
     m_list = new wxListView(this, wxID_ANY, wxDefaultPosition, FromDIP(wxSize(420, 240)),
                             wxLC_REPORT | wxLC_SINGLE_SEL);
-    m_list->AppendColumn(i18n::Translated("Plant"), wxLIST_FORMAT_LEFT, FromDIP(400));
+    list_column::Append(*m_list, i18n::Translated("Plant"), 400);
     long present = 0;
     for (const DBObjects::PlantType& type : m_types) {
         const long item =

@@ -5,6 +5,7 @@
 #include "gui_base/dialogs/questions.h"
 #include "gui_base/messages/user_message.h"
 #include "gui_base/support/accessibility.h"
+#include "gui_base/support/list_column.h"
 #include "gui_base/support/translation.h"
 #include "projectbase/details/date_text.h"
 
@@ -83,8 +84,8 @@ RecoveryDialog::RecoveryDialog(wxWindow* parent, std::vector<RecoverableFile> fi
 
 void RecoveryDialog::AddList()
 {
-    m_list->AppendColumn(Tr(wxTRANSLATE("Project")), wxLIST_FORMAT_LEFT, FromDIP(480));
-    m_list->AppendColumn(Tr(wxTRANSLATE("Kept at")), wxLIST_FORMAT_LEFT, FromDIP(140));
+    list_column::Append(*m_list, Tr(wxTRANSLATE("Project")), 480);
+    list_column::Append(*m_list, Tr(wxTRANSLATE("Kept at")), 140);
     accessibility::SetName(*m_list, Tr("Unsaved work"));
     for (const RecoverableFile& file : m_files) {
         const long item = m_list->InsertItem(m_list->GetItemCount(), NameOf(file));

@@ -9,6 +9,7 @@
 #include "gui_base/messages/user_message.h"
 #include "gui_base/support/accessibility.h"
 #include "gui_base/support/image_loader.h"
+#include "gui_base/support/text_font.h"
 #include "gui_base/support/translation.h"
 #include "tncommon/data_dir.h"
 #include "tncommon/zip_archive.h"
@@ -155,7 +156,7 @@ void StartPage::Build()
     m_isBuilt = true;
     DestroyChildren();
     auto* title = new wxStaticText(this, wxID_ANY, "Tarnvik");
-    title->SetFont(title->GetFont().Bold().Scaled(1.6F));
+    text_font::Set(*title, title->GetFont().Bold().Scaled(1.6F));
     auto* subtitle = new wxStaticText(this, wxID_ANY, Tr("Design of ion-exchange water-treatment plants"));
     auto* columns = new wxWrapSizer(wxHORIZONTAL, wxREMOVE_LEADING_SPACES);
     columns->Add(NewSection(wxTRANSLATE("New project"), BuildPlants()));
@@ -174,7 +175,7 @@ wxSizer* StartPage::NewSection(const char* title, wxSizer* content)
 {
     auto* section = new wxBoxSizer(wxVERTICAL);
     auto* head = new wxStaticText(this, wxID_ANY, Tr(title));
-    head->SetFont(head->GetFont().Bold());
+    text_font::Set(*head, head->GetFont().Bold());
     section->Add(head, wxSizerFlags().Border(wxALL, FromDIP(kGap)));
     section->Add(content, wxSizerFlags().Border(wxLEFT | wxRIGHT | wxBOTTOM, FromDIP(kGap)));
     return section;

@@ -2,6 +2,7 @@
 #include "app/frame/template_dialog.h"
 
 #include "gui_base/dialogs/dialog_buttons.h"
+#include "gui_base/support/list_column.h"
 #include "gui_base/support/translation.h"
 
 #include <wx/button.h>
@@ -18,8 +19,8 @@ TemplateDialog::TemplateDialog(wxWindow* parent, const std::vector<WaterTemplate
       m_source(new wxStaticText(this, wxID_ANY, wxString(), wxDefaultPosition, FromDIP(wxSize(680, 48)),
                                 wxST_NO_AUTORESIZE))
 {
-    m_list->AppendColumn(i18n::Translated("Water"), wxLIST_FORMAT_LEFT, FromDIP(440));
-    m_list->AppendColumn(i18n::Translated("Kind"), wxLIST_FORMAT_LEFT, FromDIP(200));
+    list_column::Append(*m_list, i18n::Translated("Water"), 440);
+    list_column::Append(*m_list, i18n::Translated("Kind"), 200);
     for (const WaterTemplate& water : m_waters) {
         const long item = m_list->InsertItem(m_list->GetItemCount(), wxString::FromUTF8(water.name));
         m_list->SetItem(item, 1, i18n::Translated(wxString::FromUTF8(water.kind)));

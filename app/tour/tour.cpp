@@ -162,7 +162,7 @@ void Tour::TakeExhibit(const Exhibit& exhibit)
     for (const Specimen& specimen : specimens)
         if (specimen.GetState() == SpecimenState::Focused && specimen.GetFocusWindow() != nullptr)
             FocusByKeyboard(*specimen.GetFocusWindow());
-    Save(*frame, std::string("control_") + exhibit.name);
+    Visit(*frame, std::string("control_") + exhibit.name);
     // The controls are bound to what the specimens hold.
     frame->DestroyChildren();
     frame->Destroy();
@@ -190,7 +190,7 @@ void Tour::TakeModule(const Module& module, const ModuleLook& look)
     const wxString caption = wxString::Format(
         "%s | %s | %s | %d x %d", i18n::Translated(shown->GetModule().title), CurrentLanguage(),
         wxString::FromUTF8(frame->GetProject().GetUnitSystemDisplay()), look.size.x, look.size.y);
-    Save(*frame, "module_" + module.id + look.suffix, caption);
+    Visit(*frame, "module_" + module.id + look.suffix, caption);
     frame->GetDocument().SetUnsaved(false);
     frame->View().SetLanguage(language);
     frame->View().SetUnitSystem("iso");
@@ -213,9 +213,7 @@ void Tour::TakeModules()
 
 void TakeTour(const std::filesystem::path& folder, const std::string& look, TourPart part)
 {
-    // A tour begins its own list: captions of one before are not of these pictures.
-    const std::ofstream emptied(CaptionsFile(folder, look), std::ios::trunc);
-    Tour tour(folder, look);
+    Tour tour(std::bind_front(&Pictures::Save, Pictures(folder, look)));
     if (part == TourPart::All) {
         tour.TakeControls();
         tour.TakeDialogs();

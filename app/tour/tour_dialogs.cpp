@@ -157,7 +157,7 @@ void Tour::TakeStartPage()
     frame->ShowStart();
     // The state of the commands follows, by and by.
     Settle();
-    Save(*frame, "start_page" + m_dialogSuffix, i18n::Translated("Start page"));
+    Visit(*frame, "start_page" + m_dialogSuffix, i18n::Translated("Start page"));
     frame->Close(true);
     Settle();
 }

@@ -38,6 +38,11 @@ wxImage WithCaption(const wxImage& picture, const wxString& caption)
     return whole.ConvertToImage();
 }
 
+std::filesystem::path CaptionsFile(const std::filesystem::path& folder, const std::string& look)
+{
+    return folder / ("captions-" + look + ".txt");
+}
+
 }  // namespace
 
 void Settle()
@@ -56,29 +61,30 @@ bool HasLanguage(const wxString& code)
                                [&](const Language& language) { return language.code == code; });
 }
 
-std::filesystem::path CaptionsFile(const std::filesystem::path& folder, const std::string& look)
-{
-    return folder / ("captions-" + look + ".txt");
-}
-
 std::unique_ptr<Project> NewExample()
 {
     const WaterTemplate* river = FindWaterTemplate("world_river_livingstone");
     return river != nullptr ? NewProjectFrom(*river) : NewEmptyProject();
 }
 
-void Tour::Save(wxWindow& window, const std::string& name, const wxString& caption)
+Pictures::Pictures(std::filesystem::path folder, std::string look)
+    : m_folder(std::move(folder)), m_look(std::move(look))
 {
-    Settle();
+    // A tour begins its own list: captions of one before are not of these pictures.
+    const std::ofstream emptied(CaptionsFile(m_folder, m_look), std::ios::trunc);
+}
+
+void Pictures::Save(wxWindow& window, const std::string& name, const wxString& caption) const
+{
     wxImage picture = window_picture::Take(window);
     const std::filesystem::path file = m_folder / (name + "-" + m_look + ".png");
     // A picture of one colour is one of a window that has not been drawn.
     if (!picture.IsOk() || picture.CountColours(1) <= 1)
-        throw std::runtime_error("Tour::Save: " + file.string() + " would be empty");
+        throw std::runtime_error("Pictures::Save: " + file.string() + " would be empty");
     if (!caption.empty())
         picture = WithCaption(picture, caption);
     if (!picture.SaveFile(wxString::FromUTF8(file.string()), wxBITMAP_TYPE_PNG))
-        throw std::runtime_error("Tour::Save: " + file.string() + " could not be made");
+        throw std::runtime_error("Pictures::Save: " + file.string() + " could not be made");
     if (caption.empty())
         return;
     std::ofstream captions(CaptionsFile(m_folder, m_look), std::ios::app);
@@ -86,10 +92,16 @@ void Tour::Save(wxWindow& window, const std::string& name, const wxString& capti
         throw std::runtime_error("Tour::Save: the caption of " + file.string() + " could not be written");
 }
 
+void Tour::Visit(wxWindow& window, const std::string& name, const wxString& caption)
+{
+    Settle();
+    m_visitor(window, name, caption);
+}
+
 void Tour::TakeDialog(wxDialog& dialog, const std::string& name)
 {
     dialog.Show();
-    Save(dialog, "dialog_" + name + m_dialogSuffix, dialog.GetTitle());
+    Visit(dialog, "dialog_" + name + m_dialogSuffix, dialog.GetTitle());
     dialog.Hide();
 }
 

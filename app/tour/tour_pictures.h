@@ -9,6 +9,7 @@
 #include <wx/window.h>
 
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -24,27 +25,38 @@ void Settle();
 /// Whether the program has texts in a language.
 bool HasLanguage(const wxString& code);
 
-/// Where the captions of a look stand.
-std::filesystem::path CaptionsFile(const std::filesystem::path& folder, const std::string& look);
+/// The pictures of a look in their folder.
+class Pictures
+{
+public:
+    Pictures(std::filesystem::path folder, std::string look);
+    /// Saves a picture of the window as it is, with a line below that says what it shows, and adds the line
+    /// to the captions. Throws std::runtime_error for an empty picture, and when it cannot be written.
+    void Save(wxWindow& window, const std::string& name, const wxString& caption) const;
+
+private:
+    std::filesystem::path m_folder;
+    std::string m_look;
+};
 
 /// A project whose water is a river.
 std::unique_ptr<Project> NewExample();
 
+/// Opens what the program shows, one after the other, in all languages.
 class Tour
 {
 public:
-    Tour(std::filesystem::path folder, std::string look)
-        : m_folder(std::move(folder)), m_look(std::move(look))
-    {}
+    /// Is called with each window once it is laid out and drawn, with a name of its own, and with what it
+    /// shows where that is to be told.
+    using Visitor = std::function<void(wxWindow& window, const std::string& name, const wxString& caption)>;
+    explicit Tour(Visitor visitor) : m_visitor(std::move(visitor)) {}
 
     void TakeControls();
     void TakeModules();
     void TakeDialogs();
 
 private:
-    /// Saves a picture of the window as it is, with a line below that says what it shows, and adds the line
-    /// to the captions. Throws std::runtime_error for an empty picture, and when it cannot be written.
-    void Save(wxWindow& window, const std::string& name, const wxString& caption = {});
+    void Visit(wxWindow& window, const std::string& name, const wxString& caption = {});
     void TakeExhibit(const Exhibit& exhibit);
     void TakeModule(const Module& module, const ModuleLook& look);
     void TakeDialog(wxDialog& dialog, const std::string& name);
@@ -56,8 +68,7 @@ private:
     void TakeWasteWater(wxWindow& owner);
     void TakeWhatIf(wxWindow& owner);
 
-    std::filesystem::path m_folder;
-    std::string m_look;
+    Visitor m_visitor;
     std::string m_dialogSuffix;  ///< of the language that the dialogs are shown in
 };
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "gui_base/dialogs/row_list.h"
 
+#include "gui_base/support/list_column.h"
+
 #include <wx/tokenzr.h>
 
 #include <algorithm>
@@ -12,7 +14,7 @@ RowList::RowList(wxWindow* parent, const std::vector<Column>& columns, int growi
       m_growing(growing)
 {
     for (const auto& [title, width, align] : m_columns)
-        AppendColumn(title, align, FromDIP(width));
+        list_column::Append(*this, title, width, align);
     Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
         FitColumns();
         event.Skip();

@@ -1,25 +1,16 @@
 // SPDX-License-Identifier: MIT
-// Every page, and what stands around it, in an open window through changes of language, units, theme, size of
-// the texts, density and width: nothing is clipped, and what comes back to where it began looks as it did.
+// Every page, what stands around it, and every dialog, in an open window through changes of language, units,
+// theme, size of the texts, density and width: nothing is clipped, and what comes back to where it began
+// looks as it did.
 #include "app/document/plant_templates.h"
 #include "app/frame/page_item.h"
 #include "app/modules/base/module.h"
+#include "app/tour/tour_pictures.h"
 #include "gui_base/input/panel/tv_modulepanelbase.h"
-#include "gui_base/input/validation/numeric_validator.h"
-#include "gui_base/water/results/result_card.h"
+#include "tests/app/frame/clipped.h"
 #include "tests/support/program_fixture.h"
 
 #include <wx/button.h>
-#include <wx/checkbox.h>
-#include <wx/choice.h>
-#include <wx/collpane.h>
-#include <wx/combo.h>
-#include <wx/combobox.h>
-#include <wx/datectrl.h>
-#include <wx/radiobut.h>
-#include <wx/statbox.h>
-#include <wx/stattext.h>
-#include <wx/textctrl.h>
 #include <wx/treectrl.h>
 #include <wx/utils.h>
 
@@ -30,9 +21,6 @@
 #include <set>
 
 namespace {
-
-/// What the arrow of a choice takes of it, in DIP.
-constexpr int kArrow = 24;
 
 /// How the window stands.
 struct Setting
@@ -157,7 +145,7 @@ protected:
             wxMilliSleep(kBeat);
             gui_test::Pump();
             std::vector<wxRect> now;
-            VisitShown(Page(), [&now](const wxWindow& window) {
+            gui_test::VisitShown(Page(), [&now](const wxWindow& window) {
                 now.push_back(window.GetRect());
                 now.push_back(window.GetScreenRect());
             });
@@ -170,71 +158,9 @@ protected:
 
     wxWindow& Page() { return *m_frame->GetBook().GetCurrentPanel(); }
 
-    /// Calls `visit` with everything below a window that the user can see.
-    template <typename Visit>
-    static void VisitShown(const wxWindow& window, const Visit& visit)
-    {
-        for (const wxWindow* child : window.GetChildren()) {
-            if (!child->IsShown() || child->IsTopLevel())
-                continue;
-            visit(*child);
-            const auto* fold = dynamic_cast<const wxCollapsiblePane*>(child);
-            if (fold == nullptr || fold->IsExpanded())
-                VisitShown(*child, visit);
-        }
-    }
-
-    /// Fields show numbers in a width of their own; texts that may be shortened say so by their style.
-    static wxSize Needed(const wxWindow& window)
-    {
-        if (const auto* card = dynamic_cast<const wateranalysis::ResultCard*>(&window))
-            return {0, card->HeightFor(card->GetSize().x)};
-        const wxSize best = window.GetBestSize();
-        if (const auto* text = dynamic_cast<const wxStaticText*>(&window)) {
-            constexpr long kShortened =
-                wxST_ELLIPSIZE_START | wxST_ELLIPSIZE_MIDDLE | wxST_ELLIPSIZE_END | wxST_NO_AUTORESIZE;
-            return text->HasFlag(kShortened) || text->GetLabel().empty() ? wxSize(0, 0) : best;
-        }
-        // The list of a combo box, and the date of a picker, are the toolkit's.
-        if (dynamic_cast<const wxComboBox*>(&window) != nullptr ||
-            dynamic_cast<const wxDatePickerCtrl*>(window.GetParent()) != nullptr ||
-            dynamic_cast<const wxComboCtrl*>(window.GetParent()) != nullptr)
-            return {0, 0};
-        // The best height of a field counts in what was asked for before.
-        if (const auto* field = dynamic_cast<const wxTextCtrl*>(&window)) {
-            if (window.HasFlag(wxTE_MULTILINE))
-                return {0, 0};
-            // A number is read as a whole; names may be longer than their fields.
-            const bool isNumber = dynamic_cast<const NumericValidator*>(
-                                      const_cast<wxWindow&>(window).GetValidator()) != nullptr;
-            return {isNumber ? window.GetTextExtent(field->GetValue()).x : 0, window.GetCharHeight()};
-        }
-        if (const auto* choice = dynamic_cast<const wxChoice*>(&window)) {
-            // A list may have longer texts than the field: what is chosen is seen, unless the field has a
-            // width of its own, as those for names of resins.
-            const int text = window.GetTextExtent(choice->GetStringSelection()).x + window.FromDIP(kArrow);
-            const int own = choice->GetMinSize().x;
-            return {own > 0 ? std::min(own, text) : text, best.y};
-        }
-        const bool hasText = dynamic_cast<const wxCheckBox*>(&window) != nullptr ||
-                             dynamic_cast<const wxRadioButton*>(&window) != nullptr ||
-                             dynamic_cast<const wxButton*>(&window) != nullptr;
-        return hasText ? best : wxSize(0, 0);
-    }
-
     std::vector<std::string> Clipped()
     {
-        std::vector<std::string> clipped;
-        VisitShown(*m_frame, [&](const wxWindow& window) {
-            const wxSize needed = Needed(window);
-            const wxSize size = window.GetSize();
-            if (size.x + 1 >= needed.x && size.y + 1 >= needed.y)
-                return;
-            clipped.push_back((window.GetClassInfo()->GetClassName() + (" '" + window.GetLabel()) + "' " +
-                               window.GetName() +
-                               wxString::Format(" %d x %d of %d x %d", size.x, size.y, needed.x, needed.y))
-                                  .utf8_string());
-        });
+        std::vector<std::string> clipped = gui_test::Clipped(*m_frame);
         wxTreeCtrl& tree = m_frame->GetWorkArea().GetTree();
         app::VisitItems(tree, tree.GetRootItem(), [&](const wxTreeItemId& item) {
             wxRect text;
@@ -249,7 +175,7 @@ protected:
     std::vector<std::string> Places()
     {
         std::vector<std::string> places;
-        VisitShown(Page(), [&](const wxWindow& window) {
+        gui_test::VisitShown(Page(), [&](const wxWindow& window) {
             // The toolkit does not say where the title of a box is.
             const wxRect rect = IsTitle(window) ? wxRect() : window.GetRect();
             places.push_back(wxString::Format("%s '%s' %s: %d, %d, %d x %d",
@@ -334,7 +260,7 @@ TEST_F(LayoutTest, PagesOfANarrowWindowScrollDownwardsAlone)
         ForEachPage([&](const std::string& id) {
             std::vector<std::string> beyond;
             const int edge = Page().GetScreenPosition().x + Page().GetClientSize().x;
-            VisitShown(Page(), [&](const wxWindow& window) {
+            gui_test::VisitShown(Page(), [&](const wxWindow& window) {
                 // What is around it goes as far.
                 const int right = window.GetScreenRect().GetRight();
                 if (right > edge && window.GetChildren().empty())
@@ -348,5 +274,20 @@ TEST_F(LayoutTest, PagesOfANarrowWindowScrollDownwardsAlone)
                 EXPECT_LE(Page().GetVirtualSize().x, Page().GetClientSize().x) << id << ", " << language;
             }
         });
+    }
+}
+
+TEST_F(LayoutTest, NothingIsClippedInADialogOfAnyLanguage)
+{
+    for (const Setting& setting : {Setting{}, Setting{.density = "comfortable", .textPercent = 125}}) {
+        Apply(setting);
+        std::set<std::string> seen;
+        app::Tour tour([&](wxWindow& window, const std::string& name, const wxString&) {
+            EXPECT_THAT(gui_test::Clipped(window), testing::IsEmpty()) << name << ": " << m_now.Describe();
+            seen.insert(name);
+        });
+        tour.TakeDialogs();
+        for (const char* name : {"dialog_settings", "dialog_blend_german", "dialog_water_library_french"})
+            EXPECT_TRUE(seen.contains(name)) << name;
     }
 }

@@ -67,8 +67,6 @@ void ModulePanelBase::Create()
     // A page of a notebook is laid out in the room that its notebook gives it next.
     if (!IsBookPage())
         FitAndLayout();
-    // The toolkit measures bold texts rightly only when they are shown.
-    CallAfter(&ModulePanelBase::FitAndLayout);
 }
 
 void ModulePanelBase::Prepare()

@@ -5,6 +5,7 @@
 #include "gui_base/input/controls/tv_unitlabel.h"
 #include "gui_base/input/form/form_grid.h"
 #include "gui_base/support/accessibility.h"
+#include "gui_base/support/text_font.h"
 #include "gui_base/support/translation.h"
 #include "projectbase/units/unit_system_manager.h"
 
@@ -51,7 +52,7 @@ CostTable::CostTable(FieldSet& fields, wxWindow* parent, const char* quantity,
 void CostTable::AddHead(wxWindow* parent, const char* text)
 {
     TvStaticText* head = m_fields.AddLabel(parent, wxString::FromUTF8(text));
-    head->SetFont(head->GetFont().Bold());
+    text_font::Set(*head, head->GetFont().Bold());
     m_grid->Add(head, wxSizerFlags().Right());
 }
 

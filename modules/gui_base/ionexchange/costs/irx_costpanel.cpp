@@ -10,6 +10,7 @@
 #include "gui_base/ionexchange/costs/irx_chemicalcostspanel.h"
 #include "gui_base/report/cost_chart.h"
 #include "gui_base/support/accessibility.h"
+#include "gui_base/support/text_font.h"
 #include "gui_base/support/translation.h"
 #include "projectbase/costs/line_costs.h"
 #include "projectbase/costs/project_costs.h"
@@ -133,7 +134,7 @@ void IRXCostsPanel::AddSection(const char* title, std::initializer_list<wxSizer*
 {
     const int gap = FromDIP(form::kGap);
     TvStaticText* head = GetFields().AddLabel(this, title);
-    head->SetFont(head->GetFont().Bold().Larger());
+    text_font::Set(*head, head->GetFont().Bold().Larger());
     GetSizer()->Add(head, wxSizerFlags().Border(wxLEFT | wxTOP, 2 * gap));
     auto* line = new FlowSizer;
     for (wxSizer* box : boxes)

@@ -11,6 +11,7 @@
 #include "gui_base/network/data_sheet_dialog.h"
 #include "gui_base/report/design_report.h"
 #include "gui_base/report/range_sentence.h"
+#include "gui_base/support/text_font.h"
 #include "gui_base/support/translation.h"
 #include "projectbase/design/regenerants.h"
 
@@ -207,7 +208,7 @@ void ExchangerBlock::AddHeading(wxWindow* parent, wxSizer& grid, std::size_t com
     static constexpr std::array kNames{wxTRANSLATE("Compartment 1"), wxTRANSLATE("Compartment 2")};
     // More than two only a file can bring.
     auto* name = m_fields.AddLabel(parent, kNames[std::min(compartment, kNames.size() - 1)]);
-    name->SetFont(name->GetFont().Bold());
+    text_font::Set(*name, name->GetFont().Bold());
     grid.Add(name);
     grid.AddSpacer(0);
     grid.AddSpacer(0);

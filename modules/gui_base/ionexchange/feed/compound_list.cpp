@@ -3,6 +3,7 @@
 
 #include "dbinterfaces/compound_names.h"
 #include "gui_base/support/compound_name.h"
+#include "gui_base/support/list_column.h"
 #include "gui_base/support/translation.h"
 
 #include <wx/intl.h>
@@ -28,7 +29,7 @@ CompoundList::CompoundList(wxWindow* parent, int id)
     : wxListView(parent, id, wxDefaultPosition, wxDefaultSize, wxLC_REPORT | wxLC_VIRTUAL)
 {
     for (std::size_t i = 0; i < kLabels.size(); ++i)
-        AppendColumn(i18n::Translated(kLabels[i]), wxLIST_FORMAT_LEFT, FromDIP(kWidths[i]));
+        list_column::Append(*this, i18n::Translated(kLabels[i]), kWidths[i]);
     Bind(wxEVT_LIST_ITEM_SELECTED, &CompoundList::QueueSelection, this);
     Bind(wxEVT_LIST_ITEM_DESELECTED, &CompoundList::QueueSelection, this);
     Bind(wxEVT_LIST_ITEM_FOCUSED, &CompoundList::QueueSelection, this);

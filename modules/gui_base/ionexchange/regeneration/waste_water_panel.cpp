@@ -7,6 +7,7 @@
 #include "gui_base/input/controls/tv_unitlabel.h"
 #include "gui_base/input/form/shown_context.h"
 #include "gui_base/report/design_report.h"
+#include "gui_base/support/text_font.h"
 #include "projectbase/design/regenerants.h"
 #include "projectbase/whatif/what_if_rows.h"
 
@@ -132,7 +133,7 @@ void TvWasteWaterAndComposition::DoCreateForm()
 void TvWasteWaterAndComposition::AddHead(wxWindow* parent, wxSizer& grid, const wxString& text, bool isNumber)
 {
     auto* head = AddLocalizable(new TvStaticText(parent, wxID_ANY, text, wxString()));
-    head->SetFont(head->GetFont().Bold());
+    text_font::Set(*head, head->GetFont().Bold());
     grid.Add(head, isNumber ? wxSizerFlags().Right() : wxSizerFlags());
 }
 
@@ -140,7 +141,7 @@ void TvWasteWaterAndComposition::AddUnitHead(wxWindow* parent, wxSizer& grid, co
                                              const wxString& suffix)
 {
     auto* head = GetFields().AddLocalizable(new TvUnitLabel(parent, isoUnit, true, true, suffix));
-    head->SetFont(head->GetFont().Bold());
+    text_font::Set(*head, head->GetFont().Bold());
     grid.Add(head, wxSizerFlags().Right());
 }
 

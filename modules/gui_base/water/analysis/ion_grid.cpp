@@ -5,6 +5,7 @@
 #include "core/ion_units.h"
 #include "gui_base/input/controls/tv_statictext.h"
 #include "gui_base/input/validation/validator.h"
+#include "gui_base/support/text_font.h"
 
 namespace wateranalysis {
 namespace {
@@ -44,7 +45,7 @@ wxSizer* IonGrid::Create(wxWindow* parent, const wxString& title, std::span<cons
 void IonGrid::AddHeads(wxWindow* parent, wxFlexGridSizer& grid, const wxString& title, wxWindow* headTool)
 {
     const auto bold = [](wxStaticText* text) {
-        text->SetFont(text->GetFont().Bold());
+        text_font::Set(*text, text->GetFont().Bold());
         return text;
     };
     grid.Add(bold(m_fields.AddLabel(parent, title)), Cell());
@@ -110,7 +111,7 @@ void IonGrid::AddTotal(wxWindow* parent, wxFlexGridSizer& grid, const TotalRow& 
 {
     const wxString label = wxString::FromUTF8(total.label);
     wxStaticText* text = m_fields.AddLabel(parent, label);
-    text->SetFont(text->GetFont().Bold());
+    text_font::Set(*text, text->GetFont().Bold());
     grid.Add(text, Cell());
     grid.AddSpacer(0);
     grid.AddSpacer(0);

@@ -5,6 +5,7 @@
 #include "gui_base/input/validation/number_room.h"
 #include "gui_base/input/validation/numeric_validator.h"
 #include "gui_base/support/accessibility.h"
+#include "gui_base/support/list_column.h"
 #include "gui_base/support/translation.h"
 #include "gui_base/water/rows/limit_readings.h"
 #include "projectbase/water/detection_limits.h"
@@ -90,11 +91,11 @@ void LaboratoryDialog::AddList(wxSizer& outer)
 {
     m_list = new wxListView(this, wxID_ANY, wxDefaultPosition, FromDIP(wxSize(720, 380)));
     accessibility::SetName(*m_list, i18n::Translated("Parameter"));
-    m_list->AppendColumn(i18n::Translated("Parameter"), wxLIST_FORMAT_LEFT, FromDIP(200));
-    m_list->AppendColumn(i18n::Translated("Cell"), wxLIST_FORMAT_RIGHT, FromDIP(110));
-    m_list->AppendColumn(i18n::Translated("Value"), wxLIST_FORMAT_RIGHT, FromDIP(90));
-    m_list->AppendColumn(i18n::Translated("Unit"), wxLIST_FORMAT_LEFT, FromDIP(90));
-    m_list->AppendColumn(i18n::Translated("Remark"), wxLIST_FORMAT_LEFT, FromDIP(210));
+    list_column::Append(*m_list, i18n::Translated("Parameter"), 200);
+    list_column::Append(*m_list, i18n::Translated("Cell"), 110, wxLIST_FORMAT_RIGHT);
+    list_column::Append(*m_list, i18n::Translated("Value"), 90, wxLIST_FORMAT_RIGHT);
+    list_column::Append(*m_list, i18n::Translated("Unit"), 90);
+    list_column::Append(*m_list, i18n::Translated("Remark"), 210);
     outer.Add(m_list, wxSizerFlags(1).Border(wxLEFT | wxRIGHT | wxTOP, FromDIP(12)).Expand());
 }
 

@@ -8,6 +8,7 @@
 #include "gui_base/input/validation/number_room.h"
 #include "gui_base/input/validation/numeric_validator.h"
 #include "gui_base/messages/user_message.h"
+#include "gui_base/support/list_column.h"
 #include "gui_base/support/translation.h"
 #include "gui_base/water/analysis/wateranalysis_panel.h"
 
@@ -89,10 +90,10 @@ PasteColumnDialog::PasteColumnDialog(wxWindow* parent, const std::vector<PasteLi
 
 void PasteColumnDialog::FillList(wxListView& list, const std::vector<PasteLine>& lines)
 {
-    list.AppendColumn(i18n::Translated("Row"), wxLIST_FORMAT_LEFT, FromDIP(170));
-    list.AppendColumn(i18n::Translated("Cell"), wxLIST_FORMAT_RIGHT, FromDIP(130));
-    list.AppendColumn(i18n::Translated("Value"), wxLIST_FORMAT_RIGHT, FromDIP(110));
-    list.AppendColumn(i18n::Translated("Remark"), wxLIST_FORMAT_LEFT, FromDIP(200));
+    list_column::Append(list, i18n::Translated("Row"), 170);
+    list_column::Append(list, i18n::Translated("Cell"), 130, wxLIST_FORMAT_RIGHT);
+    list_column::Append(list, i18n::Translated("Value"), 110, wxLIST_FORMAT_RIGHT);
+    list_column::Append(list, i18n::Translated("Remark"), 200);
     const auto separators = NumericValidator::LocaleSeparators();
     for (const PasteLine& line : lines) {
         const long item = list.InsertItem(list.GetItemCount(), line.row);

@@ -5,6 +5,7 @@
 #include "gui_base/input/validation/number_room.h"
 #include "gui_base/input/validation/numeric_validator.h"
 #include "gui_base/support/accessibility.h"
+#include "gui_base/support/list_column.h"
 #include "gui_base/support/translation.h"
 #include "gui_base/water/library/water_lib_list.h"
 #include "gui_base/water/library/water_lib_texts.h"
@@ -67,9 +68,9 @@ void WaterLibDetails::CreateControls()
     }
     m_values = new wxListView(inside, wxID_ANY);
     accessibility::SetName(*m_values, Tr("Details"));
-    m_values->AppendColumn(Tr("Name"), wxLIST_FORMAT_LEFT, FromDIP(170));
-    m_values->AppendColumn(Tr("Value"), wxLIST_FORMAT_RIGHT, FromDIP(80));
-    m_values->AppendColumn(Tr("Unit"), wxLIST_FORMAT_LEFT, FromDIP(70));
+    list_column::Append(*m_values, Tr("Name"), 170);
+    list_column::Append(*m_values, Tr("Value"), 80, wxLIST_FORMAT_RIGHT);
+    list_column::Append(*m_values, Tr("Unit"), 70);
     water_library::FillWidth(*m_values);
     const wxSizerFlags spaced = wxSizerFlags().Expand().Border(wxALL, FromDIP(kGap));
     box->Add(grid, wxSizerFlags(spaced).Proportion(1));

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "gui_base/water/library/water_lib_list.h"
 
+#include "gui_base/support/list_column.h"
 #include "gui_base/support/translation.h"
 
 #include <wx/uilocale.h>
@@ -36,9 +37,9 @@ int Compare(const wxUILocale& locale, const WaterLibListViewItem& a, const Water
 WaterLibListView::WaterLibListView(wxWindow* parent, int id)
     : wxListView(parent, id, wxDefaultPosition, wxDefaultSize, wxLC_REPORT | wxLC_VIRTUAL | wxLC_SINGLE_SEL)
 {
-    AppendColumn(i18n::Translated("Country"), wxLIST_FORMAT_LEFT, FromDIP(150));
-    AppendColumn(i18n::Translated("Place"), wxLIST_FORMAT_LEFT, FromDIP(190));
-    AppendColumn(i18n::Translated("Water source"), wxLIST_FORMAT_LEFT, FromDIP(300));
+    list_column::Append(*this, i18n::Translated("Country"), 150);
+    list_column::Append(*this, i18n::Translated("Place"), 190);
+    list_column::Append(*this, i18n::Translated("Water source"), 300);
 }
 
 void WaterLibListView::SetWaters(Items waters)
@@ -60,7 +61,7 @@ void WaterLibListView::ShowFolders(bool shown)
     if (shown == (GetColumnCount() > kFolder))
         return;
     if (shown) {
-        AppendColumn(i18n::Translated("Folder"), wxLIST_FORMAT_LEFT, FromDIP(kWidth));
+        list_column::Append(*this, i18n::Translated("Folder"), kWidth);
         // The source, which had all that the others left, makes room.
         SetColumnWidth(kSource, std::max(GetColumnWidth(kSource) - FromDIP(kWidth), FromDIP(kLeastSource)));
     } else {

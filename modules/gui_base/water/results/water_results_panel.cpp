@@ -8,6 +8,7 @@
 #include "gui_base/report/blend_tiles.h"
 #include "gui_base/report/water_results.h"
 #include "gui_base/support/accessibility.h"
+#include "gui_base/support/text_font.h"
 #include "gui_base/support/translation.h"
 #include "gui_base/water/results/result_card.h"
 #include "projectbase/advice/evaluation.h"
@@ -65,7 +66,7 @@ WaterResultsPanel::WaterResultsPanel(wxWindow* parent, Lead lead, ShowHelp showH
     const int gap = FromDIP(kGap);
     m_name = new wxStaticText(this, wxID_ANY, wxString(), wxDefaultPosition, wxDefaultSize,
                               wxST_ELLIPSIZE_MIDDLE | wxST_NO_AUTORESIZE);
-    m_name->SetFont(m_name->GetFont().Bold());
+    text_font::Set(*m_name, m_name->GetFont().Bold());
     m_recipe = new ResultCard(this);
     m_badge = new ResultCard(this);
     m_balance = new TvButton(this, wxID_ANY, wxTRANSLATE("Balance"));
