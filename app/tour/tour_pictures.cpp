@@ -89,7 +89,7 @@ void Pictures::Save(wxWindow& window, const std::string& name, const wxString& c
         return;
     std::ofstream captions(CaptionsFile(m_folder, m_look), std::ios::app);
     if (!(captions << name << '\t' << caption.utf8_string() << std::endl))
-        throw std::runtime_error("Tour::Save: the caption of " + file.string() + " could not be written");
+        throw std::runtime_error("Pictures::Save: the caption of " + file.string() + " could not be written");
 }
 
 void Tour::Visit(wxWindow& window, const std::string& name, const wxString& caption)

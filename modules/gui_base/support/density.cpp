@@ -36,7 +36,7 @@ checkbutton, radiobutton { padding: 0; }
 toolbar button { padding: 3px; }
 )";
 
-/// Both or none.
+/// A window and what it wants to be told, or neither.
 struct SizesListener
 {
     wxWindow* window = nullptr;
