@@ -256,7 +256,7 @@ TEST_F(AuiNotebookTest, TheLastTabInSightIsDrawnInTheRoomThatIsLeft)
 {
     AuiNotebook* notebook = Make(1);
     wxAuiTabArt* art = notebook->GetArtProvider();
-    wxAuiNotebookPage page;
+    wxAuiNotebookPage page{};
     page.caption = "Regeneration 3";
     wxBitmap bitmap(400, 60);
     wxMemoryDC dc(bitmap);
