@@ -19,17 +19,22 @@ DetailData* Required(DetailData* detail)
     return detail;
 }
 
-/// The items of the choice: nothing stated, the countries by name, and `code` if none of them has it.
-tvChoiceAdv::Items ChoiceItems(tvChoiceAdv::Items countries, const wxString& code)
+/// Nothing stated, and the countries by name.
+tvChoiceAdv::Items Sorted(tvChoiceAdv::Items countries)
 {
-    std::stable_sort(countries.begin(), countries.end(), [](const auto& a, const auto& b) {
+    std::ranges::stable_sort(countries, [](const auto& a, const auto& b) {
         return wxStrcoll(a.second.wc_str(), b.second.wc_str()) < 0;
     });
     countries.insert(countries.begin(), {wxString(), wxString()});
-    if (std::none_of(countries.begin(), countries.end(),
-                     [&code](const auto& country) { return country.first == code; }))
-        countries.emplace_back(code, code);
     return countries;
+}
+
+/// The items of the choice, with `code` if no country has it.
+tvChoiceAdv::Items ChoiceItems(tvChoiceAdv::Items sorted, const wxString& code)
+{
+    if (std::ranges::none_of(sorted, [&code](const auto& country) { return country.first == code; }))
+        sorted.emplace_back(code, code);
+    return sorted;
 }
 
 }  // namespace
@@ -40,9 +45,9 @@ CountryPlaceCombination::CountryPlaceCombination(wxWindow* parent, int countryId
                                                  DetailData* countryDetail, DetailData* placeDetail,
                                                  wxSizer* sizer)
     : ChoiceCombination(parent, countryId, countryLabel, suffix,
-                        ChoiceItems(countries, Required(countryDetail)->GetStringValue()), countryDetail,
-                        sizer),
-      m_countries(countries),
+                        ChoiceItems(Sorted(countries), Required(countryDetail)->GetStringValue()),
+                        countryDetail, sizer),
+      m_countries(Sorted(countries)),
       m_countryDetail(countryDetail),
       m_placeLabelText(placeLabel),
       m_placeLabel(new TvStaticText(parent, wxID_ANY, placeLabel, suffix))
@@ -68,7 +73,7 @@ CountryPlaceCombination::~CountryPlaceCombination()
 
 void CountryPlaceCombination::SetCountries(const Items& countries)
 {
-    m_countries = countries;
+    m_countries = Sorted(countries);
     TransferDetailToWindow();
 }
 

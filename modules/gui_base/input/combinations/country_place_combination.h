@@ -39,7 +39,7 @@ protected:
 private:
     void OnPlace(wxCommandEvent& event);
 
-    Items m_countries;
+    Items m_countries;  ///< in their order
     DetailData* m_countryDetail;
     wxString m_placeLabelText;
     wxWeakRef<TvStaticText> m_placeLabel;

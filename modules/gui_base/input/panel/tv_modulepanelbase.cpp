@@ -190,7 +190,7 @@ void ModulePanelBase::CatchUp(wxWindow& window)
 void ModulePanelBase::FollowProject()
 {
     m_stale = false;
-    const wxWindowUpdateLocker frozen(this);
+    // Nothing is drawn before the event loop is back; to freeze the page would have all of it drawn then.
     DoFollowProject();
 }
 
