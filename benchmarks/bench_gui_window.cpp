@@ -4,7 +4,10 @@
 #include "app/document/templates.h"
 #include "app/frame/main_frame.h"
 #include "dbinterfaces/project_database.h"
+#include "gui_base/input/controls/tv_textctrl.h"
+#include "gui_base/input/validation/validator.h"
 #include "gui_base/support/density.h"
+#include "gui_base/water/feedwater/feed_water_panel.h"
 #include "tests/support/temp_folder.h"
 
 #include <benchmark/benchmark.h>
@@ -40,16 +43,19 @@ private:
     app::MainFrame* m_frame = nullptr;
 };
 
-/// An edit with its undo step, the page in front, the results, the diagram, the navigator and the messages;
-/// with `drawn`, until all of it is on the screen.
+/// An edit that Enter commits with its undo step, the page in front, the results, the diagram, the navigator
+/// and the messages; with `drawn`, until all of it is on the screen.
 void Edit(benchmark::State& state, bool drawn)
 {
     Window window;
-    DetailData& sodium = window.Frame().GetProject().GetLiquid(0).GetDetails()->At("liquid/na.orig");
-    double value = 6.3;
+    TvTextCtrl& sodium = *dynamic_cast<FeedWaterPanel&>(*window.Frame().GetBook().GetCurrentPanel())
+                              .FindField("liquid/na.orig");
+    bool isOdd = false;
     for (auto _ : state) {
-        value = value == 6.3 ? 6.4 : 6.3;
-        sodium.SetValue(value);
+        isOdd = !isOdd;
+        sodium.ChangeValue(isOdd ? "6.4" : "6.3");
+        sodium.MarkDirty();
+        dynamic_cast<Validator&>(*sodium.GetValidator()).CommitIfModified();
         if (drawn) {
             wxTheApp->ProcessPendingEvents();
             window.Frame().Update();

@@ -187,10 +187,11 @@ void ModulePanelBase::CatchUp(wxWindow& window)
         CatchUp(*child);
 }
 
+// Neither this nor SynchronizeProject freezes the page: nothing is drawn before the event loop is back, and a
+// page that thaws is drawn whole.
 void ModulePanelBase::FollowProject()
 {
     m_stale = false;
-    // Nothing is drawn before the event loop is back; to freeze the page would have all of it drawn then.
     DoFollowProject();
 }
 
@@ -204,7 +205,6 @@ void ModulePanelBase::DoFollowProject()
 
 void ModulePanelBase::SynchronizeProject()
 {
-    const wxWindowUpdateLocker frozen(this);
     const bool outer = std::exchange(m_synchronizing, true);
     try {
         {
