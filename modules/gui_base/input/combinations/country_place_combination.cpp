@@ -44,14 +44,13 @@ CountryPlaceCombination::CountryPlaceCombination(wxWindow* parent, int countryId
                                                  const wxString& suffix, const Items& countries,
                                                  DetailData* countryDetail, DetailData* placeDetail,
                                                  wxSizer* sizer)
-    : ChoiceCombination(parent, countryId, countryLabel, suffix,
-                        ChoiceItems(Sorted(countries), Required(countryDetail)->GetStringValue()),
-                        countryDetail, sizer),
+    : ChoiceCombination(parent, countryId, countryLabel, suffix, {}, Required(countryDetail), sizer),
       m_countries(Sorted(countries)),
       m_countryDetail(countryDetail),
       m_placeLabelText(placeLabel),
       m_placeLabel(new TvStaticText(parent, wxID_ANY, placeLabel, suffix))
 {
+    SetItems(ChoiceItems(m_countries, countryDetail->GetStringValue()));
     ValidatedTextCtrlConfig config;
     config.parent = parent;
     config.id = placeId;
