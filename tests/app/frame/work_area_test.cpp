@@ -4,6 +4,7 @@
 #include "app/frame/menu_table.h"
 #include "app/frame/settings_dialog.h"
 #include "gui_base/input/panel/advanced_input_options.h"
+#include "gui_base/input/panel/aui_notebook.h"
 #include "gui_base/support/image_loader.h"
 #include "gui_base/water/results/result_card.h"
 #include "gui_base/water/results/water_results_panel.h"
@@ -30,6 +31,29 @@ protected:
         m_frame->Show();
         gui_test::Pump();
     }
+};
+
+/// Counts the changes that the project tells of while the window has all its pages.
+class ChangesOfWholeWindow : public ProjectObserver
+{
+public:
+    explicit ChangesOfWholeWindow(app::MainFrame& frame)
+        : m_frame(frame), m_pages(frame.GetNotebook().GetPageCount())
+    {
+        m_frame.GetProject().AddObserver(*this);
+    }
+    ChangesOfWholeWindow(const ChangesOfWholeWindow&) = delete;
+    ~ChangesOfWholeWindow() { m_frame.GetProject().RemoveObserver(*this); }
+    void OnProjectChanged(const ProjectChanges&) override
+    {
+        m_count += m_frame.GetNotebook().GetPageCount() == m_pages ? 1 : 0;
+    }
+    int GetCount() const { return m_count; }
+
+private:
+    app::MainFrame& m_frame;
+    std::size_t m_pages;
+    int m_count = 0;
 };
 
 }  // namespace
@@ -186,8 +210,10 @@ TEST_F(WorkAreaTest, WhatIsBeingTypedOutlivesAnotherTextSize)
     const wxString before = WaterPage().FindField("liquid/na.orig")->GetValue();
     gui_test::Focus(*WaterPage().FindField("liquid/na.orig"));
     gui_test::Type("12.5");
+    const ChangesOfWholeWindow changes(*m_frame);
     density::Set(Density::Comfortable);
     EXPECT_TRUE(gui_test::PumpUntil([this] { return Water("na.orig").GetDoubleValue() == 12.5; }));
+    EXPECT_EQ(changes.GetCount(), 1) << "told while pages go";
     EXPECT_EQ(WaterPage().FindField("liquid/na.orig")->GetValue(), "12.5");
     m_frame->Undo();
     EXPECT_EQ(WaterPage().FindField("liquid/na.orig")->GetValue(), before);
