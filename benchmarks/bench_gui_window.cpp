@@ -17,6 +17,7 @@
 
 namespace {
 
+/// The program's window with the page of a water, once that is on the screen.
 class Window
 {
 public:
@@ -27,7 +28,12 @@ public:
         auto project = app::NewProjectFrom(*app::FindWaterTemplate("world_river_livingstone"));
         m_frame = new app::MainFrame(std::make_unique<app::Document>(std::move(project)));
         m_frame->Show();
-        wxYield();
+        m_frame->GetBook().GetCurrentPanel()->Bind(wxEVT_PAINT, [this](wxPaintEvent& event) {
+            m_isDrawn = true;
+            event.Skip();
+        });
+        while (!m_isDrawn)
+            wxYield();
     }
     ~Window()
     {
@@ -41,6 +47,7 @@ public:
 private:
     support::TempFolder m_folder;
     app::MainFrame* m_frame = nullptr;
+    bool m_isDrawn = false;
 };
 
 /// An edit that Enter commits with its undo step, the page in front, the results, the diagram, the navigator

@@ -23,6 +23,10 @@ button:focus, combobox button:focus, check:focus, radio:focus {
     box-shadow: inset 0 0 0 2px mix(@theme_selected_bg_color, @theme_fg_color, 0.4); }
 )";
 
+/// Themes let controls fade from one state to the next. Each step of that lays the whole window out anew, as
+/// a change of style may be one of size.
+constexpr const char* kSteady = "* { transition: none; }";
+
 /// Inner margins only: no text is ever smaller than its line.
 constexpr const char* kCompact = R"(
 entry { min-height: 20px; padding: 1px 4px; }
@@ -115,7 +119,7 @@ void Set(Density density)
 #ifdef __WXGTK__
     if (gdk_screen_get_default() == nullptr)
         return;
-    const std::string style = std::string(kFocus) + (density == Density::Compact ? kCompact : "");
+    const std::string style = std::string(kSteady) + kFocus + (density == Density::Compact ? kCompact : "");
     gtk_css_provider_load_from_data(Provider(), style.data(), static_cast<gssize>(style.size()), nullptr);
     NoteSizes();
 #endif

@@ -13,6 +13,7 @@
 
 #include <wx/button.h>
 #include <wx/stattext.h>
+#include <wx/stopwatch.h>
 
 namespace {
 
@@ -219,6 +220,22 @@ TEST_F(WorkAreaTest, WhatIsBeingTypedOutlivesAnotherTextSize)
     EXPECT_EQ(WaterPage().FindField("liquid/na.orig")->GetValue(), before);
     density::Set(Density::Compact);
     gui_test::Pump();
+}
+
+TEST_F(WorkAreaTest, AFieldThatGetsTheKeyboardIsDrawnAtOnceAndNotFaded)
+{
+    gui_test::Focus(*WaterPage().FindField("liquid/na.orig"));
+    // The page is painted once more while it closes.
+    const auto paints = std::make_shared<int>(0);
+    WaterPage().Bind(wxEVT_PAINT, [paints](wxPaintEvent& event) {
+        ++*paints;
+        event.Skip();
+    });
+    gui_test::Press(WXK_TAB);
+    const wxStopWatch watch;
+    gui_test::PumpUntil([&watch] { return watch.Time() > 400; });
+    EXPECT_GE(*paints, 1);
+    EXPECT_LE(*paints, 8) << "each step of a fade lays all of the window out";
 }
 
 TEST_F(WorkAreaTest, ResultsSayWhoseTheyAre)
