@@ -8,7 +8,9 @@
 #include "app/frame/main_frame.h"
 #include "gui_base/messages/user_message.h"
 #include "gui_base/support/accessibility.h"
+#include "gui_base/support/drawing_sheet.h"
 #include "gui_base/support/image_loader.h"
+#include "gui_base/support/svg_bundle.h"
 #include "gui_base/support/text_font.h"
 #include "gui_base/support/translation.h"
 #include "tncommon/data_dir.h"
@@ -49,30 +51,22 @@ wxString Tr(const char* source)
     return i18n::Translated(source);
 }
 
-/// Colours of a drawing, made for a white sheet, and those that can be seen on a dark one.
-struct Ink
-{
-    const char* onWhite;
-    const char* onDark;
-};
-constexpr std::array kInks{Ink{"#37474f", "#eceff1"}, Ink{"#546e7a", "#b0bec5"}, Ink{"#607d8b", "#cfd8dc"},
-                           Ink{"#1565c0", "#90caf9"}, Ink{"#c2570c", "#ffa866"}, Ink{"#6d5b4b", "#c8b5a3"},
-                           Ink{"#b9d3ee", "#2f5f8f"}, Ink{"#bbdefb", "#2f5f8f"}, Ink{"#f3cf94", "#8a6420"},
-                           Ink{"#dfe5e8", "#546e7a"}};
-
 constexpr std::array kLines{std::pair{"3", "11"}, std::pair{"2.2", "8"}, std::pair{"2", "8"},
                             std::pair{"1.8", "7"}, std::pair{"1.6", "6"}};
 
-/// The drawing without its sheet, on a dark background in light inks; vessels hide what is behind them as
-/// they do on white. Of lines much thinner than a pixel little would be left: they become wider.
+/// The drawing without its sheet, its colours turned to those for a dark background where there is one;
+/// vessels hide what is behind them as they do on white. Of lines much thinner than a pixel little would be
+/// left: they become wider.
 wxString OnBackground(wxString svg)
 {
-    const auto appearance = wxSystemSettings::GetAppearance();
+    constexpr std::size_t kColourLength = 7;
+    const wxColour page = wxSystemSettings::GetColour(wxSYS_COLOUR_BTNFACE);
+    const bool isDark = wxSystemSettings::GetAppearance().IsUsingDarkBackground();
     svg.Replace("fill=\"#ffffff\"", "fill=\"none\"", false);
-    svg.Replace("#ffffff", wxSystemSettings::GetColour(wxSYS_COLOUR_BTNFACE).GetAsString(wxC2S_HTML_SYNTAX));
-    for (const Ink& ink : kInks) {
-        if (appearance.IsUsingDarkBackground())
-            svg.Replace(ink.onWhite, ink.onDark);
+    for (std::size_t at = svg.find('#'); at != wxString::npos; at = svg.find('#', at + 1)) {
+        const wxColour ink(svg.substr(at, kColourLength));
+        if (ink.IsOk() && (isDark || ink == *wxWHITE))
+            svg.replace(at, kColourLength, drawing_sheet::InkOn(page, ink).GetAsString(wxC2S_HTML_SYNTAX));
     }
     for (const auto& [thin, wide] : kLines)
         svg.Replace(wxString("stroke-width=\"") + thin + "\"", wxString("stroke-width=\"") + wide + "\"");
@@ -86,7 +80,7 @@ wxBitmapBundle DrawingOf(const PlantTemplate& plant)
         static const tncommon::ZipArchive drawings(tncommon::DataDir() / "graphics.zrc");
         if (const auto bytes = drawings.Read(plant.drawing, kMostDrawingBytes)) {
             const wxString svg = OnBackground(wxString::FromUTF8(*bytes));
-            return wxBitmapBundle::FromSVG(svg.utf8_str(), wxSize(kPictureWidth, kPictureHeight));
+            return svg_bundle::Make(svg.utf8_str(), wxSize(kPictureWidth, kPictureHeight));
         }
     } catch (const std::exception&) {
         // The page is as useful without.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "gui_base/support/image_loader.h"
 
+#include "gui_base/support/svg_bundle.h"
 #include "tncommon/zip_archive.h"
 
 #include <wx/app.h>
@@ -135,7 +136,7 @@ wxBitmapBundle ImageLoader::LoadBundle(const wxString& name, const wxSize& size)
         if (wxTheApp != nullptr && wxSystemSettings::GetAppearance().IsUsingDarkBackground())
             for (const Ink& ink : kInks)
                 svg.Replace(ink.onLight, ink.onDark);
-        const wxBitmapBundle bundle = wxBitmapBundle::FromSVG(svg.utf8_str(), size);
+        const wxBitmapBundle bundle = svg_bundle::Make(svg.utf8_str(), size);
         if (bundle.IsOk())
             return bundle;
     }
@@ -149,7 +150,7 @@ wxBitmapBundle ImageLoader::LoadTinted(const wxString& name, const wxSize& size,
     if (svg.empty())
         return {};
     svg.Replace(kLineColour, colour.GetAsString(wxC2S_HTML_SYNTAX));
-    return wxBitmapBundle::FromSVG(svg.utf8_str(), size);
+    return svg_bundle::Make(svg.utf8_str(), size);
 }
 
 wxIconBundle ImageLoader::LoadIcons(const wxString& name)

@@ -2,6 +2,7 @@
 #include "gui_base/graphics/svg/svg_panel.h"
 
 #include "gui_base/graphics/svg/svg_parser.h"
+#include "gui_base/support/drawing_sheet.h"
 
 #include <wx/dcbuffer.h>
 #include <wx/dcmemory.h>
@@ -14,6 +15,7 @@ SvgPanel::SvgPanel(const SvgGraphicInfo<ArchiveLoadPolicy>& info, wxWindow* pare
       m_parser(std::make_unique<SvgParser>()),
       m_renderer(std::make_unique<SvgRenderer<ArchiveLoadPolicy>>(info, m_parser))
 {
+    m_renderer->SetSheet(drawing_sheet::ColourInDarkTheme());
     SetBackgroundStyle(wxBG_STYLE_PAINT);
     Bind(wxEVT_PAINT, &SvgPanel::OnPaint, this);
     Bind(wxEVT_SIZE, &SvgPanel::OnSize, this);
@@ -69,8 +71,10 @@ wxBitmap SvgPanel::TakePicture(double scale)
         dc.Clear();
         const std::unique_ptr<wxGraphicsContext> context(wxGraphicsContext::Create(dc));
         m_renderer->SetSize(size.x, size.y);
+        m_renderer->SetSheet({});
         m_renderer->DrawOnContext(context.get());
     }
+    m_renderer->SetSheet(drawing_sheet::ColourInDarkTheme());
     FitInto(GetSize());
     return bitmap;
 }

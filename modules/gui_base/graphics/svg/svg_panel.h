@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-/// The window that shows one plant graphic, enlarged where it has more room than the graphic needs.
+/// The window that shows one plant graphic, enlarged where it has more room than the graphic needs; on a dark
+/// sheet in a dark theme.
 
 #include "gui_base/graphics/svg/svg_renderer.h"
 #include "gui_base/gui_base_export.h"
@@ -30,7 +31,7 @@ public:
     wxSize GetMinSize() const override;
 
     std::vector<SvgShownValue> GetShownValues() const { return m_renderer->GetShownValues(); }
-    /// The graphic as it would be drawn in its own size enlarged by `scale`, on white.
+    /// The graphic as it would be drawn in its own size enlarged by `scale`, on white in every theme.
     wxBitmap TakePicture(double scale);
 
 protected:

@@ -2,6 +2,7 @@
 #include "gui_base/graphics/svg/svg_raster.h"
 
 #include "gui_base/graphics/svg/svg_syntax.h"
+#include "gui_base/support/svg_bundle.h"
 #include "svg/text_output_stream.h"
 
 #include <wx/log.h>
@@ -117,7 +118,7 @@ wxBitmapBundle ShapesOf(const wxXmlDocument& document)
         return {};
     // The rasteriser changes the text that it reads, but takes a copy of a constant one. Every size that is
     // asked for is made of the shapes; this one means nothing.
-    return wxBitmapBundle::FromSVG(stream.GetText().c_str(), wxSize(1, 1));
+    return svg_bundle::Make(stream.GetText().c_str(), wxSize(1, 1));
 }
 
 wxBitmap RasteriseIn(const wxBitmapBundle& shapes, const wxSize& size)

@@ -3,6 +3,7 @@
 
 #include "gui_base/graphics/svg/svg_fit.h"
 #include "gui_base/graphics/svg/svg_raster.h"
+#include "gui_base/support/drawing_sheet.h"
 #include "gui_base/support/translation.h"
 
 #include <algorithm>
@@ -111,6 +112,13 @@ void SvgRenderer<LoadPolicy>::SetSize(double width, double height)
 }
 
 template <typename LoadPolicy>
+void SvgRenderer<LoadPolicy>::SetSheet(const wxColour& sheet)
+{
+    m_sheet = sheet;
+    m_background = {};
+}
+
+template <typename LoadPolicy>
 double SvgRenderer<LoadPolicy>::GetScaledWidth() const
 {
     return SizeOf(Result()).x * m_scale;
@@ -159,9 +167,20 @@ void SvgRenderer<LoadPolicy>::DrawBackground(wxGraphicsContext& context)
         m_pixels = pixels;
         // Beyond the largest picture lines become coarse.
         const wxBitmap picture = pixels == own ? m_result->bitmap : EnlargedShapes(pixels);
-        m_background = context.GetRenderer()->CreateBitmap(picture.IsOk() ? picture : m_result->bitmap);
+        m_background =
+            context.GetRenderer()->CreateBitmap(OnSheet(picture.IsOk() ? picture : m_result->bitmap));
     }
     context.DrawBitmap(m_background, 0.0, 0.0, scaled.x, scaled.y);
+}
+
+template <typename LoadPolicy>
+wxBitmap SvgRenderer<LoadPolicy>::OnSheet(const wxBitmap& shapes) const
+{
+    if (!m_sheet.IsOk())
+        return shapes;
+    wxImage turned = shapes.ConvertToImage();
+    drawing_sheet::TurnTo(m_sheet, turned);
+    return turned;
 }
 
 template <typename LoadPolicy>
@@ -228,7 +247,8 @@ template <typename LoadPolicy>
 bool SvgRenderer<LoadPolicy>::Measure(Item& item, wxGraphicsContext& context) const
 {
     const auto& element = dynamic_cast<const SvgParserBase::TextElement&>(*item.element);
-    context.SetFont(element.font, element.fill.IsOk() ? element.fill : *wxBLACK);
+    context.SetFont(element.font,
+                    drawing_sheet::InkOn(m_sheet, element.fill.IsOk() ? element.fill : *wxBLACK));
     const wxString source = ChooseText(item);
     // A line that no screen holds is not worth its time.
     constexpr std::size_t kMostLetters = 1000;

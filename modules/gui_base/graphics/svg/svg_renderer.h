@@ -43,6 +43,9 @@ public:
     void SetUnitsystem(const wxString& unitsystem) const;
     /// Fits the picture into a box of pixels; an empty or negative one gives its own size.
     void SetSize(double width, double height);
+    /// What is white becomes that colour, for a dark theme; images stay. Without a valid colour the graphic
+    /// is drawn as it was made.
+    void SetSheet(const wxColour& sheet);
     double GetScaledWidth() const;
     double GetScaledHeight() const;
     /// The picture's own size; (0, 0) where there is none.
@@ -80,6 +83,7 @@ private:
     static wxRect2DDouble BoxOf(const Item& item, const wxAffineMatrix2D& fromDocument);
     void DrawBackground(wxGraphicsContext& context);
     wxBitmap EnlargedShapes(const wxSize& pixels);
+    wxBitmap OnSheet(const wxBitmap& shapes) const;
     void DrawItems(wxGraphicsContext& context);
     void DrawItem(Item& item, wxGraphicsContext& context) const;
 
@@ -94,6 +98,7 @@ private:
     /// The shapes as they were last drawn, in the form that the graphics library draws without a copy.
     wxGraphicsBitmap m_background;
     wxSize m_pixels;
+    wxColour m_sheet;
 };
 
 extern template class GUI_BASE_EXPORT SvgRenderer<FileLoadPolicy>;

@@ -3,6 +3,7 @@
 #include "gui_base/graphics/svg/svg_panel.h"
 
 #include "gui_base/graphics/svg/svg_fit.h"
+#include "gui_base/support/drawing_sheet.h"
 #include "tests/gui/graphics/svg/svg_fixture.h"
 #include "tests/support/gui_test.h"
 
@@ -144,6 +145,49 @@ TEST_F(SvgDrawingTest, BackgroundsAndImagesAreScaled)
     renderer.SetSize(80, 40);
     EXPECT_TRUE(memcmp(Draw(renderer, {80, 40}).GetData(), Draw(renderer, {80, 40}).GetData(), 80 * 40 * 3) ==
                 0);
+}
+
+TEST_F(SvgDrawingTest, ADarkSheetTurnsLightnessAndKeepsHues)
+{
+    const wxColour sheet(45, 45, 45);
+    // By hand: white becomes the sheet and black white. Blue (21, 101, 192) moves up by 255 - 21 - 192 = 42,
+    // and by 210 / 255 into what is left above the sheet.
+    const std::vector<std::pair<wxColour, wxColour>> inks{{*wxWHITE, sheet},
+                                                          {*wxBLACK, *wxWHITE},
+                                                          {wxColour(21, 101, 192), wxColour(96, 162, 237)},
+                                                          {wxColour(255, 0, 0), wxColour(255, 45, 45)}};
+    for (const auto& [ink, expected] : inks) {
+        EXPECT_EQ(drawing_sheet::InkOn(sheet, ink), expected) << ink.GetAsString();
+        EXPECT_EQ(drawing_sheet::InkOn({}, ink), ink) << "a light theme";
+    }
+    Renderer renderer(
+        Info("<svg width='80' height='40'><rect width='80' height='40' fill='#ffffff'/>"
+             "<rect width='20' height='20' fill='#1565c0'/>"
+             "<text x='30' y='0' style='font-size:40px;font-weight:bold' fill='#000000'>H</text>"
+             "</svg>"),
+        m_parser);
+    renderer.SetSheet(sheet);
+    const wxImage dark = Draw(renderer, {80, 40});
+    EXPECT_EQ(At(dark, 79, 39), sheet);
+    EXPECT_EQ(At(dark, 10, 10), wxColour(96, 162, 237));
+    EXPECT_GT(std::ranges::count(std::span(dark.GetData(), std::size_t{3} * 80 * 40), 255), 60)
+        << "the letter is white";
+    renderer.SetSheet({});
+    EXPECT_EQ(At(Draw(renderer, {80, 40}), 79, 39), *wxWHITE);
+}
+
+TEST_F(SvgDrawingTest, EdgesHaveNoDarkSeam)
+{
+    Renderer renderer(
+        Info("<svg width='40' height='20'><rect width='40' height='10' fill='#ffffff' fill-opacity='0.25'/>"
+             "<rect y='10' width='40' height='10' fill='#ff8000' fill-opacity='0.5'/></svg>"),
+        m_parser);
+    const wxImage drawn = Draw(renderer, {40, 20});
+    EXPECT_EQ(At(drawn, 20, 5), *wxWHITE) << "white on white";
+    // Half of the colour and half of the white below it, to the nearest step but one.
+    EXPECT_NEAR(drawn.GetRed(20, 15), 255, 2);
+    EXPECT_NEAR(drawn.GetGreen(20, 15), 191, 2);
+    EXPECT_NEAR(drawn.GetBlue(20, 15), 128, 2);
 }
 
 TEST_F(SvgDrawingTest, ShapesAreAsFineAsTheScreen)
