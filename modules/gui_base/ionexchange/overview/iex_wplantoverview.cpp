@@ -215,6 +215,7 @@ void IEXPlantOverviewPanelImpl::SetZoom(double zoom)
 void IEXPlantOverviewPanelImpl::FitToWindow()
 {
     m_fits = true;
+    m_leastFit = kLeastZoom;
     Refit();
 }
 
@@ -238,10 +239,8 @@ double IEXPlantOverviewPanelImpl::FittingZoom() const
     const int used = m_tools->GetBestSize().y + FromDIP(2 * form::kGap);
     if (width <= 0 || height <= 0 || room.x <= 0 || room.y <= used)
         return m_zoom;
-    // Texts that nobody can read show nothing: a narrow page scrolls.
-    constexpr double kReadable = 0.6;
-    return std::max(kReadable, std::min(static_cast<double>(room.x) / width,
-                                        static_cast<double>(room.y - used) / height));
+    return std::max(m_leastFit, std::min(static_cast<double>(room.x) / width,
+                                         static_cast<double>(room.y - used) / height));
 }
 
 void IEXPlantOverviewPanelImpl::ShowZoom(double zoom)
