@@ -11,6 +11,7 @@
 #include <wx/statbox.h>
 #include <wx/translation.h>
 
+#include <algorithm>
 #include <array>
 #include <stdexcept>
 
@@ -18,7 +19,9 @@ namespace app {
 
 namespace {
 
-constexpr int kFieldWidth = 360;
+constexpr int kLeastFieldWidth = 240;
+/// Longer lines are hard to read.
+constexpr int kMostFieldWidth = 720;
 
 constexpr std::array kRows{
     FormRow{.key = "project/title", .label = wxTRANSLATE("Title")},
@@ -46,7 +49,7 @@ public:
 protected:
     void DoCreateForm() override
     {
-        GetFields().SetFieldWidth(kFieldWidth);
+        GetFields().SetFieldWidth(kLeastFieldWidth);
         GetFields().SetLabelSuffix(":");
         auto* box = AddLocalizable(new TvStaticBoxSizer(wxVERTICAL, this, wxTRANSLATE("Project")));
         auto* grid = NewGrid();
@@ -57,9 +60,28 @@ protected:
         outer->Add(box, spaced);
         SetSizer(outer);
     }
+    void DoArrange(int width) override
+    {
+        if (GetSizer() == nullptr)
+            return;
+        const int least = FromDIP(kLeastFieldWidth);
+        SetFieldWidths(least);
+        FormPanel::DoArrange(width);
+        const int spare = width - GetSizer()->CalcMin().x;
+        SetFieldWidths(std::clamp(least + spare, least, FromDIP(kMostFieldWidth)));
+    }
     // What a project is called has no part in its calculation.
     long GetPanelProjectStatus() override { return GetProjectStatus(); }
     bool DoConcerns(const ProjectChanges& changes) override { return changes.Touches({}); }
+
+private:
+    void SetFieldWidths(int width)
+    {
+        for (const FormRow& row : kRows) {
+            if (TvTextCtrl* const field = GetFields().FindField(row.key))
+                field->SetMinSize(wxSize(width, field->GetMinSize().y));
+        }
+    }
 };
 
 class ProjectReport : public ReportPageSource
