@@ -165,10 +165,15 @@ wxSizer* IRXCostsPanel::MakeResins()
 
 wxSizer* IRXCostsPanel::MakeCosts()
 {
+    const int gap = FromDIP(form::kGap);
+    // Apart from the chart beside them, which is higher.
+    auto* figures = new FlowSizer(2 * gap);
+    figures->Add(MakeBox(wxTRANSLATE("Cost projection"), kProjection), wxSizerFlags().Expand());
     auto* column = new wxBoxSizer(wxVERTICAL);
     column->Add(MakeBox(wxTRANSLATE("Product water cost"), kWaterCost), wxSizerFlags().Expand());
-    column->Add(GetFields().CreateField(this, kUsed), wxSizerFlags().Border(wxALL, FromDIP(form::kGap)));
-    return column;
+    column->Add(GetFields().CreateField(this, kUsed), wxSizerFlags().Border(wxALL, gap));
+    figures->Add(column, wxSizerFlags().Expand());
+    return figures;
 }
 
 wxSizer* IRXCostsPanel::MakeChart()
@@ -214,8 +219,7 @@ void IRXCostsPanel::DoCreateForm()
     AddSection(wxTRANSLATE("Regeneration"), {});
     m_chemicals = new IRXChemicalCostsPanel(&Plant(), this);
     GetSizer()->Add(m_chemicals);
-    AddSection(wxTRANSLATE("Costs"),
-               {MakeBox(wxTRANSLATE("Cost projection"), kProjection), MakeCosts(), MakeChart()});
+    AddSection(wxTRANSLATE("Costs"), {MakeCosts(), MakeChart()});
 }
 
 // What it shows
