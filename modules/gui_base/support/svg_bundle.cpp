@@ -69,7 +69,9 @@ private:
 wxBitmapBundle Make(const char* svg, const wxSize& size)
 {
     const wxBitmapBundle drawing = wxBitmapBundle::FromSVG(svg, size);
-    return drawing.IsOk() && DimsColours() ? wxBitmapBundle::FromImpl(new Pictures(drawing)) : drawing;
+    if (!drawing.IsOk() || !DimsColours())
+        return drawing;
+    return wxBitmapBundle::FromImpl(new Pictures(drawing));
 }
 
 }  // namespace svg_bundle
