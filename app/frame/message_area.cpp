@@ -110,16 +110,15 @@ void MessageArea::SetRangeMessages(const std::vector<RangeMessage>& messages, st
         return;
     m_allRanges = all;
     // Another figure in a sentence is nothing new, another kind of sentence about the same value is.
-    const auto about = [](const RangeMessage& message) { return std::pair(message.address, message.rule); };
-    std::set<std::pair<DetailAddress, std::string>> old;
+    std::set<About> old;
     for (const RangeMessage& range : m_ranges)
-        old.insert(about(range));
-    const auto isOld = [&](const RangeMessage& message) { return old.contains(about(message)); };
+        old.insert(AboutOf(range));
+    const auto isOld = [&](const RangeMessage& message) { return old.contains(AboutOf(message)); };
     const auto fresh = std::ranges::find_if_not(messages, isOld);
     const bool isNew = fresh != messages.end();
     const long place = static_cast<long>(fresh - messages.begin());
     if (isNew)
-        m_newest = fresh->text;
+        m_newestRange = AboutOf(*fresh);
     m_ranges = messages;
     ShowLines();
     TellChanged(isNew);
@@ -137,7 +136,7 @@ void MessageArea::AddMessage(Severity severity, Text text, const void* teller)
     m_messages.push_back({severity, std::move(text), message, teller});
     if (m_messages.size() > kMostMessages)
         m_messages.erase(m_messages.begin());
-    m_newest = message.text;
+    m_newestRange.reset();
     ShowLines();
     TellChanged(true);
     EnsureVisible(GetItemCount() - 1);
@@ -147,19 +146,25 @@ void MessageArea::WithdrawMessages(const void* teller)
 {
     if (std::erase_if(m_messages, [teller](const Line& line) { return line.teller == teller; }) == 0)
         return;
-    const auto tells = [this](const auto& line) { return line.text == m_newest; };
-    if (std::ranges::none_of(m_ranges, tells) && std::ranges::none_of(m_messages, tells, &Line::message))
-        m_newest = m_messages.empty() ? wxString() : m_messages.back().message.text;
     ShowLines();
     TellChanged(false);
 }
 
 void MessageArea::TellChanged(bool isNew)
 {
-    if (GetItemCount() == 0)
-        m_newest.clear();
     if (m_onChanged)
         m_onChanged(isNew);
+}
+
+wxString MessageArea::GetNewestText() const
+{
+    const auto newest = std::ranges::find_if(
+        m_ranges, [this](const RangeMessage& range) { return AboutOf(range) == m_newestRange; });
+    if (newest != m_ranges.end())
+        return newest->text;
+    if (!m_messages.empty())
+        return m_messages.back().message.text;
+    return m_ranges.empty() ? wxString() : m_ranges.front().text;
 }
 
 std::size_t MessageArea::CountProblems() const
@@ -203,11 +208,8 @@ void MessageArea::Localize()
     FitMessages();
     setHead(1, wxTRANSLATE("Message"));
     accessibility::SetName(*this, i18n::Translated("Messages"));
-    for (Line& line : m_messages) {
-        const wxString before = std::exchange(line.message, line.text()).text;
-        if (m_newest == before)
-            m_newest = line.message.text;
-    }
+    for (Line& line : m_messages)
+        line.message = line.text();
     ShowLines();
 }
 

@@ -13,7 +13,9 @@
 #include <wx/panel.h>
 
 #include <functional>
+#include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace app {
@@ -65,11 +67,15 @@ public:
     std::size_t CountProblems() const;
     /// The symbol of the worst kind that is shown; none while there is nothing.
     wxBitmapBundle GetWorstPicture() const;
-    wxString GetNewestText() const { return m_newest; }
+    /// Of the line that came last, as it stands now; of the last message or the first line once that is gone.
+    wxString GetNewestText() const;
     void ClearMessages();
     void Localize();
 
 private:
+    /// A value, and the rule by which it is warned of.
+    using About = std::pair<DetailAddress, std::string>;
+    static About AboutOf(const RangeMessage& message) { return {message.address, message.rule}; }
     struct Line
     {
         Severity severity;
@@ -91,7 +97,7 @@ private:
     std::vector<RangeMessage> m_ranges;
     std::size_t m_allRanges = 0;  ///< with those that are not listed
     std::vector<Line> m_messages;
-    wxString m_newest;
+    std::optional<About> m_newestRange;  ///< of the line that came last, unless that is a message
     std::function<void(const DetailAddress&)> m_onActivate;
     std::function<void(bool)> m_onChanged;
 };

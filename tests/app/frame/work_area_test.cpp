@@ -94,6 +94,37 @@ TEST_F(WorkAreaTest, MessagesFollowTheLanguage)
     EXPECT_NE(Messages().front(), "The last water of a project stays");
 }
 
+TEST_F(WorkAreaTest, TheClosedStripTellsTheNewestAsItStandsNow)
+{
+    const auto& newest = gui_test::Find<wxStaticText>(Strip());
+    const auto set = [this](double sodium, double chloride) {
+        Water("na.orig").SetValue(sodium);
+        Water("cl.orig").SetValue(chloride);
+        gui_test::Pump();
+        if (Strip().IsExpanded())
+            gui_test::Click(gui_test::Find<wxButton>(Strip()));
+    };
+    set(6.3, 1e9);
+    const wxString chloride = newest.GetLabelText();
+    set(1e9, 1e9);
+    const wxString sodium = newest.GetLabelText();
+    EXPECT_FALSE(chloride.empty());
+    EXPECT_NE(sodium, chloride);
+    set(2e9, 1e9);
+    EXPECT_NE(newest.GetLabelText(), sodium) << "another figure";
+    m_frame->View().SetLanguage("de");
+    const auto lines = Messages();
+    EXPECT_NE(std::ranges::find(lines, newest.GetLabelText().utf8_string()), lines.end())
+        << newest.GetLabelText();
+    m_frame->View().SetLanguage("en");
+    set(6.3, 1e9);
+    const auto left = Messages();
+    EXPECT_NE(std::ranges::find(left, newest.GetLabelText().utf8_string()), left.end())
+        << newest.GetLabelText() << " is settled";
+    set(6.3, 7.8);
+    EXPECT_EQ(newest.GetLabelText(), "");
+}
+
 TEST_F(WorkAreaTest, ToolsDoWhatTheirCommandsDo)
 {
     const wxToolBar& bar = *m_frame->GetToolBar();
