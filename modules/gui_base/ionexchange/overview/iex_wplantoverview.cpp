@@ -215,7 +215,6 @@ void IEXPlantOverviewPanelImpl::SetZoom(double zoom)
 void IEXPlantOverviewPanelImpl::FitToWindow()
 {
     m_fits = true;
-    m_leastFit = kLeastZoom;
     Refit();
 }
 
@@ -239,8 +238,7 @@ double IEXPlantOverviewPanelImpl::FittingZoom() const
     const int used = m_tools->GetBestSize().y + FromDIP(2 * form::kGap);
     if (width <= 0 || height <= 0 || room.x <= 0 || room.y <= used)
         return m_zoom;
-    return std::max(m_leastFit, std::min(static_cast<double>(room.x) / width,
-                                         static_cast<double>(room.y - used) / height));
+    return std::min(static_cast<double>(room.x) / width, static_cast<double>(room.y - used) / height);
 }
 
 void IEXPlantOverviewPanelImpl::ShowZoom(double zoom)

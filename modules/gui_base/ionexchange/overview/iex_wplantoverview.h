@@ -18,7 +18,6 @@ class GUI_BASE_EXPORT IEXPlantOverviewPanelImpl : public ModulePanelBase
 {
 public:
     static constexpr double kLeastZoom = 0.25;
-    static constexpr double kReadable = 0.6;
     static constexpr double kMostZoom = 3.0;
 
     /// The project outlives the panel.
@@ -32,8 +31,7 @@ public:
     double GetZoom() const { return m_zoom; }
     /// A size of the graphics, 1 their own; from now on they keep it.
     void SetZoom(double zoom);
-    /// From now on the graphics are as large as the page has room for, even where their texts become too
-    /// small to be read, to which they do not shrink unasked.
+    /// From now on the graphics are as large as the page has room for.
     void FitToWindow();
     /// The first graphic to the clipboard, or that in focus.
     void CopyPicture();
@@ -78,7 +76,6 @@ private:
     wxWindow* m_tools = nullptr;
     double m_zoom = 1.0;
     bool m_fits = true;
-    double m_leastFit = kReadable;
     bool m_recreating = false;
 };
 
