@@ -19,7 +19,8 @@ void ChooseUnitForAll(WaterAnalysisPanel& panel)
     const IonGrid::Row& row = grid.Rows()[static_cast<std::size_t>(std::max(grid.FocusedRow(), 0))];
     const wxString present = row.unit->GetStringSelection();
     const std::vector<wxString> units = water_units::OfIons();
-    wxMenu menu(i18n::Translated("Unit of all ions"));
+    // Without a title, on which the keys would stand first.
+    wxMenu menu;
     for (std::size_t i = 0; i < units.size(); ++i)
         menu.AppendRadioItem(static_cast<int>(i) + 1, units[i])->Check(units[i] == present);
     const wxPoint corner = panel.ScreenToClient(row.typed->GetScreenRect().GetBottomLeft());
