@@ -22,6 +22,8 @@ namespace {
 constexpr int kColumnWidth = 64;
 constexpr int kNarrowColumnWidth = 26;
 constexpr int kLeastNameWidth = 88;
+/// Longer names give way where the columns do not fit.
+constexpr int kUsualNameWidth = 132;
 constexpr int kHeadMargin = 10;
 
 }  // namespace
@@ -156,7 +158,7 @@ void FeedCompositionGridBase::FitColumns()
 void FeedCompositionGridBase::FitToWidth()
 {
     const int width = GetClientSize().x;
-    const int least = FromDIP(kLeastNameWidth);
+    const int least = std::min(m_nameWidth, FromDIP(kUsualNameWidth));
     int all = least;
     for (int column = kFeedName + 1; column < kFeedColumnCount; ++column)
         all += GetColSize(column);
