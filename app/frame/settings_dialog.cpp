@@ -126,14 +126,13 @@ SettingsDialog::SettingsDialog(wxWindow* parent, const ProgramSettings& settings
     m_search->SetTranslatableHint(wxTRANSLATE("Search settings"));
     m_search->Bind(wxEVT_TEXT, [this](wxCommandEvent&) { OnSearch(); });
     wxFlexGridSizer* grid = NewGrid(this);
+    // In the order in which the keyboard goes through them.
+    AddRows(this, *grid, false);
+    AddLimits(*grid);
     m_advanced = new AdvancedInputOptions(this);
     wxFlexGridSizer* advancedGrid = NewGrid(m_advanced->GetOptions());
     m_advanced->GetOptions()->SetSizer(advancedGrid);
-    for (const SettingRow& setting : kRows) {
-        wxWindow* const place = setting.isAdvanced ? m_advanced->GetOptions() : static_cast<wxWindow*>(this);
-        AddRow(place, setting.isAdvanced ? *advancedGrid : *grid, setting.row, setting.explanation);
-    }
-    AddLimits(*grid);
+    AddRows(m_advanced->GetOptions(), *advancedGrid, true);
     m_fields.SetValidators();
     m_fields.ShowDetails(kIso);
     m_fields.UpdateNames(kIso);
@@ -146,6 +145,14 @@ SettingsDialog::SettingsDialog(wxWindow* parent, const ProgramSettings& settings
     outer->Add(dialogs::CreateButtons(*this, true), spaced);
     SetSizerAndFit(outer);
     CentreOnParent();
+}
+
+void SettingsDialog::AddRows(wxWindow* parent, wxFlexGridSizer& grid, bool areAdvanced)
+{
+    for (const SettingRow& setting : kRows) {
+        if (setting.isAdvanced == areAdvanced)
+            AddRow(parent, grid, setting.row, setting.explanation);
+    }
 }
 
 void SettingsDialog::AddRow(wxWindow* parent, wxFlexGridSizer& grid, const FormRow& row,

@@ -45,6 +45,7 @@ private:
     };
 
     /// A row of `grid`, in `parent`, with an explanation below its field.
+    void AddRows(wxWindow* parent, wxFlexGridSizer& grid, bool areAdvanced);
     void AddRow(wxWindow* parent, wxFlexGridSizer& grid, const FormRow& row, const char* explanation);
     void AddLimits(wxFlexGridSizer& grid);
     void OnSearch();

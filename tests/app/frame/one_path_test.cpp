@@ -55,7 +55,8 @@ protected:
     {
         // Which page of a book is in front, or open, says nothing of the project.
         const bool isBook = dynamic_cast<wxBookCtrlBase*>(&window) != nullptr ||
-                            dynamic_cast<wxCollapsiblePane*>(&window) != nullptr;
+                            dynamic_cast<wxCollapsiblePane*>(&window) != nullptr ||
+                            dynamic_cast<wxCollapsiblePane*>(window.GetParent()) != nullptr;
         for (wxWindow* child : window.GetChildren()) {
             if (!child->IsShown() && !isBook)
                 continue;

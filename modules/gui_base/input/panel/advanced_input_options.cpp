@@ -30,14 +30,11 @@ AdvancedInputOptions::AdvancedInputOptions(wxWindow* parent, int id, const wxStr
     GetPane()->SetSizer(sizer);
     Bind(wxEVT_COLLAPSIBLEPANE_CHANGED, [this](wxCollapsiblePaneEvent& event) {
         event.Skip();
+        m_options->Show(IsExpanded());
         LayOutAround();
     });
-    // The toolkit takes what is folded for shown, and lets the keyboard in.
-    Bind(wxEVT_CHILD_FOCUS, [this](wxChildFocusEvent& event) {
-        event.Skip();
-        if (event.GetWindow() != this)
-            SetOpen(true);
-    });
+    // The toolkit takes what is folded for shown, and would let the keyboard in.
+    m_options->Hide();
 }
 
 void AdvancedInputOptions::OpenAround(wxWindow& field)

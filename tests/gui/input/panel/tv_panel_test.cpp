@@ -108,9 +108,14 @@ TEST_F(PanelsTest, AdvancedOptionsOpenByKeyAndMakeRoom)
     section->SetOpen(false);
     ASSERT_TRUE(PumpUntil([below, folded] { return below->GetPosition().y == folded; }));
     Focus(*first);
-    hidden->SetFocus();
-    ASSERT_TRUE(PumpUntil([below, folded] { return below->GetPosition().y > folded; }))
-        << "nobody types unseen";
+    Press(WXK_TAB);
+    Press(WXK_TAB);
+    EXPECT_TRUE(below->HasFocus()) << "what is folded is passed by";
+    EXPECT_FALSE(section->IsOpen());
+    AdvancedInputOptions::OpenAround(*hidden);
+    Focus(*hidden);
+    EXPECT_TRUE(hidden->HasFocus());
+    ASSERT_TRUE(PumpUntil([below, folded] { return below->GetPosition().y > folded; }));
     section->SetOpen(false);
     ASSERT_TRUE(PumpUntil([below, folded] { return below->GetPosition().y == folded; }));
 
