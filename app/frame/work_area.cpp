@@ -270,6 +270,15 @@ void WorkArea::TakeKeptLayout()
         m_messages->SetExpandedHeight(height);
 }
 
+void WorkArea::RaiseFloating()
+{
+    for (const PaneRow& row : kPanes) {
+        const wxAuiPaneInfo& info = m_docking.GetPane(row.id);
+        if (info.IsOk() && info.IsShown() && info.IsFloating() && info.frame != nullptr)
+            info.frame->Raise();
+    }
+}
+
 void WorkArea::KeepLayout()
 {
     // The usual arrangement goes on following the width of the window at the next start.

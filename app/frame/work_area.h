@@ -57,6 +57,8 @@ public:
     void FitPanes();
     /// Takes the arrangement that an earlier window kept, or the usual one.
     void TakeKeptLayout();
+    /// What floats comes before the window, which is shown after it.
+    void RaiseFloating();
     void KeepLayout();
     void Localize();
 
