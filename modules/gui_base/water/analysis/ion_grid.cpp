@@ -4,6 +4,7 @@
 #include "core/ion_table.h"
 #include "core/ion_units.h"
 #include "gui_base/input/controls/tv_statictext.h"
+#include "gui_base/input/validation/numeric_validator.h"
 #include "gui_base/input/validation/validator.h"
 #include "gui_base/support/text_font.h"
 
@@ -139,7 +140,7 @@ void IonGrid::EnableRow(const Row& row, bool enable)
     if (row.name != nullptr) {
         row.name->Enable(enable);
         wxString name = row.name->GetValue();
-        enable = enable && !name.Trim().empty();
+        enable = enable && !name.Trim().empty() && !NumericValidator::ParseNumber(name);
     }
     if (row.ion->kind == IonRowKind::Equivalent)
         enable = enable && m_fields.Details().At("liquid/balance.ph").GetBoolValue();

@@ -27,6 +27,18 @@ TEST_F(WaterAnalysisTest, NamedIonsKeepTheirAsymmetry)
     EXPECT_NEAR(Value("x1.mgl"), 2 * 18.04, 1e-12);
     gui_test::Enter(Field("x1.name"), "Rb");
     EXPECT_NEAR(Value("x1.mgl"), 2 * 22.99, 1e-12);
+    // Numbers that are typed with Tab run past the names.
+    for (const char* name : {"x1.name", "x2.name"}) {
+        Focus(Field(name));
+        Type("7.8");
+        Press(WXK_TAB);
+        EXPECT_FALSE(Field(name == std::string("x1.name") ? "x1.orig" : "x2.orig").HasFocus()) << name;
+    }
+    EXPECT_EQ(Field("x1.name").GetValue(), "Rb");
+    EXPECT_NEAR(Value("x1.mgl"), 2 * 22.99, 1e-12);
+    EXPECT_EQ(Detail("x2.name").GetStringValue(), "");
+    EXPECT_FALSE(Field("x2.orig").IsEnabled());
+    EXPECT_EQ(m_log, std::vector<std::string>(2, "A number is no name of an ion"));
     gui_test::Enter(Field("y1.name"), "I");
     gui_test::Enter(Field("y1.orig"), "3");
     EXPECT_NEAR(Value("y1.mgl"), 3 * 35.45, 1e-12);
