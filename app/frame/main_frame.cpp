@@ -73,7 +73,7 @@ MainFrame::MainFrame(std::unique_ptr<Document> document)
         if (event.IsShown()) {
             m_book->MakeShownPages();
             FocusPage();
-            CallAfter([this] { m_workArea->RaiseFloating(); });
+            CallAfter([this] { m_workArea->ShowFloating(); });
         }
     });
     Bind(wxEVT_SYS_COLOUR_CHANGED, [this](wxSysColourChangedEvent& event) {

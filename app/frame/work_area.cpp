@@ -203,7 +203,7 @@ void WorkArea::AddPane(WorkPane pane, wxWindow* content)
 bool WorkArea::IsPaneShown(WorkPane pane) const
 {
     // The manager's search does not change it.
-    const wxAuiPaneInfo& info = const_cast<wxAuiManager&>(m_docking).GetPane(RowOf(pane).id);
+    const wxAuiPaneInfo& info = const_cast<Docking&>(m_docking).GetPane(RowOf(pane).id);
     return info.IsOk() && info.IsShown();
 }
 
@@ -270,12 +270,14 @@ void WorkArea::TakeKeptLayout()
         m_messages->SetExpandedHeight(height);
 }
 
-void WorkArea::RaiseFloating()
+void WorkArea::ShowFloating()
 {
     for (const PaneRow& row : kPanes) {
         const wxAuiPaneInfo& info = m_docking.GetPane(row.id);
-        if (info.IsOk() && info.IsShown() && info.IsFloating() && info.frame != nullptr)
-            info.frame->Raise();
+        if (!info.IsOk() || !info.IsShown() || !info.IsFloating() || info.frame == nullptr)
+            continue;
+        info.frame->Hide();
+        info.frame->ShowWithoutActivating();
     }
 }
 

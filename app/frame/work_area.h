@@ -57,12 +57,22 @@ public:
     void FitPanes();
     /// Takes the arrangement that an earlier window kept, or the usual one.
     void TakeKeptLayout();
-    /// What floats comes before the window, which is shown after it.
-    void RaiseFloating();
+    /// Once the window is shown: only then do windows that came before it know that they belong to it.
+    void ShowFloating();
     void KeepLayout();
     void Localize();
 
 private:
+    /// Panes that float belong to the whole window, and so stay in front of it.
+    class Docking : public wxAuiManager
+    {
+    public:
+        wxAuiFloatingFrame* CreateFloatingFrame(wxWindow* parent, const wxAuiPaneInfo& pane) override
+        {
+            return wxAuiManager::CreateFloatingFrame(wxGetTopLevelParent(parent), pane);
+        }
+    };
+
     wxAuiPaneInfo UsualPlace(WorkPane pane) const;
     bool IsNarrow() const;
     int UsualWidth(WorkPane pane) const;
@@ -78,7 +88,7 @@ private:
     wxTreeCtrl* m_tree = nullptr;
     AuiNotebook* m_notebook = nullptr;
     MessageStrip* m_messages = nullptr;
-    wxAuiManager m_docking;
+    Docking m_docking;
     /// The usual arrangement as it was made last, and its widths: who changed it keeps what he has.
     wxString m_usual;
     std::array<int, kWorkPanes> m_usualWidths{};

@@ -302,6 +302,24 @@ TEST_F(WorkAreaTest, KeysLeadIntoTheResults)
     EXPECT_TRUE(results->IsDescendant(wxWindow::FindFocus()));
 }
 
+TEST_F(WorkAreaTest, APaneThatFloatsDoesSoAtTheNextStart)
+{
+    const auto results = [this]() -> wxAuiPaneInfo& {
+        return wxAuiManager::GetManager(Area().GetDesk())->GetPane("results");
+    };
+    results().Float().FloatingPosition(700, 300);
+    wxAuiManager::GetManager(Area().GetDesk())->Update();
+    gui_test::Pump();
+    EXPECT_EQ(results().frame->GetParent(), m_frame) << "stays in front of the window";
+    Restart();
+    ASSERT_TRUE(results().IsFloating());
+    EXPECT_EQ(results().frame->GetParent(), m_frame);
+    EXPECT_TRUE(results().frame->IsShown());
+    EXPECT_TRUE(WaterPage().FindField("liquid/na.orig")->HasFocus()) << "typing begins at once";
+    Menu("View", "Usual arrangement");
+    EXPECT_TRUE(results().IsDocked());
+}
+
 TEST_F(WorkAreaTest, TheWindowOutlivesTheProgram)
 {
     m_frame->SetSize(20, 30, 1300, 850);
