@@ -113,7 +113,10 @@ void MessageStrip::ShowCount()
     if (picture.IsOk())
         m_symbol->SetBitmap(picture);
     accessibility::SetName(*m_count, count);
-    m_newest->SetLabel(m_isExpanded ? wxString() : wxControl::EscapeMnemonics(m_list->GetNewestText()));
+    const wxString newest = m_isExpanded ? wxString() : m_list->GetNewestText();
+    m_newest->SetLabel(wxControl::EscapeMnemonics(newest));
+    // A narrow window shows its beginning.
+    m_newest->SetToolTip(newest);
     Layout();
 }
 
