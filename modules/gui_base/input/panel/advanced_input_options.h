@@ -3,7 +3,8 @@
 
 /// A section of a panel that holds what few users need: it is folded until the user opens it by its heading
 /// (a click, or Space with the focus on it), and the surrounding layout follows. Its content is a panel to
-/// which the owner adds controls. Focus never hides in a folded section: it opens.
+/// which the owner adds controls. The keyboard passes by a folded section; whoever leads to a field in it
+/// opens it first, by OpenAround.
 
 #include "gui_base/gui_base_export.h"
 #include "gui_base/input/panel/tv_panel.h"

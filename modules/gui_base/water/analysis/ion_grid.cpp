@@ -135,12 +135,31 @@ const IonGrid::Row* IonGrid::FindNamed(const wxObject* nameField) const
     return nullptr;
 }
 
+wxString IonGrid::StoredName(const Row& row) const
+{
+    return m_fields.Details().At(std::string("liquid/") + row.ion->key + ".name").GetStringValue();
+}
+
+bool IonGrid::HasNumberForName(const Row& row) const
+{
+    const wxString name = row.name->GetValue();
+    return NumericValidator::ParseNumber(name).has_value() && name != StoredName(row);
+}
+
+bool IonGrid::TakeBackNumber(const Row& row)
+{
+    if (!HasNumberForName(row))
+        return false;
+    row.name->ChangeValue(StoredName(row));
+    return true;
+}
+
 void IonGrid::EnableRow(const Row& row, bool enable)
 {
     if (row.name != nullptr) {
         row.name->Enable(enable);
         wxString name = row.name->GetValue();
-        enable = enable && !name.Trim().empty() && !NumericValidator::ParseNumber(name);
+        enable = enable && !name.Trim().empty() && !HasNumberForName(row);
     }
     if (row.ion->kind == IonRowKind::Equivalent)
         enable = enable && m_fields.Details().At("liquid/balance.ph").GetBoolValue();

@@ -60,8 +60,13 @@ public:
     /// take part in the balance.
     void EnableRow(const Row& row, bool enable);
     void EnableRows(bool enable);
+    /// Puts the water's own name back into a row where a number stands instead of another one; whether it was
+    /// so. Who types values with Tab comes past the names as well.
+    bool TakeBackNumber(const Row& row);
 
 private:
+    wxString StoredName(const Row& row) const;
+    bool HasNumberForName(const Row& row) const;
     void AddHeads(wxWindow* parent, wxFlexGridSizer& grid, const wxString& title, wxWindow* headTool);
     void AddRow(wxWindow* parent, wxFlexGridSizer& grid, const IonRow& ion, const wxString& label);
     void AddTotal(wxWindow* parent, wxFlexGridSizer& grid, const TotalRow& total);

@@ -9,6 +9,8 @@
 
 #include <wx/statbox.h>
 
+#include <algorithm>
+
 namespace wateranalysis {
 
 IonsBox::IonsBox(wxWindow* parent, FieldSet& fields, const IonGrid::UnitLists& units)
@@ -80,6 +82,14 @@ void IonsBox::EnableNamedRow(const wxObject* nameField, bool enable)
         if (const IonGrid::Row* row = grid->FindNamed(nameField))
             grid->EnableRow(*row, enable);
     }
+}
+
+bool IonsBox::TakeBackNumber(const wxObject* nameField)
+{
+    return std::ranges::any_of(m_grids, [nameField](const auto& grid) {
+        const IonGrid::Row* row = grid->FindNamed(nameField);
+        return row != nullptr && grid->TakeBackNumber(*row);
+    });
 }
 
 const IonRow* IonsBox::FindNamedIon(const wxObject* nameField) const

@@ -34,6 +34,8 @@ public:
     void EnableRows(bool enable);
     /// Settles whether the row that this name field belongs to can be typed.
     void EnableNamedRow(const wxObject* nameField, bool enable);
+    /// Puts the water's own name back where a number was typed into that name field; whether it was so.
+    bool TakeBackNumber(const wxObject* nameField);
     /// The ion whose name field that is, or null.
     const IonRow* FindNamedIon(const wxObject* nameField) const;
     /// Gives the rows the unit of sodium; a row that does not offer it keeps its own.

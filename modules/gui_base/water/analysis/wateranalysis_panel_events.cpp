@@ -5,7 +5,6 @@
 #include "gui_base/input/controls/tv_checkbox.h"
 #include "gui_base/input/controls/tv_radiobutton.h"
 #include "gui_base/input/form/form_grid.h"
-#include "gui_base/input/validation/numeric_validator.h"
 #include "gui_base/support/exception_text.h"
 #include "gui_base/support/translation.h"
 #include "gui_base/water/analysis/analysis_type_box.h"
@@ -142,20 +141,15 @@ void WaterAnalysisPanel::OnNameChange(wxCommandEvent& event)
 
 void WaterAnalysisPanel::OnNameUpdate(wxCommandEvent& event)
 {
-    const wateranalysis::IonRow* const ion = m_ions->FindNamedIon(event.GetEventObject());
-    auto& field = dynamic_cast<TvTextCtrl&>(*event.GetEventObject());
-    if (ion != nullptr && NumericValidator::ParseNumber(field.GetValue())) {
-        // Whoever types values with Tab comes past the names as well.
+    if (m_ions->TakeBackNumber(event.GetEventObject())) {
         GetProject()->GetLogger().Warning(wxTRANSLATE("A number is no name of an ion"));
-        field.ChangeValue(
-            m_liquid.GetDetails()->At(std::string("liquid/") + ion->key + ".name").GetStringValue());
-        m_ions->EnableNamedRow(&field, IsFull());
+        m_ions->EnableNamedRow(event.GetEventObject(), IsFull());
     }
     try {
         const ProjectEdit edit(*GetProject());
         TransferDataFromWindow();
         TransferDetailsFromWindow();
-        if (ion != nullptr)
+        if (const wateranalysis::IonRow* ion = m_ions->FindNamedIon(event.GetEventObject()))
             NormalizeIon(ion->key, true);
         // A row that is no longer used shows so before the fields are read again.
         TransferDetailsToWindow();

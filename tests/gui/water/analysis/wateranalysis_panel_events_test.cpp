@@ -48,6 +48,17 @@ TEST_F(WaterAnalysisTest, NamedIonsKeepTheirAsymmetry)
     EXPECT_FALSE(Field("x1.orig").IsEnabled());
 }
 
+TEST_F(WaterAnalysisTest, AnIonThatAFileNamesByANumberCanBeTyped)
+{
+    Detail("x1.name").SetValue(wxString("7"));
+    Detail("x1.orig").SetValue(2.0);
+    Open();
+    EXPECT_TRUE(Field("x1.orig").IsEnabled());
+    gui_test::Enter(Field("x1.orig"), "3");
+    EXPECT_EQ(Value("x1.orig"), 3.0);
+    EXPECT_EQ(Field("x1.name").GetValue(), "7");
+}
+
 TEST_F(WaterAnalysisTest, DefaultUnitFollowsSodium)
 {
     Open();
